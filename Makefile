@@ -1,0 +1,48 @@
+# Ravelton: set-up, build, run and test on a Debian machine.
+#   make run       install what is missing, build, run the main job
+#   make test      install what is missing, build, run every test
+#   make sanitize  the same tests in a Debug build with ASan and UBSan
+#   make bench     the Google Benchmark programs (Release)
+
+BUILD    ?= build
+SANBUILD ?= build-san
+JOBS     ?= $(shell nproc)
+SUDO     := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
+
+PACKAGES := g++ cmake make libgtest-dev libgmock-dev libbenchmark-dev \
+            libcli11-dev libfmt-dev nlohmann-json3-dev
+
+.PHONY: deps configure build run test sanitize bench clean
+
+deps:
+	@missing=$$(for p in $(PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || echo $$p; done); \
+	if [ -n "$$missing" ]; then \
+	  echo "Installing: $$missing"; \
+	  $(SUDO) apt-get update -qq && \
+	  DEBIAN_FRONTEND=noninteractive $(SUDO) apt-get install -y -qq $$missing; \
+	fi
+
+$(BUILD)/CMakeCache.txt: | deps
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
+
+configure: $(BUILD)/CMakeCache.txt
+
+build: deps configure
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	$(BUILD)/app/ravelton-cli run --rolls 1000000 --seed 20261122
+
+test: build
+	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
+
+sanitize: deps
+	cmake -S . -B $(SANBUILD) -DCMAKE_BUILD_TYPE=Debug -DRAVELTON_SANITIZE=ON -DRAVELTON_BENCH=OFF
+	cmake --build $(SANBUILD) -j $(JOBS)
+	ctest --test-dir $(SANBUILD) --output-on-failure -j $(JOBS)
+
+bench: build
+	@for b in $(BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
+
+clean:
+	rm -rf $(BUILD) $(SANBUILD)

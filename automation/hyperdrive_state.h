@@ -1,0 +1,4 @@
+// State of a Hyper-Drive run: its limits, throttle, Auto-Stop and counters.
+#pragma once
+
+struct HyperDriveState {};

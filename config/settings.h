@@ -1,0 +1,4 @@
+// The table's rules, limits and options, with their defaults.
+#pragma once
+
+struct TableSettings {};

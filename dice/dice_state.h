@@ -1,0 +1,4 @@
+// The state of the dice sources: the selected generator, the generators' own state, the seeds.
+#pragma once
+
+struct DiceState {};

@@ -1,0 +1,4 @@
+// State of placing bets and of the players' money: the keyed request, the ATM, the start rules.
+#pragma once
+
+struct BettingState {};

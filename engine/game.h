@@ -1,0 +1,143 @@
+// Game: the whole state of one game of craps, one plain aggregate of fixed
+// tables addressed by small integers (a player slot, a bet id, a frame, a
+// tally category). Procedures everywhere take it by reference and read and
+// write its tables directly; nothing in the engine is global, so a test can
+// build as many games as it likes and a batch run gives each thread its own.
+//
+// What must stay true:
+// - Slot 0 is the House: it never has money or bets; Bet(0, ...) stays 0.
+// - Bet(p, 0) is the bankroll including the money on bets; the rail is
+//   Bet(p, 0) - TotalBets(p) and is never stored (but for RailAtRoll).
+// - TotalBets(p) is the sum of Bet(p, 1..85) plus vig already paid; only
+//   SetBetChecked changes a bet, so the two never disagree.
+// - Frame index i = slot + 9 * t (t: 0 current hand, 1 last hand,
+//   2 current session, 3 last session, 4 all sessions). Live updates touch
+//   frames 0, 2 and 4 only.
+//
+// The tables of each subsystem that are not part of this core model live in
+// their own member structs, declared in their own folders.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "automation/autoplay_state.h"
+#include "automation/hyperdrive_state.h"
+#include "config/message.h"
+#include "config/settings.h"
+#include "dice/dice_state.h"
+#include "engine/betting_state.h"
+#include "engine/currency.h"
+#include "engine/roll_state.h"
+#include "engine/tables.h"
+#include "script/code_state.h"
+#include "script/source_state.h"
+
+class Platform;
+
+// Small named bounds of the tables.
+constexpr int kPlayerSlots = 9;       // 0 House, 1..8 table positions
+constexpr int kLastRealBet = 85;      // ids 1..85 are real bets
+constexpr int kLastBetId = 200;       // Bet has ids 0..200 (CheckStacks 100..199)
+constexpr int kFrames = 5;            // current/last hand, current/last/all sessions
+constexpr int kLastFrameIndex = 44;   // slot + 9 * t
+constexpr int kLastEvent = 90;        // roll event categories 1..90
+constexpr int kLongGap = 200;         // GapTally's last (sum of long gaps) column
+constexpr int kGraphColumns = 525;    // columns of one page of the bankroll graph
+constexpr std::int64_t kBankrollLimit = 9'999'999;   // either sign
+constexpr std::int32_t kSessionRollLimit = 100'000'000;
+
+// Frame index of slot p in frame t.
+constexpr int FrameIndex(int p, int t) { return p + 9 * t; }
+
+using Long = std::int32_t;
+
+struct Game {
+  Platform* platform = nullptr;
+
+  // Players.
+  std::array<std::string, kPlayerSlots> PlayerName{};
+  Long PlayerCount = 0;
+
+  // Bets, by (slot, bet id).
+  Table2<Currency, 0, 8, 0, 200> Bet;
+  Table2<Currency, 0, 8, 0, 200> BetAtRoll;
+  Table2<Currency, 0, 8, 0, 200> BetAfterRoll;
+  Table2<Currency, 0, 8, 0, 85> BetContract;
+  Table2<Long, 0, 8, 0, 100> BetWorking;
+  Table2<Long, 0, 8, 0, 100> BetWorkingDefault;
+  Table2<Long, 0, 8, 0, 100> BetWorkingAfterRoll;
+  Table3<Long, 0, 8, 0, 100, 0, 1> BetTrend;
+  Table1<Currency, 0, 8> TotalBets;
+  Table2<Currency, 0, 8, 0, 5> LayVig;
+  Table2<Currency, 0, 8, 0, 5> BuyVig;
+  Table2<Currency, 0, 8, 0, 5> ComeFlatAtSet;
+  Table2<std::string, 0, 8, 0, 99> CheckStackName;
+  Currency BetRequest;  // the change asked of SetBetChecked
+
+  // Dice and the game in hand.
+  Long Die1 = 3, Die2 = 4, DiceTotal = 7;
+  Long Point = 0, PointAtRoll = 0, PointBeforeLast = 0, LastPoint = 0;
+  Long PointsMadeMask = 0, PointsMade = 0;
+  Long Shooter = 0, HandShooter = 0, PrevHandShooter = 0;
+  Long ComeoutsThisHand = 0, PassesThisHand = 0, MissesThisHand = 0;
+  Long CurBet = 0;
+  Currency NetPayoff, GrossPayoff;
+  bool BetComesDown = false;
+  bool RollBusy = false;
+  bool KeepRolling = false;
+  bool HyperDrive = false;
+  std::string StopMessage;
+
+  // Statistics by frame index (slot + 9 * t).
+  Table3<Currency, 0, 44, 0, 100, 0, 6> StatAction;
+  Table3<Currency, 0, 44, 0, 100, 0, 6> StatWins;
+  Table3<Currency, 0, 44, 0, 100, 0, 6> StatLosses;
+  Table2<Currency, 0, 44, 0, 5> ComeTravelTotal;
+  Table2<Long, 0, 44, 0, 90> RollTally;
+  Table3<Long, 0, 44, 2, 12, 1, 3> TotalsTally;
+  Table1<Long, 0, 44> HandsTally;
+  Table1<Long, 0, 44> RollsAtTable;
+  Table1<Long, 0, 44> MostRollsHand;
+  Table1<Long, 0, 44> MostComeoutHand;
+  Table1<Long, 0, 44> MostPassesHand;
+  Table1<Long, 0, 44> MostMissesHand;
+
+  // Gap analysis, whole game.
+  Table1<Long, 0, 90> RollsSince;
+  Table2<Long, 0, 90, 0, 200> GapTally;
+
+  // Bankroll records by slot.
+  Table1<Currency, 0, 8> InvestedBankroll;
+  Table1<Currency, 0, 8> BankrollHigh;
+  Table1<Currency, 0, 8> BankrollLow;
+  Table1<Currency, 0, 8> BankrollSum;
+  Table1<Currency, 0, 8> RailAtRoll;
+
+  // Bankroll graph history.
+  Table2<Currency, 0, 8, 0, 1050> GraphBankroll;
+  Table2<Currency, 0, 8, 0, 525> GraphTrend;
+  Table1<Currency, 0, 8> GraphHigh;
+  Table1<Currency, 0, 8> GraphLow;
+  Long GraphRollCount = 0;
+
+  // Payoffs: for bet id b, column 0 the full-pay unit, 1 the numerator a,
+  // 2 the "for" flag, 3 the denominator d. Row 0 is the bet under settlement.
+  Table2<Currency, 0, 3, 0, 100> PayoffTbl;
+  Table2<Currency, 0, 3, 0, 21> FieldPayoff;
+  Table2<Currency, 0, 3, 0, 5> MidwayPayoff;
+  Table2<Currency, 0, 3, 0, 6> FirePayoff;
+  Table1<Currency, 1, 5> CheckValue;  // chip denominations, smallest first
+
+  // The subsystems' own state.
+  TableSettings rules;
+  MessageState msg;
+  DiceState dice;
+  RollState roll;
+  HyperDriveState hyper;
+  AutoPlayState autoplay;
+  BettingState betting;
+  ScriptSource scriptSource;
+  ScriptCode scriptCode;
+};

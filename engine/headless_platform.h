@@ -1,0 +1,48 @@
+// HeadlessPlatform: the Platform of the CLI and the tests. It answers by
+// rule: a queued answer if a test queued one, else the dialog's default
+// (the first button of the message's style, the settle dialog's default
+// button). It records every message, settle dialog and sound it was given,
+// so tests can assert the exact texts. Its clock is the real steady clock
+// unless a test sets a fixed time.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/platform.h"
+#include "engine/settle_dialog.h"
+
+class HeadlessPlatform : public Platform {
+ public:
+  MessageReply ShowMessage(const MessageRequest& request) override;
+  int ShowSettleDialog(SettleDialog& dialog) override;
+  void PlaySound(std::string_view path, int flags) override;
+  std::uint32_t TimeGetTime() override;
+  void DoEvents() override { ++eventPumps; }
+  void RequestRedraw(Redraw what) override { ++redraws[static_cast<int>(what)]; }
+  bool MainWindowMinimized() override { return minimized; }
+
+  // Default answer of a message style: the first button the style shows
+  // (OK 1, Yes 6, No 7, Cancel 2), or the focused one if 0x1000/0x2000 says.
+  static int DefaultAnswer(int style);
+
+  // Answers for the next dialogs, taken first in first out.
+  std::deque<MessageReply> queuedReplies;
+  std::deque<int> queuedSettleButtons;
+
+  // What was shown.
+  std::vector<MessageRequest> messages;
+  std::vector<SettleDialog> settleDialogs;
+  struct Sound { std::string path; int flags; };
+  std::vector<Sound> sounds;
+  long eventPumps = 0;
+  long redraws[static_cast<int>(Redraw::kCount)] = {};
+
+  // A fixed clock for tests; advanced by clockStep at every read.
+  std::optional<std::uint32_t> fixedTime;
+  std::uint32_t clockStep = 0;
+  bool minimized = false;
+};

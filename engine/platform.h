@@ -1,0 +1,66 @@
+// Platform: everything the engine needs of a window or the operating
+// system. The engine never draws, asks or sounds by itself; it calls these
+// operations, and every one of them is guarded by the caller's HyperDrive
+// test where the roll path is concerned. The desktop front end implements
+// them with real dialogs (opened modally from inside a roll); the headless
+// implementation in engine/headless_platform.h answers by rule for the CLI
+// and the tests.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+struct SettleDialog;
+
+// What the message dialog is asked to show. Text pieces are joined by CR
+// ('\r'), which the dialog shows as a line break.
+struct MessageRequest {
+  std::string text;
+  std::string title;
+  int helpId = 0;
+  int style = 1;    // bit set of the message dialog (config/message.h)
+  bool modal = true;
+  std::string input1;  // initial texts of the answer boxes (style bits 0x40, 0x80)
+  std::string input2;
+};
+
+// What the user did with the message dialog.
+struct MessageReply {
+  int answer = 1;           // 1 OK, 6 Yes, 7 No, 2 Cancel
+  std::string input1;       // the answer boxes as typed
+  std::string input2;
+  bool hideChecked = false; // the "Hide" check box was checked at closing
+};
+
+// Which part of the window the engine asks to be redrawn.
+enum class Redraw : int {
+  Table,          // the drawn table with its status line
+  StatusBoxes,    // the players' status boxes
+  OpenViews,      // every open statistics view, in their fixed order
+  Graph,          // the bankroll graph from its start
+  kCount
+};
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  // Shows the one message dialog and waits for it when modal.
+  virtual MessageReply ShowMessage(const MessageRequest& request) = 0;
+  // Shows the settle dialog modally; the user may edit its rows; returns the
+  // index of the button pressed (0 to 6).
+  virtual int ShowSettleDialog(SettleDialog& dialog) = 0;
+  // Plays a wave file by path. flags: 0 asynchronous, 2 synchronous without
+  // default sound, 11 asynchronous looping. An empty path cuts any sound.
+  virtual void PlaySound(std::string_view path, int flags) = 0;
+  // The millisecond clock.
+  virtual std::uint32_t TimeGetTime() = 0;
+  // Lets pending window events run (Hyper-Drive pacing, between script
+  // statements).
+  virtual void DoEvents() = 0;
+  // Asks for part of the window to be redrawn.
+  virtual void RequestRedraw(Redraw what) = 0;
+  // True when the main window is minimised.
+  virtual bool MainWindowMinimized() = 0;
+};

@@ -1,0 +1,4 @@
+// Each slot's compiled script: its element stream, string pool and compile state.
+#pragma once
+
+struct ScriptCode {};
