@@ -1,4 +1,60 @@
-// State of the roll cycle and start-up that is not one of the game's bet or tally tables: folders, the clock measure, the events-log switches.
+// State of the roll cycle and start-up that is not one of the game's bet or
+// tally tables: the folders, the events-log switches and the text sink the
+// roll writes its log lines to, the graph's view settings that the roll's
+// history shift reads, the script switches, and a queue of known dice.
+//
+// What must stay true:
+// - LogText is written only while LogOn is set; with logging off the roll
+//   path never touches it, so a roll allocates nothing.
+// - QueuedDice is empty in play. It is the hook through which the roll pad
+//   and the tests hand the roll a known pair; RollDice takes from it before
+//   any other dice source.
 #pragma once
 
-struct RollState {};
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "engine/currency.h"
+
+struct RollState {
+  // Folders, each with a trailing separator; AppPath is lower case.
+  std::string AppPath;
+  std::string DataFolder;
+  std::string EventsLogPath;  // DataFolder & "Events Log.txt"
+  std::string HelpFilePath;   // AppPath & "ravelton.chm"
+
+  // Clock calls per millisecond measured at start-up (Hyper-Drive's throttle).
+  std::int32_t LoopsPerTick = 0;
+
+  // Events-log switches: LogOn is the master, each class has its own flag.
+  bool LogOn = false;
+  bool LogRolls = true, LogBets = true, LogStacks = true, LogNewHand = true;
+  bool LogWins = true, LogLosses = true, LogPasses = true, LogBankroll = true;
+  // Lines written by the roll while LogOn, each ending in '\n'. The events
+  // log file takes them from here.
+  std::string LogText;
+
+  // The game has unsaved changes.
+  bool SessionDirty = false;
+
+  // Bankroll graph settings read by the roll's history shift.
+  std::int32_t GraphPlotType = 0;  // 0 page, 1 scroll
+  bool GraphShowAverage = false;
+  bool GraphAutoPrint = false;
+  bool GraphOpen = false;          // the graph view is on screen
+  bool GraphPrintDue = false;      // a full page is waiting for the auto-print
+  Currency GraphScale = Currency::FromWhole(1);
+  Currency GraphBaseScale = Currency::FromWhole(1);
+  Currency GraphTop = Currency::FromWhole(150);
+
+  // Script switches: slots 1..8 per player, slot 0 true when any is.
+  std::array<bool, 9> ScriptActive{};
+  std::array<bool, 9> ScriptActiveAtRoll{};  // as last logged
+  bool ScriptsOK = false;                     // the active scripts are compiled
+
+  // Known dice for the next rolls (roll pad and tests), first in first out.
+  static constexpr int kDiceQueue = 64;
+  std::array<std::array<std::int8_t, 2>, kDiceQueue> QueuedDice{};
+  int QueuedHead = 0, QueuedCount = 0;
+};

@@ -1,0 +1,8 @@
+#include "automation/hyperdrive.h"
+
+#include "engine/game.h"
+
+void RunHyperDrive(Game&) {}
+void PaceHyperDrive(Game&) {}
+void EndHyperDrive(Game&) {}
+void StopHyperDrive(Game&) {}

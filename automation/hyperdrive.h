@@ -1,0 +1,21 @@
+// Hyper-Drive: RollDice looping by itself with all drawing, sound and
+// dialogs off. RunHyperDrive starts a run (or stops the one in progress);
+// the pacing step runs after every roll; EndHyperDrive switches the run off
+// and shows why it ended.
+//
+// What must stay true: a run stops only between two rolls, by KeepRolling
+// falling; an earlier StopMessage is never overwritten by Auto-Stop. At
+// throttle 0 pacing reads the clock and pumps events only every
+// HyperDriveState::kPaceEvery rolls.
+#pragma once
+
+struct Game;
+
+// Starts a run, or stops the one in progress; returns when the run has ended.
+void RunHyperDrive(Game& game);
+// The pacing step after each roll of a run: events, Auto-Stop, throttle.
+void PaceHyperDrive(Game& game);
+// The end of a run: HyperDrive off, the stop message, the redraws.
+void EndHyperDrive(Game& game);
+// Stops a run from outside (the user's stop): KeepRolling off.
+void StopHyperDrive(Game& game);

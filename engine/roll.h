@@ -1,0 +1,39 @@
+// RollDice: the routine behind every roll. It checks that the roll may
+// happen, logs what the players changed, takes two dice, tallies them, moves
+// the come-out/point state machine, decides all bets, runs the scripts and
+// takes the snapshots. In Hyper-Drive the same call loops by itself until
+// KeepRolling falls; a run stops only between two rolls.
+//
+// What must stay true:
+// - The order: dice before tallies, tallies before the state machine,
+//   decisions before Auto-Play's point actions, scripts last.
+// - Every decision of a roll tests PointAtRoll; the state machine alone
+//   moves Point.
+// - Nothing on the roll path draws, sounds or asks while HyperDrive is set,
+//   and nothing allocates unless LogOn asks for log lines.
+#pragma once
+
+#include <cstdint>
+
+struct Game;
+
+// One roll (or, in Hyper-Drive, a run of rolls until KeepRolling falls).
+void RollDice(Game& game);
+// Stops play for a bankroll beyond the limit: message, or StopMessage in Hyper-Drive.
+void LimitExceeded(Game& game, int p);
+// True when the bankroll of player p is beyond the limit in either sign.
+bool BankrollBeyondLimit(const Game& game, int p);
+// Queues a known pair for the next roll (roll pad, tests); false when full.
+bool QueueDice(Game& game, int die1, int die2);
+
+// Pieces of a roll, in the order RollDice calls them.
+// The hand and roll tallies of the dice now on the table.
+void TallyHandAndRoll(Game& game);
+// Counts event k in the live frames and the gap tables.
+void TallyRollEvent(Game& game, int k);
+// Counts every event of the dice now on the table, in their fixed order.
+void TallyRollEvents(Game& game);
+// Moves the come-out/point state machine on DiceTotal.
+void AdvanceStateMachine(Game& game);
+// Shifts and extends the bankroll graph history by one roll.
+void ShiftGraphHistory(Game& game);

@@ -1,0 +1,20 @@
+// Start-up of a game without a window: folders, the clock measure, the
+// generators, the House, the defaults of rules, payoffs and working states,
+// the CheckStack spots. A Game is about a megabyte, so it is made on the
+// heap.
+#pragma once
+
+#include <memory>
+#include <string>
+
+class Platform;
+struct Game;
+
+// A new Game on the heap, bound to platform, with its tables at zero (not started up).
+std::unique_ptr<Game> MakeGame(Platform& platform);
+// Start-up from the folder of the running program (the data folder is the same).
+void StartUp(Game& game);
+// Start-up with a given program folder.
+void StartUp(Game& game, const std::string& appFolder);
+// Counts clock calls for 100 ms; returns Int(count / 10).
+int MeasureLoopsPerTick(Game& game);
