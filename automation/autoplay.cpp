@@ -1,0 +1,6 @@
+#include "automation/autoplay.h"
+
+#include "engine/game.h"
+
+void AutoPlayPointActions(Game&) {}
+void SetAutoPlayDefaults(Game&, int) {}

@@ -1,0 +1,42 @@
+// Bet resolution: after the state machine has moved, the roll decides the
+// bets. The decision rules are code, not data: a fixed sequence of passes
+// (losers, point made, winners) over bet ids, each pass visiting the seats 1
+// to 8, asks which bets the dice decide and calls ResolveBet for each. The
+// seat order pays the players from the ends of the table inward.
+//
+// What must stay true:
+// - Every decision tests PointAtRoll, never Point.
+// - A decision never removes a bet: it adds NetPayoff to the bankroll and
+//   hands over to the settling (engine/settle.h), which decides what stands.
+// - A bet that is off (BetWorking below 1) is neither won nor lost; an odds
+//   bet that is off comes back to the player through SettleNotWorking.
+// - Pushes (net 0) are no decisions and leave the statistics alone.
+// - Live statistics touch the frames p, p + 18 and p + 36 only.
+// - Nothing here allocates or builds text unless the events log asks for it.
+#pragma once
+
+#include "engine/currency.h"
+
+struct Game;
+
+// Player who sits at seat 1..8 in stick order: 1, 8, 2, 7, 3, 6, 4, 5.
+constexpr int PlayerOfSeat(int seat) {
+  constexpr int kOrder[9] = {0, 1, 8, 2, 7, 3, 6, 4, 5};
+  return kOrder[seat];
+}
+
+// Sign arguments of ResolveBet.
+constexpr int kWins = 1, kOddsWins = 2, kLoses = -1, kOddsLoses = -2;
+
+// Decides every bet of the roll now on the table: losers, point made, winners.
+void DecideBets(Game& game);
+// Resolves bet b of the player at seat 1..8 with the given sign: money, tallies, log, settling.
+void ResolveBet(Game& game, int seat, int sign, int b);
+// Sets PayoffTbl row 0, GrossPayoff and NetPayoff for bet b of player p.
+void FigurePayoff(Game& game, int p, int b, int sign, Currency amount);
+// Counts a decision of bet b in the live frames of player p (nothing for a push).
+void TallyBetResult(Game& game, int p, int b, Currency amount, Currency net);
+// Moves a Come or Don't Come bet from its box to its number.
+void MoveBet(Game& game, int p, int fromBet, int toBet);
+// Brings every player's working flags in line with the point that just changed.
+void ResetWorkingFlags(Game& game);
