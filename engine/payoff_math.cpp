@@ -1,0 +1,327 @@
+#include "engine/payoff_math.h"
+
+#include <cassert>
+#include <cstdlib>
+
+#include "config/settings.h"
+#include "engine/catalogue.h"
+#include "engine/game.h"
+#include "engine/money.h"
+
+namespace {
+
+__extension__ typedef __int128 i128;
+
+i128 Abs(i128 v) { return v < 0 ? -v : v; }
+
+i128 Gcd(i128 a, i128 b) {
+  a = Abs(a);
+  b = Abs(b);
+  while (b != 0) {
+    i128 t = a % b;
+    a = b;
+    b = t;
+  }
+  return a;
+}
+
+i128 Mod(i128 a, i128 m) {
+  i128 r = a % m;
+  return r < 0 ? r + m : r;
+}
+
+// Inverse of a modulo m (a and m coprime, m above 1).
+i128 Inverse(i128 a, i128 m) {
+  i128 r0 = m, r1 = Mod(a, m), t0 = 0, t1 = 1;
+  while (r1 != 0) {
+    i128 q = r0 / r1;
+    i128 r2 = r0 - q * r1;
+    r0 = r1;
+    r1 = r2;
+    i128 t2 = t0 - q * t1;
+    t0 = t1;
+    t1 = t2;
+  }
+  return Mod(t0, m);
+}
+
+// x / y whole, exactly (y not 0).
+bool WholeQuotient(Currency x, Currency y) { return y.raw != 0 && x.raw % y.raw == 0; }
+
+Currency Max(Currency a, Currency b) { return a < b ? b : a; }
+
+std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
+  std::int64_t q = a / b;
+  if ((a % b != 0) && ((a < 0) != (b < 0))) --q;
+  return q;
+}
+
+// Color push candidate for check d: the first amount from m upward in steps of
+// one whole unit whose odds win (amount / s) x p is paid in whole checks of d.
+// An amount that can never get there (odd settings) stays at m.
+Currency ColorCandidate(Currency m, Currency p, Currency s, Currency d) {
+  const i128 mod = static_cast<i128>(s.raw) * d.raw;
+  if (mod <= 0 || mod > (static_cast<i128>(1) << 62)) return m;
+  // (m + k x unit) x p divisible by s x d, on the raw counts.
+  const i128 a = Mod(static_cast<i128>(Currency::kScale) * p.raw, mod);
+  const i128 b = Mod(-static_cast<i128>(m.raw) * p.raw, mod);
+  const i128 g = Gcd(a, mod);
+  if (g == 0 || b % g != 0) return m;  // a is 0 and b is not: never whole
+  const i128 mr = mod / g;
+  const i128 k = mr == 1 ? 0 : Mod((b / g) * Inverse(a / g, mr), mr);
+  const i128 v = m.raw + k * Currency::kScale;
+  if (v > INT64_MAX) return m;
+  return Currency::FromRaw(static_cast<std::int64_t>(v));
+}
+
+bool IsComeLike(int bet) { return bet == bet::kPassLine || IsComePoint(bet); }
+bool IsDontLike(int bet) { return bet == bet::kDontPass || IsDontComePoint(bet); }
+
+}  // namespace
+
+Currency OddsMultiple(const Game& game, int number) {
+  switch (number) {
+    case 4: case 10: return game.rules.OddsAllowed410;
+    case 5: case 9: return game.rules.OddsAllowed59;
+    case 6: case 8: return game.rules.OddsAllowed68;
+    default: return Currency{};
+  }
+}
+
+Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Currency s,
+                        const Currency (&d)[6], Currency maxOddsBet) {
+  const Currency unit = d[1];
+  if (unit.raw <= 0 || s.raw <= 0) return Currency{};
+  const Currency m = CurMul(x, base);
+  const Currency c = CurMul(x + 1_usd, base);
+
+  if (method == kOddsAutoSelect) {
+    if (!IsWhole(x)) method = kOddsFlatNoPush;
+    else if (x == 1_usd) method = kOddsSingleOdds;
+    else if (x == 3_usd) method = kOddsFlatSingleX;
+    else method = kOddsColorPush;
+  }
+
+  Currency r = m;
+  switch (method) {
+    case kOddsMinorPush: {
+      const Currency u = CurMul(unit, s);
+      if (u.raw <= 0) break;
+      Currency t = RoundDownToMultiple(m, u);
+      if (t < m && t + u < c) t += u;
+      r = t.IsZero() ? m : t;
+      break;
+    }
+    case kOddsColorPush: {
+      Currency cand[6];
+      for (int i = 5; i >= 1; --i) {
+        cand[i] = m;
+        if (d[i].raw > 0 && base.raw / d[i].raw > 1) cand[i] = ColorCandidate(m, p, s, d[i]);
+      }
+      if (m < cand[5] && cand[5] < c && WholeQuotient(base, 100_usd)) r = cand[5];
+      else if (m < cand[4] && cand[4] < c && WholeQuotient(base, 25_usd)) r = cand[4];
+      else if (m < cand[3] && cand[3] < c && WholeQuotient(base, 5_usd)) r = cand[3];
+      else if (m < cand[2] && cand[2] < c) r = cand[2];
+      else r = cand[1];
+      break;
+    }
+    case kOddsSingleOdds:
+    case kOddsFlatSingleX:
+      for (int i = 1; i <= 5; ++i) {
+        if (d[i].raw <= 0) continue;
+        const Currency from = method == kOddsSingleOdds ? m : base;
+        const Currency y = Currency::FromWhole(FloorDiv(from.raw, d[i].raw));
+        Currency v = CurMul(RoundUpToMultiple(y, s), d[i]);
+        if (method == kOddsFlatSingleX) v = CurMul(v, x);
+        r = Max(r, v);
+      }
+      break;
+    default:  // kOddsFlatNoPush
+      break;
+  }
+
+  const Currency cap = RoundDownToMultiple(maxOddsBet, unit);
+  if (r > cap) r = cap;
+  if (!WholeQuotient(r, unit)) r = RoundDownToMultiple(r, unit);
+  return r;
+}
+
+Currency FigureOddsMaximum(const Game& game, int bet, Currency base, Currency payNumber,
+                           Currency payStake) {
+  int number = 0;
+  if (IsComeOdds(bet)) number = BoxNumber(bet - bet::kComeOddsFirst);
+  else if (IsDontComeOdds(bet)) number = BoxNumber(bet - bet::kDontComeOddsFirst);
+  else if (IsLineOdds(bet)) number = game.Point;
+  const Currency x = OddsMultiple(game, number);
+  if (x.IsZero() || base.raw <= 0) return Currency{};
+  Currency checks[6];
+  for (int i = 1; i <= 5; ++i) checks[i] = game.CheckValue(i);
+  return OddsMaximumFor(x, game.rules.OddsCalcMethod, base, payNumber, payStake, checks,
+                        game.rules.MaxOddsBet);
+}
+
+Currency ProperUnit(Currency payNumber, Currency payStake, Currency unit) {
+  // u = k x unit with P1 x k / P3 whole: k = P3 / gcd(P1, P3) on the raw counts.
+  if (payStake.raw == 0) return unit;
+  const i128 g = Gcd(payNumber.raw, payStake.raw);
+  const i128 k = Abs(payStake.raw) / g;
+  if (k > INT64_MAX) return kCurrencyMax;
+  return CurMulInt(unit, static_cast<std::int64_t>(k));
+}
+
+void FigureProperUnits(Game& game) {
+  const Currency unit = game.CheckValue(1);
+  for (int b = 1; b <= kLastRealBet; ++b)
+    game.PayoffTbl(0, b) = ProperUnit(game.PayoffTbl(1, b), game.PayoffTbl(3, b), unit);
+}
+
+Currency ProperOddsUnit(const Game& game, int bet) {
+  const int point = game.Point;
+  int from = bet;
+  if (bet == bet::kPassLine) from = IsBoxNumber(point) ? ComeId(point) : bet::kCome;
+  else if (bet == bet::kDontPass) from = IsBoxNumber(point) ? DontComeId(point) : bet::kDontCome;
+  else if (bet == bet::kPassLineOdds && IsBoxNumber(point)) from = ComeId(point) + 6;
+  else if (bet == bet::kDontPassOdds && IsBoxNumber(point)) from = DontComeId(point) + 6;
+  return game.PayoffTbl(0, from);
+}
+
+namespace {
+
+void AppendLine(std::string& text, const char* piece, Currency amount) {
+  if (!text.empty()) text += "\r\r";
+  text += piece;
+  AppendMoney(text, amount);
+}
+
+enum class Pick { Hi, Lo, Other };
+
+}  // namespace
+
+Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
+  const Currency b = in.current, a = in.change;
+  if (a <= -b) return a;
+  const Currency* d = in.checks;
+  if (in.unit.raw <= 0 || d[1].raw <= 0) return a;
+  int mode = in.mode;
+
+  for (;;) {  // a second pass only for a color correction that broke both limits
+    Currency w = in.unit;
+    if (IsOddsBet(in.bet) && b + a == in.maximum) mode = 1;
+    const Currency total = b + a;
+    if (WholeQuotient(total, w)) return a;
+    Currency lo = CurMulInt(w, FloorDiv(total.raw, w.raw)) - b;
+    Currency hi = lo + w;
+
+    if (mode == 2) {
+      for (int i = 5; i >= 2; --i) {
+        if (d[i].raw <= 0) continue;
+        const Currency wide = Currency::FromRaw(
+            static_cast<std::int64_t>(static_cast<i128>(w.raw) * d[i].raw / d[1].raw));
+        const bool fits = a.IsZero() ? b >= wide
+                                     : WholeQuotient(a, d[i]) && Currency::FromRaw(std::llabs(a.raw)) >= wide;
+        if (fits) {
+          w = wide;
+          break;
+        }
+      }
+      if (w.raw > 0) {
+        lo = CurMulInt(w, FloorDiv(total.raw, w.raw)) - b;
+        hi = lo + w;
+      }
+    }
+
+    Currency choice;
+    Pick pick = Pick::Other;
+    auto take = [&](Pick which) {
+      pick = which;
+      choice = which == Pick::Hi ? hi : lo;
+    };
+    if (in.bias == 1) {
+      take(a.raw < 0 ? Pick::Lo : Pick::Hi);
+    } else if (in.bias == 2) {
+      if (a.raw > 0) take(lo.raw > 0 ? Pick::Lo : Pick::Hi);
+      else if (a.raw < 0) take(!hi.IsZero() ? Pick::Hi : Pick::Lo);
+      else take(Pick::Lo);
+    } else if (IsComeLike(in.bet) && b + lo < in.contract) {
+      take(Pick::Hi);
+    } else if (IsDontLike(in.bet) && !in.contract.IsZero() && b + hi > in.contract) {
+      take(Pick::Lo);
+    } else if (!a.IsZero() && WholeQuotient(b + hi, a) && !hi.IsZero()) {
+      take(Pick::Hi);
+    } else if (!a.IsZero() && WholeQuotient(b + lo, a) && !lo.IsZero()) {
+      take(Pick::Lo);
+    } else if (a.raw > 0 && lo.raw <= 0) {
+      take(Pick::Hi);
+    } else if (a.raw < 0 && hi.raw >= 0) {
+      take(Pick::Lo);
+    } else {
+      take((hi - a) <= (a - lo) ? Pick::Hi : Pick::Lo);
+    }
+
+    const bool hiTooHigh = b + hi > in.maximum;
+    const bool loTooLow = b + lo < in.minimum;
+    if (hiTooHigh && loTooLow) {
+      if (a.raw < 0) {
+        if (text) text->clear();
+        return -b;
+      }
+      if (mode == 2) {
+        mode = 1;
+        continue;
+      }
+      Currency change = in.maximum - b;
+      if (change.raw < 0) change = Currency{};
+      if (text) {
+        if (!text->empty()) *text += "\r\r";
+        *text += "Unable to auto-adjust bet for proper odds payoff.";
+      }
+      return change;
+    }
+
+    if (pick == Pick::Lo && loTooLow) choice = (a.raw > 0 && !hiTooHigh) ? hi : -b;
+    if (b + choice > in.maximum) choice = lo;
+    if (b + choice < in.minimum && choice != -b) choice = hi;
+
+    if (text) {
+      if (text->find("Maximum") != std::string::npos || hiTooHigh)
+        AppendLine(*text, "Maximum bet for proper odds payoff is: $", b + choice);
+      if (text->find("Minimum") != std::string::npos || (a.raw < 0 && choice.IsZero())) {
+        if (choice != -b) AppendLine(*text, "Minimum bet for proper odds payoff is: $", b + choice);
+        else text->clear();
+      }
+    }
+    return choice;
+  }
+}
+
+Currency RoundVig(Currency figure, Currency amount, int rounding, Currency unit) {
+  if (unit.raw <= 0) return figure;
+  std::int64_t q = figure.raw / unit.raw, r = figure.raw % unit.raw;
+  if (r < 0) {
+    r += unit.raw;
+    --q;
+  }
+  if (rounding == kVigRoundUp) {
+    if (r != 0) ++q;
+  } else if (rounding != kVigRoundDown) {
+    if (2 * static_cast<i128>(r) > unit.raw) ++q;  // an exact half goes down
+  }
+  Currency vig = CurMulInt(unit, q);
+  if (amount.raw > 0 && vig < unit) vig = unit;
+  return vig;
+}
+
+Currency FigureBuyVig(const Game& game, int bet, Currency amount) {
+  if (!IsBuy(bet) || game.rules.BuyVigRate.IsZero()) return Currency{};
+  const Currency figure = CurMul(amount, game.rules.BuyVigRate);
+  return RoundVig(figure, amount, game.rules.BuyVigRound, game.CheckValue(1));
+}
+
+Currency FigureLayVig(const Game& game, int bet, Currency amount) {
+  if (!IsLay(bet) || game.rules.LayVigRate.IsZero()) return Currency{};
+  const double p1 = game.PayoffTbl(1, bet).ToDouble(), p3 = game.PayoffTbl(3, bet).ToDouble();
+  if (p3 == 0.0) return Currency{};
+  const Currency figure = CurFromDouble(amount.ToDouble() * p1 / p3 * game.rules.LayVigRate.ToDouble());
+  if (figure.raw < 0) return Currency{};
+  return RoundVig(figure, amount, game.rules.LayVigRound, game.CheckValue(1));
+}

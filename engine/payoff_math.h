@@ -1,0 +1,68 @@
+// Payoff arithmetic: the highest odds bet under each odds method, the
+// proper unit of every bet, the adjustment of a bet to a proper total, and
+// the Buy and Lay vig.
+//
+// All of it turns on the check denominations: CheckValue(1) is the grain of
+// every amount on the table, and the color pushes and color corrections look
+// at the other four checks. What must stay true:
+// - Every result is a multiple of CheckValue(1), never below 0 (the vig is
+//   never below one smallest check for a bet above 0).
+// - Nothing here allocates on the roll path; the adjustment only builds its
+//   message text when it is given one (never in Hyper-Drive).
+// - Divisibility tests are done exactly on the ten-thousandths counts, so a
+//   payoff such as 6 to 5 never fails a whole test through float error.
+#pragma once
+
+#include <string>
+
+#include "engine/currency.h"
+
+struct Game;
+
+// Odds multiple X allowed on box number n (4..10, not 7); 0 for another n.
+Currency OddsMultiple(const Game& game, int number);
+// The highest odds bet on a flat bet of `base` under the table's odds method
+// and caps. payNumber/payStake are the odds payoff pair (reversed by the
+// caller for Don't odds). The caller stores it in BetMaximum.
+Currency FigureOddsMaximum(const Game& game, int bet, Currency base, Currency payNumber,
+                           Currency payStake);
+// The same with X, the method and the checks given: the rule itself.
+Currency OddsMaximumFor(Currency x, int method, Currency base, Currency payNumber,
+                        Currency payStake, const Currency (&checks)[6], Currency maxOddsBet);
+
+// Smallest bet of `unit` steps paid in whole units: k x unit with P1 x k / P3 whole.
+Currency ProperUnit(Currency payNumber, Currency payStake, Currency unit);
+// Fills PayoffTbl(0, bet) for bets 1 to 85.
+void FigureProperUnits(Game& game);
+
+// Everything the proper-odds adjustment reads, taken out of the game so the
+// rule can be tested and reasoned about by itself.
+struct ProperOddsInput {
+  int bet = 0;
+  Currency current;     // B, the bet as it stands
+  Currency change;      // A, the change asked for
+  Currency unit;        // w, the proper unit of the bet (after the line-bet swap)
+  Currency maximum;     // BetMaximum
+  Currency minimum;     // BetMinimum
+  Currency contract;    // BetContract of the bet
+  int mode = 0;         // AutoAdjustMode: 1 minor, 2 color correction
+  int bias = 0;         // 0 nearest, 1 increase, 2 decrease
+  Currency checks[6];   // CheckValue(1..5) at 1..5
+};
+// The adjusted change. `text` is the pending message text (null in Hyper-Drive).
+Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text);
+// The unit the adjustment uses for a bet: Pass Line and Don't Pass take their
+// Come or Don't Come unit, the line odds those of the odds on the point.
+Currency ProperOddsUnit(const Game& game, int bet);
+// The bias list that governs a bet (0 for bets without one).
+int ProperOddsBias(const Game& game, int player, int bet);
+// Changes BetChange during SetBetChecked for a player with AutoAdjustMode above 0.
+void AdjustForProperOdds(Game& game, int player, int bet);
+
+// Rounds a raw vig figure to the smallest check by rule (VigRounding) and
+// applies the floor of one smallest check for a bet above 0.
+Currency RoundVig(Currency figure, Currency amount, int rounding, Currency unit);
+// Vig of a Buy bet total (bets 37..42); 0 for any other bet or a rate of 0.
+Currency FigureBuyVig(const Game& game, int bet, Currency amount);
+// Vig of a Lay bet total (bets 1..6), figured on the win; 0 otherwise.
+Currency FigureLayVig(const Game& game, int bet, Currency amount);
