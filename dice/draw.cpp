@@ -1,0 +1,134 @@
+#include <cassert>
+#include <cmath>
+
+#include "dice/generators.h"
+#include "dice/rng.h"
+
+namespace {
+
+// A die from a value in [0, 1]: Int(u x 6) + 1, a value of 1.0 (which a
+// single-precision Ran1 can return) counting as the top of the range.
+inline Long DieFrom(double u) {
+  const Long d = static_cast<Long>(u * 6.0);
+  return (d < 5 ? d : 5) + 1;
+}
+
+// k for the probability table from a 32-bit draw: Int(u x 100000) + 1.
+inline Long PickFromMt(double u) { return static_cast<Long>(u * 100000.0) + 1; }
+
+// k from a single-precision draw: u x 100000 rounded to nearest, ties to
+// even, plus 1; so 100001 is possible.
+inline Long PickFromShuffled(float u) {
+  return static_cast<Long>(std::nearbyint(static_cast<double>(u) * 100000.0)) + 1;
+}
+
+// Generators 5 and 6 use the shuffled generator on an even session roll
+// count (before this roll is counted), the Mersenne Twister on an odd one.
+inline bool EvenSessionRoll(const Game& game) { return (game.RollTally(18, 0) & 1) == 0; }
+
+inline float DrawRan1(DiceState& s) {
+  std::int32_t idum = 1;
+  return Ran1(s.ran1, idum, &s.RngError);
+}
+
+inline float DrawRan2(DiceState& s) {
+  std::int32_t idum = 1;
+  return Ran2(s.ran2, idum, &s.RngError);
+}
+
+// Sets the dice by two draws of one source, Die1 first.
+template <class Draw>
+inline void TwoDice(Game& game, Draw draw) {
+  game.Die1 = DieFrom(draw());
+  game.Die2 = DieFrom(draw());
+}
+
+// With probability dice the table turns k into the pair. That table and its
+// pick (PickProbabilityDice) belong to the probability dice and are not part
+// of this unit; this is where they join. Until then k is only recorded.
+void DrawProbabilityDice(Game& game) {
+  game.dice.ProbabilityPick = DrawProbabilityNumber(game);
+  assert(!"probability dice: PickProbabilityDice is not available yet");
+}
+
+}  // namespace
+
+void ApplyGeneratorFallback(Game& game) {
+  DiceState& s = game.dice;
+  if ((s.MissingDllMask & kMissingFirstMt) &&
+      (s.RngIndex == 0 || s.RngIndex == 5 || s.RngIndex == 7)) {
+    s.RngIndex = 3;
+  }
+  if ((s.MissingDllMask & kMissingSecondMt) && (s.RngIndex == 1 || s.RngIndex == 6)) {
+    s.RngIndex = 3;
+  }
+}
+
+void DrawDice(Game& game) {
+  DiceState& s = game.dice;
+  if (s.ProbabilityDiceOn) [[unlikely]] {
+    DrawProbabilityDice(game);
+    return;
+  }
+  switch (s.RngIndex) {
+    case 0:
+      TwoDice(game, [&] { return genrand_real2(s.mt19937); });
+      break;
+    case 1:
+      TwoDice(game, [&] { return randomMT(s.mtSecond); });
+      break;
+    case 2:
+      game.Die1 = Rng3(s.Rng3State, 6);
+      game.Die2 = Rng3(s.Rng3State, 6);
+      break;
+    case 3:
+      TwoDice(game, [&] { return DrawRan2(s); });
+      break;
+    case 4:
+      TwoDice(game, [&] { return DrawRan1(s); });
+      break;
+    case 5:
+      if (EvenSessionRoll(game)) {
+        TwoDice(game, [&] { return DrawRan1(s); });
+      } else {
+        TwoDice(game, [&] { return genrand_real2(s.mt19937); });
+      }
+      break;
+    case 6:
+      if (EvenSessionRoll(game)) {
+        TwoDice(game, [&] { return DrawRan2(s); });
+      } else {
+        TwoDice(game, [&] { return randomMT(s.mtSecond); });
+      }
+      break;
+    default: {
+      assert(s.RngIndex == 7);
+      const Long n = static_cast<Long>(genrand_real2(s.mt19937) * 36.0);
+      game.Die2 = n / 6 + 1;
+      game.Die1 = n % 6 + 1;
+      break;
+    }
+  }
+}
+
+Long DrawProbabilityNumber(Game& game) {
+  DiceState& s = game.dice;
+  switch (s.RngIndex) {
+    case 1:
+      return PickFromMt(randomMT(s.mtSecond));
+    case 2:
+      return Rng3(s.Rng3State, 100000);
+    case 3:
+      return PickFromShuffled(DrawRan2(s));
+    case 4:
+      return PickFromShuffled(DrawRan1(s));
+    case 5:
+      return EvenSessionRoll(game) ? PickFromShuffled(DrawRan1(s))
+                                   : PickFromMt(genrand_real2(s.mt19937));
+    case 6:
+      return EvenSessionRoll(game) ? PickFromShuffled(DrawRan2(s))
+                                   : PickFromMt(randomMT(s.mtSecond));
+    default:  // 0 and 7
+      return PickFromMt(genrand_real2(s.mt19937));
+  }
+}
