@@ -23,17 +23,25 @@ struct SettleDialogButton {
 struct SettleDialogRow {
   int mathOperator = 0;  // 0 "+", 1 "-", 2 "x", 3 "/" (row 5 only)
   Currency amount1;      // txtModifyAmount
-  Currency amount2;      // the units' own amount, where the units need one
+  Currency amount2;      // the units' own amount m, where the units need one
   int units = 0;         // cmdUnits: 0 "$", 1 "%", 2..6 check units
   bool enabled = true;
+  std::string operatorCaption;  // cmdMathOperator: "+", "-", "x", "/" (row 5 only)
+  std::string unitsCaption;     // cmdUnits: "$", "%" or "$" & m & " Units"
 };
+
+// What the dialog settles: a bet that won or pushed, one that lost, or an
+// odds bet that was off when its number or the seven came.
+enum class SettleKind { Winner, Loser, NotWorking };
 
 struct SettleDialog {
   int player = 0;
+  SettleKind kind = SettleKind::Winner;
   std::string caption;
   int lineCount = 0;
   std::array<SettleDialogLine, 5> lines{};
   std::array<SettleDialogButton, 7> buttons{};
   std::array<SettleDialogRow, 2> rows{};  // rows of buttons 5 and 6
   int defaultButton = 0;
+  bool snapCursor = false;  // move the pointer to the default button
 };
