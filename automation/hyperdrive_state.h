@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "engine/currency.h"
 
@@ -21,4 +22,6 @@ struct HyperDriveState {
   std::int64_t RollsThisRun = 0;    // rolls of the run in progress or last run
   std::uint32_t RunStartTime = 0;   // clock at the start of the run
   std::uint32_t RunEndTime = 0;     // clock at its end
+  // Why the last run ended, kept after the window has cleared StopMessage.
+  std::string LastStopMessage;
 };

@@ -1,13 +1,297 @@
+// RollDice: the once-per-call checks, the roll loop (which Hyper-Drive
+// repeats), and the end of the call. The tallies, the state machine, the
+// graph and the log lines live in their own files.
 #include "engine/roll.h"
 
+#include "automation/autoplay.h"
+#include "automation/hyperdrive.h"
+#include "config/message_dialog.h"
+#include "config/payoffs.h"
+#include "dice/rng.h"
+#include "engine/catalogue.h"
 #include "engine/game.h"
+#include "engine/money.h"
+#include "engine/platform.h"
+#include "engine/resolve.h"
+#include "engine/roll_internal.h"
 
-void RollDice(Game&) {}
-void LimitExceeded(Game&, int) {}
-bool BankrollBeyondLimit(const Game&, int) { return false; }
-bool QueueDice(Game&, int, int) { return false; }
-void TallyHandAndRoll(Game&) {}
-void TallyRollEvent(Game&, int) {}
-void TallyRollEvents(Game&) {}
-void AdvanceStateMachine(Game&) {}
-void ShiftGraphHistory(Game&) {}
+namespace {
+
+constexpr Currency kLimitAmount = Currency::FromWhole(kBankrollLimit);
+
+// The roll's own messages: help topic 130, modal.
+void ShowRollMessage(Game& g, std::string text, std::string_view title, int style = 513) {
+  g.msg.MsgText = std::move(text);
+  g.msg.MsgTitle = title;
+  g.msg.MsgHelpId = 130;
+  g.msg.MsgStyle = style;
+  ShowMessage(g, true);
+}
+
+bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
+
+const std::string& ShooterName(const Game& g) { return g.PlayerName[static_cast<std::size_t>(g.Shooter)]; }
+
+// Step 6: the bet requirement. False stops the roll (and the run).
+bool MeetsBetRequirement(Game& g) {
+  const Long rule = g.rules.BetRequirement;
+  if (rule == kNoBetRequired) return true;
+  if (g.PlayerCount == 0) {
+    g.KeepRolling = false;
+    g.RollBusy = false;
+    if (g.HyperDrive) {
+      g.StopMessage = "No players are available to bet.";
+    } else {
+      ShowRollMessage(g,
+                      "No players are available to bet.\r\r"
+                      "Please enter a player or change the requirement to make a bet on the "
+                      "'Bets tab' of the configuration screen.",
+                      "Bet Required");
+    }
+    return false;
+  }
+  const int s = g.Shooter;
+  constexpr std::string_view kNote =
+      "Note: This requirement can be changed on the 'Bets tab' of the configuration screen.";
+  if (rule == kLineBetRequired) {
+    if (g.Bet(s, bet::kPassLine).raw > 0 || g.Bet(s, bet::kDontPass).raw > 0) return true;
+    g.KeepRolling = false;
+    if (g.HyperDrive) {
+      g.StopMessage = "Shooter has no line bet.";
+    } else {
+      std::string t = "A line bet is required to shoot.\r\r" + ShooterName(g);
+      if (g.PlayerCount == 1)
+        t += " must make a Pass Line bet or a Don't Pass bet.";
+      else if (g.Point == 0)
+        t += " must make a Pass Line bet, a Don't Pass bet, or pass the dice.";
+      else
+        t += " must make a Pass Line bet or pass the dice.";
+      t += "\r\r";
+      t += kNote;
+      ShowRollMessage(g, std::move(t), "Line Bet Required");
+    }
+    return false;
+  }
+  for (int b = 1; b <= kLastRealBet; ++b)
+    if (g.Bet(s, b).raw > 0) return true;
+  g.KeepRolling = false;
+  if (g.HyperDrive) {
+    g.StopMessage = "Shooter has no bet.";
+  } else {
+    std::string t = "A bet is required to shoot.\r\r" + ShooterName(g) + " must make any bet or pass the dice.\r\r";
+    t += kNote;
+    ShowRollMessage(g, std::move(t), "Any Bet Required");
+  }
+  return false;
+}
+
+// Step 7: the session's roll limit. False stops the roll (and the run).
+bool WithinRollLimit(Game& g) {
+  if (g.RollTally(18, 0) < kSessionRollLimit) return true;
+  g.KeepRolling = false;
+  const std::string limit = FormatMoney(Currency::FromWhole(kSessionRollLimit));
+  if (g.HyperDrive) {
+    g.StopMessage = "Stopped due to reaching the maximum limit of " + limit + " rolls.\r\r";
+    g.StopMessage += kResetSentence;
+  } else {
+    std::string t = "Sorry ... the maximum limit of " + limit + " rolls has been reached.\r\r";
+    t += kResetSentence;
+    ShowRollMessage(g, std::move(t), "Reached Maximum Roll Limit");
+  }
+  return false;
+}
+
+// Steps 10 and 27 copy only seated players: an open position holds no bets,
+// so its copies have nothing to change, and a run with few players does not
+// pay for eight.
+void SnapshotAtRoll(Game& g) {
+  for (int p = 1; p <= 8; ++p) {
+    if (!Named(g, p)) continue;
+    for (int b = 0; b <= kLastBetId; ++b) g.BetAtRoll(p, b) = g.Bet(p, b);
+    for (int b = 0; b <= kLastRealBet; ++b) {
+      g.BetTrend(p, b, 0) = g.BetTrend(p, b, 1);
+      g.BetContract(p, b) = g.Bet(p, b);
+    }
+  }
+}
+
+void SnapshotAfterRoll(Game& g) {
+  for (int p = 1; p <= 8; ++p) {
+    if (!Named(g, p)) continue;
+    for (int b = 0; b <= kLastBetId; ++b) g.BetAfterRoll(p, b) = g.Bet(p, b);
+    for (int b = 1; b <= kLastRealBet; ++b) g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b);
+  }
+  g.roll.ScriptActiveAtRoll = g.roll.ScriptActive;
+}
+
+// Step 12: the dice, from the first source that applies. False when the
+// source stopped the run instead of giving dice.
+bool TakeDice(Game& g, DiceSource& source) {
+  RollState& r = g.roll;
+  if (r.QueuedCount > 0) {
+    // The pad's and the tests' hook: a known pair waits.
+    const auto& d = r.QueuedDice[static_cast<std::size_t>(r.QueuedHead)];
+    g.Die1 = d[0];
+    g.Die2 = d[1];
+    r.QueuedHead = (r.QueuedHead + 1) % RollState::kDiceQueue;
+    --r.QueuedCount;
+    source = DiceSource::Queued;
+    return true;
+  }
+  // Dice roll file playback (DiceFileMode 2) is read here once the dice
+  // roll files exist; its end and its bad values stop the run like the
+  // checks above do.
+  DrawDice(g);
+  source = DiceSource::Generator;
+  return true;
+}
+
+// Step 23: bankroll records.
+void KeepBankrollRecords(Game& g) {
+  for (int p = 1; p <= 8; ++p) {
+    const Currency bank = g.Bet(p, 0);
+    g.BankrollSum(p) += bank;
+    if (BankrollBeyondLimit(g, p)) LimitExceeded(g, p);
+    if (bank > g.BankrollHigh(p)) g.BankrollHigh(p) = bank;
+    if (bank < g.BankrollLow(p)) g.BankrollLow(p) = bank;
+  }
+}
+
+// Steps 6 to 27: one roll. Returns false when a check stopped it before the dice.
+bool RollOnce(Game& g) {
+  if (!MeetsBetRequirement(g) || !WithinRollLimit(g)) return false;
+  for (int p = 1; p <= 8; ++p) g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
+  if (g.roll.LogOn) LogChangesSinceLastRoll(g);
+  SnapshotAtRoll(g);
+  g.PointBeforeLast = g.PointAtRoll;
+  g.PointAtRoll = g.Point;
+
+  DiceSource source{};
+  if (!TakeDice(g, source)) return false;
+  if (g.roll.LogOn) LogRollLine(g, source);
+  g.DiceTotal = g.Die1 + g.Die2;
+  // Outside Hyper-Drive the window animates the dice when it redraws the
+  // table; dice roll file recording (DiceFileMode 1) writes the pair here.
+  if (!g.HyperDrive) {
+    PlayStickCall(g, g.DiceTotal);
+    if (g.Die1 == g.Die2 && g.DiceTotal != 2 && g.DiceTotal != 12) PlayStickCall(g, 16);
+  }
+
+  TallyHandAndRoll(g);
+  for (auto& since : g.RollsSince.cells) since += 1;
+  TallyRollEvents(g);
+  AdvanceStateMachine(g);
+  DecideBets(g);
+
+  if (g.Point != g.PointAtRoll) {
+    ResetWorkingFlags(g);
+    if (g.Point > 0) {
+      SetLineOddsPayoffs(g);
+      AutoPlayPointActions(g);
+    }
+  }
+  KeepBankrollRecords(g);
+  if (g.roll.LogOn) LogRollResults(g);
+  ShiftGraphHistory(g);
+
+  if (g.roll.ScriptActive[0]) {
+    // The scripts' one run of the roll goes here (the interpreter): a script
+    // sees the finished roll, and what it bets stands for the next.
+  }
+
+  SnapshotAfterRoll(g);
+  g.platform->RequestRedraw(Redraw::OpenViews);
+  if (!g.HyperDrive) g.platform->RequestRedraw(Redraw::StatusBoxes);
+  return true;
+}
+
+}  // namespace
+
+bool BankrollBeyondLimit(const Game& g, int p) {
+  const Currency bank = g.Bet(p, 0);
+  return bank > kLimitAmount || bank < -kLimitAmount;
+}
+
+void LimitExceeded(Game& g, int p) {
+  const std::string limit = FormatMoney(kLimitAmount);
+  const std::string& name = g.PlayerName[static_cast<std::size_t>(p)];
+  const bool loss = g.Bet(p, 0).raw < 0;
+  if (g.HyperDrive) {
+    g.KeepRolling = false;
+    g.StopMessage = loss ? "Stopped by exceeding the max loss limit of $" : "Stopped by breaking the bank limit of $";
+    g.StopMessage += limit;
+    g.StopMessage += "\r\r";
+    g.StopMessage += kResetSentence;
+    return;
+  }
+  std::string text;
+  if (loss) {
+    text = "Sorry ... \r\r" + name + " has exceeded the max loss limit of $" + limit + "\r\r";
+  } else {
+    if (g.rules.WinSoundSet > 0 && !g.rules.SoundMuted)
+      g.platform->PlaySound(g.roll.AppPath + "Chips.win", 11);
+    // The window strews a thousand chips over the table here.
+    text = "Congratulations!\r\r" + name + " broke the bank limit of $" + limit + "\r\r";
+  }
+  text += kResetSentence;
+  ShowRollMessage(g, std::move(text), "Ravelton", 1);
+  if (!loss && g.rules.WinSoundSet > 0 && !g.rules.SoundMuted) g.platform->PlaySound("", 0);
+}
+
+bool QueueDice(Game& g, int die1, int die2) {
+  RollState& r = g.roll;
+  if (die1 < 1 || die1 > 6 || die2 < 1 || die2 > 6 || r.QueuedCount >= RollState::kDiceQueue) return false;
+  auto& slot = r.QueuedDice[static_cast<std::size_t>((r.QueuedHead + r.QueuedCount) % RollState::kDiceQueue)];
+  slot[0] = static_cast<std::int8_t>(die1);
+  slot[1] = static_cast<std::int8_t>(die2);
+  ++r.QueuedCount;
+  return true;
+}
+
+void PlayStickCall(Game& g, int n) {
+  if (g.HyperDrive || g.rules.StickCallSet <= 0 || g.rules.SoundMuted) return;
+  const std::string& path = g.roll.StickCallFile[static_cast<std::size_t>(n)];
+  if (path.empty()) return;
+  g.platform->PlaySound("", 0);
+  g.platform->PlaySound(path, 2);
+}
+
+void PlayComeOutCall(Game& g) {
+  if (g.Point != 0) return;
+  if (g.rules.BetRequirement != kNoBetRequired && g.PlayerCount == 0) return;
+  if (g.RollTally(0, 0) == 0) PlayStickCall(g, 18);
+  PlayStickCall(g, 17);
+}
+
+void RollDice(Game& g) {
+  if (g.RollBusy) return;
+  ApplyGeneratorFallback(g);
+  // The bet entry box of the window commits its keyed amount here; the
+  // headless game has no such box.
+  for (int p = 1; p <= 8; ++p) {
+    if (BankrollBeyondLimit(g, p)) {
+      LimitExceeded(g, p);
+      return;
+    }
+  }
+  if (g.roll.ScriptActive[0] && !g.roll.ScriptsOK) {
+    // Active scripts are compiled before the first roll that needs them; a
+    // script that is not compiled must not roll.
+    return;
+  }
+  g.roll.SessionDirty = true;
+  g.StopMessage.clear();
+  g.RollBusy = true;
+
+  do {
+    RollOnce(g);
+    if (g.HyperDrive) PaceHyperDrive(g);
+  } while (g.HyperDrive && g.KeepRolling);
+  if (g.HyperDrive) EndHyperDrive(g);
+
+  g.platform->RequestRedraw(Redraw::Table);
+  // At the end of a dice roll file the window asks whether to rewind.
+  if (!g.platform->MainWindowMinimized()) g.StopMessage.clear();
+  PlayComeOutCall(g);
+  g.RollBusy = false;
+}

@@ -31,9 +31,16 @@ struct RollState {
   bool LogOn = false;
   bool LogRolls = true, LogBets = true, LogStacks = true, LogNewHand = true;
   bool LogWins = true, LogLosses = true, LogPasses = true, LogBankroll = true;
+  bool LogClearOnNew = false;  // a new session starts the log afresh
   // Lines written by the roll while LogOn, each ending in '\n'. The events
   // log file takes them from here.
   std::string LogText;
+
+  // Stick calls 1..18 of the chosen set, by path (empty: not listed).
+  std::array<std::string, 19> StickCallFile{};
+
+  // Each player's sessions log file.
+  std::array<std::string, 9> SessionLogPath{};
 
   // The game has unsaved changes.
   bool SessionDirty = false;

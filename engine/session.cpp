@@ -1,5 +1,196 @@
 #include "engine/session.h"
 
-#include "engine/game.h"
+#include <cctype>
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <system_error>
 
-void NewSession(Game&, bool, bool, bool, int) {}
+#include "dice/rng.h"
+#include "engine/game.h"
+#include "engine/platform.h"
+#include "engine/roll_internal.h"
+
+namespace {
+
+bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
+
+void RemoveFile(const std::string& path) {
+  std::error_code ec;
+  std::filesystem::remove(path, ec);
+}
+
+// Applies f to every per-frame statistics table with the range of its
+// second and third subscripts that a session clears or carries.
+template <class F>
+void ForEachFrameTable(Game& g, F&& f) {
+  f(g.RollTally);
+  f(g.StatAction);
+  f(g.StatWins);
+  f(g.StatLosses);
+  f(g.TotalsTally);
+  f(g.HandsTally);
+  f(g.RollsAtTable);
+  f(g.MostRollsHand);
+  f(g.MostComeoutHand);
+  f(g.MostPassesHand);
+  f(g.MostMissesHand);
+  f(g.ComeTravelTotal);
+}
+
+// Copies frame index `from` to `to` and/or clears index i, for tables of one to three subscripts.
+template <class T, int L, int H>
+void CopyIndex(Table1<T, L, H>& t, int from, int to) { t(to) = t(from); }
+template <class T, int L1, int H1, int L2, int H2>
+void CopyIndex(Table2<T, L1, H1, L2, H2>& t, int from, int to) {
+  for (int j = L2; j <= H2; ++j) t(to, j) = t(from, j);
+}
+template <class T, int L1, int H1, int L2, int H2, int L3, int H3>
+void CopyIndex(Table3<T, L1, H1, L2, H2, L3, H3>& t, int from, int to) {
+  for (int k = L3; k <= H3; ++k)
+    for (int j = L2; j <= H2; ++j) t(to, j, k) = t(from, j, k);
+}
+template <class T, int L, int H>
+void ClearIndex(Table1<T, L, H>& t, int i) { t(i) = T{}; }
+template <class T, int L1, int H1, int L2, int H2>
+void ClearIndex(Table2<T, L1, H1, L2, H2>& t, int i) {
+  for (int j = L2; j <= H2; ++j) t(i, j) = T{};
+}
+template <class T, int L1, int H1, int L2, int H2, int L3, int H3>
+void ClearIndex(Table3<T, L1, H1, L2, H2, L3, H3>& t, int i) {
+  for (int k = L3; k <= H3; ++k)
+    for (int j = L2; j <= H2; ++j) t(i, j, k) = T{};
+}
+
+void StartStatistics(Game& g, bool preserveGames) {
+  if (!preserveGames) {
+    ForEachFrameTable(g, [](auto& t) { t.Fill({}); });
+    return;
+  }
+  if (g.RollTally(18, 0) > 0)
+    ForEachFrameTable(g, [](auto& t) {
+      for (int i = 18; i <= 26; ++i) CopyIndex(t, i, i + 9);
+    });
+  ForEachFrameTable(g, [](auto& t) {
+    for (int i = 0; i <= 26; ++i) ClearIndex(t, i);
+  });
+}
+
+std::string Lower(std::string s) {
+  for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return s;
+}
+
+std::string StickPosition(int p) {
+  return p <= 4 ? std::to_string(5 - p) + "-left" : std::to_string(p - 4) + "-right";
+}
+
+void LogSessionOpening(Game& g, bool logExisted) {
+  if (logExisted) LogLine(g, "============================================");
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm local{};
+  localtime_r(&now, &local);
+  char date[32], time[32];
+  std::strftime(date, sizeof date, "%m/%d/%Y", &local);
+  std::strftime(time, sizeof time, "%I:%M:%S %p", &local);
+  LogLine(g, std::string(" New session started ") + date + " @ " + time);
+  if (g.PlayerCount > 0) {
+    LogLine(g, "    Players:");
+    for (int p = 1; p <= 8; ++p) {
+      if (!Named(g, p)) continue;
+      std::string l = "      " + g.PlayerName[static_cast<std::size_t>(p)] + " at stick " + StickPosition(p) + " with $";
+      AppendPlainAmount(l, g.Bet(p, 0));
+      LogLine(g, l);
+    }
+  }
+}
+
+}  // namespace
+
+void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool preserveSessionsLogs, int diceMode) {
+  RollState& r = g.roll;
+  // Each named player's closing record of the session goes to the sessions
+  // log here, once the sessions log exists.
+  if (!preserveSessionsLogs) {
+    for (int p = 1; p <= 8; ++p) {
+      if (!Named(g, p)) continue;
+      r.SessionLogPath[static_cast<std::size_t>(p)] = r.DataFolder + Lower(g.PlayerName[static_cast<std::size_t>(p)]) + ".slg";
+      RemoveFile(r.SessionLogPath[static_cast<std::size_t>(p)]);
+    }
+  }
+
+  StartStatistics(g, preserveGames);
+
+  g.RollsSince.Fill(0);
+  g.GapTally.Fill(0);
+  g.BuyVig.Fill({});
+  g.LayVig.Fill({});
+  g.ComeFlatAtSet.Fill({});
+  g.BetTrend.Fill(0);
+  r.ScriptActiveAtRoll.fill(false);
+  g.ComeoutsThisHand = g.PassesThisHand = g.MissesThisHand = 0;
+  g.PointsMadeMask = g.PointsMade = 0;
+
+  Currency remembered[kPlayerSlots] = {};
+  for (int p = 1; p <= 8; ++p) {
+    remembered[p] = g.Bet(p, 0);
+    for (int b = 0; b <= kLastRealBet; ++b) {
+      g.Bet(p, b) = {};
+      g.BetAtRoll(p, b) = {};
+      g.BetAfterRoll(p, b) = {};
+      g.BetContract(p, b) = {};
+    }
+    if (!preserveCheckstacks) {
+      for (int b = 100; b <= 199; ++b) g.Bet(p, b) = g.BetAtRoll(p, b) = g.BetAfterRoll(p, b) = {};
+      for (int n = 0; n <= 99; ++n) g.CheckStackName(p, n).clear();
+    }
+    // With the stacks kept, the window redraws their check images here.
+    g.TotalBets(p) = {};
+  }
+  for (int p = 0; p < kPlayerSlots; ++p)
+    for (int b = 1; b <= kLastRealBet; ++b) g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b) = g.BetWorkingDefault(p, b);
+
+  for (int p = 1; p <= 8; ++p) {
+    if (!Named(g, p)) continue;
+    // SetBeginningBankroll(g, p, remembered[p]): waiting for the bankroll unit
+    g.BetAtRoll(p, 0) = g.Bet(p, 0);
+    g.BetAfterRoll(p, 0) = g.Bet(p, 0);
+  }
+
+  g.GraphBankroll.Fill({});
+  r.GraphScale = Currency::FromWhole(1);
+  r.GraphTop = Currency::FromWhole(150);
+  g.GraphRollCount = 0;
+  for (int p = 1; p <= 8; ++p) {
+    g.GraphBankroll(p, 0) = Currency::FromWhole(1);
+    g.GraphHigh(p) = g.GraphLow(p) = g.Bet(p, 0);
+  }
+  g.platform->RequestRedraw(Redraw::Graph);
+  g.StopMessage.clear();
+
+  const bool logExisted = !r.LogText.empty();
+  if (r.LogClearOnNew) {
+    RemoveFile(r.AppPath + "Events Log.ref");
+    RemoveFile(r.EventsLogPath);
+    r.LogText.clear();
+  }
+
+  g.HandShooter = g.Shooter;
+  g.Point = g.PointAtRoll = g.PointBeforeLast = g.LastPoint = 0;
+
+  // The dice roll file follows diceMode here (0 close, 1 rewind and play
+  // back, 2 as is) once dice roll files exist.
+  (void)diceMode;
+
+  if (r.LogOn) LogSessionOpening(g, logExisted && !r.LogClearOnNew);
+  if (g.dice.ReseedEachSession) SeedRng(g);
+  if (r.LogOn) {
+    if (g.Shooter == 0)
+      LogLine(g, "----New hand, come-out roll----------");
+    else if (r.LogNewHand)
+      LogLine(g, "----New shooter (" + g.PlayerName[static_cast<std::size_t>(g.Shooter)] + ") coming out----------");
+  }
+
+  g.platform->RequestRedraw(Redraw::OpenViews);
+  if (!g.HyperDrive) g.platform->RequestRedraw(Redraw::Table);
+}

@@ -1,12 +1,88 @@
+// Start-up without a window. The steps that only concern the window (the
+// table font, the screen's units, the layout geometry, the about box) are
+// the window's own; the sound sets, the Hot-Keys file and the game file at
+// start-up are read by their own units when those are present.
 #include "engine/startup.h"
 
+#include <filesystem>
+#include <system_error>
+
+#include "config/payoffs.h"
+#include "dice/rng.h"
+#include "engine/catalogue.h"
 #include "engine/game.h"
+#include "engine/platform.h"
+#include "engine/roll_internal.h"
+
+namespace {
+
+std::string WithTrailingSeparator(std::string folder) {
+  if (folder.empty() || folder.back() != '/') folder.push_back('/');
+  return folder;
+}
+
+// The folder of the running program; the current folder when it cannot be found.
+std::string ProgramFolder() {
+  std::error_code ec;
+  const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
+  if (!ec && exe.has_parent_path()) return exe.parent_path().string();
+  const auto cwd = std::filesystem::current_path(ec);
+  return ec ? std::string(".") : cwd.string();
+}
+
+}  // namespace
 
 std::unique_ptr<Game> MakeGame(Platform& platform) {
   auto game = std::make_unique<Game>();
   game->platform = &platform;
   return game;
 }
-void StartUp(Game&) {}
-void StartUp(Game&, const std::string&) {}
-int MeasureLoopsPerTick(Game&) { return 0; }
+
+int MeasureLoopsPerTick(Game& game) {
+  // A clock that never advances (a test's fixed clock) must not hang start-up.
+  constexpr long kMaxCalls = 200'000'000;
+  const std::uint32_t start = game.platform->TimeGetTime();
+  long count = 0;
+  while (game.platform->TimeGetTime() - start < 100u && count < kMaxCalls) ++count;
+  return static_cast<int>(count / 10);
+}
+
+void StartUp(Game& game) { StartUp(game, ProgramFolder()); }
+
+void StartUp(Game& game, const std::string& appFolder) {
+  assert(game.platform != nullptr);
+  RollState& r = game.roll;
+  // File names are case-sensitive here, so the folder keeps its case.
+  r.AppPath = WithTrailingSeparator(appFolder);
+  r.HelpFilePath = r.AppPath + "ravelton.chm";
+  r.DataFolder = r.AppPath;
+  r.EventsLogPath = r.DataFolder + "Events Log.txt";
+
+  r.LoopsPerTick = MeasureLoopsPerTick(game);
+
+  // The generators are built into the program, so none is missing.
+  game.dice.MissingDllMask = 0;
+  SeedGeneratorsAtStartUp(game);
+
+  game.PlayerName[0] = "House";
+
+  // SetDefaultSettings(game): waiting for the settings unit
+  r.GraphPlotType = 0;
+  r.GraphShowAverage = false;
+  r.GraphAutoPrint = false;
+  r.GraphScale = Currency::FromWhole(1);
+  r.GraphBaseScale = Currency::FromWhole(1);
+  r.GraphTop = Currency::FromWhole(150);
+  SetDefaultWorking(game);
+  for (int p = 0; p < kPlayerSlots; ++p)
+    for (int b = 1; b <= kLastRealBet; ++b) {
+      game.BetWorkingDefault(p, b) = game.BetWorkingDefault(0, b);
+      game.BetWorking(p, b) = game.BetWorkingDefault(0, b);
+      game.BetWorkingAfterRoll(p, b) = game.BetWorkingDefault(0, b);
+    }
+  constexpr std::int64_t kChecks[5] = {1, 5, 25, 100, 500};
+  for (int i = 1; i <= 5; ++i) game.CheckValue(i) = Currency::FromWhole(kChecks[i - 1]);
+  SetDefaultPayoffs(game);
+
+  if (game.Shooter > 0 && game.Point == 0) PlayComeOutCall(game);
+}

@@ -1,0 +1,236 @@
+// The events-log lines that the roll writes itself: the players' changes
+// since the last roll, the roll line, and the roll's bankroll results. All
+// of it runs only under LogOn; the text goes to RollState::LogText.
+#include <cstdlib>
+
+#include "engine/catalogue.h"
+#include "engine/game.h"
+#include "engine/roll_internal.h"
+
+void LogLine(Game& g, std::string_view line) {
+  g.roll.LogText.append(line);
+  g.roll.LogText.push_back('\n');
+}
+
+void AppendPlainAmount(std::string& out, Currency amount) {
+  std::int64_t raw = amount.raw;
+  if (raw < 0) out.push_back('-');
+  const std::uint64_t mag = raw < 0 ? 0 - static_cast<std::uint64_t>(raw) : static_cast<std::uint64_t>(raw);
+  out += std::to_string(mag / Currency::kScale);
+  std::uint64_t frac = mag % Currency::kScale;
+  if (frac == 0) return;
+  char digits[5] = {};
+  for (int i = 3; i >= 0; --i) {
+    digits[i] = static_cast<char>('0' + frac % 10);
+    frac /= 10;
+  }
+  int len = 4;
+  while (len > 0 && digits[len - 1] == '0') --len;
+  out.push_back('.');
+  out.append(digits, static_cast<std::size_t>(len));
+}
+
+namespace {
+
+// A section of the log: its head is written once, before its first line.
+struct Section {
+  Section(Game& game, std::string_view headLine) : g(game), head(headLine) {}
+  Game& g;
+  std::string_view head;
+  bool written = false;
+  std::string line;
+
+  // Starts a line: six blanks and the player's name.
+  std::string& Begin(int p) {
+    line.assign("      ");
+    line += g.PlayerName[static_cast<std::size_t>(p)];
+    return line;
+  }
+  void End() {
+    if (!written) {
+      LogLine(g, head);
+      written = true;
+    }
+    LogLine(g, line);
+  }
+};
+
+Currency Abs(Currency a) { return a.raw < 0 ? -a : a; }
+
+bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
+
+void LogScriptSwitches(Game& g) {
+  Section s{g, "    AutoBets:"};
+  for (int p = 1; p <= 8; ++p) {
+    const bool now = g.roll.ScriptActive[static_cast<std::size_t>(p)];
+    if (now == g.roll.ScriptActiveAtRoll[static_cast<std::size_t>(p)]) continue;
+    std::string& l = s.Begin(p);
+    // The script's file title belongs to the script store; until it is
+    // known here every activation reads as untitled.
+    l += now ? " activated untitled auto-bets" : " deactivated auto-bets";
+    s.End();
+  }
+}
+
+void LogAtmMoves(Game& g) {
+  Section s{g, "    Bankroll:"};
+  for (int p = 1; p <= 8; ++p) {
+    const Currency now = g.Bet(p, 0), before = g.BetAfterRoll(p, 0);
+    if (now == before) continue;
+    std::string& l = s.Begin(p);
+    l += now > before ? "'s bankroll increased to $" : "'s bankroll decreased to $";
+    AppendPlainAmount(l, now);
+    l += " ($";
+    AppendPlainAmount(l, Abs(now - before));
+    l += now > before ? " ATM withdrawal)" : " ATM deposit)";
+    s.End();
+  }
+}
+
+void LogBetChange(Game& g, Section& s, int p, int b) {
+  const Currency a = g.Bet(p, b), was = g.BetAtRoll(p, b);
+  const bool lostLast = g.StatLosses(p + 18, b, 5) == Currency::FromWhole(g.RollTally(18, 0));
+  const int total = g.DiceTotal;  // still the previous roll's
+  const int dc = IsBoxNumber(total) ? DontComeId(total) : -1;
+  const int cp = IsBoxNumber(total) ? ComeId(total) : -1;
+  const Currency dcBox = g.BetAtRoll(p, bet::kDontCome), comeBox = g.BetAtRoll(p, bet::kCome);
+  const std::string_view name = BetName(b);
+  auto amountLine = [&](std::string_view verb, Currency x, std::string_view mid) {
+    std::string& l = s.Begin(p);
+    l += verb;
+    AppendPlainAmount(l, x);
+    l += mid;
+    l += name;
+    s.End();
+  };
+  auto changeLine = [&](std::string_view verb) {
+    std::string& l = s.Begin(p);
+    l += verb;
+    l += name;
+    l += " to $";
+    AppendPlainAmount(l, a);
+    s.End();
+  };
+  if (a.IsZero() && !lostLast && was.raw > 0 && b != bet::kCome && b != bet::kDontCome) {
+    amountLine(" removed $", was, " bet on ");
+  } else if (a.IsZero() && !lostLast && b == dc && dcBox.raw > 0) {
+    amountLine(" removed $", dcBox, " bet on ");
+  } else if (a.raw > 0 && (b == bet::kCome || b == bet::kDontCome) && was.raw > 0) {
+    amountLine(" bet $", a, " on ");
+  } else if (b == dc && dcBox.raw > 0) {
+    if (a < dcBox) changeLine(" decreased ");
+  } else if (b == cp && comeBox.raw > 0) {
+    if (a > comeBox) changeLine(" increased ");
+  } else if (a.raw > 0 && (was.IsZero() || lostLast)) {
+    amountLine(" bet $", a, " on ");
+  } else if (a.raw > 0 && a > was) {
+    changeLine(" increased ");
+  } else if (a.raw > 0 && a < was) {
+    changeLine(" decreased ");
+  }
+  if (a.raw <= 0) return;
+  const Long state = g.BetWorking(p, b);
+  const bool called = state == -1 || state == 2;
+  const bool isNew = was.IsZero();
+  const bool changed = !isNew && state != g.BetWorkingAfterRoll(p, b);
+  if ((isNew && called) || (changed && called)) {
+    std::string& l = s.Begin(p);
+    l += state == -1 ? " called OFF " : " called ON ";
+    l += name;
+    l += " bet";
+    s.End();
+  } else if (changed) {
+    std::string& l = s.Begin(p);
+    l += " called ";
+    l += name;
+    l += " bet working normally again";
+    s.End();
+  }
+}
+
+void LogBetChanges(Game& g) {
+  Section s{g, "    Bets:"};
+  for (int p = 1; p <= 8; ++p) {
+    if (!Named(g, p)) continue;
+    for (int b = 1; b <= kLastRealBet; ++b) LogBetChange(g, s, p, b);
+  }
+}
+
+void LogStackChanges(Game& g) {
+  Section s{g, "    CheckStacks:"};
+  for (int p = 1; p <= 8; ++p) {
+    if (!Named(g, p)) continue;
+    for (int b = bet::kCheckStackFirst; b <= bet::kCheckStackLast; ++b) {
+      const Currency a = g.Bet(p, b), was = g.BetAtRoll(p, b);
+      if (a == was) continue;
+      std::string& l = s.Begin(p);
+      l += a > was ? " increased CheckStack #" : " decreased CheckStack #";
+      l += std::to_string(b - 100);
+      l += " to $";
+      AppendPlainAmount(l, a);
+      s.End();
+    }
+  }
+}
+
+}  // namespace
+
+void LogChangesSinceLastRoll(Game& g) {
+  LogScriptSwitches(g);
+  if (g.roll.LogBankroll) LogAtmMoves(g);
+  if (g.roll.LogBets) LogBetChanges(g);
+  if (g.roll.LogStacks) LogStackChanges(g);
+}
+
+void LogRollLine(Game& g, DiceSource source) {
+  if (!g.roll.LogRolls) return;
+  std::string l = " Roll #";
+  l += std::to_string(g.RollTally(18, 0) + 1);
+  l += ":  ";
+  l += std::to_string(g.Die1 + g.Die2);
+  l += " (";
+  l += std::to_string(g.Die1);
+  l += '.';
+  l += std::to_string(g.Die2);
+  l += ')';
+  switch (source) {
+    case DiceSource::Queued:
+    case DiceSource::Pad:
+      l += " from manual roll pad";
+      break;
+    case DiceSource::File:
+      l += " from roll file";
+      break;
+    case DiceSource::Generator:
+      l += " from RNG #";
+      l += std::to_string(g.dice.RngIndex + 1);
+      break;
+  }
+  LogLine(g, l);
+}
+
+void LogRollResults(Game& g) {
+  if (g.roll.LogBankroll) {
+    Section s{g, "    Bankroll:"};
+    for (int p = 1; p <= 8; ++p) {
+      const Currency now = g.Bet(p, 0), before = g.BetAtRoll(p, 0);
+      if (now == before) continue;
+      std::string& l = s.Begin(p);
+      l += now > before ? " increased to $" : " decreased to $";
+      AppendPlainAmount(l, now);
+      l += " ($";
+      AppendPlainAmount(l, Abs(now - before));
+      l += now > before ? " gain)" : " loss)";
+      s.End();
+    }
+  }
+  if (g.roll.LogNewHand && g.DiceTotal == 7 && g.PointAtRoll > 0) {
+    const std::string& shooter = g.PlayerName[static_cast<std::size_t>(g.Shooter)];
+    if (g.Shooter != g.PrevHandShooter)
+      LogLine(g, "----New shooter (" + shooter + ") coming out----------");
+    else if (g.Shooter == 0)
+      LogLine(g, "----New hand, come-out roll----------");
+    else
+      LogLine(g, "----Same shooter (" + shooter + ") coming out----------");
+  }
+}
