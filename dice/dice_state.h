@@ -25,8 +25,8 @@
 
 using Long = std::int32_t;
 
-constexpr int kRngCount = 8;    // RngIndex 0..7, shown as "RNG #" index + 1
-constexpr int kMtWords = 624;   // words of a Mersenne Twister state
+constexpr int kRngCount = 8;   // RngIndex 0..7, shown as "RNG #" index + 1
+constexpr int kMtWords = 624;  // words of a Mersenne Twister state
 
 // Bits of MissingDllMask: a Mersenne Twister library is not available.
 constexpr Long kMissingFirstMt = 1;   // generators 0, 5, 7 fall back to 3
@@ -54,14 +54,14 @@ struct Ran2State {
 };
 
 struct DiceState {
-  Long RngIndex = 0;             // the selected generator
-  Long MissingDllMask = 0;       // kMissingFirstMt | kMissingSecondMt
-  Long LastSeed = 0;             // the seed last used (lblLastSeed)
-  Long Rng3State = 0;            // state of generator 3
-  bool UserSeedMode = false;     // " User seed" rather than " Seed normally"
-  bool ReseedEachSession = true; // " Re-seed new sessions"
+  Long RngIndex = 0;              // the selected generator
+  Long MissingDllMask = 0;        // kMissingFirstMt | kMissingSecondMt
+  Long LastSeed = 0;              // the seed last used (lblLastSeed)
+  Long Rng3State = 0;             // state of generator 3
+  bool UserSeedMode = false;      // " User seed" rather than " Seed normally"
+  bool ReseedEachSession = true;  // " Re-seed new sessions"
   bool ProbabilityDiceOn = false;
-  Long ProbabilityPick = 0;      // the last k drawn for the probability table
+  Long ProbabilityPick = 0;  // the last k drawn for the probability table
 
   MtState mt19937;   // the first Mersenne Twister (init_genrand, genrand_real2)
   MtState mtSecond;  // the second Mersenne Twister (srandMT, randomMT)

@@ -76,8 +76,8 @@ void init_by_array(MtState& s, const std::uint32_t* key, int keyLength) {
     if (j >= keyLength) j = 0;
   }
   for (int k = kMtWords - 1; k > 0; --k) {
-    mt[i] = (mt[i] ^ ((mt[i - 1] ^ (mt[i - 1] >> 30)) * 1566083941u)) -
-            static_cast<std::uint32_t>(i);
+    mt[i] =
+        (mt[i] ^ ((mt[i - 1] ^ (mt[i - 1] >> 30)) * 1566083941u)) - static_cast<std::uint32_t>(i);
     ++i;
     if (i >= kMtWords) {
       mt[0] = mt[kMtWords - 1];

@@ -52,7 +52,8 @@ inline double genrand_real2(MtState& s) { return genrand_int32(s) * (1.0 / 42949
 
 // The second twister's next value in [0, 1); never seeded, it seeds with 4357.
 inline double randomMT(MtState& s) {
-  if (s.mti == kMtWords + 1) [[unlikely]] srandMT(s, 4357u);
+  if (s.mti == kMtWords + 1) [[unlikely]]
+    srandMT(s, 4357u);
   return genrand_int32(s) * (1.0 / 4294967296.0);
 }
 

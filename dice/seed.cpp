@@ -38,8 +38,8 @@ double TypedNumber(std::string_view text) {
   std::string_view v = clean;
   if (!v.empty() && v.front() == '+') v.remove_prefix(1);
   double value = 0;
-  const auto [end, ec] = std::from_chars(v.data(), v.data() + v.size(), value,
-                                         std::chars_format::fixed);
+  const auto [end, ec] =
+      std::from_chars(v.data(), v.data() + v.size(), value, std::chars_format::fixed);
   (void)end;
   return ec == std::errc() ? value : 0.0;
 }
@@ -131,8 +131,8 @@ bool SeedRngFrom(Game& game, bool useGiven, double given) {
   s.Rng3State = whole;
   s.LastSeed = whole;
   if (game.roll.LogOn) {
-    game.roll.LogText += "    RNG #" + std::to_string(s.RngIndex + 1) + " seeded: " +
-                         std::to_string(whole) + "\n";
+    game.roll.LogText +=
+        "    RNG #" + std::to_string(s.RngIndex + 1) + " seeded: " + std::to_string(whole) + "\n";
   }
   SeedSelected(s, whole);
   return true;
