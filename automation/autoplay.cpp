@@ -1,6 +1,50 @@
 #include "automation/autoplay.h"
 
+#include "engine/catalogue.h"
 #include "engine/game.h"
+#include "engine/platform.h"
+#if __has_include("engine/place.h")
+#include "engine/place.h"
+#endif
 
-void AutoPlayPointActions(Game&) {}
-void SetAutoPlayDefaults(Game&, int) {}
+void AutoPlayPointActions(Game& g) {
+  AutoPlayState& a = g.autoplay;
+  for (int p = 1; p <= 8; ++p) {
+    const bool pass = g.Bet(p, bet::kPassLine) > Currency{};
+#if __has_include("engine/place.h")
+    if (pass && a.AutoTakeFullOdds(p)) TakeBetToMaximum(g, p, bet::kPassLineOdds);
+    if (g.Bet(p, bet::kDontPass) > Currency{} && a.AutoLayFullOdds(p)) {
+      if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
+      TakeBetToMaximum(g, p, bet::kDontPassOdds);
+    }
+    if (pass && a.AutoDownPlaceBets(p) && IsBoxNumber(g.Point)) RemoveBet(g, p, PlaceId(g.Point));
+#else
+    (void)pass;
+    (void)a;
+#endif
+  }
+}
+
+void SetAutoPlayDefaults(Game& g, int p) {
+  AutoPlayState& a = g.autoplay;
+  const AutoPlayState fresh{};
+  a.AutoTakeFullOdds(p) = fresh.AutoTakeFullOdds(p);
+  a.AutoLayFullOdds(p) = fresh.AutoLayFullOdds(p);
+  a.AutoDownPlaceBets(p) = fresh.AutoDownPlaceBets(p);
+  a.AutoPassDice(p) = fresh.AutoPassDice(p);
+  a.AutoAdjustMode(p) = fresh.AutoAdjustMode(p);
+  a.LayBias(p) = fresh.LayBias(p);
+  a.PlaceBias(p) = fresh.PlaceBias(p);
+  a.DoBias(p) = fresh.DoBias(p);
+  a.DontBias(p) = fresh.DontBias(p);
+  a.HandleWinningBets(p) = fresh.HandleWinningBets(p);
+  a.HandleLosingBets(p) = fresh.HandleLosingBets(p);
+  for (int k = 5; k <= 12; ++k) {
+    a.AdjustAmount(p, k) = Currency{};
+    a.AdjustOperator(p, k) = 0;
+    a.AdjustUnits(p, k) = Currency{};
+  }
+  a.LastWinButton(p) = 0;
+  a.LastLoseButton(p) = 0;
+  for (int b = 0; b <= 100; ++b) g.BetWorkingDefault(p, b) = g.BetWorkingDefault(0, b);
+}

@@ -1,10 +1,327 @@
 #include "engine/resolve.h"
 
-#include "engine/game.h"
+#include <cassert>
+#include <cstdlib>
 
-void DecideBets(Game&) {}
-void ResolveBet(Game&, int, int, int) {}
-void FigurePayoff(Game&, int, int, int, Currency) {}
-void TallyBetResult(Game&, int, int, Currency, Currency) {}
-void MoveBet(Game&, int, int, int) {}
-void ResetWorkingFlags(Game&) {}
+#include "engine/catalogue.h"
+#include "engine/game.h"
+#include "engine/hand.h"
+#include "engine/money.h"
+#include "engine/settle.h"
+#include "engine/settle_text.h"
+
+namespace {
+
+// ResolveBet for every seat.
+void AllSeats(Game& g, int sign, int b) {
+  for (int seat = 1; seat <= 8; ++seat) ResolveBet(g, seat, sign, b);
+}
+
+// A flat bet and the odds behind it, seat by seat, the odds right after the flat.
+void FlatWithOdds(Game& g, int flatSign, int flat, int oddsSign, int odds) {
+  for (int seat = 1; seat <= 8; ++seat) {
+    ResolveBet(g, seat, flatSign, flat);
+    ResolveBet(g, seat, oddsSign, odds);
+  }
+}
+
+bool HasFace(const Game& g, int face) { return g.Die1 == face || g.Die2 == face; }
+
+void WriteLog(Game& g, std::string_view line) {
+  g.roll.LogText.append(line);
+  g.roll.LogText.push_back('\n');
+}
+
+// Losers of the box number n: the Don't Come point with its odds, the Lay,
+// and the hardway unless the dice are a pair.
+void LoseBoxNumber(Game& g, int n, int hard, bool pair) {
+  FlatWithOdds(g, kLoses, DontComeId(n), kOddsLoses, DontComeId(n) + 6);
+  AllSeats(g, kLoses, LayId(n));
+  if (hard && !pair) AllSeats(g, kLoses, hard);
+}
+
+void LosersPass(Game& g) {
+  const int t = g.DiceTotal;
+  const bool co = g.PointAtRoll == 0;
+  const bool pair = g.Die1 == g.Die2;
+
+  if (t == g.PointAtRoll) FlatWithOdds(g, kLoses, bet::kDontPass, kOddsLoses, bet::kDontPassOdds);
+
+  switch (t) {
+    case 2: case 3: case 12:
+      if (co) AllSeats(g, kLoses, bet::kPassLine);
+      AllSeats(g, kLoses, bet::kCome);
+      break;
+    case 4: LoseBoxNumber(g, 4, bet::kHard4, pair); break;
+    case 5: LoseBoxNumber(g, 5, 0, pair); break;
+    case 6: LoseBoxNumber(g, 6, bet::kHard6, pair); break;
+    case 8: LoseBoxNumber(g, 8, bet::kHard8, pair); break;
+    case 9: LoseBoxNumber(g, 9, 0, pair); break;
+    case 10: LoseBoxNumber(g, 10, bet::kHard10, pair); break;
+    case 7:
+      if (co) {
+        AllSeats(g, kLoses, bet::kDontPass);
+      } else {
+        FlatWithOdds(g, kLoses, bet::kPassLine, kOddsLoses, bet::kPassLineOdds);
+        if (g.FirePayoff(1, g.PointsMade) < Currency{}) AllSeats(g, kLoses, bet::kFire);
+      }
+      for (int b = bet::kComePointFirst; b <= bet::kComePointLast; ++b)
+        FlatWithOdds(g, kLoses, b, kOddsLoses, b + 6);
+      AllSeats(g, kLoses, bet::kDontCome);
+      AllSeats(g, kLoses, bet::kBig6);
+      AllSeats(g, kLoses, bet::kBig8);
+      for (int b = bet::kHard4; b <= bet::kHard10; ++b) AllSeats(g, kLoses, b);
+      for (int b = bet::kPlaceFirst; b <= bet::kBuyLast; ++b) AllSeats(g, kLoses, b);
+      break;
+    case 11:
+      if (co) AllSeats(g, kLoses, bet::kDontPass);
+      AllSeats(g, kLoses, bet::kDontCome);
+      break;
+    default: break;
+  }
+
+  // The Field is decided on every roll; its row says win, push or lose.
+  AllSeats(g, kWins, bet::kField);
+  if (t < 6 || t > 8) AllSeats(g, kLoses, bet::kMidway);
+
+  if (t != 2) AllSeats(g, kLoses, bet::kTwo);
+  if (t != 3) AllSeats(g, kLoses, bet::kThree);
+  if (t != 7) AllSeats(g, kLoses, bet::kSeven);
+  if (t != 11) AllSeats(g, kLoses, bet::kEleven);
+  if (t != 12) AllSeats(g, kLoses, bet::kTwelve);
+  if (t >= 4 && t <= 11) AllSeats(g, kLoses, bet::kCraps);
+  if (t >= 4 && t <= 10) AllSeats(g, kLoses, bet::kCandE);
+  if (t >= 4 && t <= 10) AllSeats(g, kLoses, bet::kHorn);
+  if (IsBoxNumber(t)) AllSeats(g, kLoses, bet::kWorld);
+
+  if (t <= 7) AllSeats(g, kLoses, bet::kOver7);
+  if (t >= 8) AllSeats(g, kWins, bet::kOver7);
+  if (t >= 7) AllSeats(g, kLoses, bet::kUnder7);
+  if (t <= 6) AllSeats(g, kWins, bet::kUnder7);
+
+  static constexpr int kHopOrder[kHopCount] = {67, 71, 68, 72, 69, 73, 76, 70, 74,
+                                               77, 75, 78, 80, 79, 81, 82, 83};
+  const int hit = HopId(g.Die1, g.Die2);
+  for (int b : kHopOrder)
+    if (b != hit) AllSeats(g, kLoses, b);
+}
+
+void PointMade(Game& g) {
+  if (g.DiceTotal != g.PointAtRoll) return;
+  FlatWithOdds(g, kWins, bet::kPassLine, kOddsWins, bet::kPassLineOdds);
+  const int bit = 1 << BoxIndex(g.DiceTotal);
+  if ((g.PointsMadeMask & bit) == 0) {
+    g.PointsMadeMask |= bit;
+    ++g.PointsMade;
+  }
+}
+
+// Winners of box number n: the Come point with its odds, Place, Buy.
+void WinBoxNumber(Game& g, int n) {
+  FlatWithOdds(g, kWins, ComeId(n), kOddsWins, ComeId(n) + 6);
+  AllSeats(g, kWins, PlaceId(n));
+  AllSeats(g, kWins, BuyId(n));
+}
+
+// The Come and Don't Come boxes travel to the number, in player order.
+void Travel(Game& g, int n) {
+  for (int p = 1; p <= 8; ++p) MoveBet(g, p, bet::kCome, ComeId(n));
+  for (int p = 1; p <= 8; ++p) MoveBet(g, p, bet::kDontCome, DontComeId(n));
+}
+
+// The one-roll bets that a 2, 3 or 12 pays, in their order.
+void WinCrapsProps(Game& g, int single) {
+  AllSeats(g, kWins, single);
+  AllSeats(g, kWins, bet::kCraps);
+  AllSeats(g, kWins, bet::kCandE);
+  AllSeats(g, kWins, bet::kHorn);
+  AllSeats(g, kWins, bet::kWorld);
+}
+
+void WinnersPass(Game& g) {
+  const int t = g.DiceTotal;
+  const bool co = g.PointAtRoll == 0;
+  const bool pair = g.Die1 == g.Die2;
+  const int bar = g.rules.BarNumber;
+
+  switch (t) {
+    case 2:
+      if (co && bar == 12) AllSeats(g, kWins, bet::kDontPass);
+      WinCrapsProps(g, bet::kTwo);
+      if (bar == 12) AllSeats(g, kWins, bet::kDontCome);
+      break;
+    case 3:
+      if (co) AllSeats(g, kWins, bet::kDontPass);
+      WinCrapsProps(g, bet::kThree);
+      AllSeats(g, kWins, bet::kDontCome);
+      break;
+    case 12:
+      if (co && bar == 2) AllSeats(g, kWins, bet::kDontPass);
+      WinCrapsProps(g, bet::kTwelve);
+      if (bar == 2) AllSeats(g, kWins, bet::kDontCome);
+      break;
+    case 4:
+      WinBoxNumber(g, 4);
+      if (pair) {
+        AllSeats(g, kWins, bet::kHard4);
+        AllSeats(g, kWins, 71);
+      } else {
+        AllSeats(g, kWins, 67);
+      }
+      Travel(g, 4);
+      break;
+    case 5:
+      WinBoxNumber(g, 5);
+      AllSeats(g, kWins, HasFace(g, 1) ? 68 : 72);
+      Travel(g, 5);
+      break;
+    case 6:
+      WinBoxNumber(g, 6);
+      AllSeats(g, kWins, bet::kBig6);
+      AllSeats(g, kWins, bet::kMidway);
+      if (pair) {
+        AllSeats(g, kWins, bet::kHard6);
+        AllSeats(g, kWins, 76);
+      }
+      if (HasFace(g, 1)) AllSeats(g, kWins, 69);
+      if (HasFace(g, 2)) AllSeats(g, kWins, 73);
+      Travel(g, 6);
+      break;
+    case 7:
+      AllSeats(g, kWins, bet::kCome);
+      if (co) {
+        AllSeats(g, kWins, bet::kPassLine);
+      } else {
+        FlatWithOdds(g, kWins, bet::kDontPass, kOddsWins, bet::kDontPassOdds);
+      }
+      // Don't Come points and Lay bets work on a come-out too: the seven
+      // pays them on either phase (an off bet simply stands).
+      for (int b = bet::kDontComePointFirst; b <= bet::kDontComePointLast; ++b)
+        FlatWithOdds(g, kWins, b, kOddsWins, b + 6);
+      for (int b = bet::kLayFirst; b <= bet::kLayLast; ++b) AllSeats(g, kWins, b);
+      AllSeats(g, kWins, bet::kMidway);
+      AllSeats(g, kWins, bet::kSeven);
+      AllSeats(g, kWins, bet::kWorld);
+      if (HasFace(g, 1)) AllSeats(g, kWins, 70);
+      if (HasFace(g, 2)) AllSeats(g, kWins, 74);
+      if (HasFace(g, 3)) AllSeats(g, kWins, 77);
+      if (!co) EndHand(g);
+      break;
+    case 8:
+      WinBoxNumber(g, 8);
+      AllSeats(g, kWins, bet::kBig8);
+      AllSeats(g, kWins, bet::kMidway);
+      if (pair) {
+        AllSeats(g, kWins, bet::kHard8);
+        AllSeats(g, kWins, 80);
+      }
+      if (HasFace(g, 2)) AllSeats(g, kWins, 75);
+      if (HasFace(g, 3)) AllSeats(g, kWins, 78);
+      Travel(g, 8);
+      break;
+    case 9:
+      WinBoxNumber(g, 9);
+      AllSeats(g, kWins, HasFace(g, 3) ? 79 : 81);
+      Travel(g, 9);
+      break;
+    case 10:
+      WinBoxNumber(g, 10);
+      if (pair) {
+        AllSeats(g, kWins, bet::kHard10);
+        AllSeats(g, kWins, 83);
+      } else {
+        AllSeats(g, kWins, 82);
+      }
+      Travel(g, 10);
+      break;
+    case 11:
+      if (co) AllSeats(g, kWins, bet::kPassLine);
+      AllSeats(g, kWins, bet::kEleven);
+      AllSeats(g, kWins, bet::kCandE);
+      AllSeats(g, kWins, bet::kCome);
+      AllSeats(g, kWins, bet::kHorn);
+      AllSeats(g, kWins, bet::kWorld);
+      break;
+    default: break;
+  }
+}
+
+// The streak of a decided bet: a win after losses starts at 1, a loss after
+// wins at -1.
+void ExtendTrend(Long& trend, bool won) {
+  if (won) trend = trend < 0 ? 1 : trend + 1;
+  else trend = trend > 0 ? -1 : trend - 1;
+}
+
+void LogDecision(Game& g, int p, int b) {
+  RollState& r = g.roll;
+  if (!r.LogOn || !(r.LogWins || r.LogLosses)) return;
+  if (!g.autoplay.WinLossHeadWritten) {
+    g.autoplay.WinLossHeadWritten = true;
+    WriteLog(g, r.LogWins && r.LogLosses ? "    Wins/losses:" : r.LogWins ? "    Wins:" : "    Losses:");
+  }
+  const Currency net = g.NetPayoff;
+  if (r.LogWins && net > Currency{}) {
+    WriteLog(g, Cat("      ", g.PlayerName[p], " won $", PlainAmount(net), " on ", BetName(b)));
+  } else if (r.LogLosses && net < Currency{}) {
+    WriteLog(g, Cat("      ", g.PlayerName[p], " lost $", PlainAmount(-net), " on ", BetName(b)));
+  }
+}
+
+}  // namespace
+
+void DecideBets(Game& g) {
+  g.autoplay.WinLossHeadWritten = false;
+  LosersPass(g);
+  PointMade(g);
+  WinnersPass(g);
+}
+
+void ResolveBet(Game& g, int seat, int sign, int b) {
+  assert(seat >= 1 && seat <= 8 && IsRealBet(b));
+  const int p = PlayerOfSeat(seat);
+  if (g.Bet(p, b).IsZero()) return;
+  g.CurBet = b;
+  if (g.BetWorking(p, b) < 1) {
+    if (std::abs(sign) >= 2) SettleNotWorking(g, p);
+    return;
+  }
+  FigurePayoff(g, p, b, sign, g.Bet(p, b));
+  TallyBetResult(g, p, b, g.Bet(p, b), g.NetPayoff);
+  if (IsComePoint(b)) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
+  LogDecision(g, p, b);
+
+  if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
+
+  g.Bet(p, 0) += g.NetPayoff;
+  g.BetContract(p, b) = Currency{};
+
+  if ((IsContract(b) && g.DiceTotal == 7) || IsLineOdds(b) || (b >= 7 && b <= 18) ||
+      (IsComePoint(b) && !g.rules.AllowPutBets) || (IsComeOdds(b) && g.Bet(p, b - 6).IsZero()))
+    g.BetComesDown = true;
+
+  Long& trend = g.BetTrend(p, b, 1);
+  if (g.NetPayoff < Currency{}) {
+    ExtendTrend(trend, false);
+    SettleLoser(g, p);
+    return;
+  }
+  if (g.NetPayoff > Currency{}) ExtendTrend(trend, true);
+  if (!g.HyperDrive && g.Bet(p, b) > Currency{} && g.autoplay.HandleWinningBets(p) == kWinManual)
+    FillSettleLines(g, p, SettleKind::Winner);
+  FigurePressUnit(g, p, b);
+  SettleWinner(g, p);
+}
+
+void ResetWorkingFlags(Game& g) {
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    for (int p = 1; p <= 8; ++p) {
+      Long& w = g.BetWorking(p, b);
+      if (g.Point > 0) {
+        if (w == 0) w = 1;
+      } else if (w != 2 && w != -1) {
+        w = g.BetWorkingDefault(p, b);
+      }
+    }
+  }
+}

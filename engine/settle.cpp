@@ -1,0 +1,278 @@
+#include "engine/settle.h"
+
+#include <string>
+
+#include "config/message_dialog.h"
+#include "engine/catalogue.h"
+#include "engine/game.h"
+#include "engine/money.h"
+#include "engine/platform.h"
+#if __has_include("engine/place.h")
+#include "engine/place.h"
+#endif
+#include "engine/settle_text.h"
+
+namespace {
+
+bool CanShow(const Game& g) { return !g.HyperDrive && g.platform != nullptr; }
+
+// BetRequest through the one gate; the bet is redrawn outside Hyper-Drive.
+void Request(Game& g, int p, Currency change, bool redraw = true) {
+  (void)p;
+  g.BetRequest = change;
+#if __has_include("engine/place.h")
+  SetBetChecked(g, p, g.CurBet);
+#endif
+  if (redraw && CanShow(g)) g.platform->RequestRedraw(Redraw::Table);
+}
+
+// The notice that tells what became of the bet against the bet at the roll.
+void ActionNotice(Game& g, int p, std::string_view title) {
+  if (!CanShow(g) || (g.rules.NoticeFlags & kNoticeCharges) == 0) return;
+  const Currency now = g.Bet(p, g.CurBet), before = g.BetAtRoll(p, g.CurBet);
+  std::string text = Cat(g.PlayerName[p], ",\r\r", BetName(g.CurBet), " bet ");
+  if (now > before) text += Cat("increased by: $", FormatMoney(now - before));
+  else if (now < before) text += Cat("decreased by: $", FormatMoney(before - now));
+  else text += "remains the same.";
+  ShowNotice(g, text, title, 0, kMsgOk | kMsgHideCharges);
+}
+
+int UnitsIndex(Currency units) {
+  const std::int64_t u = units.raw / Currency::kScale;
+  return u < 0 ? 0 : u > 6 ? 6 : static_cast<int>(u);
+}
+
+// Vig of a Lay or Buy bet settled now: up front it leaves TotalBets; the
+// stored figure is spent either way.
+Currency* VigEntry(Game& g, int p, int b, bool* upFront) {
+  if (IsLay(b)) {
+    *upFront = g.rules.LayVigUpFront;
+    return &g.LayVig(p, b - bet::kLayFirst);
+  }
+  if (IsBuy(b)) {
+    *upFront = g.rules.BuyVigUpFront;
+    return &g.BuyVig(p, b - bet::kBuyFirst);
+  }
+  return nullptr;
+}
+
+// Rule 0 acts as rule 1 where no dialog may be shown.
+int EffectiveRule(const Game& g, int rule) {
+  if (rule < 0 || rule > 7) return 1;
+  return rule == 0 && !CanShow(g) ? 1 : rule;
+}
+
+void ShowDialogOf(Game& g, int p, SettleKind kind) {
+  g.autoplay.Dialog.kind = kind;
+  g.autoplay.Dialog.player = p;
+  ShowSettleDialog(g, p);
+}
+
+}  // namespace
+
+void FigurePressUnit(Game& g, int p, int b) {
+  const double unit = g.PayoffTbl(0, b).ToDouble(), smallest = g.CheckValue(1).ToDouble();
+  const Currency bet = g.Bet(p, b);
+  Currency x;
+  for (int i = 5; i >= 1; --i) {
+    x = CurFromDouble(unit * g.CheckValue(i).ToDouble() / smallest);
+    if (x > Currency{} && x < bet && IsWhole(bet.ToDouble() / x.ToDouble())) break;
+  }
+  g.autoplay.PressUnit = x;
+}
+
+void SettleWinner(Game& g, int p) {
+  const int b = g.CurBet;
+  bool upFront = false;
+  if (Currency* vig = VigEntry(g, p, b, &upFront)) {
+    if (upFront) g.TotalBets(p) -= *vig;
+    g.NetPayoff += *vig;
+    *vig = Currency{};
+  }
+  switch (EffectiveRule(g, g.autoplay.HandleWinningBets(p))) {
+    case kWinManual: ShowDialogOf(g, p, SettleKind::Winner); return;
+    case kWinTakeDown: TakeBetDown(g, p); return;
+    default: break;
+  }
+  if (g.BetComesDown) {
+    TakeBetDown(g, p);
+    return;
+  }
+  switch (g.autoplay.HandleWinningBets(p)) {
+    case kWinSameBet: SameBet(g, p); break;
+    case kWinPressUnit: PressOneUnit(g, p); break;
+    case kWinPressDouble: PressDouble(g, p); break;
+    case kWinParlay: ParlayBet(g, p); break;
+    case kWinAdjust: AdjustSameBet(g, p, kAdjustAutoWinSame); break;
+    case kWinSetAmount: SetBetAmount(g, p, kAdjustAutoWinBet); break;
+    default: break;
+  }
+}
+
+void SettleLoser(Game& g, int p) {
+  const int b = g.CurBet;
+  const int rule = EffectiveRule(g, g.autoplay.HandleLosingBets(p));
+  if (rule == kLoseManual) {
+    if (g.BetAtRoll(p, b) > Currency{}) FillSettleLines(g, p, SettleKind::Loser);
+    else g.autoplay.Dialog.lineCount = 0;
+  }
+  bool upFront = false;
+  if (Currency* vig = VigEntry(g, p, b, &upFront)) {
+    if (upFront) g.TotalBets(p) -= *vig;
+    *vig = Currency{};
+  }
+  FigurePressUnit(g, p, b);
+  switch (rule) {
+    case kLoseManual: ShowDialogOf(g, p, SettleKind::Loser); return;
+    case kLoseTakeDown: TakeBetDown(g, p); return;
+    default: break;
+  }
+  if (g.BetComesDown) {
+    TakeBetDown(g, p);
+    return;
+  }
+  switch (rule) {
+    case kLoseSameBet: SameBet(g, p); break;
+    case kLoseRemainder: BetRemainder(g, p); break;
+    case kLosePressUnit: PressOneUnit(g, p); break;
+    case kLosePressDouble: PressDouble(g, p); break;
+    case kLoseAdjust: AdjustSameBet(g, p, kAdjustAutoLoseSame); break;
+    case kLoseSetAmount: SetBetAmount(g, p, kAdjustAutoLoseBet); break;
+    default: break;
+  }
+}
+
+void SettleNotWorking(Game& g, int p) {
+  const int b = g.CurBet;
+  g.NetPayoff = Currency{};
+  const int flat = FlatOf(b);
+  if (flat == 0 || g.Bet(p, flat).IsZero() || !g.rules.AllowPutBets || IsLineOdds(b))
+    g.BetComesDown = true;
+  FigurePressUnit(g, p, b);
+  const int stored = flat != 0 && g.BetTrend(p, flat, 1) >= 2 ? g.autoplay.HandleWinningBets(p)
+                                                              : g.autoplay.HandleLosingBets(p);
+  const int rule = EffectiveRule(g, stored);
+  if (rule == 0) {
+    FillSettleLines(g, p, SettleKind::NotWorking);
+    ShowDialogOf(g, p, SettleKind::NotWorking);
+    return;
+  }
+  if (rule == 1 || g.BetComesDown) {
+    TakeBetDown(g, p);
+    return;
+  }
+  switch (rule) {
+    case 2: SameBet(g, p); break;
+    case 3: PressOneUnit(g, p); break;
+    case 4: case 5: PressDouble(g, p); break;
+    case 6: AdjustSameBet(g, p, kAdjustAutoLoseSame); break;
+    case 7: SetBetAmount(g, p, kAdjustAutoLoseBet); break;
+    default: break;
+  }
+}
+
+void TakeBetDown(Game& g, int p) {
+  Request(g, p, -g.Bet(p, g.CurBet));
+  g.BetComesDown = false;
+}
+
+void SameBet(Game& g, int p) {
+  const Currency before = g.Bet(p, g.CurBet);
+  Request(g, p, Currency{}, false);
+  if (g.Bet(p, g.CurBet) != before) ActionNotice(g, p, "Same Bet");
+}
+
+void PressOneUnit(Game& g, int p) {
+  Request(g, p, g.autoplay.PressUnit);
+  ActionNotice(g, p, "Press 1 Unit");
+}
+
+void PressDouble(Game& g, int p) {
+  Request(g, p, g.Bet(p, g.CurBet));
+  ActionNotice(g, p, "Press Double");
+}
+
+void ParlayBet(Game& g, int p) {
+  AutoPlayState& a = g.autoplay;
+  const Long lay = a.LayBias(p), place = a.PlaceBias(p), doBias = a.DoBias(p), dont = a.DontBias(p);
+  a.LayBias(p) = a.PlaceBias(p) = a.DoBias(p) = a.DontBias(p) = 2;  // round the win down
+  Request(g, p, g.NetPayoff);
+  a.LayBias(p) = lay;
+  a.PlaceBias(p) = place;
+  a.DoBias(p) = doBias;
+  a.DontBias(p) = dont;
+  ActionNotice(g, p, "Parlay");
+}
+
+void BetRemainder(Game& g, int p) {
+  Request(g, p, -g.Bet(p, g.CurBet));
+  Request(g, p, g.NetPayoff + g.BetAtRoll(p, g.CurBet));
+  if (g.Bet(p, g.CurBet) > Currency{}) ActionNotice(g, p, "Bet remainder");
+}
+
+Currency AdjustMultiplier(const Game& g, int p, int k) {
+  const int u = UnitsIndex(g.autoplay.AdjustUnits(p, k));
+  if (u == 0) return Currency::FromWhole(1);
+  if (u == 1) return CurFromDouble(g.BetAtRoll(p, g.CurBet).ToDouble() / 100.0);
+  return CurMul(g.CheckValue(u - 1), g.PayoffTbl(0, g.CurBet));
+}
+
+Currency UnitMultiplier(const Game& g, int u) {
+  if (u <= 1) return Currency::FromWhole(1);
+  if (u > 6) u = 6;
+  return CurFromDouble(g.PayoffTbl(0, g.CurBet).ToDouble() * g.CheckValue(u - 1).ToDouble() /
+                       g.CheckValue(1).ToDouble());
+}
+
+void AdjustSameBet(Game& g, int p, int k) {
+  const int u = UnitsIndex(g.autoplay.AdjustUnits(p, k));
+  const Currency n = g.autoplay.AdjustAmount(p, k);
+  const Currency B = g.BetAtRoll(p, g.CurBet);
+  Currency m = AdjustMultiplier(g, p, k);
+  const int op = g.autoplay.AdjustOperator(p, k);
+  if ((op == 2 || op == 3) && u == 1) m = Currency::FromRaw(100);  // 0.01
+  Currency request;
+  switch (op) {
+    case 0: request = CurMul(n, m); break;
+    case 1: request = -CurMul(n, m); break;
+    case 2: request = CurMul(CurMul(B, n), m) - B; break;
+    case 3: {
+      const Currency divisor = CurMul(n, m);
+      request = n > Currency{} && divisor > Currency{}
+                    ? CurFromDouble(B.ToDouble() / divisor.ToDouble()) - B
+                    : Currency{};
+      break;
+    }
+    default: break;
+  }
+  Request(g, p, request);
+  if (!CanShow(g)) return;  // the title is only for the notice
+  static constexpr const char* kHead[4] = {"Same bet plus ", "Same bet minus ", "Same bet times ",
+                                           "Same bet divided by "};
+  std::string title = kHead[op < 0 || op > 3 ? 0 : op];
+  if (u == 0) {
+    title += Cat(op <= 1 ? "$" : "", PlainAmount(n));
+  } else if (u == 1) {
+    title += Cat(PlainAmount(n), "%");
+  } else {
+    title += Cat(op == 1 ? "$" : "", PlainAmount(n), " $", PlainAmount(m), " units");
+  }
+  ActionNotice(g, p, title);
+}
+
+void SetBetAmount(Game& g, int p, int k) {
+  const int u = UnitsIndex(g.autoplay.AdjustUnits(p, k));
+  const Currency n = g.autoplay.AdjustAmount(p, k);
+  // Units 1 ("%", which only the Auto-Play options offer here) is a percent
+  // of the bet as it stood at the roll; 2..6 a proper unit in checks.
+  const Currency m = u == 1 ? CurFromDouble(g.BetAtRoll(p, g.CurBet).ToDouble() / 100.0)
+                            : UnitMultiplier(g, u);
+  Request(g, p, -g.Bet(p, g.CurBet));
+  Request(g, p, CurMul(n, m));
+  if (!CanShow(g)) return;
+  std::string title;
+  if (u == 0) title = Cat("Bet $", PlainAmount(n));
+  else if (u == 1) title = Cat("Bet ", PlainAmount(n), "%");
+  else title = Cat("Bet ", PlainAmount(n), " $", PlainAmount(m), " units");
+  ActionNotice(g, p, title);
+}
