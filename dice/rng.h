@@ -29,7 +29,10 @@
 void ApplyGeneratorFallback(Game& game);
 
 // Sets game.Die1 and game.Die2 from the generator RngIndex selects. With
-// ProbabilityDiceOn one draw makes the probability table's k instead.
+// ProbabilityDiceOn one draw makes the probability table's k instead, kept in
+// ProbabilityPick; the table's pick of the pair from k (the probability dice)
+// joins at DrawProbabilityDice in dice/draw.cpp and is not built yet, so
+// until then that branch leaves the dice as they were.
 void DrawDice(Game& game);
 
 // One draw of the selected generator as the probability table's k: 1..100000
@@ -37,7 +40,10 @@ void DrawDice(Game& game);
 Long DrawProbabilityNumber(Game& game);
 
 // Seeds the selected generator as the system does: from the user's typed
-// seed in UserSeedMode, else from the clock. False when nothing was seeded.
+// seed in UserSeedMode (Cancel seeds nothing), else from the millisecond
+// clock (tenths of a second for RngIndex 2), a reading beyond the limit
+// wrapping into it and a repeat of LastSeed taking LastSeed + 1. False when
+// nothing was seeded. With the events log on, writes "    RNG #n seeded: s".
 bool SeedRng(Game& game);
 
 // Seeds the selected generator with a given seed, as a script's "Seed RNG
