@@ -11,6 +11,8 @@
 
 #include "engine/currency.h"
 
+struct Game;
+
 struct HyperDriveState {
   std::int32_t HyperThrottle = 0;   // 0 fastest .. 10 slowest
   Currency HyperDelaySeconds;       // extra delay at throttle 10, 0..300 seconds
@@ -22,6 +24,12 @@ struct HyperDriveState {
   std::int64_t RollsThisRun = 0;    // rolls of the run in progress or last run
   std::uint32_t RunStartTime = 0;   // clock at the start of the run
   std::uint32_t RunEndTime = 0;     // clock at its end
+  // Rolls after which a run ends as if the user stopped it; 0 for none.
+  std::int64_t RunRollLimit = 0;
+  // Called after every roll of a run when set (a front end's trace or live
+  // view); null on the fast path.
+  void (*RollObserver)(void* context, const Game& game) = nullptr;
+  void* RollObserverContext = nullptr;
   // Why the last run ended, kept after the window has cleared StopMessage.
   std::string LastStopMessage;
 };

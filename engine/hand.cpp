@@ -37,10 +37,14 @@ void MoveToLastHand(Table1<T, 0, 44>& t, int p) {
 void CloseHand(Game& g) {
   for (int p = 0; p < kPlayerSlots; ++p) {
     if (!Named(g, p)) continue;
-    MoveToLastHand(g.StatAction, p, 1, kLastRealBet, 1, 6);
-    MoveToLastHand(g.StatWins, p, 1, kLastRealBet, 1, 6);
-    MoveToLastHand(g.StatLosses, p, 1, kLastRealBet, 1, 6);
-    MoveToLastHand(g.ComeTravelTotal, p);
+    // The House never bets, so its money tallies are zero in both frames;
+    // skipping them keeps a hand's end cheap in a run without players.
+    if (p > 0) {
+      MoveToLastHand(g.StatAction, p, 1, kLastRealBet, 1, 6);
+      MoveToLastHand(g.StatWins, p, 1, kLastRealBet, 1, 6);
+      MoveToLastHand(g.StatLosses, p, 1, kLastRealBet, 1, 6);
+      MoveToLastHand(g.ComeTravelTotal, p);
+    }
     MoveToLastHand(g.TotalsTally, p, 2, 12, 1, 3);
     MoveToLastHand(g.RollsAtTable, p);
     MoveToLastHand(g.HandsTally, p);

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "config/payoffs.h"
+#include "config/settings.h"
 #include "dice/rng.h"
 #include "engine/catalogue.h"
 #include "engine/game.h"
@@ -66,7 +67,7 @@ void StartUp(Game& game, const std::string& appFolder) {
 
   game.PlayerName[0] = "House";
 
-  // SetDefaultSettings(game): waiting for the settings unit
+  SetDefaultSettings(game);
   r.GraphPlotType = 0;
   r.GraphShowAverage = false;
   r.GraphAutoPrint = false;

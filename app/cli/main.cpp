@@ -1,9 +1,18 @@
 // ravelton-cli: the headless front door of Ravelton.
 #include <CLI/CLI.hpp>
 
+#include "app/cli/commands.h"
+
 int main(int argc, char** argv) {
   CLI::App app{"Ravelton craps simulator, headless"};
   app.require_subcommand(0, 1);
-  CLI11_PARSE(app, argc, argv);
+  AddRunCommand(app);
+  AddBenchCommand(app);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    // Help and version exit 0; every usage or input error exits 1.
+    return app.exit(e) == 0 ? 0 : 1;
+  }
   return 0;
 }

@@ -1,0 +1,14 @@
+// The commands of ravelton-cli: each command file adds its subcommand to the
+// app with a callback. A callback reports a failure by writing to stderr
+// and throwing CLI::RuntimeError(1); main turns every parse or usage error
+// into exit code 1.
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+// ravelton-cli run: a seeded headless Hyper-Drive session.
+void AddRunCommand(CLI::App& app);
+// ravelton-cli bench: a fixed seeded workload, its speed and a checksum.
+void AddBenchCommand(CLI::App& app);
