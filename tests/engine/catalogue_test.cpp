@@ -1,0 +1,96 @@
+#include "engine/catalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "engine/game.h"
+
+namespace {
+
+constexpr int kBoxNumbers[6] = {4, 5, 6, 8, 9, 10};
+
+TEST(Catalogue, BoxFormulasAgreeWithTheNames) {
+  static_assert(BoxIndex(8) == 3 && ComeId(8) == 22 && PlaceId(8) == 34 && DontComeId(8) == 10);
+  for (int i = 0; i < 6; ++i) {
+    const int n = kBoxNumbers[i];
+    const std::string num = std::to_string(n);
+    EXPECT_EQ(BoxIndex(n), i);
+    EXPECT_EQ(BoxNumber(i), n);
+    EXPECT_EQ(BetName(LayId(n)), "Lay " + num);
+    EXPECT_EQ(BetName(DontComeId(n)), "Don't Come " + num);
+    EXPECT_EQ(BetName(DontComeId(n) + 6), "Don't Come " + num + " Odds");
+    EXPECT_EQ(BetName(ComeId(n)), "Come " + num);
+    EXPECT_EQ(BetName(ComeId(n) + 6), "Come " + num + " Odds");
+    EXPECT_EQ(BetName(PlaceId(n)), "Place " + num);
+    EXPECT_EQ(BetName(BuyId(n)), "Buy " + num);
+    EXPECT_EQ(BetName(OddsOf(ComeId(n))), "Come " + num + " Odds");
+    EXPECT_EQ(FlatOf(OddsOf(DontComeId(n))), DontComeId(n));
+  }
+}
+
+TEST(Catalogue, NamesOfSinglesAndPseudoBets) {
+  EXPECT_EQ(BetName(43), "Pass Line");
+  EXPECT_EQ(BetName(47), "Don't Pass Odds");
+  EXPECT_EQ(BetName(62), "C and E");
+  EXPECT_EQ(BetName(66), "Under 7");
+  EXPECT_EQ(BetName(84), "Midway");
+  EXPECT_EQ(BetName(85), "Fire");
+  EXPECT_EQ(BetName(93), "Rail");
+  EXPECT_EQ(BetName(101), "CheckStack #1");
+  EXPECT_EQ(BetName(104), "CheckStack #4");
+  for (int id = 1; id <= 85; ++id) EXPECT_FALSE(BetName(id).empty()) << id;
+}
+
+TEST(Catalogue, IdsWithoutABetHaveNoName) {
+  for (int id : {-1, 0, 86, 92, 94, 100, 105, 199, 200}) EXPECT_TRUE(BetName(id).empty()) << id;
+  for (int id = 86; id <= 100; ++id)
+    if (id != 93) {
+      EXPECT_TRUE(BetName(id).empty()) << id;
+    }
+}
+
+TEST(Catalogue, HopsTakeEitherDieOrderAndLeaveOutTheSingleNumbers) {
+  int hops = 0;
+  for (int a = 1; a <= 6; ++a)
+    for (int b = a; b <= 6; ++b) {
+      const int id = HopId(a, b);
+      EXPECT_EQ(id, HopId(b, a));
+      const bool single = (a == 1 && b <= 2) || (a >= 5 && b == 6);
+      if (single) {
+        EXPECT_EQ(id, 0) << a << b;
+        continue;
+      }
+      ASSERT_TRUE(IsHop(id)) << a << b;
+      EXPECT_EQ(BetName(id), "Hop " + std::to_string(a) + std::to_string(b));
+      ++hops;
+    }
+  EXPECT_EQ(hops, kHopCount);
+}
+
+TEST(Catalogue, GroupsPartitionTheRealBets) {
+  for (int b = 1; b <= 85; ++b) {
+    const int groups = IsLay(b) + IsDontComePoint(b) + IsDontComeOdds(b) + IsComePoint(b) + IsComeOdds(b) +
+                       IsPlace(b) + IsBuy(b) + IsLineBet(b) + IsLineOdds(b) + IsContract(b) + IsBig(b) +
+                       IsHard(b) + IsHop(b) + (b == bet::kField) + IsSingleNumber(b) + (b == bet::kCraps) +
+                       IsSplit(b) + (b == bet::kOver7 || b == bet::kUnder7) + (b == bet::kMidway) +
+                       (b == bet::kFire);
+    EXPECT_EQ(groups, 1) << b;
+  }
+}
+
+TEST(Catalogue, DefaultCompMasksRateEverythingButTheOdds) {
+  for (int b = 1; b <= 85; ++b)
+    EXPECT_EQ(CompRated(b, kDefaultCompMask1, kDefaultCompMask2, kDefaultCompMask3), !IsOddsBet(b)) << b;
+}
+
+TEST(Catalogue, DefaultWorkingIsOffOnlyForOddsPlaceBuyAndTheBoxes) {
+  auto game = std::make_unique<Game>();
+  SetDefaultWorking(*game);
+  for (int b = 1; b <= 85; ++b) {
+    const bool off = IsComeOdds(b) || IsPlace(b) || IsBuy(b) || b == 44 || b == 45 || b == 47 || b == 48;
+    EXPECT_EQ(game->BetWorkingDefault(0, b), off ? 0 : 1) << b;
+  }
+}
+
+}  // namespace

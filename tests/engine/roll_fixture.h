@@ -1,0 +1,41 @@
+// A started-up game on a headless platform with a fast fixed clock, no bet
+// requirement and no players, for the tests of the roll, the hand's end,
+// the session and Hyper-Drive. Dice are fed through the queued-dice hook.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "engine/game.h"
+#include "engine/headless_platform.h"
+#include "engine/roll.h"
+#include "engine/startup.h"
+
+class RollFixture : public ::testing::Test {
+ protected:
+  RollFixture() : owner_(MakeGame(platform)), g(*owner_) {
+    platform.fixedTime = 0;
+    platform.clockStep = 1;
+    StartUp(g, "/tmp/ravelton-roll-tests");
+    g.rules.BetRequirement = kNoBetRequired;
+  }
+
+  // One roll outside Hyper-Drive with the given dice.
+  void Roll(int d1, int d2) {
+    ASSERT_TRUE(QueueDice(g, d1, d2));
+    RollDice(g);
+    ASSERT_EQ(g.roll.QueuedCount, 0);
+  }
+
+  // Seats player p with a name, without money.
+  void Seat(int p, const std::string& name) {
+    g.PlayerName[static_cast<std::size_t>(p)] = name;
+    ++g.PlayerCount;
+  }
+
+  HeadlessPlatform platform;
+  std::unique_ptr<Game> owner_;
+  Game& g;
+};
