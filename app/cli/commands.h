@@ -12,3 +12,5 @@ class App;
 void AddRunCommand(CLI::App& app);
 // ravelton-cli bench: a fixed seeded workload, its speed and a checksum.
 void AddBenchCommand(CLI::App& app);
+// ravelton-cli check and dump: compile an Auto-Bet script, report or print it.
+void AddScriptCommands(CLI::App& app);

@@ -8,6 +8,7 @@ int main(int argc, char** argv) {
   app.require_subcommand(0, 1);
   AddRunCommand(app);
   AddBenchCommand(app);
+  AddScriptCommands(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -1,0 +1,62 @@
+// Helpers shared by the tokenizer and the compiler passes: number text, the
+// message of a failure, the error span, and the names used in messages.
+//
+// A pass that fails sets game.msg (MsgText, MsgHelpId 0, MsgStyle 1) and the
+// four span values of game.scriptCode, and returns false; CompileScript stops
+// at the first failure. Nothing here throws.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "script/code_state.h"
+
+struct Game;
+
+// Text of a number in general format: "7", "1.5", "0.01", "-1".
+std::string FormatGeneral(double value);
+
+// The value of a word that reads entirely as a number, else nothing.
+std::optional<double> ParseNumberWord(std::string_view word);
+
+// Lower-cases ASCII letters.
+std::string LowerCase(std::string_view text);
+
+// The text between double quotes, as messages name things.
+std::string Quote(std::string_view text);
+
+// Trims blanks at both ends.
+std::string_view TrimBlanks(std::string_view text);
+
+// Sets the failure message of a compile (MsgHelpId 0, MsgStyle 1).
+void SetCompileMessage(Game& game, std::string text);
+
+// Sets the span from the statement mark at or before element `at` to the
+// mark after it; lines of marks without a line count as line 1.
+void SetSpanAround(ScriptCode& code, std::size_t at);
+
+// Sets the span from the mark at or before `from` to the mark after `to`.
+void SetSpanBetween(ScriptCode& code, std::size_t from, std::size_t to);
+
+// Fails the compile: message plus the span around element `at`; returns false.
+bool FailAt(Game& game, std::size_t at, std::string text);
+
+// Name of a function or variable as messages quote it ("Place", "Bankroll").
+std::string FunctionName(int number);
+std::string VariableName(int number);
+
+// The class of a variable number: 0 .. 4 (how many qualifiers follow it).
+int VariableClass(int number);
+
+// The class of a function number, counted as a variable (bets 4, CheckStacks 1).
+int FunctionClass(int number);
+
+// Number of qualifier elements behind a variable or function of a class.
+constexpr int QualifierCount(int cls) { return cls; }
+
+constexpr bool IsComparison(std::int32_t kind) { return kind >= kEqual && kind <= kGreaterEqual; }
+constexpr bool IsMath(std::int32_t kind) { return kind >= kPower && kind <= kMinus; }
+constexpr bool IsOperator(std::int32_t kind) { return kind >= kEqual && kind <= kConcat; }
+constexpr bool IsLogicWord(std::int32_t kind) { return kind >= 1 && kind <= 19; }
+constexpr bool IsValue(std::int32_t kind) { return kind == kNumber || kind == kString; }

@@ -1,0 +1,280 @@
+#include "script/compile_organize.h"
+
+#include <cmath>
+#include <optional>
+
+#include "engine/game.h"
+#include "script/compile_brackets.h"
+#include "script/compile_common.h"
+
+namespace {
+
+using Elements = std::vector<ScriptElement>;
+
+struct Run {
+  std::size_t begin = 0, end = 0;  // [begin, end) of the stream
+  bool Empty() const { return begin == end; }
+};
+
+struct Reference {
+  std::size_t start = 0;
+  bool any = false;
+  Run player, variable;
+  int varNumber = 0, varClass = 0;
+  std::optional<double> frame, statClass, field, number;
+  bool onlyNumber() const { return number && player.Empty() && variable.Empty() && !frame && !statClass; }
+};
+
+bool IsInteger(double v) { return std::floor(v) == v; }
+
+bool IsDiceCombination(double v) {
+  const double d = std::floor(v);
+  const double e = std::round((v - d) * 10);
+  return d >= 1 && d <= 6 && e >= 1 && e <= 6 && std::fabs(v - (d + e / 10)) < 1e-9;
+}
+
+bool Ambiguous(Game& game, std::size_t at, std::string text = "Ambiguous variable references") {
+  return FailAt(game, at, text + "\r");
+}
+
+// Checks a resolved reference and fills in the defaults of its qualifiers.
+bool Resolve(Game& game, Reference& r) {
+  const std::size_t at = r.start;
+  const int v = r.varNumber;
+  const int cls = r.varClass;
+  const bool rollsVar = v >= 2500 && v <= 2502;
+  const bool pointsVar = v == 4606 || v == 4607;
+  switch (cls) {
+    case 0:
+      if (!r.player.Empty() || r.frame || r.statClass || r.field || r.number) return Ambiguous(game, at);
+      return true;
+    case 1:
+      if (r.frame || r.statClass || r.field || r.number) return Ambiguous(game, at);
+      return true;
+    case 2:
+      if (r.statClass || r.field || r.number || (v == 1200 && !r.player.Empty()))
+        return Ambiguous(game, at);
+      return true;
+    case 3:
+      if (r.statClass) return Ambiguous(game, at);
+      if (rollsVar) {
+        if (v == 2501 && r.frame && *r.frame != 3)
+          return Ambiguous(game, at,
+                           "Ambiguous variable references\r\"# of rolls since\" applies to current "
+                           "session only");
+        if (r.number) {
+          const double n = *r.number;
+          if (!((IsInteger(n) && n >= 2 && n <= 12) || IsDiceCombination(n)))
+            return Ambiguous(game, at,
+                             "Ambiguous variable references\rReference to rolls out of limits.");
+          r.field = n;
+        } else if (r.field) {
+          const double f = *r.field;
+          if (!(f == 0 || (f >= 2 && f <= 12) || (f >= 78 && f <= 89))) return Ambiguous(game, at);
+        }
+      } else if (r.number) {
+        const double n = *r.number;
+        if (!(IsInteger(n) && n >= 2 && n <= 12)) return Ambiguous(game, at);
+        r.field = n;
+      } else if (r.field && !(*r.field == 0 || *r.field == 14 || *r.field == 15)) {
+        return Ambiguous(game, at);
+      }
+      r.number.reset();
+      return true;
+    default:
+      break;
+  }
+  if (pointsVar) {
+    if (r.number) {
+      const double n = *r.number;
+      if (!(IsInteger(n) && n >= 4 && n <= 10 && n != 7)) return Ambiguous(game, at);
+      r.field = n;
+      r.number.reset();
+    } else if (r.field && *r.field != 0) {
+      return Ambiguous(game, at, "Ambiguous variable references.");
+    }
+    if (r.statClass && !(*r.statClass >= 6 && *r.statClass <= 8)) return Ambiguous(game, at);
+    return true;
+  }
+  if (r.field) {
+    const double f = *r.field;
+    const bool currentHandOrSession = !r.frame || *r.frame == 1 || *r.frame == 3;
+    if (f == 32 || f == 33) {
+      if (r.statClass && *r.statClass != 1)
+        return Ambiguous(game, at,
+                         "Ambiguous variable references\rCurrent # and current $ only apply to "
+                         "wagers.");
+      if (!currentHandOrSession)
+        return Ambiguous(game, at,
+                         "Ambiguous variable references\rCurrent # and current $ only apply to "
+                         "current hand or session.");
+    } else if (f == 34 || f == 35 || f == 36) {
+      if (r.statClass && *r.statClass != 1) return Ambiguous(game, at);
+      static const char* const kWhat[] = {"'Working'", "'Called on'", "'Called off'"};
+      if (!currentHandOrSession)
+        return Ambiguous(game, at,
+                         std::string("Ambiguous variable references.\r") +
+                             kWhat[static_cast<int>(f) - 34] +
+                             " only applies to current hand or session.");
+    } else if (f == 31) {
+      if (!r.statClass || !(*r.statClass == 4 || *r.statClass == 5))
+        return Ambiguous(game, at,
+                         "Ambiguous variable references\rPlease designate either net or net %");
+    } else if (!(f >= 21 && f <= 33)) {
+      if (f == 0)
+        return Ambiguous(game, at,
+                         "Ambiguous variable references.\rPlease designate either total # or "
+                         "total $.");
+      return Ambiguous(game, at, "Ambiguous variable references.");
+    }
+  }
+  if (r.statClass && !(*r.statClass >= 1 && *r.statClass <= 5)) return Ambiguous(game, at);
+  if (r.number) return Ambiguous(game, at);
+  return true;
+}
+
+// Writes the canonical run of a resolved reference over [r.start, end).
+std::size_t WriteBack(Elements& s, const Reference& r, std::size_t end, int p) {
+  Elements out(s.begin() + static_cast<std::ptrdiff_t>(r.variable.begin),
+               s.begin() + static_cast<std::ptrdiff_t>(r.variable.end));
+  const int v = r.varNumber;
+  const int cls = r.varClass;
+  const bool pointsVar = v == 4606 || v == 4607;
+  if (cls >= 1) {
+    if (!r.player.Empty())
+      out.insert(out.end(), s.begin() + static_cast<std::ptrdiff_t>(r.player.begin),
+                 s.begin() + static_cast<std::ptrdiff_t>(r.player.end));
+    else
+      out.push_back({kPlayerRef, (cls == 3 || pointsVar) ? 0.0 : static_cast<double>(p)});
+  }
+  if (cls >= 2) out.push_back({kFrame, r.frame.value_or(3)});
+  if (cls == 3) out.push_back({kStatField, r.field.value_or(0)});
+  if (cls == 4) {
+    const double x = r.statClass.value_or(pointsVar ? 6 : 1);
+    out.push_back({kStatClass, x});
+    out.push_back({kStatField, r.field.value_or(pointsVar ? 0 : (x == 1 ? 33 : 28))});
+  }
+  s.erase(s.begin() + static_cast<std::ptrdiff_t>(r.start), s.begin() + static_cast<std::ptrdiff_t>(end));
+  s.insert(s.begin() + static_cast<std::ptrdiff_t>(r.start), out.begin(), out.end());
+  return out.size();
+}
+
+// Ends the reference that stops before `end`; moves `end` and `rangeEnd` by
+// the change in length. False on failure.
+bool Finish(Game& game, Reference& r, std::size_t& end, std::size_t& rangeEnd, int p) {
+  if (!r.any) return true;
+  Elements& s = game.scriptCode.CompiledScript;
+  const Reference done = r;
+  r = Reference{};
+  if (done.onlyNumber()) return true;
+  const bool onlyPlayer = !done.player.Empty() && done.variable.Empty() && !done.frame &&
+                          !done.statClass && !done.field && !done.number;
+  if (onlyPlayer) {
+    ScriptElement& e = s[done.player.begin];
+    if (done.player.end - done.player.begin == 1) {
+      const double n = e.Value;
+      if (n >= 10 && n <= 14) e = {kVariable, 3200 + (n - 10)};
+      else if (n >= 1 && n <= 8) e = {kNumber, n};
+    }
+    return true;
+  }
+  if (done.variable.Empty()) return Ambiguous(game, done.start);
+  Reference resolved = done;
+  if (!Resolve(game, resolved)) return false;
+  const std::size_t written = WriteBack(s, resolved, end, p);
+  const std::size_t newEnd = done.start + written;
+  rangeEnd = rangeEnd + newEnd - end;
+  end = newEnd;
+  return true;
+}
+
+// Organises [from, rangeEnd); returns false on failure. rangeEnd follows the
+// insertions.
+bool OrganizeRange(Game& game, std::size_t from, std::size_t& rangeEnd, int p) {
+  Elements& s = game.scriptCode.CompiledScript;
+  Reference r;
+  std::size_t i = from;
+  while (i < rangeEnd) {
+    const ScriptElement e = s[i];
+    const int n = static_cast<int>(e.Value);
+    auto take = [&](Run& run, std::size_t len, const char* clash) -> int {
+      if (!run.Empty()) return Ambiguous(game, i, clash) ? 1 : 0;
+      if (!r.any) r.start = i;
+      r.any = true;
+      run = {i, i + len};
+      i += len;
+      return 2;
+    };
+    auto value = [&](std::optional<double>& slot, double v, const char* clash, bool clashes) {
+      if (slot || clashes) return Ambiguous(game, i, clash);
+      if (!r.any) r.start = i;
+      r.any = true;
+      slot = v;
+      ++i;
+      return true;
+    };
+    if (e.Kind == kFunction && i + 1 < rangeEnd && s[i + 1].Kind == kOpen &&
+        (n < 50 || n == 50 || n == 800)) {
+      const std::size_t len = MatchingClose(s, i + 1, rangeEnd) + 1 - i;
+      if (n == 50) {
+        if (take(r.player, len, "Ambiguous player references") != 2) return false;
+      } else {
+        if (take(r.variable, len, "Ambiguous variable references") != 2) return false;
+        r.varNumber = n;
+        r.varClass = FunctionClass(n);
+      }
+      continue;
+    }
+    bool ok = true;
+    switch (e.Kind) {
+      case kVariable:
+        if (take(r.variable, 1, "Ambiguous variable references") != 2) return false;
+        r.varNumber = n;
+        r.varClass = VariableClass(n);
+        continue;
+      case kPlayerRef:
+        if (take(r.player, 1, "Ambiguous player references") != 2) return false;
+        continue;
+      case kFrame: ok = value(r.frame, e.Value, "Ambiguous hand references", false); break;
+      case kStatClass: ok = value(r.statClass, e.Value, "Ambiguous variable references", false); break;
+      case kStatField:
+        ok = value(r.field, e.Value, "Ambiguous variable references", r.number.has_value());
+        break;
+      case kNumber:
+        ok = value(r.number, e.Value, "Ambiguous variable references", r.field.has_value());
+        if (ok) r.field = e.Value;
+        break;
+      default: {
+        std::size_t end = i;
+        if (!Finish(game, r, end, rangeEnd, p)) return false;
+        i = end;
+        // A nested bracket group was organised already: pass over it.
+        i = s[i].Kind == kOpen ? MatchingClose(s, i, rangeEnd) + 1 : i + 1;
+        continue;
+      }
+    }
+    if (!ok) return false;
+  }
+  std::size_t end = rangeEnd;
+  return Finish(game, r, end, rangeEnd, p);
+}
+
+}  // namespace
+
+bool CompileVariablesOrganize(Game& game, int p) {
+  Elements& s = game.scriptCode.CompiledScript;
+  std::vector<std::size_t> opens;
+  for (std::size_t i = 1; i < s.size(); ++i) {
+    if (s[i].Kind == kOpen) {
+      opens.push_back(i);
+    } else if (s[i].Kind == kClose && !opens.empty()) {
+      const std::size_t open = opens.back();
+      opens.pop_back();
+      std::size_t close = i;
+      if (!OrganizeRange(game, open + 1, close, p)) return false;
+      i = close;
+    }
+  }
+  std::size_t end = s.size();
+  return OrganizeRange(game, 1, end, p);
+}

@@ -1,0 +1,31 @@
+#include "script/script_dump.h"
+
+#include "script/code_state.h"
+#include "script/compile_common.h"
+
+std::string DumpScriptCode(const ScriptCode& code) {
+  std::string out;
+  const auto& s = code.CompiledScript;
+  for (std::size_t i = 0; i < s.size(); ++i) {
+    out += std::to_string(i);
+    out += ' ';
+    out += KindName(s[i].Kind);
+    out += ' ';
+    if (IsMark(s[i])) {
+      out += std::to_string(MarkLine(s[i]));
+      out += ':';
+    }
+    out += FormatGeneral(s[i].Value);
+    out += '\n';
+  }
+  for (std::size_t k = 1; k < code.StringPool.size(); ++k) {
+    out += 'S';
+    out += std::to_string(k);
+    out += ' ';
+    out += FormatGeneral(code.StringPool[k].Value);
+    out += " \"";
+    out += code.StringPool[k].Text;
+    out += "\"\n";
+  }
+  return out;
+}
