@@ -102,16 +102,19 @@ KeyFilterResult FilterNumericKey(std::string_view text, int selStart, int selLen
     if (before.empty() && !after.empty() && after.front() == '-') return refused;
     const std::size_t pointBefore = before.find('.');
     const std::size_t pointAfter = after.find('.');
-    const bool hasPoint = pointBefore != std::string_view::npos || pointAfter != std::string_view::npos;
+    const bool hasPoint =
+        pointBefore != std::string_view::npos || pointAfter != std::string_view::npos;
     if (key == '.') {
       if (hasPoint || decimals <= 0) return refused;
       // The digits that would stand behind the new point.
-      const auto tail = std::count_if(after.begin(), after.end(), [](char c) { return c >= '0' && c <= '9'; });
+      const auto tail =
+          std::count_if(after.begin(), after.end(), [](char c) { return c >= '0' && c <= '9'; });
       if (tail > decimals) return refused;
     } else if (pointBefore != std::string_view::npos) {
-      const auto behind = std::count_if(before.begin() + static_cast<long>(pointBefore), before.end(),
-                                        [](char c) { return c >= '0' && c <= '9'; }) +
-                          std::count_if(after.begin(), after.end(), [](char c) { return c >= '0' && c <= '9'; });
+      const auto behind =
+          std::count_if(before.begin() + static_cast<long>(pointBefore), before.end(),
+                        [](char c) { return c >= '0' && c <= '9'; }) +
+          std::count_if(after.begin(), after.end(), [](char c) { return c >= '0' && c <= '9'; });
       if (behind + 1 > decimals) return refused;
     } else {
       // A digit in the whole part: count the whole digits around the caret.

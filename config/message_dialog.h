@@ -20,20 +20,21 @@
 struct Game;
 
 // MsgStyle bits.
-constexpr int kMsgOk = 0x1;            // cmdButton(0) "OK"
-constexpr int kMsgYes = 0x2;           // cmdButton(1) "Yes"
-constexpr int kMsgNo = 0x4;            // cmdButton(2) "No"
-constexpr int kMsgCancel = 0x8;        // cmdButton(3) "Cancel"
-constexpr int kMsgHelp = 0x10;         // cmdButton(4) "Help"
-constexpr int kMsgSignedInput = 0x20;  // answer boxes: 4 decimals and a minus (without kMsgAmountInput)
-constexpr int kMsgInput1 = 0x40;       // one answer box
-constexpr int kMsgInput2 = 0x80;       // a second answer box
+constexpr int kMsgOk = 0x1;      // cmdButton(0) "OK"
+constexpr int kMsgYes = 0x2;     // cmdButton(1) "Yes"
+constexpr int kMsgNo = 0x4;      // cmdButton(2) "No"
+constexpr int kMsgCancel = 0x8;  // cmdButton(3) "Cancel"
+constexpr int kMsgHelp = 0x10;   // cmdButton(4) "Help"
+constexpr int kMsgSignedInput =
+    0x20;                         // answer boxes: 4 decimals and a minus (without kMsgAmountInput)
+constexpr int kMsgInput1 = 0x40;  // one answer box
+constexpr int kMsgInput2 = 0x80;  // a second answer box
 constexpr int kMsgPicOk = 0x100;
 constexpr int kMsgPicStop = 0x200;
 constexpr int kMsgPicQmark = 0x400;
 constexpr int kMsgPicAlert = 0x800;
-constexpr int kMsgFocusYes = 0x1000;   // focus opens on cmdButton(1)
-constexpr int kMsgFocusNo = 0x2000;    // focus opens on cmdButton(2)
+constexpr int kMsgFocusYes = 0x1000;         // focus opens on cmdButton(1)
+constexpr int kMsgFocusNo = 0x2000;          // focus opens on cmdButton(2)
 constexpr int kMsgHideNotAllowed = 0x10000;  // "Hide" clears NoticeFlags bit 1
 constexpr int kMsgHideLimits = 0x20000;      // bit 2
 constexpr int kMsgHideCharges = 0x40000;     // bit 4
@@ -69,8 +70,8 @@ InputRule MsgInputRule(int style);
 // selLength characters selected; a key replaces the selection.
 struct KeyFilterResult {
   bool accepted = false;
-  std::string text;   // the box's text after the key (unchanged when refused)
-  int caret = 0;      // the caret after the key
+  std::string text;  // the box's text after the key (unchanged when refused)
+  int caret = 0;     // the caret after the key
 };
 constexpr int kKeyBackspace = 8;
 // Backspace passes; a minus only with allowMinus at the start; one point with

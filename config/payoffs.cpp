@@ -5,18 +5,42 @@
 #include "engine/money.h"
 #include "engine/payoff_math.h"
 
-const std::string_view kFieldRowLabel[kFieldRows + 1] = {
-    "",
-    "2    (1.1)", "3    (1.2) (2.1)", "4    (1.3) (3.1)", "4    (2.2)", "5    (1.4) (4.1)",
-    "5    (2.3) (3.2)", "6    (1.5) (5.1)", "6    (2.4) (4.2)", "6    (3.3)", "7    (1.6) (6.1)",
-    "7    (2.5) (5.2)", "7    (3.4) (4.3)", "8    (2.6) (6.2)", "8    (3.5) (5.3)", "8    (4.4)",
-    "9    (3.6) (6.3)", "9    (4.5) (5.4)", "10   (4.6) (6.4)", "10   (5.5)", "11   (5.6) (6.5)",
-    "12   (6.6)"};
+const std::string_view kFieldRowLabel[kFieldRows + 1] = {"",
+                                                         "2    (1.1)",
+                                                         "3    (1.2) (2.1)",
+                                                         "4    (1.3) (3.1)",
+                                                         "4    (2.2)",
+                                                         "5    (1.4) (4.1)",
+                                                         "5    (2.3) (3.2)",
+                                                         "6    (1.5) (5.1)",
+                                                         "6    (2.4) (4.2)",
+                                                         "6    (3.3)",
+                                                         "7    (1.6) (6.1)",
+                                                         "7    (2.5) (5.2)",
+                                                         "7    (3.4) (4.3)",
+                                                         "8    (2.6) (6.2)",
+                                                         "8    (3.5) (5.3)",
+                                                         "8    (4.4)",
+                                                         "9    (3.6) (6.3)",
+                                                         "9    (4.5) (5.4)",
+                                                         "10   (4.6) (6.4)",
+                                                         "10   (5.5)",
+                                                         "11   (5.6) (6.5)",
+                                                         "12   (6.6)"};
 
-const std::string_view kFieldPresetCaption[kFieldPresetCount] = {
-    "&Field w/ 2x on Two and Twelve", "&Pass Line", "&Don't Pass (bar 12)", "Place &6",
-    "Place to &Lose 8", "Buy &10 (5 % vig)", "Lay &4 (5% vig on win only)", "H&ard 8", "&Horn",
-    "&World", "H&op 13", "&Midway", "&Crapless Craps Pass Line"};
+const std::string_view kFieldPresetCaption[kFieldPresetCount] = {"&Field w/ 2x on Two and Twelve",
+                                                                 "&Pass Line",
+                                                                 "&Don't Pass (bar 12)",
+                                                                 "Place &6",
+                                                                 "Place to &Lose 8",
+                                                                 "Buy &10 (5 % vig)",
+                                                                 "Lay &4 (5% vig on win only)",
+                                                                 "H&ard 8",
+                                                                 "&Horn",
+                                                                 "&World",
+                                                                 "H&op 13",
+                                                                 "&Midway",
+                                                                 "&Crapless Craps Pass Line"};
 
 namespace {
 
@@ -33,8 +57,8 @@ void SetBets(Game& game, std::initializer_list<int> bets, long a, long d) {
 
 // The pair of each Field row, smaller die first; every pair has one row.
 constexpr int kFieldRowDice[kFieldRows + 1][2] = {
-    {0, 0}, {1, 1}, {1, 2}, {1, 3}, {2, 2}, {1, 4}, {2, 3}, {1, 5}, {2, 4}, {3, 3}, {1, 6}, {2, 5},
-    {3, 4}, {2, 6}, {3, 5}, {4, 4}, {3, 6}, {4, 5}, {4, 6}, {5, 5}, {5, 6}, {6, 6}};
+    {0, 0}, {1, 1}, {1, 2}, {1, 3}, {2, 2}, {1, 4}, {2, 3}, {1, 5}, {2, 4}, {3, 3}, {1, 6},
+    {2, 5}, {3, 4}, {2, 6}, {3, 5}, {4, 4}, {3, 6}, {4, 5}, {4, 6}, {5, 5}, {5, 6}, {6, 6}};
 
 void FieldAll(Game& game, long a, long d) {
   for (int r = 1; r <= kFieldRows; ++r) SetRow(game.FieldPayoff, r, a, -1, d);
@@ -111,8 +135,10 @@ Currency FieldDenominator(const Game& game) {
   Currency d;
   for (int r = 1; r <= kFieldRows; ++r) {
     if (game.FieldPayoff(1, r).IsZero()) continue;
-    if (d.IsZero()) d = game.FieldPayoff(3, r);
-    else if (game.FieldPayoff(3, r) != d) return 1_usd;
+    if (d.IsZero())
+      d = game.FieldPayoff(3, r);
+    else if (game.FieldPayoff(3, r) != d)
+      return 1_usd;
   }
   return d.raw > 0 ? d : 1_usd;
 }
@@ -202,19 +228,19 @@ void SetFieldPreset(Game& game, FieldPreset preset) {
 
 int PayoffRowCode(int listRow) {
   if (listRow < 0 || listRow >= kPayoffListRows) return 0;
-  if (listRow < 42) return listRow + 1;       // 1..42
+  if (listRow < 42) return listRow + 1;  // 1..42
   if (listRow == 42) return 45;
   if (listRow == 43) return 48;
-  if (listRow < 56) return listRow + 6;       // 50..61
-  return listRow + 9;                         // 65..97
+  if (listRow < 56) return listRow + 6;  // 50..61
+  return listRow + 9;                    // 65..97
 }
 
 bool IsPayoffHeading(int code) { return code == 84 || code == 90; }
 
 std::string PayoffRowLabel(int code) {
   static constexpr const char* kNumbers[6] = {"4", "5", "6", "8", "9", "10"};
-  static constexpr const char* kMidway[6] = {"", "  -- Hard 6", "  -- Easy 6", "  -- 7", "  -- Easy 8",
-                                             "  -- Hard 8"};
+  static constexpr const char* kMidway[6] = {"",       "  -- Hard 6", "  -- Easy 6",
+                                             "  -- 7", "  -- Easy 8", "  -- Hard 8"};
   std::string s;
   if (code >= 7 && code <= 12) return (s = "DP/DC ") += kNumbers[code - 7];
   if (code >= 13 && code <= 18) return ((s = "DP/DC ") += kNumbers[code - 13]) += " Odds";
@@ -242,10 +268,14 @@ std::optional<PayoffCell> PayoffCellOf(int code) {
 
 Currency& PayoffValue(Game& game, PayoffCell cell, int k) {
   switch (cell.table) {
-    case PayoffTable::Midway: return game.MidwayPayoff(k, cell.row);
-    case PayoffTable::Fire: return game.FirePayoff(k, cell.row);
-    case PayoffTable::Field: return game.FieldPayoff(k, cell.row);
-    case PayoffTable::Bets: break;
+    case PayoffTable::Midway:
+      return game.MidwayPayoff(k, cell.row);
+    case PayoffTable::Fire:
+      return game.FirePayoff(k, cell.row);
+    case PayoffTable::Field:
+      return game.FieldPayoff(k, cell.row);
+    case PayoffTable::Bets:
+      break;
   }
   return game.PayoffTbl(k, cell.row);
 }
@@ -271,10 +301,14 @@ bool EnterPayoffDenominator(Game& game, PayoffCell cell, Currency d) {
 bool PayoffFlagKey(Game& game, PayoffCell cell, char key) {
   const bool isFor = PayoffValue(game, cell, 2).IsZero();
   bool wantFor;
-  if (key == 'T' || key == 't') wantFor = false;
-  else if (key == 'F' || key == 'f') wantFor = true;
-  else if (key == ' ') wantFor = !isFor;
-  else return false;
+  if (key == 'T' || key == 't')
+    wantFor = false;
+  else if (key == 'F' || key == 'f')
+    wantFor = true;
+  else if (key == ' ')
+    wantFor = !isFor;
+  else
+    return false;
   if (wantFor != isFor) {
     // The number on the screen stays: a + d "for" d shows what a "to" d showed.
     Currency& a = PayoffValue(game, cell, 1);
@@ -298,7 +332,8 @@ std::optional<ConfigFault> CheckPayoffs(const Game& game) {
       return ConfigFault{kTabPayoffs, 84 + r, 0, "Payoff ratio error",
                          "The payoffs on Midway must be positive amounts."};
   if (game.rules.UseFireBet && game.rules.MaxFireBet.IsZero())
-    return ConfigFault{kTabBets, 0, 0, "Max Fire Bet", "The max Fire bet must be greater than zero."};
+    return ConfigFault{kTabBets, 0, 0, "Max Fire Bet",
+                       "The max Fire bet must be greater than zero."};
   bool anyWin = false;
   for (int r = 0; r < kFireRows; ++r) {
     if (game.FirePayoff(1, r) < -game.FirePayoff(3, r))
@@ -307,7 +342,8 @@ std::optional<ConfigFault> CheckPayoffs(const Game& game) {
     anyWin = anyWin || game.FirePayoff(1, r).raw > 0;
   }
   if (!anyWin)
-    return ConfigFault{kTabPayoffs, 91, 0, "Payoff error", "At least one of the Fire bet payoffs must be positive."};
+    return ConfigFault{kTabPayoffs, 91, 0, "Payoff error",
+                       "At least one of the Fire bet payoffs must be positive."};
   anyWin = false;
   for (int r = 1; r <= kFieldRows; ++r) {
     if (game.FieldPayoff(1, r) < -game.FieldPayoff(3, r))
@@ -316,6 +352,7 @@ std::optional<ConfigFault> CheckPayoffs(const Game& game) {
     anyWin = anyWin || game.FieldPayoff(1, r).raw > 0;
   }
   if (!anyWin)
-    return ConfigFault{kTabPayoffs, 0, 1, "Payoff error", "At least one of the Field bet payoffs must be postiive."};
+    return ConfigFault{kTabPayoffs, 0, 1, "Payoff error",
+                       "At least one of the Field bet payoffs must be postiive."};
   return std::nullopt;
 }

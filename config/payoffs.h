@@ -22,13 +22,14 @@
 struct Game;
 
 constexpr int kFieldRows = 21;
-constexpr int kMidwayRows = 5;   // 1 hard 6, 2 easy 6, 3 seven, 4 easy 8, 5 hard 8
-constexpr int kFireRows = 7;     // rows 0..6: points made
+constexpr int kMidwayRows = 5;  // 1 hard 6, 2 easy 6, 3 seven, 4 easy 8, 5 hard 8
+constexpr int kFireRows = 7;    // rows 0..6: points made
 
 // Labels of the Field rows 1..21 (index 0 unused).
 extern const std::string_view kFieldRowLabel[kFieldRows + 1];
 // Dice total of each Field row 1..21 (index 0 unused).
-constexpr int kFieldRowTotal[kFieldRows + 1] = {0, 2, 3, 4, 4, 5, 5, 6, 6, 6, 7, 7, 7, 8, 8, 8, 9, 9, 10, 10, 11, 12};
+constexpr int kFieldRowTotal[kFieldRows + 1] = {0, 2, 3, 4, 4, 5, 5, 6,  6,  6,  7,
+                                                7, 7, 8, 8, 8, 9, 9, 10, 10, 11, 12};
 // Field row of the dice in either order (1..21).
 int FieldRow(int die1, int die2);
 
@@ -43,8 +44,20 @@ Currency FieldDenominator(const Game& game);
 
 // The "Set Field payoffs to" presets.
 enum FieldPreset : int {
-  kSFField, kSFPass, kSFDontPass, kSFPlace6, kSFPlaceLose8, kSFBuy10, kSFLay4,
-  kSFHard8, kSFHorn, kSFWorld, kSFHop13, kSFMidway, kSFCrapless, kFieldPresetCount
+  kSFField,
+  kSFPass,
+  kSFDontPass,
+  kSFPlace6,
+  kSFPlaceLose8,
+  kSFBuy10,
+  kSFLay4,
+  kSFHard8,
+  kSFHorn,
+  kSFWorld,
+  kSFHop13,
+  kSFMidway,
+  kSFCrapless,
+  kFieldPresetCount
 };
 extern const std::string_view kFieldPresetCaption[kFieldPresetCount];
 // Fills FieldPayoff so that the Field behaves like the named bet.
@@ -54,9 +67,9 @@ void SetFieldPreset(Game& game, FieldPreset preset);
 // 50..61, 65..97. Codes up to 83 are bet ids; 84 and 90 are the Midway and
 // Fire headings; 85..89 Midway rows 1..5; 91..97 Fire rows 0..6.
 constexpr int kPayoffListRows = 89;
-int PayoffRowCode(int listRow);          // list row 0..88 -> row code
-bool IsPayoffHeading(int code);          // 84 and 90 have no values
-std::string PayoffRowLabel(int code);    // the row's caption
+int PayoffRowCode(int listRow);        // list row 0..88 -> row code
+bool IsPayoffHeading(int code);        // 84 and 90 have no values
+std::string PayoffRowLabel(int code);  // the row's caption
 // Which table cell a row code edits.
 enum class PayoffTable { Bets, Midway, Fire, Field };
 struct PayoffCell {

@@ -8,8 +8,8 @@
 #include "engine/payoff_math.h"
 
 const std::string_view kOddsMethodCaption[kOddsMethodCount] = {
-    "Auto select", "X Flat - No Push", "X Flat w/ Minor Push", "X Flat w/ Color Push",
-    "X Flat - Single Odds", "Flat - Single Odds X"};
+    "Auto select",          "X Flat - No Push",     "X Flat w/ Minor Push",
+    "X Flat w/ Color Push", "X Flat - Single Odds", "Flat - Single Odds X"};
 const std::string_view kBetRequirementCaption[3] = {
     "No bets required to shoot", "Line bet required to shoot", "Any bet required to shoot"};
 const std::string_view kVigRoundCaption[3] = {"Rounded normally", "Rounded down", "Rounded up"};
@@ -33,9 +33,12 @@ namespace {
 
 // Word and bit of bet b in CompBets.
 void CompBit(int bet, int& word, int& bit) {
-  if (bet <= 31) word = 1, bit = bet - 1;
-  else if (bet <= 62) word = 2, bit = bet - 32;
-  else word = 3, bit = bet - 63;
+  if (bet <= 31)
+    word = 1, bit = bet - 1;
+  else if (bet <= 62)
+    word = 2, bit = bet - 32;
+  else
+    word = 3, bit = bet - 63;
 }
 
 }  // namespace
@@ -105,11 +108,19 @@ std::optional<ConfigFault> CheckRollRate(Game& game, RollRateBox& box) {
   const Currency value = ParseAmount(box.text);
   const int style = kMsgOk | kMsgHelp | kMsgPicStop;
   if (value.raw <= 0)
-    return ConfigFault{kTabChecksDice, 0, 0, "Sim Roll Rate Out Of Limits",
-                       "The simulated roll rate must be greater than zero.", style};
+    return ConfigFault{kTabChecksDice,
+                       0,
+                       0,
+                       "Sim Roll Rate Out Of Limits",
+                       "The simulated roll rate must be greater than zero.",
+                       style};
   if (value > Currency::FromWhole(kRollRateRow[row].largest))
-    return ConfigFault{kTabChecksDice, 0, 0, "Sim Roll Rate Out Of Limits",
-                       std::string("The maximum simulated ") + std::string(kRollRateRow[row].caption) +
+    return ConfigFault{kTabChecksDice,
+                       0,
+                       0,
+                       "Sim Roll Rate Out Of Limits",
+                       std::string("The maximum simulated ") +
+                           std::string(kRollRateRow[row].caption) +
                            std::string(kRollRateRow[row].largestText),
                        style};
   game.rules.RollsPerHour = RollsPerHourFromBox(value, row);
@@ -123,7 +134,8 @@ std::optional<ConfigFault> FindConfigFault(Game& game, RollRateBox* rateBox) {
   for (int i = 1; i <= 5; ++i) {
     const Currency c = game.CheckValue(i);
     if (c.raw <= 0)
-      return ConfigFault{kTabChecksDice, i, 0, "Check Values", "Check values must be greater than zero."};
+      return ConfigFault{kTabChecksDice, i, 0, "Check Values",
+                         "Check values must be greater than zero."};
     if (i > 1 && c <= game.CheckValue(i - 1))
       return ConfigFault{kTabChecksDice, i, 0, "Check Values",
                          "Checks must be listed in ascending order with the "

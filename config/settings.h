@@ -23,41 +23,41 @@ using Long = std::int32_t;
 
 // Odds calculation methods (OddsCalcMethod).
 enum OddsMethod : Long {
-  kOddsAutoSelect = 0,     // "Auto select"
-  kOddsFlatNoPush = 1,     // "X Flat - No Push"
-  kOddsMinorPush = 2,      // "X Flat w/ Minor Push"
-  kOddsColorPush = 3,      // "X Flat w/ Color Push"
-  kOddsSingleOdds = 4,     // "X Flat - Single Odds"
-  kOddsFlatSingleX = 5,    // "Flat - Single Odds X"
+  kOddsAutoSelect = 0,   // "Auto select"
+  kOddsFlatNoPush = 1,   // "X Flat - No Push"
+  kOddsMinorPush = 2,    // "X Flat w/ Minor Push"
+  kOddsColorPush = 3,    // "X Flat w/ Color Push"
+  kOddsSingleOdds = 4,   // "X Flat - Single Odds"
+  kOddsFlatSingleX = 5,  // "Flat - Single Odds X"
   kOddsMethodCount
 };
 
 // What it takes to shoot (BetRequirement).
 enum BetRequirementKind : Long {
-  kNoBetRequired = 0,      // "No bets required to shoot"
-  kLineBetRequired = 1,    // "Line bet required to shoot"
-  kAnyBetRequired = 2,     // "Any bet required to shoot"
+  kNoBetRequired = 0,    // "No bets required to shoot"
+  kLineBetRequired = 1,  // "Line bet required to shoot"
+  kAnyBetRequired = 2,   // "Any bet required to shoot"
 };
 
 // Rounding of the vig (BuyVigRound, LayVigRound).
 enum VigRounding : Long {
-  kVigRoundNormal = 0,     // "Rounded normally"
-  kVigRoundDown = 1,       // "Rounded down"
-  kVigRoundUp = 2,         // "Rounded up"
+  kVigRoundNormal = 0,  // "Rounded normally"
+  kVigRoundDown = 1,    // "Rounded down"
+  kVigRoundUp = 2,      // "Rounded up"
 };
 
 // Classes of notice the user wants to see (NoticeFlags).
-constexpr Long kNoticeNotAllowed = 1;       // " Actions not allowed"
-constexpr Long kNoticeLimits = 2;           // " Betting limits reached"
-constexpr Long kNoticeCharges = 4;          // " Charges and/or change"
-constexpr Long kNoticeScriptNormal = 8;     // " Auto-Bet messages normal play"
-constexpr Long kNoticeScriptHyper = 16;     // " Auto-Bet messages Hyper-Drive"
+constexpr Long kNoticeNotAllowed = 1;    // " Actions not allowed"
+constexpr Long kNoticeLimits = 2;        // " Betting limits reached"
+constexpr Long kNoticeCharges = 4;       // " Charges and/or change"
+constexpr Long kNoticeScriptNormal = 8;  // " Auto-Bet messages normal play"
+constexpr Long kNoticeScriptHyper = 16;  // " Auto-Bet messages Hyper-Drive"
 
 // Comp base (CompBase).
 enum CompBaseKind : Long {
-  kCompTheoreticalVig = 0,   // " Theoretical house vig"
-  kCompTotalAction = 1,      // " Total comp action"
-  kCompAverageAction = 2,    // " Average comp action and time"
+  kCompTheoreticalVig = 0,  // " Theoretical house vig"
+  kCompTotalAction = 1,     // " Total comp action"
+  kCompAverageAction = 2,   // " Average comp action and time"
 };
 
 struct TableSettings {
@@ -74,7 +74,7 @@ struct TableSettings {
   // Choices.
   Long OddsCalcMethod = kOddsAutoSelect;
   Long BetRequirement = kLineBetRequired;
-  Long BarNumber = 12;            // 2 or 12: the come-out number on which a Don't bet pushes
+  Long BarNumber = 12;  // 2 or 12: the come-out number on which a Don't bet pushes
   bool AllowPutBets = true;
   bool UseBig68 = true;
   bool UseMidwayBet = true;
@@ -83,7 +83,7 @@ struct TableSettings {
   // Vig.
   Currency BuyVigRate = Currency::FromRaw(500);  // 0.05
   Currency LayVigRate = Currency::FromRaw(500);
-  bool BuyVigUpFront = true;      // "Charge all Buy bets"; false: winning bets only
+  bool BuyVigUpFront = true;  // "Charge all Buy bets"; false: winning bets only
   bool LayVigUpFront = true;
   Long BuyVigRound = kVigRoundNormal;
   Long LayVigRound = kVigRoundNormal;
@@ -91,21 +91,21 @@ struct TableSettings {
   // Checks and dice.
   bool AutoArrangeChecks = true;
   bool UseCentsSymbol = true;
-  Long DiceAction = 0;            // 0 Normal, 1 Stationary, 2 Stationary Ctr
+  Long DiceAction = 0;  // 0 Normal, 1 Stationary, 2 Stationary Ctr
   Currency RollsPerHour = 120_usd;
-  Long RollsPerTimeRow = 0;       // row of cmbRollsPerTime the rate is shown in
+  Long RollsPerTimeRow = 0;  // row of cmbRollsPerTime the rate is shown in
   Long CheckStyle = 2;
   Long DiceStyle = 1;
-  Long SelectedCheck = 1;         // check denomination selected for betting (1..5)
+  Long SelectedCheck = 1;  // check denomination selected for betting (1..5)
 
   // Comps.
-  Currency CompRate = 30_usd;     // percent of the comp base
+  Currency CompRate = 30_usd;  // percent of the comp base
   Long CompBase = kCompTheoreticalVig;
   bool CompsUseTrueProbs = true;
   // Bit sets of the bets that count for comps: word 1 bit b-1 for b 1..31,
   // word 2 bit b-32 for b 32..62, word 3 bit b-63 for b 63 on. Index 0 unused.
   std::array<Long, 4> CompBets = {0, static_cast<Long>(0xC0FC0FFFu), static_cast<Long>(0xFFFF6FFFu),
-                                   static_cast<Long>(0xFFFFFFFFu)};
+                                  static_cast<Long>(0xFFFFFFFFu)};
 
   // Sound: selections of the sound sets (0 none, 1..n a file, above n random).
   Long DiceSoundSet = 0;
@@ -164,21 +164,22 @@ std::string RollRateBoxText(Currency rollsPerHour, int row);
 
 // A fault found by the configuration checks: where it is and what to say.
 struct ConfigFault {
-  int tab = 0;        // the frmConfigure tab to bring up
-  int row = 0;        // the payoff list's row code or the check index, 0 when none
-  int fieldRow = 0;   // the Field row to bring into view, 0 when none
+  int tab = 0;       // the frmConfigure tab to bring up
+  int row = 0;       // the payoff list's row code or the check index, 0 when none
+  int fieldRow = 0;  // the Field row to bring into view, 0 when none
   std::string title;
   std::string text;   // pieces joined by CR
   int style = 0x201;  // OK with picStop
 };
 constexpr int kTabChecksDice = 0, kTabColors = 1, kTabComps = 2, kTabSound = 3, kTabMisc = 4,
-              kTabBankroll = 5, kTabBets = 6, kTabPayoffs = 7, kTabProbability = 8, kTabAdvantage = 9;
+              kTabBankroll = 5, kTabBets = 6, kTabPayoffs = 7, kTabProbability = 8,
+              kTabAdvantage = 9;
 
 // txtRollsPerHour as CheckConfigValues sees it.
 struct RollRateBox {
   std::string text;
   int row = 0;
-  bool changed = false;   // a key was pressed since the last check
+  bool changed = false;  // a key was pressed since the last check
 };
 // CheckRollRate: refuses 0 and values above the row's largest; otherwise
 // stores RollsPerHour and clears the mark.

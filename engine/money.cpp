@@ -91,7 +91,8 @@ void AppendMoney(std::string& out, Currency a) {
   char* end = buf + sizeof buf;
   char* p = end;
   bool negative = a.raw < 0;
-  std::uint64_t mag = negative ? 0 - static_cast<std::uint64_t>(a.raw) : static_cast<std::uint64_t>(a.raw);
+  std::uint64_t mag =
+      negative ? 0 - static_cast<std::uint64_t>(a.raw) : static_cast<std::uint64_t>(a.raw);
   std::uint64_t whole = mag / Currency::kScale;
   unsigned frac = static_cast<unsigned>(mag % Currency::kScale);
   if (mag == 0) {
@@ -146,12 +147,16 @@ double LeadingValue(std::string_view text) {
     if (IsBlank(c)) continue;
     if (IsDigit(c)) {
       anyDigit = true;
-      if (n < kRoom) buf[n++] = c;
-      else if (!point) ++droppedWhole;
+      if (n < kRoom)
+        buf[n++] = c;
+      else if (!point)
+        ++droppedWhole;
     } else if (c == '.' && !point) {
       point = true;
-      if (n < kRoom) buf[n++] = c;
-      else break;  // further decimals are far below the kept digits
+      if (n < kRoom)
+        buf[n++] = c;
+      else
+        break;  // further decimals are far below the kept digits
     } else {
       break;
     }
@@ -207,7 +212,7 @@ bool ReadExactAmount(std::string_view text, Currency& out) {
   i128 value = 0;  // in ten-thousandths
   bool overflow = false, anyDigit = false, point = false;
   int decimals = 0;
-  int roundDigit = -1;   // the fifth decimal
+  int roundDigit = -1;  // the fifth decimal
   bool stickyBelow = false;
   for (; i < n; ++i) {
     char c = text[i];
@@ -215,8 +220,10 @@ bool ReadExactAmount(std::string_view text, Currency& out) {
       anyDigit = true;
       int d = c - '0';
       if (!point) {
-        if (value > static_cast<i128>(INT64_MAX) * 10) overflow = true;
-        else value = value * 10 + d;
+        if (value > static_cast<i128>(INT64_MAX) * 10)
+          overflow = true;
+        else
+          value = value * 10 + d;
       } else if (decimals < 4) {
         value = value * 10 + d;
         ++decimals;

@@ -81,10 +81,17 @@ bool IsDontLike(int bet) { return bet == bet::kDontPass || IsDontComePoint(bet);
 
 Currency OddsMultiple(const Game& game, int number) {
   switch (number) {
-    case 4: case 10: return game.rules.OddsAllowed410;
-    case 5: case 9: return game.rules.OddsAllowed59;
-    case 6: case 8: return game.rules.OddsAllowed68;
-    default: return Currency{};
+    case 4:
+    case 10:
+      return game.rules.OddsAllowed410;
+    case 5:
+    case 9:
+      return game.rules.OddsAllowed59;
+    case 6:
+    case 8:
+      return game.rules.OddsAllowed68;
+    default:
+      return Currency{};
   }
 }
 
@@ -96,10 +103,14 @@ Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Curre
   const Currency c = CurMul(x + 1_usd, base);
 
   if (method == kOddsAutoSelect) {
-    if (!IsWhole(x)) method = kOddsFlatNoPush;
-    else if (x == 1_usd) method = kOddsSingleOdds;
-    else if (x == 3_usd) method = kOddsFlatSingleX;
-    else method = kOddsColorPush;
+    if (!IsWhole(x))
+      method = kOddsFlatNoPush;
+    else if (x == 1_usd)
+      method = kOddsSingleOdds;
+    else if (x == 3_usd)
+      method = kOddsFlatSingleX;
+    else
+      method = kOddsColorPush;
   }
 
   Currency r = m;
@@ -118,11 +129,16 @@ Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Curre
         cand[i] = m;
         if (d[i].raw > 0 && base.raw / d[i].raw > 1) cand[i] = ColorCandidate(m, p, s, d[i]);
       }
-      if (m < cand[5] && cand[5] < c && WholeQuotient(base, 100_usd)) r = cand[5];
-      else if (m < cand[4] && cand[4] < c && WholeQuotient(base, 25_usd)) r = cand[4];
-      else if (m < cand[3] && cand[3] < c && WholeQuotient(base, 5_usd)) r = cand[3];
-      else if (m < cand[2] && cand[2] < c) r = cand[2];
-      else r = cand[1];
+      if (m < cand[5] && cand[5] < c && WholeQuotient(base, 100_usd))
+        r = cand[5];
+      else if (m < cand[4] && cand[4] < c && WholeQuotient(base, 25_usd))
+        r = cand[4];
+      else if (m < cand[3] && cand[3] < c && WholeQuotient(base, 5_usd))
+        r = cand[3];
+      else if (m < cand[2] && cand[2] < c)
+        r = cand[2];
+      else
+        r = cand[1];
       break;
     }
     case kOddsSingleOdds:
@@ -149,9 +165,12 @@ Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Curre
 Currency FigureOddsMaximum(const Game& game, int bet, Currency base, Currency payNumber,
                            Currency payStake) {
   int number = 0;
-  if (IsComeOdds(bet)) number = BoxNumber(bet - bet::kComeOddsFirst);
-  else if (IsDontComeOdds(bet)) number = BoxNumber(bet - bet::kDontComeOddsFirst);
-  else if (IsLineOdds(bet)) number = game.Point;
+  if (IsComeOdds(bet))
+    number = BoxNumber(bet - bet::kComeOddsFirst);
+  else if (IsDontComeOdds(bet))
+    number = BoxNumber(bet - bet::kDontComeOddsFirst);
+  else if (IsLineOdds(bet))
+    number = game.Point;
   const Currency x = OddsMultiple(game, number);
   if (x.IsZero() || base.raw <= 0) return Currency{};
   Currency checks[6];
@@ -178,10 +197,14 @@ void FigureProperUnits(Game& game) {
 Currency ProperOddsUnit(const Game& game, int bet) {
   const int point = game.Point;
   int from = bet;
-  if (bet == bet::kPassLine) from = IsBoxNumber(point) ? ComeId(point) : bet::kCome;
-  else if (bet == bet::kDontPass) from = IsBoxNumber(point) ? DontComeId(point) : bet::kDontCome;
-  else if (bet == bet::kPassLineOdds && IsBoxNumber(point)) from = ComeId(point) + 6;
-  else if (bet == bet::kDontPassOdds && IsBoxNumber(point)) from = DontComeId(point) + 6;
+  if (bet == bet::kPassLine)
+    from = IsBoxNumber(point) ? ComeId(point) : bet::kCome;
+  else if (bet == bet::kDontPass)
+    from = IsBoxNumber(point) ? DontComeId(point) : bet::kDontCome;
+  else if (bet == bet::kPassLineOdds && IsBoxNumber(point))
+    from = ComeId(point) + 6;
+  else if (bet == bet::kDontPassOdds && IsBoxNumber(point))
+    from = DontComeId(point) + 6;
   return game.PayoffTbl(0, from);
 }
 
@@ -217,8 +240,9 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
         if (d[i].raw <= 0) continue;
         const Currency wide = Currency::FromRaw(
             static_cast<std::int64_t>(static_cast<i128>(w.raw) * d[i].raw / d[1].raw));
-        const bool fits = a.IsZero() ? b >= wide
-                                     : WholeQuotient(a, d[i]) && Currency::FromRaw(std::llabs(a.raw)) >= wide;
+        const bool fits =
+            a.IsZero() ? b >= wide
+                       : WholeQuotient(a, d[i]) && Currency::FromRaw(std::llabs(a.raw)) >= wide;
         if (fits) {
           w = wide;
           break;
@@ -239,9 +263,12 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
     if (in.bias == 1) {
       take(a.raw < 0 ? Pick::Lo : Pick::Hi);
     } else if (in.bias == 2) {
-      if (a.raw > 0) take(lo.raw > 0 ? Pick::Lo : Pick::Hi);
-      else if (a.raw < 0) take(!hi.IsZero() ? Pick::Hi : Pick::Lo);
-      else take(Pick::Lo);
+      if (a.raw > 0)
+        take(lo.raw > 0 ? Pick::Lo : Pick::Hi);
+      else if (a.raw < 0)
+        take(!hi.IsZero() ? Pick::Hi : Pick::Lo);
+      else
+        take(Pick::Lo);
     } else if (IsComeLike(in.bet) && b + lo < in.contract) {
       take(Pick::Hi);
     } else if (IsDontLike(in.bet) && !in.contract.IsZero() && b + hi > in.contract) {
@@ -286,8 +313,10 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
       if (text->find("Maximum") != std::string::npos || hiTooHigh)
         AppendLine(*text, "Maximum bet for proper odds payoff is: $", b + choice);
       if (text->find("Minimum") != std::string::npos || (a.raw < 0 && choice.IsZero())) {
-        if (choice != -b) AppendLine(*text, "Minimum bet for proper odds payoff is: $", b + choice);
-        else text->clear();
+        if (choice != -b)
+          AppendLine(*text, "Minimum bet for proper odds payoff is: $", b + choice);
+        else
+          text->clear();
       }
     }
     return choice;
@@ -321,7 +350,8 @@ Currency FigureLayVig(const Game& game, int bet, Currency amount) {
   if (!IsLay(bet) || game.rules.LayVigRate.IsZero()) return Currency{};
   const double p1 = game.PayoffTbl(1, bet).ToDouble(), p3 = game.PayoffTbl(3, bet).ToDouble();
   if (p3 == 0.0) return Currency{};
-  const Currency figure = CurFromDouble(amount.ToDouble() * p1 / p3 * game.rules.LayVigRate.ToDouble());
+  const Currency figure =
+      CurFromDouble(amount.ToDouble() * p1 / p3 * game.rules.LayVigRate.ToDouble());
   if (figure.raw < 0) return Currency{};
   return RoundVig(figure, amount, game.rules.LayVigRound, game.CheckValue(1));
 }

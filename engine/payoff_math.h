@@ -39,15 +39,15 @@ void FigureProperUnits(Game& game);
 // rule can be tested and reasoned about by itself.
 struct ProperOddsInput {
   int bet = 0;
-  Currency current;     // B, the bet as it stands
-  Currency change;      // A, the change asked for
-  Currency unit;        // w, the proper unit of the bet (after the line-bet swap)
-  Currency maximum;     // BetMaximum
-  Currency minimum;     // BetMinimum
-  Currency contract;    // BetContract of the bet
-  int mode = 0;         // AutoAdjustMode: 1 minor, 2 color correction
-  int bias = 0;         // 0 nearest, 1 increase, 2 decrease
-  Currency checks[6];   // CheckValue(1..5) at 1..5
+  Currency current;    // B, the bet as it stands
+  Currency change;     // A, the change asked for
+  Currency unit;       // w, the proper unit of the bet (after the line-bet swap)
+  Currency maximum;    // BetMaximum
+  Currency minimum;    // BetMinimum
+  Currency contract;   // BetContract of the bet
+  int mode = 0;        // AutoAdjustMode: 1 minor, 2 color correction
+  int bias = 0;        // 0 nearest, 1 increase, 2 decrease
+  Currency checks[6];  // CheckValue(1..5) at 1..5
 };
 // The adjusted change. `text` is the pending message text (null in Hyper-Drive).
 Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text);

@@ -21,7 +21,8 @@ class Payoffs : public ::testing::Test {
     return {g.PayoffTbl(1, bet).raw / Currency::kScale, g.PayoffTbl(3, bet).raw / Currency::kScale};
   }
   std::pair<long, long> Field(int row) {
-    return {g.FieldPayoff(1, row).raw / Currency::kScale, g.FieldPayoff(3, row).raw / Currency::kScale};
+    return {g.FieldPayoff(1, row).raw / Currency::kScale,
+            g.FieldPayoff(3, row).raw / Currency::kScale};
   }
   std::unique_ptr<Game> owner = std::make_unique<Game>();
   Game& g = *owner;
@@ -30,23 +31,64 @@ class Payoffs : public ::testing::Test {
 using P = std::pair<long, long>;
 
 TEST_F(Payoffs, DefaultBetRows) {
-  struct Row { int bet; long a, d; };
+  struct Row {
+    int bet;
+    long a, d;
+  };
   const Row rows[] = {
-      {LayId(4), 1, 2}, {LayId(10), 1, 2}, {DontComeId(4) + 6, 1, 2}, {DontComeId(10) + 6, 1, 2},
-      {LayId(5), 2, 3}, {LayId(9), 2, 3}, {DontComeId(5) + 6, 2, 3}, {DontComeId(9) + 6, 2, 3},
-      {LayId(6), 5, 6}, {LayId(8), 5, 6}, {DontComeId(6) + 6, 5, 6}, {DontComeId(8) + 6, 5, 6},
-      {ComeId(4) + 6, 2, 1}, {ComeId(10) + 6, 2, 1}, {BuyId(4), 2, 1}, {BuyId(10), 2, 1},
-      {ComeId(5) + 6, 3, 2}, {ComeId(9) + 6, 3, 2}, {BuyId(5), 3, 2}, {BuyId(9), 3, 2},
-      {ComeId(6) + 6, 6, 5}, {ComeId(8) + 6, 6, 5}, {BuyId(6), 6, 5}, {BuyId(8), 6, 5},
-      {PlaceId(4), 9, 5}, {PlaceId(10), 9, 5}, {PlaceId(5), 7, 5}, {PlaceId(9), 7, 5},
-      {PlaceId(6), 7, 6}, {PlaceId(8), 7, 6},
-      {bet::kHard4, 7, 1}, {bet::kHard10, 7, 1}, {bet::kHard6, 9, 1}, {bet::kHard8, 9, 1},
-      {bet::kTwo, 30, 1}, {bet::kTwelve, 30, 1}, {bet::kThree, 15, 1}, {bet::kEleven, 15, 1},
-      {bet::kSeven, 4, 1}, {bet::kCraps, 7, 1},
-      {bet::kCandE, 1, 2}, {bet::kHorn, 1, 4}, {bet::kWorld, 1, 5},
+      {LayId(4), 1, 2},
+      {LayId(10), 1, 2},
+      {DontComeId(4) + 6, 1, 2},
+      {DontComeId(10) + 6, 1, 2},
+      {LayId(5), 2, 3},
+      {LayId(9), 2, 3},
+      {DontComeId(5) + 6, 2, 3},
+      {DontComeId(9) + 6, 2, 3},
+      {LayId(6), 5, 6},
+      {LayId(8), 5, 6},
+      {DontComeId(6) + 6, 5, 6},
+      {DontComeId(8) + 6, 5, 6},
+      {ComeId(4) + 6, 2, 1},
+      {ComeId(10) + 6, 2, 1},
+      {BuyId(4), 2, 1},
+      {BuyId(10), 2, 1},
+      {ComeId(5) + 6, 3, 2},
+      {ComeId(9) + 6, 3, 2},
+      {BuyId(5), 3, 2},
+      {BuyId(9), 3, 2},
+      {ComeId(6) + 6, 6, 5},
+      {ComeId(8) + 6, 6, 5},
+      {BuyId(6), 6, 5},
+      {BuyId(8), 6, 5},
+      {PlaceId(4), 9, 5},
+      {PlaceId(10), 9, 5},
+      {PlaceId(5), 7, 5},
+      {PlaceId(9), 7, 5},
+      {PlaceId(6), 7, 6},
+      {PlaceId(8), 7, 6},
+      {bet::kHard4, 7, 1},
+      {bet::kHard10, 7, 1},
+      {bet::kHard6, 9, 1},
+      {bet::kHard8, 9, 1},
+      {bet::kTwo, 30, 1},
+      {bet::kTwelve, 30, 1},
+      {bet::kThree, 15, 1},
+      {bet::kEleven, 15, 1},
+      {bet::kSeven, 4, 1},
+      {bet::kCraps, 7, 1},
+      {bet::kCandE, 1, 2},
+      {bet::kHorn, 1, 4},
+      {bet::kWorld, 1, 5},
       // Even money.
-      {bet::kPassLine, 1, 1}, {bet::kCome, 1, 1}, {ComeId(6), 1, 1}, {DontComeId(4), 1, 1},
-      {bet::kField, 1, 1}, {bet::kBig6, 1, 1}, {bet::kOver7, 1, 1}, {bet::kMidway, 1, 1}, {bet::kFire, 1, 1},
+      {bet::kPassLine, 1, 1},
+      {bet::kCome, 1, 1},
+      {ComeId(6), 1, 1},
+      {DontComeId(4), 1, 1},
+      {bet::kField, 1, 1},
+      {bet::kBig6, 1, 1},
+      {bet::kOver7, 1, 1},
+      {bet::kMidway, 1, 1},
+      {bet::kFire, 1, 1},
   };
   for (const Row& r : rows) EXPECT_EQ(Pair(r.bet), P(r.a, r.d)) << BetName(r.bet);
   for (int h = bet::kHopFirst; h <= bet::kHopLast; ++h) {

@@ -63,8 +63,8 @@ TEST_F(Settings, NoticeFlagsAndVigPercent) {
 }
 
 TEST_F(Settings, RollRateRows) {
-  EXPECT_EQ(RollsPerHourFromBox(30_usd, 5), 120_usd);       // 30 secs / roll
-  EXPECT_EQ(RollRateBoxText(120_usd, 1), "2");              // as rolls / min
+  EXPECT_EQ(RollsPerHourFromBox(30_usd, 5), 120_usd);  // 30 secs / roll
+  EXPECT_EQ(RollRateBoxText(120_usd, 1), "2");         // as rolls / min
   EXPECT_EQ(RollRateBoxText(120_usd, 4), "0.5");
   EXPECT_EQ(RollRateBoxText(Currency::FromRaw(1000), 2), "<.0001");
   EXPECT_EQ(RollRateBoxText(1000_usd, 2), "0.2778");
@@ -105,7 +105,8 @@ TEST_F(Settings, ConfigChecksInOrderAndTheNotice) {
   g.CheckValue(2) = 5_usd;
   ASSERT_TRUE(f = FindConfigFault(g, nullptr));
   EXPECT_EQ(f->text,
-            "Checks must be listed in ascending order with the smallest valued check in the leftmost position.");
+            "Checks must be listed in ascending order with the smallest valued check in the "
+            "leftmost position.");
   g.CheckValue(3) = 0_usd;
   ASSERT_TRUE(f = FindConfigFault(g, nullptr));
   EXPECT_EQ(f->text, "Check values must be greater than zero.");

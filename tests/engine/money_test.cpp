@@ -9,8 +9,8 @@ namespace {
 Currency Raw(std::int64_t r) { return Currency::FromRaw(r); }
 
 TEST(Money, ConversionFromDoubleRoundsTiesToEven) {
-  EXPECT_EQ(CurFromDouble(0.00125), Raw(12));    // 12.5 ten-thousandths -> 12
-  EXPECT_EQ(CurFromDouble(0.00135), Raw(14));    // 13.5 -> 14
+  EXPECT_EQ(CurFromDouble(0.00125), Raw(12));  // 12.5 ten-thousandths -> 12
+  EXPECT_EQ(CurFromDouble(0.00135), Raw(14));  // 13.5 -> 14
   EXPECT_EQ(CurFromDouble(-0.00125), Raw(-12));
   EXPECT_EQ(CurFromDouble(-0.00135), Raw(-14));
   EXPECT_EQ(CurFromDouble(2.71828), Raw(27183));
@@ -21,13 +21,13 @@ TEST(Money, ConversionFromDoubleRoundsTiesToEven) {
 }
 
 TEST(Money, ProductsRoundToNearestTiesToEven) {
-  EXPECT_EQ(CurMul(10_usd, Raw(500)), Raw(5000));         // 10 x 0.05 = 0.50
-  EXPECT_EQ(CurMul(Raw(1), Raw(5000)), Raw(0));           // 0.00005 -> 0
-  EXPECT_EQ(CurMul(Raw(3), Raw(5000)), Raw(2));           // 0.00015 -> 0.0002
+  EXPECT_EQ(CurMul(10_usd, Raw(500)), Raw(5000));  // 10 x 0.05 = 0.50
+  EXPECT_EQ(CurMul(Raw(1), Raw(5000)), Raw(0));    // 0.00005 -> 0
+  EXPECT_EQ(CurMul(Raw(3), Raw(5000)), Raw(2));    // 0.00015 -> 0.0002
   EXPECT_EQ(CurMul(Raw(-3), Raw(5000)), Raw(-2));
-  EXPECT_EQ(CurMul(Raw(7), Raw(7000)), Raw(5));           // 0.00049 -> 0.0005
-  EXPECT_EQ(CurMul(Raw(25000), 10_usd), 25_usd);          // 2.5 x 10
-  EXPECT_EQ(CurMul(kCurrencyMax, 2_usd), kCurrencyMax);   // saturates, no wrap
+  EXPECT_EQ(CurMul(Raw(7), Raw(7000)), Raw(5));          // 0.00049 -> 0.0005
+  EXPECT_EQ(CurMul(Raw(25000), 10_usd), 25_usd);         // 2.5 x 10
+  EXPECT_EQ(CurMul(kCurrencyMax, 2_usd), kCurrencyMax);  // saturates, no wrap
 }
 
 TEST(Money, IntIsTheFloorAlsoForNegatives) {
@@ -61,7 +61,7 @@ TEST(Money, FormatMoneyFollowsTheTwoFormats) {
   EXPECT_EQ(FormatMoney(-1234567_usd), "-1,234,567");
   EXPECT_EQ(FormatMoney(Raw(12345000)), "1,234.50");
   EXPECT_EQ(FormatMoney(Raw(123450)), "12.345");
-  EXPECT_EQ(FormatMoney(Raw(1234)), ".1234");       // "#" shows no leading zero
+  EXPECT_EQ(FormatMoney(Raw(1234)), ".1234");  // "#" shows no leading zero
   EXPECT_EQ(FormatMoney(Raw(-5000)), "-.50");
   EXPECT_EQ(FormatMoney(Raw(-9999995000)), "-999,999.50");
   EXPECT_EQ(FormatMoney(kCurrencyMax), "922,337,203,685,477.5807");
@@ -87,7 +87,7 @@ TEST(Money, ParseAmountOnOddInput) {
   EXPECT_EQ(ParseAmount(""), 0_usd);
   EXPECT_EQ(ParseAmount("abc"), 0_usd);
   EXPECT_EQ(ParseAmount("0.00"), 0_usd);
-  EXPECT_EQ(ParseAmount("$5"), 0_usd);           // leading value 0
+  EXPECT_EQ(ParseAmount("$5"), 0_usd);  // leading value 0
   EXPECT_EQ(ParseAmount("12.34"), Raw(123400));
   EXPECT_EQ(ParseAmount("  7 "), 7_usd);
   EXPECT_EQ(ParseAmount("1,234.5"), Raw(12345000));

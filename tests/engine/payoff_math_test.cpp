@@ -43,7 +43,7 @@ TEST_F(PayoffMath, AutoSelectSingleOddsPaysInWholeChecks) {
 
 TEST_F(PayoffMath, AutoSelectTripleOddsGoesByTheFlatBet) {
   g.rules.OddsAllowed59 = 3_usd;
-  EXPECT_EQ(ComeOddsMax(5, 5_usd), 18_usd);   // 3 x RoundUp(5, 2) = 18
+  EXPECT_EQ(ComeOddsMax(5, 5_usd), 18_usd);  // 3 x RoundUp(5, 2) = 18
   g.rules.OddsAllowed410 = 3_usd;
   EXPECT_EQ(ComeOddsMax(4, 5_usd), 15_usd);
 }
@@ -133,13 +133,13 @@ TEST_F(PayoffMath, ProperUnitsPayInWholeSmallestChecks) {
 TEST_F(PayoffMath, VigRoundsToTheSmallestCheckWithAFloor) {
   const int buy4 = BuyId(4), lay4 = LayId(4), lay6 = LayId(6);
   EXPECT_EQ(FigureBuyVig(g, buy4, 20_usd), 1_usd);
-  EXPECT_EQ(FigureBuyVig(g, buy4, 10_usd), 1_usd);   // 0.50 rounds to 0, the floor gives 1
+  EXPECT_EQ(FigureBuyVig(g, buy4, 10_usd), 1_usd);  // 0.50 rounds to 0, the floor gives 1
   EXPECT_EQ(FigureBuyVig(g, buy4, 0_usd), 0_usd);
-  EXPECT_EQ(FigureBuyVig(g, buy4, 30_usd), 1_usd);   // 1.50: an exact half goes down
-  EXPECT_EQ(FigureBuyVig(g, buy4, 72_usd), 4_usd);   // 3.60 goes up
-  EXPECT_EQ(FigureLayVig(g, lay4, 40_usd), 1_usd);   // figured on the win of 20
-  EXPECT_EQ(FigureLayVig(g, lay6, 60_usd), 2_usd);   // win 50, 2.50 down
-  EXPECT_EQ(FigureLayVig(g, lay6, 72_usd), 3_usd);   // win 60
+  EXPECT_EQ(FigureBuyVig(g, buy4, 30_usd), 1_usd);  // 1.50: an exact half goes down
+  EXPECT_EQ(FigureBuyVig(g, buy4, 72_usd), 4_usd);  // 3.60 goes up
+  EXPECT_EQ(FigureLayVig(g, lay4, 40_usd), 1_usd);  // figured on the win of 20
+  EXPECT_EQ(FigureLayVig(g, lay6, 60_usd), 2_usd);  // win 50, 2.50 down
+  EXPECT_EQ(FigureLayVig(g, lay6, 72_usd), 3_usd);  // win 60
   g.rules.BuyVigRound = kVigRoundUp;
   EXPECT_EQ(FigureBuyVig(g, buy4, 30_usd), 2_usd);
   EXPECT_EQ(FigureBuyVig(g, buy4, 40_usd), 2_usd);
@@ -179,7 +179,8 @@ TEST(ProperOdds, NearestAndBiases) {
   EXPECT_EQ(AdjustProperOdds(Place6(6_usd, 1_usd, 1, 1), &text), 6_usd) << "increase: to 12";
   EXPECT_EQ(AdjustProperOdds(Place6(12_usd, -1_usd, 1, 1), &text), -6_usd) << "increase downward";
   EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 13_usd, 1, 2), &text), 12_usd) << "decrease";
-  EXPECT_EQ(AdjustProperOdds(Place6(6_usd, 5_usd, 1, 2), &text), 6_usd) << "decrease never vanishes";
+  EXPECT_EQ(AdjustProperOdds(Place6(6_usd, 5_usd, 1, 2), &text), 6_usd)
+      << "decrease never vanishes";
   EXPECT_EQ(AdjustProperOdds(Place6(12_usd, -2_usd, 1, 2), &text), -6_usd);
   EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 12_usd), &text), 12_usd) << "already proper";
   EXPECT_EQ(AdjustProperOdds(Place6(12_usd, -12_usd), &text), -12_usd) << "taken down";
@@ -201,7 +202,8 @@ TEST(ProperOdds, ColorCorrectionWidensTheUnit) {
 TEST(ProperOdds, LimitsAndTheirMessages) {
   std::string text = "The maximum Place 6 bet is $1,000";
   EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 1000_usd), &text), 996_usd);
-  EXPECT_EQ(text, "The maximum Place 6 bet is $1,000\r\rMaximum bet for proper odds payoff is: $996");
+  EXPECT_EQ(text,
+            "The maximum Place 6 bet is $1,000\r\rMaximum bet for proper odds payoff is: $996");
 
   ProperOddsInput in = Place6(0_usd, 8_usd, 2);
   in.maximum = 10_usd;
@@ -209,7 +211,7 @@ TEST(ProperOdds, LimitsAndTheirMessages) {
   text.clear();
   EXPECT_EQ(AdjustProperOdds(in, &text), 10_usd);
   EXPECT_EQ(text, "Unable to auto-adjust bet for proper odds payoff.");
-  text = "x";
+  text.assign("leftover");
   in.current = 8_usd;
   in.change = -1_usd;
   EXPECT_EQ(AdjustProperOdds(in, &text), -8_usd);
