@@ -53,11 +53,15 @@ void RunHyperDrive(Game& g) {
   RollDice(g);
 }
 
-void PaceHyperDrive(Game& g) {
+void NoteHyperDriveRoll(Game& g) {
   HyperDriveState& h = g.hyper;
   ++h.RollsThisRun;
   if (h.RollObserver) h.RollObserver(h.RollObserverContext, g);
   if (h.RunRollLimit > 0 && h.RollsThisRun >= h.RunRollLimit) g.KeepRolling = false;
+}
+
+void PaceHyperDrive(Game& g) {
+  HyperDriveState& h = g.hyper;
   const std::int32_t throttle = h.HyperThrottle;
   if (throttle > 0 || --h.PaceCountdown <= 0) {
     h.PaceCountdown = HyperDriveState::kPaceEvery;

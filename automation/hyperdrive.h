@@ -13,6 +13,8 @@ struct Game;
 
 // Starts a run, or stops the one in progress; returns when the run has ended.
 void RunHyperDrive(Game& game);
+// Counts a roll of the run: the observer, the run's roll limit.
+void NoteHyperDriveRoll(Game& game);
 // The pacing step after each roll of a run: events, Auto-Stop, throttle.
 void PaceHyperDrive(Game& game);
 // The end of a run: HyperDrive off, the stop message, the redraws.

@@ -284,8 +284,11 @@ void RollDice(Game& g) {
   g.RollBusy = true;
 
   do {
-    RollOnce(g);
-    if (g.HyperDrive) PaceHyperDrive(g);
+    const bool rolled = RollOnce(g);
+    if (g.HyperDrive) {
+      if (rolled) NoteHyperDriveRoll(g);
+      PaceHyperDrive(g);
+    }
   } while (g.HyperDrive && g.KeepRolling);
   if (g.HyperDrive) EndHyperDrive(g);
 

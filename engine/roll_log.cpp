@@ -204,6 +204,8 @@ void LogRollLine(Game& g, DiceSource source) {
     case DiceSource::Generator:
       l += " from RNG #";
       l += std::to_string(g.dice.RngIndex + 1);
+      // Probability tables are untitled until they can be read from files.
+      if (g.dice.ProbabilityDiceOn) l += " using untitled probability matrix";
       break;
   }
   LogLine(g, l);

@@ -103,6 +103,7 @@ TEST_F(HyperDrive, ARequiredBetWithoutPlayersEndsTheRunAtOnce) {
   g.rules.BetRequirement = kLineBetRequired;
   Run(100);
   EXPECT_EQ(g.RollTally(18, 0), 0);
+  EXPECT_EQ(g.hyper.RollsThisRun, 0);
   EXPECT_EQ(g.hyper.LastStopMessage, "No players are available to bet.");
   ASSERT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(platform.messages[0].title, "Hyper-Drive Stopped");
