@@ -19,7 +19,8 @@
 
 struct Game;
 
-// For players 1..8 in order: full odds on Pass Line and Don't Pass, the Place bet on the point down.
+// For players 1..8 in order: full odds on Pass Line and Don't Pass, the Place bet on the point
+// down.
 void AutoPlayPointActions(Game& game);
 // Gives player p the Auto-Play defaults, the working defaults copied from slot 0.
 void SetAutoPlayDefaults(Game& game, int p);

@@ -55,7 +55,8 @@ void ChangeAutoDownPlaceBets(Game& g, int p, bool on) {
 #ifdef RAVELTON_HAS_PLACING
   for (int i = 0; i < 6; ++i)
     if (g.Bet(p, bet::kComePointFirst + i) > Currency{}) RemoveBet(g, p, bet::kPlaceFirst + i);
-  if (g.Bet(p, bet::kPassLine) > Currency{} && IsBoxNumber(g.Point)) RemoveBet(g, p, PlaceId(g.Point));
+  if (g.Bet(p, bet::kPassLine) > Currency{} && IsBoxNumber(g.Point))
+    RemoveBet(g, p, PlaceId(g.Point));
 #endif
 }
 
@@ -72,7 +73,8 @@ const char* OperatorCaption(int op) {
 std::vector<int> ComeOutListIds() {
   std::vector<int> ids;
   for (int b = 1; b <= 84; ++b)
-    if (!IsDontComePoint(b) && !IsComePoint(b) && (b < bet::kPassLine || b > bet::kDontCome)) ids.push_back(b);
+    if (!IsDontComePoint(b) && !IsComePoint(b) && (b < bet::kPassLine || b > bet::kDontCome))
+      ids.push_back(b);
   return ids;
 }
 

@@ -24,14 +24,14 @@
 
 // Rules for a bet that won (HandleWinningBets).
 enum WinRule : std::int32_t {
-  kWinManual = 0,        // " Manual"
-  kWinTakeDown = 1,      // " Take Bet and Winnings"
-  kWinSameBet = 2,       // " Same Bet/Take Winnings"
-  kWinPressUnit = 3,     // " Press 1 Unit"
-  kWinPressDouble = 4,   // " Press Double"
-  kWinParlay = 5,        // " Parlay"
-  kWinAdjust = 6,        // " Same Bet:" with operator, amount, units
-  kWinSetAmount = 7,     // " Bet:" with amount, units
+  kWinManual = 0,       // " Manual"
+  kWinTakeDown = 1,     // " Take Bet and Winnings"
+  kWinSameBet = 2,      // " Same Bet/Take Winnings"
+  kWinPressUnit = 3,    // " Press 1 Unit"
+  kWinPressDouble = 4,  // " Press Double"
+  kWinParlay = 5,       // " Parlay"
+  kWinAdjust = 6,       // " Same Bet:" with operator, amount, units
+  kWinSetAmount = 7,    // " Bet:" with amount, units
 };
 
 // Rules for a bet that lost (HandleLosingBets).
@@ -47,8 +47,8 @@ enum LoseRule : std::int32_t {
 };
 
 // Adjustment slots of AdjustAmount/AdjustOperator/AdjustUnits.
-constexpr int kAdjustDialogWin = 5;    // dialog, winner, "Sa&me Bet:" row (6: "&Bet:" row)
-constexpr int kAdjustDialogLose = 7;   // dialog, loser, "Sa&me Bet:" row (8: "&Bet:" row)
+constexpr int kAdjustDialogWin = 5;   // dialog, winner, "Sa&me Bet:" row (6: "&Bet:" row)
+constexpr int kAdjustDialogLose = 7;  // dialog, loser, "Sa&me Bet:" row (8: "&Bet:" row)
 constexpr int kAdjustAutoWinSame = 9;
 constexpr int kAdjustAutoLoseSame = 10;
 constexpr int kAdjustAutoWinBet = 11;
@@ -58,29 +58,29 @@ struct AutoPlayState {
   using Flags = Table1<bool, 0, 8>;
   using Longs = Table1<std::int32_t, 0, 8>;
 
-  Flags AutoTakeFullOdds{};    // keep Pass Line and Come odds at their maximum
-  Flags AutoLayFullOdds{};     // keep Don't Pass and Don't Come odds at their maximum
-  Flags AutoDownPlaceBets{};   // Place bet down when its number gets a line point or a Come bet
-  Flags AutoPassDice{};        // the player doesn't shoot
+  Flags AutoTakeFullOdds{};   // keep Pass Line and Come odds at their maximum
+  Flags AutoLayFullOdds{};    // keep Don't Pass and Don't Come odds at their maximum
+  Flags AutoDownPlaceBets{};  // Place bet down when its number gets a line point or a Come bet
+  Flags AutoPassDice{};       // the player doesn't shoot
   Longs AutoAdjustMode{{2, 2, 2, 2, 2, 2, 2, 2, 2}};  // 0 manual, 1 minor, 2 color correction
-  Longs LayBias{};             // 0 nearest, 1 increase, 2 decrease
+  Longs LayBias{};                                    // 0 nearest, 1 increase, 2 decrease
   Longs PlaceBias{{1, 1, 1, 1, 1, 1, 1, 1, 1}};
   Longs DoBias{};
   Longs DontBias{};
-  Longs HandleWinningBets{};   // WinRule
+  Longs HandleWinningBets{};                            // WinRule
   Longs HandleLosingBets{{1, 1, 1, 1, 1, 1, 1, 1, 1}};  // LoseRule
 
   Table2<Currency, 0, 8, 5, 12> AdjustAmount{};
   Table2<std::int32_t, 0, 8, 5, 12> AdjustOperator{};
   Table2<Currency, 0, 8, 5, 12> AdjustUnits{};
 
-  Longs LastWinButton{};       // the settle dialog's default for a winner
-  Longs LastLoseButton{};      // and for a loser
+  Longs LastWinButton{};   // the settle dialog's default for a winner
+  Longs LastLoseButton{};  // and for a loser
 
   // Settling of the bet in hand.
-  Currency PressUnit;          // one unit of press, from FigurePressUnit
-  Currency VigCharged;         // vig FigurePayoff took off GrossPayoff (Lay and Buy)
-  SettleDialog Dialog;         // filled in stages, shown by ShowSettleDialog
+  Currency PressUnit;               // one unit of press, from FigurePressUnit
+  Currency VigCharged;              // vig FigurePayoff took off GrossPayoff (Lay and Buy)
+  SettleDialog Dialog;              // filled in stages, shown by ShowSettleDialog
   bool WinLossHeadWritten = false;  // the log's wins/losses head of this roll
 
   // Players selected on the Auto-Play form (bit p for player p).

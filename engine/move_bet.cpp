@@ -21,7 +21,8 @@ void MoveBet(Game& g, int p, int fromBet, int toBet) {
   g.BetContract(p, toBet) = amount;
   if (IsComePoint(toBet)) g.ComeFlatAtSet(p, toBet - bet::kComePointFirst) = amount;
   if (g.roll.LogOn) {
-    g.roll.LogText += Cat("      ", g.PlayerName[p], "'s ", BetName(fromBet), " bet moved to ", BetName(toBet));
+    g.roll.LogText +=
+        Cat("      ", g.PlayerName[p], "'s ", BetName(fromBet), " bet moved to ", BetName(toBet));
     g.roll.LogText.push_back('\n');
   }
 #if __has_include("engine/place.h")

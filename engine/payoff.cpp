@@ -35,10 +35,14 @@ Currency SplitGross(const Game& g, Currency amount, int parts) {
 int MidwayRow(const Game& g) {
   const bool pair = g.Die1 == g.Die2;
   switch (g.DiceTotal) {
-    case 6: return pair ? 1 : 2;
-    case 7: return 3;
-    case 8: return pair ? 5 : 4;
-    default: return 0;
+    case 6:
+      return pair ? 1 : 2;
+    case 7:
+      return 3;
+    case 8:
+      return pair ? 5 : 4;
+    default:
+      return 0;
   }
 }
 
@@ -46,17 +50,26 @@ int MidwayRow(const Game& g) {
 int WinningRow(const Game& g, int b) {
   const int pt = g.PointAtRoll, t = g.DiceTotal;
   switch (b) {
-    case bet::kPassLine: return pt == 0 ? bet::kCome : ComeId(pt);
-    case bet::kPassLineOdds: return pt == 0 ? 0 : ComeId(pt) + 6;
-    case bet::kDontPass: return pt == 0 ? bet::kDontCome : DontComeId(pt);
-    case bet::kDontPassOdds: return pt == 0 ? 0 : DontComeId(pt) + 6;
-    case bet::kCandE: return t == 11 ? bet::kEleven : bet::kCraps;
+    case bet::kPassLine:
+      return pt == 0 ? bet::kCome : ComeId(pt);
+    case bet::kPassLineOdds:
+      return pt == 0 ? 0 : ComeId(pt) + 6;
+    case bet::kDontPass:
+      return pt == 0 ? bet::kDontCome : DontComeId(pt);
+    case bet::kDontPassOdds:
+      return pt == 0 ? 0 : DontComeId(pt) + 6;
+    case bet::kCandE:
+      return t == 11 ? bet::kEleven : bet::kCraps;
     case bet::kHorn:
       return t == 2 ? bet::kTwo : t == 3 ? bet::kThree : t == 11 ? bet::kEleven : bet::kTwelve;
     case bet::kWorld:
-      return t == 2 ? bet::kTwo : t == 3 ? bet::kThree : t == 7 ? bet::kSeven
-             : t == 11 ? bet::kEleven : bet::kTwelve;
-    default: return 0;
+      return t == 2    ? bet::kTwo
+             : t == 3  ? bet::kThree
+             : t == 7  ? bet::kSeven
+             : t == 11 ? bet::kEleven
+                       : bet::kTwelve;
+    default:
+      return 0;
   }
 }
 
@@ -84,10 +97,14 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
   if (sign > 0) {
     if (const int row = WinningRow(g, b); row != 0) {
       LoadRowZero(g, g.PayoffTbl, row);
-      if (b == bet::kCandE) g.GrossPayoff = SplitGross(g, amount, 2);
-      else if (b == bet::kHorn) g.GrossPayoff = SplitGross(g, amount, 4);
-      else if (b == bet::kWorld) g.GrossPayoff = SplitGross(g, amount, 5);
-      else g.GrossPayoff = Scaled(g, amount);
+      if (b == bet::kCandE)
+        g.GrossPayoff = SplitGross(g, amount, 2);
+      else if (b == bet::kHorn)
+        g.GrossPayoff = SplitGross(g, amount, 4);
+      else if (b == bet::kWorld)
+        g.GrossPayoff = SplitGross(g, amount, 5);
+      else
+        g.GrossPayoff = Scaled(g, amount);
     } else if (b == bet::kMidway && MidwayRow(g) != 0) {
       LoadRowZero(g, g.MidwayPayoff, MidwayRow(g));
       g.GrossPayoff = Scaled(g, amount);

@@ -48,16 +48,30 @@ void LosersPass(Game& g) {
   if (t == g.PointAtRoll) FlatWithOdds(g, kLoses, bet::kDontPass, kOddsLoses, bet::kDontPassOdds);
 
   switch (t) {
-    case 2: case 3: case 12:
+    case 2:
+    case 3:
+    case 12:
       if (co) AllSeats(g, kLoses, bet::kPassLine);
       AllSeats(g, kLoses, bet::kCome);
       break;
-    case 4: LoseBoxNumber(g, 4, bet::kHard4, pair); break;
-    case 5: LoseBoxNumber(g, 5, 0, pair); break;
-    case 6: LoseBoxNumber(g, 6, bet::kHard6, pair); break;
-    case 8: LoseBoxNumber(g, 8, bet::kHard8, pair); break;
-    case 9: LoseBoxNumber(g, 9, 0, pair); break;
-    case 10: LoseBoxNumber(g, 10, bet::kHard10, pair); break;
+    case 4:
+      LoseBoxNumber(g, 4, bet::kHard4, pair);
+      break;
+    case 5:
+      LoseBoxNumber(g, 5, 0, pair);
+      break;
+    case 6:
+      LoseBoxNumber(g, 6, bet::kHard6, pair);
+      break;
+    case 8:
+      LoseBoxNumber(g, 8, bet::kHard8, pair);
+      break;
+    case 9:
+      LoseBoxNumber(g, 9, 0, pair);
+      break;
+    case 10:
+      LoseBoxNumber(g, 10, bet::kHard10, pair);
+      break;
     case 7:
       if (co) {
         AllSeats(g, kLoses, bet::kDontPass);
@@ -77,7 +91,8 @@ void LosersPass(Game& g) {
       if (co) AllSeats(g, kLoses, bet::kDontPass);
       AllSeats(g, kLoses, bet::kDontCome);
       break;
-    default: break;
+    default:
+      break;
   }
 
   // The Field is decided on every roll; its row says win, push or lose.
@@ -242,15 +257,18 @@ void WinnersPass(Game& g) {
       AllSeats(g, kWins, bet::kHorn);
       AllSeats(g, kWins, bet::kWorld);
       break;
-    default: break;
+    default:
+      break;
   }
 }
 
 // The streak of a decided bet: a win after losses starts at 1, a loss after
 // wins at -1.
 void ExtendTrend(Long& trend, bool won) {
-  if (won) trend = trend < 0 ? 1 : trend + 1;
-  else trend = trend > 0 ? -1 : trend - 1;
+  if (won)
+    trend = trend < 0 ? 1 : trend + 1;
+  else
+    trend = trend > 0 ? -1 : trend - 1;
 }
 
 void LogDecision(Game& g, int p, int b) {
@@ -258,7 +276,9 @@ void LogDecision(Game& g, int p, int b) {
   if (!r.LogOn || !(r.LogWins || r.LogLosses)) return;
   if (!g.autoplay.WinLossHeadWritten) {
     g.autoplay.WinLossHeadWritten = true;
-    WriteLog(g, r.LogWins && r.LogLosses ? "    Wins/losses:" : r.LogWins ? "    Wins:" : "    Losses:");
+    WriteLog(g, r.LogWins && r.LogLosses ? "    Wins/losses:"
+                : r.LogWins              ? "    Wins:"
+                                         : "    Losses:");
   }
   const Currency net = g.NetPayoff;
   if (r.LogWins && net > Currency{}) {

@@ -31,9 +31,12 @@ void ActionNotice(Game& g, int p, std::string_view title) {
   if (!CanShow(g) || (g.rules.NoticeFlags & kNoticeCharges) == 0) return;
   const Currency now = g.Bet(p, g.CurBet), before = g.BetAtRoll(p, g.CurBet);
   std::string text = Cat(g.PlayerName[p], ",\r\r", BetName(g.CurBet), " bet ");
-  if (now > before) text += Cat("increased by: $", FormatMoney(now - before));
-  else if (now < before) text += Cat("decreased by: $", FormatMoney(before - now));
-  else text += "remains the same.";
+  if (now > before)
+    text += Cat("increased by: $", FormatMoney(now - before));
+  else if (now < before)
+    text += Cat("decreased by: $", FormatMoney(before - now));
+  else
+    text += "remains the same.";
   ShowNotice(g, text, title, 0, kMsgOk | kMsgHideCharges);
 }
 
@@ -90,22 +93,40 @@ void SettleWinner(Game& g, int p) {
     *vig = Currency{};
   }
   switch (EffectiveRule(g, g.autoplay.HandleWinningBets(p))) {
-    case kWinManual: ShowDialogOf(g, p, SettleKind::Winner); return;
-    case kWinTakeDown: TakeBetDown(g, p); return;
-    default: break;
+    case kWinManual:
+      ShowDialogOf(g, p, SettleKind::Winner);
+      return;
+    case kWinTakeDown:
+      TakeBetDown(g, p);
+      return;
+    default:
+      break;
   }
   if (g.BetComesDown) {
     TakeBetDown(g, p);
     return;
   }
   switch (g.autoplay.HandleWinningBets(p)) {
-    case kWinSameBet: SameBet(g, p); break;
-    case kWinPressUnit: PressOneUnit(g, p); break;
-    case kWinPressDouble: PressDouble(g, p); break;
-    case kWinParlay: ParlayBet(g, p); break;
-    case kWinAdjust: AdjustSameBet(g, p, kAdjustAutoWinSame); break;
-    case kWinSetAmount: SetBetAmount(g, p, kAdjustAutoWinBet); break;
-    default: break;
+    case kWinSameBet:
+      SameBet(g, p);
+      break;
+    case kWinPressUnit:
+      PressOneUnit(g, p);
+      break;
+    case kWinPressDouble:
+      PressDouble(g, p);
+      break;
+    case kWinParlay:
+      ParlayBet(g, p);
+      break;
+    case kWinAdjust:
+      AdjustSameBet(g, p, kAdjustAutoWinSame);
+      break;
+    case kWinSetAmount:
+      SetBetAmount(g, p, kAdjustAutoWinBet);
+      break;
+    default:
+      break;
   }
 }
 
@@ -113,8 +134,10 @@ void SettleLoser(Game& g, int p) {
   const int b = g.CurBet;
   const int rule = EffectiveRule(g, g.autoplay.HandleLosingBets(p));
   if (rule == kLoseManual) {
-    if (g.BetAtRoll(p, b) > Currency{}) FillSettleLines(g, p, SettleKind::Loser);
-    else g.autoplay.Dialog.lineCount = 0;
+    if (g.BetAtRoll(p, b) > Currency{})
+      FillSettleLines(g, p, SettleKind::Loser);
+    else
+      g.autoplay.Dialog.lineCount = 0;
   }
   bool upFront = false;
   if (Currency* vig = VigEntry(g, p, b, &upFront)) {
@@ -123,22 +146,40 @@ void SettleLoser(Game& g, int p) {
   }
   FigurePressUnit(g, p, b);
   switch (rule) {
-    case kLoseManual: ShowDialogOf(g, p, SettleKind::Loser); return;
-    case kLoseTakeDown: TakeBetDown(g, p); return;
-    default: break;
+    case kLoseManual:
+      ShowDialogOf(g, p, SettleKind::Loser);
+      return;
+    case kLoseTakeDown:
+      TakeBetDown(g, p);
+      return;
+    default:
+      break;
   }
   if (g.BetComesDown) {
     TakeBetDown(g, p);
     return;
   }
   switch (rule) {
-    case kLoseSameBet: SameBet(g, p); break;
-    case kLoseRemainder: BetRemainder(g, p); break;
-    case kLosePressUnit: PressOneUnit(g, p); break;
-    case kLosePressDouble: PressDouble(g, p); break;
-    case kLoseAdjust: AdjustSameBet(g, p, kAdjustAutoLoseSame); break;
-    case kLoseSetAmount: SetBetAmount(g, p, kAdjustAutoLoseBet); break;
-    default: break;
+    case kLoseSameBet:
+      SameBet(g, p);
+      break;
+    case kLoseRemainder:
+      BetRemainder(g, p);
+      break;
+    case kLosePressUnit:
+      PressOneUnit(g, p);
+      break;
+    case kLosePressDouble:
+      PressDouble(g, p);
+      break;
+    case kLoseAdjust:
+      AdjustSameBet(g, p, kAdjustAutoLoseSame);
+      break;
+    case kLoseSetAmount:
+      SetBetAmount(g, p, kAdjustAutoLoseBet);
+      break;
+    default:
+      break;
   }
 }
 
@@ -162,12 +203,24 @@ void SettleNotWorking(Game& g, int p) {
     return;
   }
   switch (rule) {
-    case 2: SameBet(g, p); break;
-    case 3: PressOneUnit(g, p); break;
-    case 4: case 5: PressDouble(g, p); break;
-    case 6: AdjustSameBet(g, p, kAdjustAutoLoseSame); break;
-    case 7: SetBetAmount(g, p, kAdjustAutoLoseBet); break;
-    default: break;
+    case 2:
+      SameBet(g, p);
+      break;
+    case 3:
+      PressOneUnit(g, p);
+      break;
+    case 4:
+    case 5:
+      PressDouble(g, p);
+      break;
+    case 6:
+      AdjustSameBet(g, p, kAdjustAutoLoseSame);
+      break;
+    case 7:
+      SetBetAmount(g, p, kAdjustAutoLoseBet);
+      break;
+    default:
+      break;
   }
 }
 
@@ -233,9 +286,15 @@ void AdjustSameBet(Game& g, int p, int k) {
   if ((op == 2 || op == 3) && u == 1) m = Currency::FromRaw(100);  // 0.01
   Currency request;
   switch (op) {
-    case 0: request = CurMul(n, m); break;
-    case 1: request = -CurMul(n, m); break;
-    case 2: request = CurMul(CurMul(B, n), m) - B; break;
+    case 0:
+      request = CurMul(n, m);
+      break;
+    case 1:
+      request = -CurMul(n, m);
+      break;
+    case 2:
+      request = CurMul(CurMul(B, n), m) - B;
+      break;
     case 3: {
       const Currency divisor = CurMul(n, m);
       request = n > Currency{} && divisor > Currency{}
@@ -243,7 +302,8 @@ void AdjustSameBet(Game& g, int p, int k) {
                     : Currency{};
       break;
     }
-    default: break;
+    default:
+      break;
   }
   Request(g, p, request);
   if (!CanShow(g)) return;  // the title is only for the notice
@@ -265,14 +325,17 @@ void SetBetAmount(Game& g, int p, int k) {
   const Currency n = g.autoplay.AdjustAmount(p, k);
   // Units 1 ("%", which only the Auto-Play options offer here) is a percent
   // of the bet as it stood at the roll; 2..6 a proper unit in checks.
-  const Currency m = u == 1 ? CurFromDouble(g.BetAtRoll(p, g.CurBet).ToDouble() / 100.0)
-                            : UnitMultiplier(g, u);
+  const Currency m =
+      u == 1 ? CurFromDouble(g.BetAtRoll(p, g.CurBet).ToDouble() / 100.0) : UnitMultiplier(g, u);
   Request(g, p, -g.Bet(p, g.CurBet));
   Request(g, p, CurMul(n, m));
   if (!CanShow(g)) return;
   std::string title;
-  if (u == 0) title = Cat("Bet $", PlainAmount(n));
-  else if (u == 1) title = Cat("Bet ", PlainAmount(n), "%");
-  else title = Cat("Bet ", PlainAmount(n), " $", PlainAmount(m), " units");
+  if (u == 0)
+    title = Cat("Bet $", PlainAmount(n));
+  else if (u == 1)
+    title = Cat("Bet ", PlainAmount(n), "%");
+  else
+    title = Cat("Bet ", PlainAmount(n), " $", PlainAmount(m), " units");
   ActionNotice(g, p, title);
 }

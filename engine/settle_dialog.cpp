@@ -18,7 +18,9 @@ void AddLine(SettleDialog& d, std::string label, const Currency* amount) {
   line.amount = amount ? Cat("$", FormatMoney(*amount)) : std::string();
 }
 
-void AddLine(SettleDialog& d, std::string label, Currency amount) { AddLine(d, std::move(label), &amount); }
+void AddLine(SettleDialog& d, std::string label, Currency amount) {
+  AddLine(d, std::move(label), &amount);
+}
 
 // "Payoff at a to d:" or "Payoff at a + d for d:"; a loser's loss reads "Loss at".
 std::string PayoffLabel(const Game& g, bool loser) {
@@ -64,14 +66,16 @@ void FillSettleLines(Game& g, int p, SettleKind kind) {
   }
   const bool loser = kind == SettleKind::Loser;
   if (b == bet::kFire) {
-    AddLine(d, Cat(name, " bet (", std::to_string(g.PointsMade),
-                   g.PointsMade == 1 ? " point made):" : " points made):"),
+    AddLine(d,
+            Cat(name, " bet (", std::to_string(g.PointsMade),
+                g.PointsMade == 1 ? " point made):" : " points made):"),
             bet);
   } else {
     AddLine(d, Cat(name, " bet:"), bet);
   }
   const bool rounded = g.NetPayoff != g.GrossPayoff;
-  const std::string netLabel = Cat(loser ? "Net loss" : "Net payoff", rounded ? " (rounded): " : ": ");
+  const std::string netLabel =
+      Cat(loser ? "Net loss" : "Net payoff", rounded ? " (rounded): " : ": ");
   const Currency vig = g.autoplay.VigCharged;
   if (IsLay(b) || IsBuy(b)) {
     AddLine(d, PayoffLabel(g, loser), g.GrossPayoff + vig);
@@ -101,7 +105,8 @@ void BuildSettleDialog(Game& g, int p) {
   SettleDialog& d = g.autoplay.Dialog;
   d.player = p;
   const std::string& name = g.PlayerName[p];
-  const std::string press = Cat("Press &1 Unit - Add $", PlainAmount(g.autoplay.PressUnit), " to Bet");
+  const std::string press =
+      Cat("Press &1 Unit - Add $", PlainAmount(g.autoplay.PressUnit), " to Bet");
   const char* captions[7] = {};
   int k = kAdjustDialogLose;
   switch (d.kind) {
@@ -177,14 +182,29 @@ void PressSettleButton(Game& g, int p, int button) {
   a.AdjustUnits(p, k + 1) = Currency::FromWhole(d.rows[1].units);
 
   switch (button) {
-    case 0: TakeBetDown(g, p); break;
-    case 1: SameBet(g, p); break;
-    case 2: loser ? BetRemainder(g, p) : PressOneUnit(g, p); break;
-    case 3: loser ? PressOneUnit(g, p) : PressDouble(g, p); break;
-    case 4: loser ? PressDouble(g, p) : ParlayBet(g, p); break;
-    case 5: AdjustSameBet(g, p, k); break;
-    case 6: SetBetAmount(g, p, k + 1); break;
-    default: break;
+    case 0:
+      TakeBetDown(g, p);
+      break;
+    case 1:
+      SameBet(g, p);
+      break;
+    case 2:
+      loser ? BetRemainder(g, p) : PressOneUnit(g, p);
+      break;
+    case 3:
+      loser ? PressOneUnit(g, p) : PressDouble(g, p);
+      break;
+    case 4:
+      loser ? PressDouble(g, p) : ParlayBet(g, p);
+      break;
+    case 5:
+      AdjustSameBet(g, p, k);
+      break;
+    case 6:
+      SetBetAmount(g, p, k + 1);
+      break;
+    default:
+      break;
   }
   (loser ? a.LastLoseButton(p) : a.LastWinButton(p)) = button;
 

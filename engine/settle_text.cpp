@@ -6,7 +6,8 @@
 std::string PlainAmount(Currency a) {
   const bool negative = a.raw < 0;
   // The magnitude as unsigned, so the most negative amount has one too.
-  const std::uint64_t m = negative ? 0 - static_cast<std::uint64_t>(a.raw) : static_cast<std::uint64_t>(a.raw);
+  const std::uint64_t m =
+      negative ? 0 - static_cast<std::uint64_t>(a.raw) : static_cast<std::uint64_t>(a.raw);
   std::string s = negative ? "-" : "";
   s += std::to_string(m / Currency::kScale);
   std::uint64_t frac = m % Currency::kScale;

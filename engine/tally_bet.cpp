@@ -28,9 +28,12 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   for (int t : {0, 2, 4}) {
     const int i = FrameIndex(p, t);
     CountDecision(g.StatAction, i, b, amount, rollNumber);
-    if (net > Currency{}) CountDecision(g.StatWins, i, b, net, rollNumber);
-    else CountDecision(g.StatLosses, i, b, -net, rollNumber);
+    if (net > Currency{})
+      CountDecision(g.StatWins, i, b, net, rollNumber);
+    else
+      CountDecision(g.StatLosses, i, b, -net, rollNumber);
     if (IsComePoint(b))
-      g.ComeTravelTotal(i, b - bet::kComePointFirst) += g.ComeFlatAtSet(p, b - bet::kComePointFirst);
+      g.ComeTravelTotal(i, b - bet::kComePointFirst) +=
+          g.ComeFlatAtSet(p, b - bet::kComePointFirst);
   }
 }

@@ -1,9 +1,10 @@
 // Auto-Play: a new player's defaults, the come-out working list, the form's
 // heading, and the standing rules as they act on a settled bet.
+#include "automation/autoplay.h"
+
 #include <algorithm>
 #include <string>
 
-#include "automation/autoplay.h"
 #include "engine/settle.h"
 #include "tests/engine/table_fixture.h"
 
@@ -43,7 +44,8 @@ TEST_F(AutoPlay, TheComeOutListLeavesOutTheLineAndPointBets) {
   EXPECT_EQ(ids.size(), 84u - 18u);
   for (int b : {7, 12, 19, 24, 43, 44, 45, 46, 47, 48, 85})
     EXPECT_EQ(std::count(ids.begin(), ids.end(), b), 0) << b;
-  for (int b : {1, 13, 18, 25, 31, 42, 49, 84}) EXPECT_EQ(std::count(ids.begin(), ids.end(), b), 1) << b;
+  for (int b : {1, 13, 18, 25, 31, 42, 49, 84})
+    EXPECT_EQ(std::count(ids.begin(), ids.end(), b), 1) << b;
   EXPECT_EQ(ComeOutRowText(g, 1, PlaceId(6)), "Place 6 - No");
   EXPECT_EQ(ComeOutRowText(g, 1, kHard4), "Hard 4 - Yes");
 

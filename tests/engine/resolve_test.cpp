@@ -21,7 +21,7 @@ TEST_F(Resolve, LineBetsAndOddsArePaidAtThePointsRows) {
   Put(2, kDontPass, 10);
   Put(2, kDontPassOdds, 12);
   Decide(4, 2, 6);
-  EXPECT_EQ(Won(1), 40_usd);   // 10 even money + 25 at 6 to 5
+  EXPECT_EQ(Won(1), 40_usd);  // 10 even money + 25 at 6 to 5
   EXPECT_EQ(Won(2), -22_usd);
 
   // The Pass Line is paid from the Come row of the point.
@@ -87,9 +87,9 @@ TEST_F(Resolve, PlaceBuyAndLayWithVigUpFront) {
   g.autoplay.HandleLosingBets(3) = 1;
   Put(1, PlaceId(6), 12);
   Put(1, PlaceId(5), 5);
-  Put(1, PlaceId(8), 5);    // 5 x 7/6 = 5.8333 is cut to 5
-  Put(2, BuyId(4), 20);     // vig 1, paid up front
-  Put(3, LayId(4), 40);     // wins 20, vig 1
+  Put(1, PlaceId(8), 5);  // 5 x 7/6 = 5.8333 is cut to 5
+  Put(2, BuyId(4), 20);   // vig 1, paid up front
+  Put(3, LayId(4), 40);   // wins 20, vig 1
   EXPECT_EQ(g.TotalBets(2), 21_usd);
 
   Decide(3, 3, 4);
@@ -283,7 +283,7 @@ TEST_F(Resolve, OffBetsStandAndOffOddsComeBack) {
   Decide(3, 4, 0);
   EXPECT_EQ(Won(1), -10_usd);  // the Come flat only
   EXPECT_EQ(g.Bet(1, PlaceId(6)), 12_usd);
-  EXPECT_EQ(Won(2), -5_usd);   // hardways work
+  EXPECT_EQ(Won(2), -5_usd);  // hardways work
   EXPECT_EQ(g.StatAction(1, ComeId(5) + 6, 1), 0_usd);
 
   // Called OFF with a point on: a seven changes nothing.
@@ -314,9 +314,9 @@ TEST_F(Resolve, ResetWorkingFlagsFollowsThePoint) {
 TEST_F(Resolve, DecisionsAreCountedInTheLiveFramesOnly) {
   g.RollTally(18, 0) = 77;
   Put(1, kField, 5);
-  Decide(1, 1, 0);   // +10
+  Decide(1, 1, 0);  // +10
   Put(1, kField, 2);
-  Decide(3, 4, 0);   // -7: the bet of 7 loses
+  Decide(3, 4, 0);  // -7: the bet of 7 loses
   for (int t = 0; t < 5; ++t) {
     const int i = FrameIndex(1, t);
     const bool live = t % 2 == 0;

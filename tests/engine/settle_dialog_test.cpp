@@ -79,9 +79,10 @@ TEST_F(SettleDialogs, LayLoserShowsTheVigAndTheRemainder) {
                                {"-5% vig:", "$-1"},
                                {"Net loss: ", "$-41"},
                                {"Remainder: ", "$0"}}));
-  EXPECT_EQ(Captions(d), (std::vector<std::string>{
-                             "&No Bet/Take Remainder", "&Same Bet", "Bet &Remainder",
-                             "Press &1 Unit - Add $10 to Bet", "&Double Bet", "Sa&me Bet:", "&Bet:"}));
+  EXPECT_EQ(Captions(d),
+            (std::vector<std::string>{"&No Bet/Take Remainder", "&Same Bet", "Bet &Remainder",
+                                      "Press &1 Unit - Add $10 to Bet", "&Double Bet",
+                                      "Sa&me Bet:", "&Bet:"}));
   EXPECT_EQ(Won(1), -41_usd);
   // The vig left TotalBets with the settled bet.
   EXPECT_EQ(g.TotalBets(1) - g.Bet(1, LayId(4)), 0_usd);
@@ -116,8 +117,8 @@ TEST_F(SettleDialogs, SplitAndFireLinesAndAPush) {
   g.PointsMadeMask = 15;
   Decide(3, 4, 9);
   ASSERT_EQ(platform.settleDialogs.size(), 3u);
-  EXPECT_EQ(LinesOf(platform.settleDialogs[2]), (Lines{{"Fire bet (4 points made):", "$5"},
-                                                       {"Payoff at 24 to 1:", "$120"}}));
+  EXPECT_EQ(LinesOf(platform.settleDialogs[2]),
+            (Lines{{"Fire bet (4 points made):", "$5"}, {"Payoff at 24 to 1:", "$120"}}));
 }
 
 TEST_F(SettleDialogs, OddsThatWerentWorking) {

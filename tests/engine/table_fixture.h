@@ -29,7 +29,7 @@ class TableFixture : public ::testing::Test {
     platform.fixedTime = 0;
     platform.clockStep = 1000;  // start-up's clock measure ends at once
     StartUp(g, "/tmp/ravelton-tests");
-    g.HyperDrive = true;        // no dialogs unless a test asks for them
+    g.HyperDrive = true;  // no dialogs unless a test asks for them
     for (int p = 1; p <= 3; ++p) Seat(p, "P" + std::to_string(p));
   }
 
@@ -89,7 +89,9 @@ class TableFixture : public ::testing::Test {
   Game& g;
 };
 
-inline Currency Usd(double x) { return Currency::FromRaw(static_cast<std::int64_t>(x * 10000 + (x < 0 ? -0.5 : 0.5))); }
+inline Currency Usd(double x) {
+  return Currency::FromRaw(static_cast<std::int64_t>(x * 10000 + (x < 0 ? -0.5 : 0.5)));
+}
 
 // Amounts print as money in failure messages.
 inline void PrintTo(Currency a, std::ostream* os) { *os << "$" << a.ToDouble(); }
