@@ -1,9 +1,11 @@
 #include "config/payoffs.h"
 
+#include "config/message_dialog.h"
 #include "engine/catalogue.h"
 #include "engine/game.h"
 #include "engine/money.h"
 #include "engine/payoff_math.h"
+#include "engine/platform.h"
 
 const std::string_view kFieldRowLabel[kFieldRows + 1] = {"",
                                                          "2    (1.1)",
@@ -120,6 +122,16 @@ void SetDefaultPayoffs(Game& game) {
 
   FigureProperUnits(game);
   if (game.Point != 0) SetLineOddsPayoffs(game);
+}
+
+bool RestoreDefaultPayoffs(Game& game) {
+  const int answer =
+      ShowNotice(game, "Do you want to restore all payoffs to \rtheir original Ravelton settings?",
+                 "Restore Default Payoffs", 138, kMsgYes | kMsgNo | kMsgPicQmark);
+  if (answer != kAnswerYes) return false;
+  SetDefaultPayoffs(game);
+  if (game.platform != nullptr) game.platform->RequestRedraw(Redraw::Table);
+  return true;
 }
 
 void SetLineOddsPayoffs(Game& game) {

@@ -36,6 +36,9 @@ int FieldRow(int die1, int die2);
 // Fills the four payoff tables with their defaults, figures the proper units
 // and, with a point on, sets the line odds rows.
 void SetDefaultPayoffs(Game& game);
+// mnuRestoreDefaultPayoffs: asks, and on Yes sets the default payoffs and
+// redraws the table. Returns true when restored.
+bool RestoreDefaultPayoffs(Game& game);
 // Copies the odds payoff of Come Odds and Don't Come Odds on Point into Pass
 // Line Odds and Don't Pass Odds.
 void SetLineOddsPayoffs(Game& game);

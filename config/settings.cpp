@@ -6,6 +6,7 @@
 #include "engine/game.h"
 #include "engine/money.h"
 #include "engine/payoff_math.h"
+#include "engine/platform.h"
 
 const std::string_view kOddsMethodCaption[kOddsMethodCount] = {
     "Auto select",          "X Flat - No Push",     "X Flat w/ Minor Push",
@@ -179,4 +180,5 @@ void ApplyConfigureClose(Game& game) {
   }
   game.PayoffTbl(3, bet::kField) = FieldDenominator(game);
   FigureProperUnits(game);
+  if (game.platform != nullptr) game.platform->RequestRedraw(Redraw::Table);
 }

@@ -190,5 +190,7 @@ std::optional<ConfigFault> FindConfigFault(Game& game, RollRateBox* rateBox);
 // FindConfigFault with the notice shown (help 130); false on a fault.
 bool CheckConfigValues(Game& game, RollRateBox* rateBox);
 // What closing frmConfigure does to the game after the checks passed: the
-// bankroll records widened, the Field's denominator, the proper units.
+// bankroll records widened, the Field's denominator, the proper units, and
+// the table redrawn. (The layout of the checks, NoticeFlags from its boxes
+// and the stick calls are the form's part.)
 void ApplyConfigureClose(Game& game);

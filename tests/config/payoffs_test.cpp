@@ -6,6 +6,7 @@
 
 #include "engine/catalogue.h"
 #include "engine/game.h"
+#include "engine/headless_platform.h"
 
 namespace {
 
@@ -299,6 +300,22 @@ TEST_F(Payoffs, ChecksFindTheFirstFault) {
   ASSERT_TRUE(f = CheckPayoffs(g));
   EXPECT_EQ(f->text, "At least one of the Field bet payoffs must be postiive.");
   EXPECT_EQ(f->title, "Payoff error");
+}
+
+TEST_F(Payoffs, RestoreAsksFirst) {
+  HeadlessPlatform platform;
+  g.platform = &platform;
+  g.PayoffTbl(1, PlaceId(6)) = 3_usd;
+  platform.queuedReplies.push_back({7, "", "", false});
+  EXPECT_FALSE(RestoreDefaultPayoffs(g));
+  EXPECT_EQ(g.PayoffTbl(1, PlaceId(6)), 3_usd);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].text,
+            "Do you want to restore all payoffs to \rtheir original Ravelton settings?");
+  EXPECT_EQ(platform.messages[0].helpId, 138);
+  EXPECT_TRUE(RestoreDefaultPayoffs(g));  // the default answer is Yes
+  EXPECT_EQ(g.PayoffTbl(1, PlaceId(6)), 7_usd);
+  g.platform = nullptr;
 }
 
 }  // namespace
