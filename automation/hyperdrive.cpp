@@ -1,9 +1,12 @@
 #include "automation/hyperdrive.h"
 
+#include <algorithm>
 #include <cmath>
+#include <string>
 
 #include "config/message_dialog.h"
 #include "engine/game.h"
+#include "engine/money.h"
 #include "engine/platform.h"
 #include "engine/roll.h"
 
@@ -101,3 +104,42 @@ void EndHyperDrive(Game& g) {
 }
 
 void StopHyperDrive(Game& g) { g.KeepRolling = false; }
+
+namespace {
+
+// Asks with one answer box prefilled with `current`; false on Cancel.
+bool AskForValue(Game& g, std::string text, std::string_view title, Currency current, double& value) {
+  g.msg.MsgText = std::move(text);
+  g.msg.MsgTitle = title;
+  g.msg.MsgHelpId = 540;
+  g.msg.MsgStyle = kMsgOk | kMsgCancel | kMsgInput1;
+  g.msg.MsgInput1 = FormatMoney(current);
+  ShowMessage(g, true);
+  if (g.msg.MsgAnswer == kAnswerCancel) return false;
+  value = LeadingValue(g.msg.MsgInput1);
+  return true;
+}
+
+}  // namespace
+
+void SetAutoStop(Game& g) {
+  double v = 0;
+  if (!AskForValue(g,
+                   "How often (number of rolls) would you like Hyper-Drive to automatically stop?  \r"
+                   "(enter 0 for no automatic stopping)",
+                   "Set Hyper-Drive Auto-Stop", g.hyper.AutoStopRolls, v))
+    return;
+  // Whole rolls; more than the session can ever roll is as good as never.
+  constexpr double kMost = 1e12;
+  g.hyper.AutoStopRolls = v > 0 ? CurFromDouble(std::floor(std::min(v, kMost))) : Currency{};
+}
+
+void SetTimeDelay(Game& g) {
+  double v = 0;
+  if (!AskForValue(g,
+                   "Enter any additional time delay (in seconds, 300 max) desired between rolls \r"
+                   "(only applies to hyper-drive's slowest setting):",
+                   "Set Hyper-Drive Time Delay", g.hyper.HyperDelaySeconds, v))
+    return;
+  g.hyper.HyperDelaySeconds = CurFromDouble(std::clamp(std::isnan(v) ? 0.0 : v, 0.0, 300.0));
+}

@@ -19,5 +19,9 @@ void NoteHyperDriveRoll(Game& game);
 void PaceHyperDrive(Game& game);
 // The end of a run: HyperDrive off, the stop message, the redraws.
 void EndHyperDrive(Game& game);
+// Asks how often Hyper-Drive stops by itself; Cancel keeps the value.
+void SetAutoStop(Game& game);
+// Asks for the extra delay between rolls at the slowest setting (0..300 s).
+void SetTimeDelay(Game& game);
 // Stops a run from outside (the user's stop): KeepRolling off.
 void StopHyperDrive(Game& game);

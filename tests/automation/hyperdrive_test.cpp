@@ -171,3 +171,48 @@ TEST_F(HyperDrive, TheSameSeedGivesTheSameTables) {
 }
 
 }  // namespace
+
+namespace {
+
+using HyperDriveSettings = RollFixture;
+
+TEST_F(HyperDriveSettings, AutoStopTakesWholeRollsAndCancelKeepsTheValue) {
+  auto answer = [&](int button, const std::string& text) {
+    MessageReply r;
+    r.answer = button;
+    r.input1 = text;
+    platform.queuedReplies.push_back(r);
+    SetAutoStop(g);
+  };
+  answer(1, "1500.7");
+  EXPECT_EQ(g.hyper.AutoStopRolls, Currency::FromWhole(1500));
+  EXPECT_EQ(platform.messages.back().title, "Set Hyper-Drive Auto-Stop");
+  EXPECT_EQ(platform.messages.back().text,
+            "How often (number of rolls) would you like Hyper-Drive to automatically stop?  \r"
+            "(enter 0 for no automatic stopping)");
+  answer(2, "99");
+  EXPECT_EQ(g.hyper.AutoStopRolls, Currency::FromWhole(1500));
+  EXPECT_EQ(platform.messages.back().input1, "1,500");
+  answer(1, "-3");
+  EXPECT_EQ(g.hyper.AutoStopRolls, Currency());
+  answer(1, "many");
+  EXPECT_EQ(g.hyper.AutoStopRolls, Currency());
+}
+
+TEST_F(HyperDriveSettings, TheDelayIsHeldToThreeHundredSeconds) {
+  auto answer = [&](const std::string& text) {
+    MessageReply r;
+    r.input1 = text;
+    platform.queuedReplies.push_back(r);
+    SetTimeDelay(g);
+  };
+  answer("2.5");
+  EXPECT_EQ(g.hyper.HyperDelaySeconds, Currency::FromRaw(25000));
+  answer("450");
+  EXPECT_EQ(g.hyper.HyperDelaySeconds, Currency::FromWhole(300));
+  answer("-1");
+  EXPECT_EQ(g.hyper.HyperDelaySeconds, Currency());
+  EXPECT_EQ(platform.messages.back().title, "Set Hyper-Drive Time Delay");
+}
+
+}  // namespace
