@@ -29,3 +29,14 @@ std::string DumpScriptCode(const ScriptCode& code) {
   }
   return out;
 }
+
+std::string FormatCompileFailure(const std::string& file, const std::string& message, int line,
+                                 int col, int endLine, int endCol) {
+  std::string text = message;
+  while (!text.empty() && text.back() == '\r') text.pop_back();
+  for (char& c : text)
+    if (c == '\r') c = '\n';
+  return file + ':' + std::to_string(line) + ':' + std::to_string(col) + ": " + text + "\n(lines " +
+         std::to_string(line) + ':' + std::to_string(col) + " to " + std::to_string(endLine) + ':' +
+         std::to_string(endCol) + ")\n";
+}

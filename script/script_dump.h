@@ -9,3 +9,8 @@ struct ScriptCode;
 // "S<index> <Value> \"<Text>\"". Marks print as Mark with their line in the
 // Value column as "<line>:<column>".
 std::string DumpScriptCode(const ScriptCode& code);
+
+// The report of a failed compile: "FILE:LINE:COL: " and the message with each
+// CR as a line break, then "(lines L1:C1 to L2:C2)" on a line of its own.
+std::string FormatCompileFailure(const std::string& file, const std::string& message, int line,
+                                 int col, int endLine, int endCol);

@@ -49,12 +49,7 @@ bool CompileFile(const ScriptOptions& opt, Game& game) {
   int line = 0, col = 0, endLine = 0, endCol = 0;
   CompileScript(game, opt.slot, lines, line, col, endLine, endCol);
   if (line <= 0) return true;
-  std::string text = game.msg.MsgText;
-  while (!text.empty() && text.back() == '\r') text.pop_back();
-  for (char& c : text)
-    if (c == '\r') c = '\n';
-  std::cout << opt.file << ':' << line << ':' << col << ": " << text << "\n(lines " << line << ':'
-            << col << " to " << endLine << ':' << endCol << ")\n";
+  std::cout << FormatCompileFailure(opt.file, game.msg.MsgText, line, col, endLine, endCol);
   return false;
 }
 
