@@ -108,7 +108,8 @@ void StopHyperDrive(Game& g) { g.KeepRolling = false; }
 namespace {
 
 // Asks with one answer box prefilled with `current`; false on Cancel.
-bool AskForValue(Game& g, std::string text, std::string_view title, Currency current, double& value) {
+bool AskForValue(Game& g, std::string text, std::string_view title, Currency current,
+                 double& value) {
   g.msg.MsgText = std::move(text);
   g.msg.MsgTitle = title;
   g.msg.MsgHelpId = 540;
@@ -124,10 +125,11 @@ bool AskForValue(Game& g, std::string text, std::string_view title, Currency cur
 
 void SetAutoStop(Game& g) {
   double v = 0;
-  if (!AskForValue(g,
-                   "How often (number of rolls) would you like Hyper-Drive to automatically stop?  \r"
-                   "(enter 0 for no automatic stopping)",
-                   "Set Hyper-Drive Auto-Stop", g.hyper.AutoStopRolls, v))
+  if (!AskForValue(
+          g,
+          "How often (number of rolls) would you like Hyper-Drive to automatically stop?  \r"
+          "(enter 0 for no automatic stopping)",
+          "Set Hyper-Drive Auto-Stop", g.hyper.AutoStopRolls, v))
     return;
   // Whole rolls; more than the session can ever roll is as good as never.
   constexpr double kMost = 1e12;

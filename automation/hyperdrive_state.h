@@ -14,16 +14,16 @@
 struct Game;
 
 struct HyperDriveState {
-  std::int32_t HyperThrottle = 0;   // 0 fastest .. 10 slowest
-  Currency HyperDelaySeconds;       // extra delay at throttle 10, 0..300 seconds
-  Currency AutoStopRolls;           // stop every so many session rolls; 0 never
+  std::int32_t HyperThrottle = 0;  // 0 fastest .. 10 slowest
+  Currency HyperDelaySeconds;      // extra delay at throttle 10, 0..300 seconds
+  Currency AutoStopRolls;          // stop every so many session rolls; 0 never
 
   // Rolls between two event pumps at full speed.
   static constexpr std::int32_t kPaceEvery = 4096;
   std::int32_t PaceCountdown = 0;
-  std::int64_t RollsThisRun = 0;    // rolls of the run in progress or last run
-  std::uint32_t RunStartTime = 0;   // clock at the start of the run
-  std::uint32_t RunEndTime = 0;     // clock at its end
+  std::int64_t RollsThisRun = 0;   // rolls of the run in progress or last run
+  std::uint32_t RunStartTime = 0;  // clock at the start of the run
+  std::uint32_t RunEndTime = 0;    // clock at its end
   // Rolls after which a run ends as if the user stopped it; 0 for none.
   std::int64_t RunRollLimit = 0;
   // Called after every roll of a run when set (a front end's trace or live

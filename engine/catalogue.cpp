@@ -11,12 +11,14 @@ constexpr std::array<std::string_view, bet::kLastNamed + 1> kBetNames = [] {
   constexpr std::string_view lay[] = {"Lay 4", "Lay 5", "Lay 6", "Lay 8", "Lay 9", "Lay 10"};
   constexpr std::string_view dc[] = {"Don't Come 4", "Don't Come 5", "Don't Come 6",
                                      "Don't Come 8", "Don't Come 9", "Don't Come 10"};
-  constexpr std::string_view dco[] = {"Don't Come 4 Odds", "Don't Come 5 Odds", "Don't Come 6 Odds",
-                                      "Don't Come 8 Odds", "Don't Come 9 Odds", "Don't Come 10 Odds"};
+  constexpr std::string_view dco[] = {"Don't Come 4 Odds", "Don't Come 5 Odds",
+                                      "Don't Come 6 Odds", "Don't Come 8 Odds",
+                                      "Don't Come 9 Odds", "Don't Come 10 Odds"};
   constexpr std::string_view come[] = {"Come 4", "Come 5", "Come 6", "Come 8", "Come 9", "Come 10"};
   constexpr std::string_view co[] = {"Come 4 Odds", "Come 5 Odds", "Come 6 Odds",
                                      "Come 8 Odds", "Come 9 Odds", "Come 10 Odds"};
-  constexpr std::string_view place[] = {"Place 4", "Place 5", "Place 6", "Place 8", "Place 9", "Place 10"};
+  constexpr std::string_view place[] = {"Place 4", "Place 5", "Place 6",
+                                        "Place 8", "Place 9", "Place 10"};
   constexpr std::string_view buy[] = {"Buy 4", "Buy 5", "Buy 6", "Buy 8", "Buy 9", "Buy 10"};
   for (int i = 0; i < 6; ++i) {
     n[1 + i] = lay[i];
@@ -28,10 +30,11 @@ constexpr std::array<std::string_view, bet::kLastNamed + 1> kBetNames = [] {
     n[37 + i] = buy[i];
   }
   constexpr std::string_view rest[] = {
-      "Pass Line", "Pass Line Odds", "Come", "Don't Pass", "Don't Pass Odds", "Don't Come",
-      "Field", "Big 6", "Big 8", "Hard 4", "Hard 6", "Hard 8", "Hard 10",
-      "Two", "Three", "Seven", "Eleven", "Twelve", "Craps", "C and E", "Horn", "World",
-      "Over 7", "Under 7"};
+      "Pass Line",  "Pass Line Odds", "Come",    "Don't Pass", "Don't Pass Odds",
+      "Don't Come", "Field",          "Big 6",   "Big 8",      "Hard 4",
+      "Hard 6",     "Hard 8",         "Hard 10", "Two",        "Three",
+      "Seven",      "Eleven",         "Twelve",  "Craps",      "C and E",
+      "Horn",       "World",          "Over 7",  "Under 7"};
   for (int i = 0; i < 24; ++i) n[43 + i] = rest[i];
   constexpr std::string_view hops[] = {"Hop 13", "Hop 14", "Hop 15", "Hop 16", "Hop 22", "Hop 23",
                                        "Hop 24", "Hop 25", "Hop 26", "Hop 33", "Hop 34", "Hop 35",

@@ -60,9 +60,9 @@ constexpr bool IsBoxNumber(int n) { return n >= 4 && n <= 10 && n != 7; }
 
 // Hop bets: id 67 + i is the pair (kHopDice[i][0], kHopDice[i][1]).
 constexpr int kHopCount = 17;
-constexpr int kHopDice[kHopCount][2] = {
-    {1, 3}, {1, 4}, {1, 5}, {1, 6}, {2, 2}, {2, 3}, {2, 4}, {2, 5}, {2, 6},
-    {3, 3}, {3, 4}, {3, 5}, {3, 6}, {4, 4}, {4, 5}, {4, 6}, {5, 5}};
+constexpr int kHopDice[kHopCount][2] = {{1, 3}, {1, 4}, {1, 5}, {1, 6}, {2, 2}, {2, 3},
+                                        {2, 4}, {2, 5}, {2, 6}, {3, 3}, {3, 4}, {3, 5},
+                                        {3, 6}, {4, 4}, {4, 5}, {4, 6}, {5, 5}};
 // Hop id of the dice in either order, or 0 when the pair has no hop bet
 // (1-1, 1-2, 5-6 and 6-6 are the bets Two, Three, Eleven and Twelve).
 constexpr int HopId(int die1, int die2) {
@@ -95,7 +95,9 @@ constexpr bool IsOneRoll(int b) {
   return b == bet::kField || (b >= bet::kTwo && b <= bet::kUnder7) || IsHop(b) || b == bet::kMidway;
 }
 constexpr bool IsRealBet(int b) { return b >= 1 && b <= 85; }
-constexpr bool IsCheckStack(int b) { return b >= bet::kCheckStackFirst && b <= bet::kCheckStackLast; }
+constexpr bool IsCheckStack(int b) {
+  return b >= bet::kCheckStackFirst && b <= bet::kCheckStackLast;
+}
 // Odds bet that hangs on flat bet b (Don't Come and Come points), else 0.
 constexpr int OddsOf(int b) {
   if (IsDontComePoint(b) || IsComePoint(b)) return b + 6;

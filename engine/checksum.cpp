@@ -18,7 +18,8 @@ struct Fnv1a {
   // Integers by value, little-endian, so the number does not depend on padding.
   void Int(std::int64_t v) {
     unsigned char b[8];
-    for (int i = 0; i < 8; ++i) b[i] = static_cast<unsigned char>(static_cast<std::uint64_t>(v) >> (8 * i));
+    for (int i = 0; i < 8; ++i)
+      b[i] = static_cast<unsigned char>(static_cast<std::uint64_t>(v) >> (8 * i));
     Bytes(b, 8);
   }
   template <class T>
@@ -55,6 +56,7 @@ std::uint64_t TablesChecksum(const Game& g) {
     f.Int(g.BankrollLow(p).raw);
     f.Int(g.BankrollSum(p).raw);
   }
-  for (std::int64_t v : {g.Die1, g.Die2, g.Point, g.LastPoint, g.PointsMade, g.GraphRollCount}) f.Int(v);
+  for (std::int64_t v : {g.Die1, g.Die2, g.Point, g.LastPoint, g.PointsMade, g.GraphRollCount})
+    f.Int(v);
   return f.h;
 }

@@ -30,7 +30,9 @@ void ShowRollMessage(Game& g, std::string text, std::string_view title, int styl
 
 bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
 
-const std::string& ShooterName(const Game& g) { return g.PlayerName[static_cast<std::size_t>(g.Shooter)]; }
+const std::string& ShooterName(const Game& g) {
+  return g.PlayerName[static_cast<std::size_t>(g.Shooter)];
+}
 
 // Step 6: the bet requirement. False stops the roll (and the run).
 bool MeetsBetRequirement(Game& g) {
@@ -78,7 +80,8 @@ bool MeetsBetRequirement(Game& g) {
   if (g.HyperDrive) {
     g.StopMessage = "Shooter has no bet.";
   } else {
-    std::string t = "A bet is required to shoot.\r\r" + ShooterName(g) + " must make any bet or pass the dice.\r\r";
+    std::string t = "A bet is required to shoot.\r\r" + ShooterName(g) +
+                    " must make any bet or pass the dice.\r\r";
     t += kNote;
     ShowRollMessage(g, std::move(t), "Any Bet Required");
   }
@@ -218,7 +221,8 @@ void LimitExceeded(Game& g, int p) {
   const bool loss = g.Bet(p, 0).raw < 0;
   if (g.HyperDrive) {
     g.KeepRolling = false;
-    g.StopMessage = loss ? "Stopped by exceeding the max loss limit of $" : "Stopped by breaking the bank limit of $";
+    g.StopMessage = loss ? "Stopped by exceeding the max loss limit of $"
+                         : "Stopped by breaking the bank limit of $";
     g.StopMessage += limit;
     g.StopMessage += "\r\r";
     g.StopMessage += kResetSentence;
@@ -240,8 +244,10 @@ void LimitExceeded(Game& g, int p) {
 
 bool QueueDice(Game& g, int die1, int die2) {
   RollState& r = g.roll;
-  if (die1 < 1 || die1 > 6 || die2 < 1 || die2 > 6 || r.QueuedCount >= RollState::kDiceQueue) return false;
-  auto& slot = r.QueuedDice[static_cast<std::size_t>((r.QueuedHead + r.QueuedCount) % RollState::kDiceQueue)];
+  if (die1 < 1 || die1 > 6 || die2 < 1 || die2 > 6 || r.QueuedCount >= RollState::kDiceQueue)
+    return false;
+  auto& slot = r.QueuedDice[static_cast<std::size_t>((r.QueuedHead + r.QueuedCount) %
+                                                     RollState::kDiceQueue)];
   slot[0] = static_cast<std::int8_t>(die1);
   slot[1] = static_cast<std::int8_t>(die2);
   ++r.QueuedCount;

@@ -22,7 +22,8 @@ void StartNewPage(Game& g) {
   for (int p = 1; p <= 8; ++p) {
     g.GraphBankroll(p, 0) = rolls;
     RestartRange(g, p);
-    for (int k = 1; k <= kGraphColumns; ++k) g.GraphBankroll(p, k + kGraphColumns) = g.GraphBankroll(p, k);
+    for (int k = 1; k <= kGraphColumns; ++k)
+      g.GraphBankroll(p, k + kGraphColumns) = g.GraphBankroll(p, k);
   }
   g.GraphRollCount = 0;
   g.platform->RequestRedraw(Redraw::Graph);
@@ -38,7 +39,8 @@ void ScrollByOne(Game& g) {
       g.GraphTrend(p, k) = g.GraphTrend(p, k + 1);
       Widen(g, p, g.GraphBankroll(p, k));
     }
-    for (int k = kGraphColumns + 1; k < 2 * kGraphColumns; ++k) g.GraphBankroll(p, k) = g.GraphBankroll(p, k + 1);
+    for (int k = kGraphColumns + 1; k < 2 * kGraphColumns; ++k)
+      g.GraphBankroll(p, k) = g.GraphBankroll(p, k + 1);
     g.GraphBankroll(p, 2 * kGraphColumns) = leaving;
     g.GraphBankroll(p, 0) = first;
   }

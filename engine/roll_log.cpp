@@ -15,7 +15,8 @@ void LogLine(Game& g, std::string_view line) {
 void AppendPlainAmount(std::string& out, Currency amount) {
   std::int64_t raw = amount.raw;
   if (raw < 0) out.push_back('-');
-  const std::uint64_t mag = raw < 0 ? 0 - static_cast<std::uint64_t>(raw) : static_cast<std::uint64_t>(raw);
+  const std::uint64_t mag =
+      raw < 0 ? 0 - static_cast<std::uint64_t>(raw) : static_cast<std::uint64_t>(raw);
   out += std::to_string(mag / Currency::kScale);
   std::uint64_t frac = mag % Currency::kScale;
   if (frac == 0) return;

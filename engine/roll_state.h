@@ -49,8 +49,8 @@ struct RollState {
   std::int32_t GraphPlotType = 0;  // 0 page, 1 scroll
   bool GraphShowAverage = false;
   bool GraphAutoPrint = false;
-  bool GraphOpen = false;          // the graph view is on screen
-  bool GraphPrintDue = false;      // a full page is waiting for the auto-print
+  bool GraphOpen = false;      // the graph view is on screen
+  bool GraphPrintDue = false;  // a full page is waiting for the auto-print
   Currency GraphScale = Currency::FromWhole(1);
   Currency GraphBaseScale = Currency::FromWhole(1);
   Currency GraphTop = Currency::FromWhole(150);
@@ -58,7 +58,7 @@ struct RollState {
   // Script switches: slots 1..8 per player, slot 0 true when any is.
   std::array<bool, 9> ScriptActive{};
   std::array<bool, 9> ScriptActiveAtRoll{};  // as last logged
-  bool ScriptsOK = false;                     // the active scripts are compiled
+  bool ScriptsOK = false;                    // the active scripts are compiled
 
   // Known dice for the next rolls (roll pad and tests), first in first out.
   static constexpr int kDiceQueue = 64;

@@ -40,7 +40,9 @@ void ForEachFrameTable(Game& g, F&& f) {
 
 // Copies frame index `from` to `to` and/or clears index i, for tables of one to three subscripts.
 template <class T, int L, int H>
-void CopyIndex(Table1<T, L, H>& t, int from, int to) { t(to) = t(from); }
+void CopyIndex(Table1<T, L, H>& t, int from, int to) {
+  t(to) = t(from);
+}
 template <class T, int L1, int H1, int L2, int H2>
 void CopyIndex(Table2<T, L1, H1, L2, H2>& t, int from, int to) {
   for (int j = L2; j <= H2; ++j) t(to, j) = t(from, j);
@@ -51,7 +53,9 @@ void CopyIndex(Table3<T, L1, H1, L2, H2, L3, H3>& t, int from, int to) {
     for (int j = L2; j <= H2; ++j) t(to, j, k) = t(from, j, k);
 }
 template <class T, int L, int H>
-void ClearIndex(Table1<T, L, H>& t, int i) { t(i) = T{}; }
+void ClearIndex(Table1<T, L, H>& t, int i) {
+  t(i) = T{};
+}
 template <class T, int L1, int H1, int L2, int H2>
 void ClearIndex(Table2<T, L1, H1, L2, H2>& t, int i) {
   for (int j = L2; j <= H2; ++j) t(i, j) = T{};
@@ -98,7 +102,8 @@ void LogSessionOpening(Game& g, bool logExisted) {
     LogLine(g, "    Players:");
     for (int p = 1; p <= 8; ++p) {
       if (!Named(g, p)) continue;
-      std::string l = "      " + g.PlayerName[static_cast<std::size_t>(p)] + " at stick " + StickPosition(p) + " with $";
+      std::string l = "      " + g.PlayerName[static_cast<std::size_t>(p)] + " at stick " +
+                      StickPosition(p) + " with $";
       AppendPlainAmount(l, g.Bet(p, 0));
       LogLine(g, l);
     }
@@ -107,14 +112,16 @@ void LogSessionOpening(Game& g, bool logExisted) {
 
 }  // namespace
 
-void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool preserveSessionsLogs, int diceMode) {
+void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool preserveSessionsLogs,
+                int diceMode) {
   RollState& r = g.roll;
   // Each named player's closing record of the session goes to the sessions
   // log here, once the sessions log exists.
   if (!preserveSessionsLogs) {
     for (int p = 1; p <= 8; ++p) {
       if (!Named(g, p)) continue;
-      r.SessionLogPath[static_cast<std::size_t>(p)] = r.DataFolder + Lower(g.PlayerName[static_cast<std::size_t>(p)]) + ".slg";
+      r.SessionLogPath[static_cast<std::size_t>(p)] =
+          r.DataFolder + Lower(g.PlayerName[static_cast<std::size_t>(p)]) + ".slg";
       RemoveFile(r.SessionLogPath[static_cast<std::size_t>(p)]);
     }
   }
@@ -148,7 +155,8 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
     g.TotalBets(p) = {};
   }
   for (int p = 0; p < kPlayerSlots; ++p)
-    for (int b = 1; b <= kLastRealBet; ++b) g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b) = g.BetWorkingDefault(p, b);
+    for (int b = 1; b <= kLastRealBet; ++b)
+      g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b) = g.BetWorkingDefault(p, b);
 
   for (int p = 1; p <= 8; ++p) {
     if (!Named(g, p)) continue;
@@ -188,7 +196,8 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
     if (g.Shooter == 0)
       LogLine(g, "----New hand, come-out roll----------");
     else if (r.LogNewHand)
-      LogLine(g, "----New shooter (" + g.PlayerName[static_cast<std::size_t>(g.Shooter)] + ") coming out----------");
+      LogLine(g, "----New shooter (" + g.PlayerName[static_cast<std::size_t>(g.Shooter)] +
+                     ") coming out----------");
   }
 
   g.platform->RequestRedraw(Redraw::OpenViews);

@@ -11,5 +11,5 @@
 struct Game;
 
 // diceMode: 0 drop the dice roll file, 1 rewind and play back, 2 continue as is.
-void NewSession(Game& game, bool preserveGames, bool preserveCheckstacks,
-                bool preserveSessionsLogs, int diceMode);
+void NewSession(Game& game, bool preserveGames, bool preserveCheckstacks, bool preserveSessionsLogs,
+                int diceMode);

@@ -72,7 +72,12 @@ void AdvanceStateMachine(Game& g) {
         Pass(g);
         LogPass(g, "    Pass (natural)");
         break;
-      case 4: case 5: case 6: case 8: case 9: case 10:
+      case 4:
+      case 5:
+      case 6:
+      case 8:
+      case 9:
+      case 10:
         g.Point = total;
         LogPass(g, "    Point established");
         break;
@@ -81,11 +86,17 @@ void AdvanceStateMachine(Game& g) {
         LogPass(g, "    Miss (craps natural)");
         break;
       case 2:
-        if (g.rules.BarNumber == 12) Miss(g); else MissAtBar(g);
+        if (g.rules.BarNumber == 12)
+          Miss(g);
+        else
+          MissAtBar(g);
         LogPass(g, "    Miss (craps natural)");
         break;
       case 12:
-        if (g.rules.BarNumber == 2) Miss(g); else MissAtBar(g);
+        if (g.rules.BarNumber == 2)
+          Miss(g);
+        else
+          MissAtBar(g);
         LogPass(g, "    Miss (craps natural)");
         break;
       default:

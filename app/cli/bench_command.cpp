@@ -35,8 +35,10 @@ int Bench(std::int64_t rolls) {
   game->hyper.RunRollLimit = rolls;
   const auto start = std::chrono::steady_clock::now();
   RunHyperDrive(*game);
-  const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  const double perSecond = seconds > 0 ? static_cast<double>(game->hyper.RollsThisRun) / seconds : 0;
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  const double perSecond =
+      seconds > 0 ? static_cast<double>(game->hyper.RollsThisRun) / seconds : 0;
   std::printf("rolls: %" PRId64 "\n", static_cast<std::int64_t>(game->hyper.RollsThisRun));
   std::printf("rolls/second: %.0f\n", perSecond);
   std::printf("ns/roll: %.1f\n", perSecond > 0 ? 1e9 / perSecond : 0.0);
@@ -48,7 +50,8 @@ int Bench(std::int64_t rolls) {
 
 void AddBenchCommand(CLI::App& app) {
   auto rolls = std::make_shared<std::int64_t>(1'000'000);
-  CLI::App* cmd = app.add_subcommand("bench", "Fixed seeded Hyper-Drive workload: speed and checksum");
+  CLI::App* cmd =
+      app.add_subcommand("bench", "Fixed seeded Hyper-Drive workload: speed and checksum");
   cmd->add_option("--rolls", *rolls, "Rolls to run (default 1,000,000)");
   cmd->callback([rolls] {
     if (const int rc = Bench(*rolls); rc != 0) throw CLI::RuntimeError(rc);

@@ -112,8 +112,8 @@ void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) 
   out << "Totals:";
   for (int t = 2; t <= 12; ++t) out << ' ' << t << '=' << game.RollTally(18, t);
   out << '\n';
-  out << "RNG #" << game.dice.RngIndex + 1 << " seed " << game.dice.LastSeed << ", " << result.seconds
-      << " s\n";
+  out << "RNG #" << game.dice.RngIndex + 1 << " seed " << game.dice.LastSeed << ", "
+      << result.seconds << " s\n";
 }
 
 int Run(const RunOptions& options) {
@@ -151,8 +151,8 @@ void AddRunCommand(CLI::App& app) {
   CLI::App* cmd = app.add_subcommand("run", "Run a seeded Hyper-Drive session");
   cmd->add_option("--rolls", options->rolls, "Rolls to run (default 1,000,000)");
   cmd->add_option("--rng", options->rng, "Random number generator 1..8 (default 1)");
-  cmd->add_option_function<double>("--seed", [options](const double& s) { options->seed = s; },
-                                   "Seed the generator with S");
+  cmd->add_option_function<double>(
+      "--seed", [options](const double& s) { options->seed = s; }, "Seed the generator with S");
   cmd->add_option("--require", options->require, "Bet required to shoot: none, line or any");
   cmd->add_option("--auto-stop", options->autoStop, "Auto-Stop every N session rolls (0 never)");
   cmd->add_flag("--trace", options->trace, "Print '<roll> <die1> <die2>' for every roll");

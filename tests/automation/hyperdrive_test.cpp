@@ -80,7 +80,8 @@ TEST_F(HyperDrive, AnEarlierStopReasonIsNotOverwrittenByAutoStop) {
   g.hyper.RollObserverContext = &o;
   Run(0);
   EXPECT_EQ(g.RollTally(18, 0), 50);
-  EXPECT_EQ(g.hyper.LastStopMessage, "Stopped by breaking the bank limit of $9,999,999\r\r" + kReset);
+  EXPECT_EQ(g.hyper.LastStopMessage,
+            "Stopped by breaking the bank limit of $9,999,999\r\r" + kReset);
   // A bankroll beyond the limit keeps the next run from starting.
   platform.messages.clear();
   Run(0);

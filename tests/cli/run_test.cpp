@@ -1,12 +1,12 @@
 // End-to-end tests of ravelton-cli run and bench.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <array>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
-#include <sys/wait.h>
 
 namespace {
 
@@ -82,9 +82,9 @@ TEST(CliRun, TraceListsEveryRollBeforeTheSummary) {
 }
 
 TEST(CliRun, BadUsageExitsWithOne) {
-  for (const char* args : {"run --rng 9", "run --rng 0", "run --rolls 0", "run --require some",
-                           "run --auto-stop -1", "run --seed 5000000000", "run --rolls x", "run --nope",
-                           "nosuchcommand"})
+  for (const char* args :
+       {"run --rng 9", "run --rng 0", "run --rolls 0", "run --require some", "run --auto-stop -1",
+        "run --seed 5000000000", "run --rolls x", "run --nope", "nosuchcommand"})
     EXPECT_EQ(Cli(args).exitCode, 1) << args;
   EXPECT_EQ(Cli("run --rolls 10").exitCode, 0);
 }

@@ -70,10 +70,11 @@ TEST(Catalogue, HopsTakeEitherDieOrderAndLeaveOutTheSingleNumbers) {
 
 TEST(Catalogue, GroupsPartitionTheRealBets) {
   for (int b = 1; b <= 85; ++b) {
-    const int groups = IsLay(b) + IsDontComePoint(b) + IsDontComeOdds(b) + IsComePoint(b) + IsComeOdds(b) +
-                       IsPlace(b) + IsBuy(b) + IsLineBet(b) + IsLineOdds(b) + IsContract(b) + IsBig(b) +
-                       IsHard(b) + IsHop(b) + (b == bet::kField) + IsSingleNumber(b) + (b == bet::kCraps) +
-                       IsSplit(b) + (b == bet::kOver7 || b == bet::kUnder7) + (b == bet::kMidway) +
+    const int groups = IsLay(b) + IsDontComePoint(b) + IsDontComeOdds(b) + IsComePoint(b) +
+                       IsComeOdds(b) + IsPlace(b) + IsBuy(b) + IsLineBet(b) + IsLineOdds(b) +
+                       IsContract(b) + IsBig(b) + IsHard(b) + IsHop(b) + (b == bet::kField) +
+                       IsSingleNumber(b) + (b == bet::kCraps) + IsSplit(b) +
+                       (b == bet::kOver7 || b == bet::kUnder7) + (b == bet::kMidway) +
                        (b == bet::kFire);
     EXPECT_EQ(groups, 1) << b;
   }
@@ -81,14 +82,16 @@ TEST(Catalogue, GroupsPartitionTheRealBets) {
 
 TEST(Catalogue, DefaultCompMasksRateEverythingButTheOdds) {
   for (int b = 1; b <= 85; ++b)
-    EXPECT_EQ(CompRated(b, kDefaultCompMask1, kDefaultCompMask2, kDefaultCompMask3), !IsOddsBet(b)) << b;
+    EXPECT_EQ(CompRated(b, kDefaultCompMask1, kDefaultCompMask2, kDefaultCompMask3), !IsOddsBet(b))
+        << b;
 }
 
 TEST(Catalogue, DefaultWorkingIsOffOnlyForOddsPlaceBuyAndTheBoxes) {
   auto game = std::make_unique<Game>();
   SetDefaultWorking(*game);
   for (int b = 1; b <= 85; ++b) {
-    const bool off = IsComeOdds(b) || IsPlace(b) || IsBuy(b) || b == 44 || b == 45 || b == 47 || b == 48;
+    const bool off =
+        IsComeOdds(b) || IsPlace(b) || IsBuy(b) || b == 44 || b == 45 || b == 47 || b == 48;
     EXPECT_EQ(game->BetWorkingDefault(0, b), off ? 0 : 1) << b;
   }
 }

@@ -13,7 +13,8 @@ class RollChecks : public RollFixture {
     EXPECT_FALSE(platform.messages.empty());
     return platform.messages.back();
   }
-  const std::string kNote = "Note: This requirement can be changed on the 'Bets tab' of the configuration screen.";
+  const std::string kNote =
+      "Note: This requirement can be changed on the 'Bets tab' of the configuration screen.";
   const std::string kReset = "Select \"New\" from the \"Game\" menu to reset the table.";
 };
 
@@ -26,7 +27,8 @@ TEST_F(RollChecks, ABetRequirementWithoutPlayersStopsBeforeTheDice) {
   EXPECT_FALSE(g.RollBusy);
   const MessageRequest& m = LastMessage();
   EXPECT_EQ(m.text,
-            "No players are available to bet.\r\rPlease enter a player or change the requirement to make a bet on "
+            "No players are available to bet.\r\rPlease enter a player or change the requirement "
+            "to make a bet on "
             "the 'Bets tab' of the configuration screen.");
   EXPECT_EQ(m.title, "Bet Required");
   EXPECT_EQ(m.helpId, 130);
@@ -38,15 +40,23 @@ TEST_F(RollChecks, LineBetMessagesNameTheShooterByCase) {
   Seat(1, "Ann");
   g.Shooter = g.HandShooter = 1;
   RollDice(g);
-  EXPECT_EQ(LastMessage().text, "A line bet is required to shoot.\r\rAnn must make a Pass Line bet or a Don't Pass bet.\r\r" + kNote);
+  EXPECT_EQ(
+      LastMessage().text,
+      "A line bet is required to shoot.\r\rAnn must make a Pass Line bet or a Don't Pass bet.\r\r" +
+          kNote);
   EXPECT_EQ(LastMessage().title, "Line Bet Required");
   Seat(2, "Bob");
   RollDice(g);
   EXPECT_EQ(LastMessage().text,
-            "A line bet is required to shoot.\r\rAnn must make a Pass Line bet, a Don't Pass bet, or pass the dice.\r\r" + kNote);
+            "A line bet is required to shoot.\r\rAnn must make a Pass Line bet, a Don't Pass bet, "
+            "or pass the dice.\r\r" +
+                kNote);
   g.Point = 6;
   RollDice(g);
-  EXPECT_EQ(LastMessage().text, "A line bet is required to shoot.\r\rAnn must make a Pass Line bet or pass the dice.\r\r" + kNote);
+  EXPECT_EQ(
+      LastMessage().text,
+      "A line bet is required to shoot.\r\rAnn must make a Pass Line bet or pass the dice.\r\r" +
+          kNote);
   EXPECT_EQ(g.RollTally(18, 0), 0);
 
   // A Don't Pass bet is enough; a Place bet is not.
@@ -68,7 +78,8 @@ TEST_F(RollChecks, AnyBetRequirementTakesAnyRealBet) {
   g.Shooter = g.HandShooter = 4;
   g.Bet(4, 120) = Currency::FromWhole(50);  // a CheckStack is no bet
   RollDice(g);
-  EXPECT_EQ(LastMessage().text, "A bet is required to shoot.\r\rDee must make any bet or pass the dice.\r\r" + kNote);
+  EXPECT_EQ(LastMessage().text,
+            "A bet is required to shoot.\r\rDee must make any bet or pass the dice.\r\r" + kNote);
   EXPECT_EQ(LastMessage().title, "Any Bet Required");
   g.Bet(4, bet::kField) = Currency::FromWhole(1);
   ASSERT_TRUE(QueueDice(g, 6, 6));
@@ -84,7 +95,8 @@ TEST_F(RollChecks, TheRollLimitAllowsTheLastRollAndStopsTheNext) {
   ASSERT_TRUE(QueueDice(g, 2, 3));
   RollDice(g);
   EXPECT_EQ(g.RollTally(18, 0), 100'000'000);
-  EXPECT_EQ(LastMessage().text, "Sorry ... the maximum limit of 100,000,000 rolls has been reached.\r\r" + kReset);
+  EXPECT_EQ(LastMessage().text,
+            "Sorry ... the maximum limit of 100,000,000 rolls has been reached.\r\r" + kReset);
   EXPECT_EQ(LastMessage().title, "Reached Maximum Roll Limit");
 }
 
@@ -99,7 +111,8 @@ TEST_F(RollChecks, ABankrollOfExactlyTheLimitStillRolls) {
   ASSERT_TRUE(QueueDice(g, 1, 2));
   RollDice(g);
   EXPECT_EQ(g.RollTally(18, 0), 1);
-  EXPECT_EQ(LastMessage().text, "Congratulations!\r\rAnn broke the bank limit of $9,999,999\r\r" + kReset);
+  EXPECT_EQ(LastMessage().text,
+            "Congratulations!\r\rAnn broke the bank limit of $9,999,999\r\r" + kReset);
   EXPECT_EQ(LastMessage().title, "Ravelton");
   EXPECT_EQ(LastMessage().style, 1);
 
@@ -109,7 +122,8 @@ TEST_F(RollChecks, ABankrollOfExactlyTheLimitStillRolls) {
   EXPECT_EQ(g.RollTally(18, 0), 2);
   g.Bet(1, 0) = -(Currency::FromWhole(9'999'999) + Currency::FromRaw(1));
   RollDice(g);
-  EXPECT_EQ(LastMessage().text, "Sorry ... \r\rAnn has exceeded the max loss limit of $9,999,999\r\r" + kReset);
+  EXPECT_EQ(LastMessage().text,
+            "Sorry ... \r\rAnn has exceeded the max loss limit of $9,999,999\r\r" + kReset);
   EXPECT_EQ(g.RollTally(18, 0), 2);
 }
 

@@ -12,11 +12,24 @@ using RollTallies = RollFixture;
 
 // Which categories 17..21 and 65..77 a total belongs to, from their captions.
 std::set<int> GroupsOfTotal(int t) {
-  const std::vector<std::pair<int, std::set<int>>> groups = {
-      {17, {4, 5, 6, 8, 9, 10}}, {18, {5, 6, 8, 9}}, {19, {4, 5, 9, 10}}, {20, {2, 3, 12}},
-      {21, {2, 3, 4, 9, 10, 11, 12}}, {65, {2, 3, 7, 11, 12}}, {66, {2, 3, 11, 12}}, {67, {4, 5, 6}},
-      {68, {8, 9, 10}}, {69, {2, 12}}, {70, {3, 11}}, {71, {4, 10}}, {72, {5, 9}}, {73, {6, 8}},
-      {74, {2, 3}}, {75, {3, 12}}, {76, {7, 11}}, {77, {11, 12}}};
+  const std::vector<std::pair<int, std::set<int>>> groups = {{17, {4, 5, 6, 8, 9, 10}},
+                                                             {18, {5, 6, 8, 9}},
+                                                             {19, {4, 5, 9, 10}},
+                                                             {20, {2, 3, 12}},
+                                                             {21, {2, 3, 4, 9, 10, 11, 12}},
+                                                             {65, {2, 3, 7, 11, 12}},
+                                                             {66, {2, 3, 11, 12}},
+                                                             {67, {4, 5, 6}},
+                                                             {68, {8, 9, 10}},
+                                                             {69, {2, 12}},
+                                                             {70, {3, 11}},
+                                                             {71, {4, 10}},
+                                                             {72, {5, 9}},
+                                                             {73, {6, 8}},
+                                                             {74, {2, 3}},
+                                                             {75, {3, 12}},
+                                                             {76, {7, 11}},
+                                                             {77, {11, 12}}};
   std::set<int> out;
   for (const auto& [k, totals] : groups)
     if (totals.count(t)) out.insert(k);
@@ -151,7 +164,8 @@ TEST_F(StateMachine, PointMadeAndSevenOutMoveTheHandToTheLastHandFrame) {
 
 TEST_F(StateMachine, BarNumberDecidesWhichComeOutCrapsIsMissedAtTheBar) {
   g.rules.StickCallSet = 1;
-  for (int n = 1; n <= 18; ++n) g.roll.StickCallFile[static_cast<std::size_t>(n)] = "call" + std::to_string(n);
+  for (int n = 1; n <= 18; ++n)
+    g.roll.StickCallFile[static_cast<std::size_t>(n)] = "call" + std::to_string(n);
   auto lastCall = [&] {
     for (auto it = platform.sounds.rbegin(); it != platform.sounds.rend(); ++it)
       if (it->path == "call13" || it->path == "call14" || it->path == "call15") return it->path;
@@ -232,7 +246,8 @@ TEST_F(GraphHistory, AFullPageStartsANewPage) {
   EXPECT_EQ(g.GraphRollCount, 1);
   EXPECT_EQ(g.GraphBankroll(1, 1), Currency::FromWhole(-7));
   EXPECT_EQ(g.GraphBankroll(1, 2), Currency::FromWhole(2));  // the rest waits to be overwritten
-  for (int k = 1; k <= 525; ++k) ASSERT_EQ(g.GraphBankroll(1, 525 + k), Currency::FromWhole(k)) << k;
+  for (int k = 1; k <= 525; ++k)
+    ASSERT_EQ(g.GraphBankroll(1, 525 + k), Currency::FromWhole(k)) << k;
   EXPECT_EQ(g.GraphHigh(1), Currency::FromWhole(-7));
   EXPECT_EQ(g.GraphLow(1), Currency::FromWhole(-7));
   EXPECT_EQ(platform.redraws[static_cast<int>(Redraw::Graph)], 1);
@@ -248,7 +263,8 @@ TEST_F(GraphHistory, AFullPageScrollsByOneColumn) {
     ASSERT_EQ(g.GraphTrend(1, k), Currency::FromWhole(2 * (k + 1))) << k;
   }
   EXPECT_EQ(g.GraphBankroll(1, 525), Currency::FromWhole(-7));
-  for (int k = 526; k <= 1049; ++k) ASSERT_EQ(g.GraphBankroll(1, k), Currency::FromWhole(k + 1)) << k;
+  for (int k = 526; k <= 1049; ++k)
+    ASSERT_EQ(g.GraphBankroll(1, k), Currency::FromWhole(k + 1)) << k;
   EXPECT_EQ(g.GraphBankroll(1, 1050), Currency::FromWhole(1));
   EXPECT_EQ(g.GraphBankroll(1, 0), Currency::FromWhole(1000 - 524));
   EXPECT_EQ(g.GraphHigh(1), Currency::FromWhole(525));

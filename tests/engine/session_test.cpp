@@ -106,8 +106,9 @@ TEST_F(Session, TheLogOpensTheSessionWithTheShooterLine) {
   EXPECT_NE(log.find("\n----New hand, come-out roll----------\n"), std::string::npos);
   EXPECT_EQ(log.find("===="), std::string::npos);  // nothing was logged before
   NewSession(g, false, false, true, 0);
-  EXPECT_NE(g.roll.LogText.find("============================================\n New session started "),
-            std::string::npos);
+  EXPECT_NE(
+      g.roll.LogText.find("============================================\n New session started "),
+      std::string::npos);
 }
 
 }  // namespace
