@@ -1,0 +1,161 @@
+// Seeded random scripts from table words, numbers and junk: the compiler must
+// neither crash nor leave a broken stream, and every failure has a message
+// and a span. Run it in the sanitizer build too.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "script/compile_common.h"
+#include "script/tokenizer.h"
+#include "script/vocabulary.h"
+#include "script_test_util.h"
+
+namespace {
+
+std::vector<std::string> Words() {
+  std::vector<std::string> words;
+  for (const auto& row : StaticVocabulary()) {
+    std::string k(TrimBlanks(row.Key));
+    if (!k.empty() && !row.keyHasCode) words.push_back(k);
+  }
+  for (const char* w : {"if", "then", "else", "elseif", "endif", "do", "loop", "exitdo", "goto",
+                        "gosub", "return", ":", "(", ")", "[", "]", ",", "\"", "'", "\"x\"", "5",
+                        "1.3", "-", "+", "=", "cs1", "csn2", "any(", "all(", "Pat", "0", "100", "\t"})
+    for (int k = 0; k < 6; ++k) words.push_back(w);
+  return words;
+}
+
+// Every link of a compiled stream points at an element of the right kind.
+void ExpectLinksSound(const ScriptCode& code) {
+  const auto& s = code.CompiledScript;
+  ASSERT_GE(s.size(), 3u);
+  EXPECT_EQ(s[1].Kind, kHead);
+  EXPECT_TRUE(IsMark(s.back()));
+  auto kindAt = [&](double v) { return v >= 0 && v < static_cast<double>(s.size()) ? s[static_cast<std::size_t>(v)].Kind : 999; };
+  for (std::size_t i = 0; i < s.size(); ++i) {
+    const auto k = s[i].Kind;
+    if (k == kThen) {
+      const auto t = kindAt(s[i].Value);
+      EXPECT_TRUE(t == kElse || t == kElseIf || t == kEndIf);
+    } else if (k == kElse || k == kElseIf) {
+      EXPECT_EQ(kindAt(s[i].Value), kEndIf);
+    } else if (k == kDo || k == kExitDo) {
+      EXPECT_EQ(kindAt(s[i].Value), kLoop);
+    } else if (k == kLoop) {
+      EXPECT_EQ(kindAt(s[i].Value), kDo);
+    } else if (k == kGoTo || k == kGoSub) {
+      ASSERT_LT(i + 1, s.size());
+      EXPECT_EQ(kindAt(s[i + 1].Value), kLabel);
+    }
+  }
+}
+
+TEST(CompileFuzz, RandomTextNeverBreaksTheCompiler) {
+  const auto words = Words();
+  std::mt19937 rng(20261122);
+  auto game = std::make_unique<Game>();
+  game->PlayerName[2] = "Pat";
+  int passed = 0;
+  for (int n = 0; n < 3000; ++n) {
+    std::vector<std::string> lines(1);
+    const int lineCount = static_cast<int>(rng() % 12);
+    for (int l = 0; l < lineCount; ++l) {
+      std::string line;
+      const int count = static_cast<int>(rng() % 10);
+      for (int w = 0; w < count; ++w) {
+        switch (rng() % 10) {
+          case 0: line += std::to_string(static_cast<int>(rng() % 200) - 50); break;
+          case 1: line += static_cast<char>(rng() % 256); break;
+          default: line += words[rng() % words.size()];
+        }
+        if (rng() % 4) line += ' ';
+      }
+      lines.push_back(line);
+    }
+    int line = 0, col = 0, endLine = 0, endCol = 0;
+    const int slot = static_cast<int>(rng() % 9);
+    CompileScript(*game, slot, lines, line, col, endLine, endCol);
+    if (line == 0) {
+      ++passed;
+      ExpectLinksSound(game->scriptCode);
+    } else {
+      EXPECT_FALSE(game->msg.MsgText.empty());
+      EXPECT_GE(endLine, 1);
+      EXPECT_LE(line, lineCount + 1);
+    }
+    if (HasFailure()) {
+      std::string text;
+      for (std::size_t l = 1; l < lines.size(); ++l) text += lines[l] + "\n";
+      FAIL() << "script #" << n << ":\n" << text;
+    }
+  }
+  // Some random scripts (empty ones at least) must compile.
+  EXPECT_GT(passed, 0);
+}
+
+// Fragments of real statements, so that most scripts get past the tokenizer
+// and reach the later passes.
+const char* const kFragments[] = {
+    "if", "then", "else", "elseif", "endif", "do", "loop", "exitdo", "goto 10", "gosub \"x\"",
+    "return", ":", ":10:", ":\"x\":", "(", ")", ",", "cs1", "cs2", "csn1", "cs(3)", "place6",
+    "place(8)", "passline", "point", "# of rolls", "# of rolls 7", "bankroll", "wins", "wagers",
+    "last hand", "current session", "player2", "shooter", "bettor", "=", "<>", ">", "is not",
+    "+", "-", "*", "/", "&", "and", "or", "not", "xor", "5", "1.3", "-2", "\"text\"", "any(",
+    "all(", "place bets", "bets", "checkstacks", "highest(", "sum(", "left$(", "mid$(", "instr(",
+    "len(", "sqr(", "bet 10 on", "clear", "swap", "show message", "play sound", "pass the dice",
+    "atm deposit", "playback dice roll file", "from roll", "round to the nearest", "add", "to",
+    "autotake full odds", "seed", "minimum bet", "dice total", "total $", "net", "current $"};
+
+TEST(CompileFuzz, RandomStatementShapesNeverBreakTheCompiler) {
+  std::mt19937 rng(77);
+  auto game = std::make_unique<Game>();
+  int passed = 0, tokenized = 0;
+  for (int n = 0; n < 4000; ++n) {
+    std::vector<std::string> lines(1);
+    const int lineCount = 1 + static_cast<int>(rng() % 8);
+    for (int l = 0; l < lineCount; ++l) {
+      std::string line;
+      const int count = 1 + static_cast<int>(rng() % 9);
+      for (int w = 0; w < count; ++w) line += std::string(kFragments[rng() % std::size(kFragments)]) + " ";
+      lines.push_back(line);
+    }
+    int line = 0, col = 0, endLine = 0, endCol = 0;
+    CompileScript(*game, 1 + static_cast<int>(rng() % 8), lines, line, col, endLine, endCol);
+    if (line == 0) {
+      ++passed;
+      ExpectLinksSound(game->scriptCode);
+    } else {
+      tokenized += game->msg.MsgText.rfind("Unknown", 0) != 0;
+      EXPECT_FALSE(game->msg.MsgText.empty());
+      EXPECT_LE(line, endLine);
+    }
+    if (HasFailure()) {
+      std::string text;
+      for (std::size_t l = 1; l < lines.size(); ++l) text += lines[l] + "\n";
+      FAIL() << "script #" << n << ":\n" << text;
+    }
+  }
+  EXPECT_GT(passed, 0);
+  EXPECT_GT(tokenized, 2000);
+}
+
+// Tidying is idempotent: the editor tidies lines that were tidied before.
+TEST(CompileFuzz, TidyingTwiceChangesNothing) {
+  const auto words = Words();
+  std::mt19937 rng(5);
+  for (int n = 0; n < 3000; ++n) {
+    std::string line;
+    const int count = static_cast<int>(rng() % 8);
+    for (int w = 0; w < count; ++w) {
+      line += rng() % 5 ? words[rng() % words.size()] : std::to_string(rng() % 1000);
+      if (rng() % 3) line += ' ';
+    }
+    std::string once = line;
+    TidyScriptLine(once);
+    std::string twice = once;
+    TidyScriptLine(twice);
+    ASSERT_EQ(twice, once) << "from [" << line << "]";
+  }
+}
+
+}  // namespace
