@@ -323,6 +323,32 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
   }
 }
 
+int ProperOddsBias(const Game& game, int player, int bet) {
+  const AutoPlayState& a = game.autoplay;
+  if (IsLay(bet)) return a.LayBias(player);
+  if (IsPlace(bet)) return a.PlaceBias(player);
+  if (bet == bet::kPassLineOdds || IsComeOdds(bet)) return a.DoBias(player);
+  if (bet == bet::kDontPassOdds || IsDontComeOdds(bet)) return a.DontBias(player);
+  return 0;
+}
+
+void AdjustForProperOdds(Game& game, int player, int bet) {
+  if (!IsRealBet(bet) || game.autoplay.AutoAdjustMode(player) <= 0) return;
+  BettingState& s = game.betting;
+  ProperOddsInput in;
+  in.bet = bet;
+  in.current = game.Bet(player, bet);
+  in.change = s.BetChange;
+  in.unit = ProperOddsUnit(game, bet);
+  in.maximum = s.BetMaximum;
+  in.minimum = s.BetMinimum;
+  in.contract = game.BetContract(player, bet);
+  in.mode = game.autoplay.AutoAdjustMode(player);
+  in.bias = ProperOddsBias(game, player, bet);
+  for (int i = 1; i <= 5; ++i) in.checks[i] = game.CheckValue(i);
+  s.BetChange = AdjustProperOdds(in, game.HyperDrive ? nullptr : &s.LimitText);
+}
+
 Currency RoundVig(Currency figure, Currency amount, int rounding, Currency unit) {
   if (unit.raw <= 0) return figure;
   std::int64_t q = figure.raw / unit.raw, r = figure.raw % unit.raw;

@@ -56,7 +56,9 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text);
 Currency ProperOddsUnit(const Game& game, int bet);
 // The bias list that governs a bet (0 for bets without one).
 int ProperOddsBias(const Game& game, int player, int bet);
-// Changes BetChange during SetBetChecked for a player with AutoAdjustMode above 0.
+// Changes BetChange during SetBetChecked for a player with AutoAdjustMode
+// above 0, reading BetMaximum/BetMinimum and extending the pending limit
+// text (LimitText) outside Hyper-Drive.
 void AdjustForProperOdds(Game& game, int player, int bet);
 
 // Rounds a raw vig figure to the smallest check by rule (VigRounding) and

@@ -238,6 +238,47 @@ TEST(ProperOdds, ContractBoundsTheLineBets) {
   EXPECT_EQ(AdjustProperOdds(in, &text), 0_usd);
 }
 
+TEST_F(PayoffMath, AdjustForProperOddsReadsThePlayersRules) {
+  BettingState& s = g.betting;
+  auto adjust = [&](int b, Currency change) {
+    s.BetChange = change;
+    s.BetMaximum = 1000_usd;
+    s.BetMinimum = 1_usd;
+    AdjustForProperOdds(g, 1, b);
+    return s.BetChange;
+  };
+  g.autoplay.AutoAdjustMode(1) = 1;
+  g.autoplay.PlaceBias(1) = 0;
+  EXPECT_EQ(adjust(PlaceId(6), 7_usd), 6_usd);
+  g.autoplay.PlaceBias(1) = 1;
+  EXPECT_EQ(adjust(PlaceId(6), 7_usd), 12_usd);
+  g.autoplay.LayBias(1) = 2;
+  EXPECT_EQ(adjust(LayId(4), 5_usd), 4_usd);
+  g.autoplay.AutoAdjustMode(1) = 0;
+  EXPECT_EQ(adjust(PlaceId(6), 7_usd), 7_usd) << "manual: no adjustment";
+  g.autoplay.AutoAdjustMode(1) = 1;
+  // Pass Line takes the unit of the Come bet on the point.
+  g.PayoffTbl(1, ComeId(6)) = 3_usd;
+  g.PayoffTbl(3, ComeId(6)) = 2_usd;
+  FigureProperUnits(g);
+  EXPECT_EQ(adjust(bet::kPassLine, 3_usd), 3_usd) << "no point: the Come box's unit of 1";
+  g.Point = 6;
+  EXPECT_EQ(adjust(bet::kPassLine, 3_usd), 4_usd);
+  // The limit text grows outside Hyper-Drive only.
+  s.LimitText.clear();
+  s.BetChange = 11_usd;
+  s.BetMaximum = 10_usd;
+  AdjustForProperOdds(g, 1, PlaceId(6));
+  EXPECT_EQ(s.BetChange, 6_usd);
+  EXPECT_EQ(s.LimitText, "Maximum bet for proper odds payoff is: $6");
+  s.LimitText.clear();
+  g.HyperDrive = true;
+  s.BetChange = 11_usd;
+  AdjustForProperOdds(g, 1, PlaceId(6));
+  EXPECT_EQ(s.BetChange, 6_usd);
+  EXPECT_TRUE(s.LimitText.empty());
+}
+
 TEST_F(PayoffMath, ProperOddsUnitSwapsForLineBets) {
   EXPECT_EQ(ProperOddsUnit(g, bet::kPassLine), g.PayoffTbl(0, bet::kCome));
   g.Point = 6;
