@@ -64,6 +64,12 @@ void SetCompBet(TableSettings& rules, int bet, bool counted) {
   rules.CompBets[word] = static_cast<Long>(w);
 }
 
+std::string CompBetRowText(const TableSettings& rules, int bet) {
+  std::string s(BetName(bet));
+  s += CompBetCounted(rules, bet) ? " - Yes" : " - No";
+  return s;
+}
+
 Long NoticeFlagsFromChecks(const bool (&checked)[5]) {
   Long flags = 0;
   for (int i = 0; i < 5; ++i)

@@ -141,6 +141,8 @@ extern const std::string_view kVigRoundCaption[3];
 bool CompBetCounted(const TableSettings& rules, int bet);
 bool CompBetDefault(int bet);
 void SetCompBet(TableSettings& rules, int bet, bool counted);
+// The row of lstCompBets: BetName & " - Yes" or " - No".
+std::string CompBetRowText(const TableSettings& rules, int bet);
 // NoticeFlags from the five "Notices" check boxes (bit 2^i for box i).
 Long NoticeFlagsFromChecks(const bool (&checked)[5]);
 // Vig rate from the percentage shown in the Vigorish panel, and back.

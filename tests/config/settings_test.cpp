@@ -47,7 +47,10 @@ TEST_F(Settings, Defaults) {
 
 TEST_F(Settings, CompBetsMatchTheirDefaultsAndFlipOneBit) {
   for (int b = 1; b <= 85; ++b) EXPECT_EQ(CompBetCounted(g.rules, b), CompBetDefault(b)) << b;
+  EXPECT_EQ(CompBetRowText(g.rules, 85), "Fire - Yes");
+  EXPECT_EQ(CompBetRowText(g.rules, 44), "Pass Line Odds - No");
   SetCompBet(g.rules, 85, false);
+  EXPECT_EQ(CompBetRowText(g.rules, 85), "Fire - No");
   EXPECT_EQ(static_cast<std::uint32_t>(g.rules.CompBets[3]), 0xFFFFFFFFu & ~(1u << 22));
   SetCompBet(g.rules, 44, true);
   EXPECT_TRUE(CompBetCounted(g.rules, 44));
