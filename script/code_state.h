@@ -16,8 +16,8 @@
 #pragma once
 
 #include <array>
-#include <iterator>
 #include <cstdint>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -74,19 +74,62 @@ enum ElementKind : std::int32_t {
   kMark = 100,            // statement mark: Kind - 100 = line, Value = column
 };
 
-inline constexpr ElementKind kAllKinds[] = {
-    kEmpty, kIf, kThen, kElse, kElseIf, kEndIf, kReturn, kGoTo, kGoSub, kDo, kLoop, kExitDo,
-    kOpen, kClose, kEqual, kNotEqual, kLess, kGreater, kLessEqual, kGreaterEqual, kPower,
-    kTimes, kDivide, kIntDivide, kMod, kPlus, kMinus, kNot, kAnd, kOr, kXor, kConcat, kComma,
-    kFunction, kFunctionTarget, kHead, kVariable, kVariableTarget, kPlayerRef, kFrame,
-    kStatClass, kStatField, kNumber, kString, kAction, kLabel, kList, kMark};
+inline constexpr ElementKind kAllKinds[] = {kEmpty,
+                                            kIf,
+                                            kThen,
+                                            kElse,
+                                            kElseIf,
+                                            kEndIf,
+                                            kReturn,
+                                            kGoTo,
+                                            kGoSub,
+                                            kDo,
+                                            kLoop,
+                                            kExitDo,
+                                            kOpen,
+                                            kClose,
+                                            kEqual,
+                                            kNotEqual,
+                                            kLess,
+                                            kGreater,
+                                            kLessEqual,
+                                            kGreaterEqual,
+                                            kPower,
+                                            kTimes,
+                                            kDivide,
+                                            kIntDivide,
+                                            kMod,
+                                            kPlus,
+                                            kMinus,
+                                            kNot,
+                                            kAnd,
+                                            kOr,
+                                            kXor,
+                                            kConcat,
+                                            kComma,
+                                            kFunction,
+                                            kFunctionTarget,
+                                            kHead,
+                                            kVariable,
+                                            kVariableTarget,
+                                            kPlayerRef,
+                                            kFrame,
+                                            kStatClass,
+                                            kStatField,
+                                            kNumber,
+                                            kString,
+                                            kAction,
+                                            kLabel,
+                                            kList,
+                                            kMark};
 
 inline constexpr std::string_view kKindNames[] = {
-    "Empty", "If", "Then", "Else", "ElseIf", "EndIf", "Return", "GoTo", "GoSub", "Do", "Loop",
-    "ExitDo", "Open", "Close", "Eq", "Ne", "Lt", "Gt", "Le", "Ge", "Pow", "Mul", "Div", "IDiv",
-    "Mod", "Add", "Sub", "Not", "And", "Or", "Xor", "Concat", "Comma", "Func", "FuncTarget",
-    "Head", "Var", "VarTarget", "Player", "Frame", "Class", "Field", "Num", "Str", "Action",
-    "Label", "List", "Mark"};
+    "Empty", "If",    "Then",       "Else",   "ElseIf", "EndIf",     "Return", "GoTo",
+    "GoSub", "Do",    "Loop",       "ExitDo", "Open",   "Close",     "Eq",     "Ne",
+    "Lt",    "Gt",    "Le",         "Ge",     "Pow",    "Mul",       "Div",    "IDiv",
+    "Mod",   "Add",   "Sub",        "Not",    "And",    "Or",        "Xor",    "Concat",
+    "Comma", "Func",  "FuncTarget", "Head",   "Var",    "VarTarget", "Player", "Frame",
+    "Class", "Field", "Num",        "Str",    "Action", "Label",     "List",   "Mark"};
 
 static_assert(std::size(kAllKinds) == std::size(kKindNames),
               "every element kind needs its dump name");
@@ -108,7 +151,7 @@ inline constexpr int kGosubStackLast = 20;
 struct ScriptCode {
   // The script being compiled (or the last one compiled).
   std::vector<ScriptElement> CompiledScript;
-  std::vector<PoolString> StringPool;  // 1-based
+  std::vector<PoolString> StringPool;        // 1-based
   std::vector<ScriptElement> WorkStatement;  // [1..WorkCount]; grows past 200 if needed
   int WorkCount = 0;
   std::vector<std::int32_t> GosubStack;  // [0] = depth

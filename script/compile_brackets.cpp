@@ -41,8 +41,8 @@ bool CheckGroups(Game& game) {
     const int n = static_cast<int>(s[i].Value);
     if (i + 1 >= s.size() || s[i + 1].Kind != kOpen)
       return FailAt(game, i,
-                    std::string("Missing or inappropriate reference to ") += Quote(FunctionName(n)) +=
-                    (n < 20 ? " bet.\r" : "\r"));
+                    std::string("Missing or inappropriate reference to ") +=
+                    Quote(FunctionName(n)) += (n < 20 ? " bet.\r" : "\r"));
     if (n >= 126 && n <= 131) InsertTerminator(s, i + 1);
   }
   for (std::size_t i = 1; i < s.size(); ++i) {
@@ -90,9 +90,10 @@ bool CheckDuplicates(Game& game) {
       const auto first = static_cast<std::size_t>(pool[labels[a].second].Value);
       const auto second = static_cast<std::size_t>(pool[labels[b].second].Value);
       const bool numeric = ParseNumberWord(labels[a].first).has_value();
-      SetCompileMessage(game, std::string(numeric ? "A duplicate line number exists "
-                                                  : "A duplicate label exists ") +
-                                  "in line " + std::to_string(LineBefore(code.CompiledScript, first)));
+      SetCompileMessage(
+          game,
+          std::string(numeric ? "A duplicate line number exists " : "A duplicate label exists ") +
+              "in line " + std::to_string(LineBefore(code.CompiledScript, first)));
       SetSpanBetween(code, std::min(first, second), std::max(first, second));
       return false;
     }
@@ -105,8 +106,10 @@ bool CheckDuplicates(Game& game) {
 std::size_t MatchingClose(const std::vector<ScriptElement>& s, std::size_t open, std::size_t end) {
   int depth = 0;
   for (std::size_t j = open; j < end && j < s.size(); ++j) {
-    if (s[j].Kind == kOpen) ++depth;
-    else if (s[j].Kind == kClose && --depth == 0) return j;
+    if (s[j].Kind == kOpen)
+      ++depth;
+    else if (s[j].Kind == kClose && --depth == 0)
+      return j;
   }
   return end;
 }

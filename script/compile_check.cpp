@@ -29,8 +29,10 @@ void Collapse(Work& w, std::size_t from, std::size_t count, ScriptElement r, std
 std::size_t ListEnd(const Work& w, std::size_t start, std::size_t end) {
   int depth = 0;
   for (std::size_t j = start + 1; j < end; ++j) {
-    if (w[j].Kind == kList) ++depth;
-    else if (w[j].Kind == kEmpty && depth-- == 0) return j;
+    if (w[j].Kind == kList)
+      ++depth;
+    else if (w[j].Kind == kEmpty && depth-- == 0)
+      return j;
   }
   return kNone;
 }
@@ -39,8 +41,10 @@ std::size_t ListEnd(const Work& w, std::size_t start, std::size_t end) {
 std::size_t ListStart(const Work& w, std::size_t from, std::size_t term) {
   int depth = 0;
   for (std::size_t j = term; j-- > from;) {
-    if (w[j].Kind == kEmpty) ++depth;
-    else if (w[j].Kind == kList && depth-- == 0) return j;
+    if (w[j].Kind == kEmpty)
+      ++depth;
+    else if (w[j].Kind == kList && depth-- == 0)
+      return j;
   }
   return kNone;
 }
@@ -61,7 +65,8 @@ struct Checker {
   bool ReduceMath(Work& w, std::size_t a, std::size_t& b);
   bool ReduceComparisons(Work& w, std::size_t a, std::size_t& b);
   bool ReduceLogic(Work& w, std::size_t a, std::size_t& b);
-  bool CheckList(const Work& w, std::size_t list, std::size_t term, bool compared, std::int32_t other);
+  bool CheckList(const Work& w, std::size_t list, std::size_t term, bool compared,
+                 std::int32_t other);
   bool CheckArguments(const Work& w, std::size_t a, std::size_t b, int n);
   bool CheckAggregate(const Work& w, std::size_t a, std::size_t b, int n);
   bool ReduceRange(Work& w, std::size_t a, std::size_t& b, bool inCondition, bool qualifiers);
@@ -88,10 +93,14 @@ bool Checker::ReduceFunctions(Work& w, std::size_t a, std::size_t& b) {
     if (i + count > b) return Fail("Unable to resolve elements.");
     ScriptElement r = kNumberResult;
     const std::int32_t varKind = target ? kVariableTarget : kVariable;
-    if (n == 21) r = {varKind, 100};
-    else if (n == 50) r = {kPlayerRef, 0};
-    else if (n < 100) r = {varKind, static_cast<double>(n)};
-    else if (n >= 800 && n <= 899) r = target ? ScriptElement{kVariableTarget, static_cast<double>(n)} : kStringResult;
+    if (n == 21)
+      r = {varKind, 100};
+    else if (n == 50)
+      r = {kPlayerRef, 0};
+    else if (n < 100)
+      r = {varKind, static_cast<double>(n)};
+    else if (n >= 800 && n <= 899)
+      r = target ? ScriptElement{kVariableTarget, static_cast<double>(n)} : kStringResult;
     Collapse(w, i, count, r, b);
   }
   return true;
@@ -125,7 +134,8 @@ bool Checker::ReduceMath(Work& w, std::size_t a, std::size_t& b) {
       return Fail("Improper use of math operators.");
     if ((hasLeft && w[i - 1].Kind == kVariableTarget) || right.Kind == kVariableTarget)
       return Fail("Cannot do math with a variable that's being assigned.");
-    if (!hasLeft || !IsNum(w[i - 1]) || !IsNum(right)) return Fail("Math error. Use of non-mathematical terms.");
+    if (!hasLeft || !IsNum(w[i - 1]) || !IsNum(right))
+      return Fail("Math error. Use of non-mathematical terms.");
     Collapse(w, i - 1, 3, kNumberResult, b);
     --i;
   }
@@ -146,22 +156,27 @@ bool Checker::CheckList(const Work& w, std::size_t list, std::size_t term, bool 
     const ScriptElement& e = w[j];
     const bool first = j == list + 1;
     if (IsComparison(e.Kind)) {
-      if (!first && w[j - 1].Kind != kComma) return Fail("Improper placement of comparison operator in list.");
-      if (j + 1 >= term || !IsValue(w[j + 1].Kind)) return Fail("Improper or missing comparison element in list.");
+      if (!first && w[j - 1].Kind != kComma)
+        return Fail("Improper placement of comparison operator in list.");
+      if (j + 1 >= term || !IsValue(w[j + 1].Kind))
+        return Fail("Improper or missing comparison element in list.");
       qualifier = &w[++j];
       continue;
     }
     if (e.Kind == kComma) continue;
     if (!IsValue(e.Kind)) return Fail("Inappropriate element in list.");
-    if (!first && w[j - 1].Kind != kComma) return Fail("Missing separation character (, or ;) in list.");
+    if (!first && w[j - 1].Kind != kComma)
+      return Fail("Missing separation character (, or ;) in list.");
     if (IsNum(e)) {
-      if (compared && other != kNumber && other != kList) return Fail("Improper comparison with item in list.");
+      if (compared && other != kNumber && other != kList)
+        return Fail("Improper comparison with item in list.");
       if (qualifier && !IsNum(*qualifier)) return Fail("List item not comparable with qualifier.");
     } else {
       if (!compared) return Fail("Missing list comparison.");
       if (other != kNumber && other != kString && other != kList)
         return Fail("Improper comparison with item in list.");
-      if (qualifier && !IsValue(qualifier->Kind)) return Fail("List item not comparable with qualifier.");
+      if (qualifier && !IsValue(qualifier->Kind))
+        return Fail("List item not comparable with qualifier.");
     }
   }
   return true;
@@ -237,8 +252,10 @@ bool Checker::ReduceLogic(Work& w, std::size_t a, std::size_t& b) {
       if (w[i].Kind != op) continue;
       if (i == a) return Fail(std::string("Missing expression before logical ") + name);
       if (i + 1 == b) return Fail(std::string("Missing expression after logical ") + name);
-      if (!IsNum(w[i - 1])) return Fail(std::string("Missing or inappropriate expression before logical ") + name);
-      if (!IsNum(w[i + 1])) return Fail(std::string("Missing or inappropriate expression after logical ") + name);
+      if (!IsNum(w[i - 1]))
+        return Fail(std::string("Missing or inappropriate expression before logical ") + name);
+      if (!IsNum(w[i + 1]))
+        return Fail(std::string("Missing or inappropriate expression after logical ") + name);
       Collapse(w, i - 1, 3, kNumberResult, b);
       --i;
     }
@@ -302,39 +319,51 @@ bool Checker::CheckArguments(const Work& w, std::size_t a, std::size_t b, int n)
     return true;
   };
   switch (n) {
-    case 203: return counted(3, {1, 3, 3}, "\r\rExpected format:  Instr(number, string, string)\r");
-    case 801: return counted(2, {3, 1}, "\r\rExpected format:  Left$(string, number)\r");
-    case 802: return counted(2, {3, 1}, "\r\rExpected format:  Right$(string, number)\r");
-    case 803: return counted(2, {3, 1}, "\r\rExpected format:  RemoveLeft$(string, number)\r");
-    case 804: return counted(2, {3, 1}, "\r\rExpected format:  RemoveRight$(string, number)\r");
+    case 203:
+      return counted(3, {1, 3, 3}, "\r\rExpected format:  Instr(number, string, string)\r");
+    case 801:
+      return counted(2, {3, 1}, "\r\rExpected format:  Left$(string, number)\r");
+    case 802:
+      return counted(2, {3, 1}, "\r\rExpected format:  Right$(string, number)\r");
+    case 803:
+      return counted(2, {3, 1}, "\r\rExpected format:  RemoveLeft$(string, number)\r");
+    case 804:
+      return counted(2, {3, 1}, "\r\rExpected format:  RemoveRight$(string, number)\r");
     case 805:
     case 806:
       if (args.size() != 3 || !typed({3, 1, 1}))
-        return Exact(std::string("Missing or inappropriate expression in function.\r\rExpected format:  ") +
-                     (n == 805 ? "Mid$" : "RemoveMid$") + "(string, number, number)");
+        return Exact(
+            std::string("Missing or inappropriate expression in function.\r\rExpected format:  ") +
+            (n == 805 ? "Mid$" : "RemoveMid$") + "(string, number, number)");
       return true;
     case 809: {
       const char* tail = "\r\rExpected format:  Insert$(string, number, string)";
-      if (args.size() < 3) return Exact(std::string("Missing expression in Insert$ function.") + tail);
-      if (args.size() > 3) return Exact(std::string("Too many expressions in Insert$ function.") + tail);
+      if (args.size() < 3)
+        return Exact(std::string("Missing expression in Insert$ function.") + tail);
+      if (args.size() > 3)
+        return Exact(std::string("Too many expressions in Insert$ function.") + tail);
       if (!typed({3, 1, 3}))
         return Exact(std::string("Missing or inappropriate expression in function.") + tail);
       return true;
     }
     case 104:
     case 117:
-    case 118: return counted(1, {2}, "");
+    case 118:
+      return counted(1, {2}, "");
     case 125:
     case 825:
-      if (args.size() != 1 || !typed({3})) return Fail("Inappropriate expression in Input function.");
+      if (args.size() != 1 || !typed({3}))
+        return Fail("Inappropriate expression in Input function.");
       return true;
     default:
-      if (args.size() != 1 || !typed({1})) return Fail("Inappropriate expression in " + name + " function.");
+      if (args.size() != 1 || !typed({1}))
+        return Fail("Inappropriate expression in " + name + " function.");
       return true;
   }
 }
 
-bool Checker::ReduceRange(Work& w, std::size_t a, std::size_t& b, bool inCondition, bool qualifiers) {
+bool Checker::ReduceRange(Work& w, std::size_t a, std::size_t& b, bool inCondition,
+                          bool qualifiers) {
   if (!ReduceFunctions(w, a, b) || !ReduceVariables(w, a, b) || !ReduceMath(w, a, b)) return false;
   if (inCondition && !qualifiers && !ReduceComparisons(w, a, b)) return false;
   return ReduceLogic(w, a, b);
@@ -351,7 +380,8 @@ bool Checker::Reduce(Work& w, bool inCondition) {
     --open;
     const bool ownedByFunction = open > 0 && IsFunc(w[open - 1]);
     const int n = ownedByFunction ? static_cast<int>(w[open - 1].Value) : 0;
-    const bool qualifiers = open > 0 && (w[open - 1].Kind == kList || (ownedByFunction && IsAggregate(n)));
+    const bool qualifiers =
+        open > 0 && (w[open - 1].Kind == kList || (ownedByFunction && IsAggregate(n)));
     std::size_t b = close;
     if (!ReduceRange(w, open + 1, b, inCondition, qualifiers)) return false;
     if (ownedByFunction && !CheckArguments(w, open + 1, b, n)) return false;
@@ -401,13 +431,17 @@ bool Checker::CheckAction(const Work& w) {
     std::size_t targets = 0;
     for (std::size_t j = 1; j < w.size(); ++j) {
       if (w[j].Kind == kAction) return Fail("Unable to resolve elements.");
-      if (w[j].Kind == kVariableTarget) ++targets;
-      else if (w[j].Kind != kComma) return Fail("Missing or improper arguments.");
+      if (w[j].Kind == kVariableTarget)
+        ++targets;
+      else if (w[j].Kind != kComma)
+        return Fail("Missing or improper arguments.");
     }
     return targets == 2 || Fail("Missing or improper arguments.");
   }
   if (n == 310) {
-    const auto fromRoll = [](const ScriptElement& e) { return e.Kind == kString && e.Value == -15; };
+    const auto fromRoll = [](const ScriptElement& e) {
+      return e.Kind == kString && e.Value == -15;
+    };
     const std::size_t size = w.size();
     const bool ok = size == 1 || (size == 2 && IsStr(w[1]) && !fromRoll(w[1])) ||
                     (size == 3 && fromRoll(w[1]) && IsNum(w[2])) ||
@@ -434,7 +468,8 @@ bool CompileCheck(Game& game) {
   for (std::size_t i = 1; i < s.size();) {
     std::size_t j = i;
     while (j < s.size() && !IsMark(s[j])) ++j;
-    w.assign(s.begin() + static_cast<std::ptrdiff_t>(i), s.begin() + static_cast<std::ptrdiff_t>(j));
+    w.assign(s.begin() + static_cast<std::ptrdiff_t>(i),
+             s.begin() + static_cast<std::ptrdiff_t>(j));
     code.WorkCount = static_cast<int>(w.size());
     check.at = i;
     const std::size_t next = j + 1;
@@ -451,7 +486,8 @@ bool CompileCheck(Game& game) {
       inCondition = false;
     } else if (k0 == kGoTo || k0 == kGoSub) {
       if (w.size() != 2 || !IsValue(w[1].Kind))
-        return check.Fail("Unable to resolve elements.\rGoTo command should be followed by name of a label");
+        return check.Fail(
+            "Unable to resolve elements.\rGoTo command should be followed by name of a label");
     } else if (!IsLogicWord(k0)) {
       if (!check.Reduce(w, inCondition)) return false;
       if (inCondition) {

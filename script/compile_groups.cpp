@@ -47,34 +47,62 @@ constexpr auto kCheckStackNames = Span<800, 899>();
 
 std::span<const int> GroupMembers(int group) {
   switch (group) {
-    case 4000: return kLay;
-    case 4001: return kLayIn;
-    case 4002: return kLayOut;
-    case 4010: return kDontCome;
-    case 4011: return kDontComeIn;
-    case 4012: return kDontComeOut;
-    case 4020: return kDcOdds;
-    case 4021: return kDcOddsIn;
-    case 4022: return kDcOddsOut;
-    case 4030: return kCome;
-    case 4031: return kComeIn;
-    case 4032: return kComeOut;
-    case 4040: return kComeOdds;
-    case 4041: return kComeOddsIn;
-    case 4042: return kComeOddsOut;
-    case 4050: return kPlace;
-    case 4051: return kPlaceIn;
-    case 4052: return kPlaceOut;
-    case 4060: return kBuy;
-    case 4061: return kBuyIn;
-    case 4062: return kBuyOut;
-    case 4070: return kBig;
-    case 4071: return kHardways;
-    case 4072: return kHops;
-    case 4100: return kAllBets;
-    case 980: return kCheckStacks;
-    case 990: return kCheckStackNames;
-    default: return {};
+    case 4000:
+      return kLay;
+    case 4001:
+      return kLayIn;
+    case 4002:
+      return kLayOut;
+    case 4010:
+      return kDontCome;
+    case 4011:
+      return kDontComeIn;
+    case 4012:
+      return kDontComeOut;
+    case 4020:
+      return kDcOdds;
+    case 4021:
+      return kDcOddsIn;
+    case 4022:
+      return kDcOddsOut;
+    case 4030:
+      return kCome;
+    case 4031:
+      return kComeIn;
+    case 4032:
+      return kComeOut;
+    case 4040:
+      return kComeOdds;
+    case 4041:
+      return kComeOddsIn;
+    case 4042:
+      return kComeOddsOut;
+    case 4050:
+      return kPlace;
+    case 4051:
+      return kPlaceIn;
+    case 4052:
+      return kPlaceOut;
+    case 4060:
+      return kBuy;
+    case 4061:
+      return kBuyIn;
+    case 4062:
+      return kBuyOut;
+    case 4070:
+      return kBig;
+    case 4071:
+      return kHardways;
+    case 4072:
+      return kHops;
+    case 4100:
+      return kAllBets;
+    case 980:
+      return kCheckStacks;
+    case 990:
+      return kCheckStackNames;
+    default:
+      return {};
   }
 }
 

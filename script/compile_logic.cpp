@@ -21,7 +21,8 @@ bool LinkJump(Game& game, std::size_t i, bool inCondition) {
   ScriptCode& code = game.scriptCode;
   auto& s = code.CompiledScript;
   if (inCondition) return FailAt(game, i, "GOTO or GOSUB out of position.");
-  if (i + 1 >= s.size() || IsMark(s[i + 1])) return FailAt(game, i, "GOTO or GOSUB missing reference.");
+  if (i + 1 >= s.size() || IsMark(s[i + 1]))
+    return FailAt(game, i, "GOTO or GOSUB missing reference.");
   ScriptElement& ref = s[i + 1];
   if (ref.Kind != kNumber && ref.Kind != kString)
     return FailAt(game, i, "Improper reference after GOTO or GOSUB.");
@@ -49,7 +50,8 @@ bool CompileLogic(Game& game, int lineCount) {
   auto& s = code.CompiledScript;
   game.msg.MsgHelpId = 0;
   for (std::size_t i = 1; i < s.size(); ++i)
-    if (s[i].Kind == kLabel && s[i].Value > 0 && s[i].Value < static_cast<double>(code.StringPool.size()))
+    if (s[i].Kind == kLabel && s[i].Value > 0 &&
+        s[i].Value < static_cast<double>(code.StringPool.size()))
       code.StringPool[static_cast<std::size_t>(s[i].Value)].Value = static_cast<double>(i);
 
   code.LineIndent.assign(static_cast<std::size_t>(std::max(lineCount, 0)) + 2, -1);
@@ -145,7 +147,8 @@ bool CompileLogic(Game& game, int lineCount) {
           exitStack.pop_back();
         }
         if (Top(ifStack) > d)
-          return FailAt(game, i, "ENDIF missing or out of position, or \rLOOP statement out of position.");
+          return FailAt(game, i,
+                        "ENDIF missing or out of position, or \rLOOP statement out of position.");
         doStack.pop_back();
         break;
       }
@@ -164,7 +167,8 @@ bool CompileLogic(Game& game, int lineCount) {
   }
   if (inCondition) return FailAt(game, conditionAt, "Missing THEN statement.");
   if (!ifStack.empty() || !thenStack.empty())
-    return FailAt(game, !ifStack.empty() ? ifStack.back() : thenStack.back(), "Missing ENDIF statement.");
+    return FailAt(game, !ifStack.empty() ? ifStack.back() : thenStack.back(),
+                  "Missing ENDIF statement.");
   if (!doStack.empty()) return FailAt(game, doStack.back(), "Missing LOOP statement.");
   return true;
 }

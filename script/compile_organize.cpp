@@ -22,7 +22,9 @@ struct Reference {
   Run player, variable;
   int varNumber = 0, varClass = 0;
   std::optional<double> frame, statClass, field, number;
-  bool onlyNumber() const { return number && player.Empty() && variable.Empty() && !frame && !statClass; }
+  bool onlyNumber() const {
+    return number && player.Empty() && variable.Empty() && !frame && !statClass;
+  }
 };
 
 bool IsInteger(double v) { return std::floor(v) == v; }
@@ -46,7 +48,8 @@ bool Resolve(Game& game, Reference& r) {
   const bool pointsVar = v == 4606 || v == 4607;
   switch (cls) {
     case 0:
-      if (!r.player.Empty() || r.frame || r.statClass || r.field || r.number) return Ambiguous(game, at);
+      if (!r.player.Empty() || r.frame || r.statClass || r.field || r.number)
+        return Ambiguous(game, at);
       return true;
     case 1:
       if (r.frame || r.statClass || r.field || r.number) return Ambiguous(game, at);
@@ -154,7 +157,8 @@ std::size_t WriteBack(Elements& s, const Reference& r, std::size_t end, int p) {
     out.push_back({kStatClass, x});
     out.push_back({kStatField, r.field.value_or(pointsVar ? 0 : (x == 1 ? 33 : 28))});
   }
-  s.erase(s.begin() + static_cast<std::ptrdiff_t>(r.start), s.begin() + static_cast<std::ptrdiff_t>(end));
+  s.erase(s.begin() + static_cast<std::ptrdiff_t>(r.start),
+          s.begin() + static_cast<std::ptrdiff_t>(end));
   s.insert(s.begin() + static_cast<std::ptrdiff_t>(r.start), out.begin(), out.end());
   return out.size();
 }
@@ -173,8 +177,10 @@ bool Finish(Game& game, Reference& r, std::size_t& end, std::size_t& rangeEnd, i
     ScriptElement& e = s[done.player.begin];
     if (done.player.end - done.player.begin == 1) {
       const double n = e.Value;
-      if (n >= 10 && n <= 14) e = {kVariable, 3200 + (n - 10)};
-      else if (n >= 1 && n <= 8) e = {kNumber, n};
+      if (n >= 10 && n <= 14)
+        e = {kVariable, 3200 + (n - 10)};
+      else if (n >= 1 && n <= 8)
+        e = {kNumber, n};
     }
     return true;
   }
@@ -235,8 +241,12 @@ bool OrganizeRange(Game& game, std::size_t from, std::size_t& rangeEnd, int p) {
       case kPlayerRef:
         if (take(r.player, 1, "Ambiguous player references") != 2) return false;
         continue;
-      case kFrame: ok = value(r.frame, e.Value, "Ambiguous hand references", false); break;
-      case kStatClass: ok = value(r.statClass, e.Value, "Ambiguous variable references", false); break;
+      case kFrame:
+        ok = value(r.frame, e.Value, "Ambiguous hand references", false);
+        break;
+      case kStatClass:
+        ok = value(r.statClass, e.Value, "Ambiguous variable references", false);
+        break;
       case kStatField:
         ok = value(r.field, e.Value, "Ambiguous variable references", r.number.has_value());
         break;

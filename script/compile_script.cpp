@@ -53,9 +53,11 @@ void CompileScript(Game& game, int p, const std::vector<std::string>& lines, int
       return false;
     ExpandGroups(game);
     if (!MarkTargets(game)) return false;
-    if (!Guarded(game, "A compile error occurred (logic).", [&] { return CompileLogic(game, lineCount); }))
+    if (!Guarded(game, "A compile error occurred (logic).",
+                 [&] { return CompileLogic(game, lineCount); }))
       return false;
-    return Guarded(game, "A compile error occurred (final check).", [&] { return CompileCheck(game); });
+    return Guarded(game, "A compile error occurred (final check).",
+                   [&] { return CompileCheck(game); });
   });
   if (!ok && code.errLine <= 0) code.errLine = code.errEndLine = 1;
   errLine = ok ? 0 : code.errLine;

@@ -8,15 +8,25 @@ namespace {
 bool WritableVariable(int n) {
   if (n < 200 || (n >= 800 && n <= 999)) return true;
   switch (n) {
-    case 3603: case 3691: case 3655: case 670: case 671: case 3672:
-    case 700: case 701: case 702: case 703:
+    case 3603:
+    case 3691:
+    case 3655:
+    case 670:
+    case 671:
+    case 3672:
+    case 700:
+    case 701:
+    case 702:
+    case 703:
       return true;
     default:
       return false;
   }
 }
 
-double At(const std::vector<ScriptElement>& s, std::size_t i) { return i < s.size() ? s[i].Value : -1; }
+double At(const std::vector<ScriptElement>& s, std::size_t i) {
+  return i < s.size() ? s[i].Value : -1;
+}
 
 // Checks a variable target at i; false with the message set.
 bool CheckVariableTarget(Game& game, std::size_t i, int actionCode, int targetCount) {
@@ -37,9 +47,10 @@ bool CheckVariableTarget(Game& game, std::size_t i, int actionCode, int targetCo
   std::string text = Quote(VariableName(n));
   text += " is a read-only variable and cannot be assigned a value.";
   if (n == 654)
-    text += "\r\rInitial bankroll is set on the Configuration screen.  However, you can make \r"
-            "adjustments to your bankroll, utilizing these commands:\r\r     - ATM withdraw X\r"
-            "     - ATM deposit X";
+    text +=
+        "\r\rInitial bankroll is set on the Configuration screen.  However, you can make \r"
+        "adjustments to your bankroll, utilizing these commands:\r\r     - ATM withdraw X\r"
+        "     - ATM deposit X";
   return FailAt(game, i, text);
 }
 
@@ -67,12 +78,14 @@ bool MarkTargets(Game& game) {
       continue;
     }
     if (e.Kind == kLabel && !inAction)
-      return FailAt(game, i, "Improper placement of label.\rLabels cannot appear with condition lines.");
+      return FailAt(game, i,
+                    "Improper placement of label.\rLabels cannot appear with condition lines.");
     if (e.Kind == kList) {
       if (e.Value == 2 && inAction)
-        return FailAt(game, i,
-                      "Improper use of list.\r\rLists defined by the keyword \"Any\"\rcannot be used "
-                      "with action commands.");
+        return FailAt(
+            game, i,
+            "Improper use of list.\r\rLists defined by the keyword \"Any\"\rcannot be used "
+            "with action commands.");
       continue;
     }
     if (skipStatement) continue;
@@ -86,8 +99,10 @@ bool MarkTargets(Game& game) {
     }
     if (e.Kind == kAction) {
       actionCode = static_cast<int>(e.Value);
-      if (actionCode >= 481 && actionCode <= 489) skipToAssign = true;
-      else if (!((actionCode >= 450 && actionCode <= 480) || actionCode == 300)) skipStatement = true;
+      if (actionCode >= 481 && actionCode <= 489)
+        skipToAssign = true;
+      else if (!((actionCode >= 450 && actionCode <= 480) || actionCode == 300))
+        skipStatement = true;
       continue;
     }
     if (IsLogicWord(e.Kind) || !inAction) continue;
@@ -105,9 +120,9 @@ bool MarkTargets(Game& game) {
       ++targetCount;
       const int n = static_cast<int>(e.Value);
       if (n >= 100 && n != 700 && n != 800)
-        return FailAt(game, i,
-                      Quote(FunctionName(n)) +=
-                      " is a read-only function and cannot be assigned a value.");
+        return FailAt(
+            game, i,
+            Quote(FunctionName(n)) += " is a read-only function and cannot be assigned a value.");
       e.Kind = kFunctionTarget;
     } else if (e.Kind == kVariable) {
       targetDone = true;

@@ -17,12 +17,13 @@ std::string Padded(std::string_view text) {
   return out;
 }
 
-
 bool EndsWith(std::string_view text, std::string_view tail) {
   return text.size() >= tail.size() && text.substr(text.size() - tail.size()) == tail;
 }
 
-bool AllBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string_view::npos; }
+bool AllBlank(std::string_view text) {
+  return text.find_first_not_of(' ') == std::string_view::npos;
+}
 
 bool IsWordChar(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
 
@@ -137,8 +138,8 @@ bool KeepBlankBeforeParen(std::string_view o) {
   const std::string_view t = o.substr(0, o.size() - 1);
   if (AllBlank(t)) return true;
   if (std::strchr("&=:^*/\\+-<>", t.back())) return true;
-  for (std::string_view w : {"do", "or", "if", "xor", "and", "wend", "else", "then", "when", "while",
-                             "elseif"})
+  for (std::string_view w :
+       {"do", "or", "if", "xor", "and", "wend", "else", "then", "when", "while", "elseif"})
     if (EndsWithWord(t, w)) return true;
   return false;
 }
@@ -212,8 +213,10 @@ std::string JoinLine(const std::string& s) {
 std::size_t CommentStart(std::string_view line) {
   bool inQuote = false;
   for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] == '"') inQuote = !inQuote;
-    else if (line[i] == '\'' && !inQuote) return i;
+    if (line[i] == '"')
+      inQuote = !inQuote;
+    else if (line[i] == '\'' && !inQuote)
+      return i;
   }
   return std::string_view::npos;
 }
@@ -237,7 +240,8 @@ std::string ShadowOf(const std::string& source) {
 // Finds `word` as a whole word in the shadow, blanks it, and returns its
 // source column; -1 if absent.
 int TakeWordFromShadow(std::string& shadow, std::string_view word) {
-  for (std::size_t pos = shadow.find(word); pos != std::string::npos; pos = shadow.find(word, pos + 1)) {
+  for (std::size_t pos = shadow.find(word); pos != std::string::npos;
+       pos = shadow.find(word, pos + 1)) {
     const bool startOk = pos == 0 || !IsWordChar(shadow[pos - 1]);
     const bool endOk = pos + word.size() >= shadow.size() || !IsWordChar(shadow[pos + word.size()]);
     if (startOk && endOk) {
@@ -250,18 +254,30 @@ int TakeWordFromShadow(std::string& shadow, std::string_view word) {
 
 std::string_view StructureWord(int n) {
   switch (n) {
-    case 1: return "if";
-    case 9: return "then";
-    case 10: return "else";
-    case 11: return "elseif";
-    case 12: return "endif";
-    case 13: return "return";
-    case 14: return "goto";
-    case 15: return "gosub";
-    case 16: return "do";
-    case 17: return "loop";
-    case 18: return "exitdo";
-    default: return {};
+    case 1:
+      return "if";
+    case 9:
+      return "then";
+    case 10:
+      return "else";
+    case 11:
+      return "elseif";
+    case 12:
+      return "endif";
+    case 13:
+      return "return";
+    case 14:
+      return "goto";
+    case 15:
+      return "gosub";
+    case 16:
+      return "do";
+    case 17:
+      return "loop";
+    case 18:
+      return "exitdo";
+    default:
+      return {};
   }
 }
 
@@ -275,16 +291,26 @@ std::string_view SplitStructureWord(int n) {
 
 std::int32_t KindOfLetter(char c) {
   switch (c) {
-    case 'F': return kFunction;
-    case 'V': return kVariable;
-    case 'P': return kPlayerRef;
-    case 'H': return kFrame;
-    case 'X': return kStatClass;
-    case 'Y': return kStatField;
-    case 'I': return kList;
-    case 'A': return kAction;
-    case 'S': return kString;
-    default: return 0;
+    case 'F':
+      return kFunction;
+    case 'V':
+      return kVariable;
+    case 'P':
+      return kPlayerRef;
+    case 'H':
+      return kFrame;
+    case 'X':
+      return kStatClass;
+    case 'Y':
+      return kStatField;
+    case 'I':
+      return kList;
+    case 'A':
+      return kAction;
+    case 'S':
+      return kString;
+    default:
+      return 0;
   }
 }
 
@@ -292,7 +318,8 @@ std::string UnknownWordMessage(const std::string& word) {
   if (word == "playername")
     return "Unknown player\r\rPlease enter actual name of player or refer to player's position "
            "such as player1, player2, etc.";
-  if (word == "session") return "Please specify:\r\rcurrent session, last session, or all sessions.";
+  if (word == "session")
+    return "Please specify:\r\rcurrent session, last session, or all sessions.";
   if (word == "hand") return "Please specify:\r\rcurrent hand, last hand, or all hands.";
   return "Unknown or misplaced element:\r\r" + word + "\r";
 }
@@ -334,7 +361,6 @@ void CutWords(std::string& work, std::string_view word) {
   for (std::size_t pos = work.find(word); pos != std::string::npos; pos = work.find(word, pos))
     work.erase(pos + 1, word.size() - 1);
 }
-
 
 // Fails the tokenizer on line `line`: the whole line is the span.
 void FailLine(Game& game, int line, int col, int endCol, std::string text) {
@@ -402,7 +428,8 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
     if (AllBlank(work)) continue;
     if (!PoolStrings(work, pool)) {
       errLine = curLine;
-      FailLine(game, curLine, 0, static_cast<int>(lines[curLine].size()), "Missing quotation mark.");
+      FailLine(game, curLine, 0, static_cast<int>(lines[curLine].size()),
+               "Missing quotation mark.");
       return;
     }
     std::string shadow = ShadowOf(lines[curLine]);
@@ -450,7 +477,8 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
             if (c < 0) c = IsMark(s.back()) ? static_cast<int>(s.back().Value) : 0;
             if (!IsMark(s.back())) PushMark(s, curLine, c);
             s.push_back({n, 0});
-            if (n != kGoTo && n != kGoSub) PushMark(s, curLine, c + static_cast<int>(source.size()));
+            if (n != kGoTo && n != kGoSub)
+              PushMark(s, curLine, c + static_cast<int>(source.size()));
           } else if (n == 100) {
             const auto colon = shadow.find(':');
             int c = 0;
@@ -475,6 +503,8 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
       return;
     }
   }
-  if (IsMark(s.back())) s.back() = {kMark + lineCount + 1, 0};
-  else PushMark(s, lineCount + 1, 0);
+  if (IsMark(s.back()))
+    s.back() = {kMark + lineCount + 1, 0};
+  else
+    PushMark(s, lineCount + 1, 0);
 }

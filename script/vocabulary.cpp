@@ -681,6 +681,7 @@ void ApplyVocabulary(std::string& work, std::string& shadow,
                      const std::vector<VocabularyRow>& extraRows) {
   PhraseSignature workSig = SignatureOf(work);
   const PhraseSignature shadowSig = SignatureOf(shadow);
-  for (const VocabularyRow& row : StaticVocabulary()) ApplyRow(work, workSig, shadow, shadowSig, row);
+  for (const VocabularyRow& row : StaticVocabulary())
+    ApplyRow(work, workSig, shadow, shadowSig, row);
   for (const VocabularyRow& row : extraRows) ApplyRow(work, workSig, shadow, shadowSig, row);
 }

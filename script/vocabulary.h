@@ -33,9 +33,9 @@ struct VocabularyRow {
   std::string Key;
   std::string Code;
   PhraseSignature sig;
-  bool blankInShadow = true;   // false for the logic words and the colon
-  bool keyHasCode = false;     // the key holds a code, so never occurs in source text
-  bool codeHoldsKey = false;   // replacing must move on instead of restarting
+  bool blankInShadow = true;  // false for the logic words and the colon
+  bool keyHasCode = false;    // the key holds a code, so never occurs in source text
+  bool codeHoldsKey = false;  // replacing must move on instead of restarting
 };
 
 // Signature of a text: its characters and adjacent pairs.

@@ -5,7 +5,6 @@
 // success or the first error with its span; dump prints the compiled
 // element stream and string pool.
 #include <CLI/CLI.hpp>
-
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -45,7 +44,8 @@ bool CompileFile(const ScriptOptions& opt, Game& game) {
     std::cerr << opt.file << ": cannot read the script file\n";
     throw CLI::RuntimeError(1);
   }
-  for (std::size_t i = 0; i < opt.players.size() && i < 8; ++i) game.PlayerName[i + 1] = opt.players[i];
+  for (std::size_t i = 0; i < opt.players.size() && i < 8; ++i)
+    game.PlayerName[i + 1] = opt.players[i];
   int line = 0, col = 0, endLine = 0, endCol = 0;
   CompileScript(game, opt.slot, lines, line, col, endLine, endCol);
   if (line <= 0) return true;

@@ -29,8 +29,10 @@ int ApplyArgs(const fs::path& args, Game& game) {
   std::string word;
   int slot = 1, seat = 1;
   while (in >> word) {
-    if (word == "--slot") in >> slot;
-    else if (word == "--player" && in >> word && seat <= 8) game.PlayerName[seat++] = word;
+    if (word == "--slot")
+      in >> slot;
+    else if (word == "--player" && in >> word && seat <= 8)
+      game.PlayerName[seat++] = word;
   }
   return slot;
 }
@@ -44,7 +46,8 @@ std::string Output(const fs::path& bet, bool dump) {
   int line = 0, col = 0, endLine = 0, endCol = 0;
   CompileScript(*game, slot, script_test::Lines(ReadAll(bet)), line, col, endLine, endCol);
   if (line > 0)
-    return FormatCompileFailure(bet.filename().string(), game->msg.MsgText, line, col, endLine, endCol);
+    return FormatCompileFailure(bet.filename().string(), game->msg.MsgText, line, col, endLine,
+                                endCol);
   return dump ? DumpScriptCode(game->scriptCode) : "Your script is properly structured.\n";
 }
 

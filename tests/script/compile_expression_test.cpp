@@ -36,7 +36,8 @@ TEST_F(ExpressionTest, PhrasesInAnyOrderGiveOneCanonicalRun) {
   EXPECT_EQ(Value("Place6 wagers bettor"), "Var:33 Player:13 Frame:3 Class:1 Field:33");
   EXPECT_EQ(Value("place6 wins"), "Var:33 Player:3 Frame:3 Class:2 Field:28");
   EXPECT_EQ(Value("place6 last hand losses total $"), "Var:33 Player:3 Frame:2 Class:3 Field:22");
-  EXPECT_EQ(Value("place(6) shooter"), "Func:6 Open:0 Num:6 Close:0 Player:10 Frame:3 Class:1 Field:33");
+  EXPECT_EQ(Value("place(6) shooter"),
+            "Func:6 Open:0 Num:6 Close:0 Player:10 Frame:3 Class:1 Field:33");
 }
 
 TEST_F(ExpressionTest, TableFiguresPlayersAndClasses) {
@@ -55,10 +56,13 @@ TEST_F(ExpressionTest, TableFiguresPlayersAndClasses) {
 
 TEST_F(ExpressionTest, AmbiguousReferences) {
   const std::string amb = "error: Ambiguous variable references\r";
-  EXPECT_EQ(Value("# of rolls 13"), "error: Ambiguous variable references\rReference to rolls out of limits.\r");
-  EXPECT_EQ(Value("# of rolls 7.7"), "error: Ambiguous variable references\rReference to rolls out of limits.\r");
+  EXPECT_EQ(Value("# of rolls 13"),
+            "error: Ambiguous variable references\rReference to rolls out of limits.\r");
+  EXPECT_EQ(Value("# of rolls 7.7"),
+            "error: Ambiguous variable references\rReference to rolls out of limits.\r");
   EXPECT_EQ(Value("# of rolls since 7 last session"),
-            "error: Ambiguous variable references\r\"# of rolls since\" applies to current session only\r");
+            "error: Ambiguous variable references\r\"# of rolls since\" applies to current session "
+            "only\r");
   EXPECT_EQ(Value("# of points 7"), amb);
   EXPECT_EQ(Value("cs2 current hand"), amb);
   EXPECT_EQ(Value("point player2"), amb);
@@ -71,12 +75,15 @@ TEST_F(ExpressionTest, AmbiguousReferences) {
             "error: Ambiguous variable references.\rPlease designate either total # or total $.\r");
   EXPECT_EQ(Value("place6 expected value"),
             "error: Ambiguous variable references\rPlease designate either net or net %\r");
-  EXPECT_EQ(Value("place6 wins current $"),
-            "error: Ambiguous variable references\rCurrent # and current $ only apply to wagers.\r");
+  EXPECT_EQ(
+      Value("place6 wins current $"),
+      "error: Ambiguous variable references\rCurrent # and current $ only apply to wagers.\r");
   EXPECT_EQ(Value("place6 last session current #"),
-            "error: Ambiguous variable references\rCurrent # and current $ only apply to current hand or session.\r");
+            "error: Ambiguous variable references\rCurrent # and current $ only apply to current "
+            "hand or session.\r");
   EXPECT_EQ(Value("place6 last hand called off"),
-            "error: Ambiguous variable references.\r'Called off' only applies to current hand or session.\r");
+            "error: Ambiguous variable references.\r'Called off' only applies to current hand or "
+            "session.\r");
   EXPECT_EQ(Value("place6 naturals"), "error: Ambiguous variable references.\r");
   // Wins "on" a bet: "on" is an equal sign, so the class stands alone.
   EXPECT_EQ(Value("wins on place6"), amb);
@@ -89,27 +96,32 @@ TEST_F(ExpressionTest, GroupsExpandToTheirMembers) {
   EXPECT_EQ(CountKind(kVariableTarget), 100);
   ASSERT_TRUE(Compile(*game, "clear inside place bets last hand", 3).ok == false);
   ASSERT_TRUE(Compile(*game, "clear inside place bets", 3).ok);
-  EXPECT_EQ(BodyText(*game),
-            "Action:460 VarTarget:32 Player:3 Frame:3 Class:1 Field:33 Comma:0 VarTarget:33 Player:3 "
-            "Frame:3 Class:1 Field:33 Comma:0 VarTarget:34 Player:3 Frame:3 Class:1 Field:33 Comma:0 "
-            "VarTarget:35 Player:3 Frame:3 Class:1 Field:33");
+  EXPECT_EQ(
+      BodyText(*game),
+      "Action:460 VarTarget:32 Player:3 Frame:3 Class:1 Field:33 Comma:0 VarTarget:33 Player:3 "
+      "Frame:3 Class:1 Field:33 Comma:0 VarTarget:34 Player:3 Frame:3 Class:1 Field:33 Comma:0 "
+      "VarTarget:35 Player:3 Frame:3 Class:1 Field:33");
 }
 
 TEST_F(ExpressionTest, OnlyWritableThingsBecomeTargets) {
-  EXPECT_EQ(Message("point = 5"), "\"Point\" is a read-only variable and cannot be assigned a value.");
-  EXPECT_EQ(Message("sqr(4) = 5"), "\"Sqr\" is a read-only function and cannot be assigned a value.");
-  EXPECT_EQ(Message("swap cs1, cs2, cs3"), "The swap command only works with two variables at a time.");
+  EXPECT_EQ(Message("point = 5"),
+            "\"Point\" is a read-only variable and cannot be assigned a value.");
+  EXPECT_EQ(Message("sqr(4) = 5"),
+            "\"Sqr\" is a read-only function and cannot be assigned a value.");
+  EXPECT_EQ(Message("swap cs1, cs2, cs3"),
+            "The swap command only works with two variables at a time.");
   EXPECT_EQ(Message("bet 5 on place6 last hand"),
             "Unable to set the value of a bet that is not in the current hand or session.");
   EXPECT_EQ(Message("bet 5 on place6 wins"), "Only able to set the 'wager' value of a bet.");
   EXPECT_EQ(Message("bet 5 on place6 total $"), "Only able to set the current $ value of a bet.");
   EXPECT_EQ(Message("bet 5 on any(place bets)"),
-            "Improper use of list.\r\rLists defined by the keyword \"Any\"\rcannot be used with action commands.");
+            "Improper use of list.\r\rLists defined by the keyword \"Any\"\rcannot be used with "
+            "action commands.");
   EXPECT_EQ(Message("if\n:\"x\":\nthen\nendif"),
             "Improper placement of label.\rLabels cannot appear with condition lines.");
-  for (const char* ok : {"autotake full odds = -1", "seed = 5", "rolls per hr = 100", "csn4 = \"x\"",
-                         "bet 5 on place(6)", "swap cs1, cs2", "cs(3) = 1", "add 5 to cs1",
-                         "bet 10 on passline : bet 10 on passlineodds"})
+  for (const char* ok : {"autotake full odds = -1", "seed = 5", "rolls per hr = 100",
+                         "csn4 = \"x\"", "bet 5 on place(6)", "swap cs1, cs2", "cs(3) = 1",
+                         "add 5 to cs1", "bet 10 on passline : bet 10 on passlineodds"})
     EXPECT_TRUE(Compile(*game, ok).ok) << ok << ": " << game->msg.MsgText;
 }
 
@@ -122,14 +134,16 @@ TEST_F(ExpressionTest, StatementsMustReduceToTheirForm) {
       {"if (5) (6) then\nendif", "Unable to resolve expression.\r"},
       {"if \"a\" & \"b\" then\nendif", "Result not true or false.\r"},
       // A string alone between two marks is a label, even after If.
-      {"if \"a\" then\nendif", "Improper placement of label.\rLabels cannot appear with condition lines."},
+      {"if \"a\" then\nendif",
+       "Improper placement of label.\rLabels cannot appear with condition lines."},
       {"pass the dice 5", "Unable to resolve elements.\r"},
       {"show message", "Missing argument.\r"},
       {"show message 1, 2", "Unable to resolve elements.\r"},
       {"play sound 5", "Improper argument.\r"},
       {"swap cs1", "Missing or improper arguments.\r"},
       {"playback dice roll file 5", "Improper argument.\r"},
-      {":\"a\":\ngoto \"a\" 6", "Unable to resolve elements.\rGoTo command should be followed by name of a label\r"},
+      {":\"a\":\ngoto \"a\" 6",
+       "Unable to resolve elements.\rGoTo command should be followed by name of a label\r"},
       {"clear 5", "Improper assignment or expression.\r"},
       {"bet 5 on 6", "Improper assignment or expression.\r"},
       {"cs1 = 5 > 3", "Improper assignment or expression.\r"},
@@ -143,8 +157,10 @@ TEST_F(ExpressionTest, StatementsMustReduceToTheirForm) {
       {"if not \"a\" then\nendif", "Improper argument for NOT operation.\r"},
       {"if and 5 = 5 then\nendif", "Missing expression before logical \"AND\"\r"},
       {"if 5 = 5 and then\nendif", "Missing expression after logical \"AND\"\r"},
-      {"if \"a\" or 5 = 5 then\nendif", "Missing or inappropriate expression before logical \"OR\"\r"},
-      {"if 5 = 5 xor \"a\" then\nendif", "Missing or inappropriate expression after logical \"XOR\"\r"},
+      {"if \"a\" or 5 = 5 then\nendif",
+       "Missing or inappropriate expression before logical \"OR\"\r"},
+      {"if 5 = 5 xor \"a\" then\nendif",
+       "Missing or inappropriate expression after logical \"XOR\"\r"},
   };
   for (const auto& c : cases) EXPECT_EQ(Message(c.text), c.message) << c.text;
 }
@@ -155,27 +171,35 @@ TEST_F(ExpressionTest, FunctionArguments) {
     const char* message;
   } cases[] = {
       {"cs1 = instr(1, \"a\")",
-       "Missing expression in \"Instr\" function.\r\rExpected format:  Instr(number, string, string)\r"},
+       "Missing expression in \"Instr\" function.\r\rExpected format:  Instr(number, string, "
+       "string)\r"},
       {"cs1 = instr(1, \"a\", \"b\", \"c\")",
-       "Too many expressions in \"Instr\" function.\r\rExpected format:  Instr(number, string, string)\r"},
+       "Too many expressions in \"Instr\" function.\r\rExpected format:  Instr(number, string, "
+       "string)\r"},
       {"cs1 = instr(\"a\", \"b\", \"c\")",
-       "Inappropriate expression in \"Instr\" function.\r\rExpected format:  Instr(number, string, string)\r"},
+       "Inappropriate expression in \"Instr\" function.\r\rExpected format:  Instr(number, string, "
+       "string)\r"},
       {"csn1 = left$(\"a\")",
        "Missing expression in \"Left\" function.\r\rExpected format:  Left$(string, number)\r"},
       {"csn1 = removeright$(\"a\", \"b\")",
-       "Inappropriate expression in \"RemoveRight\" function.\r\rExpected format:  RemoveRight$(string, number)\r"},
+       "Inappropriate expression in \"RemoveRight\" function.\r\rExpected format:  "
+       "RemoveRight$(string, number)\r"},
       {"csn1 = mid$(\"abc\", 2)",
-       "Missing or inappropriate expression in function.\r\rExpected format:  Mid$(string, number, number)"},
+       "Missing or inappropriate expression in function.\r\rExpected format:  Mid$(string, number, "
+       "number)"},
       {"csn1 = insert$(\"a\", 1)",
-       "Missing expression in Insert$ function.\r\rExpected format:  Insert$(string, number, string)"},
+       "Missing expression in Insert$ function.\r\rExpected format:  Insert$(string, number, "
+       "string)"},
       {"csn1 = insert$(\"a\", \"b\", \"c\")",
-       "Missing or inappropriate expression in function.\r\rExpected format:  Insert$(string, number, string)"},
+       "Missing or inappropriate expression in function.\r\rExpected format:  Insert$(string, "
+       "number, string)"},
       {"cs1 = len(5)", "Inappropriate expression in \"Len\" function.\r"},
       {"cs1 = asc()", "Missing expression in \"Asc\" function.\r"},
       {"cs1 = sqr(\"a\")", "Inappropriate expression in \"Sqr\" function.\r"},
       {"cs1 = input(1, 2)", "Inappropriate expression in Input function.\r"},
       {"cs1 = highest(> \"a\", 5)",
-       "Missing or improper qualifier in \"Highest\" function.\r\rExpected qualifier format:\r>, <, or = "
+       "Missing or improper qualifier in \"Highest\" function.\r\rExpected qualifier format:\r>, "
+       "<, or = "
        "followed by number or non-string variable\r"},
       {"cs1 = sum(\"a\")", "Improper expression in \"Sum\" function.\r"},
   };
@@ -203,10 +227,10 @@ TEST_F(ExpressionTest, ListsInConditions) {
       {"if any(4) = then\nendif", "Missing list comparison.\r"},
   };
   for (const auto& c : cases) EXPECT_EQ(Message(c.text), c.message) << c.text;
-  for (const char* ok : {"if any(4,5,6,8,9,10) = point then\nendif", "if point = any(4, 5) then\nendif",
-                         "if all(place bets) > 0 and not any(< 5, come bets) then\nendif",
-                         "if all(passline, field) then\nendif",
-                         "if any(\"a\", \"b\") = csn1 then\nendif"})
+  for (const char* ok :
+       {"if any(4,5,6,8,9,10) = point then\nendif", "if point = any(4, 5) then\nendif",
+        "if all(place bets) > 0 and not any(< 5, come bets) then\nendif",
+        "if all(passline, field) then\nendif", "if any(\"a\", \"b\") = csn1 then\nendif"})
     EXPECT_TRUE(Compile(*game, ok).ok) << ok << ": " << game->msg.MsgText;
 }
 

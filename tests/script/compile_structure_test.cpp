@@ -44,13 +44,16 @@ TEST_F(StructureTest, FunctionsAndListsNeedTheirBrackets) {
             "Lists defined by \"All\" must be enclosed in brackets.\r\rFor example:\r      "
             "All(inside place bets)\r      All[Field, PassLine, Hard4]\r      Any(Big6, Field, "
             "Checkstacks)\r      Any(4,5,6,8,9,10)");
-  EXPECT_EQ(Compile(*game, "if any 4 = point then\nendif").msg.substr(0, 23), "Lists defined by \"Any\" ");
+  EXPECT_EQ(Compile(*game, "if any 4 = point then\nendif").msg.substr(0, 23),
+            "Lists defined by \"Any\" ");
 }
 
 TEST_F(StructureTest, AggregatesAndListsGetAnEmptyTerminator) {
-  ASSERT_TRUE(Compile(*game, "cs1 = sum(1, max(2))" ).ok == false);
+  ASSERT_TRUE(Compile(*game, "cs1 = sum(1, max(2))").ok == false);
   ASSERT_TRUE(Compile(*game, "cs1 = sum(1, (2))").ok);
-  EXPECT_EQ(BodyText(*game), "VarTarget:101 Player:1 Eq:0 Func:130 Open:0 Num:1 Comma:0 Open:0 Num:2 Close:0 Empty:0 Close:0");
+  EXPECT_EQ(BodyText(*game),
+            "VarTarget:101 Player:1 Eq:0 Func:130 Open:0 Num:1 Comma:0 Open:0 Num:2 Close:0 "
+            "Empty:0 Close:0");
   ASSERT_TRUE(Compile(*game, "if any(4, 5) = point then\nendif").ok);
   EXPECT_EQ(BodyText(*game).substr(0, 69),
             "If:0 List:2 Open:0 Num:4 Comma:0 Num:5 Empty:0 Close:0 Eq:0 Var:3500 ");
@@ -94,9 +97,8 @@ TEST_F(StructureTest, IfThenElseLinks) {
 }
 
 TEST_F(StructureTest, LoopsAndExitDoLinks) {
-  ASSERT_TRUE(Compile(*game,
-                      "do\n  do\n    if cs1 > 3 then exitdo\n    endif\n  loop\n  exitdo\nloop")
-                  .ok);
+  ASSERT_TRUE(
+      Compile(*game, "do\n  do\n    if cs1 > 3 then exitdo\n    endif\n  loop\n  exitdo\nloop").ok);
   const std::size_t outerDo = Find(kDo, 0), innerDo = Find(kDo, 1);
   const std::size_t innerLoop = Find(kLoop, 0), outerLoop = Find(kLoop, 1);
   EXPECT_EQ(S()[innerDo].Value, innerLoop);
@@ -116,10 +118,12 @@ TEST_F(StructureTest, StructureErrorsAndTheirLines) {
       {"if point = 4 then\nelse\nelse\nendif", "Expected THEN before ELSE.", 3},
       {"if point = 4 then\nelse\nelseif point = 5 then\nendif", "ELSEIF out of position.", 3},
       {"if point = 4 then\nif point = 5 then\nelse\nelseif point = 6 then\nendif\nendif",
-       "ELSEIF out of position.\rCannot be placed after ELSE within the same IF/THEN statement.", 4},
+       "ELSEIF out of position.\rCannot be placed after ELSE within the same IF/THEN statement.",
+       4},
       {"endif", "Unassociated ENDIF.", 1},
       {"if point = 4 endif", "Missing THEN between IF and ENDIF.", 1},
-      {"do\nif point = 4 then\nloop\nendif", "ENDIF missing or out of position, or \rLOOP statement out of position.", 3},
+      {"do\nif point = 4 then\nloop\nendif",
+       "ENDIF missing or out of position, or \rLOOP statement out of position.", 3},
       {"if point = 4 then\ndo\nendif\nloop", "Missing or out of position LOOP statement.", 2},
       {"loop", "Missing DO statement or LOOP statement out of position.", 1},
       {"exitdo", "EXIT DO statement outside of DO/LOOP.", 1},

@@ -18,9 +18,11 @@ std::vector<std::string> Words() {
     std::string k(TrimBlanks(row.Key));
     if (!k.empty() && !row.keyHasCode) words.push_back(k);
   }
-  for (const char* w : {"if", "then", "else", "elseif", "endif", "do", "loop", "exitdo", "goto",
-                        "gosub", "return", ":", "(", ")", "[", "]", ",", "\"", "'", "\"x\"", "5",
-                        "1.3", "-", "+", "=", "cs1", "csn2", "any(", "all(", "Pat", "0", "100", "\t"})
+  for (const char* w :
+       {"if",    "then",   "else", "elseif", "endif", "do", "loop", "exitdo", "goto",
+        "gosub", "return", ":",    "(",      ")",     "[",  "]",    ",",      "\"",
+        "'",     "\"x\"",  "5",    "1.3",    "-",     "+",  "=",    "cs1",    "csn2",
+        "any(",  "all(",   "Pat",  "0",      "100",   "\t"})
     for (int k = 0; k < 6; ++k) words.push_back(w);
   return words;
 }
@@ -31,7 +33,9 @@ void ExpectLinksSound(const ScriptCode& code) {
   ASSERT_GE(s.size(), 3u);
   EXPECT_EQ(s[1].Kind, kHead);
   EXPECT_TRUE(IsMark(s.back()));
-  auto kindAt = [&](double v) { return v >= 0 && v < static_cast<double>(s.size()) ? s[static_cast<std::size_t>(v)].Kind : 999; };
+  auto kindAt = [&](double v) {
+    return v >= 0 && v < static_cast<double>(s.size()) ? s[static_cast<std::size_t>(v)].Kind : 999;
+  };
   for (std::size_t i = 0; i < s.size(); ++i) {
     const auto k = s[i].Kind;
     if (k == kThen) {
@@ -64,9 +68,14 @@ TEST(CompileFuzz, RandomTextNeverBreaksTheCompiler) {
       const int count = static_cast<int>(rng() % 10);
       for (int w = 0; w < count; ++w) {
         switch (rng() % 10) {
-          case 0: line += std::to_string(static_cast<int>(rng() % 200) - 50); break;
-          case 1: line += static_cast<char>(rng() % 256); break;
-          default: line += words[rng() % words.size()];
+          case 0:
+            line += std::to_string(static_cast<int>(rng() % 200) - 50);
+            break;
+          case 1:
+            line += static_cast<char>(rng() % 256);
+            break;
+          default:
+            line += words[rng() % words.size()];
         }
         if (rng() % 4) line += ' ';
       }
@@ -95,16 +104,89 @@ TEST(CompileFuzz, RandomTextNeverBreaksTheCompiler) {
 
 // Fragments of real statements, so that most scripts get past the tokenizer
 // and reach the later passes.
-const char* const kFragments[] = {
-    "if", "then", "else", "elseif", "endif", "do", "loop", "exitdo", "goto 10", "gosub \"x\"",
-    "return", ":", ":10:", ":\"x\":", "(", ")", ",", "cs1", "cs2", "csn1", "cs(3)", "place6",
-    "place(8)", "passline", "point", "# of rolls", "# of rolls 7", "bankroll", "wins", "wagers",
-    "last hand", "current session", "player2", "shooter", "bettor", "=", "<>", ">", "is not",
-    "+", "-", "*", "/", "&", "and", "or", "not", "xor", "5", "1.3", "-2", "\"text\"", "any(",
-    "all(", "place bets", "bets", "checkstacks", "highest(", "sum(", "left$(", "mid$(", "instr(",
-    "len(", "sqr(", "bet 10 on", "clear", "swap", "show message", "play sound", "pass the dice",
-    "atm deposit", "playback dice roll file", "from roll", "round to the nearest", "add", "to",
-    "autotake full odds", "seed", "minimum bet", "dice total", "total $", "net", "current $"};
+const char* const kFragments[] = {"if",
+                                  "then",
+                                  "else",
+                                  "elseif",
+                                  "endif",
+                                  "do",
+                                  "loop",
+                                  "exitdo",
+                                  "goto 10",
+                                  "gosub \"x\"",
+                                  "return",
+                                  ":",
+                                  ":10:",
+                                  ":\"x\":",
+                                  "(",
+                                  ")",
+                                  ",",
+                                  "cs1",
+                                  "cs2",
+                                  "csn1",
+                                  "cs(3)",
+                                  "place6",
+                                  "place(8)",
+                                  "passline",
+                                  "point",
+                                  "# of rolls",
+                                  "# of rolls 7",
+                                  "bankroll",
+                                  "wins",
+                                  "wagers",
+                                  "last hand",
+                                  "current session",
+                                  "player2",
+                                  "shooter",
+                                  "bettor",
+                                  "=",
+                                  "<>",
+                                  ">",
+                                  "is not",
+                                  "+",
+                                  "-",
+                                  "*",
+                                  "/",
+                                  "&",
+                                  "and",
+                                  "or",
+                                  "not",
+                                  "xor",
+                                  "5",
+                                  "1.3",
+                                  "-2",
+                                  "\"text\"",
+                                  "any(",
+                                  "all(",
+                                  "place bets",
+                                  "bets",
+                                  "checkstacks",
+                                  "highest(",
+                                  "sum(",
+                                  "left$(",
+                                  "mid$(",
+                                  "instr(",
+                                  "len(",
+                                  "sqr(",
+                                  "bet 10 on",
+                                  "clear",
+                                  "swap",
+                                  "show message",
+                                  "play sound",
+                                  "pass the dice",
+                                  "atm deposit",
+                                  "playback dice roll file",
+                                  "from roll",
+                                  "round to the nearest",
+                                  "add",
+                                  "to",
+                                  "autotake full odds",
+                                  "seed",
+                                  "minimum bet",
+                                  "dice total",
+                                  "total $",
+                                  "net",
+                                  "current $"};
 
 TEST(CompileFuzz, RandomStatementShapesNeverBreakTheCompiler) {
   std::mt19937 rng(77);
@@ -116,7 +198,8 @@ TEST(CompileFuzz, RandomStatementShapesNeverBreakTheCompiler) {
     for (int l = 0; l < lineCount; ++l) {
       std::string line;
       const int count = 1 + static_cast<int>(rng() % 9);
-      for (int w = 0; w < count; ++w) line += std::string(kFragments[rng() % std::size(kFragments)]) + " ";
+      for (int w = 0; w < count; ++w)
+        line += std::string(kFragments[rng() % std::size(kFragments)]) + " ";
       lines.push_back(line);
     }
     int line = 0, col = 0, endLine = 0, endCol = 0;

@@ -39,7 +39,8 @@ inline Result Compile(Game& game, std::string_view text, int p = 1) {
 inline std::vector<ScriptElement> Body(const Game& game) {
   std::vector<ScriptElement> out;
   for (const auto& e : game.scriptCode.CompiledScript)
-    if (!IsMark(e) && e.Kind != kHead && !(e.Kind == kEmpty && &e == &game.scriptCode.CompiledScript[0]))
+    if (!IsMark(e) && e.Kind != kHead &&
+        !(e.Kind == kEmpty && &e == &game.scriptCode.CompiledScript[0]))
       out.push_back(e);
   return out;
 }

@@ -73,8 +73,7 @@ TEST(TidyScriptLine, QuotesAndCommentsAreLeftAlone) {
 }
 
 TEST_F(TokenizerTest, LongerPhrasesWinOverTheirParts) {
-  EXPECT_EQ(Tokens("if point is not greater than 6 then"),
-            "If:0 Var:3500 Le:0 Num:6 Then:0");
+  EXPECT_EQ(Tokens("if point is not greater than 6 then"), "If:0 Var:3500 Le:0 Num:6 Then:0");
   EXPECT_EQ(Tokens("if point is not 6 then"), "If:0 Var:3500 Ne:0 Num:6 Then:0");
   EXPECT_EQ(Tokens("if point is 6 then"), "If:0 Var:3500 Eq:0 Num:6 Then:0");
   // "bet" inside "minimum bet" is never the action.
@@ -94,7 +93,8 @@ TEST_F(TokenizerTest, StringsGoToThePoolUntouched) {
   EXPECT_EQ(game->scriptCode.StringPool[1].Text, "Bet IF Point");
   EXPECT_EQ(Tokens("show message \"it's\" ' bet 5"), "Action:210 Str:1");
   EXPECT_EQ(game->scriptCode.StringPool[1].Text, "it's");
-  EXPECT_EQ(Tokens("playback dice roll file \"a.rol\" from roll 5"), "Action:310 Str:1 Str:-15 Num:5");
+  EXPECT_EQ(Tokens("playback dice roll file \"a.rol\" from roll 5"),
+            "Action:310 Str:1 Str:-15 Num:5");
   EXPECT_EQ(Tokens("cs1 = date$ & time$"), "Var:101 Eq:0 Str:-1 Concat:0 Str:-2");
 }
 
@@ -120,9 +120,10 @@ TEST(ReservedWords, NamesThatHoldAWordOrSymbolAreRefused) {
   int line = 0, col = 0;
   TokenizeScript(*game, 1, {}, line, col, name);
   EXPECT_EQ(name, kReservedNameMarker);
-  EXPECT_EQ(game->msg.MsgText,
-            "Unfortunately, \"Lucky Point\" contains a word, phrase, or symbol used in auto-betting "
-            "and therefore can't be used as a player's name.\r\rPlease enter a different name.\r\r");
+  EXPECT_EQ(
+      game->msg.MsgText,
+      "Unfortunately, \"Lucky Point\" contains a word, phrase, or symbol used in auto-betting "
+      "and therefore can't be used as a player's name.\r\rPlease enter a different name.\r\r");
   name = "Lucky";
   TokenizeScript(*game, 1, {}, line, col, name);
   EXPECT_EQ(name, "Lucky");
@@ -133,9 +134,11 @@ TEST_F(TokenizerTest, UnknownWordsNameTheWord) {
     const char* text;
     const char* message;
   } cases[] = {
-      {"cs1 = playername", "Unknown player\r\rPlease enter actual name of player or refer to "
-                           "player's position such as player1, player2, etc."},
-      {"cs1 = place6 wins session", "Please specify:\r\rcurrent session, last session, or all sessions."},
+      {"cs1 = playername",
+       "Unknown player\r\rPlease enter actual name of player or refer to "
+       "player's position such as player1, player2, etc."},
+      {"cs1 = place6 wins session",
+       "Please specify:\r\rcurrent session, last session, or all sessions."},
       {"cs1 = place6 wins hand", "Please specify:\r\rcurrent hand, last hand, or all hands."},
       {"\n\ncs1 = zork", "Unknown or misplaced element:\r\rzork\r"},
   };
@@ -156,8 +159,8 @@ TEST_F(TokenizerTest, MarksCarryLineAndColumn) {
   std::vector<std::pair<int, int>> marks;
   for (const auto& e : game->scriptCode.CompiledScript)
     if (IsMark(e)) marks.emplace_back(MarkLine(e), static_cast<int>(e.Value));
-  const std::vector<std::pair<int, int>> want = {
-      {1, 0}, {1, 8}, {3, 2}, {3, 4}, {3, 15}, {3, 19}, {3, 28}, {3, 32}, {3, 41}, {4, 0}};
+  const std::vector<std::pair<int, int>> want = {{1, 0},  {1, 8},  {3, 2},  {3, 4},  {3, 15},
+                                                 {3, 19}, {3, 28}, {3, 32}, {3, 41}, {4, 0}};
   EXPECT_EQ(marks, want);
 }
 
@@ -170,7 +173,8 @@ TEST(Vocabulary, FilteredApplicationEqualsTryingEveryRow) {
     std::string k(TrimBlanks(row.Key));
     if (!k.empty() && !row.keyHasCode) words.push_back(k);
   }
-  for (const char* w : {"5", "1.3", "x", "the", "a", "of", "is", "not", "+", "-", "(", ")", ","}) words.push_back(w);
+  for (const char* w : {"5", "1.3", "x", "the", "a", "of", "is", "not", "+", "-", "(", ")", ","})
+    words.push_back(w);
   for (int n = 0; n < 2000; ++n) {
     std::string work = " ";
     const int count = 1 + static_cast<int>(rng() % 8);
