@@ -160,11 +160,8 @@ struct ScriptCode {
   int errLine = 0, errCol = 0, errEndLine = 0, errEndCol = 0;
 
   // Indent level of each source line (1-based, -1 = not reached), written by
-  // the logic pass for the editor; IndentLines asks for the lines themselves
-  // to be rewritten with 3 blanks a level.
+  // the logic pass for the editor (see IndentScriptLines).
   std::vector<std::int32_t> LineIndent;
-  bool WantIndent = false;
-  bool IndentLines = false;
 
   // Result of each slot's last successful compile, kept for activation.
   std::array<std::vector<ScriptElement>, 9> SlotScript;

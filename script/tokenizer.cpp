@@ -209,6 +209,15 @@ std::string JoinLine(const std::string& s) {
   return o;
 }
 
+// Tabs outside quotes count as blanks, so that indenting with tabs works.
+void BlankTabs(std::string& line) {
+  bool inQuote = false;
+  for (char& c : line) {
+    if (c == '"') inQuote = !inQuote;
+    else if (c == '\t' && !inQuote) c = ' ';
+  }
+}
+
 // Position of the first apostrophe outside double quotes, or npos.
 std::size_t CommentStart(std::string_view line) {
   bool inQuote = false;
@@ -423,6 +432,7 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
   const int lineCount = lines.empty() ? 0 : static_cast<int>(lines.size()) - 1;
   for (int curLine = 1; curLine <= lineCount; ++curLine) {
     std::string work = lines[curLine];
+    BlankTabs(work);
     TidyScriptLine(work);
     work.resize(std::min(work.size(), CommentStart(work)));
     if (AllBlank(work)) continue;

@@ -98,6 +98,12 @@ TEST_F(TokenizerTest, StringsGoToThePoolUntouched) {
   EXPECT_EQ(Tokens("cs1 = date$ & time$"), "Var:101 Eq:0 Str:-1 Concat:0 Str:-2");
 }
 
+TEST_F(TokenizerTest, TabsIndentButStayInsideStrings) {
+  EXPECT_EQ(Tokens("\tbet\t5 on field\t: show message \"a\tb\""),
+            "Action:481 Num:5 Eq:0 Var:49 Action:210 Str:1");
+  EXPECT_EQ(game->scriptCode.StringPool[1].Text, "a\tb");
+}
+
 TEST_F(TokenizerTest, PlayerNamesAreWordsOfEveryScript) {
   game->PlayerName[3] = "Pat";
   game->PlayerName[5] = "Big Al";
