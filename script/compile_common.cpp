@@ -330,3 +330,23 @@ int FunctionClass(int n) {
   if (n == 21 || n == 800) return 1;
   return 0;
 }
+
+std::size_t SkipQualifiers(const std::vector<ScriptElement>& s, std::size_t first, int count) {
+  std::size_t i = first;
+  for (int q = 0; q < count && i < s.size(); ++q) {
+    if (s[i].Kind == kFunction && s[i].Value == 50 && i + 1 < s.size() && s[i + 1].Kind == kOpen) {
+      int depth = 0;
+      std::size_t j = i + 1;
+      for (; j < s.size(); ++j) {
+        if (s[j].Kind == kOpen)
+          ++depth;
+        else if (s[j].Kind == kClose && --depth == 0)
+          break;
+      }
+      i = j + 1;
+    } else {
+      ++i;
+    }
+  }
+  return std::min(i, s.size());
+}

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "script/code_state.h"
 
@@ -52,8 +53,9 @@ int VariableClass(int number);
 // The class of a function number, counted as a variable (bets 4, CheckStacks 1).
 int FunctionClass(int number);
 
-// Number of qualifier elements behind a variable or function of a class.
-constexpr int QualifierCount(int cls) { return cls; }
+// Index just behind `count` qualifiers that start at `first`; a player given
+// as Player(...) is one qualifier with its bracket group.
+std::size_t SkipQualifiers(const std::vector<ScriptElement>& s, std::size_t first, int count);
 
 constexpr bool IsComparison(std::int32_t kind) { return kind >= kEqual && kind <= kGreaterEqual; }
 constexpr bool IsMath(std::int32_t kind) { return kind >= kPower && kind <= kMinus; }

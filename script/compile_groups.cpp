@@ -118,8 +118,7 @@ void ExpandGroups(Game& game) {
       continue;
     }
     // The organiser wrote the qualifiers right behind the group.
-    const std::size_t count = s[i].Value >= 4000 ? 4 : 1;
-    const std::size_t last = std::min(s.size(), i + 1 + count);
+    const std::size_t last = SkipQualifiers(s, i + 1, s[i].Value >= 4000 ? 4 : 1);
     for (std::size_t m = 0; m < members.size(); ++m) {
       if (m > 0) out.push_back({kComma, 0});
       out.push_back({kVariable, static_cast<double>(members[m])});

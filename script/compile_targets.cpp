@@ -35,7 +35,8 @@ bool CheckVariableTarget(Game& game, std::size_t i, int actionCode, int targetCo
   if (actionCode == 300 && targetCount == 3)
     return FailAt(game, i, "The swap command only works with two variables at a time.");
   if (n >= 1 && n <= 85) {
-    const double frame = At(s, i + 2), cls = At(s, i + 3), field = At(s, i + 4);
+    const std::size_t h = SkipQualifiers(s, i + 1, 1);
+    const double frame = At(s, h), cls = At(s, h + 1), field = At(s, h + 2);
     if (frame != 1 && frame != 3)
       return FailAt(game, i,
                     "Unable to set the value of a bet that is not in the current hand or session.");

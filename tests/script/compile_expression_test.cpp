@@ -94,6 +94,11 @@ TEST_F(ExpressionTest, GroupsExpandToTheirMembers) {
   EXPECT_EQ(CountKind(kVariableTarget), 85);
   ASSERT_TRUE(Compile(*game, "clear all(checkstacks)").ok);
   EXPECT_EQ(CountKind(kVariableTarget), 100);
+  // A player given as Player(n) travels with each member as one qualifier.
+  ASSERT_TRUE(Compile(*game, "clear outside place bets player(2) : bet 5 on place6 player(2)").ok)
+      << game->msg.MsgText;
+  EXPECT_EQ(CountKind(kVariableTarget), 5);
+  EXPECT_EQ(CountKind(kFunction), 5);
   ASSERT_TRUE(Compile(*game, "clear inside place bets last hand", 3).ok == false);
   ASSERT_TRUE(Compile(*game, "clear inside place bets", 3).ok);
   EXPECT_EQ(
