@@ -1,13 +1,69 @@
-// State of placing bets and of the players' money: the keyed request, the ATM, the start rules.
+// State of placing bets and of the players' money: the working fields of the
+// one gate SetBetChecked, the ATM, the start rules of a session, the
+// CheckStack spots on the rail and the seat the table's menus act on.
+//
+// What must stay true:
+// - BetChange, BetMinimum, BetMaximum and LimitText live for one call of
+//   SetBetChecked; callers read BetChange afterwards to see what was applied.
+// - LimitText is never built in Hyper-Drive, so the roll path allocates
+//   nothing here (its capacity is reused between calls).
+// - CheckStackSlot holds ids 100..199 only; four different ones per player.
 #pragma once
+
+#include <cstdint>
+#include <string>
 
 #include "engine/currency.h"
 #include "engine/tables.h"
 
+// How a player's bankroll is set at a new session (StartBankrollMode).
+enum StartBankrollKind : std::int32_t {
+  kStartWithAmount = 0,     // " Start bankroll with:"
+  kStartPrompt = 1,         // " Prompt for starting bankroll"
+  kStartCarry = 2,          // " Carry forward bankroll from previous session"
+  kStartCarryWithNet = 3,   // " Carry forward bankroll and net from previous session"
+};
+
+// PendingAction: a menu command waiting for the next click on the table.
+enum PendingActionKind : std::int32_t {
+  kPendingNone = 0,
+  kPendingCallOn = 1,
+  kPendingCallOff = 2,
+  kPendingBuy = 3,
+  kPendingRemove = 4,
+  kPendingMoveBase = 10,  // above it: move of player (value - 10) to the clicked seat
+};
+
+// Tools of SelectedCheck beyond the five checks and four rail stacks.
+constexpr std::int32_t kToolBuy = 89;
+constexpr std::int32_t kToolCallOff = 90;
+constexpr std::int32_t kToolCallOn = 91;
+
 struct BettingState {
-  Currency BetChange;   // the change really applied by the last SetBetChecked
-  Currency BetMinimum;  // lowest total for the bet at hand, worked out on each call
-  Currency BetMaximum;  // highest total for the bet at hand, worked out on each call
-  bool MovingBet = false;  // MoveBet places a bet on its number: Come contract rules skipped
-  Table1<bool, 0, 8> AllowNegBankroll;  // no bankroll check for this player
+  // One call of SetBetChecked.
+  Currency BetChange;      // the change really applied by the last call
+  Currency BetMinimum;     // lowest total of the bet at hand
+  Currency BetMaximum;     // highest total of the bet at hand
+  std::string LimitText;   // the pending limit message of the call
+  bool MovingBet = false;  // MoveBet places a bet on its number: Come rules skipped
+
+  // Money.
+  Table1<bool, 0, 8> AllowNegBankroll{};  // no bankroll check for this player
+  Table1<std::int32_t, 0, 8> StartBankrollMode{};
+  Table1<Currency, 0, 8> StartBankroll{};
+  Currency AtmAmount = Currency::FromWhole(500);  // txtAddSub, one value for all players
+  std::int32_t BankrollTabPlayer = 0;             // player on the bankroll tab; 0 none
+
+  // CheckStacks: the stacks of the four visible rail spots, by bet id.
+  Table2<std::int32_t, 0, 8, 1, 4> CheckStackSlot{{101, 101, 101, 101, 101, 101, 101, 101, 101,
+                                                   102, 102, 102, 102, 102, 102, 102, 102, 102,
+                                                   103, 103, 103, 103, 103, 103, 103, 103, 103,
+                                                   104, 104, 104, 104, 104, 104, 104, 104, 104}};
+  bool DisplayZeroStacks = false;
+  std::int32_t CheckStacksPlayer = 0;
+
+  // The table's pointer state.
+  std::int32_t CurPlayer = 0;      // the seat betting and menus act on; 0 none
+  std::int32_t PendingAction = 0;  // PendingActionKind
+  bool KeyInBetAmounts = false;    // mnuKeyInBetAmounts: a click opens a typed amount
 };

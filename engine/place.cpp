@@ -1,18 +1,410 @@
+// SetBetChecked: the contract rules, the table's limits, the proper-odds
+// adjustment, the bankroll and the vig, in that order, then the write.
 #include "engine/place.h"
 
+#include <algorithm>
+#include <string>
+
+#include "config/message_dialog.h"
+#include "config/settings.h"
+#include "engine/catalogue.h"
 #include "engine/game.h"
+#include "engine/money.h"
+#include "engine/payoff_math.h"
+#include "engine/platform.h"
+#include "engine/place_internal.h"
+#include "engine/settle_text.h"
+
+namespace {
+
+// What the contract rules leave for the rest of the call.
+enum class Next { Free, Apply, Return };
+
+constexpr const char* kPutClause =
+    "\r\r(Unless you check \"Allow Put Bets\" on the\rConfiguration screen.)";
+
+// The clause that tells a removed Don't or Fire bet may be put back up to C.
+std::string RestoreClause(Currency bet, Currency contract) {
+  return Cat("\r\rHowever, you're allowed to restore up to $", PlainAmount(contract),
+             " here because it was previously established and the dice have not rolled since you ",
+             bet > Currency{} ? "partially " : "", "removed it.");
+}
+
+// A notice of the class Actions not allowed: the player's name, then text.
+void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
+  if (!CanNotify(g, kNoticeNotAllowed)) return;
+  ShowNotice(g, Cat(g.PlayerName[p], ",\r\r", text), BetTitle(b), help,
+             kMsgOk | kMsgHideNotAllowed);
+}
+
+// Amounts are stepped in CheckValue(1): a positive change up to the next
+// multiple, a negative one down to the next, never below minus the bet.
+Currency RoundChange(Currency change, Currency unit, Currency bet) {
+  if (unit.raw > 0) {
+    std::int64_t q = change.raw / unit.raw, r = change.raw % unit.raw;
+    if (r < 0) --q;
+    if (r != 0) change = Currency::FromRaw(q * unit.raw + (change.raw > 0 ? unit.raw : 0));
+  }
+  return change < -bet ? -bet : change;
+}
+
+Next ContractRules(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  const Currency B = g.Bet(p, b), C = g.BetContract(p, b), N = B + s.BetChange;
+  const bool point = g.Point > 0;
+  const bool comePoint = IsComePoint(b);
+  auto refuse = [&](std::string_view text, int help) { RefuseNotice(g, p, b, text, help); };
+
+  if (s.BetChange.IsZero()) {
+    if ((b == bet::kPassLine || comePoint) && point && B < C) {
+      refuse(b == bet::kPassLine
+                 ? "You may not decrease or remove your Pass Line bet \rwhile a point is established."
+                 : "You may not decrease or remove an established Come bet.",
+             250);
+      s.BetChange = C - B;
+    }
+    return Next::Free;
+  }
+
+  if (s.BetChange < Currency{}) {
+    if (comePoint || (b == bet::kPassLine && point)) {
+      if (B == C) {
+        refuse(comePoint ? "You may not decrease or remove a Come bet \rwhich is established on a point."
+                         : "You may not decrease or remove a Pass Line bet \rwhile a point is established.",
+               250);
+        s.BetChange = Currency{};
+        return Next::Return;
+      }
+      if (N >= C) return Next::Free;
+      s.BetChange = C - B;
+      return Next::Apply;
+    }
+    return Next::Free;
+  }
+
+  // A positive change.
+  const bool put = g.rules.AllowPutBets;
+  auto cutToContract = [&](bool returnWhenZero) {
+    s.BetChange = C - B;
+    return returnWhenZero && s.BetChange.IsZero() ? Next::Return : Next::Apply;
+  };
+  switch (b) {
+    case bet::kPassLine:
+      if (!point || (N >= C && put)) return Next::Free;
+      if (N >= C) {
+        refuse(Cat("You may not make or increase a Pass Line bet \rwhile a point is established.",
+                   kPutClause),
+               510);
+        return cutToContract(true);
+      }
+      refuse("You may not decrease or remove a Pass Line bet \rwhile a point is established.", 250);
+      return cutToContract(false);
+    case bet::kCome:
+    case bet::kDontCome:
+      if (point) return Next::Free;
+      refuse(b == bet::kCome ? "You may not make a Come bet \runtil a point is established."
+                             : "You may not make a Don't Come bet \runtil a point is established.",
+             b == bet::kCome ? 45 : 48);
+      s.BetChange = Currency{};
+      return Next::Return;
+    case bet::kDontPass:
+      if (!point || N <= C) return Next::Free;
+      if (CanNotify(g, kNoticeNotAllowed))
+        refuse(Cat("You may not make or increase a Don't Pass bet \rwhile a point is established.",
+                   C > Currency{} ? RestoreClause(B, C) : std::string()),
+               46);
+      return cutToContract(false);
+    case bet::kPassLineOdds:
+    case bet::kDontPassOdds: {
+      const bool pass = b == bet::kPassLineOdds;
+      if (!g.Bet(p, pass ? bet::kPassLine : bet::kDontPass).IsZero() && g.Point != 0)
+        return Next::Free;
+      refuse(pass ? "You may not make a Pass Line Odds bet unless \ryou also have a Pass Line bet "
+                    "and a point is established."
+                  : "You may not make a Don't Pass Odds bet unless \ryou also have a Don't Pass "
+                    "bet and a point is established.",
+             pass ? 43 : 46);
+      s.BetChange = Currency{};
+      return Next::Return;
+    }
+    case bet::kFire:
+      if (g.RollTally(0, 0) == 0 || N <= C) return Next::Free;
+      if (CanNotify(g, kNoticeNotAllowed))
+        refuse(Cat("You may not make or increase a Fire bet \rafter the shooter has started a hand.",
+                   B < C ? RestoreClause(B, C) : std::string()),
+               510);
+      return cutToContract(true);
+    default:
+      break;
+  }
+  if (comePoint) {
+    if (s.MovingBet || (N > C && put)) return Next::Free;
+    if (N > C) {
+      refuse(Cat("You may not make or increase a Come bet \rdirectly on a point number.", kPutClause),
+             510);
+      return cutToContract(true);
+    }
+    if (N < C) refuse("You may not decrease or remove a Come bet \rwhich is established on a point.", 250);
+    return cutToContract(false);
+  }
+  if (IsDontComePoint(b)) {
+    if (s.MovingBet || N <= C) return Next::Free;
+    if (CanNotify(g, kNoticeNotAllowed))
+      refuse(Cat("You may not make or increase a Don't Come bet \rdirectly on a point number.",
+                 C > Currency{} ? RestoreClause(B, C) : std::string()),
+             48);
+    return cutToContract(false);
+  }
+  if (IsComeOdds(b) || IsDontComeOdds(b)) {
+    if (!g.Bet(p, b - 6).IsZero()) return Next::Free;
+    if (CanNotify(g, kNoticeNotAllowed))
+      refuse(Cat("You may not make a ", BetName(b), " bet \runtil you've established a ",
+                 BetName(b - 6), " bet."),
+             IsComeOdds(b) ? 45 : 48);
+    s.BetChange = Currency{};
+    return Next::Return;
+  }
+  return Next::Free;
+}
+
+// Up-front vig that bet b would hold at `total` (0 when vig is paid on a win).
+Currency UpFrontVig(const Game& g, int b, Currency total) {
+  if (IsBuy(b)) return g.rules.BuyVigUpFront ? FigureBuyVig(g, b, total) : Currency{};
+  if (IsLay(b)) return g.rules.LayVigUpFront ? FigureLayVig(g, b, total) : Currency{};
+  return Currency{};
+}
+
+Currency StoredUpFrontVig(const Game& g, int p, int b) {
+  if (IsBuy(b)) return g.rules.BuyVigUpFront ? g.BuyVig(p, b - bet::kBuyFirst) : Currency{};
+  if (IsLay(b)) return g.rules.LayVigUpFront ? g.LayVig(p, b - bet::kLayFirst) : Currency{};
+  return Currency{};
+}
+
+void SetMinimumText(Game& g, int b) {
+  if (g.HyperDrive) return;
+  g.betting.LimitText = Cat("The minimum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMinimum));
+}
+
+// Shrinks a change that the free money can't carry. Returns true when it did.
+bool HoldToBankroll(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  if (s.AllowNegBankroll(p)) return false;
+  const Currency B = g.Bet(p, b), bank = g.Bet(p, 0), unit = g.CheckValue(1);
+  const Currency oldVig = StoredUpFrontVig(g, p, b);
+  auto need = [&] { return g.TotalBets(p) + s.BetChange + UpFrontVig(g, b, B + s.BetChange) - oldVig; };
+  const Currency before = s.BetChange;
+  if (need() <= bank || need() - g.TotalBets(p) <= Currency{}) return false;
+  // A decrease never needs money; an increase the money can't carry at all
+  // shrinks to nothing rather than eat into the bet itself.
+  const Currency floor = Currency{};
+  s.BetChange = RoundDownToMultiple(bank - g.TotalBets(p), unit);
+  if (s.BetChange > before) s.BetChange = before;
+  if (s.BetChange < floor) s.BetChange = floor;
+  while (need() > bank && s.BetChange > floor) {
+    s.BetChange -= unit.raw > 0 ? unit : s.BetChange;
+    if (s.BetChange < floor) s.BetChange = floor;
+  }
+  return true;
+}
+
+void BankrollNotice(Game& g, int p, int b) {
+  if (!CanNotify(g, kNoticeLimits)) return;
+  const BettingState& s = g.betting;
+  std::string text = Cat(g.PlayerName[p], ",\r\r");
+  if (!s.LimitText.empty()) text += Cat(s.LimitText, "\r");
+  text += "You don't have enough bankroll remaining to bet the full amount requested.\r\r"
+          "Your options are: \r";
+  if (g.TotalBets(p) - g.Bet(p, b) - StoredUpFrontVig(g, p, b) > Currency{})
+    text += "      - Bet less on other bets.\r";
+  text += "      - Make a withdrawal from the ATM.\r      - Allow negative bankroll amounts.";
+  ShowNotice(g, text, BetTitle(b), 130, kMsgOk | kMsgHideLimits);
+}
+
+void LimitNotice(Game& g, int p, int b) {
+  const BettingState& s = g.betting;
+  if (s.LimitText.empty() || !CanNotify(g, kNoticeLimits)) return;
+  std::string text = s.LimitText;
+  if (text.find("Unable") == std::string::npos)
+    text = Cat(g.PlayerName[p], ",\r\r", s.LimitText, "\r",
+               s.BetChange.IsZero() ? "which is already bet." : "which is being bet.");
+  ShowNotice(g, text, BetTitle(b), 130, kMsgOk | kMsgHideLimits);
+}
+
+// The vig entry of a Buy or Lay bet follows its new total; up front it counts in TotalBets.
+void UpdateVig(Game& g, int p, int b) {
+  const bool buy = IsBuy(b);
+  Currency& entry = buy ? g.BuyVig(p, b - bet::kBuyFirst) : g.LayVig(p, b - bet::kLayFirst);
+  const bool upFront = buy ? g.rules.BuyVigUpFront : g.rules.LayVigUpFront;
+  const Currency old = entry;
+  const Currency now = buy ? FigureBuyVig(g, b, g.Bet(p, b)) : FigureLayVig(g, b, g.Bet(p, b));
+  entry = now;
+  if (upFront) g.TotalBets(p) += now - old;
+  if (now == old || !CanNotify(g, kNoticeCharges)) return;
+  std::string text = Cat(upFront ? "Total vig charge $" : "If you win, the vig charge will be $",
+                         FormatMoney(now));
+  if (old > Currency{}) {
+    if (now > old)
+      text += Cat("\r\rVig increased by $", FormatMoney(now - old));
+    else if (!now.IsZero())
+      text += Cat("\r\rVig decreased by $", FormatMoney(old - now));
+    else if (upFront)
+      text = Cat("Vig charge returned $", FormatMoney(old));
+  }
+  if (now > Currency{} || upFront)
+    ShowNotice(g, text, BetTitle(b), buy ? 225 : 1, kMsgOk | kMsgHideCharges);
+}
+
+void ChangeCheckStack(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  s.BetMaximum = kCheckStackLimit;
+  const Currency B = g.Bet(p, b);
+  std::int64_t total = 0;
+  const bool overflow = __builtin_add_overflow(B.raw, s.BetChange.raw, &total);
+  const char* text = nullptr;
+  Currency limit = kCheckStackLimit;
+  if (overflow || total > kCheckStackLimit.raw || total < -kCheckStackLimit.raw) {
+    if (s.BetChange < Currency{}) limit = -kCheckStackLimit;
+    s.BetChange = limit - B;
+    text = limit > Currency{} ? "The maximum CheckStack value is: $"
+                              : "The minimum CheckStack value is: $";
+  }
+  if (text && CanNotify(g, kNoticeLimits))
+    ShowNotice(g,
+               Cat(g.PlayerName[p], ",\r\r", text, FormatMoney(limit), "\r",
+                   s.BetChange.IsZero() ? "which is already stacked." : "which is being stacked."),
+               Cat("CheckStack #", std::to_string(b - bet::kCheckStackFirst)), 130,
+               kMsgOk | kMsgHideLimits);
+  g.Bet(p, b) += s.BetChange;
+  if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::OpenViews);
+}
+
+void Apply(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  g.Bet(p, b) += s.BetChange;
+  g.TotalBets(p) += s.BetChange;
+  if (g.Bet(p, b).IsZero()) ResetBetWorking(g, p, b);
+  if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
+  if (!g.HyperDrive && g.platform && !s.BetChange.IsZero())
+    g.platform->RequestRedraw(Redraw::OpenViews);
+}
+
+}  // namespace
+
+bool CanNotify(const Game& g, long noticeBit) {
+  return !g.HyperDrive && (g.rules.NoticeFlags & noticeBit) != 0;
+}
+
+std::string BetTitle(int b) { return Cat(BetName(b), " Bet"); }
 
 void SetBetChecked(Game& g, int p, int b) {
-  g.betting.BetChange = g.BetRequest;
-  g.Bet(p, b) += g.BetRequest;
-  if (b >= 1 && b <= kLastRealBet) g.TotalBets(p) += g.BetRequest;
+  BettingState& s = g.betting;
+  s.BetChange = g.BetRequest;
+  if (p < 1 || p > 8) {
+    s.BetChange = Currency{};
+    return;
+  }
+  if (IsCheckStack(b)) {
+    ChangeCheckStack(g, p, b);
+    return;
+  }
+  if (!IsRealBet(b)) {
+    s.BetChange = Currency{};
+    return;
+  }
+  const Currency B = g.Bet(p, b);
+  // A hostile request (a script's huge number) is held where sums can't overflow.
+  const Currency request = std::clamp(g.BetRequest, -kCheckStackLimit, kCheckStackLimit);
+  s.BetChange = RoundChange(request, g.CheckValue(1), B);
+
+  switch (ContractRules(g, p, b)) {
+    case Next::Return:
+      return;
+    case Next::Apply:
+      Apply(g, p, b);
+      return;
+    case Next::Free:
+      break;
+  }
+
+  if (!g.HyperDrive) s.LimitText.clear();
+  s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
+
+  const Currency T = B + request;
+  if (T > Currency{} && T < s.BetMinimum) {
+    if (s.BetChange <= Currency{}) {
+      s.BetChange = -B;
+    } else {
+      s.BetChange = s.BetMinimum - B;
+      SetMinimumText(g, b);
+    }
+  }
+
+  FigureBetMaximum(g, p, b);
+  if (T > s.BetMaximum) {
+    const Currency C = g.BetContract(p, b);
+    if ((b == bet::kPassLine || IsComePoint(b)) && C > s.BetMaximum) {
+      s.BetChange = C - B;
+      if (CanNotify(g, kNoticeNotAllowed))
+        RefuseNotice(g, p, b,
+                     Cat("The maximum ", BetName(b), " bet is $", FormatMoney(s.BetMaximum),
+                         "\r\rHowever, because the ", BetName(b),
+                         " is a contract bet and you established it at $", PlainAmount(C),
+                         " before you recently lowered the maximum allowed on the Configuration "
+                         "screen, it must remain unchanged until it resolves."),
+                     250);
+      Apply(g, p, b);
+      return;
+    }
+    if (s.BetChange > s.BetMaximum - B) {
+      s.BetChange = s.BetMaximum - B;
+      if (!g.HyperDrive)
+        s.LimitText =
+            Cat("The maximum ", BetName(b), " bet is $", FormatMoney(s.BetMaximum));
+    }
+  }
+
+  const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
+  const std::string pending = g.HyperDrive ? std::string() : s.LimitText;
+  if (adjust) AdjustForProperOdds(g, p, b);
+
+  if (HoldToBankroll(g, p, b)) {
+    s.BetMaximum = B + s.BetChange;
+    if (!g.HyperDrive) s.LimitText = pending;
+    if (adjust) AdjustForProperOdds(g, p, b);
+    const Currency total = B + s.BetChange;
+    if (total > Currency{} && total < s.BetMinimum) {
+      SetMinimumText(g, b);
+      s.BetChange = -B;
+    }
+    BankrollNotice(g, p, b);
+  } else {
+    LimitNotice(g, p, b);
+  }
+  Apply(g, p, b);
 }
-void FigureBetMaximum(Game&, int, int) {}
-void PlaceBet(Game& g, int p, int b, int, int) { SetBetChecked(g, p, b); }
-void RemoveBet(Game& g, int p, int b) {
-  g.BetRequest = -g.Bet(p, b);
-  PlaceBet(g, p, b);
+
+Currency TotalUpBets(const Game& g, int p) {
+  Currency total;
+  for (int b = 1; b <= kLastRealBet; ++b) total += g.Bet(p, b);
+  for (int i = 0; i < 6; ++i) {
+    if (g.rules.LayVigUpFront) total += g.LayVig(p, i);
+    if (g.rules.BuyVigUpFront) total += g.BuyVig(p, i);
+  }
+  return total;
 }
-void TakeBetToMaximum(Game&, int, int) {}
-void TakeFullOdds(Game&, int) {}
-void LayFullOdds(Game&, int) {}
+
+bool CheckBetLedger(const Game& g, int p) {
+  if (TotalUpBets(g, p) != g.TotalBets(p)) return false;
+  const Currency unit = g.CheckValue(1);
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    const Currency x = g.Bet(p, b);
+    if (x < Currency{} || (unit.raw > 0 && x.raw % unit.raw != 0)) return false;
+  }
+  for (int i = 0; i < 6; ++i) {
+    if (g.BuyVig(p, i) != FigureBuyVig(g, bet::kBuyFirst + i, g.Bet(p, bet::kBuyFirst + i)))
+      return false;
+    if (g.LayVig(p, i) != FigureLayVig(g, bet::kLayFirst + i, g.Bet(p, bet::kLayFirst + i)))
+      return false;
+  }
+  return true;
+}

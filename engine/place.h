@@ -1,20 +1,67 @@
-// Placing and changing bets: the one gate through which an amount reaches a bet.
+// Placing and changing bets: the one gate through which an amount reaches a
+// bet, the limits it works out, and the small operations round it.
+//
+// Whoever changes a bet (a click, a typed amount, a script, Auto-Play, the
+// settling of a roll, a CheckStack) sets game.BetRequest and calls
+// SetBetChecked, which holds the request against the contract rules of
+// craps, the table's minimum and maximum, the proper-odds adjustment and the
+// bankroll, tells the user what it changed and why, and only then writes.
+//
+// What must stay true:
+// - Nothing fails hard: a refusal is a smaller or zero change, left in
+//   game.betting.BetChange, and never leaves Bet, TotalBets and the vig
+//   tables out of step (CheckBetLedger tests exactly that).
+// - A real bet (1..85) is a multiple of CheckValue(1) and never below 0;
+//   a CheckStack (100..199) is any amount within +-99,999,999,999,999.9999.
+// - In Hyper-Drive the rules are the same, but no notice text is built.
 #pragma once
+
+#include <string>
+#include <string_view>
+
+#include "engine/currency.h"
 
 struct Game;
 
-// Applies game.BetRequest to bet b of player p under every rule; the applied change is left in
-// game.betting.BetChange.
+// The largest amount a CheckStack may hold, either sign.
+constexpr Currency kCheckStackLimit = Currency::FromRaw(999999999999999999);
+
+// Applies game.BetRequest to bet b of player p under every rule; the applied
+// change is left in game.betting.BetChange.
 void SetBetChecked(Game& game, int p, int b);
-// Sets game.betting.BetMaximum for bet b of player p.
+// Sets game.betting.BetMaximum, the highest total bet b of player p may have.
 void FigureBetMaximum(Game& game, int p, int b);
-// SetBetChecked for a visible bet, then the odds that hang on a changed flat bet follow.
+
+// SetBetChecked for a bet visible on the table (refused silently when the
+// bet is switched off), then the odds that hang on a changed flat bet follow.
+// x and y are table coordinates of a moving check, unused without a window.
 void PlaceBet(Game& game, int p, int b, int x = 0, int y = 0);
-// Takes bet b down entirely.
+// Takes bet b down entirely, when it has an amount.
 void RemoveBet(Game& game, int p, int b);
 // Sets bet b to the most the rules allow, without notices.
 void TakeBetToMaximum(Game& game, int p, int b);
-// Pass Line odds and every Come odds to their maximum.
+// Pass Line odds and the odds of every Come bet on a number to their maximum.
 void TakeFullOdds(Game& game, int p);
-// Don't Pass odds and every Don't Come odds to their maximum.
+// Don't Pass odds and the odds of every Don't Come bet on a number to their maximum.
 void LayFullOdds(Game& game, int p);
+// Turns a Place bet into the Buy bet on the same number.
+void BuyPlaceBet(Game& game, int p, int b);
+// Calls bet b on (tool 91) or off (tool 90); a script's call sets the state outright.
+void CallBetOnOff(Game& game, int p, int b, int tool, bool byScript = false);
+// Every bet of p with an amount called on or off, without notices (mnuCallAllBetsOn/Off).
+void CallAllBetsOnOff(Game& game, int p, int tool);
+// The working state of bet b back to its default: the come-out default, or 1 with a point on.
+void ResetBetWorking(Game& game, int p, int b);
+// With NoticeFlags cleared for the time, every real bet of p taken down (mnuRemoveAllBets).
+void RemoveAllBets(Game& game, int p);
+// A typed amount committed on bet b: the bet is set to the amount under every
+// rule. Returns the text the box is refilled with (what the bet really has).
+std::string CommitKeyedAmount(Game& game, int p, int b, std::string_view text);
+// The amount a click lays down: the selected check, or the selected rail CheckStack.
+Currency SelectedAmount(const Game& game, int p);
+
+// True when Bet, TotalBets and the vig tables of p agree and every real bet
+// is a non-negative multiple of CheckValue(1).
+bool CheckBetLedger(const Game& game, int p);
+// TotalBets of p worked out afresh from the bets and the up-front vig.
+Currency TotalUpBets(const Game& game, int p);

@@ -1,0 +1,97 @@
+// The highest total of each bet, and the glue that runs the proper-odds rule
+// on the bet at hand inside SetBetChecked.
+#include <algorithm>
+
+#include "engine/catalogue.h"
+#include "engine/game.h"
+#include "engine/money.h"
+#include "engine/payoff_math.h"
+#include "engine/place.h"
+
+namespace {
+
+double Ratio(const Game& g, int b) {
+  const double d = g.PayoffTbl(3, b).ToDouble();
+  return d == 0.0 ? 0.0 : g.PayoffTbl(1, b).ToDouble() / d;
+}
+
+// MaxPropBetPayoff divided by what one unit of the bet wins at most. A
+// divisor that is not above 0 (a payoff table that pays nothing) leaves the
+// table maximum in place.
+Currency PayoffBound(const Game& g, double perUnit, Currency tableMax) {
+  if (!(perUnit > 0.0)) return tableMax;
+  return CurFromDouble(g.rules.MaxPropBetPayoff.ToDouble() / perUnit);
+}
+
+// Don't odds: the limit is figured on the win with the pair reversed, and the
+// lay amount follows from it.
+Currency DontOddsMaximum(const Game& g, int b, Currency base) {
+  const Currency p1 = g.PayoffTbl(1, b), p3 = g.PayoffTbl(3, b);
+  const Currency onWin = FigureOddsMaximum(g, b, base, p3, p1);
+  if (p1.raw <= 0) return Currency{};
+  return CurFromDouble(onWin.ToDouble() * p3.ToDouble() / p1.ToDouble());
+}
+
+}  // namespace
+
+void FigureBetMaximum(Game& g, int p, int b) {
+  const Currency unit = g.CheckValue(1);
+  const Currency tableMax = RoundDownToMultiple(g.rules.MaxPlacardBet, unit);
+  Currency m = tableMax;
+  if (b == bet::kPassLineOdds) {
+    m = FigureOddsMaximum(g, b, g.Bet(p, bet::kPassLine), g.PayoffTbl(1, b), g.PayoffTbl(3, b));
+  } else if (IsComeOdds(b)) {
+    m = FigureOddsMaximum(g, b, g.Bet(p, b - 6), g.PayoffTbl(1, b), g.PayoffTbl(3, b));
+  } else if (b == bet::kDontPassOdds) {
+    m = DontOddsMaximum(g, b, g.Bet(p, bet::kDontPass));
+  } else if (IsDontComeOdds(b)) {
+    m = DontOddsMaximum(g, b, g.Bet(p, b - 6));
+  } else if (IsLay(b)) {
+    const double r = Ratio(g, b);
+    m = r > 0.0 ? CurFromDouble(tableMax.ToDouble() / r) : tableMax;
+  } else if (b == bet::kCandE) {
+    const double r = std::max(Ratio(g, bet::kCraps), Ratio(g, bet::kEleven));
+    m = PayoffBound(g, r / 2 - 0.5, tableMax);
+  } else if (b == bet::kHorn) {
+    double r = 0.0;
+    for (int x : {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve}) r = std::max(r, Ratio(g, x));
+    m = PayoffBound(g, r / 4 - 0.75, tableMax);
+  } else if (b == bet::kWorld) {
+    double r = 0.0;
+    for (int x : {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve, bet::kSeven})
+      r = std::max(r, Ratio(g, x));
+    m = PayoffBound(g, r / 5 - 0.8, tableMax);
+  } else if (b >= bet::kHard4 && b <= bet::kHopLast) {
+    m = PayoffBound(g, Ratio(g, b), tableMax);
+  } else if (b == bet::kFire) {
+    m = g.rules.MaxFireBet;
+  }
+  if (m < Currency{}) m = Currency{};
+  g.betting.BetMaximum = unit.raw > 0 ? RoundDownToMultiple(m, unit) : m;
+}
+
+int ProperOddsBias(const Game& g, int p, int b) {
+  const AutoPlayState& a = g.autoplay;
+  if (IsLay(b)) return a.LayBias(p);
+  if (IsPlace(b)) return a.PlaceBias(p);
+  if (b == bet::kPassLineOdds || IsComeOdds(b)) return a.DoBias(p);
+  if (b == bet::kDontPassOdds || IsDontComeOdds(b)) return a.DontBias(p);
+  return 0;
+}
+
+void AdjustForProperOdds(Game& g, int p, int b) {
+  if (!IsRealBet(b)) return;
+  BettingState& s = g.betting;
+  ProperOddsInput in;
+  in.bet = b;
+  in.current = g.Bet(p, b);
+  in.change = s.BetChange;
+  in.unit = ProperOddsUnit(g, b);
+  in.maximum = s.BetMaximum;
+  in.minimum = s.BetMinimum;
+  in.contract = g.BetContract(p, b);
+  in.mode = g.autoplay.AutoAdjustMode(p);
+  in.bias = ProperOddsBias(g, p, b);
+  for (int i = 1; i <= 5; ++i) in.checks[i] = g.CheckValue(i);
+  s.BetChange = AdjustProperOdds(in, g.HyperDrive ? nullptr : &s.LimitText);
+}

@@ -1,0 +1,184 @@
+// The operations round SetBetChecked: placing a visible bet with the odds
+// that follow it, removing, taking to the maximum, full odds, buying a Place
+// bet, calling bets on and off, and a typed amount.
+#include <string>
+
+#include "config/message_dialog.h"
+#include "config/settings.h"
+#include "engine/catalogue.h"
+#include "engine/game.h"
+#include "engine/money.h"
+#include "engine/place.h"
+#include "engine/place_internal.h"
+#include "engine/platform.h"
+#include "engine/settle_text.h"
+
+namespace {
+
+bool SwitchedOff(const Game& g, int b) {
+  return (IsBig(b) && !g.rules.UseBig68) || (b == bet::kFire && !g.rules.UseFireBet) ||
+         (b == bet::kMidway && !g.rules.UseMidwayBet);
+}
+
+void RedrawTable(Game& g) {
+  if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
+}
+
+// The odds on flat bet b follow it: to the maximum with the Auto-Play switch
+// on, else only down when they now stand above what the flat bet allows.
+void FollowOdds(Game& g, int p, int flat) {
+  int odds = 0;
+  bool full = false;
+  if ((flat == bet::kPassLine && g.Point > 0) || IsComePoint(flat)) {
+    odds = OddsOf(flat);
+    full = g.autoplay.AutoTakeFullOdds(p);
+  } else if ((flat == bet::kDontPass && g.Point > 0) || IsDontComePoint(flat)) {
+    odds = OddsOf(flat);
+    full = g.autoplay.AutoLayFullOdds(p);
+  }
+  if (odds == 0) return;
+  FigureBetMaximum(g, p, odds);
+  if (full || g.Bet(p, odds) > g.betting.BetMaximum) TakeBetToMaximum(g, p, odds);
+}
+
+// Calls that a bet can't take: the line and contract bets and Fire.
+bool Uncallable(int b) {
+  return b == bet::kPassLine || b == bet::kDontPass || b == bet::kCome || b == bet::kDontCome ||
+         IsComePoint(b) || IsDontComePoint(b) || b == bet::kFire;
+}
+
+void ToggleCall(Game& g, int p, int b, int tool) {
+  const Long now = g.BetWorking(p, b);
+  if ((tool == kToolCallOn && now == -1) || (tool == kToolCallOff && now == 2))
+    ResetBetWorking(g, p, b);
+  else
+    g.BetWorking(p, b) = tool == kToolCallOn ? 2 : -1;
+}
+
+}  // namespace
+
+void PlaceBet(Game& g, int p, int b, int /*x*/, int /*y*/) {
+  BettingState& s = g.betting;
+  if (SwitchedOff(g, b)) {
+    s.BetChange = Currency{};
+    return;
+  }
+  SetBetChecked(g, p, b);
+  const Currency change = s.BetChange;
+  if (!change.IsZero()) {
+    RedrawTable(g);
+    g.roll.SessionDirty = true;
+  }
+  FollowOdds(g, p, b);
+  s.BetChange = change;  // what the caller asked about, not the odds
+  s.PendingAction = kPendingNone;
+}
+
+void RemoveBet(Game& g, int p, int b) {
+  if (g.Bet(p, b).IsZero()) return;
+  g.BetRequest = -g.Bet(p, b);
+  PlaceBet(g, p, b);
+}
+
+void TakeBetToMaximum(Game& g, int p, int b) {
+  const Long flags = g.rules.NoticeFlags;
+  g.rules.NoticeFlags = 0;
+  g.BetRequest = -g.Bet(p, b);
+  SetBetChecked(g, p, b);
+  g.BetRequest = Currency::FromWhole(9999999);
+  SetBetChecked(g, p, b);
+  RedrawTable(g);
+  g.rules.NoticeFlags = flags;
+}
+
+void TakeFullOdds(Game& g, int p) {
+  if (g.Bet(p, bet::kPassLine) > Currency{} && g.Point > 0)
+    TakeBetToMaximum(g, p, bet::kPassLineOdds);
+  for (int b = bet::kComePointFirst; b <= bet::kComePointLast; ++b)
+    if (g.Bet(p, b) > Currency{}) TakeBetToMaximum(g, p, OddsOf(b));
+}
+
+void LayFullOdds(Game& g, int p) {
+  if (g.Bet(p, bet::kDontPass) > Currency{} && g.Point > 0) {
+    RedrawTable(g);
+    TakeBetToMaximum(g, p, bet::kDontPassOdds);
+  }
+  for (int b = bet::kDontComePointFirst; b <= bet::kDontComePointLast; ++b)
+    if (g.Bet(p, b) > Currency{}) TakeBetToMaximum(g, p, OddsOf(b));
+}
+
+void BuyPlaceBet(Game& g, int p, int b) {
+  if (!IsPlace(b) || g.Bet(p, b).IsZero()) {
+    if (CanNotify(g, kNoticeNotAllowed))
+      ShowNotice(g, "You may only buy Place bets.", "Action not allowed", 225,
+                 kMsgOk | kMsgHideNotAllowed);
+    g.betting.BetChange = Currency{};
+    return;
+  }
+  const Currency amount = g.Bet(p, b);
+  const Long called = g.BetWorking(p, b);
+  const int buy = b + (bet::kBuyFirst - bet::kPlaceFirst);
+  RemoveBet(g, p, b);
+  g.BetRequest = amount;
+  PlaceBet(g, p, buy);
+  if ((called == 2 || called == -1) && !g.Bet(p, buy).IsZero()) g.BetWorking(p, buy) = called;
+}
+
+void CallBetOnOff(Game& g, int p, int b, int tool, bool byScript) {
+  if (!IsRealBet(b) || g.Bet(p, b).IsZero()) return;
+  if (Uncallable(b)) {
+    if (CanNotify(g, kNoticeNotAllowed))
+      ShowNotice(g, Cat("You may not call the ", BetName(b), " bet ON or OFF."),
+                 "Action not allowed", 508, kMsgOk | kMsgHideNotAllowed);
+    return;
+  }
+  if (byScript)
+    g.BetWorking(p, b) = tool == kToolCallOn ? 2 : -1;
+  else
+    ToggleCall(g, p, b, tool);
+  RedrawTable(g);
+}
+
+void CallAllBetsOnOff(Game& g, int p, int tool) {
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    if (g.Bet(p, b).IsZero()) continue;
+    if (b == bet::kPassLine || b == bet::kDontPass || b == bet::kDontCome || IsComePoint(b) ||
+        IsDontComePoint(b))
+      continue;
+    ToggleCall(g, p, b, tool);
+  }
+  RedrawTable(g);
+}
+
+void ResetBetWorking(Game& g, int p, int b) {
+  if (b < 0 || b > 85) return;
+  g.BetWorking(p, b) = g.Point == 0 ? g.BetWorkingDefault(p, b) : 1;
+}
+
+void RemoveAllBets(Game& g, int p) {
+  const Long flags = g.rules.NoticeFlags;
+  g.rules.NoticeFlags = 0;
+  for (int b = 1; b <= kLastRealBet; ++b) RemoveBet(g, p, b);
+  g.rules.NoticeFlags = flags;
+}
+
+std::string CommitKeyedAmount(Game& g, int p, int b, std::string_view text) {
+  const Currency amount = ParseAmount(text);
+  if (IsRealBet(b) && amount != g.Bet(p, b)) {
+    g.TotalBets(p) -= g.Bet(p, b);
+    g.Bet(p, b) = Currency{};
+    g.BetRequest = amount;
+    PlaceBet(g, p, b);
+  }
+  return PlainAmount(g.Bet(p, b));
+}
+
+Currency SelectedAmount(const Game& g, int p) {
+  const Long sel = g.rules.SelectedCheck;
+  if (sel >= 1 && sel <= 5) return g.CheckValue(sel);
+  if (sel >= 7 && sel <= 10) {
+    const int id = g.betting.CheckStackSlot(p, sel - 6);
+    if (IsCheckStack(id)) return g.Bet(p, id);
+  }
+  return Currency{};
+}
