@@ -136,17 +136,19 @@ bool Resolve(Game& game, Reference& r) {
   return true;
 }
 
-// Writes the canonical run of a resolved reference over [r.start, end).
-std::size_t WriteBack(Elements& s, const Reference& r, std::size_t end, int p) {
-  Elements out(s.begin() + static_cast<std::ptrdiff_t>(r.variable.begin),
-               s.begin() + static_cast<std::ptrdiff_t>(r.variable.end));
+// Appends the canonical run of a resolved reference to `out`.
+void WriteBack(const Elements& s, const Reference& r, Elements& out, int p) {
+  auto copy = [&](const Run& run) {
+    out.insert(out.end(), s.begin() + static_cast<std::ptrdiff_t>(run.begin),
+               s.begin() + static_cast<std::ptrdiff_t>(run.end));
+  };
   const int v = r.varNumber;
   const int cls = r.varClass;
   const bool pointsVar = v == 4606 || v == 4607;
+  copy(r.variable);
   if (cls >= 1) {
     if (!r.player.Empty())
-      out.insert(out.end(), s.begin() + static_cast<std::ptrdiff_t>(r.player.begin),
-                 s.begin() + static_cast<std::ptrdiff_t>(r.player.end));
+      copy(r.player);
     else
       out.push_back({kPlayerRef, (cls == 3 || pointsVar) ? 0.0 : static_cast<double>(p)});
   }
@@ -157,25 +159,23 @@ std::size_t WriteBack(Elements& s, const Reference& r, std::size_t end, int p) {
     out.push_back({kStatClass, x});
     out.push_back({kStatField, r.field.value_or(pointsVar ? 0 : (x == 1 ? 33 : 28))});
   }
-  s.erase(s.begin() + static_cast<std::ptrdiff_t>(r.start),
-          s.begin() + static_cast<std::ptrdiff_t>(end));
-  s.insert(s.begin() + static_cast<std::ptrdiff_t>(r.start), out.begin(), out.end());
-  return out.size();
 }
 
-// Ends the reference that stops before `end`; moves `end` and `rangeEnd` by
-// the change in length. False on failure.
-bool Finish(Game& game, Reference& r, std::size_t& end, std::size_t& rangeEnd, int p) {
+// Ends the reference that stops before `end` and appends its written form to
+// `out`. False on failure.
+bool Finish(Game& game, Reference& r, std::size_t end, Elements& out, int p) {
   if (!r.any) return true;
-  Elements& s = game.scriptCode.CompiledScript;
+  const Elements& s = game.scriptCode.CompiledScript;
   const Reference done = r;
   r = Reference{};
-  if (done.onlyNumber()) return true;
   const bool onlyPlayer = !done.player.Empty() && done.variable.Empty() && !done.frame &&
                           !done.statClass && !done.field && !done.number;
-  if (onlyPlayer) {
-    ScriptElement& e = s[done.player.begin];
-    if (done.player.end - done.player.begin == 1) {
+  if (done.onlyNumber() || onlyPlayer) {
+    const std::size_t first = out.size();
+    out.insert(out.end(), s.begin() + static_cast<std::ptrdiff_t>(done.start),
+               s.begin() + static_cast<std::ptrdiff_t>(end));
+    if (onlyPlayer && done.player.end - done.player.begin == 1) {
+      ScriptElement& e = out[first + (done.player.begin - done.start)];
       const double n = e.Value;
       if (n >= 10 && n <= 14)
         e = {kVariable, 3200 + (n - 10)};
@@ -187,29 +187,29 @@ bool Finish(Game& game, Reference& r, std::size_t& end, std::size_t& rangeEnd, i
   if (done.variable.Empty()) return Ambiguous(game, done.start);
   Reference resolved = done;
   if (!Resolve(game, resolved)) return false;
-  const std::size_t written = WriteBack(s, resolved, end, p);
-  const std::size_t newEnd = done.start + written;
-  rangeEnd = rangeEnd + newEnd - end;
-  end = newEnd;
+  WriteBack(s, resolved, out, p);
   return true;
 }
 
-// Organises [from, rangeEnd); returns false on failure. rangeEnd follows the
-// insertions.
+// Organises [from, rangeEnd) of the stream; rangeEnd follows the change of
+// length. The range is written to a new run and put back once, so that a
+// long stream is not moved for every reference.
 bool OrganizeRange(Game& game, std::size_t from, std::size_t& rangeEnd, int p) {
   Elements& s = game.scriptCode.CompiledScript;
+  Elements out;
+  out.reserve(rangeEnd - from + 16);
   Reference r;
   std::size_t i = from;
   while (i < rangeEnd) {
     const ScriptElement e = s[i];
     const int n = static_cast<int>(e.Value);
-    auto take = [&](Run& run, std::size_t len, const char* clash) -> int {
-      if (!run.Empty()) return Ambiguous(game, i, clash) ? 1 : 0;
+    auto take = [&](Run& run, std::size_t len, const char* clash) -> bool {
+      if (!run.Empty()) return Ambiguous(game, i, clash);
       if (!r.any) r.start = i;
       r.any = true;
       run = {i, i + len};
       i += len;
-      return 2;
+      return true;
     };
     auto value = [&](std::optional<double>& slot, double v, const char* clash, bool clashes) {
       if (slot || clashes) return Ambiguous(game, i, clash);
@@ -219,54 +219,58 @@ bool OrganizeRange(Game& game, std::size_t from, std::size_t& rangeEnd, int p) {
       ++i;
       return true;
     };
+    bool ok = true;
     if (e.Kind == kFunction && i + 1 < rangeEnd && s[i + 1].Kind == kOpen &&
-        (n < 50 || n == 50 || n == 800)) {
+        (n <= 50 || n == 800)) {
       const std::size_t len = MatchingClose(s, i + 1, rangeEnd) + 1 - i;
       if (n == 50) {
-        if (take(r.player, len, "Ambiguous player references") != 2) return false;
+        ok = take(r.player, len, "Ambiguous player references");
       } else {
-        if (take(r.variable, len, "Ambiguous variable references") != 2) return false;
+        ok = take(r.variable, len, "Ambiguous variable references");
         r.varNumber = n;
         r.varClass = FunctionClass(n);
       }
-      continue;
-    }
-    bool ok = true;
-    switch (e.Kind) {
-      case kVariable:
-        if (take(r.variable, 1, "Ambiguous variable references") != 2) return false;
-        r.varNumber = n;
-        r.varClass = VariableClass(n);
-        continue;
-      case kPlayerRef:
-        if (take(r.player, 1, "Ambiguous player references") != 2) return false;
-        continue;
-      case kFrame:
-        ok = value(r.frame, e.Value, "Ambiguous hand references", false);
-        break;
-      case kStatClass:
-        ok = value(r.statClass, e.Value, "Ambiguous variable references", false);
-        break;
-      case kStatField:
-        ok = value(r.field, e.Value, "Ambiguous variable references", r.number.has_value());
-        break;
-      case kNumber:
-        ok = value(r.number, e.Value, "Ambiguous variable references", r.field.has_value());
-        if (ok) r.field = e.Value;
-        break;
-      default: {
-        std::size_t end = i;
-        if (!Finish(game, r, end, rangeEnd, p)) return false;
-        i = end;
-        // A nested bracket group was organised already: pass over it.
-        i = s[i].Kind == kOpen ? MatchingClose(s, i, rangeEnd) + 1 : i + 1;
-        continue;
+    } else {
+      switch (e.Kind) {
+        case kVariable:
+          ok = take(r.variable, 1, "Ambiguous variable references");
+          r.varNumber = n;
+          r.varClass = VariableClass(n);
+          break;
+        case kPlayerRef:
+          ok = take(r.player, 1, "Ambiguous player references");
+          break;
+        case kFrame:
+          ok = value(r.frame, e.Value, "Ambiguous hand references", false);
+          break;
+        case kStatClass:
+          ok = value(r.statClass, e.Value, "Ambiguous variable references", false);
+          break;
+        case kStatField:
+          ok = value(r.field, e.Value, "Ambiguous variable references", r.number.has_value());
+          break;
+        case kNumber:
+          ok = value(r.number, e.Value, "Ambiguous variable references", r.field.has_value());
+          if (ok) r.field = e.Value;
+          break;
+        default: {
+          if (!Finish(game, r, i, out, p)) return false;
+          // A nested bracket group was organised already: pass over it.
+          const std::size_t next = e.Kind == kOpen ? MatchingClose(s, i, rangeEnd) + 1 : i + 1;
+          out.insert(out.end(), s.begin() + static_cast<std::ptrdiff_t>(i),
+                     s.begin() + static_cast<std::ptrdiff_t>(std::min(next, rangeEnd)));
+          i = next;
+        }
       }
     }
     if (!ok) return false;
   }
-  std::size_t end = rangeEnd;
-  return Finish(game, r, end, rangeEnd, p);
+  if (!Finish(game, r, rangeEnd, out, p)) return false;
+  s.erase(s.begin() + static_cast<std::ptrdiff_t>(from),
+          s.begin() + static_cast<std::ptrdiff_t>(rangeEnd));
+  s.insert(s.begin() + static_cast<std::ptrdiff_t>(from), out.begin(), out.end());
+  rangeEnd = from + out.size();
+  return true;
 }
 
 }  // namespace

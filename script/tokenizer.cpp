@@ -28,11 +28,12 @@ bool AllBlank(std::string_view text) {
 bool IsWordChar(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
 
 // True when `text` is the word `word` or ends with a blank and that word.
+// Looks at the tail only: it runs for every blank of a line.
 bool EndsWithWord(std::string_view text, std::string_view word) {
-  const std::string lower = LowerCase(text);
-  if (lower == word) return true;
-  return lower.size() > word.size() && EndsWith(lower, word) &&
-         !IsWordChar(lower[lower.size() - word.size() - 1]);
+  if (text.size() < word.size()) return false;
+  const std::size_t start = text.size() - word.size();
+  if (LowerCase(text.substr(start)) != word) return false;
+  return start == 0 || !IsWordChar(text[start - 1]);
 }
 
 // True when `text` from `at` holds the word `word` (case-insensitive).
@@ -47,8 +48,10 @@ std::string SpreadLine(const std::string& s) {
   std::string out;
   out.reserve(s.size() * 2);
   bool inQuote = false, inComment = false;
-  auto blankBefore = [&out] {
-    if (!AllBlank(out) && out.back() != ' ') out += ' ';
+  // `out` holds more than blanks (kept as a flag: lines may be very long).
+  bool content = false;
+  auto blankBefore = [&out, &content] {
+    if (content && out.back() != ' ') out += ' ';
   };
   for (std::size_t i = 0; i < s.size(); ++i) {
     const char c = s[i];
@@ -70,7 +73,8 @@ std::string SpreadLine(const std::string& s) {
       out += c;
       inComment = true;
     } else if (c == ' ') {
-      if (AllBlank(out) || out.back() != ' ') out += c;
+      if (!content || out.back() != ' ') out += c;
+      continue;
     } else if (c == ':') {
       const auto k = out.find_last_not_of(' ');
       if (k != std::string::npos && out[k] == ':') continue;
@@ -82,6 +86,7 @@ std::string SpreadLine(const std::string& s) {
       out += c;
       if (std::strchr("$;,()=^*/\\&+-<>", c) && next != ' ') out += ' ';
     }
+    content = true;
   }
   if (inQuote) out += '"';
   return out;
@@ -134,9 +139,10 @@ bool IsSignMinus(std::string_view o) {
   return false;
 }
 
-bool KeepBlankBeforeParen(std::string_view o) {
+// `leading`: the line's count of leading blanks.
+bool KeepBlankBeforeParen(std::string_view o, std::size_t leading) {
   const std::string_view t = o.substr(0, o.size() - 1);
-  if (AllBlank(t)) return true;
+  if (t.size() <= leading) return true;
   if (std::strchr("&=:^*/\\+-<>", t.back())) return true;
   for (std::string_view w :
        {"do", "or", "if", "xor", "and", "wend", "else", "then", "when", "while", "elseif"})
@@ -148,6 +154,8 @@ bool KeepBlankBeforeParen(std::string_view o) {
 std::string JoinLine(const std::string& s) {
   std::string o;
   o.reserve(s.size());
+  // The leading blanks pass unchanged; o has content once it is longer.
+  const std::size_t leading = std::min(s.size(), s.find_first_not_of(' '));
   bool inQuote = false;
   for (std::size_t i = 0; i < s.size(); ++i) {
     const char c = s[i];
@@ -201,8 +209,9 @@ std::string JoinLine(const std::string& s) {
       o += '<';
       continue;
     }
-    if (c == '(' && !o.empty() && o.back() == ' ' && !KeepBlankBeforeParen(o)) o.pop_back();
-    if ((c == ')' || c == ';' || c == ',') && !o.empty() && o.back() == ' ' && !AllBlank(o))
+    if (c == '(' && !o.empty() && o.back() == ' ' && !KeepBlankBeforeParen(o, leading)) o.pop_back();
+    if ((c == ')' || c == ';' || c == ',') && !o.empty() && o.back() == ' ' &&
+        o.size() > leading)
       o.pop_back();
     o += c;
   }

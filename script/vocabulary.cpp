@@ -601,15 +601,21 @@ std::vector<VocabularyRow> BuildRows() {
 bool ReplaceAll(std::string& work, const VocabularyRow& row) {
   bool any = false;
   std::size_t from = 0;
-  for (int guard = 0; guard < 100000; ++guard) {
+  // Each replacement shortens the work left for a key that does not come
+  // back; the guard only stops a pathological row from looping.
+  const std::size_t guard = 4 * work.size() + 16;
+  for (std::size_t n = 0; n < guard; ++n) {
     const std::size_t pos = work.find(row.Key, from);
     if (pos == std::string::npos) return any;
     work.replace(pos, row.Key.size(), row.Code);
     any = true;
-    // After a replacement the search starts again at the line's start, which
-    // lets a replacement's surroundings match anew; a code that holds its own
-    // key would loop, so then the search moves past it.
-    from = row.codeHoldsKey ? pos + row.Code.size() : 0;
+    // The search starts again at the line's start, so that a replacement and
+    // the text before it may match anew. No match lies wholly before `pos`
+    // (that one would have been found first), so starting at the earliest
+    // place that overlaps the new text finds the same occurrence. A code
+    // that holds its own key would loop: then the search moves past it.
+    from = row.codeHoldsKey ? pos + row.Code.size()
+                            : (pos + 1 > row.Key.size() ? pos + 1 - row.Key.size() : 0);
   }
   return any;
 }

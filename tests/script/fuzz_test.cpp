@@ -222,6 +222,22 @@ TEST(CompileFuzz, RandomStatementShapesNeverBreakTheCompiler) {
   EXPECT_GT(tokenized, 2000);
 }
 
+// A hostile file may hold one enormous line: it must compile in reasonable
+// time (each statement is 7 elements and a mark).
+TEST(CompileFuzz, VeryLongLinesCompile) {
+  std::string line;
+  for (int i = 0; i < 20000; ++i) line += "cs1 = cs1+1 : ";
+  auto game = std::make_unique<Game>();
+  int errLine = 0, col = 0, endLine = 0, endCol = 0;
+  CompileScript(*game, 1, {"", line, std::string(100000, ' ') + "(((" + std::string(50000, '(')},
+                errLine, col, endLine, endCol);
+  EXPECT_EQ(game->msg.MsgText, "Missing or improperly placed parenthesis.");
+  EXPECT_EQ(errLine, 2);
+  CompileScript(*game, 1, {"", line}, errLine, col, endLine, endCol);
+  EXPECT_EQ(errLine, 0);
+  EXPECT_EQ(game->scriptCode.CompiledScript.size(), 3u + 20000 * 8);
+}
+
 // Tidying is idempotent: the editor tidies lines that were tidied before.
 TEST(CompileFuzz, TidyingTwiceChangesNothing) {
   const auto words = Words();
