@@ -48,6 +48,7 @@ class TableFixture : public ::testing::Test {
     // Bets stay up after a decision unless a test says otherwise.
     g.autoplay.HandleWinningBets(p) = 2;
     g.autoplay.HandleLosingBets(p) = 2;
+    g.autoplay.AutoAdjustMode(p) = 0;  // amounts stay as laid
   }
 
   // Lays `amount` on bet b of player p, with the vig it costs.
@@ -69,6 +70,10 @@ class TableFixture : public ::testing::Test {
 
   // Decides the dice (d1, d2) with `point` standing when they fell.
   void Decide(int d1, int d2, int point) {
+    for (int p = 1; p <= 8; ++p) {  // the snapshots a roll takes before the dice fall
+      for (int b = 0; b <= kLastBetId; ++b) g.BetAtRoll(p, b) = g.Bet(p, b);
+      for (int b = 0; b <= kLastRealBet; ++b) g.BetContract(p, b) = g.Bet(p, b);
+    }
     g.Point = point;
     g.PointAtRoll = point;
     g.Die1 = d1;
