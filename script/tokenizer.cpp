@@ -209,9 +209,9 @@ std::string JoinLine(const std::string& s) {
       o += '<';
       continue;
     }
-    if (c == '(' && !o.empty() && o.back() == ' ' && !KeepBlankBeforeParen(o, leading)) o.pop_back();
-    if ((c == ')' || c == ';' || c == ',') && !o.empty() && o.back() == ' ' &&
-        o.size() > leading)
+    if (c == '(' && !o.empty() && o.back() == ' ' && !KeepBlankBeforeParen(o, leading))
+      o.pop_back();
+    if ((c == ')' || c == ';' || c == ',') && !o.empty() && o.back() == ' ' && o.size() > leading)
       o.pop_back();
     o += c;
   }
@@ -222,8 +222,10 @@ std::string JoinLine(const std::string& s) {
 void BlankTabs(std::string& line) {
   bool inQuote = false;
   for (char& c : line) {
-    if (c == '"') inQuote = !inQuote;
-    else if (c == '\t' && !inQuote) c = ' ';
+    if (c == '"')
+      inQuote = !inQuote;
+    else if (c == '\t' && !inQuote)
+      c = ' ';
   }
 }
 
@@ -255,10 +257,10 @@ std::string ShadowOf(const std::string& source) {
   return Padded(shadow);
 }
 
-// Finds `word` as a whole word in the shadow, blanks it, and returns its
-// source column; -1 if absent.
-int TakeWordFromShadow(std::string& shadow, std::string_view word) {
-  for (std::size_t pos = shadow.find(word); pos != std::string::npos;
+// Finds `word` as a whole word in the shadow from `from` on, blanks it, and
+// returns its source column; -1 if absent.
+int TakeWordFromShadow(std::string& shadow, std::string_view word, std::size_t from) {
+  for (std::size_t pos = shadow.find(word, from); pos != std::string::npos;
        pos = shadow.find(word, pos + 1)) {
     const bool startOk = pos == 0 || !IsWordChar(shadow[pos - 1]);
     const bool endOk = pos + word.size() >= shadow.size() || !IsWordChar(shadow[pos + word.size()]);
@@ -461,6 +463,7 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
     std::erase(work, '#');
 
     if (IsMark(s.back()) && !AllBlank(work)) s.back() = {kMark + curLine, 0};
+    std::size_t shadowFrom = 0;
     std::size_t i = 0;
     while (i < work.size()) {
       if (work[i] == ' ') {
@@ -487,21 +490,27 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
         if (auto v = ParseNumberWord(std::string_view(word).substr(1))) {
           const int n = static_cast<int>(*v);
           if (n == 1 || (n >= 9 && n <= 18)) {
+            // Structure words and colons are taken in the order of the line,
+            // so the search starts behind the last one and falls back to 0.
             std::string_view source = StructureWord(n);
-            int c = TakeWordFromShadow(shadow, source);
+            int c = TakeWordFromShadow(shadow, source, shadowFrom);
+            if (c < 0) c = TakeWordFromShadow(shadow, source, 0);
             if (c < 0 && !SplitStructureWord(n).empty()) {
               source = SplitStructureWord(n);
-              c = TakeWordFromShadow(shadow, source);
+              c = TakeWordFromShadow(shadow, source, 0);
             }
+            if (c >= 0) shadowFrom = static_cast<std::size_t>(c) + 1 + source.size();
             if (c < 0) c = IsMark(s.back()) ? static_cast<int>(s.back().Value) : 0;
             if (!IsMark(s.back())) PushMark(s, curLine, c);
             s.push_back({n, 0});
             if (n != kGoTo && n != kGoSub)
               PushMark(s, curLine, c + static_cast<int>(source.size()));
           } else if (n == 100) {
-            const auto colon = shadow.find(':');
+            auto colon = shadow.find(':', shadowFrom);
+            if (colon == std::string::npos) colon = shadow.find(':');
             int c = 0;
             if (colon != std::string::npos) {
+              shadowFrom = colon + 1;
               shadow[colon] = ' ';
               c = colon > 0 ? static_cast<int>(colon) - 1 : 0;
             }

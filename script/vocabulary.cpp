@@ -597,8 +597,25 @@ std::vector<VocabularyRow> BuildRows() {
   return rows;
 }
 
+// The punctuation rows replace in one left-to-right pass.
+bool ReplaceChar(std::string& work, const VocabularyRow& row) {
+  const char key = row.Key[0];
+  if (work.find(key) == std::string::npos) return false;
+  std::string out;
+  out.reserve(work.size() + work.size() / 2);
+  for (char c : work) {
+    if (c == key)
+      out += row.Code;
+    else
+      out += c;
+  }
+  work = std::move(out);
+  return true;
+}
+
 // Replaces every occurrence of row.Key in work; true if any was replaced.
 bool ReplaceAll(std::string& work, const VocabularyRow& row) {
+  if (row.onePass) return ReplaceChar(work, row);
   bool any = false;
   std::size_t from = 0;
   // Each replacement shortens the work left for a key that does not come
@@ -664,6 +681,7 @@ VocabularyRow MakeVocabularyRow(std::string key, std::string code) {
   for (char ch : key)
     if (std::isupper(static_cast<unsigned char>(ch))) row.keyHasCode = true;
   row.codeHoldsKey = code.find(key) != std::string::npos;
+  row.onePass = key.size() == 1 && key[0] != ' ' && code.find(key[0]) == std::string::npos;
   row.Key = std::move(key);
   row.Code = std::move(code);
   return row;

@@ -36,6 +36,9 @@ struct VocabularyRow {
   bool blankInShadow = true;  // false for the logic words and the colon
   bool keyHasCode = false;    // the key holds a code, so never occurs in source text
   bool codeHoldsKey = false;  // replacing must move on instead of restarting
+  // A one-character key absent from its code: no replacement can make a new
+  // occurrence, so one left-to-right pass replaces them all.
+  bool onePass = false;
 };
 
 // Signature of a text: its characters and adjacent pairs.
