@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "config/payoffs.h"
@@ -87,6 +88,37 @@ TEST_F(PayoffMath, EachMethodByItself) {
   EXPECT_EQ(OddsMaximumFor(1_usd, kOddsSingleOdds, 7_usd, 3_usd, 2_usd, checks, cap), 8_usd);
   EXPECT_EQ(OddsMaximumFor(3_usd, kOddsFlatSingleX, 5_usd, 3_usd, 2_usd, checks, cap), 18_usd);
   EXPECT_EQ(OddsMaximumFor(2_usd, kOddsFlatSingleX, 5_usd, 3_usd, 2_usd, checks, cap), 12_usd);
+}
+
+TEST(OddsMaximum, EveryMethodGivesWholeChecksWithinTheCap) {
+  // Quarter checks and odd payoffs too: the result is always a multiple of the
+  // smallest check, never negative, never above the cap, and the pushes but
+  // the minor one never give less than the plain limit cut to the check.
+  const Currency quarter[6] = {{}, Currency::FromRaw(2500), 1_usd, 5_usd, 25_usd, 100_usd};
+  const Currency whole[6] = {{}, 1_usd, 5_usd, 25_usd, 100_usd, 500_usd};
+  const std::pair<long, long> pays[] = {{2, 1}, {3, 2}, {6, 5}, {1, 2}, {5, 6}, {7, 3}, {9, 5}};
+  const long multiples[] = {10000, 15000, 20000, 25000, 30000, 50000, 100000};
+  for (const auto* checks : {&quarter, &whole})
+    for (auto [p, s] : pays)
+      for (long x : multiples)
+        for (long base = 1; base <= 260; base += 7)
+          for (int method = 0; method < kOddsMethodCount; ++method) {
+            const Currency cap = 700_usd;
+            const Currency flat = Currency::FromWhole(base);
+            const Currency xx = Currency::FromRaw(x);
+            const Currency r = OddsMaximumFor(xx, method, flat, Currency::FromWhole(p),
+                                              Currency::FromWhole(s), *checks, cap);
+            const Currency unit = (*checks)[1];
+            SCOPED_TRACE(::testing::Message() << "method " << method << " x " << x << " base "
+                                              << base << " pays " << p << "/" << s);
+            ASSERT_GE(r.raw, 0);
+            ASSERT_EQ(r.raw % unit.raw, 0);
+            ASSERT_LE(r, cap);
+            // The minor push may settle below the plain limit, on a whole-paying step.
+            if (method == kOddsMinorPush) continue;
+            const Currency plain = RoundDownToMultiple(CurMul(xx, flat), unit);
+            ASSERT_GE(r, std::min(plain, cap));
+          }
 }
 
 TEST_F(PayoffMath, CapsWinOverEveryPush) {
@@ -187,6 +219,32 @@ TEST(ProperOdds, NearestAndBiases) {
   // A total that is a whole number of the clicked step wins: 6 + 4 -> 12 = 3 x 4.
   EXPECT_EQ(AdjustProperOdds(Place6(6_usd, 4_usd), &text), 6_usd);
   EXPECT_TRUE(text.empty());
+}
+
+TEST(ProperOdds, TotalsStayProperAndWithinLimits) {
+  // Requests already held to the limits, as the bet gate hands them over: the
+  // adjusted total is 0, a multiple of the unit within the limits, or the
+  // maximum when no proper total fits.
+  for (long unit : {2, 5, 6})
+    for (int mode = 1; mode <= 2; ++mode)
+      for (int bias = 0; bias <= 2; ++bias)
+        for (long b = 0; b <= 60; b += 3)
+          for (long a = -b; b + a <= 50; ++a) {
+            ProperOddsInput in = Place6(Currency::FromWhole(b), Currency::FromWhole(a), mode, bias);
+            in.unit = Currency::FromWhole(unit);
+            in.maximum = 50_usd;
+            in.minimum = 5_usd;
+            if (b + a > 0 && b + a < 5) continue;  // the gate has lifted these to the minimum
+            std::string text;
+            const Currency total = in.current + AdjustProperOdds(in, &text);
+            SCOPED_TRACE(::testing::Message() << "unit " << unit << " mode " << mode << " bias "
+                                              << bias << " B " << b << " A " << a);
+            ASSERT_GE(total, 0_usd);
+            ASSERT_LE(total, 50_usd);
+            if (total.IsZero() || total == 50_usd) continue;
+            ASSERT_GE(total, 5_usd);
+            ASSERT_EQ(total.raw % in.unit.raw, 0);
+          }
 }
 
 TEST(ProperOdds, ColorCorrectionWidensTheUnit) {
