@@ -195,7 +195,7 @@ int SeatedBetween(const Game& g, int a, int b, int step) {
   }
 }
 
-void PassNotice(Game& g, bool interactive, const std::string& text) {
+void PassNotice(Game& g, bool interactive, std::string_view text) {
   if (interactive) ShowNotice(g, text, "Pass the Dice", 205, kMsgOk);
 }
 
