@@ -2,7 +2,7 @@
 
 #include "engine/catalogue.h"
 #include "engine/game.h"
-// #include "engine/players.h"  (waiting for the players unit)
+#include "engine/players.h"
 #include "engine/resolve.h"
 
 namespace {
@@ -69,7 +69,6 @@ void EndHand(Game& g) {
   g.PrevHandShooter = g.HandShooter;
   if (g.Shooter != g.HandShooter)
     g.HandShooter = g.Shooter;
-  else {
-    // PassDice(g, false): waiting for the players unit
-  }
+  else
+    PassDice(g, false);
 }

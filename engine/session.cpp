@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "dice/rng.h"
+#include "engine/bankroll.h"
 #include "engine/game.h"
 #include "engine/platform.h"
 #include "engine/roll_internal.h"
@@ -160,9 +161,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
 
   for (int p = 1; p <= 8; ++p) {
     if (!Named(g, p)) continue;
-    // SetBeginningBankroll(g, p, remembered[p]): waiting for the bankroll unit
-    g.BetAtRoll(p, 0) = g.Bet(p, 0);
-    g.BetAfterRoll(p, 0) = g.Bet(p, 0);
+    SetBeginningBankroll(g, p, remembered[p]);
   }
 
   g.GraphBankroll.Fill({});

@@ -68,6 +68,8 @@ void StartUp(Game& game, const std::string& appFolder) {
   game.PlayerName[0] = "House";
 
   SetDefaultSettings(game);
+  for (int p = 0; p < kPlayerSlots; ++p)
+    for (int spot = 1; spot <= 4; ++spot) game.betting.CheckStackSlot(p, spot) = 100 + spot;
   r.GraphPlotType = 0;
   r.GraphShowAverage = false;
   r.GraphAutoPrint = false;

@@ -1,0 +1,52 @@
+#include "engine/startup.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/catalogue.h"
+#include "tests/engine/roll_fixture.h"
+
+namespace {
+
+TEST(StartUp, AFreshGameIsEmptyAndBoundToItsPlatform) {
+  HeadlessPlatform platform;
+  auto game = MakeGame(platform);
+  EXPECT_EQ(game->platform, &platform);
+  EXPECT_EQ(game->RollTally(18, 0), 0);
+  EXPECT_TRUE(game->PlayerName[0].empty());
+}
+
+using StartedGame = RollFixture;
+
+TEST_F(StartedGame, FoldersClockMeasureAndTheHouse) {
+  EXPECT_EQ(g.roll.AppPath, "/tmp/ravelton-roll-tests/");
+  EXPECT_EQ(g.roll.DataFolder, g.roll.AppPath);
+  EXPECT_EQ(g.roll.EventsLogPath, "/tmp/ravelton-roll-tests/Events Log.txt");
+  EXPECT_EQ(g.roll.HelpFilePath, "/tmp/ravelton-roll-tests/ravelton.chm");
+  // The clock advances 1 ms per read: 99 calls fit in 100 ms.
+  EXPECT_EQ(g.roll.LoopsPerTick, 9);
+  EXPECT_EQ(g.PlayerName[0], "House");
+  EXPECT_EQ(g.dice.RngIndex, 0);  // the last generator seeded stays selected
+  EXPECT_EQ(g.Die1 + g.Die2, g.DiceTotal);
+}
+
+TEST_F(StartedGame, DefaultsOfChecksWorkingStatesAndStackSpots) {
+  const std::int64_t checks[5] = {1, 5, 25, 100, 500};
+  for (int i = 1; i <= 5; ++i) EXPECT_EQ(g.CheckValue(i), Currency::FromWhole(checks[i - 1]));
+  for (int p = 0; p <= 8; ++p) {
+    for (int b = 1; b <= 85; ++b) ASSERT_EQ(g.BetWorking(p, b), DefaultWorking(b)) << p << ' ' << b;
+    for (int spot = 1; spot <= 4; ++spot) EXPECT_EQ(g.betting.CheckStackSlot(p, spot), 100 + spot);
+  }
+  EXPECT_GT(g.PayoffTbl(3, bet::kPassLine), Currency());  // the default payoffs are in
+}
+
+TEST_F(StartedGame, AMissingGeneratorFallsBackAndTheGameStillRolls) {
+  g.dice.MissingDllMask = 3;
+  g.dice.RngIndex = 0;
+  RollDice(g);
+  EXPECT_EQ(g.dice.RngIndex, 3);
+  EXPECT_EQ(g.RollTally(18, 0), 1);
+  EXPECT_GE(g.Die1, 1);
+  EXPECT_LE(g.Die2, 6);
+}
+
+}  // namespace
