@@ -1,0 +1,148 @@
+// Correct in the large: a long Hyper-Drive run with eight players who keep
+// the main bets up, then each bet's net result per amount wagered (from the
+// session's decision statistics) against its known house edge. The
+// tolerance is six standard errors of the bet's own spread, so a wrong
+// payoff, a wrong decision or a wrong cut shows, while chance does not.
+#include <cmath>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "automation/hyperdrive.h"
+#include "dice/rng.h"
+#include "engine/money.h"
+#include "engine/place.h"
+#include "table_fixture.h"
+
+namespace {
+
+using namespace bet;
+
+#ifdef NDEBUG
+constexpr std::int64_t kRolls = 2'000'000;
+#else
+constexpr std::int64_t kRolls = 200'000;
+#endif
+
+class HouseEdge : public TableFixture {
+ protected:
+  HouseEdge() {
+    for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
+    g.rules.BetRequirement = 0;
+    g.rules.NoticeFlags = 0;
+  }
+
+  // Tops bet b of player p up to `amount` (bets that came down, the Come
+  // boxes) as a player at the table would, through the placing gate.
+  void Keep(int p, int b, long amount) {
+    const Currency want = Currency::FromWhole(amount);
+    if (g.Bet(p, b) >= want) return;
+    g.BetRequest = want - g.Bet(p, b);
+    PlaceBet(g, p, b);
+  }
+
+  void KeepBets() {
+    // The line players' odds are Auto-Play's full odds; the Come and Don't
+    // Come players' odds follow their bets as they travel.
+    Keep(1, kPassLine, 10);
+    Keep(2, kDontPass, 10);
+    if (g.Point > 0) {
+      Keep(6, kCome, 10);
+      Keep(7, kDontCome, 10);
+    }
+    Keep(3, PlaceId(6), 12);
+    Keep(3, PlaceId(5), 10);
+    Keep(3, BuyId(4), 20);
+    Keep(3, LayId(10), 40);
+    Keep(4, kField, 10);
+    Keep(4, kSeven, 10);
+    Keep(4, kCraps, 10);
+    Keep(4, kMidway, 10);
+    Keep(5, kHard6, 10);
+    Keep(5, kHard4, 10);
+    Keep(5, kBig6, 10);
+    Keep(5, kOver7, 10);
+    Keep(8, 68, 10);  // Hop 14
+    Keep(8, 71, 10);  // Hop 22
+    Keep(8, kHorn, 4);
+    Keep(8, kCandE, 2);
+    Keep(8, kWorld, 5);
+    for (int p = 1; p <= 8; ++p)
+      if (g.Bet(p, 0) < 1'000'000_usd) g.Bet(p, 0) += 1'000'000_usd;
+  }
+
+  static void AfterRoll(void* self, const Game&) { static_cast<HouseEdge*>(self)->KeepBets(); }
+
+  struct Result {
+    double wagered = 0, net = 0, decisions = 0;
+  };
+  Result Session(int p, std::vector<int> ids) const {
+    Result r;
+    for (int b : ids) {
+      const int i = p + 18;
+      r.wagered += g.StatAction(i, b, 2).ToDouble();
+      r.decisions += g.StatAction(i, b, 1).ToDouble();
+      r.net += g.StatWins(i, b, 2).ToDouble() - g.StatLosses(i, b, 2).ToDouble();
+    }
+    return r;
+  }
+
+  // The player's result on `ids` is -edge per amount wagered, within six
+  // standard errors of a bet whose outcome per unit has spread `sd`.
+  void ExpectEdge(const char* name, int p, std::vector<int> ids, double edge, double sd) {
+    const Result r = Session(p, std::move(ids));
+    ASSERT_GT(r.decisions, 1000) << name;
+    const double perUnit = r.net / r.wagered;
+    const double tolerance = 6 * sd / std::sqrt(r.decisions);
+    EXPECT_NEAR(perUnit, -edge, tolerance) << name << ": " << r.decisions << " decisions";
+    std::printf("%-16s edge %7.3f%%  expected %7.3f%%  (+/- %.3f%%, %.0f decisions)\n", name,
+                -100 * perUnit, 100 * edge, 100 * tolerance, r.decisions);
+  }
+};
+
+TEST_F(HouseEdge, EachMainBetLosesItsKnownShareOfTheAction) {
+  for (int p = 1; p <= 8; ++p) {
+    g.autoplay.HandleWinningBets(p) = 2;  // Same Bet
+    g.autoplay.HandleLosingBets(p) = 2;
+  }
+  // A Come bet left up after its decision would be a Put bet, with an edge
+  // of its own: the Come player takes winners and losers down.
+  g.autoplay.HandleWinningBets(6) = g.autoplay.HandleLosingBets(6) = 1;
+  g.autoplay.AutoTakeFullOdds(1) = g.autoplay.AutoTakeFullOdds(6) = true;
+  g.autoplay.AutoLayFullOdds(2) = g.autoplay.AutoLayFullOdds(7) = true;
+  SeedRngWith(g, 20261122);
+  KeepBets();
+  g.hyper.RunRollLimit = kRolls;
+  g.hyper.RollObserver = &HouseEdge::AfterRoll;
+  g.hyper.RollObserverContext = this;
+  RunHyperDrive(g);
+  ASSERT_EQ(g.hyper.RollsThisRun, kRolls) << g.StopMessage;
+
+  ExpectEdge("Pass Line", 1, {kPassLine}, 7.0 / 495, 1.0);
+  ExpectEdge("Pass Line Odds", 1, {kPassLineOdds}, 0, 1.5);
+  ExpectEdge("Don't Pass", 2, {kDontPass}, 27.0 / 1925, 1.0);
+  ExpectEdge("Don't Pass Odds", 2, {kDontPassOdds}, 0, 1.0);
+  ExpectEdge("Place 6", 3, {PlaceId(6)}, 1.0 / 66, 1.1);
+  ExpectEdge("Place 5", 3, {PlaceId(5)}, 0.04, 1.2);
+  ExpectEdge("Buy 4 (vig 1)", 3, {BuyId(4)}, 1.0 / 21, 1.4);
+  ExpectEdge("Lay 10 (vig 1)", 3, {LayId(10)}, 1.0 / 41, 0.7);
+  ExpectEdge("Field", 4, {kField}, 1.0 / 18, 1.1);
+  ExpectEdge("Any 7", 4, {kSeven}, 1.0 / 6, 1.9);
+  ExpectEdge("Any craps", 4, {kCraps}, 1.0 / 9, 2.5);
+  ExpectEdge("Midway", 4, {kMidway}, 1.0 / 18, 1.1);
+  ExpectEdge("Hard 6", 5, {kHard6}, 1.0 / 11, 2.9);
+  ExpectEdge("Hard 4", 5, {kHard4}, 1.0 / 9, 2.5);
+  ExpectEdge("Big 6", 5, {kBig6}, 1.0 / 11, 1.0);
+  ExpectEdge("Over 7", 5, {kOver7}, 1.0 / 6, 1.0);
+  ExpectEdge("Come", 6, {kCome, 19, 20, 21, 22, 23, 24}, 7.0 / 495, 1.0);
+  ExpectEdge("Come Odds", 6, {25, 26, 27, 28, 29, 30}, 0, 1.5);
+  ExpectEdge("Don't Come", 7, {kDontCome, 7, 8, 9, 10, 11, 12}, 27.0 / 1925, 1.0);
+  ExpectEdge("Don't Come Odds", 7, {13, 14, 15, 16, 17, 18}, 0, 1.0);
+  ExpectEdge("Hop 14", 8, {68}, 1.0 / 9, 3.7);
+  ExpectEdge("Hop 22", 8, {71}, 5.0 / 36, 5.1);
+  ExpectEdge("Horn", 8, {kHorn}, 0.125, 2.1);
+  ExpectEdge("C and E", 8, {kCandE}, 1.0 / 9, 2.2);
+  ExpectEdge("World (no push)", 8, {kWorld}, 0.16, 1.8);
+}
+
+}  // namespace
