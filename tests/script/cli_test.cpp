@@ -1,0 +1,64 @@
+// End-to-end tests of ravelton-cli check and dump: exit codes, the success
+// line, the failure report with its span, players by name, unreadable files.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+namespace {
+
+struct Result {
+  int exitCode = -1;
+  std::string out;
+};
+
+Result Cli(const std::string& args) {
+  Result r;
+  const std::string command = std::string(RAVELTON_CLI) + " " + args + " 2>/dev/null";
+  FILE* pipe = popen(command.c_str(), "r");
+  if (!pipe) return r;
+  std::array<char, 4096> buffer{};
+  std::size_t n;
+  while ((n = fread(buffer.data(), 1, buffer.size(), pipe)) > 0) r.out.append(buffer.data(), n);
+  const int status = pclose(pipe);
+  r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return r;
+}
+
+const std::string kCases = std::string(RAVELTON_SOURCE_DIR) + "/tests/script/cases/";
+const std::string kExamples = std::string(RAVELTON_SOURCE_DIR) + "/examples/";
+
+TEST(CliScript, CheckReportsSuccessOrTheFirstError) {
+  Result r = Cli("check " + kExamples + "iron_cross.bet");
+  EXPECT_EQ(r.exitCode, 0);
+  EXPECT_EQ(r.out, "Your script is properly structured.\n");
+
+  r = Cli("check " + kCases + "rolls_limit.bet");
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_EQ(r.out, kCases +
+                       "rolls_limit.bet:1:2: Ambiguous variable references\nReference to rolls out "
+                       "of limits.\n(lines 1:2 to 1:21)\n");
+}
+
+TEST(CliScript, PlayersAreSeatedInOrderAndSlotsChosen) {
+  const std::string file = kCases + "links_and_names.bet";
+  EXPECT_EQ(Cli("check " + file).exitCode, 1);  // "lee" is nobody without the seats
+  const Result r = Cli("dump " + file + " --slot 4 --player Pat --player Lee");
+  EXPECT_EQ(r.exitCode, 0);
+  EXPECT_NE(r.out.find("1 Head 4\n"), std::string::npos);
+  EXPECT_NE(r.out.find("20 Var 654\n21 Player 2\n"), std::string::npos);
+  EXPECT_NE(r.out.find("S2 0 \"Point \"\n"), std::string::npos);
+}
+
+TEST(CliScript, BadFilesAndOptionsExitOne) {
+  Result r = Cli("check " + kCases + "no_such_script.bet");
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_EQ(r.out, "");
+  EXPECT_EQ(Cli("dump " + kCases).exitCode, 1);
+  EXPECT_EQ(Cli("check " + kExamples + "iron_cross.bet --slot 9").exitCode, 1);
+  EXPECT_EQ(Cli("dump").exitCode, 1);
+}
+
+}  // namespace
