@@ -48,16 +48,18 @@ Currency Atm(Game& g, int p, bool isDeposit, Currency amount, bool fromConfigure
   if (!isDeposit) {
     if (bank + amount > kBankLimit) {
       allowed = kBankLimit - bank;
-      why = "The full amount of this transaction was not allowed since it would have caused the "
-            "current bankroll to exceed the bank limit of $9,999,999";
+      why =
+          "The full amount of this transaction was not allowed since it would have caused the "
+          "current bankroll to exceed the bank limit of $9,999,999";
     }
   } else if (!g.betting.AllowNegBankroll(p)) {
     if (bank - bets - amount < Currency{}) {
       allowed = bank - bets;
       const bool betting = bets > Currency{};
       why = Cat("The full amount of this transaction was not allowed since it would have ",
-                betting ? "caused your current bankroll to drop below the amount of your current bets."
-                        : "resulted in a negative current bankroll.",
+                betting
+                    ? "caused your current bankroll to drop below the amount of your current bets."
+                    : "resulted in a negative current bankroll.",
                 "\r\rYou can deposit more by checking the box marked, \"Allow negative bankroll "
                 "amounts\"",
                 fromConfigure ? "" : " on the Configuration screen",
@@ -65,8 +67,9 @@ Currency Atm(Game& g, int p, bool isDeposit, Currency amount, bool fromConfigure
     }
   } else if (bank - amount < -kBankLimit) {
     allowed = bank + kBankLimit;
-    why = "The full amount of this transaction was not allowed since it would have caused your "
-          "current bankroll to exceed the bank limit of $-9,999,999";
+    why =
+        "The full amount of this transaction was not allowed since it would have caused your "
+        "current bankroll to exceed the bank limit of $-9,999,999";
   }
   if (allowed < Currency{}) allowed = Currency{};
   if (!why.empty() && ShowAtmNotice(g, fromConfigure))
@@ -107,15 +110,16 @@ bool ChangeAllowNegBankroll(Game& g, int p, bool on) {
     return true;
   }
   if (bank < bets) {
-    ShowNotice(g,
-               Cat("The amount of ", name,
-                   "'s current bets exceeds his/her current bankroll.\r\rTherefore, before you can "
-                   "un-check this box, ",
-                   name,
-                   " must either:\r\r -- Reduce the amount of his/her current bets, or \r -- Make at "
-                   "least a $",
-                   FormatMoney(bets - bank), " withdrawal from the ATM."),
-               "Bankroll", 130, kMsgOk);
+    ShowNotice(
+        g,
+        Cat("The amount of ", name,
+            "'s current bets exceeds his/her current bankroll.\r\rTherefore, before you can "
+            "un-check this box, ",
+            name,
+            " must either:\r\r -- Reduce the amount of his/her current bets, or \r -- Make at "
+            "least a $",
+            FormatMoney(bets - bank), " withdrawal from the ATM."),
+        "Bankroll", 130, kMsgOk);
     return true;
   }
   allow = false;
@@ -188,9 +192,12 @@ void SetCheckStackName(Game& g, int p, int n, std::string_view name) {
 
 bool DeleteAllCheckStacks(Game& g, int p, StackClear what) {
   if (p < 1 || p > 8) return false;
-  const char* lead = what == StackClear::All ? "Are you sure you want to delete all the CheckStack values and names for "
-                     : what == StackClear::Values ? "Are you sure you want to delete all the CheckStack values for "
-                                                  : "Are you sure you want to delete all the CheckStack names for ";
+  const char* lead =
+      what == StackClear::All
+          ? "Are you sure you want to delete all the CheckStack values and names for "
+      : what == StackClear::Values
+          ? "Are you sure you want to delete all the CheckStack values for "
+          : "Are you sure you want to delete all the CheckStack names for ";
   const char* title = what == StackClear::All      ? "Delete All"
                       : what == StackClear::Values ? "Delete All Values"
                                                    : "Delete All Names";
@@ -215,7 +222,8 @@ bool SetVisibleCheckStacks(Game& g, int p, const int (&numbers)[4]) {
         return false;
       }
   }
-  for (int i = 0; i < 4; ++i) g.betting.CheckStackSlot(p, i + 1) = bet::kCheckStackFirst + numbers[i];
+  for (int i = 0; i < 4; ++i)
+    g.betting.CheckStackSlot(p, i + 1) = bet::kCheckStackFirst + numbers[i];
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
   return true;
 }

@@ -1,5 +1,5 @@
-// The highest total of each bet, and the glue that runs the proper-odds rule
-// on the bet at hand inside SetBetChecked.
+// The highest total of each bet: the table maximum, the odds maxima by the
+// odds method, and the payoff bounds of Lay bets and the propositions.
 #include <algorithm>
 
 #include "engine/catalogue.h"
@@ -68,30 +68,4 @@ void FigureBetMaximum(Game& g, int p, int b) {
   }
   if (m < Currency{}) m = Currency{};
   g.betting.BetMaximum = unit.raw > 0 ? RoundDownToMultiple(m, unit) : m;
-}
-
-int ProperOddsBias(const Game& g, int p, int b) {
-  const AutoPlayState& a = g.autoplay;
-  if (IsLay(b)) return a.LayBias(p);
-  if (IsPlace(b)) return a.PlaceBias(p);
-  if (b == bet::kPassLineOdds || IsComeOdds(b)) return a.DoBias(p);
-  if (b == bet::kDontPassOdds || IsDontComeOdds(b)) return a.DontBias(p);
-  return 0;
-}
-
-void AdjustForProperOdds(Game& g, int p, int b) {
-  if (!IsRealBet(b)) return;
-  BettingState& s = g.betting;
-  ProperOddsInput in;
-  in.bet = b;
-  in.current = g.Bet(p, b);
-  in.change = s.BetChange;
-  in.unit = ProperOddsUnit(g, b);
-  in.maximum = s.BetMaximum;
-  in.minimum = s.BetMinimum;
-  in.contract = g.BetContract(p, b);
-  in.mode = g.autoplay.AutoAdjustMode(p);
-  in.bias = ProperOddsBias(g, p, b);
-  for (int i = 1; i <= 5; ++i) in.checks[i] = g.CheckValue(i);
-  s.BetChange = AdjustProperOdds(in, g.HyperDrive ? nullptr : &s.LimitText);
 }

@@ -18,10 +18,10 @@
 
 // How a player's bankroll is set at a new session (StartBankrollMode).
 enum StartBankrollKind : std::int32_t {
-  kStartWithAmount = 0,     // " Start bankroll with:"
-  kStartPrompt = 1,         // " Prompt for starting bankroll"
-  kStartCarry = 2,          // " Carry forward bankroll from previous session"
-  kStartCarryWithNet = 3,   // " Carry forward bankroll and net from previous session"
+  kStartWithAmount = 0,    // " Start bankroll with:"
+  kStartPrompt = 1,        // " Prompt for starting bankroll"
+  kStartCarry = 2,         // " Carry forward bankroll from previous session"
+  kStartCarryWithNet = 3,  // " Carry forward bankroll and net from previous session"
 };
 
 // PendingAction: a menu command waiting for the next click on the table.
@@ -55,10 +55,9 @@ struct BettingState {
   std::int32_t BankrollTabPlayer = 0;             // player on the bankroll tab; 0 none
 
   // CheckStacks: the stacks of the four visible rail spots, by bet id.
-  Table2<std::int32_t, 0, 8, 1, 4> CheckStackSlot{{101, 101, 101, 101, 101, 101, 101, 101, 101,
-                                                   102, 102, 102, 102, 102, 102, 102, 102, 102,
-                                                   103, 103, 103, 103, 103, 103, 103, 103, 103,
-                                                   104, 104, 104, 104, 104, 104, 104, 104, 104}};
+  Table2<std::int32_t, 0, 8, 1, 4> CheckStackSlot{
+      {101, 101, 101, 101, 101, 101, 101, 101, 101, 102, 102, 102, 102, 102, 102, 102, 102, 102,
+       103, 103, 103, 103, 103, 103, 103, 103, 103, 104, 104, 104, 104, 104, 104, 104, 104, 104}};
   bool DisplayZeroStacks = false;
   std::int32_t CheckStacksPlayer = 0;
 

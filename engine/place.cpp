@@ -11,8 +11,8 @@
 #include "engine/game.h"
 #include "engine/money.h"
 #include "engine/payoff_math.h"
-#include "engine/platform.h"
 #include "engine/place_internal.h"
+#include "engine/platform.h"
 #include "engine/settle_text.h"
 
 namespace {
@@ -53,14 +53,17 @@ Next ContractRules(Game& g, int p, int b) {
   const Currency B = g.Bet(p, b), C = g.BetContract(p, b), N = B + s.BetChange;
   const bool point = g.Point > 0;
   const bool comePoint = IsComePoint(b);
+  // Texts are built only when they will be shown: never in Hyper-Drive.
+  const bool tell = CanNotify(g, kNoticeNotAllowed);
   auto refuse = [&](std::string_view text, int help) { RefuseNotice(g, p, b, text, help); };
 
   if (s.BetChange.IsZero()) {
     if ((b == bet::kPassLine || comePoint) && point && B < C) {
-      refuse(b == bet::kPassLine
-                 ? "You may not decrease or remove your Pass Line bet \rwhile a point is established."
-                 : "You may not decrease or remove an established Come bet.",
-             250);
+      if (tell)
+        refuse(b == bet::kPassLine ? "You may not decrease or remove your Pass Line bet \rwhile a "
+                                     "point is established."
+                                   : "You may not decrease or remove an established Come bet.",
+               250);
       s.BetChange = C - B;
     }
     return Next::Free;
@@ -69,9 +72,13 @@ Next ContractRules(Game& g, int p, int b) {
   if (s.BetChange < Currency{}) {
     if (comePoint || (b == bet::kPassLine && point)) {
       if (B == C) {
-        refuse(comePoint ? "You may not decrease or remove a Come bet \rwhich is established on a point."
-                         : "You may not decrease or remove a Pass Line bet \rwhile a point is established.",
-               250);
+        if (tell)
+          refuse(
+              comePoint
+                  ? "You may not decrease or remove a Come bet \rwhich is established on a point."
+                  : "You may not decrease or remove a Pass Line bet \rwhile a point is "
+                    "established.",
+              250);
         s.BetChange = Currency{};
         return Next::Return;
       }
@@ -92,24 +99,29 @@ Next ContractRules(Game& g, int p, int b) {
     case bet::kPassLine:
       if (!point || (N >= C && put)) return Next::Free;
       if (N >= C) {
-        refuse(Cat("You may not make or increase a Pass Line bet \rwhile a point is established.",
-                   kPutClause),
-               510);
+        if (tell)
+          refuse(Cat("You may not make or increase a Pass Line bet \rwhile a point is established.",
+                     kPutClause),
+                 510);
         return cutToContract(true);
       }
-      refuse("You may not decrease or remove a Pass Line bet \rwhile a point is established.", 250);
+      if (tell)
+        refuse("You may not decrease or remove a Pass Line bet \rwhile a point is established.",
+               250);
       return cutToContract(false);
     case bet::kCome:
     case bet::kDontCome:
       if (point) return Next::Free;
-      refuse(b == bet::kCome ? "You may not make a Come bet \runtil a point is established."
-                             : "You may not make a Don't Come bet \runtil a point is established.",
-             b == bet::kCome ? 45 : 48);
+      if (tell)
+        refuse(b == bet::kCome
+                   ? "You may not make a Come bet \runtil a point is established."
+                   : "You may not make a Don't Come bet \runtil a point is established.",
+               b == bet::kCome ? 45 : 48);
       s.BetChange = Currency{};
       return Next::Return;
     case bet::kDontPass:
       if (!point || N <= C) return Next::Free;
-      if (CanNotify(g, kNoticeNotAllowed))
+      if (tell)
         refuse(Cat("You may not make or increase a Don't Pass bet \rwhile a point is established.",
                    C > Currency{} ? RestoreClause(B, C) : std::string()),
                46);
@@ -119,20 +131,23 @@ Next ContractRules(Game& g, int p, int b) {
       const bool pass = b == bet::kPassLineOdds;
       if (!g.Bet(p, pass ? bet::kPassLine : bet::kDontPass).IsZero() && g.Point != 0)
         return Next::Free;
-      refuse(pass ? "You may not make a Pass Line Odds bet unless \ryou also have a Pass Line bet "
-                    "and a point is established."
-                  : "You may not make a Don't Pass Odds bet unless \ryou also have a Don't Pass "
-                    "bet and a point is established.",
-             pass ? 43 : 46);
+      if (tell)
+        refuse(pass
+                   ? "You may not make a Pass Line Odds bet unless \ryou also have a Pass Line bet "
+                     "and a point is established."
+                   : "You may not make a Don't Pass Odds bet unless \ryou also have a Don't Pass "
+                     "bet and a point is established.",
+               pass ? 43 : 46);
       s.BetChange = Currency{};
       return Next::Return;
     }
     case bet::kFire:
       if (g.RollTally(0, 0) == 0 || N <= C) return Next::Free;
-      if (CanNotify(g, kNoticeNotAllowed))
-        refuse(Cat("You may not make or increase a Fire bet \rafter the shooter has started a hand.",
-                   B < C ? RestoreClause(B, C) : std::string()),
-               510);
+      if (tell)
+        refuse(
+            Cat("You may not make or increase a Fire bet \rafter the shooter has started a hand.",
+                B < C ? RestoreClause(B, C) : std::string()),
+            510);
       return cutToContract(true);
     default:
       break;
@@ -140,16 +155,19 @@ Next ContractRules(Game& g, int p, int b) {
   if (comePoint) {
     if (s.MovingBet || (N > C && put)) return Next::Free;
     if (N > C) {
-      refuse(Cat("You may not make or increase a Come bet \rdirectly on a point number.", kPutClause),
-             510);
+      if (tell)
+        refuse(Cat("You may not make or increase a Come bet \rdirectly on a point number.",
+                   kPutClause),
+               510);
       return cutToContract(true);
     }
-    if (N < C) refuse("You may not decrease or remove a Come bet \rwhich is established on a point.", 250);
+    if (N < C)
+      refuse("You may not decrease or remove a Come bet \rwhich is established on a point.", 250);
     return cutToContract(false);
   }
   if (IsDontComePoint(b)) {
     if (s.MovingBet || N <= C) return Next::Free;
-    if (CanNotify(g, kNoticeNotAllowed))
+    if (tell)
       refuse(Cat("You may not make or increase a Don't Come bet \rdirectly on a point number.",
                  C > Currency{} ? RestoreClause(B, C) : std::string()),
              48);
@@ -157,7 +175,7 @@ Next ContractRules(Game& g, int p, int b) {
   }
   if (IsComeOdds(b) || IsDontComeOdds(b)) {
     if (!g.Bet(p, b - 6).IsZero()) return Next::Free;
-    if (CanNotify(g, kNoticeNotAllowed))
+    if (tell)
       refuse(Cat("You may not make a ", BetName(b), " bet \runtil you've established a ",
                  BetName(b - 6), " bet."),
              IsComeOdds(b) ? 45 : 48);
@@ -182,7 +200,8 @@ Currency StoredUpFrontVig(const Game& g, int p, int b) {
 
 void SetMinimumText(Game& g, int b) {
   if (g.HyperDrive) return;
-  g.betting.LimitText = Cat("The minimum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMinimum));
+  g.betting.LimitText =
+      Cat("The minimum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMinimum));
 }
 
 // Shrinks a change that the free money can't carry. Returns true when it did.
@@ -191,7 +210,9 @@ bool HoldToBankroll(Game& g, int p, int b) {
   if (s.AllowNegBankroll(p)) return false;
   const Currency B = g.Bet(p, b), bank = g.Bet(p, 0), unit = g.CheckValue(1);
   const Currency oldVig = StoredUpFrontVig(g, p, b);
-  auto need = [&] { return g.TotalBets(p) + s.BetChange + UpFrontVig(g, b, B + s.BetChange) - oldVig; };
+  auto need = [&] {
+    return g.TotalBets(p) + s.BetChange + UpFrontVig(g, b, B + s.BetChange) - oldVig;
+  };
   const Currency before = s.BetChange;
   if (need() <= bank || need() - g.TotalBets(p) <= Currency{}) return false;
   // A decrease never needs money; an increase the money can't carry at all
@@ -212,8 +233,9 @@ void BankrollNotice(Game& g, int p, int b) {
   const BettingState& s = g.betting;
   std::string text = Cat(g.PlayerName[p], ",\r\r");
   if (!s.LimitText.empty()) text += Cat(s.LimitText, "\r");
-  text += "You don't have enough bankroll remaining to bet the full amount requested.\r\r"
-          "Your options are: \r";
+  text +=
+      "You don't have enough bankroll remaining to bet the full amount requested.\r\r"
+      "Your options are: \r";
   if (g.TotalBets(p) - g.Bet(p, b) - StoredUpFrontVig(g, p, b) > Currency{})
     text += "      - Bet less on other bets.\r";
   text += "      - Make a withdrawal from the ATM.\r      - Allow negative bankroll amounts.";
@@ -358,8 +380,7 @@ void SetBetChecked(Game& g, int p, int b) {
     if (s.BetChange > s.BetMaximum - B) {
       s.BetChange = s.BetMaximum - B;
       if (!g.HyperDrive)
-        s.LimitText =
-            Cat("The maximum ", BetName(b), " bet is $", FormatMoney(s.BetMaximum));
+        s.LimitText = Cat("The maximum ", BetName(b), " bet is $", FormatMoney(s.BetMaximum));
     }
   }
 

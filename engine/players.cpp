@@ -272,17 +272,17 @@ void SeatPlayer(Game& g, int p, std::string_view name, Currency bankroll) {
 bool RenamePlayer(Game& g, int p) {
   if (!Seated(g, p)) return false;
   const std::string old = Name(g, p);
-  const std::string name =
-      AskName(g, Cat("Enter a new name for ", old, "\r"), "Rename Player", p);
+  const std::string name = AskName(g, Cat("Enter a new name for ", old, "\r"), "Rename Player", p);
   if (name.empty()) return false;
   RenamePlayerTo(g, p, name);
   if (Lower(name) != Lower(old)) {
     // The file chooser for a new sessions log belongs to the window; the
     // question is asked here so that its answer can be acted on there.
-    ShowNotice(g,
-               Cat("Would you also like to change ", name, "'s sessions log filename?\r\rCurrently:\r\r",
-                   g.roll.SessionLogPath[static_cast<std::size_t>(p)]),
-               "Rename Sessions Log", 180, kMsgYes | kMsgNo);
+    ShowNotice(
+        g,
+        Cat("Would you also like to change ", name, "'s sessions log filename?\r\rCurrently:\r\r",
+            g.roll.SessionLogPath[static_cast<std::size_t>(p)]),
+        "Rename Sessions Log", 180, kMsgYes | kMsgNo);
   }
   return true;
 }
@@ -337,8 +337,7 @@ Currency AbandonedAmount(const Game& g, int p, int* comeBets) {
 bool CashOutPlayer(Game& g) {
   const int p = g.betting.CurPlayer;
   if (!Seated(g, p)) {
-    ShowNotice(g,
-               "Please select a player to remove\rby clicking on the player's rail position.",
+    ShowNotice(g, "Please select a player to remove\rby clicking on the player's rail position.",
                "Cash out?", 180, kMsgOk);
     return false;
   }
@@ -436,9 +435,9 @@ void PassDice(Game& g, bool interactive) {
       else
         text += "None of the other players want to shoot.";
     } else {
-      text += blocked == 1 ? std::string("There's one other player who wants to shoot ")
-                           : Cat("There are ", std::to_string(blocked),
-                                 " other players who want to shoot ");
+      text += blocked == 1
+                  ? std::string("There's one other player who wants to shoot ")
+                  : Cat("There are ", std::to_string(blocked), " other players who want to shoot ");
       text +=
           "but can't because a line bet is required and Put bets are not allowed.\r\r"
           "Please wait for a come-out roll or check the 'Allow Put bets' option on the 'Bets "
@@ -447,7 +446,7 @@ void PassDice(Game& g, bool interactive) {
     PassNotice(g, true, text);
     return;
   }
-  const std::string oldName = Name(g, old >= 0 && old <= 8 ? old : 0);
+  const std::string& oldName = Name(g, old >= 0 && old <= 8 ? old : 0);
   if (interactive) {
     LogLine(g, Cat("    ", oldName, " passed the dice to ", Name(g, next)));
     Refresh(g, Redraw::OpenViews);
