@@ -227,6 +227,21 @@ TEST_F(StateMachine, DicePassedDuringTheHandGoToTheNewShooterAtItsEnd) {
   EXPECT_EQ(g.HandShooter, 2);
 }
 
+TEST_F(StateMachine, AtASevenOutTheDicePassAndTheNextHandIsTheNewShooters) {
+  Seat(1, "Ann");
+  Seat(2, "Bob");
+  g.Shooter = g.HandShooter = 1;
+  Roll(3, 1);
+  Roll(3, 4);
+  EXPECT_EQ(g.PrevHandShooter, 1);
+  EXPECT_EQ(g.Shooter, 2);
+  EXPECT_EQ(g.HandShooter, 2);
+  Roll(2, 1);
+  EXPECT_EQ(g.HandsTally(2), 1);
+  EXPECT_EQ(g.HandsTally(1 + 9), 1);
+  EXPECT_EQ(g.RollTally(2 + 18, 0), 1);
+}
+
 using GraphHistory = RollFixture;
 
 // Fills player 1's page with distinct values, the count at the full page.

@@ -84,6 +84,31 @@ TEST_F(Session, TheGameInHandAndTheGapTablesStartAgain) {
   EXPECT_EQ(g.CheckStackName(2, 7), "");
 }
 
+TEST_F(Session, BankrollsComeFromEachPlayersStartRule) {
+  Seat(1, "Ann");
+  Seat(5, "Eve");
+  g.betting.StartBankrollMode(1) = kStartWithAmount;
+  g.betting.StartBankroll(1) = Currency::FromWhole(500);
+  g.betting.StartBankrollMode(5) = kStartCarry;
+  g.Bet(1, 0) = Currency::FromWhole(80);
+  g.Bet(5, 0) = Currency::FromWhole(250);
+  g.Bet(5, bet::kPassLine) = Currency::FromWhole(10);
+  g.TotalBets(5) = Currency::FromWhole(10);
+  g.HyperDrive = true;  // winners settle by rule
+  PlaySomeRolls();
+  const Currency carried = g.Bet(5, 0);  // the session's end, the Pass Line's results in it
+  ASSERT_NE(carried, Currency::FromWhole(250));
+  NewSession(g, false, false, true, 0);
+  EXPECT_EQ(g.Bet(1, 0), Currency::FromWhole(500));
+  EXPECT_EQ(g.Bet(5, 0), carried);
+  EXPECT_EQ(g.Bet(5, bet::kPassLine), Currency());
+  EXPECT_EQ(g.TotalBets(5), Currency());
+  EXPECT_EQ(g.BetAtRoll(5, 0), carried);
+  EXPECT_EQ(g.GraphHigh(1), Currency::FromWhole(500));
+  EXPECT_EQ(g.GraphLow(5), carried);
+  EXPECT_EQ(g.Bet(3, 0), Currency());  // an open seat stays empty
+}
+
 TEST_F(Session, TheGraphStartsAtItsFirstPage) {
   for (int i = 0; i < 600; ++i) Roll(1 + i % 6, 1 + (i / 6) % 6);
   g.roll.GraphScale = Currency::FromWhole(40);
