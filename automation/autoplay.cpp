@@ -2,26 +2,19 @@
 
 #include "engine/catalogue.h"
 #include "engine/game.h"
-#include "engine/platform.h"
-#if __has_include("engine/place.h")
 #include "engine/place.h"
-#endif
+#include "engine/platform.h"
 
 void AutoPlayPointActions(Game& g) {
   AutoPlayState& a = g.autoplay;
   for (int p = 1; p <= 8; ++p) {
     const bool pass = g.Bet(p, bet::kPassLine) > Currency{};
-#if __has_include("engine/place.h")
     if (pass && a.AutoTakeFullOdds(p)) TakeBetToMaximum(g, p, bet::kPassLineOdds);
     if (g.Bet(p, bet::kDontPass) > Currency{} && a.AutoLayFullOdds(p)) {
       if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
       TakeBetToMaximum(g, p, bet::kDontPassOdds);
     }
     if (pass && a.AutoDownPlaceBets(p) && IsBoxNumber(g.Point)) RemoveBet(g, p, PlaceId(g.Point));
-#else
-    (void)pass;
-    (void)a;
-#endif
   }
 }
 

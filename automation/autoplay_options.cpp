@@ -4,13 +4,10 @@
 #include "automation/autoplay.h"
 #include "engine/catalogue.h"
 #include "engine/game.h"
+#include "engine/place.h"
 #include "engine/platform.h"
 #include "engine/resolve.h"
 #include "engine/settle_text.h"
-#if __has_include("engine/place.h")
-#include "engine/place.h"
-#define RAVELTON_HAS_PLACING 1
-#endif
 
 namespace {
 
@@ -26,9 +23,7 @@ void ApplyAutoAdjust(Game& g, int p) {
     if (g.Bet(p, b) <= Currency{}) continue;
     const Currency before = g.Bet(p, b);
     g.BetRequest = Currency{};
-#ifdef RAVELTON_HAS_PLACING
     SetBetChecked(g, p, b);
-#endif
     changed |= g.Bet(p, b) != before;
   }
   g.rules.NoticeFlags = saved;
@@ -37,27 +32,21 @@ void ApplyAutoAdjust(Game& g, int p) {
 
 void ChangeAutoTakeFullOdds(Game& g, int p, bool on) {
   g.autoplay.AutoTakeFullOdds(p) = on;
-#ifdef RAVELTON_HAS_PLACING
   if (on) TakeFullOdds(g, p);
-#endif
 }
 
 void ChangeAutoLayFullOdds(Game& g, int p, bool on) {
   g.autoplay.AutoLayFullOdds(p) = on;
-#ifdef RAVELTON_HAS_PLACING
   if (on) LayFullOdds(g, p);
-#endif
 }
 
 void ChangeAutoDownPlaceBets(Game& g, int p, bool on) {
   g.autoplay.AutoDownPlaceBets(p) = on;
   if (!on) return;
-#ifdef RAVELTON_HAS_PLACING
   for (int i = 0; i < 6; ++i)
     if (g.Bet(p, bet::kComePointFirst + i) > Currency{}) RemoveBet(g, p, bet::kPlaceFirst + i);
   if (g.Bet(p, bet::kPassLine) > Currency{} && IsBoxNumber(g.Point))
     RemoveBet(g, p, PlaceId(g.Point));
-#endif
 }
 
 void ChangeAutoAdjustMode(Game& g, int p, int mode) {

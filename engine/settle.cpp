@@ -6,10 +6,8 @@
 #include "engine/catalogue.h"
 #include "engine/game.h"
 #include "engine/money.h"
-#include "engine/platform.h"
-#if __has_include("engine/place.h")
 #include "engine/place.h"
-#endif
+#include "engine/platform.h"
 #include "engine/settle_text.h"
 
 namespace {
@@ -18,11 +16,8 @@ bool CanShow(const Game& g) { return !g.HyperDrive && g.platform != nullptr; }
 
 // BetRequest through the one gate; the bet is redrawn outside Hyper-Drive.
 void Request(Game& g, int p, Currency change, bool redraw = true) {
-  (void)p;
   g.BetRequest = change;
-#if __has_include("engine/place.h")
   SetBetChecked(g, p, g.CurBet);
-#endif
   if (redraw && CanShow(g)) g.platform->RequestRedraw(Redraw::Table);
 }
 
