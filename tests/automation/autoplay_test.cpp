@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "engine/place.h"
 #include "engine/settle.h"
 #include "tests/engine/table_fixture.h"
 
@@ -75,6 +76,56 @@ TEST_F(AutoPlay, TheHeadingNamesTheSelection) {
   EXPECT_EQ(AutoPlayHeading(g, 0b10), "No players present");
   EXPECT_STREQ(OperatorCaption(NextOperator(3)), "+");
   EXPECT_STREQ(OperatorCaption(NextOperator(1)), "x");
+}
+
+TEST_F(AutoPlay, FullOddsOnTheRollThatSetsThePoint) {
+  g.rules.BetRequirement = 0;
+  g.autoplay.AutoTakeFullOdds(1) = true;
+  g.autoplay.AutoLayFullOdds(2) = true;
+  g.autoplay.AutoLayFullOdds(3) = true;
+  Put(1, kPassLine, 10);
+  Put(2, kDontPass, 10);
+  Put(3, kPassLine, 10);  // lays no odds without a Don't Pass bet
+  ASSERT_TRUE(QueueDice(g, 4, 2));
+  RollDice(g);
+  ASSERT_EQ(g.Point, 6);
+  EXPECT_EQ(g.Bet(1, kPassLineOdds), 25_usd);  // 2.5 times the flat on a 6
+  EXPECT_EQ(g.Bet(2, kDontPassOdds), 30_usd);  // lay 30 to win 25
+  EXPECT_TRUE(g.Bet(3, kPassLineOdds).IsZero());
+  EXPECT_TRUE(g.Bet(3, kDontPassOdds).IsZero());
+
+  // A Come bet that travels takes its odds along.
+  g.autoplay.AutoTakeFullOdds(3) = true;
+  g.BetRequest = 10_usd;
+  PlaceBet(g, 3, kCome);
+  ASSERT_TRUE(QueueDice(g, 2, 2));
+  RollDice(g);
+  EXPECT_EQ(g.Bet(3, ComeId(4)), 10_usd);
+  EXPECT_EQ(g.Bet(3, ComeId(4) + 6), 20_usd);
+}
+
+TEST_F(AutoPlay, SwitchingAnOptionOnActsAtOnce) {
+  PointOn(8);
+  Put(1, kPassLine, 10);
+  Put(1, ComeId(5), 10);
+  Put(1, PlaceId(5), 10);
+  Put(1, PlaceId(8), 12);
+  Put(1, PlaceId(9), 10);
+  ChangeAutoDownPlaceBets(g, 1, true);
+  EXPECT_TRUE(g.Bet(1, PlaceId(5)).IsZero());
+  EXPECT_TRUE(g.Bet(1, PlaceId(8)).IsZero());
+  EXPECT_EQ(g.Bet(1, PlaceId(9)), 10_usd);
+
+  ChangeAutoTakeFullOdds(g, 1, true);
+  EXPECT_EQ(g.Bet(1, kPassLineOdds), 25_usd);
+  EXPECT_EQ(g.Bet(1, ComeId(5) + 6), 20_usd);
+
+  // A Place 6 of 7 comes to its proper 6 when minor correction is switched on.
+  g.autoplay.PlaceBias(2) = 0;
+  Put(2, PlaceId(6), 7);
+  ChangeAutoAdjustMode(g, 2, 1);
+  EXPECT_EQ(g.Bet(2, PlaceId(6)), 6_usd);
+  EXPECT_EQ(g.TotalBets(2), 6_usd);
 }
 
 }  // namespace
