@@ -105,6 +105,18 @@ void EndHyperDrive(Game& g) {
 
 void StopHyperDrive(Game& g) { g.KeepRolling = false; }
 
+bool AskStopHyperDrive(Game& g, bool shortForm) {
+  g.msg.MsgText =
+      shortForm ? "Do you want to stop Hyper-Drive?" : "Do you want to stop the Hyper-Drive?";
+  g.msg.MsgTitle = "Hyper-Drive Active";
+  g.msg.MsgHelpId = 540;
+  g.msg.MsgStyle = kMsgYes | kMsgNo | kMsgPicQmark;
+  ShowMessage(g, true);
+  if (g.msg.MsgAnswer != kAnswerYes) return false;
+  StopHyperDrive(g);
+  return true;
+}
+
 namespace {
 
 // Asks with one answer box prefilled with `current`; false on Cancel.

@@ -23,5 +23,8 @@ void EndHyperDrive(Game& game);
 void SetAutoStop(Game& game);
 // Asks for the extra delay between rolls at the slowest setting (0..300 s).
 void SetTimeDelay(Game& game);
+// The question a click or key asks during a run; Yes clears KeepRolling.
+// shortForm asks "Do you want to stop Hyper-Drive?" as some places do.
+bool AskStopHyperDrive(Game& game, bool shortForm = false);
 // Stops a run from outside (the user's stop): KeepRolling off.
 void StopHyperDrive(Game& game);

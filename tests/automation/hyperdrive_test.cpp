@@ -100,6 +100,26 @@ TEST_F(HyperDrive, ASecondPressStopsTheRunAfterTheRollInHand) {
   EXPECT_TRUE(platform.messages.empty());
 }
 
+TEST_F(HyperDrive, TheUsersYesToTheStopQuestionEndsTheRunWithoutAMessage) {
+  Observer o{&g, 40, [](Game& game) { AskStopHyperDrive(game); }};
+  g.hyper.RollObserver = Observe;
+  g.hyper.RollObserverContext = &o;
+  MessageReply no, yes;
+  no.answer = 7;
+  yes.answer = 6;
+  platform.queuedReplies = {no};
+  Run(60);  // answered No: the run goes on to its end
+  EXPECT_EQ(g.RollTally(18, 0), 60);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].text, "Do you want to stop the Hyper-Drive?");
+  EXPECT_EQ(platform.messages[0].title, "Hyper-Drive Active");
+  platform.queuedReplies = {yes};
+  Run(60);
+  EXPECT_EQ(g.RollTally(18, 0), 100);
+  EXPECT_TRUE(g.hyper.LastStopMessage.empty());
+  EXPECT_EQ(platform.messages.size(), 2u);
+}
+
 TEST_F(HyperDrive, ARequiredBetWithoutPlayersEndsTheRunAtOnce) {
   g.rules.BetRequirement = kLineBetRequired;
   Run(100);
