@@ -38,7 +38,7 @@ bool CheckGroups(Game& game) {
   auto& s = game.scriptCode.CompiledScript;
   for (std::size_t i = 1; i < s.size(); ++i) {
     if (s[i].Kind != kFunction) continue;
-    const int n = static_cast<int>(s[i].Value);
+    const int n = Code(s[i].Value);
     if (i + 1 >= s.size() || s[i + 1].Kind != kOpen)
       return FailAt(game, i,
                     std::string("Missing or inappropriate reference to ") +=
@@ -65,7 +65,7 @@ void FindLabels(ScriptCode& code) {
     if (!IsMark(s[i - 1]) || !IsMark(s[i + 1])) continue;
     if (s[i].Kind == kString && s[i].Value > 0 && s[i].Value < static_cast<double>(pool.size())) {
       s[i].Kind = kLabel;
-      pool[static_cast<std::size_t>(s[i].Value)].Value = static_cast<double>(i);
+      pool[static_cast<std::size_t>(Code(s[i].Value))].Value = static_cast<double>(i);
     } else if (s[i].Kind == kNumber) {
       pool.push_back({FormatGeneral(s[i].Value), static_cast<double>(i)});
       s[i] = {kLabel, static_cast<double>(pool.size() - 1)};
@@ -87,8 +87,8 @@ bool CheckDuplicates(Game& game) {
   for (std::size_t a = 0; a + 1 < labels.size(); ++a) {
     for (std::size_t b = a + 1; b < labels.size(); ++b) {
       if (labels[a].first != labels[b].first) continue;
-      const auto first = static_cast<std::size_t>(pool[labels[a].second].Value);
-      const auto second = static_cast<std::size_t>(pool[labels[b].second].Value);
+      const auto first = static_cast<std::size_t>(Code(pool[labels[a].second].Value));
+      const auto second = static_cast<std::size_t>(Code(pool[labels[b].second].Value));
       const bool numeric = ParseNumberWord(labels[a].first).has_value();
       SetCompileMessage(
           game,

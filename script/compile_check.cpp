@@ -78,7 +78,7 @@ struct Checker {
 bool Checker::ReduceFunctions(Work& w, std::size_t a, std::size_t& b) {
   for (std::size_t i = a; i < b; ++i) {
     if (!IsFunc(w[i])) continue;
-    const int n = static_cast<int>(w[i].Value);
+    const int n = Code(w[i].Value);
     const bool target = w[i].Kind == kFunctionTarget;
     std::size_t count = 2;
     if (IsAggregate(n)) {
@@ -109,7 +109,7 @@ bool Checker::ReduceFunctions(Work& w, std::size_t a, std::size_t& b) {
 bool Checker::ReduceVariables(Work& w, std::size_t a, std::size_t& b) {
   for (std::size_t i = a; i < b; ++i) {
     if (w[i].Kind != kVariable && w[i].Kind != kVariableTarget) continue;
-    const int n = static_cast<int>(w[i].Value);
+    const int n = Code(w[i].Value);
     const int cls = VariableClass(n);
     std::size_t q = 0;
     while (q < static_cast<std::size_t>(cls) && i + 1 + q < b && IsQualifier(w[i + 1 + q])) ++q;
@@ -379,7 +379,7 @@ bool Checker::Reduce(Work& w, bool inCondition) {
     if (open == 0) return Fail("Unable to resolve elements.");
     --open;
     const bool ownedByFunction = open > 0 && IsFunc(w[open - 1]);
-    const int n = ownedByFunction ? static_cast<int>(w[open - 1].Value) : 0;
+    const int n = ownedByFunction ? Code(w[open - 1].Value) : 0;
     const bool qualifiers =
         open > 0 && (w[open - 1].Kind == kList || (ownedByFunction && IsAggregate(n)));
     std::size_t b = close;
@@ -414,7 +414,7 @@ bool Checker::CheckTargets(const Work& w, std::size_t from, std::size_t to) {
 bool Checker::CheckAction(const Work& w) {
   const char* bad = "Improper assignment or expression.";
   const bool action = w[0].Kind == kAction;
-  const int n = action ? static_cast<int>(w[0].Value) : 0;
+  const int n = action ? Code(w[0].Value) : 0;
   if (!action) {
     if (w.size() < 3 || w[w.size() - 2].Kind != kEqual || !IsValue(w.back().Kind)) return Fail(bad);
     return CheckTargets(w, 0, w.size() - 2);

@@ -75,7 +75,7 @@ void SetCompileMessage(Game& game, std::string text) {
 
 namespace {
 int LineOf(const ScriptElement& e) { return e.Kind > kMark ? e.Kind - kMark : 1; }
-int ColOf(const ScriptElement& e) { return static_cast<int>(e.Value); }
+int ColOf(const ScriptElement& e) { return Code(e.Value); }
 }  // namespace
 
 void SetSpanBetween(ScriptCode& code, std::size_t from, std::size_t to) {

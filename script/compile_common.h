@@ -15,6 +15,12 @@
 
 struct Game;
 
+// An element's Value as a code or index; out-of-range values (a user's
+// number can be anything) become -1 instead of overflowing.
+constexpr int Code(double value) {
+  return value > -1e9 && value < 1e9 ? static_cast<int>(value) : -1;
+}
+
 // Text of a number in general format: "7", "1.5", "0.01", "-1".
 std::string FormatGeneral(double value);
 

@@ -111,7 +111,7 @@ void ExpandGroups(Game& game) {
   std::vector<ScriptElement> out;
   out.reserve(s.size());
   for (std::size_t i = 0; i < s.size(); ++i) {
-    const auto members = s[i].Kind == kVariable ? GroupMembers(static_cast<int>(s[i].Value))
+    const auto members = s[i].Kind == kVariable ? GroupMembers(Code(s[i].Value))
                                                 : std::span<const int>{};
     if (members.empty()) {
       out.push_back(s[i]);

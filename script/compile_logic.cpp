@@ -12,7 +12,7 @@ std::size_t Top(const Stack& s) { return s.empty() ? 0 : s.back(); }
 // The label text that a GoTo/GoSub reference names.
 std::string ReferenceText(const ScriptCode& code, const ScriptElement& e) {
   if (e.Kind == kNumber) return FormatGeneral(e.Value);
-  const auto k = static_cast<std::size_t>(e.Value);
+  const auto k = static_cast<std::size_t>(Code(e.Value));
   if (e.Value > 0 && k < code.StringPool.size()) return code.StringPool[k].Text;
   return {};
 }
@@ -52,7 +52,7 @@ bool CompileLogic(Game& game, int lineCount) {
   for (std::size_t i = 1; i < s.size(); ++i)
     if (s[i].Kind == kLabel && s[i].Value > 0 &&
         s[i].Value < static_cast<double>(code.StringPool.size()))
-      code.StringPool[static_cast<std::size_t>(s[i].Value)].Value = static_cast<double>(i);
+      code.StringPool[static_cast<std::size_t>(Code(s[i].Value))].Value = static_cast<double>(i);
 
   code.LineIndent.assign(static_cast<std::size_t>(std::max(lineCount, 0)) + 2, -1);
   Stack ifStack, thenStack, elseStack, doStack, exitStack;

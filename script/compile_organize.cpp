@@ -202,7 +202,7 @@ bool OrganizeRange(Game& game, std::size_t from, std::size_t& rangeEnd, int p) {
   std::size_t i = from;
   while (i < rangeEnd) {
     const ScriptElement e = s[i];
-    const int n = static_cast<int>(e.Value);
+    const int n = Code(e.Value);
     auto take = [&](Run& run, std::size_t len, const char* clash) -> bool {
       if (!run.Empty()) return Ambiguous(game, i, clash);
       if (!r.any) r.start = i;

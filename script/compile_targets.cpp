@@ -31,7 +31,7 @@ double At(const std::vector<ScriptElement>& s, std::size_t i) {
 // Checks a variable target at i; false with the message set.
 bool CheckVariableTarget(Game& game, std::size_t i, int actionCode, int targetCount) {
   const auto& s = game.scriptCode.CompiledScript;
-  const int n = static_cast<int>(s[i].Value);
+  const int n = Code(s[i].Value);
   if (actionCode == 300 && targetCount == 3)
     return FailAt(game, i, "The swap command only works with two variables at a time.");
   if (n >= 1 && n <= 85) {
@@ -99,7 +99,7 @@ bool MarkTargets(Game& game) {
       continue;
     }
     if (e.Kind == kAction) {
-      actionCode = static_cast<int>(e.Value);
+      actionCode = Code(e.Value);
       if (actionCode >= 481 && actionCode <= 489)
         skipToAssign = true;
       else if (!((actionCode >= 450 && actionCode <= 480) || actionCode == 300))
@@ -119,7 +119,7 @@ bool MarkTargets(Game& game) {
     if (e.Kind == kFunction) {
       targetDone = true;
       ++targetCount;
-      const int n = static_cast<int>(e.Value);
+      const int n = Code(e.Value);
       if (n >= 100 && n != 700 && n != 800)
         return FailAt(
             game, i,

@@ -488,7 +488,7 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
         }
       } else if (lead == 'L') {
         if (auto v = ParseNumberWord(std::string_view(word).substr(1))) {
-          const int n = static_cast<int>(*v);
+          const int n = Code(*v);
           if (n == 1 || (n >= 9 && n <= 18)) {
             // Structure words and colons are taken in the order of the line,
             // so the search starts behind the last one and falls back to 0.
@@ -500,7 +500,7 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
               c = TakeWordFromShadow(shadow, source, 0);
             }
             if (c >= 0) shadowFrom = static_cast<std::size_t>(c) + 1 + source.size();
-            if (c < 0) c = IsMark(s.back()) ? static_cast<int>(s.back().Value) : 0;
+            if (c < 0) c = IsMark(s.back()) ? Code(s.back().Value) : 0;
             if (!IsMark(s.back())) PushMark(s, curLine, c);
             s.push_back({n, 0});
             if (n != kGoTo && n != kGoSub)

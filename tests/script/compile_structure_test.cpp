@@ -34,6 +34,10 @@ TEST_F(StructureTest, BracketsMustBalanceWithinAStatement) {
   r = Compile(*game, "cs1 = 5) + (3");
   EXPECT_EQ(r.msg, "Missing or improperly placed parenthesis.");
   EXPECT_TRUE(Compile(*game, "cs1 = ((5 + 3) * [2 - {1}])").ok);
+  // The phrase row for "dontcome(" turns the bracket into the function with
+  // the word (unlike "come(", which keeps it), so the closing one is alone.
+  EXPECT_EQ(Compile(*game, "cs1 = dontcome(4)").msg, "Missing or improperly placed parenthesis.");
+  EXPECT_TRUE(Compile(*game, "cs1 = come(4)").ok);
 }
 
 TEST_F(StructureTest, FunctionsAndListsNeedTheirBrackets) {
