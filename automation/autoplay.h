@@ -40,6 +40,8 @@ void ChangeAutoAdjustMode(Game& game, int p, int mode);
 constexpr int NextOperator(int op) { return (op + 1) & 3; }
 // Caption of an operator 0..3.
 const char* OperatorCaption(int op);
+// Colour value of an amount box: 192 for a non-zero amount under "-", else 9.
+int AutoPlayAmountColor(double amount, int op);
 
 // Bet ids of the working-on-the-come-out list: 1..84 but the Come and Don't
 // Come points (7-12, 19-24) and the line and box bets (43-48).

@@ -59,6 +59,8 @@ const char* OperatorCaption(int op) {
   return kCaption[op & 3];
 }
 
+int AutoPlayAmountColor(double amount, int op) { return amount != 0 && op == 1 ? 192 : 9; }
+
 std::vector<int> ComeOutListIds() {
   std::vector<int> ids;
   for (int b = 1; b <= 84; ++b)

@@ -61,3 +61,14 @@ void ShowSettleDialog(Game& game, int p);
 void BuildSettleDialog(Game& game, int p);
 // Acts on a press of button 0..6 of the dialog as the platform returned it.
 void PressSettleButton(Game& game, int p, int button);
+
+// The dialog's controls while it is open (the window calls these on a click).
+// Next units of a row: "$", "%", the five check units, back to "$"; row 1
+// (the "&Bet:" row) skips "%".
+int NextSettleUnits(int units, int row);
+// Steps row `row`'s operator or units and sets its captions anew.
+void StepSettleOperator(Game& game, int row);
+void StepSettleUnits(Game& game, int row);
+// Colour of a row's amount: black at 0, red on row 0 under "-", blue otherwise.
+enum class AmountColor { Black, Red, Blue };
+AmountColor SettleAmountColor(const SettleDialogRow& r, int row);

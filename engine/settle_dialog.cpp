@@ -212,3 +212,28 @@ void PressSettleButton(Game& g, int p, int button) {
   for (SettleDialogButton& b : d.buttons) b.enabled = true;
   for (SettleDialogRow& r : d.rows) r.enabled = true;
 }
+
+int NextSettleUnits(int units, int row) {
+  int next = units >= 6 || units < 0 ? 0 : units + 1;
+  if (row == 1 && next == 1) next = 2;
+  return next;
+}
+
+void StepSettleOperator(Game& g, int row) {
+  SettleDialogRow& r = g.autoplay.Dialog.rows[row & 1];
+  if (row != 0) return;  // only the "Sa&me Bet:" row has an operator
+  r.mathOperator = (r.mathOperator + 1) & 3;
+  r.operatorCaption = kOperatorCaption[r.mathOperator];
+}
+
+void StepSettleUnits(Game& g, int row) {
+  SettleDialogRow& r = g.autoplay.Dialog.rows[row & 1];
+  r.units = NextSettleUnits(r.units, row & 1);
+  r.amount2 = r.units >= 2 ? UnitMultiplier(g, r.units) : Currency{};
+  r.unitsCaption = UnitsCaption(g, r.units);
+}
+
+AmountColor SettleAmountColor(const SettleDialogRow& r, int row) {
+  if (r.amount1.IsZero()) return AmountColor::Black;
+  return row == 0 && r.mathOperator == 1 ? AmountColor::Red : AmountColor::Blue;
+}

@@ -76,6 +76,9 @@ TEST_F(AutoPlay, TheHeadingNamesTheSelection) {
   EXPECT_EQ(AutoPlayHeading(g, 0b10), "No players present");
   EXPECT_STREQ(OperatorCaption(NextOperator(3)), "+");
   EXPECT_STREQ(OperatorCaption(NextOperator(1)), "x");
+  EXPECT_EQ(AutoPlayAmountColor(5, 1), 192);
+  EXPECT_EQ(AutoPlayAmountColor(0, 1), 9);
+  EXPECT_EQ(AutoPlayAmountColor(5, 0), 9);
 }
 
 TEST_F(AutoPlay, FullOddsOnTheRollThatSetsThePoint) {

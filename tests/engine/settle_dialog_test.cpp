@@ -215,6 +215,35 @@ TEST_F(SettleDialogs, APressKeepsTheRowsAndTheButton) {
   EXPECT_EQ(g.autoplay.LastLoseButton(1), 1);
 }
 
+TEST_F(SettleDialogs, RowControlsStepAndColour) {
+  Put(1, PlaceId(6), 12);
+  g.CurBet = PlaceId(6);
+  g.NetPayoff = 14_usd;
+  SettleDialog& d = g.autoplay.Dialog;
+  d.kind = SettleKind::Winner;
+  BuildSettleDialog(g, 1);
+  std::vector<std::string> units;
+  for (int i = 0; i < 7; ++i) {
+    units.push_back(d.rows[0].unitsCaption);
+    StepSettleUnits(g, 0);
+  }
+  EXPECT_EQ(units, (std::vector<std::string>{"$", "%", "$6 Units", "$30 Units", "$150 Units",
+                                             "$600 Units", "$3000 Units"}));
+  EXPECT_EQ(d.rows[0].unitsCaption, "$");
+  StepSettleUnits(g, 1);
+  EXPECT_EQ(d.rows[1].unitsCaption, "$6 Units");  // the "&Bet:" row has no "%"
+  EXPECT_EQ(NextSettleUnits(6, 1), 0);
+
+  EXPECT_EQ(SettleAmountColor(d.rows[0], 0), AmountColor::Black);
+  d.rows[0].amount1 = 2_usd;
+  EXPECT_EQ(SettleAmountColor(d.rows[0], 0), AmountColor::Blue);
+  StepSettleOperator(g, 0);
+  EXPECT_EQ(d.rows[0].operatorCaption, "-");
+  EXPECT_EQ(SettleAmountColor(d.rows[0], 0), AmountColor::Red);
+  for (int i = 0; i < 3; ++i) StepSettleOperator(g, 0);
+  EXPECT_EQ(d.rows[0].operatorCaption, "+");
+}
+
 TEST_F(SettleDialogs, PressUnitIsTheLargestProperUnitThatDividesTheBet) {
   Put(1, PlaceId(6), 30);
   FigurePressUnit(g, 1, PlaceId(6));
