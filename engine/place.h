@@ -60,6 +60,17 @@ std::string CommitKeyedAmount(Game& game, int p, int b, std::string_view text);
 // The amount a click lays down: the selected check, or the selected rail CheckStack.
 Currency SelectedAmount(const Game& game, int p);
 
+// How a bet was clicked on the table.
+enum class BetClick {
+  Plain,  // lays the selected check (or rail CheckStack) down
+  Ctrl,   // takes the same amount off
+  Shift,  // takes the whole bet off
+};
+// A click on bet b for CurPlayer: a pending menu action or tool, else the
+// amount of the click through PlaceBet. On an empty Don't Pass or Don't Come
+// Odds, a taking click means the flat bet below it.
+void ClickOnBet(Game& game, int b, BetClick click);
+
 // True when Bet, TotalBets and the vig tables of p agree and every real bet
 // is a non-negative multiple of CheckValue(1).
 bool CheckBetLedger(const Game& game, int p);

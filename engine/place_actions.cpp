@@ -182,3 +182,41 @@ Currency SelectedAmount(const Game& g, int p) {
   }
   return Currency{};
 }
+
+void ClickOnBet(Game& g, int b, BetClick click) {
+  BettingState& s = g.betting;
+  const int p = s.CurPlayer;
+  if (p < 1 || p > 8 || g.PlayerName[p].empty()) {
+    if (g.PlayerCount == 0)
+      ShowNotice(g,
+                 "If you'd like to make a bet, please click an\ropen position on the rail to add a "
+                 "player.",
+                 "No Players Present", 0, kMsgOk);
+    else
+      ShowNotice(g, "If you'd like to make a bet, please select a player.", "Bettor Not Selected",
+                 0, kMsgOk);
+    return;
+  }
+  const int pending = s.PendingAction;
+  s.PendingAction = kPendingNone;
+  if (pending == kPendingCallOn || pending == kPendingCallOff) {
+    CallBetOnOff(g, p, b, pending == kPendingCallOn ? kToolCallOn : kToolCallOff);
+    return;
+  }
+  if (pending == kPendingBuy) return BuyPlaceBet(g, p, b);
+  if (pending == kPendingRemove) return RemoveBet(g, p, b);
+  const Long tool = g.rules.SelectedCheck;
+  if (tool == kToolBuy) return BuyPlaceBet(g, p, b);
+  if (tool == kToolCallOff || tool == kToolCallOn) return CallBetOnOff(g, p, b, tool);
+
+  if (click != BetClick::Plain && (b == bet::kDontPassOdds || IsDontComeOdds(b)) &&
+      g.Bet(p, b).IsZero())
+    b = FlatOf(b);
+  if (click == BetClick::Plain)
+    g.BetRequest = SelectedAmount(g, p);
+  else if (click == BetClick::Ctrl)
+    g.BetRequest = -SelectedAmount(g, p);
+  else
+    g.BetRequest = -g.Bet(p, b);
+  PlaceBet(g, p, b);
+}

@@ -494,3 +494,29 @@ void ResetPlayer(Game& g, int p) {
   }
   g.roll.ScriptActive[static_cast<std::size_t>(p)] = false;
 }
+
+void PromptAddPlayer(Game& g) {
+  ShowNotice(g, "Click an open position on the rail to add a player.", "Add a Player", 180, kMsgOk);
+}
+
+void StartMovePlayer(Game& g) {
+  if (Seated(g, g.betting.CurPlayer))
+    g.betting.PendingAction = kPendingMoveBase + g.betting.CurPlayer;
+}
+
+void ClickOnRail(Game& g, int position) {
+  if (position < 1 || position > 8) return;
+  BettingState& s = g.betting;
+  if (s.PendingAction > kPendingMoveBase) {
+    const int from = s.PendingAction - kPendingMoveBase;
+    s.PendingAction = kPendingNone;
+    if (Seated(g, from)) MovePlayer(g, from, position);
+    return;
+  }
+  if (!Seated(g, position)) {
+    AddPlayer(g, position);
+    return;
+  }
+  s.CurPlayer = position;
+  Refresh(g);
+}

@@ -47,5 +47,12 @@ Currency AbandonedAmount(const Game& game, int p, int* comeBets = nullptr);
 bool CashOutPlayer(Game& game);
 // Passes the dice to the next player who can shoot; notices only when interactive.
 void PassDice(Game& game, bool interactive);
+// mnuPlayerAdd: tells the user to click an open rail position.
+void PromptAddPlayer(Game& game);
+// mnuPlayerMove: the next rail click moves CurPlayer there.
+void StartMovePlayer(Game& game);
+// A click on rail position `position`: a pending move, a new player at an
+// open seat, else the seat becomes CurPlayer.
+void ClickOnRail(Game& game, int position);
 // Clears seat p's money, bets, CheckStacks and working states.
 void ResetPlayer(Game& game, int p);

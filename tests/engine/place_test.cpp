@@ -383,4 +383,31 @@ TEST_F(Place, RemovingAllBetsLeavesContractBetsAndShowsNothing) {
   EXPECT_EQ(g.BetWorking(1, PlaceId(6)), 1);  // reset with a point on
 }
 
+TEST_F(Place, ClicksOnTheTable) {
+  ClickOnBet(g, kField, BetClick::Plain);
+  EXPECT_EQ(LastText(), "If you'd like to make a bet, please select a player.");
+  EXPECT_EQ(LastTitle(), "Bettor Not Selected");
+
+  g.betting.CurPlayer = 2;
+  g.rules.SelectedCheck = 3;  // the 25 check
+  ClickOnBet(g, kDontPass, BetClick::Plain);
+  ClickOnBet(g, kDontPass, BetClick::Plain);
+  EXPECT_EQ(g.Bet(2, kDontPass), 50_usd);
+  g.rules.SelectedCheck = 2;
+  ClickOnBet(g, kDontPassOdds, BetClick::Ctrl);  // empty odds: the flat bet is meant
+  EXPECT_EQ(g.Bet(2, kDontPass), 45_usd);
+  ClickOnBet(g, kDontPassOdds, BetClick::Shift);
+  EXPECT_TRUE(g.Bet(2, kDontPass).IsZero());
+
+  Ask(2, PlaceId(5), 10);
+  g.betting.PendingAction = kPendingBuy;
+  ClickOnBet(g, PlaceId(5), BetClick::Plain);
+  EXPECT_EQ(g.Bet(2, BuyId(5)), 10_usd);
+  EXPECT_EQ(g.betting.PendingAction, kPendingNone);
+  g.betting.PendingAction = kPendingRemove;
+  ClickOnBet(g, BuyId(5), BetClick::Plain);
+  EXPECT_TRUE(g.TotalBets(2).IsZero());
+  EXPECT_TRUE(CheckBetLedger(g, 2));
+}
+
 }  // namespace

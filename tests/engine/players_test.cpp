@@ -115,6 +115,19 @@ TEST_F(Players, AMoveTradesEverythingAndCarriesTheDiceOnlyToANeighbour) {
   EXPECT_EQ(g.PlayerName[8], "P3");
 }
 
+TEST_F(Players, RailClicksSelectAddAndMove) {
+  ClickOnRail(g, 2);
+  EXPECT_EQ(g.betting.CurPlayer, 2);
+  StartMovePlayer(g);
+  ClickOnRail(g, 7);
+  EXPECT_EQ(g.PlayerName[7], "P2");
+  EXPECT_EQ(g.betting.CurPlayer, 7);
+  Reply(kAnswerNo);
+  ClickOnRail(g, 5);  // an open seat offers a new player
+  EXPECT_EQ(platform.messages.back().title, "Add New Player?");
+  EXPECT_TRUE(g.PlayerName[5].empty());
+}
+
 TEST_F(Players, CashingOutAbandonsTheBetsThatCantComeDown) {
   Put(1, kPassLine, 10);
   Put(1, ComeId(6), 15);
