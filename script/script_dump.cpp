@@ -10,11 +10,8 @@ std::string DumpScriptCode(const ScriptCode& code) {
     out += std::to_string(i);
     out += ' ';
     out += KindName(s[i].Kind);
+    if (IsMark(s[i]) && MarkLine(s[i]) > 0) out += std::to_string(MarkLine(s[i]));
     out += ' ';
-    if (IsMark(s[i])) {
-      out += std::to_string(MarkLine(s[i]));
-      out += ':';
-    }
     out += FormatGeneral(s[i].Value);
     out += '\n';
   }

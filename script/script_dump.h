@@ -6,8 +6,8 @@
 struct ScriptCode;
 
 // One element a line, "<index> <Kind> <Value>", then the pool as
-// "S<index> <Value> \"<Text>\"". Marks print as Mark with their line in the
-// Value column as "<line>:<column>".
+// "S<index> <Value> \"<Text>\"". A statement mark prints as Mark and its
+// source line ("Mark12"), its Value being the column.
 std::string DumpScriptCode(const ScriptCode& code);
 
 // The report of a failed compile: "FILE:LINE:COL: " and the message with each

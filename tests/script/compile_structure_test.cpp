@@ -151,7 +151,7 @@ TEST_F(StructureTest, StructureErrorsAndTheirLines) {
 
 TEST_F(StructureTest, EmptyScriptIsValid) {
   ASSERT_TRUE(Compile(*game, "\n   \n' only a comment\n").ok);
-  EXPECT_EQ(DumpScriptCode(game->scriptCode), "0 Empty 0\n1 Head 1\n2 Mark 4:0\n");
+  EXPECT_EQ(DumpScriptCode(game->scriptCode), "0 Empty 0\n1 Head 1\n2 Mark4 0\n");
   EXPECT_TRUE(game->scriptCode.SlotCompiled[1]);
 }
 
