@@ -12,6 +12,7 @@
 #include <string>
 
 #include "app/cli/commands.h"
+#include "app/cli/player_options.h"
 #include "automation/hyperdrive.h"
 #include "dice/rng.h"
 #include "engine/game.h"
@@ -28,6 +29,7 @@ struct RunOptions {
   std::int64_t autoStop = 0;
   bool trace = false;
   bool json = false;
+  PlayerOptions players;
 };
 
 struct RunResult {
@@ -35,11 +37,9 @@ struct RunResult {
   double seconds = 0;
 };
 
-// Seats the players of the run before its first roll. The run has no
-// player options yet, so the table stays empty.
-void SetUpPlayers(Game& game, const RunOptions& options) {
-  (void)game;
-  (void)options;
+// Seats the players of the run and places their bets before its first roll.
+bool SetUpPlayers(Game& game, const RunOptions& options, std::string& error) {
+  return SetUpPlayerOptions(game, options.players, error);
 }
 
 // Applies the options to a started game; false with a message on bad input.
@@ -90,7 +90,7 @@ Long SessionTotals(const Game& game, int kind) {
 nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
   nlohmann::json totals = nlohmann::json::object();
   for (int t = 2; t <= 12; ++t) totals[std::to_string(t)] = game.RollTally(18, t);
-  return {
+  nlohmann::json summary = {
       {"rolls", game.RollTally(18, 0)},
       {"stop", result.stop},
       {"hands", game.HandsTally(18)},
@@ -102,6 +102,8 @@ nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
       {"seed", game.dice.LastSeed},
       {"seconds", result.seconds},
   };
+  if (game.PlayerCount > 0) summary["players"] = PlayersJson(game);
+  return summary;
 }
 
 void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) {
@@ -127,7 +129,10 @@ int Run(const RunOptions& options) {
     std::cerr << "ravelton-cli run: " << error << '\n';
     return 1;
   }
-  SetUpPlayers(*game, options);
+  if (!SetUpPlayers(*game, options, error)) {
+    std::cerr << "ravelton-cli run: " << error << '\n';
+    return 1;
+  }
   if (options.trace) {
     game->hyper.RollObserver = TraceRoll;
     game->hyper.RollObserverContext = &std::cout;
@@ -157,6 +162,7 @@ void AddRunCommand(CLI::App& app) {
   cmd->add_option("--auto-stop", options->autoStop, "Auto-Stop every N session rolls (0 never)");
   cmd->add_flag("--trace", options->trace, "Print '<roll> <die1> <die2>' for every roll");
   cmd->add_flag("--json", options->json, "Print the summary as one JSON object");
+  AddPlayerOptions(*cmd, options->players);
   cmd->callback([options] {
     if (const int rc = Run(*options); rc != 0) throw CLI::RuntimeError(rc);
   });

@@ -1,0 +1,240 @@
+#include "app/cli/player_options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cctype>
+#include <iostream>
+#include <optional>
+
+#include "engine/catalogue.h"
+#include "engine/game.h"
+#include "engine/money.h"
+#include "engine/place.h"
+#include "engine/players.h"
+
+namespace {
+
+constexpr Currency kDefaultBankroll = Currency::FromWhole(1000);
+constexpr Currency kBankLimit = Currency::FromWhole(kBankrollLimit);
+
+std::string Lower(std::string_view s) {
+  std::string out(s);
+  for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return out;
+}
+
+// A notice's text on one line: CR pieces joined by blanks.
+std::string OneLine(std::string text) {
+  std::string out;
+  for (char c : text) {
+    if (c == '\r') {
+      if (!out.empty() && out.back() != ' ') out += ' ';
+    } else {
+      out += c;
+    }
+  }
+  while (!out.empty() && out.back() == ' ') out.pop_back();
+  return out;
+}
+
+// An amount typed on the command line: digits with an optional sign and point.
+std::optional<Currency> Amount(std::string_view text) {
+  if (text.empty()) return std::nullopt;
+  std::size_t i = text[0] == '-' || text[0] == '+' ? 1 : 0;
+  bool digit = false, point = false;
+  for (; i < text.size(); ++i) {
+    if (std::isdigit(static_cast<unsigned char>(text[i])))
+      digit = true;
+    else if (text[i] == '.' && !point)
+      point = true;
+    else
+      return std::nullopt;
+  }
+  if (!digit || text.size() > 20) return std::nullopt;
+  const Currency a = ParseAmount(text.substr(text[0] == '+' ? 1 : 0));
+  return text[0] == '-' && a > Currency{} ? -a : a;
+}
+
+int SeatOf(const Game& game, std::string_view name) {
+  const std::string lower = Lower(name);
+  for (int p = 1; p <= 8; ++p)
+    if (!game.PlayerName[p].empty() && Lower(game.PlayerName[p]) == lower) return p;
+  return 0;
+}
+
+// A bet by id (1..85, CheckStacks 100..199) or by its name, case ignored.
+int BetOf(std::string_view text) {
+  if (!text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
+        return std::isdigit(static_cast<unsigned char>(c));
+      })) {
+    if (text.size() > 3) return 0;
+    const int id = std::stoi(std::string(text));
+    return IsRealBet(id) || IsCheckStack(id) ? id : 0;
+  }
+  const std::string lower = Lower(text);
+  for (int b = 1; b <= kLastRealBet; ++b)
+    if (Lower(BetName(b)) == lower) return b;
+  return 0;
+}
+
+// NAME:REST split at the first colon; the seat of NAME.
+bool PlayerAndRest(const Game& game, const std::string& arg, const char* option, int& seat,
+                   std::string& rest, std::string& error) {
+  const auto colon = arg.find(':');
+  if (colon == std::string::npos) {
+    error = std::string(option) + " expects NAME:VALUE, got '" + arg + "'";
+    return false;
+  }
+  seat = SeatOf(game, arg.substr(0, colon));
+  if (seat == 0) {
+    error = std::string(option) + ": no player named '" + arg.substr(0, colon) + "'";
+    return false;
+  }
+  rest = arg.substr(colon + 1);
+  return true;
+}
+
+bool SeatAll(Game& game, const PlayerOptions& o, std::string& error) {
+  if (o.players.size() > 8) {
+    error = "--player: at most 8 players sit at the table";
+    return false;
+  }
+  int seat = 1;
+  for (const std::string& arg : o.players) {
+    const auto eq = arg.find('=');
+    const std::string name = arg.substr(0, eq);
+    Currency bankroll = kDefaultBankroll;
+    if (eq != std::string::npos) {
+      const auto amount = Amount(arg.substr(eq + 1));
+      if (!amount || *amount > kBankLimit || *amount < -kBankLimit) {
+        error = "--player " + arg + ": the bankroll must be a number from -9999999 to 9999999";
+        return false;
+      }
+      bankroll = *amount;
+    }
+    if (name.empty() || name.find_first_not_of(' ') == std::string::npos) {
+      error = "--player " + arg + ": the name is empty";
+      return false;
+    }
+    if (const std::string problem = PlayerNameProblem(game, name, 0); !problem.empty()) {
+      error = "--player " + arg + ": " + OneLine(problem);
+      return false;
+    }
+    SeatPlayer(game, seat++, name, bankroll);
+  }
+  return true;
+}
+
+bool SetFlags(Game& game, const std::vector<std::string>& names, const char* option,
+              Table1<bool, 0, 8>& flag, std::string& error) {
+  for (const std::string& name : names) {
+    const int p = SeatOf(game, name);
+    if (p == 0) {
+      error = std::string(option) + ": no player named '" + name + "'";
+      return false;
+    }
+    flag(p) = true;
+  }
+  return true;
+}
+
+bool SetRules(Game& game, const std::vector<std::string>& args, const char* option,
+              Table1<std::int32_t, 0, 8>& rule, std::string& error) {
+  for (const std::string& arg : args) {
+    int p = 0;
+    std::string rest;
+    if (!PlayerAndRest(game, arg, option, p, rest, error)) return false;
+    if (rest.size() != 1 || rest[0] < '0' || rest[0] > '7') {
+      error = std::string(option) + " " + arg + ": the rule is a number 0 to 7";
+      return false;
+    }
+    rule(p) = rest[0] - '0';
+  }
+  return true;
+}
+
+bool PlaceAll(Game& game, const std::vector<std::string>& args, std::string& error) {
+  for (const std::string& arg : args) {
+    int p = 0;
+    std::string rest;
+    if (!PlayerAndRest(game, arg, "--bet", p, rest, error)) return false;
+    const auto eq = rest.find('=');
+    const int b = BetOf(rest.substr(0, eq));
+    if (eq == std::string::npos || b == 0) {
+      error = "--bet " + arg + ": expected NAME:BET=AMOUNT with a bet id or name";
+      return false;
+    }
+    const auto amount = Amount(rest.substr(eq + 1));
+    if (!amount) {
+      error = "--bet " + arg + ": the amount is not a number";
+      return false;
+    }
+    game.msg.MsgText.clear();
+    game.BetRequest = *amount;
+    PlaceBet(game, p, b);
+    if (game.betting.BetChange != *amount) {
+      std::cerr << "ravelton-cli run: --bet " << arg << ": " << FormatMoney(game.betting.BetChange)
+                << " placed";
+      if (!game.msg.MsgText.empty()) std::cerr << ": " << OneLine(game.msg.MsgText);
+      std::cerr << '\n';
+    }
+  }
+  return true;
+}
+
+double Money(Currency a) { return a.ToDouble(); }
+
+}  // namespace
+
+void AddPlayerOptions(CLI::App& cmd, PlayerOptions& o) {
+  cmd.add_option("--player", o.players,
+                 "Seat a player: NAME[=BANKROLL] (bankroll 1000), in seat order");
+  cmd.add_option("--bet", o.bets, "Place a bet before the first roll: NAME:BET=AMOUNT");
+  cmd.add_option("--win-rule", o.winRules, "Winning-bet rule of a player: NAME:R, R 0..7");
+  cmd.add_option("--lose-rule", o.loseRules, "Losing-bet rule of a player: NAME:R, R 0..7");
+  cmd.add_option("--take-odds", o.takeOdds, "Keep a player's Pass and Come odds at the maximum");
+  cmd.add_option("--lay-odds", o.layOdds,
+                 "Keep a player's Don't Pass and Don't Come odds at the maximum");
+  cmd.add_option("--allow-negative", o.allowNegative, "Allow a player's bankroll below zero");
+}
+
+bool SetUpPlayerOptions(Game& game, const PlayerOptions& o, std::string& error) {
+  if (!SeatAll(game, o, error)) return false;
+  if (!SetFlags(game, o.allowNegative, "--allow-negative", game.betting.AllowNegBankroll, error) ||
+      !SetFlags(game, o.takeOdds, "--take-odds", game.autoplay.AutoTakeFullOdds, error) ||
+      !SetFlags(game, o.layOdds, "--lay-odds", game.autoplay.AutoLayFullOdds, error) ||
+      !SetRules(game, o.winRules, "--win-rule", game.autoplay.HandleWinningBets, error) ||
+      !SetRules(game, o.loseRules, "--lose-rule", game.autoplay.HandleLosingBets, error))
+    return false;
+  return PlaceAll(game, o.bets, error);
+}
+
+nlohmann::json PlayersJson(const Game& game) {
+  nlohmann::json list = nlohmann::json::array();
+  for (int p = 1; p <= 8; ++p) {
+    if (game.PlayerName[p].empty()) continue;
+    const int f = FrameIndex(p, 2);
+    nlohmann::json bets = nlohmann::json::object();
+    for (int b = 1; b <= kLastRealBet; ++b) {
+      const Currency decisions = game.StatAction(f, b, 1);
+      if (decisions <= Currency{}) continue;
+      const Currency won = game.StatWins(f, b, 2), lost = game.StatLosses(f, b, 2);
+      bets[std::to_string(b)] = {
+          {"decisions", decisions.raw / Currency::kScale},
+          {"wagered", Money(game.StatAction(f, b, 2))},
+          {"won", Money(won)},
+          {"lost", Money(lost)},
+          {"net", Money(won - lost)},
+      };
+    }
+    list.push_back({
+        {"name", game.PlayerName[p]},
+        {"seat", p},
+        {"bankroll", Money(game.Bet(p, 0))},
+        {"invested", Money(game.InvestedBankroll(p))},
+        {"total_bets", Money(game.TotalBets(p))},
+        {"bets", bets},
+    });
+  }
+  return list;
+}

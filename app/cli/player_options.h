@@ -1,0 +1,32 @@
+// The player options of ravelton-cli run: who sits at the table, what they
+// bet before the first roll, their Auto-Play rules, and the players' part of
+// the JSON summary.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+struct Game;
+
+struct PlayerOptions {
+  std::vector<std::string> players;   // NAME[=BANKROLL], seated in order
+  std::vector<std::string> bets;      // NAME:BET=AMOUNT
+  std::vector<std::string> winRules;  // NAME:R
+  std::vector<std::string> loseRules;
+  std::vector<std::string> takeOdds;  // NAME
+  std::vector<std::string> layOdds;
+  std::vector<std::string> allowNegative;
+};
+
+// Adds --player, --bet, --win-rule, --lose-rule, --take-odds, --lay-odds and
+// --allow-negative to the run command.
+void AddPlayerOptions(CLI::App& cmd, PlayerOptions& options);
+// Seats the players and places their bets; false with `error` on bad usage.
+// A bet the rules refuse or cut is reported on stderr and the run goes on.
+bool SetUpPlayerOptions(Game& game, const PlayerOptions& options, std::string& error);
+// One object per seated player: name, seat, money, and the decided bets of the session.
+nlohmann::json PlayersJson(const Game& game);
