@@ -20,6 +20,7 @@ void LoadRowZero(Game& g, const Tbl& table, int row) {
 Currency Scaled(const Game& g, Currency amount) {
   const double d = g.PayoffTbl(3, 0).ToDouble();
   assert(d > 0);
+  if (!(d > 0)) return Currency{};  // a corrupt row pays nothing rather than infinity
   return CurFromDouble(CurMul(amount, g.PayoffTbl(1, 0)).ToDouble() / d);
 }
 
@@ -28,6 +29,7 @@ Currency Scaled(const Game& g, Currency amount) {
 Currency SplitGross(const Game& g, Currency amount, int parts) {
   const double x = amount.ToDouble();
   const double a = g.PayoffTbl(1, 0).ToDouble(), d = g.PayoffTbl(3, 0).ToDouble();
+  if (!(d > 0)) return Currency{};
   return CurFromDouble((x / parts) * a / d - (parts - 1) * x / parts);
 }
 
@@ -48,7 +50,7 @@ int MidwayRow(const Game& g) {
 
 // The row a winning bet is paid from when it is not its own row, else 0.
 int WinningRow(const Game& g, int b) {
-  const int pt = g.PointAtRoll, t = g.DiceTotal;
+  const int pt = IsBoxNumber(g.PointAtRoll) ? g.PointAtRoll : 0, t = g.DiceTotal;
   switch (b) {
     case bet::kPassLine:
       return pt == 0 ? bet::kCome : ComeId(pt);
@@ -74,6 +76,8 @@ int WinningRow(const Game& g, int b) {
 }
 
 }  // namespace
+
+int FireRow(const Game& g) { return g.PointsMade < 0 ? 0 : g.PointsMade > 6 ? 6 : g.PointsMade; }
 
 void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
   if (sign <= 0) {
@@ -109,7 +113,7 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
       LoadRowZero(g, g.MidwayPayoff, MidwayRow(g));
       g.GrossPayoff = Scaled(g, amount);
     } else if (b == bet::kFire) {
-      LoadRowZero(g, g.FirePayoff, g.PointsMade);
+      LoadRowZero(g, g.FirePayoff, FireRow(g));
       g.GrossPayoff = Scaled(g, amount);
     }
   }

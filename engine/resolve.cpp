@@ -77,7 +77,7 @@ void LosersPass(Game& g) {
         AllSeats(g, kLoses, bet::kDontPass);
       } else {
         FlatWithOdds(g, kLoses, bet::kPassLine, kOddsLoses, bet::kPassLineOdds);
-        if (g.FirePayoff(1, g.PointsMade) < Currency{}) AllSeats(g, kLoses, bet::kFire);
+        if (g.FirePayoff(1, FireRow(g)) < Currency{}) AllSeats(g, kLoses, bet::kFire);
       }
       for (int b = bet::kComePointFirst; b <= bet::kComePointLast; ++b)
         FlatWithOdds(g, kLoses, b, kOddsLoses, b + 6);
@@ -122,7 +122,7 @@ void LosersPass(Game& g) {
 }
 
 void PointMade(Game& g) {
-  if (g.DiceTotal != g.PointAtRoll) return;
+  if (g.DiceTotal != g.PointAtRoll || !IsBoxNumber(g.DiceTotal)) return;
   FlatWithOdds(g, kWins, bet::kPassLine, kOddsWins, bet::kPassLineOdds);
   const int bit = 1 << BoxIndex(g.DiceTotal);
   if ((g.PointsMadeMask & bit) == 0) {

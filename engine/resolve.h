@@ -25,6 +25,9 @@ constexpr int PlayerOfSeat(int seat) {
   return kOrder[seat];
 }
 
+// FirePayoff row of the points made (held to 0..6 against a corrupt count).
+int FireRow(const Game& game);
+
 // Sign arguments of ResolveBet.
 constexpr int kWins = 1, kOddsWins = 2, kLoses = -1, kOddsLoses = -2;
 
