@@ -112,7 +112,7 @@ bool CompileLogic(Game& game, int lineCount) {
         closing = true;
         if (inCondition) return FailAt(game, i, "Missing THEN between IF and ENDIF.");
         const std::size_t open = Top(ifStack);
-        if (!doStack.empty() && open != 0 && doStack.back() > open) {
+        if (!doStack.empty() && doStack.back() > open) {
           FailAt(game, doStack.back(), "Missing or out of position LOOP statement.");
           return false;
         }

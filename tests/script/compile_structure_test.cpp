@@ -125,6 +125,7 @@ TEST_F(StructureTest, StructureErrorsAndTheirLines) {
        "ELSEIF out of position.\rCannot be placed after ELSE within the same IF/THEN statement.",
        4},
       {"endif", "Unassociated ENDIF.", 1},
+      {"cs1 = 1\ndo\nendif\nloop", "Missing or out of position LOOP statement.", 2},
       {"if point = 4 endif", "Missing THEN between IF and ENDIF.", 1},
       {"do\nif point = 4 then\nloop\nendif",
        "ENDIF missing or out of position, or \rLOOP statement out of position.", 3},
