@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "engine/game.h"
 
 namespace {
 
@@ -84,16 +83,6 @@ TEST(Catalogue, DefaultCompMasksRateEverythingButTheOdds) {
   for (int b = 1; b <= 85; ++b)
     EXPECT_EQ(CompRated(b, kDefaultCompMask1, kDefaultCompMask2, kDefaultCompMask3), !IsOddsBet(b))
         << b;
-}
-
-TEST(Catalogue, DefaultWorkingIsOffOnlyForOddsPlaceBuyAndTheBoxes) {
-  auto game = std::make_unique<Game>();
-  SetDefaultWorking(*game);
-  for (int b = 1; b <= 85; ++b) {
-    const bool off =
-        IsComeOdds(b) || IsPlace(b) || IsBuy(b) || b == 44 || b == 45 || b == 47 || b == 48;
-    EXPECT_EQ(game->BetWorkingDefault(0, b), off ? 0 : 1) << b;
-  }
 }
 
 }  // namespace

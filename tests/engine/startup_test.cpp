@@ -7,14 +7,6 @@
 
 namespace {
 
-TEST(StartUp, AFreshGameIsEmptyAndBoundToItsPlatform) {
-  HeadlessPlatform platform;
-  auto game = MakeGame(platform);
-  EXPECT_EQ(game->platform, &platform);
-  EXPECT_EQ(game->RollTally(18, 0), 0);
-  EXPECT_TRUE(game->PlayerName[0].empty());
-}
-
 using StartedGame = RollFixture;
 
 TEST_F(StartedGame, FoldersClockMeasureAndTheHouse) {
