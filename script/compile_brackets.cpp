@@ -39,10 +39,12 @@ bool CheckGroups(Game& game) {
   for (std::size_t i = 1; i < s.size(); ++i) {
     if (s[i].Kind != kFunction) continue;
     const int n = Code(s[i].Value);
-    if (i + 1 >= s.size() || s[i + 1].Kind != kOpen)
-      return FailAt(game, i,
-                    std::string("Missing or inappropriate reference to ") +=
-                    Quote(FunctionName(n)) += (n < 20 ? " bet.\r" : "\r"));
+    if (i + 1 >= s.size() || s[i + 1].Kind != kOpen) {
+      std::string text = "Missing or inappropriate reference to ";
+      text += Quote(FunctionName(n));
+      text += n < 20 ? " bet.\r" : "\r";
+      return FailAt(game, i, std::move(text));
+    }
     if (n >= 126 && n <= 131) InsertTerminator(s, i + 1);
   }
   for (std::size_t i = 1; i < s.size(); ++i) {

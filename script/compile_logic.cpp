@@ -40,7 +40,10 @@ bool LinkJump(Game& game, std::size_t i, bool inCondition) {
       return true;
     }
   }
-  return FailAt(game, i, (std::string("Label ") += Quote(name)) += " not found.");
+  std::string text = "Label ";
+  text += Quote(name);
+  text += " not found.";
+  return FailAt(game, i, std::move(text));
 }
 
 }  // namespace

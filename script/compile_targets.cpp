@@ -120,10 +120,11 @@ bool MarkTargets(Game& game) {
       targetDone = true;
       ++targetCount;
       const int n = Code(e.Value);
-      if (n >= 100 && n != 700 && n != 800)
-        return FailAt(
-            game, i,
-            Quote(FunctionName(n)) += " is a read-only function and cannot be assigned a value.");
+      if (n >= 100 && n != 700 && n != 800) {
+        std::string text = Quote(FunctionName(n));
+        text += " is a read-only function and cannot be assigned a value.";
+        return FailAt(game, i, std::move(text));
+      }
       e.Kind = kFunctionTarget;
     } else if (e.Kind == kVariable) {
       targetDone = true;
