@@ -92,6 +92,15 @@ Currency AtmFromBankrollTab(Game& g, bool isDeposit) {
   return moved;
 }
 
+bool OpenBankrollTab(Game& g) {
+  if (g.PlayerCount > 0) return true;
+  ShowNotice(g,
+             "You need to add one or more players before you can set bankroll parameters.\r\rTo "
+             "add a player return to the main table and click on the \"Players\" menu.",
+             "No Players", 180, kMsgOk);
+  return false;
+}
+
 bool ChangeAllowNegBankroll(Game& g, int p, bool on) {
   if (p < 1 || p > 8) return false;
   bool& allow = g.betting.AllowNegBankroll(p);

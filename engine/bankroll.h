@@ -25,6 +25,8 @@ struct Game;
 Currency Atm(Game& game, int p, bool isDeposit, Currency amount, bool fromConfigure = false);
 // cmdAddSub on the bankroll tab: Atm with AtmAmount for BankrollTabPlayer (nothing without one).
 Currency AtmFromBankrollTab(Game& game, bool isDeposit);
+// Opening the bankroll tab: with nobody at the table it says so and returns false.
+bool OpenBankrollTab(Game& game);
 // chkAllowNegBankroll: checking needs nothing; unchecking is refused with a
 // notice while the bankroll is negative or below the bets. Returns the state.
 bool ChangeAllowNegBankroll(Game& game, int p, bool on);

@@ -71,6 +71,12 @@ enum class BetClick {
 // Odds, a taking click means the flat bet below it.
 void ClickOnBet(Game& game, int b, BetClick click);
 
+// Alt with a click: bet b of CurPlayer comes down as with Shift; returns the
+// amount that came down, which then hangs on the pointer.
+Currency LiftBet(Game& game, int b);
+// The lifted amount dropped on a bet or a rail CheckStack of CurPlayer.
+void DropLiftedAmount(Game& game, int target, Currency amount);
+
 // True when Bet, TotalBets and the vig tables of p agree and every real bet
 // is a non-negative multiple of CheckValue(1).
 bool CheckBetLedger(const Game& game, int p);

@@ -220,3 +220,20 @@ void ClickOnBet(Game& g, int b, BetClick click) {
     g.BetRequest = -g.Bet(p, b);
   PlaceBet(g, p, b);
 }
+
+Currency LiftBet(Game& g, int b) {
+  const int p = g.betting.CurPlayer;
+  if (p < 1 || p > 8 || g.PlayerName[p].empty() || !(IsRealBet(b) || IsCheckStack(b)))
+    return Currency{};
+  if ((b == bet::kDontPassOdds || IsDontComeOdds(b)) && g.Bet(p, b).IsZero()) b = FlatOf(b);
+  g.BetRequest = -g.Bet(p, b);
+  PlaceBet(g, p, b);
+  return -g.betting.BetChange;
+}
+
+void DropLiftedAmount(Game& g, int target, Currency amount) {
+  const int p = g.betting.CurPlayer;
+  if (p < 1 || p > 8 || amount.IsZero() || !(IsRealBet(target) || IsCheckStack(target))) return;
+  g.BetRequest = amount;
+  PlaceBet(g, p, target);
+}

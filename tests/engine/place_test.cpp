@@ -399,6 +399,14 @@ TEST_F(Place, ClicksOnTheTable) {
   ClickOnBet(g, kDontPassOdds, BetClick::Shift);
   EXPECT_TRUE(g.Bet(2, kDontPass).IsZero());
 
+  // Alt: lifted off one bet, dropped on another or on a rail stack.
+  Ask(2, kField, 15);
+  const Currency lifted = LiftBet(g, kField);
+  EXPECT_EQ(lifted, 15_usd);
+  DropLiftedAmount(g, kCheckStackFirst + 2, lifted);
+  EXPECT_EQ(g.Bet(2, kCheckStackFirst + 2), 15_usd);
+  EXPECT_TRUE(g.TotalBets(2).IsZero());
+
   Ask(2, PlaceId(5), 10);
   g.betting.PendingAction = kPendingBuy;
   ClickOnBet(g, PlaceId(5), BetClick::Plain);
