@@ -225,6 +225,97 @@ TEST(CompileFuzz, RandomStatementShapesNeverBreakTheCompiler) {
   EXPECT_GT(tokenized, 2000);
 }
 
+// A small generator of well-formed scripts: whatever it builds must compile.
+struct ValidScript {
+  std::mt19937& rng;
+  std::vector<std::string> lines{""};
+  int Pick(int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); }
+  std::string Number() { return std::to_string(Pick(50)); }
+  std::string Operand() {
+    static const char* const kOperands[] = {"point",        "cs3",
+                                            "place6 wins",  "bankroll",
+                                            "# of rolls 7", "field wagers last hand",
+                                            "dice total",   "sum(come bets total #)"};
+    return Pick(3) ? kOperands[Pick(std::size(kOperands))] : Number();
+  }
+  std::string Expr(int depth = 0) {
+    switch (depth > 2 ? 0 : Pick(6)) {
+      case 0:
+      case 1:
+        return Operand();
+      case 2:
+        return Expr(depth + 1) + " + " + Expr(depth + 1);
+      case 3:
+        return "(" + Expr(depth + 1) + ") * -" + Number();
+      case 4:
+        return "sqr(" + Expr(depth + 1) + ")";
+      default:
+        return "highest(" + Expr(depth + 1) + ", > 3, " + Expr(depth + 1) + ")";
+    }
+  }
+  std::string Condition(int depth = 0) {
+    static const char* const kCompare[] = {"=", "<>", "is greater than", "<=", "is not", "equals"};
+    switch (depth > 1 ? 0 : Pick(4)) {
+      case 0:
+        return Expr() + " " + kCompare[Pick(std::size(kCompare))] + " " + Expr();
+      case 1:
+        return Condition(depth + 1) + " and " + Condition(depth + 1);
+      case 2:
+        return "not (" + Condition(depth + 1) + ") or " + Condition(depth + 1);
+      default:
+        return "any(4, 5, " + Number() + ") = point";
+    }
+  }
+  void Statements(int depth) {
+    static const char* const kBets[] = {"place6", "passline", "field", "come4", "hard8", "cs(2)"};
+    const int count = 1 + Pick(3);
+    for (int k = 0; k < count; ++k) {
+      switch (depth > 2 ? Pick(2) : Pick(5)) {
+        case 0:
+          lines.push_back("cs" + std::to_string(1 + Pick(9)) + " = " + Expr() + " :");
+          break;
+        case 1:
+          lines.push_back(std::string("bet ") + Expr() + " on " + kBets[Pick(std::size(kBets))] +
+                          " :");
+          break;
+        case 2:
+          lines.push_back("If " + Condition() + " Then");
+          Statements(depth + 1);
+          if (Pick(2)) {
+            lines.push_back("Else");
+            Statements(depth + 1);
+          }
+          lines.push_back("EndIf");
+          break;
+        case 3:
+          lines.push_back("Do");
+          Statements(depth + 1);
+          lines.push_back("If " + Condition() + " Then ExitDo EndIf");
+          lines.push_back("Loop");
+          break;
+        default:
+          lines.push_back("clear all(inside place bets, field) :");
+          break;
+      }
+    }
+  }
+};
+
+TEST(CompileFuzz, WellFormedScriptsAlwaysCompile) {
+  std::mt19937 rng(31);
+  auto game = std::make_unique<Game>();
+  for (int n = 0; n < 500; ++n) {
+    ValidScript script{rng};
+    script.Statements(0);
+    int line = 0, col = 0, endLine = 0, endCol = 0;
+    CompileScript(*game, 1 + n % 8, script.lines, line, col, endLine, endCol);
+    std::string text;
+    for (std::size_t l = 1; l < script.lines.size(); ++l) text += script.lines[l] + "\n";
+    ASSERT_EQ(line, 0) << game->msg.MsgText << "\n" << text;
+    ExpectLinksSound(game->scriptCode);
+  }
+}
+
 // A hostile file may hold one enormous line: it must compile in reasonable
 // time (each statement is 7 elements and a mark).
 TEST(CompileFuzz, VeryLongLinesCompile) {
