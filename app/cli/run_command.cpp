@@ -24,7 +24,7 @@ namespace {
 struct RunOptions {
   std::int64_t rolls = 1'000'000;
   int rng = 1;                   // as users number them, 1..8
-  std::optional<double> seed;    // none: the start-up seeding stands
+  std::optional<double> seed;    // none: seeded from the clock
   std::string require = "none";  // none | line | any
   std::int64_t autoStop = 0;
   bool trace = false;
@@ -71,6 +71,9 @@ bool ApplyOptions(Game& game, const RunOptions& o, std::string& error) {
     error = "--seed is out of range for RNG #" + std::to_string(o.rng);
     return false;
   }
+  // Without a seed the chosen generator is seeded from the clock, so the
+  // seed reported is the one that reproduces the run.
+  if (!o.seed) SeedRng(game);
   game.hyper.AutoStopRolls = Currency::FromWhole(o.autoStop);
   game.hyper.RunRollLimit = o.rolls;
   return true;

@@ -59,6 +59,16 @@ TEST(CliRun, SameOptionsGiveTheSameSummaryButTheTime) {
   EXPECT_NE(a, c);
 }
 
+TEST(CliRun, AClockSeededRunReportsTheSeedThatReproducesIt) {
+  nlohmann::json a = Json("run --rolls 3000 --rng 5 --json");
+  ASSERT_FALSE(a.is_discarded());
+  nlohmann::json b =
+      Json("run --rolls 3000 --rng 5 --json --seed " + std::to_string(a["seed"].get<long>()));
+  a.erase("seconds");
+  b.erase("seconds");
+  EXPECT_EQ(a, b);
+}
+
 TEST(CliRun, AutoStopAndRequirementEndTheRunWithTheirMessage) {
   nlohmann::json a = Json("run --rolls 5000 --auto-stop 1234 --json");
   EXPECT_EQ(a["rolls"], 1234);
