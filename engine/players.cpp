@@ -269,20 +269,20 @@ void SeatPlayer(Game& g, int p, std::string_view name, Currency bankroll) {
   Refresh(g);
 }
 
-bool RenamePlayer(Game& g, int p) {
+bool RenamePlayer(Game& g, int p, bool* chooseLogFile) {
+  if (chooseLogFile) *chooseLogFile = false;
   if (!Seated(g, p)) return false;
   const std::string old = Name(g, p);
   const std::string name = AskName(g, Cat("Enter a new name for ", old, "\r"), "Rename Player", p);
   if (name.empty()) return false;
   RenamePlayerTo(g, p, name);
   if (Lower(name) != Lower(old)) {
-    // The file chooser for a new sessions log belongs to the window; the
-    // question is asked here so that its answer can be acted on there.
-    ShowNotice(
+    const int answer = ShowNotice(
         g,
         Cat("Would you also like to change ", name, "'s sessions log filename?\r\rCurrently:\r\r",
             g.roll.SessionLogPath[static_cast<std::size_t>(p)]),
         "Rename Sessions Log", 180, kMsgYes | kMsgNo);
+    if (chooseLogFile) *chooseLogFile = answer == kAnswerYes;
   }
   return true;
 }

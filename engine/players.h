@@ -34,8 +34,10 @@ bool AddPlayer(Game& game, int position);
 // Seats a named player with a buy-in, without dialogs. The name must have
 // passed PlayerNameProblem; the bankroll lies within +-9,999,999.
 void SeatPlayer(Game& game, int position, std::string_view name, Currency bankroll);
-// Asks for a new name for the player at seat p (mnuPlayerRename).
-bool RenamePlayer(Game& game, int p);
+// Asks for a new name for the player at seat p (mnuPlayerRename). When the
+// name changed beyond its case, asks whether the sessions log file should
+// change too; *chooseLogFile tells the window to offer its file chooser.
+bool RenamePlayer(Game& game, int p, bool* chooseLogFile = nullptr);
 // Renames seat p without dialogs; returns the problem text, "" when done.
 std::string RenamePlayerTo(Game& game, int p, std::string_view name);
 // Swaps the whole content of seats a and b; the dice follow or pass.

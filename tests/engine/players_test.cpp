@@ -51,6 +51,19 @@ TEST_F(Players, NamesMustDifferFromOthersAndHoldNoScriptWord) {
   EXPECT_EQ(LastLog(), "    P2's name changed to p2");
   EXPECT_NE(RenamePlayerTo(g, 2, "P1"), "");
   EXPECT_EQ(g.PlayerName[2], "p2");
+
+  // Through the dialog: a change of case alone doesn't touch the sessions log.
+  bool chooseFile = true;
+  Reply(kAnswerOk, "P2");
+  ASSERT_TRUE(RenamePlayer(g, 2, &chooseFile));
+  EXPECT_FALSE(chooseFile);
+  EXPECT_EQ(platform.messages.size(), 1u);
+  Reply(kAnswerOk, " Tess ");
+  Reply(kAnswerYes);
+  ASSERT_TRUE(RenamePlayer(g, 2, &chooseFile));
+  EXPECT_TRUE(chooseFile);
+  EXPECT_EQ(g.PlayerName[2], "Tess");
+  EXPECT_EQ(platform.messages.back().title, "Rename Sessions Log");
 }
 
 TEST_F(Players, JoiningAsksUntilTheAnswersAreGood) {
