@@ -222,6 +222,30 @@ TEST_F(RollLog, ChangesBetweenRollsAreListedUnderTheirHeads) {
             "      Ann removed $5 bet on Hard 6\n");
 }
 
+TEST_F(RollLog, ABetLostLastRollIsNotReportedAsRemovedAndItsReturnIsANewBet) {
+  Seat(1, "Ann");
+  g.Bet(1, 0) = Currency::FromWhole(100);
+  Roll(1, 2);
+  g.HyperDrive = true;  // settle by rule, no dialog
+  g.Bet(1, bet::kField) = Currency::FromWhole(5);
+  g.TotalBets(1) = Currency::FromWhole(5);
+  Roll(2, 3);  // the Field loses on 5 and comes down
+  ASSERT_EQ(g.Bet(1, bet::kField), Currency());
+  g.roll.LogOn = true;
+  g.roll.LogRolls = g.roll.LogPasses = g.roll.LogBankroll = false;
+  Roll(2, 2);
+  EXPECT_EQ(g.roll.LogText, "");
+  g.Bet(1, bet::kField) = Currency::FromWhole(5);
+  g.TotalBets(1) = Currency::FromWhole(5);
+  g.roll.LogWins = g.roll.LogLosses = false;
+  Roll(2, 3);  // lost again
+  g.roll.LogText.clear();
+  g.Bet(1, bet::kField) = Currency::FromWhole(5);
+  g.TotalBets(1) = Currency::FromWhole(5);
+  Roll(1, 2);
+  EXPECT_EQ(g.roll.LogText, "    Bets:\n      Ann bet $5 on Field\n");
+}
+
 TEST_F(RollLog, ARollsBankrollResultIsLoggedAsGainOrLoss) {
   Seat(1, "Ann");
   g.Bet(1, 0) = Currency::FromWhole(100);
