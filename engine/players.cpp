@@ -12,6 +12,7 @@
 #include "engine/money.h"
 #include "engine/place.h"
 #include "engine/platform.h"
+#include "engine/roll_internal.h"
 #include "engine/settle_text.h"
 #include "script/tokenizer.h"
 
@@ -38,14 +39,13 @@ std::string Trim(std::string_view s) {
   return std::string(s.substr(first, last - first + 1));
 }
 
-void LogLine(Game& g, std::string_view line) {
-  if (!g.roll.LogOn) return;
-  g.roll.LogText += line;
-  g.roll.LogText.push_back('\n');
-}
-
 void Refresh(Game& g, Redraw what = Redraw::Table) {
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(what);
+}
+
+// A line of the events log, when the log is on.
+void Log(Game& g, std::string_view line) {
+  if (g.roll.LogOn) LogLine(g, line);
 }
 
 // An input dialog: text above, an answer box; false on Cancel.
@@ -262,11 +262,12 @@ void SeatPlayer(Game& g, int p, std::string_view name, Currency bankroll) {
     if (!HandHasRolled(g)) g.HandShooter = p;
   }
   if (g.roll.LogOn)
-    LogLine(g, Cat("    ", name, " joined the game at stick ", RailPositionName(p), " with $",
-                   PlainAmount(bankroll)));
+    Log(g, Cat("    ", name, " joined the game at stick ", RailPositionName(p), " with $",
+               PlainAmount(bankroll)));
   g.roll.ScriptsOK = false;
   g.roll.SessionDirty = true;
   Refresh(g);
+  if (g.PlayerCount == 1 && g.Point == 0) PlayComeOutCall(g);
 }
 
 bool RenamePlayer(Game& g, int p, bool* chooseLogFile) {
@@ -293,7 +294,7 @@ std::string RenamePlayerTo(Game& g, int p, std::string_view name) {
   if (trimmed.empty()) return "Please enter a name.";
   std::string problem = PlayerNameProblem(g, trimmed, p);
   if (!problem.empty()) return problem;
-  LogLine(g, Cat("    ", Name(g, p), "'s name changed to ", trimmed));
+  Log(g, Cat("    ", Name(g, p), "'s name changed to ", trimmed));
   Name(g, p) = trimmed;
   g.roll.ScriptsOK = false;
   g.roll.SessionDirty = true;
@@ -316,7 +317,7 @@ void MovePlayer(Game& g, int a, int b) {
   g.roll.ScriptsOK = false;
   g.roll.SessionDirty = true;
   Refresh(g);
-  LogLine(g, Cat("    ", Name(g, b), " moved to stick ", RailPositionName(b)));
+  Log(g, Cat("    ", Name(g, b), " moved to stick ", RailPositionName(b)));
 }
 
 Currency AbandonedAmount(const Game& g, int p, int* comeBets) {
@@ -367,7 +368,7 @@ bool CashOutPlayer(Game& g) {
       line += Cat("(net loss: $", PlainAmount(-net),
                   abandoned > Currency{} ? Cat(" includes $", PlainAmount(abandoned), " abandoned)")
                                          : std::string(")"));
-    LogLine(g, line);
+    Log(g, line);
   }
   ResetPlayer(g, p);
   g.roll.ScriptActive[0] = false;
@@ -393,6 +394,7 @@ bool CashOutPlayer(Game& g) {
   g.betting.CurPlayer = next;
   g.roll.SessionDirty = true;
   Refresh(g);
+  if (g.PlayerCount == 1 && g.Point == 0) PlayComeOutCall(g);
   return true;
 }
 
@@ -448,7 +450,7 @@ void PassDice(Game& g, bool interactive) {
   }
   const std::string& oldName = Name(g, old >= 0 && old <= 8 ? old : 0);
   if (interactive) {
-    LogLine(g, Cat("    ", oldName, " passed the dice to ", Name(g, next)));
+    Log(g, Cat("    ", oldName, " passed the dice to ", Name(g, next)));
     Refresh(g, Redraw::OpenViews);
   }
   g.Shooter = next;

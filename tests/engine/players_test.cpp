@@ -51,6 +51,13 @@ TEST_F(Players, NamesMustDifferFromOthersAndHoldNoScriptWord) {
   EXPECT_EQ(LastLog(), "    P2's name changed to p2");
   EXPECT_NE(RenamePlayerTo(g, 2, "P1"), "");
   EXPECT_EQ(g.PlayerName[2], "p2");
+  g.roll.LogOn = false;
+  const std::string log = g.roll.LogText;
+  RenamePlayerTo(g, 3, "Cy");
+  MovePlayer(g, 3, 6);
+  EXPECT_EQ(g.roll.LogText, log);
+  MovePlayer(g, 6, 3);
+  g.roll.LogOn = true;
 
   // Through the dialog: a change of case alone doesn't touch the sessions log.
   bool chooseFile = true;
