@@ -36,7 +36,8 @@ Currency DontOddsMaximum(const Game& g, int b, Currency base) {
 
 void FigureBetMaximum(Game& g, int p, int b) {
   const Currency unit = g.CheckValue(1);
-  const Currency tableMax = RoundDownToMultiple(g.rules.MaxPlacardBet, unit);
+  const Currency tableMax =
+      unit.raw > 0 ? RoundDownToMultiple(g.rules.MaxPlacardBet, unit) : g.rules.MaxPlacardBet;
   Currency m = tableMax;
   if (b == bet::kPassLineOdds) {
     m = FigureOddsMaximum(g, b, g.Bet(p, bet::kPassLine), g.PayoffTbl(1, b), g.PayoffTbl(3, b));

@@ -218,7 +218,8 @@ bool HoldToBankroll(Game& g, int p, int b) {
   // A decrease never needs money; an increase the money can't carry at all
   // shrinks to nothing rather than eat into the bet itself.
   const Currency floor = Currency{};
-  s.BetChange = RoundDownToMultiple(bank - g.TotalBets(p), unit);
+  s.BetChange =
+      unit.raw > 0 ? RoundDownToMultiple(bank - g.TotalBets(p), unit) : bank - g.TotalBets(p);
   if (s.BetChange > before) s.BetChange = before;
   if (s.BetChange < floor) s.BetChange = floor;
   while (need() > bank && s.BetChange > floor) {
