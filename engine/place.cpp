@@ -343,6 +343,12 @@ void SetBetChecked(Game& g, int p, int b) {
     case Next::Return:
       return;
     case Next::Apply:
+      // A restore up to the contract is money like any other: it must fit
+      // the bankroll too.
+      if (s.BetChange > Currency{}) {
+        if (!g.HyperDrive) s.LimitText.clear();
+        if (HoldToBankroll(g, p, b)) BankrollNotice(g, p, b);
+      }
       Apply(g, p, b);
       return;
     case Next::Free:

@@ -3,6 +3,7 @@
 // the operations round it. After every change the ledger must still agree.
 #include "engine/place.h"
 
+#include <random>
 #include <string>
 
 #include "table_fixture.h"
@@ -381,6 +382,34 @@ TEST_F(Place, RemovingAllBetsLeavesContractBetsAndShowsNothing) {
   EXPECT_EQ(Shown(), before);
   EXPECT_EQ(g.TotalBets(1), 10_usd);
   EXPECT_EQ(g.BetWorking(1, PlaceId(6)), 1);  // reset with a point on
+}
+
+TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
+  std::mt19937 rng(20261123);
+  const int points[] = {0, 4, 5, 6, 8, 9, 10};
+  g.Bet(1, 0) = 300_usd;
+  for (int i = 0; i < 20000; ++i) {
+    const int r = static_cast<int>(rng() % 100);
+    if (r == 0) PointOn(points[rng() % 7]);
+    if (r == 1) FixContracts();
+    if (r == 2) g.autoplay.AutoAdjustMode(1) = static_cast<int>(rng() % 3);
+    if (r == 3) g.rules.NoticeFlags = static_cast<Long>(rng() % 8);
+    const int b = 1 + static_cast<int>(rng() % kLastRealBet);
+    const Currency before = g.Bet(1, b);
+    g.BetRequest = Currency::FromRaw((static_cast<std::int64_t>(rng() % 1600) - 600) * 500);
+    if (r < 50)
+      SetBetChecked(g, 1, b);
+    else
+      PlaceBet(g, 1, b);
+    SCOPED_TRACE(testing::Message() << "step " << i << " on " << BetName(b));
+    ASSERT_TRUE(CheckBetLedger(g, 1));
+    ASSERT_EQ(g.Bet(1, b), before + g.betting.BetChange);
+    ASSERT_LE(g.TotalBets(1), g.Bet(1, 0));
+    FigureBetMaximum(g, 1, b);
+    if (g.Bet(1, b) > g.betting.BetMaximum && !IsComePoint(b) && b != kPassLine)
+      ASSERT_LT(g.betting.BetChange, 1_usd) << "a bet above its maximum never grows";
+  }
+  EXPECT_GT(g.TotalBets(1), 0_usd);
 }
 
 TEST_F(Place, ClicksOnTheTable) {
