@@ -1,7 +1,8 @@
 // Start-up without a window. The steps that only concern the window (the
-// table font, the screen's units, the layout geometry, the about box) are
-// the window's own; the sound sets, the Hot-Keys file and the game file at
-// start-up are read by their own units when those are present.
+// table font, the screen's units, the colours, the layout geometry, the
+// about box) are the window's own; the default probability table, the
+// sound sets, the Hot-Keys file and the game file at start-up belong to
+// their own units and are not read here.
 #include "engine/startup.h"
 
 #include <filesystem>
