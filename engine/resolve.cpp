@@ -1,5 +1,6 @@
 #include "engine/resolve.h"
 
+#include <bit>
 #include <cassert>
 #include <cstdlib>
 
@@ -12,14 +13,26 @@
 
 namespace {
 
-// ResolveBet for every seat.
+// Seats whose player has money on the table when the decisions begin, bit
+// seat - 1. Nobody can gain a bet during the decisions, so seats outside the
+// set are skipped: an empty table decides in a few nanoseconds.
+unsigned SeatsWithBets(const Game& g) {
+  unsigned seats = 0;
+  for (int seat = 1; seat <= 8; ++seat)
+    if (g.TotalBets(PlayerOfSeat(seat)) > Currency{}) seats |= 1u << (seat - 1);
+  return seats;
+}
+
+// ResolveBet for every seat with bets, in stick order.
 void AllSeats(Game& g, int sign, int b) {
-  for (int seat = 1; seat <= 8; ++seat) ResolveBet(g, seat, sign, b);
+  for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1)
+    ResolveBet(g, std::countr_zero(seats) + 1, sign, b);
 }
 
 // A flat bet and the odds behind it, seat by seat, the odds right after the flat.
 void FlatWithOdds(Game& g, int flatSign, int flat, int oddsSign, int odds) {
-  for (int seat = 1; seat <= 8; ++seat) {
+  for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
+    const int seat = std::countr_zero(seats) + 1;
     ResolveBet(g, seat, flatSign, flat);
     ResolveBet(g, seat, oddsSign, odds);
   }
@@ -292,6 +305,7 @@ void LogDecision(Game& g, int p, int b) {
 
 void DecideBets(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
+  g.autoplay.DecidingSeats = SeatsWithBets(g);
   LosersPass(g);
   PointMade(g);
   WinnersPass(g);
@@ -334,8 +348,11 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
 }
 
 void ResetWorkingFlags(Game& g) {
-  for (int b = 1; b <= kLastRealBet; ++b) {
-    for (int p = 1; p <= 8; ++p) {
+  // An open seat is skipped: a player who sits down gets the working flags
+  // of the phase in play.
+  for (int p = 1; p <= 8; ++p) {
+    if (g.PlayerName[p].empty()) continue;
+    for (int b = 1; b <= kLastRealBet; ++b) {
       Long& w = g.BetWorking(p, b);
       if (g.Point > 0) {
         if (w == 0) w = 1;

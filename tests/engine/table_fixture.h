@@ -43,6 +43,9 @@ class TableFixture : public ::testing::Test {
   void Seat(int p, const std::string& name) {
     g.PlayerName[p] = name;
     ++g.PlayerCount;
+    // A player who sits down takes the working flags of the phase in play.
+    for (int b = 1; b <= kLastRealBet; ++b)
+      g.BetWorking(p, b) = g.Point == 0 ? g.BetWorkingDefault(p, b) : 1;
     g.Bet(p, 0) = kStake;
     g.BetAtRoll(p, 0) = kStake;
     // Bets stay up after a decision unless a test says otherwise.
