@@ -59,7 +59,7 @@ void EndHand(Game& g) {
   for (int p = 0; p < kPlayerSlots; ++p)
     if (Named(g, p)) MoveToLastHand(g.RollTally, p);
 
-  if (g.FirePayoff(1, g.PointsMade).raw > 0)
+  if (g.FirePayoff(1, FireRow(g)).raw > 0)
     for (int seat = 1; seat <= 8; ++seat) ResolveBet(g, seat, kWins, bet::kFire);
   g.PointsMadeMask = 0;
   g.PointsMade = 0;
