@@ -204,7 +204,10 @@ void SetMinimumText(Game& g, int b) {
       Cat("The minimum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMinimum));
 }
 
-// Shrinks a change that the free money can't carry. Returns true when it did.
+// Shrinks a change that the money can't carry. A player whose bets already
+// stand above the bankroll (they lost and stay up) sees even a bet that is
+// merely looked at again come down to what the money covers, never below 0.
+// Returns true when it shrank the change.
 bool HoldToBankroll(Game& g, int p, int b) {
   BettingState& s = g.betting;
   if (s.AllowNegBankroll(p)) return false;
@@ -213,18 +216,14 @@ bool HoldToBankroll(Game& g, int p, int b) {
   auto need = [&] {
     return g.TotalBets(p) + s.BetChange + UpFrontVig(g, b, B + s.BetChange) - oldVig;
   };
-  const Currency before = s.BetChange;
-  if (need() <= bank || need() - g.TotalBets(p) <= Currency{}) return false;
-  // A decrease never needs money; an increase the money can't carry at all
-  // shrinks to nothing rather than eat into the bet itself.
-  const Currency floor = Currency{};
-  s.BetChange =
-      unit.raw > 0 ? RoundDownToMultiple(bank - g.TotalBets(p), unit) : bank - g.TotalBets(p);
-  if (s.BetChange > before) s.BetChange = before;
-  if (s.BetChange < floor) s.BetChange = floor;
-  while (need() > bank && s.BetChange > floor) {
-    s.BetChange -= unit.raw > 0 ? unit : s.BetChange;
-    if (s.BetChange < floor) s.BetChange = floor;
+  if (need() <= bank) return false;
+  const Currency asked = s.BetChange, lowest = -B;
+  const Currency free = bank - g.TotalBets(p);
+  s.BetChange = unit.raw > 0 ? RoundDownToMultiple(free, unit) : free;
+  s.BetChange = std::clamp(s.BetChange, lowest, std::max(asked, lowest));
+  while (need() > bank && s.BetChange > lowest) {
+    s.BetChange -= unit.raw > 0 ? unit : s.BetChange - lowest;
+    if (s.BetChange < lowest) s.BetChange = lowest;
   }
   return true;
 }

@@ -198,6 +198,17 @@ TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
   EXPECT_EQ(Ask(1, kField, 5), 5_usd);
   EXPECT_EQ(g.TotalBets(1), 105_usd);
 
+  // Bets that stand above a bankroll that lost come down to what it covers
+  // as soon as they are looked at again, and no further than to nothing.
+  g.betting.AllowNegBankroll(1) = false;
+  g.Bet(1, 0) = 103_usd;
+  EXPECT_EQ(Ask(1, PlaceId(8), 0), -2_usd);
+  g.Bet(1, 0) = -50_usd;
+  EXPECT_EQ(Ask(1, kField, 0), -5_usd);
+  EXPECT_EQ(Ask(1, kField, -3), 0_usd);
+  EXPECT_EQ(Ask(1, PlaceId(8), 10), -98_usd);
+  EXPECT_TRUE(g.TotalBets(1).IsZero());
+
   // The same rule in Hyper-Drive, silently.
   g.HyperDrive = true;
   const size_t before = Shown();
