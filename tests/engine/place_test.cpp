@@ -295,6 +295,16 @@ TEST_F(Place, BetMaximaByGroup) {
   EXPECT_EQ(max(1, DontComeId(4) + 6), 40_usd);
   EXPECT_TRUE(max(2, kPassLineOdds).IsZero());  // no flat bet, no odds
 
+  // A flat bet of 5 on the six under other odds methods, and the odds cap.
+  g.Bet(2, kPassLine) = g.Bet(2, kDontPass) = 5_usd;
+  g.rules.OddsCalcMethod = kOddsFlatNoPush;
+  EXPECT_EQ(max(2, kPassLineOdds), 12_usd);  // 12.5 in whole checks
+  EXPECT_EQ(max(2, kDontPassOdds), 14_usd);  // a win of 12 laid at 6 for 5
+  g.rules.OddsCalcMethod = kOddsMinorPush;
+  EXPECT_EQ(max(2, kPassLineOdds), 15_usd);  // pushed to a whole payoff of 18
+  g.rules.MaxOddsBet = 10_usd;
+  EXPECT_EQ(max(2, kPassLineOdds), 10_usd);
+
   g.rules.MaxPlacardBet = Usd(1003.5);
   g.CheckValue(1) = 5_usd;
   EXPECT_EQ(max(1, kField), 1000_usd);
