@@ -308,10 +308,10 @@ void MovePlayer(Game& g, int a, int b) {
   g.HandShooter = Swapped(g.HandShooter, a, b);
   g.PrevHandShooter = Swapped(g.PrevHandShooter, a, b);
   if (g.Shooter == a || g.Shooter == b) {
-    if (SeatedBetween(g, a, b, +1) >= 1 && SeatedBetween(g, a, b, -1) >= 1)
-      PassDice(g, false);
-    else
-      g.Shooter = Swapped(g.Shooter, a, b);
+    const int was = g.Shooter;
+    if (SeatedBetween(g, a, b, +1) >= 1 && SeatedBetween(g, a, b, -1) >= 1) PassDice(g, false);
+    // Nobody could take them: the dice stay with the player who moved.
+    if (g.Shooter == was) g.Shooter = Swapped(was, a, b);
   }
   g.betting.CurPlayer = b;
   g.roll.ScriptsOK = false;

@@ -133,6 +133,15 @@ TEST_F(Players, AMoveTradesEverythingAndCarriesTheDiceOnlyToANeighbour) {
   MovePlayer(g, 5, 8);    // 6 and 7 upward, 4..1 downward: a pass from seat 5 down
   EXPECT_EQ(g.Shooter, 2);
   EXPECT_EQ(g.PlayerName[8], "P3");
+  // When nobody can take the dice, they stay with the player who moved.
+  for (int p = 1; p <= 8; ++p) g.autoplay.AutoPassDice(p) = true;
+  MovePlayer(g, 2, 4);  // 3 is open: the dice follow
+  EXPECT_EQ(g.Shooter, 4);
+  MovePlayer(g, 4, 1);  // players upward only (6, 7, 8): the dice follow
+  EXPECT_EQ(g.Shooter, 1);
+  MovePlayer(g, 1, 7);  // 6 one way, 8 the other: a pass that finds nobody
+  EXPECT_EQ(g.Shooter, 7);
+  EXPECT_EQ(g.PlayerName[7], "P2");
 }
 
 TEST_F(Players, RailClicksSelectAddAndMove) {
