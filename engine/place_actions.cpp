@@ -15,6 +15,10 @@
 
 namespace {
 
+// A table seat and a bet id the tables hold; anything else is ignored.
+bool Valid(int p, int b) { return p >= 1 && p <= 8 && b >= 0 && b <= kLastBetId; }
+bool Seat(int p) { return p >= 1 && p <= 8; }
+
 bool SwitchedOff(const Game& g, int b) {
   return (IsBig(b) && !g.rules.UseBig68) || (b == bet::kFire && !g.rules.UseFireBet) ||
          (b == bet::kMidway && !g.rules.UseMidwayBet);
@@ -59,7 +63,7 @@ void ToggleCall(Game& g, int p, int b, int tool) {
 
 void PlaceBet(Game& g, int p, int b, int /*x*/, int /*y*/) {
   BettingState& s = g.betting;
-  if (SwitchedOff(g, b)) {
+  if (!Valid(p, b) || SwitchedOff(g, b)) {
     s.BetChange = Currency{};
     return;
   }
@@ -75,12 +79,14 @@ void PlaceBet(Game& g, int p, int b, int /*x*/, int /*y*/) {
 }
 
 void RemoveBet(Game& g, int p, int b) {
+  if (!Valid(p, b)) return;
   if (g.Bet(p, b).IsZero()) return;
   g.BetRequest = -g.Bet(p, b);
   PlaceBet(g, p, b);
 }
 
 void TakeBetToMaximum(Game& g, int p, int b) {
+  if (!Valid(p, b)) return;
   const Long flags = g.rules.NoticeFlags;
   g.rules.NoticeFlags = 0;
   g.BetRequest = -g.Bet(p, b);
@@ -92,6 +98,7 @@ void TakeBetToMaximum(Game& g, int p, int b) {
 }
 
 void TakeFullOdds(Game& g, int p) {
+  if (!Seat(p)) return;
   if (g.Bet(p, bet::kPassLine) > Currency{} && g.Point > 0)
     TakeBetToMaximum(g, p, bet::kPassLineOdds);
   for (int b = bet::kComePointFirst; b <= bet::kComePointLast; ++b)
@@ -99,6 +106,7 @@ void TakeFullOdds(Game& g, int p) {
 }
 
 void LayFullOdds(Game& g, int p) {
+  if (!Seat(p)) return;
   if (g.Bet(p, bet::kDontPass) > Currency{} && g.Point > 0) {
     RedrawTable(g);
     TakeBetToMaximum(g, p, bet::kDontPassOdds);
@@ -108,6 +116,7 @@ void LayFullOdds(Game& g, int p) {
 }
 
 void BuyPlaceBet(Game& g, int p, int b) {
+  if (!Valid(p, b)) return;
   if (!IsPlace(b) || g.Bet(p, b).IsZero()) {
     if (CanNotify(g, kNoticeNotAllowed))
       ShowNotice(g, "You may only buy Place bets.", "Action not allowed", 225,
@@ -125,6 +134,7 @@ void BuyPlaceBet(Game& g, int p, int b) {
 }
 
 void CallBetOnOff(Game& g, int p, int b, int tool, bool byScript) {
+  if (!Valid(p, b)) return;
   if (!IsRealBet(b) || g.Bet(p, b).IsZero()) return;
   if (Uncallable(b)) {
     if (CanNotify(g, kNoticeNotAllowed))
@@ -140,6 +150,7 @@ void CallBetOnOff(Game& g, int p, int b, int tool, bool byScript) {
 }
 
 void CallAllBetsOnOff(Game& g, int p, int tool) {
+  if (!Seat(p)) return;
   for (int b = 1; b <= kLastRealBet; ++b) {
     if (g.Bet(p, b).IsZero()) continue;
     if (b == bet::kPassLine || b == bet::kDontPass || b == bet::kDontCome || IsComePoint(b) ||
@@ -151,11 +162,12 @@ void CallAllBetsOnOff(Game& g, int p, int tool) {
 }
 
 void ResetBetWorking(Game& g, int p, int b) {
-  if (b < 0 || b > 85) return;
+  if (p < 0 || p > 8 || b < 0 || b > 85) return;
   g.BetWorking(p, b) = g.Point == 0 ? g.BetWorkingDefault(p, b) : 1;
 }
 
 void RemoveAllBets(Game& g, int p) {
+  if (!Seat(p)) return;
   const Long flags = g.rules.NoticeFlags;
   g.rules.NoticeFlags = 0;
   for (int b = 1; b <= kLastRealBet; ++b) RemoveBet(g, p, b);
@@ -163,6 +175,7 @@ void RemoveAllBets(Game& g, int p) {
 }
 
 std::string CommitKeyedAmount(Game& g, int p, int b, std::string_view text) {
+  if (!Valid(p, b)) return "0";
   const Currency amount = ParseAmount(text);
   if (IsRealBet(b) && amount != g.Bet(p, b)) {
     g.TotalBets(p) -= g.Bet(p, b);
@@ -174,6 +187,7 @@ std::string CommitKeyedAmount(Game& g, int p, int b, std::string_view text) {
 }
 
 Currency SelectedAmount(const Game& g, int p) {
+  if (!Seat(p)) return Currency{};
   const Long sel = g.rules.SelectedCheck;
   if (sel >= 1 && sel <= 5) return g.CheckValue(sel);
   if (sel >= 7 && sel <= 10) {

@@ -323,6 +323,8 @@ void MovePlayer(Game& g, int a, int b) {
 Currency AbandonedAmount(const Game& g, int p, int* comeBets) {
   Currency total;
   int n = 0;
+  if (comeBets) *comeBets = 0;
+  if (p < 1 || p > 8) return total;
   for (int b = bet::kComePointFirst; b <= bet::kComePointLast; ++b)
     if (g.Bet(p, b) > Currency{} && g.BetContract(p, b) > Currency{}) {
       total += g.Bet(p, b);
