@@ -14,3 +14,5 @@ void AddRunCommand(CLI::App& app);
 void AddBenchCommand(CLI::App& app);
 // ravelton-cli check and dump: compile an Auto-Bet script, report or print it.
 void AddScriptCommands(CLI::App& app);
+// ravelton-cli translate: print a script file as it loads, older formats translated.
+void AddTranslateCommand(CLI::App& app);

@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
   AddRunCommand(app);
   AddBenchCommand(app);
   AddScriptCommands(app);
+  AddTranslateCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
