@@ -175,7 +175,7 @@ bool OpenAutoBets(Game& game, int p, const std::string& path) {
     std::error_code ec;
     if (path.empty() || !std::filesystem::exists(path, ec)) return false;
     std::string bytes;
-    if (!ReadWholeFile(path, bytes)) {
+    if (std::filesystem::is_directory(path, ec) || !ReadWholeFile(path, bytes)) {
       ReportError(game, "Path/File access error", 75, "OpenAutoBets");
       return false;
     }
