@@ -24,12 +24,12 @@ struct Fnv1a {
   }
   template <class T>
   void Table(const T& t) {
-    for (const auto& c : t.cells) {
+    ForEachCellFirstFastest(t, [this](const auto& c) {
       if constexpr (std::is_same_v<std::decay_t<decltype(c)>, Currency>)
         Int(c.raw);
       else
         Int(c);
-    }
+    });
   }
 };
 

@@ -12,8 +12,8 @@ bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>
 template <class T, int L2, int H2, int L3, int H3>
 void MoveToLastHand(Table3<T, 0, 44, L2, H2, L3, H3>& t, int p, int lo2, int hi2, int lo3,
                     int hi3) {
-  for (int k = lo3; k <= hi3; ++k)
-    for (int j = lo2; j <= hi2; ++j) {
+  for (int j = lo2; j <= hi2; ++j)
+    for (int k = lo3; k <= hi3; ++k) {
       t(p + 9, j, k) = t(p, j, k);
       t(p, j, k) = T{};
     }
