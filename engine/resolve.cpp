@@ -25,8 +25,10 @@ unsigned SeatsWithBets(const Game& g) {
 
 // ResolveBet for every seat with bets, in stick order.
 void AllSeats(Game& g, int sign, int b) {
-  for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1)
-    ResolveBet(g, std::countr_zero(seats) + 1, sign, b);
+  for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
+    const int seat = std::countr_zero(seats) + 1;
+    if (!g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(g, seat, sign, b);
+  }
 }
 
 // A flat bet and the odds behind it, seat by seat, the odds right after the flat.
