@@ -54,9 +54,9 @@ bool ApplyEffect(std::string& line, const std::string& lower, ReplaceEffect effe
 }
 
 // One row over a line whose quote step is done, with its lower-case shadow.
-void ReplaceRow(std::string& line, std::string& lower, const Replacement& row) {
+void ReplaceRow(std::string& line, std::string& lower, const Replacement& row,
+                std::string_view lowValue) {
   if (row.key.empty()) return;
-  std::string lowValue = LowerAscii(row.value);
   std::size_t pos = 0;
   while (pos <= lower.size()) {
     std::size_t m = lower.find(row.key, pos);
@@ -105,15 +105,22 @@ void QuoteStep(std::string& line) {
 void ApplyReplacement(std::string& line, const Replacement& row) {
   QuoteStep(line);
   std::string lower = LowerAscii(line);
-  ReplaceRow(line, lower, row);
+  ReplaceRow(line, lower, row, LowerAscii(row.value));
 }
 
 void ApplyReplacementTable(std::string& line) {
   // No row inserts a double quote, so after the first quote step every
   // later one would find at most two quotes and change nothing.
   QuoteStep(line);
+  // The rows' new texts in lower case, for the shadow, made once.
+  static const std::vector<std::string> lowValues = [] {
+    std::vector<std::string> v;
+    for (const Replacement& row : ReplacementTable()) v.push_back(LowerAscii(row.value));
+    return v;
+  }();
   std::string lower = LowerAscii(line);
-  for (const Replacement& row : ReplacementTable()) ReplaceRow(line, lower, row);
+  const auto rows = ReplacementTable();
+  for (std::size_t i = 0; i < rows.size(); ++i) ReplaceRow(line, lower, rows[i], lowValues[i]);
 }
 
 std::vector<std::string> TranslateRecords(std::span<const LegacyRecord> records) {
