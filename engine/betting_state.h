@@ -55,9 +55,12 @@ struct BettingState {
   std::int32_t BankrollTabPlayer = 0;             // player on the bankroll tab; 0 none
 
   // CheckStacks: the stacks of the four visible rail spots, by bet id.
-  Table2<std::int32_t, 0, 8, 1, 4> CheckStackSlot{
-      {101, 101, 101, 101, 101, 101, 101, 101, 101, 102, 102, 102, 102, 102, 102, 102, 102, 102,
-       103, 103, 103, 103, 103, 103, 103, 103, 103, 104, 104, 104, 104, 104, 104, 104, 104, 104}};
+  Table2<std::int32_t, 0, 8, 1, 4> CheckStackSlot = [] {
+    Table2<std::int32_t, 0, 8, 1, 4> t{};
+    for (int p = 0; p <= 8; ++p)
+      for (int i = 1; i <= 4; ++i) t(p, i) = 100 + i;  // stacks 1 to 4
+    return t;
+  }();
   bool DisplayZeroStacks = false;
   std::int32_t CheckStacksPlayer = 0;
 
