@@ -69,7 +69,8 @@ void CopyEditorToSlot(ScriptSource& ss, int p) {
   if (ss.EdLines.empty()) ss.EdLines.emplace_back();
   const auto last = static_cast<std::int32_t>(ss.EdLines.size()) - 1;
   const auto count = static_cast<std::size_t>(std::clamp<std::int32_t>(ss.EdLineCount, 0, last));
-  ss.ScriptLines[p].assign(ss.EdLines.begin(), ss.EdLines.begin() + static_cast<std::ptrdiff_t>(count + 1));
+  ss.ScriptLines[p].assign(ss.EdLines.begin(),
+                           ss.EdLines.begin() + static_cast<std::ptrdiff_t>(count + 1));
   ss.ScriptIndent[p] = ss.EdIndent;
   ss.ScriptIndent[p].resize(count + 1, 0);
   ss.ScriptBandMark[p] = ss.EdBandMark;
@@ -93,15 +94,17 @@ std::vector<std::string> PasteAtCaret(const std::vector<std::string>& target,
   if (out.empty()) out.emplace_back();
   if (out.size() == 1) out.emplace_back();  // an empty script shows one empty line
   if (inserted.empty()) return target;
-  std::size_t line = static_cast<std::size_t>(std::clamp<int>(caretLine, 1, static_cast<int>(out.size() - 1)));
+  std::size_t line =
+      static_cast<std::size_t>(std::clamp<int>(caretLine, 1, static_cast<int>(out.size() - 1)));
   const std::string& caret = out[line];
-  std::size_t col = static_cast<std::size_t>(std::clamp<int>(caretColumn, 0, static_cast<int>(caret.size())));
+  std::size_t col =
+      static_cast<std::size_t>(std::clamp<int>(caretColumn, 0, static_cast<int>(caret.size())));
   std::string left = caret.substr(0, col), right = caret.substr(col);
   inserted.front().insert(0, left);
   inserted.back() += right;
   out.erase(out.begin() + static_cast<std::ptrdiff_t>(line));
-  out.insert(out.begin() + static_cast<std::ptrdiff_t>(line), std::make_move_iterator(inserted.begin()),
-             std::make_move_iterator(inserted.end()));
+  out.insert(out.begin() + static_cast<std::ptrdiff_t>(line),
+             std::make_move_iterator(inserted.begin()), std::make_move_iterator(inserted.end()));
   return out;
 }
 
@@ -120,8 +123,11 @@ std::vector<LegacyRecord> ReadLegacyRecords(std::string_view bytes) {
     std::string_view text = rec.substr(0, kTextSize);
     r.startsWithNul = text.empty() || text[0] == '\0';
     r.text = std::string(text.substr(0, text.find('\0')));
-    auto byteAt = [&](std::size_t i) { return i < rec.size() ? static_cast<unsigned char>(rec[i]) : 0u; };
-    r.kind = static_cast<std::int16_t>(static_cast<std::uint16_t>(byteAt(kTextSize) | (byteAt(kTextSize + 1) << 8)));
+    auto byteAt = [&](std::size_t i) {
+      return i < rec.size() ? static_cast<unsigned char>(rec[i]) : 0u;
+    };
+    r.kind = static_cast<std::int16_t>(
+        static_cast<std::uint16_t>(byteAt(kTextSize) | (byteAt(kTextSize + 1) << 8)));
     records.push_back(std::move(r));
   }
   return records;

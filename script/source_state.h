@@ -57,8 +57,8 @@ struct ScriptSource {
   std::int32_t EdCaretLine = 1;
   std::int32_t EdCaretColumn = 0;
 
-  bool PastingScript = false;   // the editor pastes a file at its caret
-  bool HotKeyRunning = false;   // a Hot-Key is prepared or run: ScriptFile untouched
+  bool PastingScript = false;  // the editor pastes a file at its caret
+  bool HotKeyRunning = false;  // a Hot-Key is prepared or run: ScriptFile untouched
 
   // The diagnostic text of the last failure in the script files.
   std::string ErrorText;

@@ -214,13 +214,14 @@ void TranslatePasses(std::vector<std::string>& lines) {
     std::string_view mark, comparison, prefix, anyBecomes;
   };
   static constexpr MarkPass kMarks[] = {
-      {"*1 ", "<=", "# of rolls since ", ""},  {"*2 ", "> ", "# of rolls since ", "all("},
-      {"*3 ", "> ", "# of rolls ", "sum("},    {"*4 ", "< ", "# of rolls ", "sum("},
-      {"*5 ", "<>", "# of rolls ", "sum("},    {"*6 ", "= ", "# of rolls ", "sum("},
+      {"*1 ", "<=", "# of rolls since ", ""}, {"*2 ", "> ", "# of rolls since ", "all("},
+      {"*3 ", "> ", "# of rolls ", "sum("},   {"*4 ", "< ", "# of rolls ", "sum("},
+      {"*5 ", "<>", "# of rolls ", "sum("},   {"*6 ", "= ", "# of rolls ", "sum("},
   };
   for (const MarkPass& pass : kMarks)
     for (std::string& line : lines)
-      if (!IsCommentLine(line)) RollMarkPass(line, pass.mark, pass.comparison, pass.prefix, pass.anyBecomes);
+      if (!IsCommentLine(line))
+        RollMarkPass(line, pass.mark, pass.comparison, pass.prefix, pass.anyBecomes);
   for (std::string& line : lines) OutputToFilePass(line);
   for (std::string& line : lines) RoundPass(line);
   PromptPass(lines);

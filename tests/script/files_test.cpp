@@ -124,10 +124,9 @@ TEST_F(FilesTest, EachRecordFormatIsTranslated) {
     bytes += Record("  display message \"done\"", 0);
     ASSERT_TRUE(OpenAutoBets(*game, 2, Write("old.bet", bytes))) << header;
     // The run's colon goes again once its EndIf follows it.
-    std::vector<std::string> want = {"bet 5 on PassLine", "# of rolls since when 7 <=  5",
-                                     "  bet 10 on Place6 ",
-                                     " EndIf", "' note: \"reset table\"",
-                                     "  Show Message \"done\""};
+    std::vector<std::string> want = {"bet 5 on PassLine",       "# of rolls since when 7 <=  5",
+                                     "  bet 10 on Place6 ",     " EndIf",
+                                     "' note: \"reset table\"", "  Show Message \"done\""};
     EXPECT_EQ(Lines(2), want) << header;
   }
   // A header that is not whole, or not at the first byte, means plain text.
@@ -281,12 +280,41 @@ TEST_F(FilesTest, HostileFilesNeverBreakTheReader) {
 // Random files, plain and with a header, through the whole reader. Words of
 // the old vocabulary and the marks make the translation's paths likely.
 TEST_F(FilesTest, RandomFilesFuzz) {
-  static const char* kPieces[] = {
-      "has rolled ", "each ", "more than ", "\"", ":", "highest of ", " on ", " ref #", " ref ",
-      "is named ", "checkstack", "any(", ",", ")", "*1 ", "*3 ", "= dice total", "die1 ",
-      "show message ", "bet input(", "output to file", "round ", " to the nearest ", "new line",
-      "yes/no question", "endif", "else", ";", " ", "'", "number 4 (1.3) or (3.1)", "r*ll",
-      "w**n", " when ", "a hard 4 "};
+  static const char* kPieces[] = {"has rolled ",
+                                  "each ",
+                                  "more than ",
+                                  "\"",
+                                  ":",
+                                  "highest of ",
+                                  " on ",
+                                  " ref #",
+                                  " ref ",
+                                  "is named ",
+                                  "checkstack",
+                                  "any(",
+                                  ",",
+                                  ")",
+                                  "*1 ",
+                                  "*3 ",
+                                  "= dice total",
+                                  "die1 ",
+                                  "show message ",
+                                  "bet input(",
+                                  "output to file",
+                                  "round ",
+                                  " to the nearest ",
+                                  "new line",
+                                  "yes/no question",
+                                  "endif",
+                                  "else",
+                                  ";",
+                                  " ",
+                                  "'",
+                                  "number 4 (1.3) or (3.1)",
+                                  "r*ll",
+                                  "w**n",
+                                  " when ",
+                                  "a hard 4 "};
   std::mt19937 rng(20261123);
   const std::string headers[] = {"Quillmarsh AutoBets, Data Format 5.0",
                                  "Ravelton AutoBets, Data Format 3.9",

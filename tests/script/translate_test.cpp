@@ -127,7 +127,7 @@ TEST(TranslateRecords, KindsShapeTheLines) {
       "bet 5 on PassLine",
       "a = 1 ",  // " and" appended, then "and" cut by the next record
       "b = 2",
-      "c =",     // the kind 13 record and the one after it both cut
+      "c =",  // the kind 13 record and the one after it both cut
       "d = 4",
       " :\"Loop Start\":",
       "  keep: \"as\" is",
@@ -140,9 +140,9 @@ TEST(TranslateRecords, KindsShapeTheLines) {
 
 TEST(TranslateRecords, ConditionalRunsGetTheirEndIf) {
   auto lines = TranslateRecords(std::vector<LegacyRecord>{
-      Rec("x = 1", 1), Rec("y = 2", 30), Rec("y = 3", 30), Rec("z = 4", 0),
-      Rec("w = 1", 2), Rec("v = 2", 30), Rec("else", 12), Rec("u = 3", 30)});
-  std::vector<std::string> want = {"x = 1", "y = 2 :", "y = 3 :", " EndIf", "z = 4",
+      Rec("x = 1", 1), Rec("y = 2", 30), Rec("y = 3", 30), Rec("z = 4", 0), Rec("w = 1", 2),
+      Rec("v = 2", 30), Rec("else", 12), Rec("u = 3", 30)});
+  std::vector<std::string> want = {"x = 1", "y = 2 :", "y = 3 :", " EndIf",  "z = 4",
                                    "w = 1", "v = 2 :", "else",    "u = 3 :", " EndIf"};
   EXPECT_EQ(lines, want);
   EXPECT_TRUE(TranslateRecords({}).empty());
@@ -163,8 +163,8 @@ TEST(TranslatePasses, DiceTotalMarks) {
 }
 
 TEST(TranslatePasses, RollCountMarks) {
-  auto lines = Passes({" 7 *1 5", " any(4, 10) *2 3", " 6 *3 0", " any(2, 3, 12) *4 2", " 8 *5 1",
-                       " 9 *6 4"});
+  auto lines = Passes(
+      {" 7 *1 5", " any(4, 10) *2 3", " 6 *3 0", " any(2, 3, 12) *4 2", " 8 *5 1", " 9 *6 4"});
   EXPECT_EQ(lines[0], " # of rolls since 7 <= 5");
   EXPECT_EQ(lines[1], " all(# of rolls since 4,# of rolls since  10) >  3");
   EXPECT_EQ(lines[2], " # of rolls 6 >  0");
@@ -195,14 +195,10 @@ TEST(TranslatePasses, MessagesJoinTheirNeighbours) {
   auto lines = Passes({"Show Message \"How much\" :", "Bet input()", "Show Message \"a\";",
                        "Bet input(5)", "Show Message \"one\"", "Show Message \"two\";",
                        "Show Message \"three\"", "Yes/No question \"q\"", "Yes/No question \"r\""});
-  std::vector<std::string> want = {"Bet input( \"How much\" & cr",
-                                   "          )",
-                                   "Bet input( \"a\" &",
-                                   "          5)",
-                                   "Show Message \"one\" & cr &",
-                                   "             \"two\" &",
-                                   "             \"three\"",
-                                   "Yes/No question \"q\" & cr &",
+  std::vector<std::string> want = {"Bet input( \"How much\" & cr", "          )",
+                                   "Bet input( \"a\" &",           "          5)",
+                                   "Show Message \"one\" & cr &",  "             \"two\" &",
+                                   "             \"three\"",       "Yes/No question \"q\" & cr &",
                                    "                \"r\""};
   EXPECT_EQ(lines, want);
 }
@@ -211,10 +207,14 @@ TEST(TranslatePasses, MergesAndColons) {
   auto lines = Passes({"bet Highest(1) on Place6", "bet Highest(2) on place6 ",
                        "bet Highest(3) on Place8", "set Lowest(4) to x", "bet Lowest(5) to x",
                        "If x :", "  y :", "EndIf", "z :", "  else"});
-  std::vector<std::string> want = {"bet Highest(1,2) on Place6", "bet Highest(3) on Place8",
-                                   "set Lowest(4) to x",         "bet Lowest(5) to x",
-                                   "If x :",                     "  y ",
-                                   "EndIf",                      "z ",
+  std::vector<std::string> want = {"bet Highest(1,2) on Place6",
+                                   "bet Highest(3) on Place8",
+                                   "set Lowest(4) to x",
+                                   "bet Lowest(5) to x",
+                                   "If x :",
+                                   "  y ",
+                                   "EndIf",
+                                   "z ",
                                    "  else"};
   EXPECT_EQ(lines, want);
 }
