@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cassert>
+#include <cstdint>
 #include <cstdlib>
 
 #include "engine/catalogue.h"
@@ -23,8 +24,28 @@ unsigned SeatsWithBets(const Game& g) {
   return seats;
 }
 
+// The bet ids that some deciding seat has money on, one bit per id. During
+// the passes a bet only ever changes on its own id (settling) or travels to
+// a number whose decisions are already over (a Come or Don't Come bet and
+// its odds), so the set taken at the start holds every id still to decide.
+void NoteBetsOnTable(Game& g) {
+  std::uint64_t bits[2] = {0, 0};
+  for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
+    const auto bets = g.Bet.Span(PlayerOfSeat(std::countr_zero(seats) + 1), 0, kLastRealBet);
+    for (int b = 1; b <= kLastRealBet; ++b)
+      if (!bets[static_cast<std::size_t>(b)].IsZero()) bits[b >> 6] |= std::uint64_t{1} << (b & 63);
+  }
+  g.autoplay.BetsOnTable[0] = bits[0];
+  g.autoplay.BetsOnTable[1] = bits[1];
+}
+
+bool OnTable(const Game& g, int b) {
+  return (g.autoplay.BetsOnTable[b >> 6] >> (b & 63)) & 1;
+}
+
 // ResolveBet for every seat with bets, in stick order.
 void AllSeats(Game& g, int sign, int b) {
+  if (!OnTable(g, b)) return;
   for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats) + 1;
     if (!g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(g, seat, sign, b);
@@ -33,6 +54,7 @@ void AllSeats(Game& g, int sign, int b) {
 
 // A flat bet and the odds behind it, seat by seat, the odds right after the flat.
 void FlatWithOdds(Game& g, int flatSign, int flat, int oddsSign, int odds) {
+  if (!OnTable(g, flat) && !OnTable(g, odds)) return;
   for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats) + 1;
     ResolveBet(g, seat, flatSign, flat);
@@ -155,8 +177,10 @@ void WinBoxNumber(Game& g, int n) {
 
 // The Come and Don't Come boxes travel to the number, in player order.
 void Travel(Game& g, int n) {
-  for (int p = 1; p <= 8; ++p) MoveBet(g, p, bet::kCome, ComeId(n));
-  for (int p = 1; p <= 8; ++p) MoveBet(g, p, bet::kDontCome, DontComeId(n));
+  if (OnTable(g, bet::kCome))
+    for (int p = 1; p <= 8; ++p) MoveBet(g, p, bet::kCome, ComeId(n));
+  if (OnTable(g, bet::kDontCome))
+    for (int p = 1; p <= 8; ++p) MoveBet(g, p, bet::kDontCome, DontComeId(n));
 }
 
 // The one-roll bets that a 2, 3 or 12 pays, in their order.
@@ -308,6 +332,7 @@ void LogDecision(Game& g, int p, int b) {
 void DecideBets(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
   g.autoplay.DecidingSeats = SeatsWithBets(g);
+  NoteBetsOnTable(g);
   LosersPass(g);
   PointMade(g);
   WinnersPass(g);
