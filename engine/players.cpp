@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "automation/autoplay.h"
 #include "config/message_dialog.h"
 #include "engine/bankroll.h"
 #include "engine/catalogue.h"
@@ -497,6 +498,9 @@ void ResetPlayer(Game& g, int p) {
     g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b);
   }
   g.roll.ScriptActive[static_cast<std::size_t>(p)] = false;
+  // A seat's Auto-Play rules start afresh: a newcomer never inherits the
+  // previous occupant's standing rules.
+  SetAutoPlayDefaults(g, p);
 }
 
 void PromptAddPlayer(Game& g) {
