@@ -1,5 +1,7 @@
 #include "engine/hand.h"
 
+#include <algorithm>
+
 #include "engine/catalogue.h"
 #include "engine/game.h"
 #include "engine/players.h"
@@ -9,22 +11,20 @@ namespace {
 
 bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
 
+// Moves rows j0..j1 (whole depth) of slot p's current-hand frame to its
+// last-hand frame and clears them: one block copy, since rows are contiguous.
 template <class T, int L2, int H2, int L3, int H3>
-void MoveToLastHand(Table3<T, 0, 44, L2, H2, L3, H3>& t, int p, int lo2, int hi2, int lo3,
-                    int hi3) {
-  for (int j = lo2; j <= hi2; ++j)
-    for (int k = lo3; k <= hi3; ++k) {
-      t(p + 9, j, k) = t(p, j, k);
-      t(p, j, k) = T{};
-    }
+void MoveToLastHand(Table3<T, 0, 44, L2, H2, L3, H3>& t, int p, int j0, int j1) {
+  const auto from = t.Span(p, j0, j1);
+  std::copy(from.begin(), from.end(), t.Span(p + 9, j0, j1).begin());
+  std::fill(from.begin(), from.end(), T{});
 }
 
 template <class T, int L2, int H2>
 void MoveToLastHand(Table2<T, 0, 44, L2, H2>& t, int p) {
-  for (int j = L2; j <= H2; ++j) {
-    t(p + 9, j) = t(p, j);
-    t(p, j) = T{};
-  }
+  const auto from = t.Span(p, L2, H2);
+  std::copy(from.begin(), from.end(), t.Span(p + 9, L2, H2).begin());
+  std::fill(from.begin(), from.end(), T{});
 }
 
 template <class T>
@@ -41,12 +41,13 @@ void CloseHand(Game& g) {
     // The House never bets, so its money tallies are zero in both frames;
     // skipping them keeps a hand's end cheap in a run without players.
     if (p > 0) {
-      MoveToLastHand(g.StatAction, p, 1, kLastRealBet, 1, 6);
-      MoveToLastHand(g.StatWins, p, 1, kLastRealBet, 1, 6);
-      MoveToLastHand(g.StatLosses, p, 1, kLastRealBet, 1, 6);
+      // Their depth 0 holds nothing, so whole rows move.
+      MoveToLastHand(g.StatAction, p, 1, kLastRealBet);
+      MoveToLastHand(g.StatWins, p, 1, kLastRealBet);
+      MoveToLastHand(g.StatLosses, p, 1, kLastRealBet);
       MoveToLastHand(g.ComeTravelTotal, p);
     }
-    MoveToLastHand(g.TotalsTally, p, 2, 12, 1, 3);
+    MoveToLastHand(g.TotalsTally, p, 2, 12);
     MoveToLastHand(g.RollsAtTable, p);
     MoveToLastHand(g.HandsTally, p);
   }

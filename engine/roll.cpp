@@ -3,6 +3,8 @@
 // graph and the log lines live in their own files.
 #include "engine/roll.h"
 
+#include <algorithm>
+
 #include "automation/autoplay.h"
 #include "automation/hyperdrive.h"
 #include "config/message_dialog.h"
@@ -110,19 +112,20 @@ bool WithinRollLimit(Game& g) {
 void SnapshotAtRoll(Game& g) {
   for (int p = 1; p <= 8; ++p) {
     if (!Named(g, p)) continue;
-    for (int b = 0; b <= kLastBetId; ++b) g.BetAtRoll(p, b) = g.Bet(p, b);
-    for (int b = 0; b <= kLastRealBet; ++b) {
-      g.BetTrend(p, b, 0) = g.BetTrend(p, b, 1);
-      g.BetContract(p, b) = g.Bet(p, b);
-    }
+    const auto bets = g.Bet.Span(p, 0, kLastBetId);
+    std::copy(bets.begin(), bets.end(), g.BetAtRoll.Span(p, 0, kLastBetId).begin());
+    std::copy_n(bets.begin(), kLastRealBet + 1, g.BetContract.Span(p, 0, kLastRealBet).begin());
+    for (int b = 0; b <= kLastRealBet; ++b) g.BetTrend(p, b, 0) = g.BetTrend(p, b, 1);
   }
 }
 
 void SnapshotAfterRoll(Game& g) {
   for (int p = 1; p <= 8; ++p) {
     if (!Named(g, p)) continue;
-    for (int b = 0; b <= kLastBetId; ++b) g.BetAfterRoll(p, b) = g.Bet(p, b);
-    for (int b = 1; b <= kLastRealBet; ++b) g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b);
+    const auto bets = g.Bet.Span(p, 0, kLastBetId);
+    std::copy(bets.begin(), bets.end(), g.BetAfterRoll.Span(p, 0, kLastBetId).begin());
+    const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
+    std::copy(working.begin(), working.end(), g.BetWorkingAfterRoll.Span(p, 1, kLastRealBet).begin());
   }
   g.roll.ScriptActiveAtRoll = g.roll.ScriptActive;
 }

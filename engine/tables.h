@@ -13,6 +13,7 @@
 #include <array>
 #include <cassert>
 #include <cstddef>
+#include <span>
 
 template <class T, int Lo, int Hi>
 struct Table1 {
@@ -42,6 +43,11 @@ struct Table2 {
   }
   constexpr T& operator()(int i, int j) { return cells[Index(i, j)]; }
   constexpr const T& operator()(int i, int j) const { return cells[Index(i, j)]; }
+  // Cells (i, j0) to (i, j1) inclusive, contiguous in memory.
+  std::span<T> Span(int i, int j0, int j1) { return {&cells[Index(i, j0)], &cells[Index(i, j1)] + 1}; }
+  std::span<const T> Span(int i, int j0, int j1) const {
+    return {&cells[Index(i, j0)], &cells[Index(i, j1)] + 1};
+  }
   void Fill(const T& v) { cells.fill(v); }
   friend bool operator==(const Table2&, const Table2&) = default;
 };
@@ -64,6 +70,13 @@ struct Table3 {
   }
   constexpr T& operator()(int i, int j, int k) { return cells[Index(i, j, k)]; }
   constexpr const T& operator()(int i, int j, int k) const { return cells[Index(i, j, k)]; }
+  // Every cell of rows (i, j0) to (i, j1), whole depth, contiguous in memory.
+  std::span<T> Span(int i, int j0, int j1) {
+    return {&cells[Index(i, j0, Lo3)], &cells[Index(i, j1, Hi3)] + 1};
+  }
+  std::span<const T> Span(int i, int j0, int j1) const {
+    return {&cells[Index(i, j0, Lo3)], &cells[Index(i, j1, Hi3)] + 1};
+  }
   void Fill(const T& v) { cells.fill(v); }
   friend bool operator==(const Table3&, const Table3&) = default;
 };
