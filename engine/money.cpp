@@ -26,6 +26,20 @@ i128 DivRoundEven(i128 n, i128 d) {
   return q;
 }
 
+// n / kScale rounded to nearest, ties to even: the 64-bit path of CurMul,
+// where the constant divisor compiles to a multiplication.
+std::int64_t DivScaleRoundEven(std::int64_t n) {
+  constexpr std::int64_t d = Currency::kScale;
+  std::int64_t q = n / d;
+  std::int64_t r = n % d;
+  if (r < 0) {
+    r += d;
+    q -= 1;
+  }
+  if (2 * r > d || (2 * r == d && (q & 1) != 0)) q += 1;
+  return q;
+}
+
 std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
   std::int64_t q = a / b;
   if ((a % b != 0) && ((a < 0) != (b < 0))) --q;
@@ -38,6 +52,9 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 }  // namespace
 
 Currency CurMul(Currency a, Currency b) {
+  std::int64_t product;
+  if (!__builtin_mul_overflow(a.raw, b.raw, &product))
+    return Currency::FromRaw(DivScaleRoundEven(product));
   return Saturate(DivRoundEven(static_cast<i128>(a.raw) * b.raw, Currency::kScale));
 }
 
@@ -54,9 +71,8 @@ Currency CurFromDouble(double x) {
   // 2^63 is exactly representable; anything at or beyond it saturates.
   if (y >= 9223372036854775808.0) return kCurrencyMax;
   if (y < -9223372036854775808.0) return kCurrencyMin;
-  double f = std::floor(y);
-  double diff = y - f;
-  if (diff > 0.5 || (diff == 0.5 && std::fmod(f, 2.0) != 0.0)) f += 1.0;
+  // The default floating-point rounding is to nearest, ties to even.
+  const double f = std::nearbyint(y);
   if (f >= 9223372036854775808.0) return kCurrencyMax;
   return Currency::FromRaw(static_cast<std::int64_t>(f));
 }

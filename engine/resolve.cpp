@@ -377,14 +377,17 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
 void ResetWorkingFlags(Game& g) {
   // An open seat is skipped: a player who sits down gets the working flags
   // of the phase in play.
+  const bool pointOn = g.Point > 0;
   for (int p = 1; p <= 8; ++p) {
     if (g.PlayerName[p].empty()) continue;
-    for (int b = 1; b <= kLastRealBet; ++b) {
-      Long& w = g.BetWorking(p, b);
-      if (g.Point > 0) {
+    const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
+    const auto defaults = g.BetWorkingDefault.Span(p, 1, kLastRealBet);
+    for (std::size_t i = 0; i < working.size(); ++i) {
+      Long& w = working[i];
+      if (pointOn) {
         if (w == 0) w = 1;
       } else if (w != 2 && w != -1) {
-        w = g.BetWorkingDefault(p, b);
+        w = defaults[i];
       }
     }
   }
