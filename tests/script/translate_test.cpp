@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -84,6 +85,30 @@ TEST(TranslateTable, QuotedTextIsLeftAloneAndQuotesAreReduced) {
   EXPECT_EQ(Table("if answer is \"yes\" "), "if answer is YES ");
   EXPECT_EQ(Table("invoke \"show steps\" "), "Show steps ");
   EXPECT_EQ(Table("x is \"for' or 'against\" "), "x is FOR or AGAINST ");
+}
+
+// Whatever old words stand before a quote, the quoted text comes out as it
+// went in. Rows with a side effect or quotes in their keys are left out:
+// they may reach behind the quote by their own rules.
+TEST(TranslateTable, RandomLinesKeepTheirQuotedText) {
+  std::vector<std::string_view> keys;
+  for (const Replacement& r : ReplacementTable())
+    if (r.effect == ReplaceEffect::kNone && r.key.find('"') == std::string_view::npos)
+      keys.push_back(r.key);
+  std::mt19937 rng(7);
+  for (int iter = 0; iter < 2000; ++iter) {
+    auto words = [&] {
+      std::string s;
+      for (int n = static_cast<int>(rng() % 6); n > 0; --n) s += keys[rng() % keys.size()];
+      return s;
+    };
+    std::string quoted = "\"" + words() + "\" ";
+    std::string line = words() + " " + quoted;
+    ApplyReplacementTable(line);
+    ASSERT_GE(line.size(), quoted.size());
+    EXPECT_EQ(line.substr(line.size() - quoted.size()), quoted) << line;
+    EXPECT_EQ(line.find('"'), line.size() - quoted.size()) << line;
+  }
 }
 
 TEST(TranslateTable, SideEffectRows) {
