@@ -190,7 +190,16 @@ bool OpenAutoBets(Game& game, int p, const std::string& path) {
     std::vector<std::string> lines;
     const bool pasting = ss.PastingScript;
     if (pasting) {
-      lines = PasteAtCaret(ss.ScriptLines[p], std::move(loaded), ss.EdCaretLine, ss.EdCaretColumn);
+      // The editor's lines are the newest text of its player's script.
+      std::vector<std::string> target = ss.ScriptLines[p];
+      if (p == ss.EdPlayer && !ss.EdLines.empty()) {
+        const auto last = static_cast<std::int32_t>(ss.EdLines.size()) - 1;
+        const auto count =
+            static_cast<std::size_t>(std::clamp<std::int32_t>(ss.EdLineCount, 0, last));
+        target.assign(ss.EdLines.begin(),
+                      ss.EdLines.begin() + static_cast<std::ptrdiff_t>(count + 1));
+      }
+      lines = PasteAtCaret(target, std::move(loaded), ss.EdCaretLine, ss.EdCaretColumn);
     } else {
       lines.reserve(loaded.size() + 1);
       lines.emplace_back();

@@ -149,6 +149,13 @@ TEST_F(FilesTest, PasteInsertsAtTheCaret) {
   EXPECT_EQ(ss.ScriptFile[1], file);  // a paste keeps the script's own file
   EXPECT_EQ(ss.EdLineCount, 4);
 
+  // What was typed in the editor and not yet stored is pasted into.
+  ss.EdLines[1] = "typed";
+  ss.EdCaretLine = 1;
+  ss.EdCaretColumn = 5;
+  ASSERT_TRUE(OpenAutoBets(*game, 1, Write("one.bet", "!")));
+  EXPECT_EQ(Lines().front(), "typed!");
+
   // One line joins both halves; a caret beyond the text is held to it.
   ss.EdCaretLine = 99;
   ss.EdCaretColumn = 99;
@@ -157,7 +164,7 @@ TEST_F(FilesTest, PasteInsertsAtTheCaret) {
   ss.EdCaretLine = -3;
   ss.EdCaretColumn = -1;
   ASSERT_TRUE(OpenAutoBets(*game, 1, Write("one.bet", "X")));
-  EXPECT_EQ(Lines().front(), "Xfirst");
+  EXPECT_EQ(Lines().front(), "Xtyped!");
   // An empty file changes nothing; a paste into an empty script is a load.
   auto before = Lines();
   ASSERT_TRUE(OpenAutoBets(*game, 1, Write("none.bet", "")));
