@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
+#include <iomanip>
 #include <iostream>
 #include <optional>
 
@@ -237,4 +238,27 @@ nlohmann::json PlayersJson(const Game& game) {
     });
   }
   return list;
+}
+
+void PrintPlayers(std::ostream& out, const Game& game) {
+  for (int p = 1; p <= 8; ++p) {
+    if (game.PlayerName[p].empty()) continue;
+    const int f = FrameIndex(p, 2);
+    out << game.PlayerName[p] << " (seat " << p << "): bankroll $" << FormatMoney(game.Bet(p, 0))
+        << ", invested $" << FormatMoney(game.InvestedBankroll(p)) << ", on bets $"
+        << FormatMoney(game.TotalBets(p)) << '\n';
+    for (int b = 1; b <= kLastRealBet; ++b) {
+      const Currency decisions = game.StatAction(f, b, 1);
+      if (decisions <= Currency{}) continue;
+      const Currency wagered = game.StatAction(f, b, 2);
+      const Currency net = game.StatWins(f, b, 2) - game.StatLosses(f, b, 2);
+      out << "  " << BetName(b) << ": " << FormatMoney(decisions) << " decisions, wagered $"
+          << FormatMoney(wagered) << ", net $" << FormatMoney(net);
+      if (wagered > Currency{})
+        out << " (" << std::showpos << std::fixed << std::setprecision(2)
+            << 100.0 * net.ToDouble() / wagered.ToDouble() << std::noshowpos
+            << std::defaultfloat << "%)";
+      out << '\n';
+    }
+  }
 }

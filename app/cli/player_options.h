@@ -4,6 +4,7 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -30,3 +31,6 @@ void AddPlayerOptions(CLI::App& cmd, PlayerOptions& options);
 bool SetUpPlayerOptions(Game& game, const PlayerOptions& options, std::string& error);
 // One object per seated player: name, seat, money, and the decided bets of the session.
 nlohmann::json PlayersJson(const Game& game);
+// The same for people: each seated player's money, then one line per decided
+// bet with its decisions, amount wagered, net and net per amount wagered.
+void PrintPlayers(std::ostream& out, const Game& game);

@@ -119,6 +119,7 @@ void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) 
   out << '\n';
   out << "RNG #" << game.dice.RngIndex + 1 << " seed " << game.dice.LastSeed << ", "
       << result.seconds << " s\n";
+  PrintPlayers(out, game);
 }
 
 int Run(const RunOptions& options) {
