@@ -31,7 +31,9 @@ build: deps configure
 	cmake --build $(BUILD) -j $(JOBS)
 
 run: build
-	$(BUILD)/app/ravelton-cli run --rolls 1000000 --seed 20261122
+	$(BUILD)/app/ravelton-cli run --rolls 1000000 --seed 20261122 \
+	  --player Alice=1000 --bet 'Alice:Pass Line=10' --take-odds Alice \
+	  --win-rule Alice:2 --lose-rule Alice:2 --allow-negative Alice
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
