@@ -74,3 +74,9 @@ void CompileScript(Game& game, int p, const std::vector<std::string>& lines, int
     }
   }
 }
+
+void CompileScript(Game& game, int p, int& errLine, int& errCol, int& errEndLine,
+                   int& errEndCol) {
+  CompileScript(game, p, game.scriptSource.ScriptLines[static_cast<std::size_t>(p)], errLine,
+                errCol, errEndLine, errEndCol);
+}

@@ -17,3 +17,5 @@ struct Game;
 // (0: a Hot-Key script). errLine > 0 on failure.
 void CompileScript(Game& game, int p, const std::vector<std::string>& lines, int& errLine,
                    int& errCol, int& errEndLine, int& errEndCol);
+// Compiles the slot's own stored script, ScriptLines(p).
+void CompileScript(Game& game, int p, int& errLine, int& errCol, int& errEndLine, int& errEndCol);

@@ -5,7 +5,6 @@
 // success or the first error with its span; dump prints the compiled
 // element stream and string pool.
 #include <CLI/CLI.hpp>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -14,6 +13,7 @@
 #include "app/cli/commands.h"
 #include "engine/game.h"
 #include "script/compile_script.h"
+#include "script/files.h"
 #include "script/script_dump.h"
 
 namespace {
@@ -24,30 +24,17 @@ struct ScriptOptions {
   std::vector<std::string> players;
 };
 
-// Reads a plain text script: one line a script line, line 1 at index 1.
-bool ReadScriptFile(const std::string& path, std::vector<std::string>& lines) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  lines.assign(1, std::string());
-  std::string line;
-  while (std::getline(in, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.push_back(line);
-  }
-  return !in.bad();
-}
-
 // Compiles the file; on failure prints FILE:LINE:COL: message and the span.
 bool CompileFile(const ScriptOptions& opt, Game& game) {
-  std::vector<std::string> lines;
-  if (!ReadScriptFile(opt.file, lines)) {
+  // The file loads as the table loads it: older record formats are translated.
+  if (!OpenAutoBets(game, opt.slot, opt.file)) {
     std::cerr << opt.file << ": cannot read the script file\n";
     throw CLI::RuntimeError(1);
   }
   for (std::size_t i = 0; i < opt.players.size() && i < 8; ++i)
     game.PlayerName[i + 1] = opt.players[i];
   int line = 0, col = 0, endLine = 0, endCol = 0;
-  CompileScript(game, opt.slot, lines, line, col, endLine, endCol);
+  CompileScript(game, opt.slot, line, col, endLine, endCol);
   if (line <= 0) return true;
   std::cout << FormatCompileFailure(opt.file, game.msg.MsgText, line, col, endLine, endCol);
   return false;
