@@ -155,6 +155,7 @@ bool TakeDice(Game& g, DiceSource& source) {
 // Step 23: bankroll records.
 void KeepBankrollRecords(Game& g) {
   for (int p = 1; p <= 8; ++p) {
+    if (!Named(g, p)) continue;  // an open seat's money and records are all 0
     const Currency bank = g.Bet(p, 0);
     g.BankrollSum(p) += bank;
     if (BankrollBeyondLimit(g, p)) LimitExceeded(g, p);
@@ -166,7 +167,8 @@ void KeepBankrollRecords(Game& g) {
 // Steps 6 to 27: one roll. Returns false when a check stopped it before the dice.
 bool RollOnce(Game& g) {
   if (!MeetsBetRequirement(g) || !WithinRollLimit(g)) return false;
-  for (int p = 1; p <= 8; ++p) g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
+  for (int p = 1; p <= 8; ++p)
+    if (Named(g, p)) g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
   if (g.roll.LogOn) LogChangesSinceLastRoll(g);
   SnapshotAtRoll(g);
   g.PointBeforeLast = g.PointAtRoll;
