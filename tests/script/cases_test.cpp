@@ -7,7 +7,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "script/script_dump.h"
 #include "script_test_util.h"
@@ -18,31 +17,21 @@ namespace {
 
 std::string ReadAll(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
+  return {std::istreambuf_iterator<char>(in), {}};
 }
 
-// Seats the players of the .args file and returns the slot.
-int ApplyArgs(const fs::path& args, Game& game) {
-  std::istringstream in(ReadAll(args));
-  std::string word;
-  int slot = 1, seat = 1;
-  while (in >> word) {
-    if (word == "--slot")
-      in >> slot;
-    else if (word == "--player" && in >> word && seat <= 8)
-      game.PlayerName[seat++] = word;
-  }
-  return slot;
-}
-
-// What the CLI prints for the script, as dump or check.
-std::string Output(const fs::path& bet, bool dump) {
+// What the CLI prints for the script, as dump or check, after seating the
+// players of the .args file in order.
+std::string Output(fs::path bet, bool dump) {
   auto game = std::make_unique<Game>();
-  fs::path args = bet;
-  args.replace_extension(".args");
-  const int slot = fs::exists(args) ? ApplyArgs(args, *game) : 1;
+  std::istringstream args(ReadAll(fs::path(bet).replace_extension(".args")));
+  int slot = 1, seat = 1;
+  for (std::string word; args >> word;) {
+    if (word == "--slot")
+      args >> slot;
+    else if (word == "--player" && args >> word && seat <= 8)
+      game->PlayerName[seat++] = word;
+  }
   int line = 0, col = 0, endLine = 0, endCol = 0;
   CompileScript(*game, slot, script_test::Lines(ReadAll(bet)), line, col, endLine, endCol);
   if (line > 0)
@@ -51,37 +40,33 @@ std::string Output(const fs::path& bet, bool dump) {
   return dump ? DumpScriptCode(game->scriptCode) : "Your script is properly structured.\n";
 }
 
+std::vector<fs::path> Scripts(const fs::path& dir) {
+  std::vector<fs::path> out;
+  for (const auto& entry : fs::directory_iterator(fs::path(RAVELTON_SOURCE_DIR) / dir))
+    if (entry.path().extension() == ".bet") out.push_back(entry.path());
+  return out;
+}
+
 TEST(ScriptCases, OutputMatchesTheExpectedFiles) {
-  const fs::path dir = fs::path(RAVELTON_SOURCE_DIR) / "tests" / "script" / "cases";
   int checked = 0;
-  for (const auto& entry : fs::directory_iterator(dir)) {
-    if (entry.path().extension() != ".bet") continue;
-    fs::path dump = entry.path(), check = entry.path();
-    dump.replace_extension(".dump");
-    check.replace_extension(".check");
-    if (fs::exists(dump)) {
-      EXPECT_EQ(Output(entry.path(), true), ReadAll(dump)) << entry.path();
-      ++checked;
-    }
-    if (fs::exists(check)) {
-      EXPECT_EQ(Output(entry.path(), false), ReadAll(check)) << entry.path();
+  for (const fs::path& bet : Scripts("tests/script/cases")) {
+    for (const bool dump : {true, false}) {
+      const fs::path expected = fs::path(bet).replace_extension(dump ? ".dump" : ".check");
+      if (!fs::exists(expected)) continue;
+      EXPECT_EQ(Output(bet, dump), ReadAll(expected)) << bet;
       ++checked;
     }
   }
-  EXPECT_GE(checked, 8);
+  EXPECT_GE(checked, 36);
 }
 
 TEST(ScriptCases, EveryExampleCompiles) {
-  const fs::path dir = fs::path(RAVELTON_SOURCE_DIR) / "examples";
-  int count = 0;
-  for (const auto& entry : fs::directory_iterator(dir)) {
-    if (entry.path().extension() != ".bet") continue;
-    ++count;
-    const std::string text = ReadAll(entry.path());
-    EXPECT_TRUE(text.starts_with("'")) << entry.path() << " needs a comment header";
-    EXPECT_EQ(Output(entry.path(), false), "Your script is properly structured.\n") << entry.path();
+  const auto examples = Scripts("examples");
+  for (const fs::path& bet : examples) {
+    EXPECT_TRUE(ReadAll(bet).starts_with("'")) << bet << " needs a comment header";
+    EXPECT_EQ(Output(bet, false), "Your script is properly structured.\n") << bet;
   }
-  EXPECT_GE(count, 8);
+  EXPECT_GE(examples.size(), 8u);
 }
 
 }  // namespace

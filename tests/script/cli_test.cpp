@@ -16,12 +16,11 @@ struct Result {
 
 Result Cli(const std::string& args) {
   Result r;
-  const std::string command = std::string(RAVELTON_CLI) + " " + args + " 2>/dev/null";
-  FILE* pipe = popen(command.c_str(), "r");
+  FILE* pipe = popen((std::string(RAVELTON_CLI) + " " + args + " 2>/dev/null").c_str(), "r");
   if (!pipe) return r;
   std::array<char, 4096> buffer{};
-  std::size_t n;
-  while ((n = fread(buffer.data(), 1, buffer.size(), pipe)) > 0) r.out.append(buffer.data(), n);
+  for (std::size_t n; (n = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+    r.out.append(buffer.data(), n);
   const int status = pclose(pipe);
   r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   return r;
@@ -34,7 +33,6 @@ TEST(CliScript, CheckReportsSuccessOrTheFirstError) {
   Result r = Cli("check " + kExamples + "iron_cross.bet");
   EXPECT_EQ(r.exitCode, 0);
   EXPECT_EQ(r.out, "Your script is properly structured.\n");
-
   r = Cli("check " + kCases + "rolls_limit.bet");
   EXPECT_EQ(r.exitCode, 1);
   EXPECT_EQ(r.out, kCases +
@@ -47,18 +45,16 @@ TEST(CliScript, PlayersAreSeatedInOrderAndSlotsChosen) {
   EXPECT_EQ(Cli("check " + file).exitCode, 1);  // "lee" is nobody without the seats
   const Result r = Cli("dump " + file + " --slot 4 --player Pat --player Lee");
   EXPECT_EQ(r.exitCode, 0);
-  EXPECT_NE(r.out.find("1 Head 4\n"), std::string::npos);
-  EXPECT_NE(r.out.find("20 Var 654\n21 Player 2\n"), std::string::npos);
-  EXPECT_NE(r.out.find("S2 0 \"Point \"\n"), std::string::npos);
+  for (const char* part : {"1 Head 4\n", "20 Var 654\n21 Player 2\n", "S2 0 \"Point \"\n"})
+    EXPECT_NE(r.out.find(part), std::string::npos) << part;
 }
 
 TEST(CliScript, BadFilesAndOptionsExitOne) {
-  Result r = Cli("check " + kCases + "no_such_script.bet");
-  EXPECT_EQ(r.exitCode, 1);
-  EXPECT_EQ(r.out, "");
-  EXPECT_EQ(Cli("dump " + kCases).exitCode, 1);
-  EXPECT_EQ(Cli("check " + kExamples + "iron_cross.bet --slot 9").exitCode, 1);
-  EXPECT_EQ(Cli("dump").exitCode, 1);
+  EXPECT_EQ(Cli("check " + kCases + "no_such_script.bet").out, "");
+  for (const std::string& args :
+       {"check " + kCases + "no_such_script.bet", "dump " + kCases,
+        "check " + kExamples + "iron_cross.bet --slot 9", std::string("dump")})
+    EXPECT_EQ(Cli(args).exitCode, 1) << args;
 }
 
 }  // namespace

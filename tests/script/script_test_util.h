@@ -8,16 +8,17 @@
 #include <vector>
 
 #include "engine/game.h"
+#include "script/compile_common.h"
 #include "script/compile_script.h"
+#include "script/vocabulary.h"
 
 namespace script_test {
 
 // Script lines from a text, 1-based as the compiler wants them.
 inline std::vector<std::string> Lines(std::string_view text) {
   std::vector<std::string> lines(1);
-  std::string line;
   std::istringstream in{std::string(text)};
-  while (std::getline(in, line)) lines.push_back(line);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
   return lines;
 }
 
@@ -35,25 +36,29 @@ inline Result Compile(Game& game, std::string_view text, int p = 1) {
   return r;
 }
 
-// The elements of the compiled stream without marks, head and element 0.
-inline std::vector<ScriptElement> Body(const Game& game) {
-  std::vector<ScriptElement> out;
-  for (const auto& e : game.scriptCode.CompiledScript)
-    if (!IsMark(e) && e.Kind != kHead &&
-        !(e.Kind == kEmpty && &e == &game.scriptCode.CompiledScript[0]))
-      out.push_back(e);
+// "Kind:Value" words of the compiled stream without marks, head and element
+// 0; a value with a fraction gets a "~".
+inline std::string BodyText(const Game& game) {
+  std::string out;
+  const auto& s = game.scriptCode.CompiledScript;
+  for (std::size_t i = 1; i < s.size(); ++i) {
+    if (IsMark(s[i]) || s[i].Kind == kHead) continue;
+    if (!out.empty()) out += ' ';
+    const auto whole = static_cast<long long>(s[i].Value);
+    out += std::string(KindName(s[i].Kind)) + ":" + std::to_string(whole);
+    if (s[i].Value != static_cast<double>(whole)) out += "~";
+  }
   return out;
 }
 
-// "Kind:Value" words of the body, for compact comparisons.
-inline std::string BodyText(const Game& game) {
-  std::string out;
-  for (const auto& e : Body(game)) {
-    if (!out.empty()) out += ' ';
-    out += std::string(KindName(e.Kind)) + ":" + std::to_string(static_cast<long long>(e.Value));
-    if (e.Value != static_cast<double>(static_cast<long long>(e.Value))) out += "~";
+// The plain words of the phrase table: the raw material of random scripts.
+inline std::vector<std::string> VocabularyWords() {
+  std::vector<std::string> words;
+  for (const auto& row : StaticVocabulary()) {
+    std::string k(TrimBlanks(row.Key));
+    if (!k.empty() && !row.keyHasCode) words.push_back(k);
   }
-  return out;
+  return words;
 }
 
 }  // namespace script_test
