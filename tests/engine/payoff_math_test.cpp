@@ -30,64 +30,55 @@ class PayoffMath : public ::testing::Test {
   Game& g = *owner;
 };
 
-TEST_F(PayoffMath, AutoSelectWithFractionalMultipleIsThePlainLimit) {
-  EXPECT_EQ(ComeOddsMax(6, 10_usd), 25_usd);
-  // 2.5 x 5 = 12.50 is cut to the smallest check.
-  EXPECT_EQ(ComeOddsMax(8, 5_usd), 12_usd);
+TEST_F(PayoffMath, AutoSelectedOddsMaximum) {
+  // Odds allowed on 4/10, 5/9 and 6/8 (0: the default), the number, the flat
+  // and the highest odds.
+  const long cases[][6] = {{0, 0, 0, 6, 10, 25},
+                           {0, 0, 0, 8, 5, 12},  // 2.5 x, 12.50 cut to the check
+                           {0, 1, 0, 5, 5, 6},
+                           {0, 1, 0, 5, 6, 6},  // single odds: 6 at 3 to 2 pays 9
+                           {0, 3, 0, 5, 5, 18},
+                           {3, 0, 0, 4, 5, 15},  // triple: 3 x RoundUp(5, 2)
+                           // Color push: 25 on a 6 pays 30 in red; a flat 9 leaves red for white;
+                           // a flat 3 is not held under (X + 1) x base; a 4 pays whole already.
+                           {0, 0, 2, 6, 10, 25},
+                           {0, 0, 2, 6, 9, 20},
+                           {0, 0, 2, 6, 3, 10},
+                           {0, 0, 2, 4, 10, 20},
+                           // Green rises to 250 (wins 300); 104 is no multiple of 5, so red: 225.
+                           {0, 0, 2, 6, 100, 250},
+                           {0, 0, 2, 6, 104, 225}};
+  for (const auto& c : cases) {
+    SetDefaultSettings(g);
+    if (c[0]) g.rules.OddsAllowed410 = Currency::FromWhole(c[0]);
+    if (c[1]) g.rules.OddsAllowed59 = Currency::FromWhole(c[1]);
+    if (c[2]) g.rules.OddsAllowed68 = Currency::FromWhole(c[2]);
+    EXPECT_EQ(ComeOddsMax(static_cast<int>(c[3]), Currency::FromWhole(c[4])),
+              Currency::FromWhole(c[5]))
+        << c[0] << c[1] << c[2] << " on " << c[3] << " flat " << c[4];
+  }
 }
 
-TEST_F(PayoffMath, AutoSelectSingleOddsPaysInWholeChecks) {
-  g.rules.OddsAllowed59 = 1_usd;
-  EXPECT_EQ(ComeOddsMax(5, 5_usd), 6_usd);  // 6 at 3 to 2 pays 9
-  EXPECT_EQ(ComeOddsMax(5, 6_usd), 6_usd);
-}
-
-TEST_F(PayoffMath, AutoSelectTripleOddsGoesByTheFlatBet) {
-  g.rules.OddsAllowed59 = 3_usd;
-  EXPECT_EQ(ComeOddsMax(5, 5_usd), 18_usd);  // 3 x RoundUp(5, 2) = 18
-  g.rules.OddsAllowed410 = 3_usd;
-  EXPECT_EQ(ComeOddsMax(4, 5_usd), 15_usd);
-}
-
-TEST_F(PayoffMath, ColorPushRisesToAWholeCheckWin) {
-  // Double odds, the auto choice is the color push: two red checks move the
-  // red candidate, so 25 on a 6 pays 30, six red checks.
-  g.rules.OddsAllowed68 = 2_usd;
-  EXPECT_EQ(ComeOddsMax(6, 10_usd), 25_usd);
-  // One red check and four whites: the red candidate stays, the white one is used.
-  EXPECT_EQ(ComeOddsMax(6, 9_usd), 20_usd);
-  // A flat 3: only the smallest check's candidate moves, and it is not held
-  // under the ceiling (X + 1) x base.
-  EXPECT_EQ(ComeOddsMax(6, 3_usd), 10_usd);
-  // Line numbers paying whole already stay at the plain limit.
-  EXPECT_EQ(ComeOddsMax(4, 10_usd), 20_usd);
-}
-
-TEST_F(PayoffMath, ColorPushPrefersLargerColorsOnRoundFlats) {
-  g.rules.OddsAllowed68 = 2_usd;
-  // Flat 100 on a 6: one black check doesn't move the black candidate; the
-  // green one rises to 250, which wins 300 in green checks, below the ceiling.
-  EXPECT_EQ(ComeOddsMax(6, 100_usd), 250_usd);
-  // Flat 104 isn't a multiple of 5: the green candidate is passed over for
-  // the red one, 225, which wins 270 in red checks.
-  EXPECT_EQ(ComeOddsMax(6, 104_usd), 225_usd);
-}
-
-TEST_F(PayoffMath, EachMethodByItself) {
-  Currency checks[6] = {{}, 1_usd, 5_usd, 25_usd, 100_usd, 500_usd};
-  const Currency cap = 2000_usd;
-  const Currency p = 6_usd, s = 5_usd;  // odds on a 6
-  EXPECT_EQ(OddsMaximumFor(2_usd, kOddsFlatNoPush, 6_usd, p, s, checks, cap), 12_usd);
-  EXPECT_EQ(OddsMaximumFor(2_usd, kOddsMinorPush, 6_usd, p, s, checks, cap), 15_usd);
-  EXPECT_EQ(OddsMaximumFor(2_usd, kOddsMinorPush, 10_usd, p, s, checks, cap), 20_usd);
-  // Minor push never reaches the ceiling: 2 x 7 = 14, 15 < 21.
-  EXPECT_EQ(OddsMaximumFor(2_usd, kOddsMinorPush, 7_usd, p, s, checks, cap), 15_usd);
-  // On a 5 (3 to 2) with X = 1 and a flat 2: t = 2, nothing to push.
-  EXPECT_EQ(OddsMaximumFor(1_usd, kOddsMinorPush, 2_usd, 3_usd, 2_usd, checks, cap), 2_usd);
-  EXPECT_EQ(OddsMaximumFor(2_usd, kOddsSingleOdds, 7_usd, 3_usd, 2_usd, checks, cap), 14_usd);
-  EXPECT_EQ(OddsMaximumFor(1_usd, kOddsSingleOdds, 7_usd, 3_usd, 2_usd, checks, cap), 8_usd);
-  EXPECT_EQ(OddsMaximumFor(3_usd, kOddsFlatSingleX, 5_usd, 3_usd, 2_usd, checks, cap), 18_usd);
-  EXPECT_EQ(OddsMaximumFor(2_usd, kOddsFlatSingleX, 5_usd, 3_usd, 2_usd, checks, cap), 12_usd);
+TEST(OddsMaximum, EachMethodByItself) {
+  const Currency checks[6] = {{}, 1_usd, 5_usd, 25_usd, 100_usd, 500_usd};
+  struct Case {
+    long x;
+    int method;
+    long flat, pays, to, want;
+  };
+  const Case cases[] = {
+      {2, kOddsFlatNoPush, 6, 6, 5, 12},  {2, kOddsMinorPush, 6, 6, 5, 15},
+      {2, kOddsMinorPush, 10, 6, 5, 20},  {2, kOddsMinorPush, 7, 6, 5, 15},  // 15 < 21
+      {1, kOddsMinorPush, 2, 3, 2, 2},                                       // nothing to push
+      {2, kOddsSingleOdds, 7, 3, 2, 14},  {1, kOddsSingleOdds, 7, 3, 2, 8},
+      {3, kOddsFlatSingleX, 5, 3, 2, 18}, {2, kOddsFlatSingleX, 5, 3, 2, 12},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(
+        OddsMaximumFor(Currency::FromWhole(c.x), c.method, Currency::FromWhole(c.flat),
+                       Currency::FromWhole(c.pays), Currency::FromWhole(c.to), checks, 2000_usd),
+        Currency::FromWhole(c.want))
+        << "method " << c.method << " flat " << c.flat;
 }
 
 TEST(OddsMaximum, EveryMethodGivesWholeChecksWithinTheCap) {
@@ -121,7 +112,7 @@ TEST(OddsMaximum, EveryMethodGivesWholeChecksWithinTheCap) {
           }
 }
 
-TEST_F(PayoffMath, CapsWinOverEveryPush) {
+TEST_F(PayoffMath, CapsWinOverEveryPushAndLineOddsUseThePoint) {
   g.rules.MaxOddsBet = 15_usd;
   for (int method = 0; method < kOddsMethodCount; ++method) {
     g.rules.OddsCalcMethod = method;
@@ -129,13 +120,10 @@ TEST_F(PayoffMath, CapsWinOverEveryPush) {
   }
   g.rules.MaxOddsBet = Raw(157500);  // 15.75 is cut to the smallest check
   EXPECT_EQ(ComeOddsMax(6, 10_usd), 15_usd);
-}
 
-TEST_F(PayoffMath, LineOddsUseThePoint) {
+  SetDefaultSettings(g);
   const int odds = bet::kPassLineOdds;
   EXPECT_EQ(FigureOddsMaximum(g, odds, 10_usd, 2_usd, 1_usd), 0_usd) << "no point, no odds";
-  g.Point = 4;
-  EXPECT_EQ(FigureOddsMaximum(g, odds, 10_usd, 2_usd, 1_usd), 20_usd);
   g.Point = 8;
   EXPECT_EQ(FigureOddsMaximum(g, odds, 10_usd, 6_usd, 5_usd), 25_usd);
   // Don't odds: the caller reverses the pair; the result is the win's limit.
@@ -143,16 +131,12 @@ TEST_F(PayoffMath, LineOddsUseThePoint) {
 }
 
 TEST_F(PayoffMath, ProperUnitsPayInWholeSmallestChecks) {
-  EXPECT_EQ(g.PayoffTbl(0, PlaceId(6)), 6_usd);
-  EXPECT_EQ(g.PayoffTbl(0, PlaceId(5)), 5_usd);
-  EXPECT_EQ(g.PayoffTbl(0, PlaceId(4)), 5_usd);
-  EXPECT_EQ(g.PayoffTbl(0, LayId(6)), 6_usd);
-  EXPECT_EQ(g.PayoffTbl(0, LayId(4)), 2_usd);
   EXPECT_EQ(g.PayoffTbl(0, LayId(9)), 3_usd);
-  EXPECT_EQ(g.PayoffTbl(0, BuyId(5)), 2_usd);
-  EXPECT_EQ(g.PayoffTbl(0, ComeId(8) + 6), 5_usd);
-  EXPECT_EQ(g.PayoffTbl(0, bet::kHard8), 1_usd);
   EXPECT_EQ(g.PayoffTbl(0, bet::kHorn), 4_usd);
+  g.Point = 6;
+  SetLineOddsPayoffs(g);
+  EXPECT_EQ(ProperOddsUnit(g, bet::kPassLineOdds), 5_usd);
+  EXPECT_EQ(ProperOddsUnit(g, bet::kDontPassOdds), 6_usd);
   g.CheckValue(1) = Raw(2500);
   FigureProperUnits(g);
   EXPECT_EQ(g.PayoffTbl(0, PlaceId(6)), Raw(15000));
@@ -164,28 +148,21 @@ TEST_F(PayoffMath, ProperUnitsPayInWholeSmallestChecks) {
 
 TEST_F(PayoffMath, VigRoundsToTheSmallestCheckWithAFloor) {
   const int buy4 = BuyId(4), lay4 = LayId(4), lay6 = LayId(6);
-  EXPECT_EQ(FigureBuyVig(g, buy4, 20_usd), 1_usd);
   EXPECT_EQ(FigureBuyVig(g, buy4, 10_usd), 1_usd);  // 0.50 rounds to 0, the floor gives 1
-  EXPECT_EQ(FigureBuyVig(g, buy4, 0_usd), 0_usd);
   EXPECT_EQ(FigureBuyVig(g, buy4, 30_usd), 1_usd);  // 1.50: an exact half goes down
   EXPECT_EQ(FigureBuyVig(g, buy4, 72_usd), 4_usd);  // 3.60 goes up
   EXPECT_EQ(FigureLayVig(g, lay4, 40_usd), 1_usd);  // figured on the win of 20
   EXPECT_EQ(FigureLayVig(g, lay6, 60_usd), 2_usd);  // win 50, 2.50 down
-  EXPECT_EQ(FigureLayVig(g, lay6, 72_usd), 3_usd);  // win 60
+  EXPECT_EQ(FigureLayVig(g, buy4, 100_usd), 0_usd);
+  EXPECT_EQ(FigureLayVig(g, lay4, -40_usd), 0_usd);
   g.rules.BuyVigRound = kVigRoundUp;
   EXPECT_EQ(FigureBuyVig(g, buy4, 30_usd), 2_usd);
-  EXPECT_EQ(FigureBuyVig(g, buy4, 40_usd), 2_usd);
   g.rules.BuyVigRound = kVigRoundDown;
   EXPECT_EQ(FigureBuyVig(g, buy4, 78_usd), 3_usd);
   g.CheckValue(1) = Raw(2500);
   g.rules.BuyVigRound = kVigRoundNormal;
   EXPECT_EQ(FigureBuyVig(g, buy4, 10_usd), Raw(5000));
   EXPECT_EQ(FigureBuyVig(g, buy4, 1_usd), Raw(2500));
-  g.rules.BuyVigRate = 0_usd;
-  EXPECT_EQ(FigureBuyVig(g, buy4, 100_usd), 0_usd);
-  EXPECT_EQ(FigureBuyVig(g, PlaceId(4), 100_usd), 0_usd);
-  EXPECT_EQ(FigureLayVig(g, buy4, 100_usd), 0_usd);
-  EXPECT_EQ(FigureLayVig(g, lay4, -40_usd), 0_usd);
 }
 
 // The adjustment rule itself.
@@ -204,21 +181,26 @@ ProperOddsInput Place6(Currency b, Currency a, int mode = 1, int bias = 0) {
   return in;
 }
 
-TEST(ProperOdds, NearestAndBiases) {
-  std::string text;
-  EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 7_usd), &text), 6_usd);
-  EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 10_usd), &text), 12_usd);
-  EXPECT_EQ(AdjustProperOdds(Place6(6_usd, 1_usd, 1, 1), &text), 6_usd) << "increase: to 12";
-  EXPECT_EQ(AdjustProperOdds(Place6(12_usd, -1_usd, 1, 1), &text), -6_usd) << "increase downward";
-  EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 13_usd, 1, 2), &text), 12_usd) << "decrease";
-  EXPECT_EQ(AdjustProperOdds(Place6(6_usd, 5_usd, 1, 2), &text), 6_usd)
-      << "decrease never vanishes";
-  EXPECT_EQ(AdjustProperOdds(Place6(12_usd, -2_usd, 1, 2), &text), -6_usd);
-  EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 12_usd), &text), 12_usd) << "already proper";
-  EXPECT_EQ(AdjustProperOdds(Place6(12_usd, -12_usd), &text), -12_usd) << "taken down";
-  // A total that is a whole number of the clicked step wins: 6 + 4 -> 12 = 3 x 4.
-  EXPECT_EQ(AdjustProperOdds(Place6(6_usd, 4_usd), &text), 6_usd);
-  EXPECT_TRUE(text.empty());
+TEST(ProperOdds, NearestBiasesAndColorCorrection) {
+  // Bet standing, change asked, mode, bias, and the change made.
+  const long cases[][5] = {
+      {0, 7, 1, 0, 6},      {0, 10, 1, 0, 12},    // nearest
+      {6, 1, 1, 1, 6},      {12, -1, 1, 1, -6},   // bias up, also downward
+      {0, 13, 1, 2, 12},    {6, 5, 1, 2, 6},      // bias down, never to nothing
+      {12, -12, 1, 0, -12},                       // taken down
+      {6, 4, 1, 0, 6},                            // 12 = 3 x the clicked 4 wins
+      {0, 175, 2, 0, 150},  {0, 175, 1, 0, 174},  // color correction: green x 6
+      {0, 25, 2, 0, 24},                          // green too small to carry the unit
+      {160, 0, 2, 0, -10}};                       // a zero change looks at the bet
+  for (const auto& c : cases) {
+    std::string text;
+    EXPECT_EQ(AdjustProperOdds(Place6(Currency::FromWhole(c[0]), Currency::FromWhole(c[1]),
+                                      static_cast<int>(c[2]), static_cast<int>(c[3])),
+                               &text),
+              Currency::FromWhole(c[4]))
+        << c[0] << " + " << c[1] << " mode " << c[2] << " bias " << c[3];
+    EXPECT_TRUE(text.empty());
+  }
 }
 
 TEST(ProperOdds, TotalsStayProperAndWithinLimits) {
@@ -247,17 +229,7 @@ TEST(ProperOdds, TotalsStayProperAndWithinLimits) {
           }
 }
 
-TEST(ProperOdds, ColorCorrectionWidensTheUnit) {
-  std::string text;
-  EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 175_usd, 2), &text), 150_usd);
-  EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 175_usd, 1), &text), 174_usd);
-  // A green check too small to carry the unit: no widening.
-  EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 25_usd, 2), &text), 24_usd);
-  // A zero change looks at the bet: 160 standing carries green x 6.
-  EXPECT_EQ(AdjustProperOdds(Place6(160_usd, 0_usd, 2), &text), -10_usd);
-}
-
-TEST(ProperOdds, LimitsAndTheirMessages) {
+TEST(ProperOdds, LimitsContractsAndTheirMessages) {
   std::string text = "The maximum Place 6 bet is $1,000";
   EXPECT_EQ(AdjustProperOdds(Place6(0_usd, 1000_usd), &text), 996_usd);
   EXPECT_EQ(text,
@@ -269,52 +241,41 @@ TEST(ProperOdds, LimitsAndTheirMessages) {
   text.clear();
   EXPECT_EQ(AdjustProperOdds(in, &text), 10_usd);
   EXPECT_EQ(text, "Unable to auto-adjust bet for proper odds payoff.");
+  EXPECT_EQ(AdjustProperOdds(in, nullptr), 10_usd);  // Hyper-Drive: no text, same result
   text.assign("leftover");
   in.current = 8_usd;
   in.change = -1_usd;
   EXPECT_EQ(AdjustProperOdds(in, &text), -8_usd);
   EXPECT_TRUE(text.empty());
-  // In Hyper-Drive no text is built, the result is the same.
-  in.current = 0_usd;
-  in.change = 8_usd;
-  EXPECT_EQ(AdjustProperOdds(in, nullptr), 10_usd);
-}
 
-TEST(ProperOdds, ContractBoundsTheLineBets) {
-  ProperOddsInput in = Place6(10_usd, -3_usd);
+  // The contract bounds the line bets.
+  in = Place6(10_usd, -3_usd);
   in.bet = bet::kPassLine;
   in.unit = 5_usd;
   in.contract = 10_usd;
-  std::string text;
   EXPECT_EQ(AdjustProperOdds(in, &text), 0_usd);
   EXPECT_EQ(text, "Minimum bet for proper odds payoff is: $10");
   in.bet = bet::kDontPass;
   in.current = 5_usd;
   in.change = 2_usd;  // 7 -> Hi 10 would pass the contract of 8
   in.contract = 8_usd;
-  text.clear();
   EXPECT_EQ(AdjustProperOdds(in, &text), 0_usd);
 }
 
 TEST_F(PayoffMath, AdjustForProperOddsReadsThePlayersRules) {
   BettingState& s = g.betting;
-  auto adjust = [&](int b, Currency change) {
+  auto adjust = [&](int b, Currency change, Currency maximum = 1000_usd) {
     s.BetChange = change;
-    s.BetMaximum = 1000_usd;
+    s.BetMaximum = maximum;
     s.BetMinimum = 1_usd;
     AdjustForProperOdds(g, 1, b);
     return s.BetChange;
   };
-  g.autoplay.AutoAdjustMode(1) = 1;
-  g.autoplay.PlaceBias(1) = 0;
-  EXPECT_EQ(adjust(PlaceId(6), 7_usd), 6_usd);
-  g.autoplay.PlaceBias(1) = 1;
-  EXPECT_EQ(adjust(PlaceId(6), 7_usd), 12_usd);
-  g.autoplay.LayBias(1) = 2;
-  EXPECT_EQ(adjust(LayId(4), 5_usd), 4_usd);
   g.autoplay.AutoAdjustMode(1) = 0;
   EXPECT_EQ(adjust(PlaceId(6), 7_usd), 7_usd) << "manual: no adjustment";
   g.autoplay.AutoAdjustMode(1) = 1;
+  g.autoplay.LayBias(1) = 2;
+  EXPECT_EQ(adjust(LayId(4), 5_usd), 4_usd);
   // Pass Line takes the unit of the Come bet on the point.
   g.PayoffTbl(1, ComeId(6)) = 3_usd;
   g.PayoffTbl(3, ComeId(6)) = 2_usd;
@@ -324,26 +285,12 @@ TEST_F(PayoffMath, AdjustForProperOddsReadsThePlayersRules) {
   EXPECT_EQ(adjust(bet::kPassLine, 3_usd), 4_usd);
   // The limit text grows outside Hyper-Drive only.
   s.LimitText.clear();
-  s.BetChange = 11_usd;
-  s.BetMaximum = 10_usd;
-  AdjustForProperOdds(g, 1, PlaceId(6));
-  EXPECT_EQ(s.BetChange, 6_usd);
+  EXPECT_EQ(adjust(PlaceId(6), 11_usd, 10_usd), 6_usd);
   EXPECT_EQ(s.LimitText, "Maximum bet for proper odds payoff is: $6");
   s.LimitText.clear();
   g.HyperDrive = true;
-  s.BetChange = 11_usd;
-  AdjustForProperOdds(g, 1, PlaceId(6));
-  EXPECT_EQ(s.BetChange, 6_usd);
+  adjust(PlaceId(6), 11_usd, 10_usd);
   EXPECT_TRUE(s.LimitText.empty());
-}
-
-TEST_F(PayoffMath, ProperOddsUnitSwapsForLineBets) {
-  EXPECT_EQ(ProperOddsUnit(g, bet::kPassLine), g.PayoffTbl(0, bet::kCome));
-  g.Point = 6;
-  SetLineOddsPayoffs(g);
-  EXPECT_EQ(ProperOddsUnit(g, bet::kPassLineOdds), 5_usd);
-  EXPECT_EQ(ProperOddsUnit(g, bet::kDontPassOdds), 6_usd);
-  EXPECT_EQ(ProperOddsUnit(g, PlaceId(6)), 6_usd);
 }
 
 }  // namespace
