@@ -1,32 +1,17 @@
-// End-to-end tests of ravelton-cli run and bench.
+// End-to-end tests of ravelton-cli run and bench: the summary, seated
+// players with bets and rules, refusals and bad usage.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <array>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 
+#include "cli_util.h"
+
+using cli_test::Cli;
+using cli_test::Result;
+
 namespace {
-
-struct Result {
-  int exitCode = -1;
-  std::string out;
-};
-
-// Runs ravelton-cli with the arguments; stdout is captured, stderr dropped.
-Result Cli(const std::string& args) {
-  Result r;
-  FILE* pipe = popen((std::string(RAVELTON_CLI) + " " + args + " 2>/dev/null").c_str(), "r");
-  if (!pipe) return r;
-  std::array<char, 4096> buffer{};
-  for (std::size_t n; (n = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    r.out.append(buffer.data(), n);
-  const int status = pclose(pipe);
-  r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return r;
-}
 
 // The summary of a run without the time it took.
 nlohmann::json Json(const std::string& args) {
@@ -76,14 +61,6 @@ TEST(CliRun, TraceListsEveryRollBeforeTheSummary) {
   EXPECT_NE(r.out.find("Rolls: 5"), std::string::npos);
 }
 
-TEST(CliRun, BadUsageExitsWithOne) {
-  for (const char* args :
-       {"run --rng 9", "run --rng 0", "run --rolls 0", "run --require some", "run --auto-stop -1",
-        "run --seed 5000000000", "run --rolls x", "run --nope", "nosuchcommand"})
-    EXPECT_EQ(Cli(args).exitCode, 1) << args;
-  EXPECT_EQ(Cli("run --rolls 10").exitCode, 0);
-}
-
 TEST(CliBench, ChecksumIsPinned) {
   // The fixed seeded workload's tables. A change here means the roll's
   // behaviour changed: dice, tallies, state machine or hand bookkeeping.
@@ -91,6 +68,57 @@ TEST(CliBench, ChecksumIsPinned) {
   ASSERT_EQ(r.exitCode, 0);
   EXPECT_NE(r.out.find("rolls: 100000\n"), std::string::npos);
   EXPECT_NE(r.out.find("checksum: f9c0f536e36dd9b4\n"), std::string::npos) << r.out;
+}
+
+const std::string kTable =
+    "run --rolls 5000 --rng 3 --seed 99 --json --player Ann=500 --player Bob --player Cy=-20 "
+    "--allow-negative Cy --bet ann:pass\\ line=10 --bet Bob:6=30 --bet Bob:place\\ 8=12 "
+    "--bet Cy:49=5 --win-rule Ann:2 --lose-rule Ann:2 --win-rule Bob:2 --lose-rule Bob:2 "
+    "--win-rule Cy:2 --lose-rule Cy:2 --take-odds Ann";
+
+TEST(CliPlayers, EveryDollarOfABankrollIsAccountedForByItsBets) {
+  const nlohmann::json j = Json(kTable);
+  ASSERT_EQ(j["players"].size(), 3u);
+  const nlohmann::json& ann = j["players"][0];
+  EXPECT_TRUE(ann["name"] == "Ann" && ann["seat"] == 1 && ann["invested"] == 500.0) << ann;
+  EXPECT_TRUE(ann["bets"].contains("44")) << "the odds were taken";
+  EXPECT_TRUE(j["players"][1]["invested"] == 1000.0 && j["players"][2]["invested"] == -20.0);
+  for (const auto& p : j["players"]) {
+    double net = 0;
+    for (const auto& [id, b] : p["bets"].items()) {
+      EXPECT_GT(b["decisions"].get<long>(), 0) << id;
+      EXPECT_DOUBLE_EQ(b["net"].get<double>(), b["won"].get<double>() - b["lost"].get<double>());
+      net += b["net"].get<double>();
+    }
+    EXPECT_NEAR(p["bankroll"].get<double>() - p["invested"].get<double>(), net, 1e-9) << p["name"];
+  }
+}
+
+TEST(CliPlayers, ARefusedBetIsReportedAndTheRunGoesOn) {
+  const Result r = Cli("run --rolls 10 --player Ann --bet Ann:come=5 --bet Ann:Field=2000", true);
+  EXPECT_EQ(r.exitCode, 0);
+  EXPECT_NE(r.out.find("--bet Ann:come=5: 0 placed: Ann, You may not make a Come bet until a point "
+                       "is established."),
+            std::string::npos)
+      << r.out;
+  EXPECT_NE(r.out.find("--bet Ann:Field=2000: 1,000 placed"), std::string::npos) << r.out;
+}
+
+TEST(Cli, BadUsageExitsWithOne) {
+  std::string nine = "run --rolls 10";
+  for (char c = 'a'; c <= 'i'; ++c) nine += std::string(" --player P") + c;
+  for (const std::string& args :
+       {std::string("run --rng 9"), std::string("run --rng 0"), std::string("run --rolls 0"),
+        std::string("run --require some"), std::string("run --auto-stop -1"),
+        std::string("run --seed 5000000000"), std::string("run --rolls x"),
+        std::string("run --nope"), std::string("nosuchcommand"), nine})
+    EXPECT_EQ(Cli(args).exitCode, 1) << args;
+  for (const char* players :
+       {"--player Ann --player ANN", "--player Ann=lots", "--player Ann=10000000",
+        "--player Ann --bet Bob:field=5", "--player Ann --bet Ann:nowhere=5",
+        "--player Ann --win-rule Ann:8", "--player 'Bet Smith'"})
+    EXPECT_EQ(Cli(std::string("run --rolls 10 ") + players).exitCode, 1) << players;
+  EXPECT_EQ(Cli("run --rolls 10 --player Ann --take-odds Ann").exitCode, 0);
 }
 
 }  // namespace

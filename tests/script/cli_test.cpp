@@ -1,30 +1,15 @@
 // End-to-end tests of ravelton-cli check and dump: exit codes, the success
 // line, the failure report with its span, players by name, unreadable files.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <array>
-#include <cstdio>
 #include <string>
 
+#include "../cli/cli_util.h"
+
+using cli_test::Cli;
+using cli_test::Result;
+
 namespace {
-
-struct Result {
-  int exitCode = -1;
-  std::string out;
-};
-
-Result Cli(const std::string& args) {
-  Result r;
-  FILE* pipe = popen((std::string(RAVELTON_CLI) + " " + args + " 2>/dev/null").c_str(), "r");
-  if (!pipe) return r;
-  std::array<char, 4096> buffer{};
-  for (std::size_t n; (n = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    r.out.append(buffer.data(), n);
-  const int status = pclose(pipe);
-  r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return r;
-}
 
 const std::string kCases = std::string(RAVELTON_SOURCE_DIR) + "/tests/script/cases/";
 const std::string kExamples = std::string(RAVELTON_SOURCE_DIR) + "/examples/";

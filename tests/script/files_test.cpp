@@ -5,10 +5,8 @@
 #include "script/files.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -18,6 +16,7 @@
 #include <tuple>
 #include <vector>
 
+#include "../cli/cli_util.h"
 #include "engine/game.h"
 
 namespace fs = std::filesystem;
@@ -77,7 +76,6 @@ TEST_F(FilesTest, PlainTextRoundTripsWithCrLf) {
                 "\tbet 5 on \"pass line\"", "EndIf"};
   EXPECT_EQ(Script(), want);
   EXPECT_EQ(ss.ScriptFile[1], (dir / "a&&b.bet").string());
-  EXPECT_EQ(ss.EditorCaption, "Auto-Bet (a&&b.bet)");
   EXPECT_FALSE(ss.ScriptDirty[1]);
 
   // Save through the editor's copy: every line ends in CR LF, nothing else.
@@ -224,7 +222,6 @@ TEST_F(FilesTest, HotKeysAndTheEditorCopies) {
   EXPECT_TRUE(ss.ScriptFile[5].empty());
   EXPECT_EQ(Positions(5), std::tuple(1, 0, 0, 0, 1, 1));
   EXPECT_EQ(ss.EdLineCount, 1);  // the emptied editor shows one line
-  EXPECT_EQ(ss.EditorCaption, "Auto-Bet");
 }
 
 // Random files, plain and with a header, through the whole reader. Words of
@@ -270,16 +267,10 @@ TEST_F(FilesTest, TranslateCommandPrintsTheLoadedScript) {
       Write("cli.bet", Record(kHeaders[2], 0) + Record("bet 5 on pass line", 0) +
                            Record("x = 1", 1) + Record("y", 30));
   const std::string missing = (dir / "missing.bet").string();
-  for (const auto& [file, want, code] :
-       {std::tuple(path, std::string("bet 5 on PassLine\nx = 1\ny \n EndIf\n"), 0),
-        std::tuple(missing, missing + ": no such script file\n", 1)}) {
-    std::string out;
-    FILE* pipe = popen((std::string(RAVELTON_CLI) + " translate '" + file + "' 2>&1").c_str(), "r");
-    for (int c; pipe && (c = fgetc(pipe)) != EOF;) out += static_cast<char>(c);
-    const int status = pipe ? pclose(pipe) : -1;
-    EXPECT_EQ(out, want);
-    EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, code) << file;
-  }
+  cli_test::Result r = cli_test::Cli("translate '" + path + "'");
+  EXPECT_TRUE(r.exitCode == 0 && r.out == "bet 5 on PassLine\nx = 1\ny \n EndIf\n") << r.out;
+  r = cli_test::Cli("translate '" + missing + "'", true);
+  EXPECT_TRUE(r.exitCode == 1 && r.out == missing + ": no such script file\n") << r.out;
 }
 
 }  // namespace

@@ -1,0 +1,28 @@
+// Runs ravelton-cli for the end-to-end tests.
+#pragma once
+
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <string>
+
+namespace cli_test {
+
+struct Result {
+  int exitCode = -1;
+  std::string out;
+};
+
+// Captures stdout with stderr dropped, or with `stderrOnly` stderr alone.
+inline Result Cli(const std::string& args, bool stderrOnly = false) {
+  Result r;
+  const char* redirect = stderrOnly ? " 2>&1 >/dev/null" : " 2>/dev/null";
+  FILE* pipe = popen((std::string(RAVELTON_CLI) + " " + args + redirect).c_str(), "r");
+  if (!pipe) return r;
+  for (int c; (c = fgetc(pipe)) != EOF;) r.out += static_cast<char>(c);
+  const int status = pclose(pipe);
+  r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return r;
+}
+
+}  // namespace cli_test
