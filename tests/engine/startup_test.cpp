@@ -21,16 +21,6 @@ TEST_F(StartedGame, FoldersClockMeasureAndTheHouse) {
   EXPECT_EQ(g.Die1 + g.Die2, g.DiceTotal);
 }
 
-TEST_F(StartedGame, DefaultsOfChecksWorkingStatesAndStackSpots) {
-  const std::int64_t checks[5] = {1, 5, 25, 100, 500};
-  for (int i = 1; i <= 5; ++i) EXPECT_EQ(g.CheckValue(i), Currency::FromWhole(checks[i - 1]));
-  for (int p = 0; p <= 8; ++p) {
-    for (int b = 1; b <= 85; ++b) ASSERT_EQ(g.BetWorking(p, b), DefaultWorking(b)) << p << ' ' << b;
-    for (int spot = 1; spot <= 4; ++spot) EXPECT_EQ(g.betting.CheckStackSlot(p, spot), 100 + spot);
-  }
-  EXPECT_GT(g.PayoffTbl(3, bet::kPassLine), Currency());  // the default payoffs are in
-}
-
 TEST_F(StartedGame, AMissingGeneratorFallsBackAndTheGameStillRolls) {
   g.dice.MissingDllMask = 3;
   g.dice.RngIndex = 0;

@@ -88,6 +88,17 @@ class TableFixture : public ::testing::Test {
   // What player p won (+) or lost (-) since being seated.
   Currency Won(int p) const { return g.Bet(p, 0) - kStake; }
 
+  // The text of the last notice shown, and an answer queued for the next prompt.
+  std::string LastText() const {
+    return platform.messages.empty() ? std::string() : platform.messages.back().text;
+  }
+  void Reply(int answer, const std::string& text = "") {
+    MessageReply r;
+    r.answer = answer;
+    r.input1 = text;
+    platform.queuedReplies.push_back(r);
+  }
+
   HeadlessPlatform platform;
 
  private:

@@ -4,8 +4,6 @@
 
 #include <vector>
 
-#include "engine/currency.h"
-
 TEST(Tables, RowsAreContiguousAndBoundsAreInclusive) {
   Table3<int, 0, 44, 2, 12, 1, 3> t;
   EXPECT_EQ(t.kSize, 45u * 11u * 3u);
@@ -33,13 +31,4 @@ TEST(Tables, FileOrderWalksTheFirstSubscriptFastest) {
   seen.clear();
   ForEachCellFirstFastest(u, [&](int v) { seen.push_back(v); });
   EXPECT_EQ(seen, (std::vector<int>{100, 200, 110, 210, 101, 201, 111, 211}));
-}
-
-TEST(Currency, SumsAreExactInTenThousandths) {
-  Currency a = Currency::FromRaw(1);  // 0.0001
-  Currency sum;
-  for (int i = 0; i < 10000; ++i) sum += a;
-  EXPECT_EQ(sum, 1_usd);
-  EXPECT_EQ((5_usd - 7_usd).raw, -20000);
-  EXPECT_LT(-1_usd, Currency{});
 }
