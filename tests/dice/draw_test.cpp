@@ -40,17 +40,27 @@ double ChiSquare(const std::array<long, N>& counts, long total) {
 // 300,000 rolls per generator: each die's faces (5 degrees of freedom) and
 // the 36 ordered pairs (35) must look uniform. The bounds are far out in the
 // tails (p below 1e-6), so a fixed seed passes for good, while a biased face,
-// a lost face or dice tied to each other fail by orders of magnitude.
+// a lost face or dice tied to each other fail by orders of magnitude. The
+// first 50,000 rolls also draw a probability number, which must reach both
+// ends of its range.
 TEST_F(DiceFixture, EveryGeneratorGivesUniformDiceInRange) {
   constexpr long kRolls = 300'000;
   for (Long index = 0; index < kRngCount; ++index) {
     Select(index, 240611);
     std::array<long, 6> die1{}, die2{};
     std::array<long, 36> pairs{};
+    const Long top = (index >= 3 && index <= 6) ? 100001 : 100000;
+    Long lowest = top, highest = 1;
     for (long i = 0; i < kRolls; ++i) {
       game->RollTally(18, 0) = static_cast<Long>(i);
       const auto [d1, d2] = Roll();
       ASSERT_TRUE(d1 >= 1 && d1 <= 6 && d2 >= 1 && d2 <= 6) << index << ": " << d1 << d2;
+      if (i < 50000) {
+        const Long k = DrawProbabilityNumber(*game);
+        ASSERT_TRUE(k >= 1 && k <= top) << index << ": " << k;
+        lowest = std::min(lowest, k);
+        highest = std::max(highest, k);
+      }
       ++die1[d1 - 1];
       ++die2[d2 - 1];
       ++pairs[(d1 - 1) * 6 + d2 - 1];
@@ -58,6 +68,7 @@ TEST_F(DiceFixture, EveryGeneratorGivesUniformDiceInRange) {
     EXPECT_TRUE(ChiSquare(die1, kRolls) < 40 && ChiSquare(die2, kRolls) < 40 &&
                 ChiSquare(pairs, kRolls) < 100)
         << "RNG #" << index + 1;
+    EXPECT_TRUE(lowest < 100 && highest > 99900) << index;
   }
 }
 
@@ -135,22 +146,6 @@ TEST_F(DiceFixture, DrawOfExactlyOneMakesASix) {
   Select(4, 3);
   game->dice.ran1.r.fill(1.0f);
   EXPECT_EQ(DrawProbabilityNumber(*game), 100001);
-}
-
-TEST_F(DiceFixture, ProbabilityNumbersCoverTheirRange) {
-  for (Long index = 0; index < kRngCount; ++index) {
-    Select(index, 555);
-    const Long top = (index >= 3 && index <= 6) ? 100001 : 100000;
-    Long lowest = top, highest = 1;
-    for (Long i = 0; i < 50000; ++i) {
-      game->RollTally(18, 0) = i;
-      const Long k = DrawProbabilityNumber(*game);
-      ASSERT_TRUE(k >= 1 && k <= top) << index << ": " << k;
-      lowest = std::min(lowest, k);
-      highest = std::max(highest, k);
-    }
-    EXPECT_TRUE(lowest < 100 && highest > 99900) << index;
-  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
-// Variable references in canonical form, group expansion, assignment
-// targets, and the type check of every statement with its messages.
+// Variable references in canonical form and group expansion. The type
+// check of statements, each message with its span, is checked by scripts
+// under cases/.
 #include <gtest/gtest.h>
 
 #include "script_test_util.h"
@@ -29,12 +30,6 @@ struct ExpressionTest : ::testing::Test {
     for (const auto& e : game->scriptCode.CompiledScript) n += e.Kind == kind;
     return n;
   }
-  // Each text fails with its message; each of `good` compiles.
-  void ExpectMessages(const std::vector<Case>& cases, std::initializer_list<const char*> good) {
-    for (const auto& c : cases) EXPECT_EQ(Compile(*game, c.text, 3).msg, c.want) << c.text;
-    for (const char* ok : good)
-      EXPECT_TRUE(Compile(*game, ok, 3).ok) << ok << ": " << game->msg.MsgText;
-  }
 };
 
 // Phrases in any order give one canonical run; a reference that could mean
@@ -57,7 +52,6 @@ TEST_F(ExpressionTest, ReferencesResolveToOneCanonicalRunOrAreAmbiguous) {
        "error: Ambiguous variable references\r\"# of rolls since\" applies to current session "
        "only\r"},
       {"# of points 7", amb.c_str()},
-      {"point player2", amb.c_str()},
       // Wins "on" a bet: "on" is an equal sign, so the class stands alone.
       {"wins on place6", amb.c_str()},
       {"place6 player1 player2", "error: Ambiguous player references\r"},
@@ -86,74 +80,6 @@ TEST_F(ExpressionTest, GroupsExpandToTheirMembers) {
   EXPECT_EQ(CountKind(kVariableTarget), 5);
   EXPECT_EQ(CountKind(kFunction), 5);
   EXPECT_FALSE(Compile(*game, "clear inside place bets last hand", 3).ok);
-}
-
-TEST_F(ExpressionTest, OnlyWritableThingsBecomeTargets) {
-  ExpectMessages(
-      {
-          {"sqr(4) = 5", "\"Sqr\" is a read-only function and cannot be assigned a value."},
-          {"swap cs1, cs2, cs3", "The swap command only works with two variables at a time."},
-          {"bet 5 on place6 last hand",
-           "Unable to set the value of a bet that is not in the current hand or session."},
-          {"bet 5 on place6 wins", "Only able to set the 'wager' value of a bet."},
-          {"bet 5 on place6 total $", "Only able to set the current $ value of a bet."},
-          // A string alone between two marks is a label, even after If.
-          {"if \"a\" then\nendif",
-           "Improper placement of label.\rLabels cannot appear with condition lines."},
-      },
-      {"autotake full odds = -1", "seed = 5", "rolls per hr = 100", "csn4 = \"x\"",
-       "bet 5 on place(6)", "swap cs1, cs2", "cs(3) = 1", "add 5 to cs1",
-       "bet 10 on passline : bet 10 on passlineodds"});
-}
-
-TEST_F(ExpressionTest, StatementsAndFunctionsMustReduceToTheirForm) {
-  ExpectMessages(
-      {
-          {"if then\nendif", "Missing expression between IF and THEN.\r"},
-          {"if (5) (6) then\nendif", "Unable to resolve expression.\r"},
-          {"if \"a\" & \"b\" then\nendif", "Result not true or false.\r"},
-          {"show message 1, 2", "Unable to resolve elements.\r"},
-          {"show message", "Missing argument.\r"},
-          {"play sound 5", "Improper argument.\r"},
-          {"swap cs1", "Missing or improper arguments.\r"},
-          {":\"a\":\ngoto \"a\" 6",
-           "Unable to resolve elements.\rGoTo command should be followed by name of a label\r"},
-          {"bet 5 on 6", "Improper assignment or expression.\r"},
-          {"cs1 = 5 + * 3", "Improper use of math operators.\r"},
-          {"cs1 = \"a\" + 1", "Math error. Use of non-mathematical terms.\r"},
-          {"cs1 + 1 = 5", "Cannot do math with a variable that's being assigned.\r"},
-          {"cs1 = & 5", "Unable to concatenate elements.\r"},
-          {"if 5 = \"a\" then\nendif", "Relational error. Terms not comparable.\r"},
-          {"if = 5 then\nendif", "Improper use of comparison operator.\r"},
-          {"if not \"a\" then\nendif", "Improper argument for NOT operation.\r"},
-          {"if and 5 = 5 then\nendif", "Missing expression before logical \"AND\"\r"},
-          {"if 5 = 5 xor \"a\" then\nendif",
-           "Missing or inappropriate expression after logical \"XOR\"\r"},
-          {"cs1 = len(5)", "Inappropriate expression in \"Len\" function.\r"},
-          {"cs1 = input(1, 2)", "Inappropriate expression in Input function.\r"},
-          {"cs1 = sum(\"a\")", "Improper expression in \"Sum\" function.\r"},
-      },
-      {"cs1 = instr(1, \"abc\", \"b\") + len(\"x\") + sqr(4)",
-       "csn1 = mid$(\"abc\", 1, 2) & left$(5, 1) & str$(3)",
-       "cs1 = highest(> 5, place bets) + count(bets) + avg(1, 2, 3)",
-       "csn1 = input$(\"name?\") & input()"});
-}
-
-TEST_F(ExpressionTest, ListsInConditions) {
-  ExpectMessages(
-      {
-          {"if any(4, 5) = \"a\" then\nendif", "Improper comparison with item in list.\r"},
-          {"if any(\"a\", 5) then\nendif", "Missing list comparison.\r"},
-          {"if any(4 (5)) = 5 then\nendif", "Missing separation character (, or ;) in list.\r"},
-          {"if any(> \"a\", 4) = 5 then\nendif", "List item not comparable with qualifier.\r"},
-          {"if any(4, >) = 5 then\nendif", "Improper or missing comparison element in list.\r"},
-          {"if any(4 > 5) = 5 then\nendif", "Improper placement of comparison operator in list.\r"},
-          {"if any(4, player(2)) = 5 then\nendif", "Inappropriate element in list.\r"},
-          {"if any(4) = player(2) then\nendif", "Improper or missing list comparison.\r"},
-      },
-      {"if any(4,5,6,8,9,10) = point then\nendif", "if point = any(4, 5) then\nendif",
-       "if all(place bets) > 0 and not any(< 5, come bets) then\nendif",
-       "if all(passline, field) then\nendif", "if any(\"a\", \"b\") = csn1 then\nendif"});
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // The tokenizer: line tidying, the phrase table's precedence, strings and
-// comments, player names, reserved words and word errors; statement marks
-// are pinned by the case dumps.
+// comments, player names and reserved words; statement marks and the
+// messages for unknown words are pinned by the case scripts.
 #include "script/tokenizer.h"
 
 #include <gtest/gtest.h>
@@ -107,18 +107,6 @@ TEST(ReservedWords, NamesThatHoldAWordOrSymbolAreRefused) {
   name = "Lucky";
   TokenizeScript(*game, 1, {}, line, col, name);
   EXPECT_EQ(name, "Lucky");
-}
-
-TEST_F(TokenizerTest, UnknownWordsNameTheWord) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"cs1 = playername",
-       "Unknown player\r\rPlease enter actual name of player or refer to "
-       "player's position such as player1, player2, etc."},
-      {"cs1 = place6 wins session",
-       "Please specify:\r\rcurrent session, last session, or all sessions."},
-      {"cs1 = place6 wins hand", "Please specify:\r\rcurrent hand, last hand, or all hands."},
-  };
-  for (const auto& [text, message] : cases) EXPECT_EQ(Compile(*game, text).msg, message);
 }
 
 // The signature filter must never skip a row that a plain search would apply.

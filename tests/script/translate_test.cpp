@@ -49,7 +49,6 @@ TEST(TranslateTable, OldWordsBecomeNewOnes) {
       {"invoke \"show steps\" ", "Show steps "},
       // A list is closed before " on ", " to " or " from ", if there is one.
       {"bet highest of 5, 10 on place 6 ", "bet Highest(5, 10) on Place6 "},
-      {"x lowest of a, b to c ", "x Lowest(a, b) to c "},
       {"x average of a, b from c ", "x Average(a, b) from c "},
       {"x average of a, b ", "x Average(a, b "},
       // " ref #" and " ref " close their CheckStack, each match on its own;
