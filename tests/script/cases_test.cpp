@@ -57,7 +57,7 @@ TEST(ScriptCases, OutputMatchesTheExpectedFiles) {
       ++checked;
     }
   }
-  EXPECT_GE(checked, 85);
+  EXPECT_GE(checked, 93);
 }
 
 TEST(ScriptCases, EveryExampleCompiles) {

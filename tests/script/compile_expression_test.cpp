@@ -1,6 +1,6 @@
-// Variable references in canonical form and group expansion. The type
-// check of statements, each message with its span, is checked by scripts
-// under cases/.
+// Variable references in canonical form and group expansion. Ambiguous
+// references and the type check of statements, each message with its span,
+// are checked by scripts under cases/.
 #include <gtest/gtest.h>
 
 #include "script_test_util.h"
@@ -32,10 +32,9 @@ struct ExpressionTest : ::testing::Test {
   }
 };
 
-// Phrases in any order give one canonical run; a reference that could mean
-// two things is refused with the reason.
-TEST_F(ExpressionTest, ReferencesResolveToOneCanonicalRunOrAreAmbiguous) {
-  const std::string amb = "error: Ambiguous variable references\r";
+// Phrases in any order give one canonical run. References that could mean
+// two things are case scripts with their reasons.
+TEST_F(ExpressionTest, ReferencesResolveToOneCanonicalRun) {
   const Case cases[] = {
       {"wagers Place6 current session current $", "Var:33 Player:3 Frame:3 Class:1 Field:33"},
       {"Place6 wagers bettor", "Var:33 Player:13 Frame:3 Class:1 Field:33"},
@@ -47,22 +46,6 @@ TEST_F(ExpressionTest, ReferencesResolveToOneCanonicalRunOrAreAmbiguous) {
       {"bankroll player2", "Var:654 Player:2"},
       {"comps", "Var:1100 Player:3 Frame:3"},
       {"cs7 & csn2", "Var:107 Player:3 Concat:0 Var:802 Player:3"},
-      {"cs7 + csn2", "error: Math error. Use of non-mathematical terms.\r"},
-      {"# of rolls since 7 last session",
-       "error: Ambiguous variable references\r\"# of rolls since\" applies to current session "
-       "only\r"},
-      {"# of points 7", amb.c_str()},
-      // Wins "on" a bet: "on" is an equal sign, so the class stands alone.
-      {"wins on place6", amb.c_str()},
-      {"place6 player1 player2", "error: Ambiguous player references\r"},
-      {"place6 current hand last hand", "error: Ambiguous hand references\r"},
-      {"place6 total",
-       "error: Ambiguous variable references.\rPlease designate either total # or total $.\r"},
-      {"place6 wins current $",
-       "error: Ambiguous variable references\rCurrent # and current $ only apply to wagers.\r"},
-      {"place6 last hand called off",
-       "error: Ambiguous variable references.\r'Called off' only applies to current hand or "
-       "session.\r"},
   };
   for (const auto& c : cases) EXPECT_EQ(Value(c.text), c.want) << c.text;
 }

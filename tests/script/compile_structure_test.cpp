@@ -20,10 +20,14 @@ TEST_F(StructureTest, IndentFollowsTheNesting) {
   EXPECT_TRUE(game->scriptCode.SlotCompiled[2]);
   auto lines = script_test::Lines(text);
   IndentScriptLines(lines, game->scriptCode.LineIndent);
-  const std::pair<int, const char*> want[] = {{1, "if point = 4 then"}, {2, "   cs1 = 1"},
-                                              {4, "      cs2 = 2"},     {5, "   loop"},
-                                              {6, "else"},              {7, "   cs1 = 0"},
-                                              {8, "endif"},             {9, "cs3 = 3"}};
+  const std::pair<int, const char*> want[] = {{1, "if point = 4 then"},
+                                              {2, "   cs1 = 1"},
+                                              {4, "      cs2 = 2"},
+                                              {5, "   loop"},
+                                              {6, "else"},
+                                              {7, "   cs1 = 0"},
+                                              {8, "endif"},
+                                              {9, "cs3 = 3"}};
   for (const auto& [l, text] : want) EXPECT_EQ(lines[l], text) << l;
 }
 

@@ -73,7 +73,7 @@ TEST_F(FilesTest, PlainTextRoundTripsWithCrLf) {
   ss.EditorOpen = true;
   ASSERT_TRUE(OpenAutoBets(*game, 1, path));
   const Lines want = {"' a comment: bet 5 on pass line", "", "  If x = 1 Then",
-                "\tbet 5 on \"pass line\"", "EndIf"};
+                      "\tbet 5 on \"pass line\"", "EndIf"};
   EXPECT_EQ(Script(), want);
   EXPECT_EQ(ss.ScriptFile[1], (dir / "a&&b.bet").string());
   EXPECT_FALSE(ss.ScriptDirty[1]);
