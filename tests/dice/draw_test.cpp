@@ -91,9 +91,10 @@ TEST_F(DiceFixture, AlternatingGeneratorsFollowSessionRollCount) {
       DrawDice(g);
       ASSERT_EQ(std::make_pair(g.Die1, g.Die2), std::make_pair(alone->Die1, alone->Die2))
           << c.mixed << " " << count;
-      if (count == 0)
+      if (count == 0) {
         EXPECT_EQ((c.twister == 0 ? g.dice.mt19937 : g.dice.mtSecond).mti, twisterBefore.mti)
             << "even roll touched the twister";
+      }
     }
   }
 }

@@ -94,7 +94,9 @@ TEST_F(SeedFixture, LimitsRefuseAndKeepLastSeed) {
     game->dice.RngIndex = c.index;
     EXPECT_EQ(SeedRngWith(*game, c.seed), c.ok) << c.seed;
     EXPECT_EQ(game->dice.LastSeed, c.last) << c.seed;
-    if (c.index == 0) EXPECT_EQ(game->dice.Rng3State, c.last) << c.seed;
+    if (c.index == 0) {
+      EXPECT_EQ(game->dice.Rng3State, c.last) << c.seed;
+    }
   }
 }
 

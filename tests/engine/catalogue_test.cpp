@@ -34,7 +34,9 @@ TEST(Catalogue, NamesOfSinglesAndPseudoBetsAndGaps) {
   for (int id = 1; id <= 85; ++id) EXPECT_FALSE(BetName(id).empty()) << id;
   for (int id : {-1, 0, 100, 105, 200}) EXPECT_TRUE(BetName(id).empty()) << id;
   for (int id = 86; id <= 100; ++id)
-    if (id != 93) EXPECT_TRUE(BetName(id).empty()) << id;
+    if (id != 93) {
+      EXPECT_TRUE(BetName(id).empty()) << id;
+    }
 }
 
 TEST(Catalogue, HopsTakeEitherDieOrderAndLeaveOutTheSingleNumbers) {

@@ -290,8 +290,9 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
     ASSERT_EQ(g.Bet(1, b), before + g.betting.BetChange);
     ASSERT_LE(g.TotalBets(1), g.Bet(1, 0));
     FigureBetMaximum(g, 1, b);
-    if (g.Bet(1, b) > g.betting.BetMaximum && !IsComePoint(b) && b != kPassLine)
+    if (g.Bet(1, b) > g.betting.BetMaximum && !IsComePoint(b) && b != kPassLine) {
       ASSERT_LT(g.betting.BetChange, 1_usd) << "a bet above its maximum never grows";
+    }
   }
   EXPECT_GT(g.TotalBets(1), 0_usd);
 }

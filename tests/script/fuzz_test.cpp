@@ -23,16 +23,17 @@ void ExpectLinksSound(const ScriptCode& code) {
   };
   for (std::size_t i = 0; i < s.size(); ++i) {
     const auto k = s[i].Kind, to = kindAt(s[i].Value);
-    if (k == kThen)
+    if (k == kThen) {
       EXPECT_TRUE(to == kElse || to == kElseIf || to == kEndIf);
-    else if (k == kElse || k == kElseIf)
+    } else if (k == kElse || k == kElseIf) {
       EXPECT_EQ(to, kEndIf);
-    else if (k == kDo || k == kExitDo)
+    } else if (k == kDo || k == kExitDo) {
       EXPECT_EQ(to, kLoop);
-    else if (k == kLoop)
+    } else if (k == kLoop) {
       EXPECT_EQ(to, kDo);
-    else if (k == kGoTo || k == kGoSub)
+    } else if (k == kGoTo || k == kGoSub) {
       EXPECT_TRUE(i + 1 < s.size() && kindAt(s[i + 1].Value) == kLabel);
+    }
   }
 }
 
