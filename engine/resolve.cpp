@@ -158,6 +158,9 @@ void LosersPass(Game& g) {
 
   static constexpr int kHopOrder[kHopCount] = {67, 71, 68, 72, 69, 73, 76, 70, 74,
                                                77, 75, 78, 80, 79, 81, 82, 83};
+  // Hop ids 67..83 are bits 3..19 of the second word of the on-table set.
+  constexpr std::uint64_t kHopBits = ((std::uint64_t{1} << kHopCount) - 1) << (bet::kHopFirst - 64);
+  if ((g.autoplay.BetsOnTable[1] & kHopBits) == 0) return;
   const int hit = HopId(g.Die1, g.Die2);
   for (int b : kHopOrder)
     if (b != hit) AllSeats(g, kLoses, b);
