@@ -15,20 +15,7 @@
 #include "engine/headless_platform.h"
 #include "engine/roll.h"
 #include "engine/startup.h"
-
-namespace {
-std::atomic<long> gAllocations{0};
-}
-
-// Every allocation of the process is counted; a roll must make none.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-void* operator new(std::size_t n) {
-  gAllocations.fetch_add(1, std::memory_order_relaxed);
-  if (void* p = std::malloc(n ? n : 1)) return p;
-  throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
+#include "tests/support/count_allocations.h"
 
 namespace {
 

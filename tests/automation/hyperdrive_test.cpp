@@ -8,19 +8,7 @@
 
 #include "dice/rng.h"
 #include "tests/engine/roll_fixture.h"
-
-namespace {
-std::atomic<long> gAllocations{0};
-}
-
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-void* operator new(std::size_t n) {
-  gAllocations.fetch_add(1, std::memory_order_relaxed);
-  if (void* p = std::malloc(n ? n : 1)) return p;
-  throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
+#include "tests/support/count_allocations.h"
 
 namespace {
 
