@@ -37,21 +37,29 @@
 class Platform;
 
 // Small named bounds of the tables.
-constexpr int kPlayerSlots = 9;       // 0 House, 1..8 table positions
-constexpr int kLastRealBet = 85;      // ids 1..85 are real bets
-constexpr int kLastBetId = 200;       // Bet has ids 0..200 (CheckStacks 100..199)
-constexpr int kFrames = 5;            // current/last hand, current/last/all sessions
-constexpr int kLastFrameIndex = 44;   // slot + 9 * t
-constexpr int kLastEvent = 90;        // roll event categories 1..90
-constexpr int kLongGap = 200;         // GapTally's last (sum of long gaps) column
-constexpr int kGraphColumns = 525;    // columns of one page of the bankroll graph
-constexpr std::int64_t kBankrollLimit = 9'999'999;   // either sign
+constexpr int kPlayerSlots = 9;                     // 0 House, 1..8 table positions
+constexpr int kLastRealBet = 85;                    // ids 1..85 are real bets
+constexpr int kLastBetId = 200;                     // Bet has ids 0..200 (CheckStacks 100..199)
+constexpr int kFrames = 5;                          // current/last hand, current/last/all sessions
+constexpr int kLastFrameIndex = 44;                 // slot + 9 * t
+constexpr int kLastEvent = 90;                      // roll event categories 1..90
+constexpr int kLongGap = 200;                       // GapTally's last (sum of long gaps) column
+constexpr int kGraphColumns = 525;                  // columns of one page of the bankroll graph
+constexpr std::int64_t kBankrollLimit = 9'999'999;  // either sign
 constexpr std::int32_t kSessionRollLimit = 100'000'000;
 
 // Frame index of slot p in frame t.
 constexpr int FrameIndex(int p, int t) { return p + 9 * t; }
 
 using Long = std::int32_t;
+
+// Every bet id's statistics row, for each slot: the safe starting state of
+// the hand-end row sets.
+constexpr std::array<std::array<std::uint64_t, 2>, kPlayerSlots> AllStatRows() {
+  std::array<std::array<std::uint64_t, 2>, kPlayerSlots> all{};
+  for (auto& set : all) set = {~std::uint64_t{0}, ~std::uint64_t{0}};
+  return all;
+}
 
 struct Game {
   Platform* platform = nullptr;
@@ -94,6 +102,14 @@ struct Game {
   Table3<Currency, 0, 44, 0, 100, 0, 6> StatAction;
   Table3<Currency, 0, 44, 0, 100, 0, 6> StatWins;
   Table3<Currency, 0, 44, 0, 100, 0, 6> StatLosses;
+  // Per slot, the bet ids (bit id of word id / 64) whose current-hand and
+  // last-hand rows of StatAction, StatWins and StatLosses may be non-zero:
+  // always a superset, so that a hand's end moves only those rows. The
+  // decision tally adds to the first; anything else that fills those frames
+  // (a loaded game) must set every bit, which is also the starting state.
+  using StatRowSet = std::array<std::uint64_t, 2>;
+  std::array<StatRowSet, kPlayerSlots> StatRowsThisHand = AllStatRows();
+  std::array<StatRowSet, kPlayerSlots> StatRowsLastHand = AllStatRows();
   Table2<Currency, 0, 44, 0, 5> ComeTravelTotal;
   Table2<Long, 0, 44, 0, 90> RollTally;
   Table3<Long, 0, 44, 2, 12, 1, 3> TotalsTally;

@@ -1,6 +1,8 @@
 #include "engine/hand.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 
 #include "engine/catalogue.h"
 #include "engine/game.h"
@@ -41,10 +43,22 @@ void CloseHand(Game& g) {
     // The House never bets, so its money tallies are zero in both frames;
     // skipping them keeps a hand's end cheap in a run without players.
     if (p > 0) {
-      // Their depth 0 holds nothing, so whole rows move.
-      MoveToLastHand(g.StatAction, p, 1, kLastRealBet);
-      MoveToLastHand(g.StatWins, p, 1, kLastRealBet);
-      MoveToLastHand(g.StatLosses, p, 1, kLastRealBet);
+      // Only the rows that may hold figures in either frame move; a row
+      // that is zero in both would move zeros onto zeros.
+      auto& thisHand = g.StatRowsThisHand[static_cast<std::size_t>(p)];
+      auto& lastHand = g.StatRowsLastHand[static_cast<std::size_t>(p)];
+      for (int w = 0; w < 2; ++w) {
+        for (std::uint64_t rows = thisHand[w] | lastHand[w]; rows != 0; rows &= rows - 1) {
+          const int b = 64 * w + std::countr_zero(rows);
+          if (b < 1 || b > kLastRealBet) continue;
+          // Depth 0 of these rows holds nothing, so whole rows move.
+          MoveToLastHand(g.StatAction, p, b, b);
+          MoveToLastHand(g.StatWins, p, b, b);
+          MoveToLastHand(g.StatLosses, p, b, b);
+        }
+      }
+      lastHand = thisHand;
+      thisHand = {0, 0};
       MoveToLastHand(g.ComeTravelTotal, p);
     }
     MoveToLastHand(g.TotalsTally, p, 2, 12);

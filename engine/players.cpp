@@ -140,6 +140,10 @@ void SwapSeats(Game& g, int a, int b) {
   SwapFrames(g.StatAction, a, b);
   SwapFrames(g.StatWins, a, b);
   SwapFrames(g.StatLosses, a, b);
+  std::swap(g.StatRowsThisHand[static_cast<std::size_t>(a)],
+            g.StatRowsThisHand[static_cast<std::size_t>(b)]);
+  std::swap(g.StatRowsLastHand[static_cast<std::size_t>(a)],
+            g.StatRowsLastHand[static_cast<std::size_t>(b)]);
   SwapFrames(g.ComeTravelTotal, a, b);
   SwapFrames(g.RollTally, a, b);
   SwapFrames(g.TotalsTally, a, b);

@@ -25,6 +25,7 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   if (IsLay(b) && g.rules.LayVigUpFront) amount += g.LayVig(p, b - bet::kLayFirst);
   if (IsBuy(b) && g.rules.BuyVigUpFront) amount += g.BuyVig(p, b - bet::kBuyFirst);
   const Currency rollNumber = Currency::FromWhole(g.RollTally(18, 0));
+  g.StatRowsThisHand[static_cast<std::size_t>(p)][b >> 6] |= std::uint64_t{1} << (b & 63);
   for (int t : {0, 2, 4}) {
     const int i = FrameIndex(p, t);
     CountDecision(g.StatAction, i, b, amount, rollNumber);

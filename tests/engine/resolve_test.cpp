@@ -278,3 +278,27 @@ TEST_F(Resolve, DecisionsFollowThePassesAndTheStickOrder) {
 }
 
 }  // namespace
+
+namespace {
+
+// A hand's end moves each decided row to the last-hand frame and clears the
+// rows of the hand before, including rows with no decision this hand.
+TEST_F(Resolve, HandEndMovesDecidedRowsAndClearsOlderOnes) {
+  Put(1, kField, 5);
+  Put(1, kPassLine, 10);
+  Decide(3, 4, 6);  // seven-out: both lose
+  const int now = FrameIndex(1, 0), last = FrameIndex(1, 1);
+  EXPECT_EQ(g.StatAction(last, kField, 1), 1_usd);
+  EXPECT_EQ(g.StatLosses(last, kPassLine, 2), 10_usd);
+  EXPECT_EQ(g.StatAction(now, kField, 1), 0_usd);
+
+  g.TotalBets(1) -= g.Bet(1, kField);  // the Field comes down before the next hand
+  g.Bet(1, kField) = Currency{};
+  Decide(4, 3, 8);  // another seven-out: only the Pass Line is decided
+  EXPECT_EQ(g.StatAction(last, kField, 1), 0_usd);
+  EXPECT_EQ(g.StatAction(last, kField, 2), 0_usd);
+  EXPECT_EQ(g.StatAction(last, kPassLine, 1), 1_usd);
+  EXPECT_EQ(g.StatAction(FrameIndex(1, 2), kField, 1), 1_usd);  // the session keeps it
+}
+
+}  // namespace
