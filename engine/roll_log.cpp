@@ -73,19 +73,32 @@ void LogScriptSwitches(Game& g) {
   }
 }
 
-void LogAtmMoves(Game& g) {
+// The "Bankroll:" section: one line per player whose bankroll differs from
+// its copy in `before`, e.g. name & " increased to $" & amount & " ($" &
+// difference & " gain)".
+struct BankrollWords {
+  std::string_view increased, decreased, rose, fell;
+};
+void LogBankrollChanges(Game& g, const Table2<Currency, 0, 8, 0, 200>& before,
+                        const BankrollWords& w) {
   Section s{g, "    Bankroll:"};
   for (int p = 1; p <= 8; ++p) {
-    const Currency now = g.Bet(p, 0), before = g.BetAfterRoll(p, 0);
-    if (now == before) continue;
+    const Currency now = g.Bet(p, 0), was = before(p, 0);
+    if (now == was) continue;
     std::string& l = s.Begin(p);
-    l += now > before ? "'s bankroll increased to $" : "'s bankroll decreased to $";
+    l += now > was ? w.increased : w.decreased;
     AppendPlainAmount(l, now);
     l += " ($";
-    AppendPlainAmount(l, Abs(now - before));
-    l += now > before ? " ATM withdrawal)" : " ATM deposit)";
+    AppendPlainAmount(l, Abs(now - was));
+    l += now > was ? w.rose : w.fell;
     s.End();
   }
+}
+
+void LogAtmMoves(Game& g) {
+  LogBankrollChanges(g, g.BetAfterRoll,
+                     {"'s bankroll increased to $", "'s bankroll decreased to $",
+                      " ATM withdrawal)", " ATM deposit)"});
 }
 
 void LogBetChange(Game& g, Section& s, int p, int b) {
@@ -213,20 +226,8 @@ void LogRollLine(Game& g, DiceSource source) {
 }
 
 void LogRollResults(Game& g) {
-  if (g.roll.LogBankroll) {
-    Section s{g, "    Bankroll:"};
-    for (int p = 1; p <= 8; ++p) {
-      const Currency now = g.Bet(p, 0), before = g.BetAtRoll(p, 0);
-      if (now == before) continue;
-      std::string& l = s.Begin(p);
-      l += now > before ? " increased to $" : " decreased to $";
-      AppendPlainAmount(l, now);
-      l += " ($";
-      AppendPlainAmount(l, Abs(now - before));
-      l += now > before ? " gain)" : " loss)";
-      s.End();
-    }
-  }
+  if (g.roll.LogBankroll)
+    LogBankrollChanges(g, g.BetAtRoll, {" increased to $", " decreased to $", " gain)", " loss)"});
   if (g.roll.LogNewHand && g.DiceTotal == 7 && g.PointAtRoll > 0) {
     const std::string& shooter = g.PlayerName[static_cast<std::size_t>(g.Shooter)];
     if (g.Shooter != g.PrevHandShooter)
