@@ -12,6 +12,7 @@
 #include <string>
 
 #include "automation/hyperdrive.h"
+#include "bench/hyperdrive_stretches.h"
 #include "dice/rng.h"
 #include "engine/catalogue.h"
 #include "engine/game.h"
@@ -19,12 +20,8 @@
 #include "engine/place.h"
 #include "engine/players.h"
 #include "engine/startup.h"
-#include "tests/support/count_allocations.h"
 
 namespace {
-
-constexpr int kRollsPerRun = 10'000;
-constexpr Currency kBankroll = 5'000'000_usd;
 
 struct BenchTable {
   HeadlessPlatform platform;
@@ -39,7 +36,7 @@ struct BenchTable {
     g.dice.RngIndex = 0;
     SeedRngWith(g, 20261122);
     for (int p = 1; p <= players; ++p) {
-      SeatPlayer(g, p, "Player" + std::to_string(p), kBankroll);
+      SeatPlayer(g, p, "Player" + std::to_string(p), kBenchBankroll);
       g.autoplay.HandleWinningBets(p) = kWinSameBet;
       g.autoplay.HandleLosingBets(p) = kLoseSameBet;
       g.autoplay.AutoTakeFullOdds(p) = true;
@@ -51,27 +48,6 @@ struct BenchTable {
     PlaceBet(*game, p, b);
   }
 };
-
-// Runs Hyper-Drive in stretches of kRollsPerRun rolls, timing only the runs.
-void RunStretches(benchmark::State& state, Game& g) {
-  g.hyper.RunRollLimit = kRollsPerRun;
-  long allocations = 0;
-  double seconds = 0;
-  for (auto _ : state) {
-    if (g.RollTally(18, 0) > kSessionRollLimit - 2 * kRollsPerRun) g.RollTally(18, 0) = 0;
-    for (int p = 1; p <= 8; ++p)  // keep the bankrolls far from the table limits
-      if (!g.PlayerName[p].empty()) g.Bet(p, 0) = kBankroll + g.TotalBets(p);
-    const long before = gAllocations.load();
-    const auto start = std::chrono::steady_clock::now();
-    RunHyperDrive(g);
-    seconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    allocations += gAllocations.load() - before;
-  }
-  const double rolls = static_cast<double>(state.iterations()) * kRollsPerRun;
-  state.SetItemsProcessed(static_cast<std::int64_t>(rolls));
-  state.counters["ns_per_roll"] = seconds * 1e9 / rolls;
-  state.counters["allocs_per_roll"] = static_cast<double>(allocations) / rolls;
-}
 
 void BM_PassLineFullOdds(benchmark::State& state) {
   BenchTable t(1);

@@ -10,16 +10,14 @@
 #include <new>
 
 #include "automation/hyperdrive.h"
+#include "bench/hyperdrive_stretches.h"
 #include "dice/rng.h"
 #include "engine/game.h"
 #include "engine/headless_platform.h"
 #include "engine/roll.h"
 #include "engine/startup.h"
-#include "tests/support/count_allocations.h"
 
 namespace {
-
-constexpr int kRollsPerRun = 10'000;
 
 struct BenchGame {
   HeadlessPlatform platform;
@@ -37,21 +35,7 @@ struct BenchGame {
 void BM_HyperDriveRolls(benchmark::State& state) {
   BenchGame b;
   Game& g = *b.game;
-  g.hyper.RunRollLimit = kRollsPerRun;
-  long allocations = 0;
-  double seconds = 0;
-  for (auto _ : state) {
-    if (g.RollTally(18, 0) > kSessionRollLimit - 2 * kRollsPerRun) g.RollTally(18, 0) = 0;
-    const long before = gAllocations.load();
-    const auto start = std::chrono::steady_clock::now();
-    RunHyperDrive(g);
-    seconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    allocations += gAllocations.load() - before;
-  }
-  const double rolls = static_cast<double>(state.iterations()) * kRollsPerRun;
-  state.SetItemsProcessed(static_cast<std::int64_t>(rolls));
-  state.counters["ns_per_roll"] = seconds * 1e9 / rolls;
-  state.counters["allocs_per_roll"] = static_cast<double>(allocations) / rolls;
+  RunStretches(state, g);
 }
 BENCHMARK(BM_HyperDriveRolls)->Unit(benchmark::kMillisecond);
 
