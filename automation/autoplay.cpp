@@ -1,9 +1,9 @@
 #include "automation/autoplay.h"
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "engine/place.h"
-#include "engine/platform.h"
+#include "core/platform.h"
 
 void AutoPlayPointActions(Game& g) {
   AutoPlayState& a = g.autoplay;

@@ -2,10 +2,10 @@
 #include <string>
 
 #include "automation/autoplay.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "engine/place.h"
-#include "engine/platform.h"
+#include "core/platform.h"
 #include "engine/resolve.h"
 #include "engine/settle_text.h"
 

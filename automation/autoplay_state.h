@@ -18,9 +18,9 @@
 
 #include <cstdint>
 
-#include "engine/currency.h"
-#include "engine/settle_dialog.h"
-#include "engine/tables.h"
+#include "core/currency.h"
+#include "core/settle_dialog.h"
+#include "core/tables.h"
 
 // Rules for a bet that won (HandleWinningBets).
 enum WinRule : std::int32_t {

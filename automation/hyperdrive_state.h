@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <string>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

@@ -11,15 +11,15 @@
 #include <new>
 #include <string>
 
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "bench/hyperdrive_stretches.h"
 #include "dice/rng.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 #include "engine/place.h"
 #include "engine/players.h"
-#include "engine/startup.h"
+#include "cycle/startup.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_script.h"
 
 namespace {

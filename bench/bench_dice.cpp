@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "dice/rng.h"
-#include "engine/headless_platform.h"
+#include "core/headless_platform.h"
 
 namespace {
 

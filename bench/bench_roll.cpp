@@ -9,13 +9,14 @@
 #include <memory>
 #include <new>
 
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "bench/hyperdrive_stretches.h"
 #include "dice/rng.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
-#include "engine/roll.h"
-#include "engine/startup.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "cycle/roll.h"
+#include "engine/roll_steps.h"
+#include "cycle/startup.h"
 
 namespace {
 

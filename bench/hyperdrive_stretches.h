@@ -10,8 +10,8 @@
 #include <chrono>
 #include <cstdint>
 
-#include "automation/hyperdrive.h"
-#include "engine/game.h"
+#include "cycle/hyperdrive.h"
+#include "core/game.h"
 #include "tests/support/count_allocations.h"
 
 constexpr int kRollsPerRun = 10'000;

@@ -1,31 +1,19 @@
-# ravelton_library(folder): a static library rv_<folder> from every .cpp in
-# the folder. A folder with no sources yet gets no library. All libraries
-# share the project root as include path, so headers are named by folder:
-# #include "engine/game.h".
-set(RAVELTON_LIBRARIES "" CACHE INTERNAL "")
-
+# ravelton_library(folder DEPENDS lower...): a static library rv_<folder>
+# from every .cpp in the folder, linked to the libraries named below it (see
+# Layers.cmake for the order). All libraries share the project root as
+# include path, so headers are named by folder: #include "core/game.h".
 function(ravelton_library folder)
+  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
-  if(NOT sources)
-    return()
-  endif()
   add_library(rv_${folder} STATIC ${sources})
   target_include_directories(rv_${folder} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(rv_${folder} PUBLIC fmt::fmt)
-  set(RAVELTON_LIBRARIES ${RAVELTON_LIBRARIES} rv_${folder} CACHE INTERNAL "")
-endfunction()
-
-# ravelton_link_all(): every engine library linked to every other, then one
-# interface target, ravelton_core, for the programs and tests to link.
-function(ravelton_link_all)
-  foreach(lib IN LISTS RAVELTON_LIBRARIES)
-    foreach(other IN LISTS RAVELTON_LIBRARIES)
-      if(NOT lib STREQUAL other)
-        target_link_libraries(${lib} PUBLIC ${other})
-      endif()
-    endforeach()
+  foreach(dep IN LISTS ARG_DEPENDS)
+    list(FIND RAVELTON_LAYERS ${folder} own_rank)
+    list(FIND RAVELTON_LAYERS ${dep} dep_rank)
+    if(dep_rank EQUAL -1 OR NOT dep_rank LESS own_rank)
+      message(FATAL_ERROR "rv_${folder} may link only libraries below it, not rv_${dep}")
+    endif()
+    target_link_libraries(rv_${folder} PUBLIC rv_${dep})
   endforeach()
-  add_library(ravelton_core INTERFACE)
-  target_link_libraries(ravelton_core INTERFACE ${RAVELTON_LIBRARIES})
-  set_target_properties(${RAVELTON_LIBRARIES} PROPERTIES LINK_INTERFACE_MULTIPLICITY 3)
 endfunction()

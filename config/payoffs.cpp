@@ -1,11 +1,11 @@
 #include "config/payoffs.h"
 
-#include "config/message_dialog.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
-#include "engine/payoff_math.h"
-#include "engine/platform.h"
+#include "core/message_dialog.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "core/payoff_math.h"
+#include "core/platform.h"
 
 const std::string_view kFieldRowLabel[kFieldRows + 1] = {"",
                                                          "2    (1.1)",

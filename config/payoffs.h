@@ -17,7 +17,7 @@
 #include <string_view>
 
 #include "config/settings.h"
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

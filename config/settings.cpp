@@ -1,12 +1,12 @@
 #include "config/settings.h"
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 #include "config/payoffs.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
-#include "engine/payoff_math.h"
-#include "engine/platform.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "core/payoff_math.h"
+#include "core/platform.h"
 
 const std::string_view kOddsMethodCaption[kOddsMethodCount] = {
     "Auto select",          "X Flat - No Push",     "X Flat w/ Minor Push",

@@ -21,7 +21,7 @@
 //   which every seeding sets).
 #pragma once
 
-#include "engine/game.h"
+#include "core/game.h"
 
 // Forces RngIndex off a generator whose library MissingDllMask marks as
 // missing: 0, 5, 7 go to 3 without the first Mersenne Twister, 1 and 6 go to

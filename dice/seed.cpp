@@ -6,7 +6,7 @@
 
 #include "dice/generators.h"
 #include "dice/rng.h"
-#include "engine/platform.h"
+#include "core/platform.h"
 
 namespace {
 

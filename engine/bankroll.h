@@ -15,7 +15,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

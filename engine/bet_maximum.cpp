@@ -2,10 +2,10 @@
 // odds method, and the payoff bounds of Lay bets and the propositions.
 #include <algorithm>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
-#include "engine/payoff_math.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "core/payoff_math.h"
 #include "engine/place.h"
 
 namespace {

@@ -13,8 +13,8 @@
 #include <cstdint>
 #include <string>
 
-#include "engine/currency.h"
-#include "engine/tables.h"
+#include "core/currency.h"
+#include "core/tables.h"
 
 // How a player's bankroll is set at a new session (StartBankrollMode).
 enum StartBankrollKind : std::int32_t {

@@ -4,8 +4,8 @@
 #include <bit>
 #include <cstdint>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "engine/players.h"
 #include "engine/resolve.h"
 

@@ -1,6 +1,6 @@
 // MoveBet: a Come or Don't Come bet travels from its box to its number.
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "engine/place.h"
 #include "engine/resolve.h"
 #include "engine/settle_text.h"

@@ -2,9 +2,9 @@
 #include <cassert>
 
 #include "config/payoffs.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "engine/resolve.h"
 
 namespace {

@@ -3,14 +3,14 @@
 // bet, calling bets on and off, and a typed amount.
 #include <string>
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 #include "config/settings.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "engine/place.h"
 #include "engine/place_internal.h"
-#include "engine/platform.h"
+#include "core/platform.h"
 #include "engine/settle_text.h"
 
 namespace {

@@ -18,28 +18,15 @@
 #include <string>
 #include <string_view>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 
 // The rail name of seat p: "4-left" for seat 1 ... "4-right" for seat 8.
 std::string RailPositionName(int p);
-// Why a name can't be used at seat ownSeat ("" when it can): the same name in
-// another seat (case ignored), or a word of the betting language.
-std::string PlayerNameProblem(const Game& game, std::string_view name, int ownSeat);
-
-// Asks for a name and a buy-in and seats the player at an open seat; false
-// when the user cancels or the seat is taken.
-bool AddPlayer(Game& game, int position);
 // Seats a named player with a buy-in, without dialogs. The name must have
-// passed PlayerNameProblem; the bankroll lies within +-9,999,999.
+// passed PlayerNameProblem (cycle/player_names.h); the bankroll lies within +-9,999,999.
 void SeatPlayer(Game& game, int position, std::string_view name, Currency bankroll);
-// Asks for a new name for the player at seat p (mnuPlayerRename). When the
-// name changed beyond its case, asks whether the sessions log file should
-// change too; *chooseLogFile tells the window to offer its file chooser.
-bool RenamePlayer(Game& game, int p, bool* chooseLogFile = nullptr);
-// Renames seat p without dialogs; returns the problem text, "" when done.
-std::string RenamePlayerTo(Game& game, int p, std::string_view name);
 // Swaps the whole content of seats a and b; the dice follow or pass.
 void MovePlayer(Game& game, int from, int to);
 // What the player at seat p leaves behind when cashing out: contract bets
@@ -53,8 +40,11 @@ void PassDice(Game& game, bool interactive);
 void PromptAddPlayer(Game& game);
 // mnuPlayerMove: the next rail click moves CurPlayer there.
 void StartMovePlayer(Game& game);
-// A click on rail position `position`: a pending move, a new player at an
-// open seat, else the seat becomes CurPlayer.
-void ClickOnRail(Game& game, int position);
-// Clears seat p's money, bets, CheckStacks and working states.
+// Clears seat p's money, bets, CheckStacks, Auto-Play rules and working states.
 void ResetPlayer(Game& game, int p);
+// True when seat p (1..8) has a player.
+bool Seated(const Game& game, int p);
+// The seat taking the name that another seat has (case ignored), or 0.
+int SeatNamed(const Game& game, std::string_view name, int exceptSeat = 0);
+// A line of the events log, written only when the log is on.
+void LogPlayerLine(Game& game, std::string_view line);

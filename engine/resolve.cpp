@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "engine/hand.h"
-#include "engine/money.h"
+#include "core/money.h"
 #include "engine/settle.h"
 #include "engine/settle_text.h"
 

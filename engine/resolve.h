@@ -15,7 +15,7 @@
 // - Nothing here allocates or builds text unless the events log asks for it.
 #pragma once
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

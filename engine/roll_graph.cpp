@@ -1,9 +1,9 @@
 // The bankroll graph's history, kept by the roll: one column per roll for
 // each player, a page of 525 columns, and the previous page in columns
 // 526..1050. A full page either starts a new page or scrolls by one column.
-#include "engine/game.h"
-#include "engine/platform.h"
-#include "engine/roll.h"
+#include "core/game.h"
+#include "core/platform.h"
+#include "engine/roll_steps.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

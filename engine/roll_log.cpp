@@ -3,8 +3,9 @@
 // of it runs only under LogOn; the text goes to RollState::LogText.
 #include <cstdlib>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/platform.h"
 #include "engine/roll_internal.h"
 
 void LogLine(Game& g, std::string_view line) {
@@ -237,4 +238,19 @@ void LogRollResults(Game& g) {
     else
       LogLine(g, "----Same shooter (" + shooter + ") coming out----------");
   }
+}
+
+void PlayStickCall(Game& g, int n) {
+  if (g.HyperDrive || g.rules.StickCallSet <= 0 || g.rules.SoundMuted) return;
+  const std::string& path = g.roll.StickCallFile[static_cast<std::size_t>(n)];
+  if (path.empty()) return;
+  g.platform->PlaySound("", 0);
+  g.platform->PlaySound(path, 2);
+}
+
+void PlayComeOutCall(Game& g) {
+  if (g.Point != 0) return;
+  if (g.rules.BetRequirement != kNoBetRequired && g.PlayerCount == 0) return;
+  if (g.RollTally(0, 0) == 0) PlayStickCall(g, 18);
+  PlayStickCall(g, 17);
 }

@@ -15,7 +15,7 @@
 #include <cstdint>
 #include <string>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct RollState {
   // Folders, each with a trailing separator; AppPath is lower case.

@@ -2,12 +2,12 @@
 
 #include <string>
 
-#include "config/message_dialog.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/message_dialog.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "engine/place.h"
-#include "engine/platform.h"
+#include "core/platform.h"
 #include "engine/settle_text.h"
 
 namespace {

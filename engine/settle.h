@@ -16,8 +16,8 @@
 // BetComesDown as ResolveBet left them.
 #pragma once
 
-#include "engine/currency.h"
-#include "engine/settle_dialog.h"
+#include "core/currency.h"
+#include "core/settle_dialog.h"
 
 struct Game;
 

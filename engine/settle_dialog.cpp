@@ -2,10 +2,10 @@
 // of the button pressed.
 #include <string>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
-#include "engine/platform.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "core/platform.h"
 #include "engine/settle.h"
 #include "engine/settle_text.h"
 

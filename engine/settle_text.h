@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 // An amount as a plain number: "7", "7.5", "-0.25", "1234.5678".
 std::string PlainAmount(Currency a);

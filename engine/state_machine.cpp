@@ -2,8 +2,8 @@
 // the totals tally and the records of a hand.
 #include <string_view>
 
-#include "engine/game.h"
-#include "engine/roll.h"
+#include "core/game.h"
+#include "engine/roll_steps.h"
 #include "engine/roll_internal.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The dice tallies of a roll: hands, rolls, the 90 event categories and
 // the gaps between their showings.
-#include "engine/game.h"
-#include "engine/roll.h"
+#include "core/game.h"
+#include "engine/roll_steps.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // TallyBetResult: the decision statistics of the live frames.
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "engine/resolve.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "script/compile_brackets.h"
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_common.h"
 
 namespace {
@@ -85,7 +85,7 @@ bool CheckDuplicates(Game& game) {
   const auto& pool = code.StringPool;
   std::vector<std::pair<std::string, std::size_t>> labels;  // (name, pool index)
   for (std::size_t k = 1; k < pool.size(); ++k)
-    if (pool[k].Value > 0) labels.emplace_back(LowerCase(TrimBlanks(pool[k].Text)), k);
+    if (pool[k].Value > 0) labels.emplace_back(LowerCase(Trim(pool[k].Text)), k);
   for (std::size_t a = 0; a + 1 < labels.size(); ++a) {
     for (std::size_t b = a + 1; b < labels.size(); ++b) {
       if (labels[a].first != labels[b].first) continue;

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "engine/game.h"
+#include "core/game.h"
 
 std::string FormatGeneral(double value) {
   if (value == 0) return "0";
@@ -44,13 +44,6 @@ std::optional<double> ParseNumberWord(std::string_view w) {
   return v;
 }
 
-std::string LowerCase(std::string_view text) {
-  std::string out(text);
-  for (char& c : out)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return out;
-}
-
 std::string Quote(std::string_view text) {
   std::string out;
   out.reserve(text.size() + 2);
@@ -58,13 +51,6 @@ std::string Quote(std::string_view text) {
   out.append(text);
   out += '"';
   return out;
-}
-
-std::string_view TrimBlanks(std::string_view text) {
-  const auto a = text.find_first_not_of(' ');
-  if (a == std::string_view::npos) return {};
-  const auto b = text.find_last_not_of(' ');
-  return text.substr(a, b - a + 1);
 }
 
 void SetCompileMessage(Game& game, std::string text) {

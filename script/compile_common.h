@@ -6,6 +6,8 @@
 // at the first failure. Nothing here throws.
 #pragma once
 
+#include "core/text.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,14 +29,10 @@ std::string FormatGeneral(double value);
 // The value of a word that reads entirely as a number, else nothing.
 std::optional<double> ParseNumberWord(std::string_view word);
 
-// Lower-cases ASCII letters.
-std::string LowerCase(std::string_view text);
 
 // The text between double quotes, as messages name things.
 std::string Quote(std::string_view text);
 
-// Trims blanks at both ends.
-std::string_view TrimBlanks(std::string_view text);
 
 // Sets the failure message of a compile (MsgHelpId 0, MsgStyle 1).
 void SetCompileMessage(Game& game, std::string text);

@@ -3,7 +3,7 @@
 #include <array>
 #include <vector>
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_common.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "script/compile_logic.h"
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_common.h"
 
 namespace {
@@ -32,10 +32,10 @@ bool LinkJump(Game& game, std::size_t i, bool inCondition) {
       s[i - 1].Kind != kHead)
     return FailAt(game, i, "GOTO or GOSUB here should be preceded with a colon :");
   const std::string name = ReferenceText(code, ref);
-  const std::string wanted = LowerCase(TrimBlanks(name));
+  const std::string wanted = LowerCase(Trim(name));
   for (std::size_t k = 1; k < code.StringPool.size(); ++k) {
     const PoolString& entry = code.StringPool[k];
-    if (entry.Value > 0 && LowerCase(TrimBlanks(entry.Text)) == wanted) {
+    if (entry.Value > 0 && LowerCase(Trim(entry.Text)) == wanted) {
       ref.Value = entry.Value;
       return true;
     }
@@ -179,7 +179,7 @@ bool CompileLogic(Game& game, int lineCount) {
 void IndentScriptLines(std::vector<std::string>& lines, const std::vector<std::int32_t>& indent) {
   for (std::size_t l = 1; l < lines.size() && l < indent.size(); ++l) {
     if (indent[l] < 0) continue;
-    std::string text(TrimBlanks(lines[l]));
+    std::string text(Trim(lines[l]));
     int level = indent[l];
     const std::string lower = LowerCase(text) + " ";
     for (const char* word : {"then ", "if ", "endif ", "else ", "elseif ", "do ", "loop "})

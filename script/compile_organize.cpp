@@ -3,7 +3,7 @@
 #include <cmath>
 #include <optional>
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_brackets.h"
 #include "script/compile_common.h"
 

@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_brackets.h"
 #include "script/compile_check.h"
 #include "script/compile_common.h"

@@ -1,6 +1,6 @@
 #include "script/compile_targets.h"
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_common.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <new>
 
-#include "engine/game.h"
+#include "core/game.h"
 
 namespace {
 

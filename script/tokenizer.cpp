@@ -3,7 +3,7 @@
 #include <cctype>
 #include <cstring>
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_common.h"
 #include "script/vocabulary.h"
 

@@ -6,15 +6,6 @@
 
 namespace {
 
-char LowerChar(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
-
-std::string TrimBlanks(std::string_view s) {
-  std::size_t a = s.find_first_not_of(' ');
-  if (a == std::string_view::npos) return {};
-  std::size_t b = s.find_last_not_of(' ');
-  return std::string(s.substr(a, b - a + 1));
-}
-
 // The row's side effect; `end` is the end of the inserted text and comes back
 // moved by whatever the effect inserted before it. Returns true if the line
 // changed.
@@ -66,23 +57,12 @@ void ReplaceRow(std::string& line, std::string& lower, const Replacement& row,
     line.replace(m, row.key.size(), row.value);
     lower.replace(m, row.key.size(), lowValue);
     std::size_t end = m + row.value.size();
-    if (ApplyEffect(line, lower, row.effect, end)) lower = LowerAscii(line);
+    if (ApplyEffect(line, lower, row.effect, end)) lower = LowerCase(line);
     pos = end;
   }
 }
 
 }  // namespace
-
-std::string LowerAscii(std::string_view s) {
-  std::string out(s);
-  for (char& c : out) c = LowerChar(c);
-  return out;
-}
-
-void RightTrim(std::string& s) {
-  std::size_t n = s.find_last_not_of(' ');
-  s.resize(n == std::string::npos ? 0 : n + 1);
-}
 
 std::size_t FindNoCase(std::string_view s, std::string_view key, std::size_t from) {
   if (key.size() > s.size()) return std::string_view::npos;
@@ -104,8 +84,8 @@ void QuoteStep(std::string& line) {
 
 void ApplyReplacement(std::string& line, const Replacement& row) {
   QuoteStep(line);
-  std::string lower = LowerAscii(line);
-  ReplaceRow(line, lower, row, LowerAscii(row.value));
+  std::string lower = LowerCase(line);
+  ReplaceRow(line, lower, row, LowerCase(row.value));
 }
 
 void ApplyReplacementTable(std::string& line) {
@@ -115,10 +95,10 @@ void ApplyReplacementTable(std::string& line) {
   // The rows' new texts in lower case, for the shadow, made once.
   static const std::vector<std::string> lowValues = [] {
     std::vector<std::string> v;
-    for (const Replacement& row : ReplacementTable()) v.push_back(LowerAscii(row.value));
+    for (const Replacement& row : ReplacementTable()) v.push_back(LowerCase(row.value));
     return v;
   }();
-  std::string lower = LowerAscii(line);
+  std::string lower = LowerCase(line);
   const auto rows = ReplacementTable();
   for (std::size_t i = 0; i < rows.size(); ++i) ReplaceRow(line, lower, rows[i], lowValues[i]);
 }
@@ -131,7 +111,7 @@ std::vector<std::string> TranslateRecords(std::span<const LegacyRecord> records)
     if (rec.startsWithNul) continue;
     const int kind = rec.kind;
     std::string text = rec.text;
-    RightTrim(text);
+    TrimRight(text);
     if (prev == 20 && kind != 20) {
       if (!lines.empty()) {
         std::string& last = lines.back();
@@ -146,7 +126,7 @@ std::vector<std::string> TranslateRecords(std::span<const LegacyRecord> records)
 
     std::string line;
     if (kind == 90) {
-      line = " :\"" + TrimBlanks(text) + "\":";
+      line = " :\"" + std::string(Trim(text)) + "\":";
       QuoteStep(line);
     } else if (kind == 99) {
       line = std::move(text);
@@ -155,7 +135,7 @@ std::vector<std::string> TranslateRecords(std::span<const LegacyRecord> records)
       line += ' ';
       ApplyReplacementTable(line);
     }
-    RightTrim(line);
+    TrimRight(line);
     if (kind == 20) line += " and";
     if (kind == 30) line += " :";
     lines.push_back(std::move(line));

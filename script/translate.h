@@ -15,6 +15,8 @@
 //   out of bounds.
 #pragma once
 
+#include "core/text.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -59,8 +61,5 @@ void TranslatePasses(std::vector<std::string>& lines);
 std::vector<std::string> TranslateLegacyScript(std::span<const LegacyRecord> records);
 
 // Text helpers shared by the translation files.
-std::string LowerAscii(std::string_view s);
-// Removes trailing blanks.
-void RightTrim(std::string& s);
 // Position of `key` (lower case) in `s`, ignoring ASCII case, from `from`.
 std::size_t FindNoCase(std::string_view s, std::string_view key, std::size_t from = 0);

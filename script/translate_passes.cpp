@@ -36,10 +36,10 @@ std::string Trimmed(std::string_view s) {
 }
 
 void DropTrailingColon(std::string& line) {
-  RightTrim(line);
+  TrimRight(line);
   if (!line.empty() && line.back() == ':') {
     line.pop_back();
-    RightTrim(line);
+    TrimRight(line);
   }
 }
 
@@ -57,7 +57,7 @@ void DiceTotalPass(std::string& line, std::string_view mark, std::string_view op
   std::string spaces(ind, ' ');
   std::string subject = line.substr(ind, m - ind);
   std::string rest = line.substr(m + mark.size());
-  std::string head = LowerAscii(std::string_view(line).substr(ind, 4));
+  std::string head = LowerCase(std::string_view(line).substr(ind, 4));
   std::string out;
   if (head == "die1" || head == "die2") {
     std::string face = ind + 9 < line.size() ? line.substr(ind + 9, 1) : std::string();
@@ -100,7 +100,7 @@ void RollMarkPass(std::string& line, std::string_view mark, std::string_view com
 
 void OutputToFilePass(std::string& line) {
   if (!StartsWithWord(line, "output to file")) return;
-  RightTrim(line);
+  TrimRight(line);
   if (EndsWithNoCase(line, "new line") || EndsWithNoCase(line, "new line :")) return;
   if (!line.empty() && line.back() == ':') {
     DropTrailingColon(line);
@@ -120,7 +120,7 @@ void RoundPass(std::string& line) {
   if (at == std::string::npos) return;
   std::string operand = Trimmed(std::string_view(line).substr(from, at - from));
   std::string phrase = line.substr(at);
-  RightTrim(phrase);
+  TrimRight(phrase);
   bool colon = !phrase.empty() && phrase.back() == ':';
   if (colon) DropTrailingColon(phrase);
   line = std::string(ind, ' ') + "Round " + phrase + " on " + operand;
@@ -177,11 +177,11 @@ void MergePass(std::vector<std::string>& lines, std::string_view name) {
     std::size_t ca = cur.find(')', a + name.size());
     std::size_t cb = earlier.find(')', b + name.size());
     if (ca == std::string::npos || cb == std::string::npos) continue;
-    if (LowerAscii(Trimmed(std::string_view(cur).substr(ca + 1))) !=
-        LowerAscii(Trimmed(std::string_view(earlier).substr(cb + 1))))
+    if (LowerCase(Trimmed(std::string_view(cur).substr(ca + 1))) !=
+        LowerCase(Trimmed(std::string_view(earlier).substr(cb + 1))))
       continue;
-    if (LowerAscii(Trimmed(std::string_view(cur).substr(0, 3))) !=
-        LowerAscii(Trimmed(std::string_view(earlier).substr(0, 3))))
+    if (LowerCase(Trimmed(std::string_view(cur).substr(0, 3))) !=
+        LowerCase(Trimmed(std::string_view(earlier).substr(0, 3))))
       continue;
     std::string args = cur.substr(a + name.size(), ca - a - name.size());
     earlier.insert(cb, "," + args);
@@ -191,7 +191,7 @@ void MergePass(std::vector<std::string>& lines, std::string_view name) {
 
 void ColonBeforeEndIfPass(std::vector<std::string>& lines) {
   for (std::size_t i = 1; i < lines.size(); ++i) {
-    std::string t = LowerAscii(Trimmed(lines[i]));
+    std::string t = LowerCase(Trimmed(lines[i]));
     if (t.rfind("endif", 0) != 0 && t.rfind("else", 0) != 0) continue;
     std::string& before = lines[i - 1];
     std::size_t last = before.find_last_not_of(' ');

@@ -9,12 +9,12 @@
 #include <memory>
 
 #include "app/cli/commands.h"
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "dice/rng.h"
-#include "engine/checksum.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
-#include "engine/startup.h"
+#include "core/checksum.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
 
 namespace {
 

@@ -7,22 +7,18 @@
 #include <iostream>
 #include <optional>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/text.h"
+#include "core/money.h"
 #include "engine/place.h"
+#include "cycle/player_names.h"
 #include "engine/players.h"
 
 namespace {
 
 constexpr Currency kDefaultBankroll = Currency::FromWhole(1000);
 constexpr Currency kBankLimit = Currency::FromWhole(kBankrollLimit);
-
-std::string Lower(std::string_view s) {
-  std::string out(s);
-  for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return out;
-}
 
 // A notice's text on one line: CR pieces joined by blanks.
 std::string OneLine(std::string text) {
@@ -57,9 +53,9 @@ std::optional<Currency> Amount(std::string_view text) {
 }
 
 int SeatOf(const Game& game, std::string_view name) {
-  const std::string lower = Lower(name);
+  const std::string lower = LowerCase(name);
   for (int p = 1; p <= 8; ++p)
-    if (!game.PlayerName[p].empty() && Lower(game.PlayerName[p]) == lower) return p;
+    if (!game.PlayerName[p].empty() && LowerCase(game.PlayerName[p]) == lower) return p;
   return 0;
 }
 
@@ -72,9 +68,9 @@ int BetOf(std::string_view text) {
     const int id = std::stoi(std::string(text));
     return IsRealBet(id) || IsCheckStack(id) ? id : 0;
   }
-  const std::string lower = Lower(text);
+  const std::string lower = LowerCase(text);
   for (int b = 1; b <= kLastRealBet; ++b)
-    if (Lower(BetName(b)) == lower) return b;
+    if (LowerCase(BetName(b)) == lower) return b;
   return 0;
 }
 

@@ -13,11 +13,11 @@
 
 #include "app/cli/commands.h"
 #include "app/cli/player_options.h"
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "dice/rng.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
-#include "engine/startup.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
 
 namespace {
 

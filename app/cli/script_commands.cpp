@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "app/cli/commands.h"
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_script.h"
 #include "script/files.h"
 #include "script/script_dump.h"

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/cli/commands.h"
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/files.h"
 
 void AddTranslateCommand(CLI::App& app) {

@@ -1,4 +1,4 @@
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 
 #include <gtest/gtest.h>
 

@@ -4,9 +4,9 @@
 
 #include <memory>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 
 namespace {
 

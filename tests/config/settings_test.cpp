@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "config/payoffs.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 
 namespace {
 

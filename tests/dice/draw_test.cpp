@@ -7,7 +7,7 @@
 
 #include "dice/generators.h"
 #include "dice/rng.h"
-#include "engine/headless_platform.h"
+#include "core/headless_platform.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 #include "engine/place.h"
 #include "table_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "engine/catalogue.h"
+#include "core/catalogue.h"
 
 #include <gtest/gtest.h>
 

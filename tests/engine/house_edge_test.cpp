@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "dice/rng.h"
-#include "engine/money.h"
+#include "core/money.h"
 #include "engine/place.h"
 #include "table_fixture.h"
 

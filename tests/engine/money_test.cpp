@@ -1,4 +1,4 @@
-#include "engine/money.h"
+#include "core/money.h"
 
 #include <gtest/gtest.h>
 

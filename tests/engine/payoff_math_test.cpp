@@ -1,4 +1,4 @@
-#include "engine/payoff_math.h"
+#include "core/payoff_math.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 
 #include "config/payoffs.h"
 #include "config/settings.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
 
 namespace {
 

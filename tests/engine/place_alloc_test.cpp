@@ -6,10 +6,11 @@
 #include <cstdlib>
 #include <new>
 
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "dice/rng.h"
-#include "engine/catalogue.h"
+#include "core/catalogue.h"
 #include "engine/place.h"
+#include "cycle/player_names.h"
 #include "engine/players.h"
 #include "tests/engine/roll_fixture.h"
 #include "tests/support/count_allocations.h"

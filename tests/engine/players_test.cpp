@@ -1,11 +1,12 @@
 // Players at the rail: the name checks, joining through the dialogs, moving
 // seats with the dice, cashing out with abandoned bets, and the pass of the
 // dice with its notices.
+#include "cycle/player_names.h"
 #include "engine/players.h"
 
 #include <string>
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 #include "engine/place.h"
 #include "table_fixture.h"
 

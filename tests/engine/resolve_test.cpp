@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "config/payoffs.h"
-#include "engine/money.h"
+#include "core/money.h"
 #include "engine/settle.h"
 #include "table_fixture.h"
 

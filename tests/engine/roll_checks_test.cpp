@@ -2,7 +2,7 @@
 // with their exact texts, and the events-log lines of a roll.
 #include <gtest/gtest.h>
 
-#include "engine/catalogue.h"
+#include "core/catalogue.h"
 #include "tests/engine/roll_fixture.h"
 
 namespace {

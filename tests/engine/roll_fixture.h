@@ -8,10 +8,11 @@
 #include <memory>
 #include <string>
 
-#include "engine/game.h"
-#include "engine/headless_platform.h"
-#include "engine/roll.h"
-#include "engine/startup.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "cycle/roll.h"
+#include "engine/roll_steps.h"
+#include "cycle/startup.h"
 
 class RollFixture : public ::testing::Test {
  protected:

@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "engine/money.h"
+#include "core/money.h"
 #include "tests/engine/roll_fixture.h"
 
 namespace {

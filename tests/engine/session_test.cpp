@@ -1,8 +1,8 @@
-#include "engine/session.h"
+#include "cycle/session.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/catalogue.h"
+#include "core/catalogue.h"
 #include "tests/engine/roll_fixture.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "engine/startup.h"
+#include "cycle/startup.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/catalogue.h"
+#include "core/catalogue.h"
 #include "tests/engine/roll_fixture.h"
 
 namespace {

@@ -12,14 +12,15 @@
 #include <string>
 
 #include "config/payoffs.h"
-#include "engine/catalogue.h"
-#include "engine/currency.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
-#include "engine/payoff_math.h"
+#include "core/catalogue.h"
+#include "core/currency.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "core/payoff_math.h"
 #include "engine/resolve.h"
-#include "engine/roll.h"
-#include "engine/startup.h"
+#include "cycle/roll.h"
+#include "engine/roll_steps.h"
+#include "cycle/startup.h"
 
 class TableFixture : public ::testing::Test {
  protected:

@@ -1,4 +1,4 @@
-#include "engine/tables.h"
+#include "core/tables.h"
 
 #include <gtest/gtest.h>
 

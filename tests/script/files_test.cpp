@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "../cli/cli_util.h"
-#include "engine/game.h"
+#include "core/game.h"
 
 namespace fs = std::filesystem;
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "script/compile_common.h"
 #include "script/compile_script.h"
 #include "script/vocabulary.h"
@@ -55,7 +55,7 @@ inline std::string BodyText(const Game& game) {
 inline std::vector<std::string> VocabularyWords() {
   std::vector<std::string> words;
   for (const auto& row : StaticVocabulary()) {
-    std::string k(TrimBlanks(row.Key));
+    std::string k(Trim(row.Key));
     if (!k.empty() && !row.keyHasCode) words.push_back(k);
   }
   return words;

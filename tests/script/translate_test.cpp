@@ -72,7 +72,7 @@ TEST(TranslateTable, OldWordsBecomeNewOnes) {
 TEST(TranslateTable, RandomLinesKeepTheirQuotedText) {
   std::vector<std::string_view> keys;
   for (const Replacement& r : ReplacementTable()) {
-    EXPECT_EQ(LowerAscii(r.key), r.key) << "a key with capitals never matches";
+    EXPECT_EQ(LowerCase(r.key), r.key) << "a key with capitals never matches";
     if (r.effect == ReplaceEffect::kNone && r.key.find('"') == std::string_view::npos)
       keys.push_back(r.key);
   }

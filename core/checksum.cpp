@@ -1,8 +1,8 @@
-#include "engine/checksum.h"
+#include "core/checksum.h"
 
 #include <type_traits>
 
-#include "engine/game.h"
+#include "core/game.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "engine/session.h"
+#include "cycle/session.h"
 
 #include <cctype>
 #include <chrono>
@@ -6,10 +6,13 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/game.h"
+#include "core/platform.h"
+#include "core/seats.h"
+#include "core/text.h"
 #include "dice/rng.h"
 #include "engine/bankroll.h"
-#include "engine/game.h"
-#include "engine/platform.h"
+#include "engine/players.h"
 #include "engine/roll_internal.h"
 
 namespace {
@@ -19,24 +22,6 @@ bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>
 void RemoveFile(const std::string& path) {
   std::error_code ec;
   std::filesystem::remove(path, ec);
-}
-
-// Applies f to every per-frame statistics table with the range of its
-// second and third subscripts that a session clears or carries.
-template <class F>
-void ForEachFrameTable(Game& g, F&& f) {
-  f(g.RollTally);
-  f(g.StatAction);
-  f(g.StatWins);
-  f(g.StatLosses);
-  f(g.TotalsTally);
-  f(g.HandsTally);
-  f(g.RollsAtTable);
-  f(g.MostRollsHand);
-  f(g.MostComeoutHand);
-  f(g.MostPassesHand);
-  f(g.MostMissesHand);
-  f(g.ComeTravelTotal);
 }
 
 // Copies frame index `from` to `to` and/or clears index i, for tables of one to three subscripts.
@@ -81,15 +66,6 @@ void StartStatistics(Game& g, bool preserveGames) {
   });
 }
 
-std::string Lower(std::string s) {
-  for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return s;
-}
-
-std::string StickPosition(int p) {
-  return p <= 4 ? std::to_string(5 - p) + "-left" : std::to_string(p - 4) + "-right";
-}
-
 void LogSessionOpening(Game& g, bool logExisted) {
   if (logExisted) LogLine(g, "============================================");
   const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
@@ -104,7 +80,7 @@ void LogSessionOpening(Game& g, bool logExisted) {
     for (int p = 1; p <= 8; ++p) {
       if (!Named(g, p)) continue;
       std::string l = "      " + g.PlayerName[static_cast<std::size_t>(p)] + " at stick " +
-                      StickPosition(p) + " with $";
+                      RailPositionName(p) + " with $";
       AppendPlainAmount(l, g.Bet(p, 0));
       LogLine(g, l);
     }
@@ -122,7 +98,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
     for (int p = 1; p <= 8; ++p) {
       if (!Named(g, p)) continue;
       r.SessionLogPath[static_cast<std::size_t>(p)] =
-          r.DataFolder + Lower(g.PlayerName[static_cast<std::size_t>(p)]) + ".slg";
+          r.DataFolder + LowerCase(g.PlayerName[static_cast<std::size_t>(p)]) + ".slg";
       RemoveFile(r.SessionLogPath[static_cast<std::size_t>(p)]);
     }
   }

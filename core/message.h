@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct MessageState {
   std::string MsgText;   // pieces joined by CR ('\r')

@@ -13,7 +13,7 @@
 #pragma once
 
 #include "config/settings.h"
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

@@ -24,13 +24,13 @@
 
 #include "automation/autoplay_state.h"
 #include "automation/hyperdrive_state.h"
-#include "config/message.h"
-#include "config/settings.h"
+#include "core/message.h"
+#include "config/settings_state.h"
 #include "dice/dice_state.h"
 #include "engine/betting_state.h"
-#include "engine/currency.h"
+#include "core/currency.h"
 #include "engine/roll_state.h"
-#include "engine/tables.h"
+#include "core/tables.h"
 #include "script/code_state.h"
 #include "script/source_state.h"
 

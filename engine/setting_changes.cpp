@@ -1,11 +1,11 @@
-#include "config/setting_changes.h"
+#include "engine/setting_changes.h"
 
-#include "config/message_dialog.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/payoff_math.h"
+#include "core/message_dialog.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/payoff_math.h"
 #include "engine/place.h"
-#include "engine/platform.h"
+#include "core/platform.h"
 #include "engine/resolve.h"
 
 namespace {

@@ -15,7 +15,7 @@
 
 #include <string>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

@@ -1,11 +1,12 @@
-#include "config/message_dialog.h"
+#include "config/settings.h"
+#include "core/message_dialog.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <array>
 #include <string>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct SettleDialogLine {
   std::string label;   // lblWonBetType(i)

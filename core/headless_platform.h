@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/platform.h"
-#include "engine/settle_dialog.h"
+#include "core/platform.h"
+#include "core/settle_dialog.h"
 
 class HeadlessPlatform : public Platform {
  public:

@@ -1,12 +1,12 @@
-#include "engine/payoff_math.h"
+#include "core/payoff_math.h"
 
 #include <cassert>
 #include <cstdlib>
 
-#include "config/settings.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "config/settings_state.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
 
 namespace {
 

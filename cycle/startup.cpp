@@ -3,7 +3,7 @@
 // about box) are the window's own; the default probability table, the
 // sound sets, the Hot-Keys file and the game file at start-up belong to
 // their own units and are not read here.
-#include "engine/startup.h"
+#include "cycle/startup.h"
 
 #include <filesystem>
 #include <system_error>
@@ -11,9 +11,9 @@
 #include "config/payoffs.h"
 #include "config/settings.h"
 #include "dice/rng.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/platform.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/platform.h"
 #include "engine/roll_internal.h"
 
 namespace {

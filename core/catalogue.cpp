@@ -1,8 +1,8 @@
-#include "engine/catalogue.h"
+#include "core/catalogue.h"
 
 #include <array>
 
-#include "engine/game.h"
+#include "core/game.h"
 
 namespace {
 

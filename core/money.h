@@ -18,7 +18,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 constexpr Currency kCurrencyMax = Currency::FromRaw(INT64_MAX);
 constexpr Currency kCurrencyMin = Currency::FromRaw(INT64_MIN);

@@ -1,14 +1,14 @@
-#include "config/setting_changes.h"
+#include "engine/setting_changes.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 #include "config/payoffs.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 
 namespace {
 

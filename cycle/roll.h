@@ -25,15 +25,3 @@ void LimitExceeded(Game& game, int p);
 bool BankrollBeyondLimit(const Game& game, int p);
 // Queues a known pair for the next roll (roll pad, tests); false when full.
 bool QueueDice(Game& game, int die1, int die2);
-
-// Pieces of a roll, in the order RollDice calls them.
-// The hand and roll tallies of the dice now on the table.
-void TallyHandAndRoll(Game& game);
-// Counts event k in the live frames and the gap tables.
-void TallyRollEvent(Game& game, int k);
-// Counts every event of the dice now on the table, in their fixed order.
-void TallyRollEvents(Game& game);
-// Moves the come-out/point state machine on DiceTotal.
-void AdvanceStateMachine(Game& game);
-// Shifts and extends the bankroll graph history by one roll.
-void ShiftGraphHistory(Game& game);

@@ -1,19 +1,20 @@
 // RollDice: the once-per-call checks, the roll loop (which Hyper-Drive
 // repeats), and the end of the call. The tallies, the state machine, the
 // graph and the log lines live in their own files.
-#include "engine/roll.h"
+#include "cycle/roll.h"
+#include "engine/roll_steps.h"
 
 #include <algorithm>
 
 #include "automation/autoplay.h"
-#include "automation/hyperdrive.h"
-#include "config/message_dialog.h"
+#include "cycle/hyperdrive.h"
+#include "core/message_dialog.h"
 #include "config/payoffs.h"
 #include "dice/rng.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
-#include "engine/platform.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "core/platform.h"
 #include "engine/resolve.h"
 #include "engine/roll_internal.h"
 
@@ -257,21 +258,6 @@ bool QueueDice(Game& g, int die1, int die2) {
   slot[1] = static_cast<std::int8_t>(die2);
   ++r.QueuedCount;
   return true;
-}
-
-void PlayStickCall(Game& g, int n) {
-  if (g.HyperDrive || g.rules.StickCallSet <= 0 || g.rules.SoundMuted) return;
-  const std::string& path = g.roll.StickCallFile[static_cast<std::size_t>(n)];
-  if (path.empty()) return;
-  g.platform->PlaySound("", 0);
-  g.platform->PlaySound(path, 2);
-}
-
-void PlayComeOutCall(Game& g) {
-  if (g.Point != 0) return;
-  if (g.rules.BetRequirement != kNoBetRequired && g.PlayerCount == 0) return;
-  if (g.RollTally(0, 0) == 0) PlayStickCall(g, 18);
-  PlayStickCall(g, 17);
 }
 
 void RollDice(Game& g) {

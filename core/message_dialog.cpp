@@ -1,11 +1,11 @@
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 
 #include <algorithm>
 
-#include "config/settings.h"
-#include "engine/game.h"
-#include "engine/money.h"
-#include "engine/platform.h"
+#include "config/settings_state.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "core/platform.h"
 
 int DefaultMsgAnswer(int style) {
   const bool yes = style & kMsgYes, no = style & kMsgNo;

@@ -1,14 +1,14 @@
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string>
 
-#include "config/message_dialog.h"
-#include "engine/game.h"
-#include "engine/money.h"
-#include "engine/platform.h"
-#include "engine/roll.h"
+#include "core/message_dialog.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "core/platform.h"
+#include "cycle/roll.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "engine/headless_platform.h"
+#include "core/headless_platform.h"
 
 #include <chrono>
 

@@ -1,0 +1,17 @@
+// The engine's steps of a roll, in the order RollDice (cycle/roll.h) calls
+// them: the tallies of the dice, the come-out/point state machine and the
+// bankroll graph's history. Each works on the dice now on the table.
+#pragma once
+
+struct Game;
+
+// The hand and roll tallies of the dice now on the table.
+void TallyHandAndRoll(Game& game);
+// Counts event k in the live frames and the gap tables.
+void TallyRollEvent(Game& game, int k);
+// Counts every event of the dice now on the table, in their fixed order.
+void TallyRollEvents(Game& game);
+// Moves the come-out/point state machine on DiceTotal.
+void AdvanceStateMachine(Game& game);
+// Shifts and extends the bankroll graph history by one roll.
+void ShiftGraphHistory(Game& game);
