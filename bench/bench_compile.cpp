@@ -50,9 +50,8 @@ void BM_CompileThousandLines(benchmark::State& state) {
   const auto lines = ThousandLines();
   auto game = std::make_unique<Game>();
   for (auto _ : state) {
-    int line = 0, col = 0, endLine = 0, endCol = 0;
-    CompileScript(*game, 1, lines, line, col, endLine, endCol);
-    if (line != 0) state.SkipWithError(game->msg.MsgText.c_str());
+    if (const auto error = CompileScript(*game, 1, lines))
+      state.SkipWithError(error->message.c_str());
     benchmark::DoNotOptimize(game->scriptCode.CompiledScript.data());
   }
   state.counters["lines"] = static_cast<double>(lines.size() - 1);

@@ -16,7 +16,7 @@ void BM_DrawDice(benchmark::State& state) {
   SeedRngWith(*game, 4357);
   Long count = 0;
   for (auto _ : state) {
-    game->RollTally(18, 0) = count++;
+    game->RollTally(kTableSession, kEventRolls) = count++;
     DrawDice(*game);
     benchmark::DoNotOptimize(game->Die1);
     benchmark::DoNotOptimize(game->Die2);
@@ -33,7 +33,7 @@ void BM_DrawProbabilityNumber(benchmark::State& state) {
   SeedRngWith(*game, 4357);
   Long count = 0;
   for (auto _ : state) {
-    game->RollTally(18, 0) = count++;
+    game->RollTally(kTableSession, kEventRolls) = count++;
     benchmark::DoNotOptimize(DrawProbabilityNumber(*game));
   }
 }

@@ -53,9 +53,9 @@ void BM_RollBookkeeping(benchmark::State& state) {
     TallyRollEvents(g);
     g.PointAtRoll = g.Point;
     AdvanceStateMachine(g);
-    if (g.DiceTotal == 7 && g.PointAtRoll > 0) g.RollTally(0, 0) = 0;
+    if (g.DiceTotal == 7 && g.PointAtRoll > 0) g.RollTally(kTableHand, kEventRolls) = 0;
     ShiftGraphHistory(g);
-    benchmark::DoNotOptimize(g.RollTally(0, 0));
+    benchmark::DoNotOptimize(g.RollTally(kTableHand, kEventRolls));
   }
 }
 BENCHMARK(BM_RollBookkeeping);

@@ -22,7 +22,7 @@ inline void RunStretches(benchmark::State& state, Game& g) {
   long allocations = 0;
   double seconds = 0;
   for (auto _ : state) {
-    if (g.RollTally(18, 0) > kSessionRollLimit - 2 * kRollsPerRun) g.RollTally(18, 0) = 0;
+    if (g.RollTally(kTableSession, kEventRolls) > kSessionRollLimit - 2 * kRollsPerRun) g.RollTally(kTableSession, kEventRolls) = 0;
     for (int p = 1; p <= 8; ++p)  // keep the bankrolls far from the table limits
       if (!g.PlayerName[p].empty()) g.Bet(p, 0) = kBenchBankroll + g.TotalBets(p);
     const long before = gAllocations.load();

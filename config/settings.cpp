@@ -173,7 +173,7 @@ bool CheckConfigValues(Game& game, RollRateBox* rateBox) {
 
 void ApplyConfigureClose(Game& game) {
   // Money moved at the ATM while the form was open is caught in the records.
-  const bool anyRoll = game.RollTally(FrameIndex(0, 2), 0) != 0;
+  const bool anyRoll = game.RollTally(kTableSession, kEventRolls) != 0;
   for (int p = 1; p <= 8; ++p) {
     const Currency bankroll = game.Bet(p, 0);
     if (!anyRoll) {

@@ -12,12 +12,13 @@
 // Booleans are bool in memory; the game file writes True as -1.
 #pragma once
 
+#include "core/frames.h"
+
 #include <array>
 #include <cstdint>
 
 #include "core/currency.h"
 
-using Long = std::int32_t;
 
 // Odds calculation methods (OddsCalcMethod).
 enum OddsMethod : Long {

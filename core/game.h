@@ -29,6 +29,7 @@
 #include "dice/dice_state.h"
 #include "engine/betting_state.h"
 #include "core/currency.h"
+#include "core/frames.h"
 #include "engine/roll_state.h"
 #include "core/tables.h"
 #include "script/code_state.h"
@@ -37,21 +38,12 @@
 class Platform;
 
 // Small named bounds of the tables.
-constexpr int kPlayerSlots = 9;                     // 0 House, 1..8 table positions
 constexpr int kLastRealBet = 85;                    // ids 1..85 are real bets
 constexpr int kLastBetId = 200;                     // Bet has ids 0..200 (CheckStacks 100..199)
-constexpr int kFrames = 5;                          // current/last hand, current/last/all sessions
-constexpr int kLastFrameIndex = 44;                 // slot + 9 * t
-constexpr int kLastEvent = 90;                      // roll event categories 1..90
 constexpr int kLongGap = 200;                       // GapTally's last (sum of long gaps) column
 constexpr int kGraphColumns = 525;                  // columns of one page of the bankroll graph
 constexpr std::int64_t kBankrollLimit = 9'999'999;  // either sign
 constexpr std::int32_t kSessionRollLimit = 100'000'000;
-
-// Frame index of slot p in frame t.
-constexpr int FrameIndex(int p, int t) { return p + 9 * t; }
-
-using Long = std::int32_t;
 
 // Every bet id's statistics row, for each slot: the safe starting state of
 // the hand-end row sets.
@@ -99,9 +91,9 @@ struct Game {
   std::string StopMessage;
 
   // Statistics by frame index (slot + 9 * t).
-  Table3<Currency, 0, 44, 0, 100, 0, 6> StatAction;
-  Table3<Currency, 0, 44, 0, 100, 0, 6> StatWins;
-  Table3<Currency, 0, 44, 0, 100, 0, 6> StatLosses;
+  Table3<Currency, 0, kLastFrameIndex, 0, 100, 0, kStatColumnCount - 1> StatAction;
+  Table3<Currency, 0, kLastFrameIndex, 0, 100, 0, kStatColumnCount - 1> StatWins;
+  Table3<Currency, 0, kLastFrameIndex, 0, 100, 0, kStatColumnCount - 1> StatLosses;
   // Per slot, the bet ids (bit id of word id / 64) whose current-hand and
   // last-hand rows of StatAction, StatWins and StatLosses may be non-zero:
   // always a superset, so that a hand's end moves only those rows. The
@@ -110,19 +102,19 @@ struct Game {
   using StatRowSet = std::array<std::uint64_t, 2>;
   std::array<StatRowSet, kPlayerSlots> StatRowsThisHand = AllStatRows();
   std::array<StatRowSet, kPlayerSlots> StatRowsLastHand = AllStatRows();
-  Table2<Currency, 0, 44, 0, 5> ComeTravelTotal;
-  Table2<Long, 0, 44, 0, 90> RollTally;
-  Table3<Long, 0, 44, 2, 12, 1, 3> TotalsTally;
-  Table1<Long, 0, 44> HandsTally;
-  Table1<Long, 0, 44> RollsAtTable;
-  Table1<Long, 0, 44> MostRollsHand;
-  Table1<Long, 0, 44> MostComeoutHand;
-  Table1<Long, 0, 44> MostPassesHand;
-  Table1<Long, 0, 44> MostMissesHand;
+  Table2<Currency, 0, kLastFrameIndex, 0, 5> ComeTravelTotal;
+  Table2<Long, 0, kLastFrameIndex, 0, kLastEvent> RollTally;
+  Table3<Long, 0, kLastFrameIndex, 2, 12, 1, 3> TotalsTally;
+  Table1<Long, 0, kLastFrameIndex> HandsTally;
+  Table1<Long, 0, kLastFrameIndex> RollsAtTable;
+  Table1<Long, 0, kLastFrameIndex> MostRollsHand;
+  Table1<Long, 0, kLastFrameIndex> MostComeoutHand;
+  Table1<Long, 0, kLastFrameIndex> MostPassesHand;
+  Table1<Long, 0, kLastFrameIndex> MostMissesHand;
 
   // Gap analysis, whole game.
-  Table1<Long, 0, 90> RollsSince;
-  Table2<Long, 0, 90, 0, 200> GapTally;
+  Table1<Long, 0, kLastEvent> RollsSince;
+  Table2<Long, 0, kLastEvent, 0, kLongGap> GapTally;
 
   // Bankroll records by slot.
   Table1<Currency, 0, 8> InvestedBankroll;

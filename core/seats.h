@@ -125,7 +125,7 @@ void ForEachSeatTable(Visit&& visit, G&... games) {
 }
 
 // Frames a table holds per seat: five for a frame table, one otherwise.
-constexpr int SeatFrames(SeatAxis axis) { return axis == SeatAxis::Frame ? kFrames : 1; }
+constexpr int SeatFrames(SeatAxis axis) { return axis == SeatAxis::Frame ? kFrameCount : 1; }
 
 // Applies f to every table whose first subscript is a frame index.
 template <class F>

@@ -72,7 +72,7 @@ void PaceHyperDrive(Game& g) {
   }
   if (h.AutoStopRolls.raw > 0) {
     const std::int64_t every = WholeRolls(h.AutoStopRolls);
-    const std::int64_t rolls = g.RollTally(18, 0);
+    const std::int64_t rolls = g.RollTally(kTableSession, kEventRolls);
     if (every > 0 && rolls > 0 && rolls % every == 0) {
       g.KeepRolling = false;
       if (g.StopMessage.empty()) g.StopMessage = "Stopped by Auto-Stop.";

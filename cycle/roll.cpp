@@ -93,7 +93,7 @@ bool MeetsBetRequirement(Game& g) {
 
 // Step 7: the session's roll limit. False stops the roll (and the run).
 bool WithinRollLimit(Game& g) {
-  if (g.RollTally(18, 0) < kSessionRollLimit) return true;
+  if (g.RollTally(kTableSession, kEventRolls) < kSessionRollLimit) return true;
   g.KeepRolling = false;
   const std::string limit = FormatMoney(Currency::FromWhole(kSessionRollLimit));
   if (g.HyperDrive) {

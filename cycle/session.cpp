@@ -57,12 +57,16 @@ void StartStatistics(Game& g, bool preserveGames) {
     ForEachFrameTable(g, [](auto& t) { t.Fill({}); });
     return;
   }
-  if (g.RollTally(18, 0) > 0)
+  if (g.RollTally(kTableSession, kEventRolls) > 0)
     ForEachFrameTable(g, [](auto& t) {
-      for (int i = 18; i <= 26; ++i) CopyIndex(t, i, i + 9);
+      for (int p = 0; p < kPlayerSlots; ++p)
+        CopyIndex(t, FrameIndex(p, kFrameCurrentSession), FrameIndex(p, kFrameLastSession));
     });
+  // A new session starts the hand and session frames afresh; the last
+  // session (just carried) and all sessions stay.
   ForEachFrameTable(g, [](auto& t) {
-    for (int i = 0; i <= 26; ++i) ClearIndex(t, i);
+    for (Frame frame : {kFrameCurrentHand, kFrameLastHand, kFrameCurrentSession})
+      for (int p = 0; p < kPlayerSlots; ++p) ClearIndex(t, FrameIndex(p, frame));
   });
 }
 

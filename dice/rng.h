@@ -8,7 +8,7 @@
 //   2 "RNG #3"  Rng3                       6 "RNG #7 (#2 and #4)"  Ran2 / randomMT
 //   3 "RNG #4"  Ran2                       7 "RNG #8 (#1 single call)"  one genrand_real2
 // Generators 5 and 6 alternate by the session's roll count before this roll
-// (RollTally(18, 0)): even draws from Ran1 / Ran2, odd from the Mersenne
+// (RollTally(kTableSession, kEventRolls)): even draws from Ran1 / Ran2, odd from the Mersenne
 // Twister. Both dice of one roll always come from the same source.
 //
 // What must stay true:

@@ -28,7 +28,7 @@ bool ShowAtmNotice(const Game& g, bool fromConfigure) {
 // and the graph's range holds the new bankroll.
 void FollowBankroll(Game& g, int p) {
   const Currency bank = g.Bet(p, 0);
-  if (g.RollTally(18, 0) == 0) g.BankrollHigh(p) = g.BankrollLow(p) = bank;
+  if (g.RollTally(kTableSession, kEventRolls) == 0) g.BankrollHigh(p) = g.BankrollLow(p) = bank;
   if (g.GraphRollCount == 0) {
     g.GraphHigh(p) = g.GraphLow(p) = bank;
   } else {

@@ -16,22 +16,22 @@ bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>
 // Moves rows j0..j1 (whole depth) of slot p's current-hand frame to its
 // last-hand frame and clears them: one block copy, since rows are contiguous.
 template <class T, int L2, int H2, int L3, int H3>
-void MoveToLastHand(Table3<T, 0, 44, L2, H2, L3, H3>& t, int p, int j0, int j1) {
+void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p, int j0, int j1) {
   const auto from = t.Span(p, j0, j1);
-  std::copy(from.begin(), from.end(), t.Span(p + 9, j0, j1).begin());
+  std::copy(from.begin(), from.end(), t.Span(FrameIndex(p, kFrameLastHand), j0, j1).begin());
   std::fill(from.begin(), from.end(), T{});
 }
 
 template <class T, int L2, int H2>
-void MoveToLastHand(Table2<T, 0, 44, L2, H2>& t, int p) {
+void MoveToLastHand(Table2<T, 0, kLastFrameIndex, L2, H2>& t, int p) {
   const auto from = t.Span(p, L2, H2);
-  std::copy(from.begin(), from.end(), t.Span(p + 9, L2, H2).begin());
+  std::copy(from.begin(), from.end(), t.Span(FrameIndex(p, kFrameLastHand), L2, H2).begin());
   std::fill(from.begin(), from.end(), T{});
 }
 
 template <class T>
-void MoveToLastHand(Table1<T, 0, 44>& t, int p) {
-  t(p + 9) = t(p);
+void MoveToLastHand(Table1<T, 0, kLastFrameIndex>& t, int p) {
+  t(FrameIndex(p, kFrameLastHand)) = t(p);
   t(p) = T{};
 }
 

@@ -142,7 +142,7 @@ Next ContractRules(Game& g, int p, int b) {
       return Next::Return;
     }
     case bet::kFire:
-      if (g.RollTally(0, 0) == 0 || N <= C) return Next::Free;
+      if (g.RollTally(kTableHand, kEventRolls) == 0 || N <= C) return Next::Free;
       if (tell)
         refuse(
             Cat("You may not make or increase a Fire bet \rafter the shooter has started a hand.",

@@ -46,7 +46,7 @@ void PassNotice(Game& g, bool interactive, std::string_view text) {
   if (interactive) ShowNotice(g, text, "Pass the Dice", 205, kMsgOk);
 }
 
-bool HandHasRolled(const Game& g) { return g.RollTally(0, 0) != 0; }
+bool HandHasRolled(const Game& g) { return g.RollTally(kTableHand, kEventRolls) != 0; }
 
 }  // namespace
 

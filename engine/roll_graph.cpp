@@ -18,7 +18,7 @@ void Widen(Game& g, int p, Currency v) {
 }
 
 void StartNewPage(Game& g) {
-  const Currency rolls = Currency::FromWhole(g.RollTally(18, 0));
+  const Currency rolls = Currency::FromWhole(g.RollTally(kTableSession, kEventRolls));
   for (int p = 1; p <= 8; ++p) {
     g.GraphBankroll(p, 0) = rolls;
     RestartRange(g, p);
@@ -30,7 +30,7 @@ void StartNewPage(Game& g) {
 }
 
 void ScrollByOne(Game& g) {
-  const Currency first = Currency::FromWhole(g.RollTally(18, 0) - (kGraphColumns - 1));
+  const Currency first = Currency::FromWhole(g.RollTally(kTableSession, kEventRolls) - (kGraphColumns - 1));
   for (int p = 1; p <= 8; ++p) {
     RestartRange(g, p);
     const Currency leaving = g.GraphBankroll(p, 1);

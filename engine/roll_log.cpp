@@ -104,7 +104,7 @@ void LogAtmMoves(Game& g) {
 
 void LogBetChange(Game& g, Section& s, int p, int b) {
   const Currency a = g.Bet(p, b), was = g.BetAtRoll(p, b);
-  const bool lostLast = g.StatLosses(p + 18, b, 5) == Currency::FromWhole(g.RollTally(18, 0));
+  const bool lostLast = g.StatLosses(FrameIndex(p, kFrameCurrentSession), b, kStatRollOfLast) == Currency::FromWhole(g.RollTally(kTableSession, kEventRolls));
   const int total = g.DiceTotal;  // still the previous roll's
   const int dc = IsBoxNumber(total) ? DontComeId(total) : -1;
   const int cp = IsBoxNumber(total) ? ComeId(total) : -1;
@@ -200,7 +200,7 @@ void LogChangesSinceLastRoll(Game& g) {
 void LogRollLine(Game& g, DiceSource source) {
   if (!g.roll.LogRolls) return;
   std::string l = " Roll #";
-  l += std::to_string(g.RollTally(18, 0) + 1);
+  l += std::to_string(g.RollTally(kTableSession, kEventRolls) + 1);
   l += ":  ";
   l += std::to_string(g.Die1 + g.Die2);
   l += " (";
@@ -251,6 +251,6 @@ void PlayStickCall(Game& g, int n) {
 void PlayComeOutCall(Game& g) {
   if (g.Point != 0) return;
   if (g.rules.BetRequirement != kNoBetRequired && g.PlayerCount == 0) return;
-  if (g.RollTally(0, 0) == 0) PlayStickCall(g, 18);
+  if (g.RollTally(kTableHand, kEventRolls) == 0) PlayStickCall(g, 18);
   PlayStickCall(g, 17);
 }

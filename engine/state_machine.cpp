@@ -3,26 +3,21 @@
 #include <string_view>
 
 #include "core/game.h"
-#include "engine/roll_steps.h"
 #include "engine/roll_internal.h"
+#include "engine/roll_steps.h"
 
 namespace {
 
-// Frames 0, 18, 36 of the House and, when a player is credited with the
+// The live frames of the House and, when a player is credited with the
 // hand, of that player.
 template <class F>
 void ForHandFrames(const Game& g, F&& f) {
-  f(0);
-  f(18);
-  f(36);
-  if (g.HandShooter > 0) {
-    f(g.HandShooter);
-    f(g.HandShooter + 18);
-    f(g.HandShooter + 36);
-  }
+  for (Frame t : kLiveFrames) f(FrameIndex(kHouse, t));
+  if (g.HandShooter > 0)
+    for (Frame t : kLiveFrames) f(FrameIndex(g.HandShooter, t));
 }
 
-void RaiseHandRecord(Game& g, Table1<Long, 0, 44>& record, Long value) {
+void RaiseHandRecord(Game& g, Table1<Long, 0, kLastFrameIndex>& record, Long value) {
   ForHandFrames(g, [&](int i) {
     if (value > record(i)) record(i) = value;
   });

@@ -1,47 +1,140 @@
 // The dice tallies of a roll: hands, rolls, the 90 event categories and
 // the gaps between their showings.
+#include <cassert>
+
 #include "core/game.h"
 #include "engine/roll_steps.h"
 
 namespace {
 
-// The three live frames of slot p: current hand, current session, all sessions.
-constexpr int kLive[3] = {0, 18, 36};
+// The live frame indices of slot p.
+constexpr int LiveIndex(int p, int n) {
+  return FrameIndex(p, kLiveFrames[static_cast<std::size_t>(n)]);
+}
 
-inline void RaiseRecord(Table1<Long, 0, 44>& record, int i, Long value) {
+inline void RaiseRecord(Table1<Long, 0, kLastFrameIndex>& record, int i, Long value) {
   if (value > record(i)) record(i) = value;
 }
+
+// The categories one pair of dice counts, in the order they are tallied:
+// the two faces, the pair, the number and the groups the total belongs to.
+struct PairEvents {
+  int count = 0;
+  std::array<std::int8_t, 12> events{};
+  constexpr void Add(int c) {
+    events[static_cast<std::size_t>(count++)] = static_cast<std::int8_t>(c);
+  }
+};
+
+constexpr PairEvents EventsOfPair(int d1, int d2) {
+  PairEvents e;
+  const bool pair = d1 == d2;
+  auto hasFace = [&](int face) { return d1 == face || d2 == face; };
+  e.Add(Die1FaceEvent(d1));
+  e.Add(Die2FaceEvent(d2));
+  e.Add(PairEvent(d1, d2));
+  auto addAll = [&](std::initializer_list<int> cs) {
+    for (int c : cs) e.Add(c);
+  };
+  switch (d1 + d2) {
+    case 2:
+      addAll({kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps, kEventNumbers212,
+              kEventNumbers23});
+      break;
+    case 3:
+      addAll({kEventNumber3, kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps,
+              kEventNumbers311, kEventNumbers23, kEventNumbers312});
+      break;
+    case 4:
+      e.Add(kEventAny4);
+      if (!pair) e.Add(26);  // 1.3 or 3.1
+      addAll(
+          {kEventField, kEventBoxNumbers, kEventNumbers45910, kEventNumbers456, kEventNumbers410});
+      break;
+    case 5:
+      e.Add(kEventAny5);
+      e.Add(hasFace(1) ? 31 : 32);  // 1.4 or 4.1; 2.3 or 3.2
+      addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers45910, kEventNumbers456,
+              kEventNumbers59});
+      break;
+    case 6:
+      e.Add(kEventAny6);
+      if (!pair) e.Add(hasFace(1) ? 37 : 38);  // 1.5 or 5.1; 2.4 or 4.2
+      addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers456, kEventNumbers68});
+      break;
+    case 7:
+      e.Add(kEventAny7);
+      e.Add(hasFace(1) ? 45 : hasFace(2) ? 46 : 47);  // 1.6, 2.5 or 3.4 either way
+      addAll({kEventNumbers2371112, kEventNumbers711});
+      break;
+    case 8:
+      e.Add(kEventAny8);
+      if (!pair) e.Add(hasFace(2) ? 52 : 53);  // 2.6 or 6.2; 3.5 or 5.3
+      addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers8910, kEventNumbers68});
+      break;
+    case 9:
+      e.Add(kEventAny9);
+      e.Add(hasFace(3) ? 58 : 59);  // 3.6 or 6.3; 4.5 or 5.4
+      addAll({kEventField, kEventBoxNumbers, kEventNumbers5689, kEventNumbers45910,
+              kEventNumbers8910, kEventNumbers59});
+      break;
+    case 10:
+      e.Add(kEventAny10);
+      if (!pair) e.Add(62);  // 4.6 or 6.4
+      addAll(
+          {kEventField, kEventBoxNumbers, kEventNumbers45910, kEventNumbers8910, kEventNumbers410});
+      break;
+    case 11:
+      addAll({kEventNumber11, kEventField, kEventNumbers2371112, kEventNumbers231112,
+              kEventNumbers311, kEventNumbers711, kEventNumbers1112});
+      break;
+    case 12:
+      addAll({kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps, kEventNumbers212,
+              kEventNumbers312, kEventNumbers1112});
+      break;
+  }
+  return e;
+}
+
+constexpr std::array<std::array<PairEvents, 6>, 6> kEventsOfPair = [] {
+  std::array<std::array<PairEvents, 6>, 6> all{};
+  for (int d1 = 1; d1 <= 6; ++d1)
+    for (int d2 = 1; d2 <= 6; ++d2) all[d1 - 1][d2 - 1] = EventsOfPair(d1, d2);
+  return all;
+}();
 
 }  // namespace
 
 void TallyHandAndRoll(Game& g) {
   const int hs = g.HandShooter;
-  if (g.RollTally(0, 0) == 0) {
-    g.HandsTally(0) = 1;
-    g.HandsTally(18) += 1;
-    g.HandsTally(36) += 1;
+  if (g.RollTally(kTableHand, kEventRolls) == 0) {
+    g.HandsTally(kTableHand) = 1;
+    g.HandsTally(kTableSession) += 1;
+    g.HandsTally(kTableAllSessions) += 1;
     if (hs > 0) {
-      g.HandsTally(hs) = 1;
-      g.HandsTally(hs + 18) += 1;
-      g.HandsTally(hs + 36) += 1;
+      g.HandsTally(FrameIndex(hs, kFrameCurrentHand)) = 1;
+      g.HandsTally(FrameIndex(hs, kFrameCurrentSession)) += 1;
+      g.HandsTally(FrameIndex(hs, kFrameAllSessions)) += 1;
     }
   }
-  for (int f : kLive) g.RollTally(f, 0) += 1;
-  RaiseRecord(g.MostRollsHand, 18, g.RollTally(0, 0));
-  RaiseRecord(g.MostRollsHand, 36, g.RollTally(0, 0));
+  for (int n = 0; n < 3; ++n) g.RollTally(LiveIndex(kHouse, n), kEventRolls) += 1;
+  const Long handRolls = g.RollTally(kTableHand, kEventRolls);
+  RaiseRecord(g.MostRollsHand, kTableSession, handRolls);
+  RaiseRecord(g.MostRollsHand, kTableAllSessions, handRolls);
   if (hs > 0) {
-    for (int f : kLive) g.RollTally(hs + f, 0) += 1;
-    RaiseRecord(g.MostRollsHand, hs + 18, g.RollTally(hs, 0));
-    RaiseRecord(g.MostRollsHand, hs + 36, g.RollTally(hs, 0));
+    for (int n = 0; n < 3; ++n) g.RollTally(LiveIndex(hs, n), kEventRolls) += 1;
+    const Long shooterRolls = g.RollTally(FrameIndex(hs, kFrameCurrentHand), kEventRolls);
+    RaiseRecord(g.MostRollsHand, FrameIndex(hs, kFrameCurrentSession), shooterRolls);
+    RaiseRecord(g.MostRollsHand, FrameIndex(hs, kFrameAllSessions), shooterRolls);
   }
   for (int p = 0; p < kPlayerSlots; ++p)
-    for (int f : kLive) g.RollsAtTable(p + f) += 1;
+    for (int n = 0; n < 3; ++n) g.RollsAtTable(LiveIndex(p, n)) += 1;
 }
 
 void TallyRollEvent(Game& g, int k) {
-  for (int f : kLive) g.RollTally(f, k) += 1;
+  for (int n = 0; n < 3; ++n) g.RollTally(LiveIndex(kHouse, n), k) += 1;
   if (g.HandShooter > 0)
-    for (int f : kLive) g.RollTally(g.HandShooter + f, k) += 1;
+    for (int n = 0; n < 3; ++n) g.RollTally(LiveIndex(g.HandShooter, n), k) += 1;
   const Long since = g.RollsSince(k);
   if (since < kLongGap) {
     g.GapTally(k, since) += 1;
@@ -52,76 +145,9 @@ void TallyRollEvent(Game& g, int k) {
   g.RollsSince(k) = 0;
 }
 
-namespace {
-
-// Event of the ordered pair (d1, d2), 1-based faces: the pairs' categories.
-constexpr std::int8_t kPairEvent[6][6] = {
-    // d2:  1   2   3   4   5   6
-    {2, 22, 24, 27, 33, 39},   // d1 = 1
-    {23, 13, 29, 35, 41, 48},  // d1 = 2
-    {25, 30, 14, 43, 50, 54},  // d1 = 3
-    {28, 36, 44, 15, 56, 60},  // d1 = 4
-    {34, 42, 51, 57, 16, 63},  // d1 = 5
-    {40, 49, 55, 61, 64, 12},  // d1 = 6
-};
-
-}  // namespace
-
 void TallyRollEvents(Game& g) {
   const int d1 = g.Die1, d2 = g.Die2;
   assert(d1 >= 1 && d1 <= 6 && d2 >= 1 && d2 <= 6);
-  const bool pair = d1 == d2;
-  auto hasFace = [&](int face) { return d1 == face || d2 == face; };
-  TallyRollEvent(g, d1 + 77);
-  TallyRollEvent(g, d2 + 83);
-  TallyRollEvent(g, kPairEvent[d1 - 1][d2 - 1]);
-  switch (d1 + d2) {
-    case 2:
-      for (int k : {21, 65, 66, 20, 69, 74}) TallyRollEvent(g, k);
-      break;
-    case 3:
-      for (int k : {3, 21, 65, 66, 20, 70, 74, 75}) TallyRollEvent(g, k);
-      break;
-    case 4:
-      TallyRollEvent(g, 4);
-      if (!pair) TallyRollEvent(g, 26);
-      for (int k : {21, 17, 19, 67, 71}) TallyRollEvent(g, k);
-      break;
-    case 5:
-      TallyRollEvent(g, 5);
-      TallyRollEvent(g, hasFace(1) ? 31 : 32);
-      for (int k : {17, 18, 19, 67, 72}) TallyRollEvent(g, k);
-      break;
-    case 6:
-      TallyRollEvent(g, 6);
-      if (!pair) TallyRollEvent(g, hasFace(1) ? 37 : 38);
-      for (int k : {17, 18, 67, 73}) TallyRollEvent(g, k);
-      break;
-    case 7:
-      TallyRollEvent(g, 7);
-      TallyRollEvent(g, hasFace(1) ? 45 : hasFace(2) ? 46 : 47);
-      for (int k : {65, 76}) TallyRollEvent(g, k);
-      break;
-    case 8:
-      TallyRollEvent(g, 8);
-      if (!pair) TallyRollEvent(g, hasFace(2) ? 52 : 53);
-      for (int k : {17, 18, 68, 73}) TallyRollEvent(g, k);
-      break;
-    case 9:
-      TallyRollEvent(g, 9);
-      TallyRollEvent(g, hasFace(3) ? 58 : 59);
-      for (int k : {21, 17, 18, 19, 68, 72}) TallyRollEvent(g, k);
-      break;
-    case 10:
-      TallyRollEvent(g, 10);
-      if (!pair) TallyRollEvent(g, 62);
-      for (int k : {21, 17, 19, 68, 71}) TallyRollEvent(g, k);
-      break;
-    case 11:
-      for (int k : {11, 21, 65, 66, 70, 76, 77}) TallyRollEvent(g, k);
-      break;
-    case 12:
-      for (int k : {21, 65, 66, 20, 69, 75, 77}) TallyRollEvent(g, k);
-      break;
-  }
+  const PairEvents& e = kEventsOfPair[d1 - 1][d2 - 1];
+  for (int i = 0; i < e.count; ++i) TallyRollEvent(g, e.events[static_cast<std::size_t>(i)]);
 }

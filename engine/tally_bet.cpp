@@ -5,17 +5,17 @@
 
 namespace {
 
-using StatTable = Table3<Currency, 0, 44, 0, 100, 0, 6>;
+using StatTable = decltype(Game::StatAction);
 
 // One decision of `amount` in the six columns of a statistics row.
 void CountDecision(StatTable& t, int i, int b, Currency amount, Currency rollNumber) {
-  t(i, b, 1) += Currency::FromWhole(1);
-  t(i, b, 2) += amount;
-  if (amount > t(i, b, 3)) t(i, b, 3) = amount;
-  Currency& smallest = t(i, b, 4);
+  t(i, b, kStatCount) += Currency::FromWhole(1);
+  t(i, b, kStatTotal) += amount;
+  if (amount > t(i, b, kStatLargest)) t(i, b, kStatLargest) = amount;
+  Currency& smallest = t(i, b, kStatSmallest);
   if ((smallest.IsZero() || smallest > amount) && amount > Currency{}) smallest = amount;
-  t(i, b, 5) = rollNumber;
-  t(i, b, 6) = amount;
+  t(i, b, kStatRollOfLast) = rollNumber;
+  t(i, b, kStatAmountOfLast) = amount;
 }
 
 }  // namespace
@@ -24,9 +24,9 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   if (net.IsZero()) return;  // a push is no decision
   if (IsLay(b) && g.rules.LayVigUpFront) amount += g.LayVig(p, b - bet::kLayFirst);
   if (IsBuy(b) && g.rules.BuyVigUpFront) amount += g.BuyVig(p, b - bet::kBuyFirst);
-  const Currency rollNumber = Currency::FromWhole(g.RollTally(18, 0));
+  const Currency rollNumber = Currency::FromWhole(g.RollTally(kTableSession, kEventRolls));
   g.StatRowsThisHand[static_cast<std::size_t>(p)][b >> 6] |= std::uint64_t{1} << (b & 63);
-  for (int t : {0, 2, 4}) {
+  for (Frame t : kLiveFrames) {
     const int i = FrameIndex(p, t);
     CountDecision(g.StatAction, i, b, amount, rollNumber);
     if (net > Currency{})

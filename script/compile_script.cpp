@@ -31,8 +31,8 @@ bool Guarded(Game& game, const char* message, Pass pass) {
 
 }  // namespace
 
-void CompileScript(Game& game, int p, const std::vector<std::string>& lines, int& errLine,
-                   int& errCol, int& errEndLine, int& errEndCol) {
+std::optional<CompileError> CompileScript(Game& game, int p,
+                                          const std::vector<std::string>& lines) {
   ScriptCode& code = game.scriptCode;
   code.CompiledScript.assign(1, ScriptElement{});
   code.StringPool.assign(1, PoolString{});
@@ -43,10 +43,7 @@ void CompileScript(Game& game, int p, const std::vector<std::string>& lines, int
   const int lineCount = lines.empty() ? 0 : static_cast<int>(lines.size()) - 1;
 
   const bool ok = Guarded(game, "A compile error occurred.", [&] {
-    std::string noName;
-    int line = 0, col = 0;
-    TokenizeScript(game, p, lines, line, col, noName);
-    if (line > 0) return false;
+    if (TokenizeScript(game, p, lines)) return false;
     if (!CompileBrackets(game)) return false;
     if (!Guarded(game, "A compile error occurred (organize variables).",
                  [&] { return CompileVariablesOrganize(game, p); }))
@@ -59,24 +56,21 @@ void CompileScript(Game& game, int p, const std::vector<std::string>& lines, int
     return Guarded(game, "A compile error occurred (final check).",
                    [&] { return CompileCheck(game); });
   });
-  if (!ok && code.errLine <= 0) code.errLine = code.errEndLine = 1;
-  errLine = ok ? 0 : code.errLine;
-  errCol = ok ? 0 : code.errCol;
-  errEndLine = ok ? 0 : code.errEndLine;
-  errEndCol = ok ? 0 : code.errEndCol;
-  if (ok) {
-    code.errLine = code.errCol = code.errEndLine = code.errEndCol = 0;
-    if (p >= 0 && p <= 8) {
-      const auto slot = static_cast<std::size_t>(p);
-      code.SlotScript[slot] = code.CompiledScript;
-      code.SlotStrings[slot] = code.StringPool;
-      code.SlotCompiled[slot] = true;
-    }
+  if (!ok) {
+    if (code.errLine <= 0) code.errLine = code.errEndLine = 1;
+    return CompileError{code.errLine, code.errCol, code.errEndLine, code.errEndCol,
+                        game.msg.MsgText};
   }
+  code.errLine = code.errCol = code.errEndLine = code.errEndCol = 0;
+  if (p >= 0 && p <= 8) {
+    const auto slot = static_cast<std::size_t>(p);
+    code.SlotScript[slot] = code.CompiledScript;
+    code.SlotStrings[slot] = code.StringPool;
+    code.SlotCompiled[slot] = true;
+  }
+  return std::nullopt;
 }
 
-void CompileScript(Game& game, int p, int& errLine, int& errCol, int& errEndLine,
-                   int& errEndCol) {
-  CompileScript(game, p, game.scriptSource.ScriptLines[static_cast<std::size_t>(p)], errLine,
-                errCol, errEndLine, errEndCol);
+std::optional<CompileError> CompileScript(Game& game, int p) {
+  return CompileScript(game, p, game.scriptSource.ScriptLines[static_cast<std::size_t>(p)]);
 }

@@ -27,9 +27,10 @@ std::string DumpScriptCode(const ScriptCode& code) {
   return out;
 }
 
-std::string FormatCompileFailure(const std::string& file, const std::string& message, int line,
-                                 int col, int endLine, int endCol) {
-  std::string text = message;
+std::string FormatCompileFailure(const std::string& file, const CompileError& error) {
+  const int line = error.line, col = error.column, endLine = error.endLine,
+            endCol = error.endColumn;
+  std::string text = error.message;
   while (!text.empty() && text.back() == '\r') text.pop_back();
   for (char& c : text)
     if (c == '\r') c = '\n';

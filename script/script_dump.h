@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "script/compile_error.h"
+
 struct ScriptCode;
 
 // One element a line, "<index> <Kind> <Value>", then the pool as
@@ -12,5 +14,4 @@ std::string DumpScriptCode(const ScriptCode& code);
 
 // The report of a failed compile: "FILE:LINE:COL: " and the message with each
 // CR as a line break, then "(lines L1:C1 to L2:C2)" on a line of its own.
-std::string FormatCompileFailure(const std::string& file, const std::string& message, int line,
-                                 int col, int endLine, int endCol);
+std::string FormatCompileFailure(const std::string& file, const CompileError& error);

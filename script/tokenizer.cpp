@@ -383,12 +383,13 @@ void CutWords(std::string& work, std::string_view word) {
 }
 
 // Fails the tokenizer on line `line`: the whole line is the span.
-void FailLine(Game& game, int line, int col, int endCol, std::string text) {
-  SetCompileMessage(game, std::move(text));
+CompileError FailLine(Game& game, int line, int col, int endCol, std::string text) {
+  SetCompileMessage(game, text);
   ScriptCode& code = game.scriptCode;
   code.errLine = code.errEndLine = line;
   code.errCol = col;
   code.errEndCol = endCol;
+  return CompileError{line, col, line, endCol, std::move(text)};
 }
 
 void PushMark(std::vector<ScriptElement>& s, int line, int col) {
@@ -414,18 +415,16 @@ std::string ReservedWordMessage(std::string_view name) {
          "as a player's name.\r\rPlease enter a different name.\r\r";
 }
 
-void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, int& errLine,
-                    int& errCol, std::string& nameToCheck) {
+bool RefuseReservedName(Game& game, std::string& name) {
+  if (!IsReservedWord(name)) return false;
+  SetCompileMessage(game, ReservedWordMessage(name));
+  name = std::string(kReservedNameMarker);
+  return true;
+}
+
+std::optional<CompileError> TokenizeScript(Game& game, int p, const std::vector<std::string>& lines) {
   ScriptCode& code = game.scriptCode;
-  errLine = errCol = 0;
   code.errLine = code.errCol = code.errEndLine = code.errEndCol = 0;
-  if (!nameToCheck.empty()) {
-    if (IsReservedWord(nameToCheck)) {
-      SetCompileMessage(game, ReservedWordMessage(nameToCheck));
-      nameToCheck = std::string(kReservedNameMarker);
-    }
-    return;
-  }
 
   std::vector<VocabularyRow> playerRows;
   for (int slot = 1; slot <= 8; ++slot)
@@ -448,10 +447,8 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
     work.resize(std::min(work.size(), CommentStart(work)));
     if (AllBlank(work)) continue;
     if (!PoolStrings(work, pool)) {
-      errLine = curLine;
-      FailLine(game, curLine, 0, static_cast<int>(lines[curLine].size()),
-               "Missing quotation mark.");
-      return;
+      return FailLine(game, curLine, 0, static_cast<int>(lines[curLine].size()),
+                      "Missing quotation mark.");
     }
     std::string shadow = ShadowOf(lines[curLine]);
     work = Padded(work);
@@ -521,18 +518,17 @@ void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, in
           continue;
         }
       }
-      errLine = curLine;
       const std::string lowerSource = LowerCase(lines[curLine]);
       const auto at = lowerSource.find(word);
       const int col = at == std::string::npos ? 0 : static_cast<int>(at);
       const int end = at == std::string::npos ? static_cast<int>(lines[curLine].size())
                                               : col + static_cast<int>(word.size());
-      FailLine(game, curLine, col, end, UnknownWordMessage(word));
-      return;
+      return FailLine(game, curLine, col, end, UnknownWordMessage(word));
     }
   }
   if (IsMark(s.back()))
     s.back() = {kMark + lineCount + 1, 0};
   else
     PushMark(s, lineCount + 1, 0);
+  return std::nullopt;
 }

@@ -15,9 +15,12 @@
 // - The reserved-word check uses the static rows only, never player names.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "script/compile_error.h"
 
 struct Game;
 
@@ -36,9 +39,10 @@ bool IsReservedWord(std::string_view name);
 std::string ReservedWordMessage(std::string_view name);
 
 // Tokenizes `lines` (1-based; element 0 unused) as the script of slot p into
-// game.scriptCode.CompiledScript and StringPool. On failure errLine > 0 and
-// game.msg holds the message. A non-empty nameToCheck only runs the
-// reserved-word check: on a hit MsgText is set and the name becomes the
-// marker.
-void TokenizeScript(Game& game, int p, const std::vector<std::string>& lines, int& errLine,
-                    int& errCol, std::string& nameToCheck);
+// game.scriptCode.CompiledScript and StringPool; the fault, with game.msg
+// holding its message, or nothing.
+std::optional<CompileError> TokenizeScript(Game& game, int p,
+                                           const std::vector<std::string>& lines);
+// The reserved-word check of a player's name: on a hit MsgText is set, the
+// name becomes the marker and the answer is true.
+bool RefuseReservedName(Game& game, std::string& name);

@@ -81,7 +81,7 @@ bool ApplyOptions(Game& game, const RunOptions& o, std::string& error) {
 
 void TraceRoll(void* context, const Game& game) {
   auto& out = *static_cast<std::ostream*>(context);
-  out << game.RollTally(18, 0) << ' ' << game.Die1 << ' ' << game.Die2 << '\n';
+  out << game.RollTally(kTableSession, kEventRolls) << ' ' << game.Die1 << ' ' << game.Die2 << '\n';
 }
 
 Long SessionTotals(const Game& game, int kind) {
@@ -92,11 +92,11 @@ Long SessionTotals(const Game& game, int kind) {
 
 nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
   nlohmann::json totals = nlohmann::json::object();
-  for (int t = 2; t <= 12; ++t) totals[std::to_string(t)] = game.RollTally(18, t);
+  for (int t = 2; t <= 12; ++t) totals[std::to_string(t)] = game.RollTally(kTableSession, TotalEvent(t));
   nlohmann::json summary = {
-      {"rolls", game.RollTally(18, 0)},
+      {"rolls", game.RollTally(kTableSession, kEventRolls)},
       {"stop", result.stop},
-      {"hands", game.HandsTally(18)},
+      {"hands", game.HandsTally(kTableSession)},
       {"comeouts", SessionTotals(game, 1)},
       {"passes", SessionTotals(game, 2)},
       {"misses", SessionTotals(game, 3)},
@@ -111,11 +111,11 @@ nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
 
 void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) {
   out << "Stopped: " << (result.stop.empty() ? "roll count reached" : result.stop) << '\n';
-  out << "Rolls: " << game.RollTally(18, 0) << "  hands: " << game.HandsTally(18)
+  out << "Rolls: " << game.RollTally(kTableSession, kEventRolls) << "  hands: " << game.HandsTally(kTableSession)
       << "  come-outs: " << SessionTotals(game, 1) << "  passes: " << SessionTotals(game, 2)
       << "  misses: " << SessionTotals(game, 3) << '\n';
   out << "Totals:";
-  for (int t = 2; t <= 12; ++t) out << ' ' << t << '=' << game.RollTally(18, t);
+  for (int t = 2; t <= 12; ++t) out << ' ' << t << '=' << game.RollTally(kTableSession, TotalEvent(t));
   out << '\n';
   out << "RNG #" << game.dice.RngIndex + 1 << " seed " << game.dice.LastSeed << ", "
       << result.seconds << " s\n";

@@ -33,10 +33,9 @@ bool CompileFile(const ScriptOptions& opt, Game& game) {
   }
   for (std::size_t i = 0; i < opt.players.size() && i < 8; ++i)
     game.PlayerName[i + 1] = opt.players[i];
-  int line = 0, col = 0, endLine = 0, endCol = 0;
-  CompileScript(game, opt.slot, line, col, endLine, endCol);
-  if (line <= 0) return true;
-  std::cout << FormatCompileFailure(opt.file, game.msg.MsgText, line, col, endLine, endCol);
+  const auto error = CompileScript(game, opt.slot);
+  if (!error) return true;
+  std::cout << FormatCompileFailure(opt.file, *error);
   return false;
 }
 

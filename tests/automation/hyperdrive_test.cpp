@@ -47,18 +47,18 @@ class HyperDrive : public RollFixture {
 
 TEST_F(HyperDrive, AutoStopStopsAtTheNextMultipleOfTheSessionCount) {
   Run(990);
-  EXPECT_EQ(g.RollTally(18, 0), 990);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 990);
   EXPECT_TRUE(platform.messages.empty());  // a run ended by its roll count says nothing
   g.hyper.AutoStopRolls = Currency::FromWhole(1000);
   Run(0);
-  EXPECT_EQ(g.RollTally(18, 0), 1000);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1000);
   EXPECT_EQ(g.hyper.RollsThisRun, 10);
   ASSERT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(platform.messages[0].text, "Stopped by Auto-Stop.");
   EXPECT_TRUE(g.StopMessage.empty());  // cleared once shown in the open window
   EXPECT_EQ(g.hyper.LastStopMessage, "Stopped by Auto-Stop.");
   Run(0);
-  EXPECT_EQ(g.RollTally(18, 0), 2000);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 2000);
   // A minimised window keeps the message for later.
   platform.messages.clear();
   platform.minimized = true;
@@ -72,13 +72,13 @@ TEST_F(HyperDrive, AnEarlierStopReasonIsNotOverwrittenByAutoStop) {
   g.hyper.AutoStopRolls = Currency::FromWhole(50);
   At(49, [](Game& game) { game.Bet(1, 0) = Currency::FromWhole(10'000'000); });
   Run(0);
-  EXPECT_EQ(g.RollTally(18, 0), 50);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 50);
   EXPECT_EQ(g.hyper.LastStopMessage,
             "Stopped by breaking the bank limit of $9,999,999\r\r" + kReset);
   // A bankroll beyond the limit keeps the next run from starting.
   platform.messages.clear();
   Run(0);
-  EXPECT_EQ(g.RollTally(18, 0), 50);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 50);
   EXPECT_EQ(platform.messages.size(), 1u);
 }
 
@@ -87,17 +87,17 @@ TEST_F(HyperDrive, AnEarlierStopReasonIsNotOverwrittenByAutoStop) {
 TEST_F(HyperDrive, TheUserStopsTheRunWithoutAMessage) {
   At(25, [](Game& game) { RunHyperDrive(game); });
   Run(0);
-  EXPECT_EQ(g.RollTally(18, 0), 25);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 25);
   EXPECT_TRUE(g.hyper.LastStopMessage.empty() && platform.messages.empty());
   At(40, [](Game& game) { AskStopHyperDrive(game); });
   platform.queuedReplies = {{7, "", "", false}};
   Run(60);
-  EXPECT_EQ(g.RollTally(18, 0), 85);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 85);
   ASSERT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(platform.messages[0].text, "Do you want to stop the Hyper-Drive?");
   platform.queuedReplies = {{6, "", "", false}};
   Run(60);
-  EXPECT_EQ(g.RollTally(18, 0), 125);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 125);
   EXPECT_TRUE(g.hyper.LastStopMessage.empty() && platform.messages.size() == 2u);
 }
 

@@ -114,7 +114,7 @@ TEST_F(Settings, ClosingTheFormRefiguresFieldAndUnits) {
   EXPECT_EQ(g.PayoffTbl(0, PlaceId(6)), 4_usd);
   EXPECT_TRUE(g.BankrollHigh(1) == 500_usd && g.BankrollLow(1) == 500_usd)
       << "no roll yet: both records take the bankroll";
-  g.RollTally(FrameIndex(0, 2), 0) = 3;
+  g.RollTally(kTableSession, kEventRolls) = 3;
   g.Bet(1, 0) = 100_usd;
   ApplyConfigureClose(g);
   EXPECT_TRUE(g.BankrollHigh(1) == 500_usd && g.BankrollLow(1) == 100_usd);

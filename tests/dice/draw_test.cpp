@@ -52,7 +52,7 @@ TEST_F(DiceFixture, EveryGeneratorGivesUniformDiceInRange) {
     const Long top = (index >= 3 && index <= 6) ? 100001 : 100000;
     Long lowest = top, highest = 1;
     for (long i = 0; i < kRolls; ++i) {
-      game->RollTally(18, 0) = static_cast<Long>(i);
+      game->RollTally(kTableSession, kEventRolls) = static_cast<Long>(i);
       const auto [d1, d2] = Roll();
       ASSERT_TRUE(d1 >= 1 && d1 <= 6 && d2 >= 1 && d2 <= 6) << index << ": " << d1 << d2;
       if (i < 50000) {
@@ -84,7 +84,7 @@ TEST_F(DiceFixture, AlternatingGeneratorsFollowSessionRollCount) {
     Game& g = *game;
     const MtState twisterBefore = c.twister == 0 ? g.dice.mt19937 : g.dice.mtSecond;
     for (Long count = 0; count < 40; ++count) {
-      g.RollTally(18, 0) = count;
+      g.RollTally(kTableSession, kEventRolls) = count;
       auto alone = std::make_unique<Game>(g);
       alone->dice.RngIndex = (count % 2 == 0) ? c.shuffled : c.twister;
       DrawDice(*alone);
@@ -141,7 +141,7 @@ TEST_F(DiceFixture, DrawOfExactlyOneMakesASix) {
   for (const Long index : {4, 5}) {
     Select(index, 99);
     game->dice.ran1.r.fill(1.0f);
-    game->RollTally(18, 0) = 2;  // even: generator 5 draws from Ran1
+    game->RollTally(kTableSession, kEventRolls) = 2;  // even: generator 5 draws from Ran1
     EXPECT_EQ(Roll(), (std::array<Long, 2>{6, 6})) << index;
   }
   Select(4, 3);

@@ -23,7 +23,7 @@ struct SeedFixture : ::testing::Test {
   std::vector<Long> Rolls(int n) {
     std::vector<Long> dice;
     for (int i = 0; i < n; ++i) {
-      game->RollTally(18, 0) = i;
+      game->RollTally(kTableSession, kEventRolls) = i;
       DrawDice(*game);
       dice.push_back(game->Die1 * 10 + game->Die2);
     }

@@ -118,7 +118,7 @@ TEST_F(Place, RemovedDontAndFireBetsMayBeRestoredUpToTheirContractOnly) {
   // Fire: made before the hand's first roll only.
   EXPECT_EQ(Ask(2, kFire, 5), 5_usd);
   FixContracts();
-  g.RollTally(0, 0) = 1;
+  g.RollTally(kTableHand, kEventRolls) = 1;
   EXPECT_EQ(Ask(2, kFire, -5), -5_usd);
   EXPECT_EQ(Ask(2, kFire, 6), 5_usd);
   EXPECT_TRUE(Ask(3, kFire, 1).IsZero());

@@ -100,7 +100,7 @@ TEST_F(Players, AMoveTradesEverythingAndCarriesTheDiceOnlyToANeighbour) {
   g.Shooter = 3;
   MovePlayer(g, 3, 5);  // 4 open between upward, 2 ... downward: the dice follow
   EXPECT_EQ(g.Shooter, 5);
-  g.RollTally(0, 0) = 3;  // mid-hand
+  g.RollTally(kTableHand, kEventRolls) = 3;  // mid-hand
   MovePlayer(g, 5, 8);    // 6 and 7 upward, 4..1 downward: a pass from seat 5 down
   EXPECT_EQ(g.Shooter, 2);
   // When nobody can take the dice, they stay with the player who moved.
@@ -162,7 +162,7 @@ TEST_F(Players, PassingTheDiceWalksDownwardAndSaysWhyItCant) {
   EXPECT_TRUE(platform.messages.empty());
   EXPECT_EQ(LastLog(), "    P1 passed the dice to Fay");
 
-  g.RollTally(0, 0) = 5;  // mid-hand
+  g.RollTally(kTableHand, kEventRolls) = 5;  // mid-hand
   PassDice(g, true);
   EXPECT_EQ(g.Shooter, 3);
   EXPECT_EQ(LastText(),

@@ -213,7 +213,7 @@ TEST_F(Resolve, WorkingFlagsDecideWhatActs) {
 }
 
 TEST_F(Resolve, DecisionsAreCountedInTheLiveFramesOnly) {
-  g.RollTally(18, 0) = 77;
+  g.RollTally(kTableSession, kEventRolls) = 77;
   Put(1, kField, 5);
   Decide(1, 1, 0);  // +10
   Put(1, kField, 2);

@@ -20,7 +20,7 @@ TEST_F(RollChecks, ABetRequirementWithoutPlayersStopsBeforeTheDice) {
   g.rules.BetRequirement = kLineBetRequired;
   ASSERT_TRUE(QueueDice(g, 5, 5));
   RollDice(g);
-  EXPECT_EQ(g.RollTally(18, 0), 0);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
   EXPECT_EQ(g.roll.QueuedCount, 1);
   EXPECT_FALSE(g.RollBusy);
   EXPECT_EQ(LastMessage().text,
@@ -37,7 +37,7 @@ TEST_F(RollChecks, ALineBetRequirementNamesTheShooter) {
   EXPECT_NE(LastMessage().text.find("Ann must make a Pass Line bet"), std::string::npos);
   g.Point = 6;
   RollDice(g);
-  EXPECT_EQ(g.RollTally(18, 0), 0);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
 
   // A Don't Pass bet is enough; a Place bet is not.
   g.Point = 0;
@@ -46,7 +46,7 @@ TEST_F(RollChecks, ALineBetRequirementNamesTheShooter) {
   g.Bet(1, bet::kDontPass) = Currency::FromWhole(5);
   const auto shown = platform.messages.size();
   Roll(2, 3);
-  EXPECT_EQ(g.RollTally(18, 0), 1);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
   EXPECT_EQ(platform.messages.size(), shown);
 
   // Any bet: a CheckStack is no bet.
@@ -54,26 +54,26 @@ TEST_F(RollChecks, ALineBetRequirementNamesTheShooter) {
   g.Bet(1, bet::kDontPass) = g.Bet(1, PlaceId(6)) = Currency{};
   g.Bet(1, 120) = Currency::FromWhole(50);
   RollDice(g);
-  EXPECT_EQ(g.RollTally(18, 0), 1);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
 }
 
 TEST_F(RollChecks, TheRollAndBankrollLimitsStopTheNextRoll) {
-  g.RollTally(18, 0) = 99'999'999;
+  g.RollTally(kTableSession, kEventRolls) = 99'999'999;
   Roll(2, 3);
   EXPECT_TRUE(platform.messages.empty());
   RollDice(g);
-  EXPECT_EQ(g.RollTally(18, 0), 100'000'000);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 100'000'000);
   EXPECT_EQ(LastMessage().text,
             "Sorry ... the maximum limit of 100,000,000 rolls has been reached.\r\r" + kReset);
 
-  g.RollTally(18, 0) = 0;
+  g.RollTally(kTableSession, kEventRolls) = 0;
   Seat(1, "Ann");
   g.Bet(1, 0) = Currency::FromWhole(9'999'999);
   Roll(1, 2);  // exactly the limit still rolls
   const auto shown = platform.messages.size();
   g.Bet(1, 0) = Currency::FromWhole(9'999'999) + Currency::FromRaw(1);
   RollDice(g);
-  EXPECT_EQ(g.RollTally(18, 0), 1);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
   EXPECT_EQ(platform.messages.size(), shown + 1);
   EXPECT_EQ(LastMessage().text,
             "Congratulations!\r\rAnn broke the bank limit of $9,999,999\r\r" + kReset);
@@ -82,7 +82,7 @@ TEST_F(RollChecks, TheRollAndBankrollLimitsStopTheNextRoll) {
   Roll(1, 2);
   g.Bet(1, 0) = -(Currency::FromWhole(9'999'999) + Currency::FromRaw(1));
   RollDice(g);
-  EXPECT_EQ(g.RollTally(18, 0), 2);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 2);
 }
 
 TEST_F(RollChecks, BankrollRecordsFollowEveryRoll) {

@@ -14,7 +14,7 @@ TEST_F(RollTallies, FourOneCountsItsTenEventsInEveryLiveFrame) {
   const std::set<int> expected = {81, 84, 28, 5, 31, 17, 18, 19, 67, 72};
   for (int k = 1; k <= 90; ++k)
     for (int frame : {0, 18, 36}) EXPECT_EQ(g.RollTally(frame, k), expected.count(k)) << k;
-  EXPECT_EQ(g.RollTally(18, 0), 1);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
 }
 
 TEST_F(RollTallies, GapsAreMeasuredFromTheLastShowing) {
@@ -54,7 +54,7 @@ TEST_F(StateMachine, PointMadeAndSevenOutMoveTheHandToTheLastHandFrame) {
   EXPECT_EQ(g.PointAtRoll, 6);
 
   // The hand is over: frame 0 empty, frame 9 the hand, frames 18 and 36 kept.
-  EXPECT_EQ(g.RollTally(0, 0), 0);
+  EXPECT_EQ(g.RollTally(kTableHand, kEventRolls), 0);
   EXPECT_EQ(g.RollTally(9, 0), 6);
   EXPECT_EQ(g.TotalsTally(9, 6, 3), 1);  // the miss counts at the point
   EXPECT_EQ(g.HandsTally(0), 0);
@@ -64,7 +64,7 @@ TEST_F(StateMachine, PointMadeAndSevenOutMoveTheHandToTheLastHandFrame) {
 
   Roll(1, 2);  // first roll of the next hand: the hand count rises now
   EXPECT_EQ(g.HandsTally(0), 1);
-  EXPECT_EQ(g.HandsTally(18), 2);
+  EXPECT_EQ(g.HandsTally(kTableSession), 2);
   EXPECT_EQ(g.MostRollsHand(18), 6);
 }
 
@@ -120,7 +120,7 @@ void FillPage(Game& g) {
   for (int k = 1; k <= 1050; ++k) g.GraphBankroll(1, k) = Currency::FromWhole(k);
   for (int k = 1; k <= 525; ++k) g.GraphTrend(1, k) = Currency::FromWhole(2 * k);
   g.GraphRollCount = 525;
-  g.RollTally(18, 0) = 1000;
+  g.RollTally(kTableSession, kEventRolls) = 1000;
   g.Bet(1, 0) = Currency::FromWhole(-7);
 }
 

@@ -19,7 +19,7 @@ class Session : public RollFixture {
 TEST_F(Session, PreservedGamesMoveTheSessionToTheLastSessionFrame) {
   PlaySomeRolls();
   auto before = std::make_unique<Game>(g);
-  ASSERT_GT(before->RollTally(18, 0), 0);
+  ASSERT_GT(before->RollTally(kTableSession, kEventRolls), 0);
   NewSession(g, true, false, true, 0);
   for (int k = 0; k <= 90; ++k) {
     EXPECT_EQ(g.RollTally(27, k), before->RollTally(18, k)) << k;
@@ -28,7 +28,7 @@ TEST_F(Session, PreservedGamesMoveTheSessionToTheLastSessionFrame) {
   }
   for (int t = 2; t <= 12; ++t)
     for (int c = 1; c <= 3; ++c) EXPECT_EQ(g.TotalsTally(27, t, c), before->TotalsTally(18, t, c));
-  EXPECT_EQ(g.HandsTally(27), before->HandsTally(18));
+  EXPECT_EQ(g.HandsTally(27), before->HandsTally(kTableSession));
   EXPECT_EQ(g.MostRollsHand(27), before->MostRollsHand(18));
   EXPECT_EQ(g.MostRollsHand(18), 0);
 

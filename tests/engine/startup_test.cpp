@@ -26,7 +26,7 @@ TEST_F(StartedGame, AMissingGeneratorFallsBackAndTheGameStillRolls) {
   g.dice.RngIndex = 0;
   RollDice(g);
   EXPECT_EQ(g.dice.RngIndex, 3);
-  EXPECT_EQ(g.RollTally(18, 0), 1);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
   EXPECT_GE(g.Die1, 1);
   EXPECT_LE(g.Die2, 6);
 }

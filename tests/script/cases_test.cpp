@@ -32,11 +32,8 @@ std::string Output(fs::path bet, bool dump) {
     else if (word == "--player" && args >> word && seat <= 8)
       game->PlayerName[seat++] = word;
   }
-  int line = 0, col = 0, endLine = 0, endCol = 0;
-  CompileScript(*game, slot, script_test::Lines(ReadAll(bet)), line, col, endLine, endCol);
-  if (line > 0)
-    return FormatCompileFailure(bet.filename().string(), game->msg.MsgText, line, col, endLine,
-                                endCol);
+  if (const auto error = CompileScript(*game, slot, script_test::Lines(ReadAll(bet))))
+    return FormatCompileFailure(bet.filename().string(), *error);
   return dump ? DumpScriptCode(game->scriptCode) : "Your script is properly structured.\n";
 }
 

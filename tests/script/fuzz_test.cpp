@@ -53,17 +53,17 @@ Outcome CompileMany(int count, std::mt19937& rng, const std::function<std::strin
   for (int n = 0; n < count && !::testing::Test::HasFailure(); ++n) {
     const std::string text = make();
     const std::vector<std::string> lines = script_test::Lines(text);
-    int line = 0, col = 0, endLine = 0, endCol = 0;
-    CompileScript(*game, static_cast<int>(rng() % 9), lines, line, col, endLine, endCol);
-    if (line == 0) {
+    const auto error = CompileScript(*game, static_cast<int>(rng() % 9), lines);
+    if (!error) {
       ++out.passed;
       ExpectLinksSound(game->scriptCode);
     } else {
-      out.pastTokenizer += game->msg.MsgText.rfind("Unknown", 0) != 0;
-      EXPECT_FALSE(mustPass) << game->msg.MsgText;
-      EXPECT_FALSE(game->msg.MsgText.empty());
-      EXPECT_LE(line, endLine);
-      EXPECT_LT(line, static_cast<int>(lines.size()) + 1);
+      out.pastTokenizer += error->message.rfind("Unknown", 0) != 0;
+      EXPECT_FALSE(mustPass) << error->message;
+      EXPECT_FALSE(error->message.empty());
+      EXPECT_EQ(error->message, game->msg.MsgText);
+      EXPECT_LE(error->line, error->endLine);
+      EXPECT_LT(error->line, static_cast<int>(lines.size()) + 1);
     }
     for (std::string once : tidyTwice ? lines : std::vector<std::string>{}) {
       TidyScriptLine(once);
@@ -187,13 +187,12 @@ TEST(CompileFuzz, VeryLongLinesCompile) {
   std::string line;
   for (int i = 0; i < 20000; ++i) line += "cs1 = cs1+1 : ";
   auto game = std::make_unique<Game>();
-  int errLine = 0, col = 0, endLine = 0, endCol = 0;
-  CompileScript(*game, 1, {"", line, std::string(100000, ' ') + std::string(50000, '(')}, errLine,
-                col, endLine, endCol);
-  EXPECT_EQ(game->msg.MsgText, "Missing or improperly placed parenthesis.");
-  EXPECT_EQ(errLine, 2);
-  CompileScript(*game, 1, {"", line}, errLine, col, endLine, endCol);
-  EXPECT_EQ(errLine, 0);
+  const auto error =
+      CompileScript(*game, 1, {"", line, std::string(100000, ' ') + std::string(50000, '(')});
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->message, "Missing or improperly placed parenthesis.");
+  EXPECT_EQ(error->line, 2);
+  EXPECT_FALSE(CompileScript(*game, 1, {"", line}));
   EXPECT_EQ(game->scriptCode.CompiledScript.size(), 3u + 20000 * 8);
 }
 

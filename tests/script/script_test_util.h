@@ -30,9 +30,15 @@ struct Result {
 
 inline Result Compile(Game& game, std::string_view text, int p = 1) {
   Result r;
-  CompileScript(game, p, Lines(text), r.line, r.col, r.endLine, r.endCol);
-  r.ok = r.line == 0;
-  r.msg = r.ok ? std::string() : game.msg.MsgText;
+  const auto error = CompileScript(game, p, Lines(text));
+  r.ok = !error;
+  if (error) {
+    r.msg = error->message;
+    r.line = error->line;
+    r.col = error->column;
+    r.endLine = error->endLine;
+    r.endCol = error->endColumn;
+  }
   return r;
 }
 

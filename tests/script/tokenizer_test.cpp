@@ -18,11 +18,9 @@ struct TokenizerTest : ::testing::Test {
   std::unique_ptr<Game> game = std::make_unique<Game>();
   std::string Tokens(std::string_view text) {
     std::vector<std::string> lines = script_test::Lines(text);
-    int line = 0, col = 0;
-    std::string name;
     game->scriptCode.StringPool.assign(1, {});
-    TokenizeScript(*game, 1, lines, line, col, name);
-    EXPECT_EQ(line, 0) << game->msg.MsgText;
+    const auto error = TokenizeScript(*game, 1, lines);
+    EXPECT_FALSE(error) << game->msg.MsgText;
     return BodyText(*game);
   }
   std::string Pooled(std::size_t i) const { return game->scriptCode.StringPool.at(i).Text; }
@@ -97,15 +95,14 @@ TEST(ReservedWords, NamesThatHoldAWordOrSymbolAreRefused) {
     EXPECT_TRUE(IsReservedWord(name)) << name;
   auto game = std::make_unique<Game>();
   std::string name = "Lucky Point";
-  int line = 0, col = 0;
-  TokenizeScript(*game, 1, {}, line, col, name);
+  EXPECT_TRUE(RefuseReservedName(*game, name));
   EXPECT_EQ(name, kReservedNameMarker);
   EXPECT_EQ(
       game->msg.MsgText,
       "Unfortunately, \"Lucky Point\" contains a word, phrase, or symbol used in auto-betting "
       "and therefore can't be used as a player's name.\r\rPlease enter a different name.\r\r");
   name = "Lucky";
-  TokenizeScript(*game, 1, {}, line, col, name);
+  EXPECT_FALSE(RefuseReservedName(*game, name));
   EXPECT_EQ(name, "Lucky");
 }
 
