@@ -87,4 +87,6 @@ struct AutoPlayState {
 
   // Players selected on the Auto-Play form (bit p for player p).
   std::int32_t SelectedPlayers = 0;
+
+  friend bool operator==(const AutoPlayState&, const AutoPlayState&) = default;
 };

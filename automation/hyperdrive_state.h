@@ -32,4 +32,6 @@ struct HyperDriveState {
   void* RollObserverContext = nullptr;
   // Why the last run ended, kept after the window has cleared StopMessage.
   std::string LastStopMessage;
+
+  friend bool operator==(const HyperDriveState&, const HyperDriveState&) = default;
 };

@@ -123,4 +123,6 @@ struct TableSettings {
 
   // The tab frmConfigure opens on.
   Long ConfigureTab = 0;
+
+  friend bool operator==(const TableSettings&, const TableSettings&) = default;
 };

@@ -148,4 +148,6 @@ struct Game {
   BettingState betting;
   ScriptSource scriptSource;
   ScriptCode scriptCode;
+
+  friend bool operator==(const Game&, const Game&) = default;
 };

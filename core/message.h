@@ -16,4 +16,6 @@ struct MessageState {
   std::string MsgInput1;
   std::string MsgInput2;
   Currency MsgAmount2;   // the second answer box read as an amount
+
+  friend bool operator==(const MessageState&, const MessageState&) = default;
 };

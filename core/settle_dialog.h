@@ -12,11 +12,15 @@
 struct SettleDialogLine {
   std::string label;   // lblWonBetType(i)
   std::string amount;  // lblWonBet(i): "$" & FormatMoney, or empty
+
+  friend bool operator==(const SettleDialogLine&, const SettleDialogLine&) = default;
 };
 
 struct SettleDialogButton {
   std::string caption;  // cmdHandle(i)
   bool enabled = true;
+
+  friend bool operator==(const SettleDialogButton&, const SettleDialogButton&) = default;
 };
 
 // One of the two adjustment rows (buttons 5 and 6).
@@ -28,6 +32,8 @@ struct SettleDialogRow {
   bool enabled = true;
   std::string operatorCaption;  // cmdMathOperator: "+", "-", "x", "/" (row 5 only)
   std::string unitsCaption;     // cmdUnits: "$", "%" or "$" & m & " Units"
+
+  friend bool operator==(const SettleDialogRow&, const SettleDialogRow&) = default;
 };
 
 // What the dialog settles: a bet that won or pushed, one that lost, or an
@@ -44,4 +50,6 @@ struct SettleDialog {
   std::array<SettleDialogRow, 2> rows{};  // rows of buttons 5 and 6
   int defaultButton = 0;
   bool snapCursor = false;  // move the pointer to the default button
+
+  friend bool operator==(const SettleDialog&, const SettleDialog&) = default;
 };

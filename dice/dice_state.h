@@ -37,6 +37,8 @@ constexpr Long kMissingSecondMt = 2;  // generators 1, 6 fall back to 3
 struct MtState {
   std::array<std::uint32_t, kMtWords> mt{};
   int mti = kMtWords + 1;
+
+  friend bool operator==(const MtState&, const MtState&) = default;
 };
 
 // The three-sequence shuffled generator Ran1.
@@ -44,6 +46,8 @@ struct Ran1State {
   std::int32_t ix1 = 0, ix2 = 0, ix3 = 0;
   std::array<float, 98> r{};  // r(1..97); element 0 unused
   bool initialised = false;
+
+  friend bool operator==(const Ran1State&, const Ran1State&) = default;
 };
 
 // The one-sequence shuffled generator Ran2.
@@ -52,6 +56,8 @@ struct Ran2State {
   std::int32_t iy = 0;
   std::array<std::int32_t, 98> ir{};  // ir(1..97); element 0 unused
   bool initialised = false;
+
+  friend bool operator==(const Ran2State&, const Ran2State&) = default;
 };
 
 struct DiceState {
@@ -72,4 +78,6 @@ struct DiceState {
   // Static text of the last internal generator fault ("An error occurred in
   // function Ran1"), or null. Never allocated.
   const char* RngError = nullptr;
+
+  friend bool operator==(const DiceState&, const DiceState&) = default;
 };

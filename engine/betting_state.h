@@ -68,4 +68,6 @@ struct BettingState {
   std::int32_t CurPlayer = 0;      // the seat betting and menus act on; 0 none
   std::int32_t PendingAction = 0;  // PendingActionKind
   bool KeyInBetAmounts = false;    // mnuKeyInBetAmounts: a click opens a typed amount
+
+  friend bool operator==(const BettingState&, const BettingState&) = default;
 };

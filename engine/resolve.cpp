@@ -1,5 +1,6 @@
 #include "engine/resolve.h"
 
+#include <array>
 #include <bit>
 #include <cassert>
 #include <cstdint>
@@ -7,8 +8,8 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
-#include "engine/hand.h"
 #include "core/money.h"
+#include "engine/hand.h"
 #include "engine/settle.h"
 #include "engine/settle_text.h"
 
@@ -44,9 +45,7 @@ void NoteBetsOnTable(Game& g) {
   g.autoplay.BetsOnTable[1] = bits[1];
 }
 
-bool OnTable(const Game& g, int b) {
-  return (g.autoplay.BetsOnTable[b >> 6] >> (b & 63)) & 1;
-}
+bool OnTable(const Game& g, int b) { return (g.autoplay.BetsOnTable[b >> 6] >> (b & 63)) & 1; }
 
 // ResolveBet for every seat with bets, in stick order.
 void AllSeats(Game& g, int sign, int b) {
@@ -66,8 +65,6 @@ void FlatWithOdds(Game& g, int flatSign, int flat, int oddsSign, int odds) {
     ResolveBet(g, seat, oddsSign, odds);
   }
 }
-
-bool HasFace(const Game& g, int face) { return g.Die1 == face || g.Die2 == face; }
 
 void WriteLog(Game& g, std::string_view line) {
   g.roll.LogText.append(line);
@@ -156,9 +153,16 @@ void LosersPass(Game& g) {
   if (t >= 7) AllSeats(g, kLoses, bet::kUnder7);
   if (t <= 6) AllSeats(g, kWins, bet::kUnder7);
 
-  static constexpr int kHopOrder[kHopCount] = {67, 71, 68, 72, 69, 73, 76, 70, 74,
-                                               77, 75, 78, 80, 79, 81, 82, 83};
-  // Hop ids 67..83 are bits 3..19 of the second word of the on-table set.
+  // Losing hop bets are taken by total, then by the lower die.
+  static constexpr auto kHopOrder = [] {
+    std::array<int, kHopCount> order{};
+    std::size_t n = 0;
+    for (int total = 2; total <= 12; ++total)
+      for (int low = 1; low <= 6 && low <= total - low; ++low)
+        if (const int id = total - low <= 6 ? HopId(low, total - low) : 0) order[n++] = id;
+    return order;
+  }();
+  // The hop ids are bits of the second word of the on-table set.
   constexpr std::uint64_t kHopBits = ((std::uint64_t{1} << kHopCount) - 1) << (bet::kHopFirst - 64);
   if ((g.autoplay.BetsOnTable[1] & kHopBits) == 0) return;
   const int hit = HopId(g.Die1, g.Die2);
@@ -200,6 +204,9 @@ void WinCrapsProps(Game& g, int single) {
   AllSeats(g, kWins, bet::kWorld);
 }
 
+// The hop bet of the dice on the table, in either order.
+void WinHop(Game& g) { AllSeats(g, kWins, HopId(g.Die1, g.Die2)); }
+
 void WinnersPass(Game& g) {
   const int t = g.DiceTotal;
   const bool co = g.PointAtRoll == 0;
@@ -224,29 +231,21 @@ void WinnersPass(Game& g) {
       break;
     case 4:
       WinBoxNumber(g, 4);
-      if (pair) {
-        AllSeats(g, kWins, bet::kHard4);
-        AllSeats(g, kWins, 71);
-      } else {
-        AllSeats(g, kWins, 67);
-      }
+      if (pair) AllSeats(g, kWins, bet::kHard4);
+      WinHop(g);
       Travel(g, 4);
       break;
     case 5:
       WinBoxNumber(g, 5);
-      AllSeats(g, kWins, HasFace(g, 1) ? 68 : 72);
+      WinHop(g);
       Travel(g, 5);
       break;
     case 6:
       WinBoxNumber(g, 6);
       AllSeats(g, kWins, bet::kBig6);
       AllSeats(g, kWins, bet::kMidway);
-      if (pair) {
-        AllSeats(g, kWins, bet::kHard6);
-        AllSeats(g, kWins, 76);
-      }
-      if (HasFace(g, 1)) AllSeats(g, kWins, 69);
-      if (HasFace(g, 2)) AllSeats(g, kWins, 73);
+      if (pair) AllSeats(g, kWins, bet::kHard6);
+      WinHop(g);
       Travel(g, 6);
       break;
     case 7:
@@ -264,36 +263,26 @@ void WinnersPass(Game& g) {
       AllSeats(g, kWins, bet::kMidway);
       AllSeats(g, kWins, bet::kSeven);
       AllSeats(g, kWins, bet::kWorld);
-      if (HasFace(g, 1)) AllSeats(g, kWins, 70);
-      if (HasFace(g, 2)) AllSeats(g, kWins, 74);
-      if (HasFace(g, 3)) AllSeats(g, kWins, 77);
+      WinHop(g);
       if (!co) EndHand(g);
       break;
     case 8:
       WinBoxNumber(g, 8);
       AllSeats(g, kWins, bet::kBig8);
       AllSeats(g, kWins, bet::kMidway);
-      if (pair) {
-        AllSeats(g, kWins, bet::kHard8);
-        AllSeats(g, kWins, 80);
-      }
-      if (HasFace(g, 2)) AllSeats(g, kWins, 75);
-      if (HasFace(g, 3)) AllSeats(g, kWins, 78);
+      if (pair) AllSeats(g, kWins, bet::kHard8);
+      WinHop(g);
       Travel(g, 8);
       break;
     case 9:
       WinBoxNumber(g, 9);
-      AllSeats(g, kWins, HasFace(g, 3) ? 79 : 81);
+      WinHop(g);
       Travel(g, 9);
       break;
     case 10:
       WinBoxNumber(g, 10);
-      if (pair) {
-        AllSeats(g, kWins, bet::kHard10);
-        AllSeats(g, kWins, 83);
-      } else {
-        AllSeats(g, kWins, 82);
-      }
+      if (pair) AllSeats(g, kWins, bet::kHard10);
+      WinHop(g);
       Travel(g, 10);
       break;
     case 11:

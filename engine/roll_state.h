@@ -64,4 +64,6 @@ struct RollState {
   static constexpr int kDiceQueue = 64;
   std::array<std::array<std::int8_t, 2>, kDiceQueue> QueuedDice{};
   int QueuedHead = 0, QueuedCount = 0;
+
+  friend bool operator==(const RollState&, const RollState&) = default;
 };

@@ -137,11 +137,15 @@ static_assert(std::size(kAllKinds) == std::size(kKindNames),
 struct ScriptElement {
   std::int32_t Kind = kEmpty;
   double Value = 0;
+
+  friend bool operator==(const ScriptElement&, const ScriptElement&) = default;
 };
 
 struct PoolString {
   std::string Text;
   double Value = 0;  // for a label: the element index of the label
+
+  friend bool operator==(const PoolString&, const PoolString&) = default;
 };
 
 // Highest subscript of WorkStatement and the starting size of GosubStack.
@@ -167,6 +171,8 @@ struct ScriptCode {
   std::array<std::vector<ScriptElement>, 9> SlotScript;
   std::array<std::vector<PoolString>, 9> SlotStrings;
   std::array<bool, 9> SlotCompiled{};
+
+  friend bool operator==(const ScriptCode&, const ScriptCode&) = default;
 };
 
 // Dump name of a kind ("Mark" for any statement mark, "?" for unknown kinds).

@@ -73,4 +73,6 @@ struct ScriptSource {
       ScriptSelEndLine[p] = 1;
     }
   }
+
+  friend bool operator==(const ScriptSource&, const ScriptSource&) = default;
 };
