@@ -1,8 +1,9 @@
 #include "config/payoffs.h"
 
-#include "core/message_dialog.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/payoff_math.h"
 #include "core/platform.h"
@@ -127,7 +128,7 @@ void SetDefaultPayoffs(Game& game) {
 bool RestoreDefaultPayoffs(Game& game) {
   const int answer =
       ShowNotice(game, "Do you want to restore all payoffs to \rtheir original Ravelton settings?",
-                 "Restore Default Payoffs", 138, kMsgYes | kMsgNo | kMsgPicQmark);
+                 "Restore Default Payoffs", kHelpPayoffs, kMsgYes | kMsgNo | kMsgPicQmark);
   if (answer != kAnswerYes) return false;
   SetDefaultPayoffs(game);
   if (game.platform != nullptr) game.platform->RequestRedraw(Redraw::Table);

@@ -1,9 +1,10 @@
 #include "config/settings.h"
 
-#include "core/message_dialog.h"
 #include "config/payoffs.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/payoff_math.h"
 #include "core/platform.h"
@@ -167,7 +168,7 @@ std::optional<ConfigFault> FindConfigFault(Game& game, RollRateBox* rateBox) {
 bool CheckConfigValues(Game& game, RollRateBox* rateBox) {
   const auto fault = FindConfigFault(game, rateBox);
   if (!fault) return true;
-  ShowNotice(game, fault->text, fault->title, 130, fault->style);
+  ShowNotice(game, fault->text, fault->title, kHelpLimits, fault->style);
   return false;
 }
 

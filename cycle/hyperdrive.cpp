@@ -4,8 +4,9 @@
 #include <cmath>
 #include <string>
 
-#include "core/message_dialog.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/platform.h"
 #include "cycle/roll.h"
@@ -94,8 +95,8 @@ void EndHyperDrive(Game& g) {
   if (!g.StopMessage.empty() && !g.platform->MainWindowMinimized()) {
     g.msg.MsgText = g.StopMessage;
     g.msg.MsgTitle = "Hyper-Drive Stopped";
-    g.msg.MsgHelpId = 540;
-    g.msg.MsgStyle = 513;
+    g.msg.MsgHelpId = kHelpHyperDrive;
+    g.msg.MsgStyle = kMsgOk | kMsgPicStop;
     ShowMessage(g, true);
   }
   // The buttons read "Start Hyper-&Drive" again; the graph offers its print.
@@ -109,7 +110,7 @@ bool AskStopHyperDrive(Game& g, bool shortForm) {
   g.msg.MsgText =
       shortForm ? "Do you want to stop Hyper-Drive?" : "Do you want to stop the Hyper-Drive?";
   g.msg.MsgTitle = "Hyper-Drive Active";
-  g.msg.MsgHelpId = 540;
+  g.msg.MsgHelpId = kHelpHyperDrive;
   g.msg.MsgStyle = kMsgYes | kMsgNo | kMsgPicQmark;
   ShowMessage(g, true);
   if (g.msg.MsgAnswer != kAnswerYes) return false;
@@ -124,7 +125,7 @@ bool AskForValue(Game& g, std::string text, std::string_view title, Currency cur
                  double& value) {
   g.msg.MsgText = std::move(text);
   g.msg.MsgTitle = title;
-  g.msg.MsgHelpId = 540;
+  g.msg.MsgHelpId = kHelpHyperDrive;
   g.msg.MsgStyle = kMsgOk | kMsgCancel | kMsgInput1;
   g.msg.MsgInput1 = FormatMoney(current);
   ShowMessage(g, true);

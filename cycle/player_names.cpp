@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/platform.h"
@@ -65,7 +66,7 @@ std::string PlayerNameProblem(const Game& g, std::string_view name, int ownSeat)
 
 bool AddPlayer(Game& g, int position) {
   if (position < 1 || position > 8 || Seated(g, position)) return false;
-  if (ShowNotice(g, "Would you like to add a player here?", "Add New Player?", 180,
+  if (ShowNotice(g, "Would you like to add a player here?", "Add New Player?", kHelpPlayers,
                  kMsgYes | kMsgNo) != kAnswerYes)
     return false;
   const std::string name = AskName(g, "What's the new player's name?\r", "Add New Player", 0);
@@ -101,7 +102,7 @@ bool RenamePlayer(Game& g, int p, bool* chooseLogFile) {
         g,
         Cat("Would you also like to change ", name, "'s sessions log filename?\r\rCurrently:\r\r",
             g.roll.SessionLogPath[static_cast<std::size_t>(p)]),
-        "Rename Sessions Log", 180, kMsgYes | kMsgNo);
+        "Rename Sessions Log", kHelpPlayers, kMsgYes | kMsgNo);
     if (chooseLogFile) *chooseLogFile = answer == kAnswerYes;
   }
   return true;

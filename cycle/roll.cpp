@@ -2,31 +2,33 @@
 // repeats), and the end of the call. The tallies, the state machine, the
 // graph and the log lines live in their own files.
 #include "cycle/roll.h"
-#include "engine/roll_steps.h"
 
 #include <algorithm>
 
 #include "automation/autoplay.h"
-#include "cycle/hyperdrive.h"
-#include "core/message_dialog.h"
 #include "config/payoffs.h"
-#include "dice/rng.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/platform.h"
+#include "cycle/hyperdrive.h"
+#include "dice/rng.h"
 #include "engine/resolve.h"
 #include "engine/roll_internal.h"
+#include "engine/roll_steps.h"
 
 namespace {
 
 constexpr Currency kLimitAmount = Currency::FromWhole(kBankrollLimit);
 
 // The roll's own messages: help topic 130, modal.
-void ShowRollMessage(Game& g, std::string text, std::string_view title, int style = 513) {
+void ShowRollMessage(Game& g, std::string text, std::string_view title,
+                     int style = kMsgOk | kMsgPicStop) {
   g.msg.MsgText = std::move(text);
   g.msg.MsgTitle = title;
-  g.msg.MsgHelpId = 130;
+  g.msg.MsgHelpId = kHelpLimits;
   g.msg.MsgStyle = style;
   ShowMessage(g, true);
 }
@@ -126,7 +128,8 @@ void SnapshotAfterRoll(Game& g) {
     const auto bets = g.Bet.Span(p, 0, kLastBetId);
     std::copy(bets.begin(), bets.end(), g.BetAfterRoll.Span(p, 0, kLastBetId).begin());
     const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
-    std::copy(working.begin(), working.end(), g.BetWorkingAfterRoll.Span(p, 1, kLastRealBet).begin());
+    std::copy(working.begin(), working.end(),
+              g.BetWorkingAfterRoll.Span(p, 1, kLastRealBet).begin());
   }
   g.roll.ScriptActiveAtRoll = g.roll.ScriptActive;
 }

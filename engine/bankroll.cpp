@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <string>
 
-#include "core/message_dialog.h"
 #include "config/settings.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
-#include "engine/place.h"
 #include "core/platform.h"
+#include "engine/place.h"
 #include "engine/settle_text.h"
 
 namespace {
@@ -76,7 +77,7 @@ Currency Atm(Game& g, int p, bool isDeposit, Currency amount, bool fromConfigure
     ShowNotice(g,
                Cat("Requested amount:  $", FormatMoney(amount), "\rAllowed amount:  $",
                    FormatMoney(allowed), "\r\r", why),
-               title, 130, kMsgOk | (fromConfigure ? 0 : kMsgHideNotAllowed));
+               title, kHelpLimits, kMsgOk | (fromConfigure ? 0 : kMsgHideNotAllowed));
   const Currency moved = isDeposit ? -allowed : allowed;
   g.InvestedBankroll(p) += moved;
   g.Bet(p, 0) += moved;
@@ -97,7 +98,7 @@ bool OpenBankrollTab(Game& g) {
   ShowNotice(g,
              "You need to add one or more players before you can set bankroll parameters.\r\rTo "
              "add a player return to the main table and click on the \"Players\" menu.",
-             "No Players", 180, kMsgOk);
+             "No Players", kHelpPlayers, kMsgOk);
   return false;
 }
 
@@ -115,7 +116,7 @@ bool ChangeAllowNegBankroll(Game& g, int p, bool on) {
                Cat("Before you can un-check this box, ", name,
                    " must have a non-negative bankroll. Some options:\r\r -- Win some more money "
                    "first, or\r -- Make a withdrawal from the ATM."),
-               "Bankroll", 130, kMsgOk);
+               "Bankroll", kHelpLimits, kMsgOk);
     return true;
   }
   if (bank < bets) {
@@ -128,7 +129,7 @@ bool ChangeAllowNegBankroll(Game& g, int p, bool on) {
             " must either:\r\r -- Reduce the amount of his/her current bets, or \r -- Make at "
             "least a $",
             FormatMoney(bets - bank), " withdrawal from the ATM."),
-        "Bankroll", 130, kMsgOk);
+        "Bankroll", kHelpLimits, kMsgOk);
     return true;
   }
   allow = false;
@@ -148,7 +149,7 @@ void SetBeginningBankroll(Game& g, int p, Currency previous) {
     for (int tries = 0; tries < kMaxAsks; ++tries) {
       g.msg.MsgText = Cat(lead, "Enter ", Name(g, p), "'s beginning bankroll:");
       g.msg.MsgTitle = "Beginning Bankroll";
-      g.msg.MsgHelpId = 310;
+      g.msg.MsgHelpId = kHelpCheckStacks;
       g.msg.MsgStyle = kMsgOk | kMsgCancel | kMsgInput1 | kMsgSignedInput;
       g.msg.MsgInput1 = PlainAmount(s.StartBankroll(p));
       ShowMessage(g, true);
@@ -210,7 +211,7 @@ bool DeleteAllCheckStacks(Game& g, int p, StackClear what) {
   const char* title = what == StackClear::All      ? "Delete All"
                       : what == StackClear::Values ? "Delete All Values"
                                                    : "Delete All Names";
-  if (ShowNotice(g, Cat(lead, Name(g, p), "?"), title, 0, kMsgYes | kMsgNo) != kAnswerYes)
+  if (ShowNotice(g, Cat(lead, Name(g, p), "?"), title, kHelpNone, kMsgYes | kMsgNo) != kAnswerYes)
     return false;
   for (int n = 0; n <= 99; ++n) {
     if (what != StackClear::Names) g.Bet(p, bet::kCheckStackFirst + n) = Currency{};
@@ -227,7 +228,7 @@ bool SetVisibleCheckStacks(Game& g, int p, const int (&numbers)[4]) {
     for (int j = 0; j < i; ++j)
       if (numbers[i] == numbers[j]) {
         ShowNotice(g, "Each CheckStack entry should be a different number.",
-                   "Set Visible CheckStacks", 0, kMsgOk);
+                   "Set Visible CheckStacks", kHelpNone, kMsgOk);
         return false;
       }
   }

@@ -5,14 +5,15 @@
 #include <algorithm>
 #include <string>
 
-#include "core/message_dialog.h"
 #include "config/settings.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/payoff_math.h"
-#include "engine/place_internal.h"
 #include "core/platform.h"
+#include "engine/place_internal.h"
 #include "engine/settle_text.h"
 
 namespace {
@@ -239,7 +240,7 @@ void BankrollNotice(Game& g, int p, int b) {
   if (g.TotalBets(p) - g.Bet(p, b) - StoredUpFrontVig(g, p, b) > Currency{})
     text += "      - Bet less on other bets.\r";
   text += "      - Make a withdrawal from the ATM.\r      - Allow negative bankroll amounts.";
-  ShowNotice(g, text, BetTitle(b), 130, kMsgOk | kMsgHideLimits);
+  ShowNotice(g, text, BetTitle(b), kHelpLimits, kMsgOk | kMsgHideLimits);
 }
 
 void LimitNotice(Game& g, int p, int b) {
@@ -249,7 +250,7 @@ void LimitNotice(Game& g, int p, int b) {
   if (text.find("Unable") == std::string::npos)
     text = Cat(g.PlayerName[p], ",\r\r", s.LimitText, "\r",
                s.BetChange.IsZero() ? "which is already bet." : "which is being bet.");
-  ShowNotice(g, text, BetTitle(b), 130, kMsgOk | kMsgHideLimits);
+  ShowNotice(g, text, BetTitle(b), kHelpLimits, kMsgOk | kMsgHideLimits);
 }
 
 // The vig entry of a Buy or Lay bet follows its new total; up front it counts in TotalBets.
@@ -273,7 +274,7 @@ void UpdateVig(Game& g, int p, int b) {
       text = Cat("Vig charge returned $", FormatMoney(old));
   }
   if (now > Currency{} || upFront)
-    ShowNotice(g, text, BetTitle(b), buy ? 225 : 1, kMsgOk | kMsgHideCharges);
+    ShowNotice(g, text, BetTitle(b), buy ? kHelpBuyBets : kHelpBetting, kMsgOk | kMsgHideCharges);
 }
 
 void ChangeCheckStack(Game& g, int p, int b) {
@@ -294,7 +295,7 @@ void ChangeCheckStack(Game& g, int p, int b) {
     ShowNotice(g,
                Cat(g.PlayerName[p], ",\r\r", text, FormatMoney(limit), "\r",
                    s.BetChange.IsZero() ? "which is already stacked." : "which is being stacked."),
-               Cat("CheckStack #", std::to_string(b - bet::kCheckStackFirst)), 130,
+               Cat("CheckStack #", std::to_string(b - bet::kCheckStackFirst)), kHelpLimits,
                kMsgOk | kMsgHideLimits);
   g.Bet(p, b) += s.BetChange;
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::OpenViews);

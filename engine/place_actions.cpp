@@ -3,14 +3,15 @@
 // bet, calling bets on and off, and a typed amount.
 #include <string>
 
-#include "core/message_dialog.h"
 #include "config/settings.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
+#include "core/platform.h"
 #include "engine/place.h"
 #include "engine/place_internal.h"
-#include "core/platform.h"
 #include "engine/settle_text.h"
 
 namespace {
@@ -119,7 +120,7 @@ void BuyPlaceBet(Game& g, int p, int b) {
   if (!Valid(p, b)) return;
   if (!IsPlace(b) || g.Bet(p, b).IsZero()) {
     if (CanNotify(g, kNoticeNotAllowed))
-      ShowNotice(g, "You may only buy Place bets.", "Action not allowed", 225,
+      ShowNotice(g, "You may only buy Place bets.", "Action not allowed", kHelpBuyBets,
                  kMsgOk | kMsgHideNotAllowed);
     g.betting.BetChange = Currency{};
     return;
@@ -139,7 +140,7 @@ void CallBetOnOff(Game& g, int p, int b, int tool, bool byScript) {
   if (Uncallable(b)) {
     if (CanNotify(g, kNoticeNotAllowed))
       ShowNotice(g, Cat("You may not call the ", BetName(b), " bet ON or OFF."),
-                 "Action not allowed", 508, kMsgOk | kMsgHideNotAllowed);
+                 "Action not allowed", kHelpWorkingBets, kMsgOk | kMsgHideNotAllowed);
     return;
   }
   if (byScript)
@@ -205,10 +206,10 @@ void ClickOnBet(Game& g, int b, BetClick click) {
       ShowNotice(g,
                  "If you'd like to make a bet, please click an\ropen position on the rail to add a "
                  "player.",
-                 "No Players Present", 0, kMsgOk);
+                 "No Players Present", kHelpNone, kMsgOk);
     else
       ShowNotice(g, "If you'd like to make a bet, please select a player.", "Bettor Not Selected",
-                 0, kMsgOk);
+                 kHelpNone, kMsgOk);
     return;
   }
   const int pending = s.PendingAction;

@@ -7,6 +7,7 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/platform.h"
@@ -43,7 +44,7 @@ int SeatedBetween(const Game& g, int a, int b, int step) {
 }
 
 void PassNotice(Game& g, bool interactive, std::string_view text) {
-  if (interactive) ShowNotice(g, text, "Pass the Dice", 205, kMsgOk);
+  if (interactive) ShowNotice(g, text, "Pass the Dice", kHelpPassDice, kMsgOk);
 }
 
 bool HandHasRolled(const Game& g) { return g.RollTally(kTableHand, kEventRolls) != 0; }
@@ -133,7 +134,7 @@ bool CashOutPlayer(Game& g) {
   const int p = g.betting.CurPlayer;
   if (!Seated(g, p)) {
     ShowNotice(g, "Please select a player to remove\rby clicking on the player's rail position.",
-               "Cash out?", 180, kMsgOk);
+               "Cash out?", kHelpPlayers, kMsgOk);
     return false;
   }
   const std::string name = Name(g, p);
@@ -150,7 +151,8 @@ bool CashOutPlayer(Game& g) {
     question += Cat("that can't be removed and will be abandoned.\r(Total abandoned: $",
                     FormatMoney(abandoned), ")");
   }
-  if (ShowNotice(g, question, "Cash out?", 180, kMsgYes | kMsgNo) != kAnswerYes) return false;
+  if (ShowNotice(g, question, "Cash out?", kHelpPlayers, kMsgYes | kMsgNo) != kAnswerYes)
+    return false;
 
   if (g.roll.LogOn) {
     const Currency net = g.Bet(p, 0) - g.InvestedBankroll(p) - abandoned;
@@ -280,7 +282,8 @@ void ResetPlayer(Game& g, int p) {
 }
 
 void PromptAddPlayer(Game& g) {
-  ShowNotice(g, "Click an open position on the rail to add a player.", "Add a Player", 180, kMsgOk);
+  ShowNotice(g, "Click an open position on the rail to add a player.", "Add a Player", kHelpPlayers,
+             kMsgOk);
 }
 
 void StartMovePlayer(Game& g) {

@@ -1,11 +1,12 @@
 #include "engine/setting_changes.h"
 
-#include "core/message_dialog.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/payoff_math.h"
-#include "engine/place.h"
 #include "core/platform.h"
+#include "engine/place.h"
 #include "engine/resolve.h"
 
 namespace {
@@ -72,7 +73,8 @@ bool AnyBetUnder(const Game& game, BetSwitch which) {
 bool ChangeBetSwitch(Game& game, BetSwitch which, bool on) {
   if (!on && AnyBetUnder(game, which)) {
     const SwitchInfo& info = Info(which);
-    if (ShowNotice(game, info.text, info.title, 130, kMsgYes | kMsgNo | kMsgPicQmark) != kAnswerYes)
+    if (ShowNotice(game, info.text, info.title, kHelpLimits, kMsgYes | kMsgNo | kMsgPicQmark) !=
+        kAnswerYes)
       return false;
     for (int p = 1; p <= 8; ++p)
       for (int i = 0; i < info.count; ++i) {
@@ -142,7 +144,8 @@ bool ChangeVigControl(Game& game, VigSide side, T TableSettings::*buy, T TableSe
   const T old = game.rules.*(side == VigSide::Buy ? buy : lay);
   if (ApplyVigControl(game, side, buy, lay, value, refigure)) return true;
   ShowNotice(game, VigRefusalText(game.PlayerCount),
-             side == VigSide::Buy ? "Buy Bet Vig" : "Lay Bet Vig", 130, kMsgOk | kMsgPicStop);
+             side == VigSide::Buy ? "Buy Bet Vig" : "Lay Bet Vig", kHelpLimits,
+             kMsgOk | kMsgPicStop);
   ApplyVigControl(game, side, buy, lay, old, refigure);
   return false;
 }

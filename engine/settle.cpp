@@ -2,12 +2,13 @@
 
 #include <string>
 
-#include "core/message_dialog.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
-#include "engine/place.h"
 #include "core/platform.h"
+#include "engine/place.h"
 #include "engine/settle_text.h"
 
 namespace {
@@ -32,7 +33,7 @@ void ActionNotice(Game& g, int p, std::string_view title) {
     text += Cat("decreased by: $", FormatMoney(before - now));
   else
     text += "remains the same.";
-  ShowNotice(g, text, title, 0, kMsgOk | kMsgHideCharges);
+  ShowNotice(g, text, title, kHelpNone, kMsgOk | kMsgHideCharges);
 }
 
 int UnitsIndex(Currency units) {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "core/game.h"
+#include "core/help_topics.h"
 
 std::string FormatGeneral(double value) {
   if (value == 0) return "0";
@@ -55,7 +56,7 @@ std::string Quote(std::string_view text) {
 
 void SetCompileMessage(Game& game, std::string text) {
   game.msg.MsgText = std::move(text);
-  game.msg.MsgHelpId = 0;
+  game.msg.MsgHelpId = kHelpNone;
   game.msg.MsgStyle = 1;
 }
 

@@ -1,6 +1,7 @@
 #include "script/compile_logic.h"
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "script/compile_common.h"
 
 namespace {
@@ -51,7 +52,7 @@ bool LinkJump(Game& game, std::size_t i, bool inCondition) {
 bool CompileLogic(Game& game, int lineCount) {
   ScriptCode& code = game.scriptCode;
   auto& s = code.CompiledScript;
-  game.msg.MsgHelpId = 0;
+  game.msg.MsgHelpId = kHelpNone;
   for (std::size_t i = 1; i < s.size(); ++i)
     if (s[i].Kind == kLabel && s[i].Value > 0 &&
         s[i].Value < static_cast<double>(code.StringPool.size()))

@@ -1,0 +1,20 @@
+// The help topics that messages point to (MsgHelpId). The numbers are the
+// topics of the help file the window links to; a message with kHelpNone
+// shows no Help button target.
+#pragma once
+
+constexpr int kHelpNone = 0;
+constexpr int kHelpBetting = 1;             // placing bets in general
+constexpr int kHelpLimits = 130;            // table limits, bankroll and settings notices
+constexpr int kHelpPayoffs = 138;           // the payoff tables
+constexpr int kHelpPlayers = 180;           // adding, renaming and cashing out players
+constexpr int kHelpPassDice = 205;          // passing the dice
+constexpr int kHelpBuyBets = 225;           // Buy bets and their vig
+constexpr int kHelpCheckStacks = 310;       // CheckStacks
+constexpr int kHelpWorkingBets = 508;       // calling bets on or off
+constexpr int kHelpHyperDrive = 540;        // Hyper-Drive
+constexpr int kHelpScriptMessages = 550;    // messages of a script
+constexpr int kHelpScriptEmpty = 556;       // Check Script on an empty script
+constexpr int kHelpScriptSteps = 630;       // the Steps view
+constexpr int kHelpScriptActivation = 640;  // switching scripts on, interrupting them
+constexpr int kHelpHotKeys = 110;           // Hot-Keys
