@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "config/settings_state.h"
+#include "core/message_dialog.h"
 
 struct Game;
 
@@ -53,7 +54,7 @@ struct ConfigFault {
   int fieldRow = 0;  // the Field row to bring into view, 0 when none
   std::string title;
   std::string text;   // pieces joined by CR
-  int style = 0x201;  // OK with picStop
+  int style = kMsgOk | kMsgPicStop;
 };
 constexpr int kTabChecksDice = 0, kTabColors = 1, kTabComps = 2, kTabSound = 3, kTabMisc = 4,
               kTabBankroll = 5, kTabBets = 6, kTabPayoffs = 7, kTabProbability = 8,

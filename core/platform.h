@@ -19,7 +19,7 @@ struct MessageRequest {
   std::string text;
   std::string title;
   int helpId = 0;
-  int style = 1;    // bit set of the message dialog (config/message.h)
+  int style = 1;    // bit set of the message dialog (kMsgOk.., core/message_dialog.h)
   bool modal = true;
   std::string input1;  // initial texts of the answer boxes (style bits 0x40, 0x80)
   std::string input2;

@@ -6,6 +6,7 @@
 
 #include "core/game.h"
 #include "core/help_topics.h"
+#include "core/message_dialog.h"
 
 std::string FormatGeneral(double value) {
   if (value == 0) return "0";
@@ -57,7 +58,7 @@ std::string Quote(std::string_view text) {
 void SetCompileMessage(Game& game, std::string text) {
   game.msg.MsgText = std::move(text);
   game.msg.MsgHelpId = kHelpNone;
-  game.msg.MsgStyle = 1;
+  game.msg.MsgStyle = kMsgOk;
 }
 
 namespace {
