@@ -3,9 +3,9 @@
 #include <cmath>
 #include <cstdio>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/number_text.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/number_text.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "analysis/advantage.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
-#include "engine/headless_platform.h"
-#include "engine/startup.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
 
 namespace {
 

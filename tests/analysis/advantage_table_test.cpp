@@ -7,9 +7,9 @@
 #include <memory>
 
 #include "dice/probability.h"
-#include "engine/catalogue.h"
-#include "engine/headless_platform.h"
-#include "engine/startup.h"
+#include "core/catalogue.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
 
 namespace {
 

@@ -9,11 +9,11 @@
 #include <cstdio>
 #include <memory>
 
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
-#include "engine/headless_platform.h"
-#include "engine/startup.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
 
 namespace {
 

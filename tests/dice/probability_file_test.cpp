@@ -11,10 +11,10 @@
 #include <memory>
 #include <string>
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 #include "dice/probability.h"
-#include "engine/headless_platform.h"
-#include "engine/startup.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
 
 namespace {
 
