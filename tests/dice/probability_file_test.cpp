@@ -11,10 +11,10 @@
 #include <memory>
 #include <string>
 
-#include "core/message_dialog.h"
-#include "dice/probability.h"
 #include "core/headless_platform.h"
+#include "core/message_dialog.h"
 #include "cycle/startup.h"
+#include "dice/probability.h"
 
 namespace {
 
@@ -187,6 +187,39 @@ TEST_F(ProbabilityFile, ASaveThatCannotWriteLeavesTheOldFileAndNoTemporary) {
   EXPECT_FALSE(SaveProbabilityFile(g, (folder / "kept-dir.prb").string()));
   EXPECT_FALSE(fs::exists(folder / "kept-dir.prb.~prb"));
   EXPECT_EQ(ReadBytes(folder / "kept.prb"), before);
+}
+
+TEST_F(ProbabilityFile, HostileTablesThatPassTheChecksStillDrawAndBalance) {
+  // Files with the right header and random entries, most of them refused;
+  // what is accepted must still give dice in range and take any set.
+  ASSERT_TRUE(SaveProbabilityFile(g, "base.prb"));
+  const std::string base = ReadBytes(folder / "base.prb");
+  std::uint32_t state = 12345;
+  auto next = [&] { return state = state * 1664525u + 1013904223u; };
+  int accepted = 0;
+  for (int file = 0; file < 200; ++file) {
+    std::string bytes = base;
+    const int changes = 1 + static_cast<int>(next() % 40);
+    for (int i = 0; i < changes; ++i) {
+      const std::size_t entry = next() % 224;
+      // Values: anything, or small ones that keep the table legal.
+      const std::int32_t v = (next() & 1) ? static_cast<std::int32_t>(next())
+                                          : static_cast<std::int32_t>(next() % 200000);
+      PutEntry(bytes, 256 + 4 * entry, entry < 112 ? ((next() & 1) ? 0 : kProbLocked) : v);
+    }
+    WriteBytes(folder / "hostile.prb", bytes);
+    if (!LoadProbabilityFile(g, "hostile.prb")) continue;
+    ++accepted;
+    for (Long k : {1, 50000, 100000, 100001}) {
+      PickProbabilityDice(g, k);
+      ASSERT_TRUE(g.Die1 >= 1 && g.Die1 <= 6 && g.Die2 >= 1 && g.Die2 <= 6) << file;
+    }
+    const ProbEntry e = (file % 3 == 0)   ? TotalEntry(2 + file % 11)
+                        : (file % 3 == 1) ? FaceEntry(1 + file % 2, 1 + file % 6)
+                                          : CellOfDice(1 + file % 6, 1 + (file / 6) % 6);
+    SetProbabilityCell(g, e.a, e.b, static_cast<double>(next() % 150000), true);
+  }
+  EXPECT_GT(accepted, 10);
 }
 
 }  // namespace
