@@ -22,11 +22,13 @@
 #include <cstdint>
 #include <string>
 
+#include "analysis/advantage_state.h"
 #include "automation/autoplay_state.h"
 #include "automation/hyperdrive_state.h"
 #include "core/message.h"
 #include "config/settings_state.h"
 #include "dice/dice_state.h"
+#include "dice/probability_state.h"
 #include "engine/betting_state.h"
 #include "core/currency.h"
 #include "core/frames.h"
@@ -142,6 +144,8 @@ struct Game {
   TableSettings rules;
   MessageState msg;
   DiceState dice;
+  ProbabilityState probability;
+  AdvantageState advantage;
   RollState roll;
   HyperDriveState hyper;
   AutoPlayState autoplay;

@@ -1,6 +1,6 @@
 // Start-up without a window. The steps that only concern the window (the
 // table font, the screen's units, the colours, the layout geometry, the
-// about box) are the window's own; the default probability table, the
+// about box) are the window's own; the default probability file, the
 // sound sets, the Hot-Keys file and the game file at start-up belong to
 // their own units and are not read here.
 #include "cycle/startup.h"
@@ -10,6 +10,7 @@
 
 #include "config/payoffs.h"
 #include "config/settings.h"
+#include "dice/probability.h"
 #include "dice/rng.h"
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -65,6 +66,7 @@ void StartUp(Game& game, const std::string& appFolder) {
   // The generators are built into the program, so none is missing.
   game.dice.MissingDllMask = 0;
   SeedGeneratorsAtStartUp(game);
+  SetTrueProbabilities(game);
 
   game.PlayerName[0] = "House";
 

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "dice/generators.h"
+#include "dice/probability.h"
 #include "dice/rng.h"
 
 namespace {
@@ -43,12 +44,10 @@ inline void TwoDice(Game& game, Draw draw) {
   game.Die2 = DieFrom(draw());
 }
 
-// With probability dice the table turns k into the pair. That table and its
-// pick (PickProbabilityDice) belong to the probability dice and are not part
-// of this unit; this is where they join. Until then k is only recorded.
+// With probability dice one draw makes k, and the table turns it into the pair.
 void DrawProbabilityDice(Game& game) {
   game.dice.ProbabilityPick = DrawProbabilityNumber(game);
-  assert(!"probability dice: PickProbabilityDice is not available yet");
+  PickProbabilityDice(game, game.dice.ProbabilityPick);
 }
 
 }  // namespace

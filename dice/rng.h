@@ -30,9 +30,8 @@ void ApplyGeneratorFallback(Game& game);
 
 // Sets game.Die1 and game.Die2 from the generator RngIndex selects. With
 // ProbabilityDiceOn one draw makes the probability table's k instead, kept in
-// ProbabilityPick; the table's pick of the pair from k (the probability dice)
-// joins at DrawProbabilityDice in dice/draw.cpp and is not built yet, so
-// until then that branch leaves the dice as they were.
+// ProbabilityPick, and PickProbabilityDice (dice/probability.h) turns it into
+// the pair.
 void DrawDice(Game& game);
 
 // One draw of the selected generator as the probability table's k: 1..100000

@@ -219,8 +219,15 @@ void LogRollLine(Game& g, DiceSource source) {
     case DiceSource::Generator:
       l += " from RNG #";
       l += std::to_string(g.dice.RngIndex + 1);
-      // Probability tables are untitled until they can be read from files.
-      if (g.dice.ProbabilityDiceOn) l += " using untitled probability matrix";
+      if (g.dice.ProbabilityDiceOn) {
+        const std::string& file = g.probability.ProbFilePath;
+        if (file.empty()) {
+          l += " using untitled probability matrix";
+        } else {
+          l += " using probability matrix: ";
+          l += file;
+        }
+      }
       break;
   }
   LogLine(g, l);

@@ -9,12 +9,12 @@
 #include <memory>
 
 #include "app/cli/commands.h"
-#include "cycle/hyperdrive.h"
-#include "dice/rng.h"
 #include "core/checksum.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
+#include "cycle/hyperdrive.h"
 #include "cycle/startup.h"
+#include "dice/rng.h"
 
 namespace {
 

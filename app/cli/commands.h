@@ -16,3 +16,7 @@ void AddBenchCommand(CLI::App& app);
 void AddScriptCommands(CLI::App& app);
 // ravelton-cli translate: print a script file as it loads, older formats translated.
 void AddTranslateCommand(CLI::App& app);
+// ravelton-cli advantage: what every bet is worth, and the Fire odds.
+void AddAdvantageCommand(CLI::App& app);
+// ravelton-cli probability: show, change and save a probability table.
+void AddProbabilityCommand(CLI::App& app);

@@ -10,6 +10,8 @@ int main(int argc, char** argv) {
   AddBenchCommand(app);
   AddScriptCommands(app);
   AddTranslateCommand(app);
+  AddAdvantageCommand(app);
+  AddProbabilityCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

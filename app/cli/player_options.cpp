@@ -9,10 +9,10 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
-#include "core/text.h"
 #include "core/money.h"
-#include "engine/place.h"
+#include "core/text.h"
 #include "cycle/player_names.h"
+#include "engine/place.h"
 #include "engine/players.h"
 
 namespace {
@@ -252,8 +252,8 @@ void PrintPlayers(std::ostream& out, const Game& game) {
           << FormatMoney(wagered) << ", net $" << FormatMoney(net);
       if (wagered > Currency{})
         out << " (" << std::showpos << std::fixed << std::setprecision(2)
-            << 100.0 * net.ToDouble() / wagered.ToDouble() << std::noshowpos
-            << std::defaultfloat << "%)";
+            << 100.0 * net.ToDouble() / wagered.ToDouble() << std::noshowpos << std::defaultfloat
+            << "%)";
       out << '\n';
     }
   }

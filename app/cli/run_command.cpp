@@ -13,11 +13,12 @@
 
 #include "app/cli/commands.h"
 #include "app/cli/player_options.h"
-#include "cycle/hyperdrive.h"
-#include "dice/rng.h"
+#include "app/cli/probability_options.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
+#include "cycle/hyperdrive.h"
 #include "cycle/startup.h"
+#include "dice/rng.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ struct RunOptions {
   bool trace = false;
   bool json = false;
   PlayerOptions players;
+  std::string prb;  // a probability file whose dice are used
 };
 
 struct RunResult {
@@ -67,6 +69,7 @@ bool ApplyOptions(Game& game, const RunOptions& o, std::string& error) {
     return false;
   }
   game.dice.RngIndex = o.rng - 1;
+  if (!UseProbabilityFileOption(game, o.prb, error)) return false;
   if (o.seed && !SeedRngWith(game, *o.seed)) {
     error = "--seed is out of range for RNG #" + std::to_string(o.rng);
     return false;
@@ -92,7 +95,8 @@ Long SessionTotals(const Game& game, int kind) {
 
 nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
   nlohmann::json totals = nlohmann::json::object();
-  for (int t = 2; t <= 12; ++t) totals[std::to_string(t)] = game.RollTally(kTableSession, TotalEvent(t));
+  for (int t = 2; t <= 12; ++t)
+    totals[std::to_string(t)] = game.RollTally(kTableSession, TotalEvent(t));
   nlohmann::json summary = {
       {"rolls", game.RollTally(kTableSession, kEventRolls)},
       {"stop", result.stop},
@@ -111,11 +115,12 @@ nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
 
 void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) {
   out << "Stopped: " << (result.stop.empty() ? "roll count reached" : result.stop) << '\n';
-  out << "Rolls: " << game.RollTally(kTableSession, kEventRolls) << "  hands: " << game.HandsTally(kTableSession)
-      << "  come-outs: " << SessionTotals(game, 1) << "  passes: " << SessionTotals(game, 2)
-      << "  misses: " << SessionTotals(game, 3) << '\n';
+  out << "Rolls: " << game.RollTally(kTableSession, kEventRolls)
+      << "  hands: " << game.HandsTally(kTableSession) << "  come-outs: " << SessionTotals(game, 1)
+      << "  passes: " << SessionTotals(game, 2) << "  misses: " << SessionTotals(game, 3) << '\n';
   out << "Totals:";
-  for (int t = 2; t <= 12; ++t) out << ' ' << t << '=' << game.RollTally(kTableSession, TotalEvent(t));
+  for (int t = 2; t <= 12; ++t)
+    out << ' ' << t << '=' << game.RollTally(kTableSession, TotalEvent(t));
   out << '\n';
   out << "RNG #" << game.dice.RngIndex + 1 << " seed " << game.dice.LastSeed << ", "
       << result.seconds << " s\n";
@@ -167,6 +172,7 @@ void AddRunCommand(CLI::App& app) {
   cmd->add_flag("--trace", options->trace, "Print '<roll> <die1> <die2>' for every roll");
   cmd->add_flag("--json", options->json, "Print the summary as one JSON object");
   AddPlayerOptions(*cmd, options->players);
+  AddProbabilityFileOption(*cmd, options->prb, "Play with the dice of this probability file");
   cmd->callback([options] {
     if (const int rc = Run(*options); rc != 0) throw CLI::RuntimeError(rc);
   });

@@ -1,13 +1,15 @@
 // Correct in the large: a long Hyper-Drive run with eight players who keep
 // the main bets up, then each bet's net result per amount wagered (from the
-// session's decision statistics) against its known house edge. The
-// tolerance is six standard errors of the bet's own spread, so a wrong
-// payoff, a wrong decision or a wrong cut shows, while chance does not.
+// session's decision statistics) against the advantage analysis's expected
+// value per decision, which must itself be the bet's known house edge. The
+// tolerance is six standard errors of the bet's own spread per decision, so
+// a wrong payoff, a wrong decision or a wrong cut shows, while chance does not.
 #include <cmath>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "analysis/advantage.h"
 #include "cycle/hyperdrive.h"
 #include "dice/rng.h"
 #include "core/money.h"
@@ -87,16 +89,19 @@ class HouseEdge : public TableFixture {
     return r;
   }
 
-  // The player's result on `ids` is -edge per amount wagered, within six
-  // standard errors of a bet whose outcome per unit has spread `sd`.
-  void ExpectEdge(const char* name, int p, std::vector<int> ids, double edge, double sd) {
+  // The player's result on `ids` per amount wagered is the evPerDec of bet
+  // `figure`, within six standard errors of its spread per decision; that
+  // evPerDec is the known edge.
+  void ExpectEdge(const char* name, int p, std::vector<int> ids, int figure, double edge) {
+    const Advantage a = FigureAdvantage(g, figure);
+    EXPECT_NEAR(a.evPerDec, -edge, 1e-9) << name;
     const Result r = Session(p, std::move(ids));
     ASSERT_GT(r.decisions, 1000) << name;
     const double perUnit = r.net / r.wagered;
-    const double tolerance = 6 * sd / std::sqrt(r.decisions);
-    EXPECT_NEAR(perUnit, -edge, tolerance) << name << ": " << r.decisions << " decisions";
+    const double tolerance = 6 * a.stDevPerDec / std::sqrt(r.decisions);
+    EXPECT_NEAR(perUnit, a.evPerDec, tolerance) << name << ": " << r.decisions << " decisions";
     std::printf("%-16s edge %7.3f%%  expected %7.3f%%  (+/- %.3f%%, %.0f decisions)\n", name,
-                -100 * perUnit, 100 * edge, 100 * tolerance, r.decisions);
+                -100 * perUnit, -100 * a.evPerDec, 100 * tolerance, r.decisions);
   }
 };
 
@@ -118,31 +123,33 @@ TEST_F(HouseEdge, EachMainBetLosesItsKnownShareOfTheAction) {
   RunHyperDrive(g);
   ASSERT_EQ(g.hyper.RollsThisRun, kRolls) << g.StopMessage;
 
-  ExpectEdge("Pass Line", 1, {kPassLine}, 7.0 / 495, 1.0);
-  ExpectEdge("Pass Line Odds", 1, {kPassLineOdds}, 0, 1.5);
-  ExpectEdge("Don't Pass", 2, {kDontPass}, 27.0 / 1925, 1.0);
-  ExpectEdge("Don't Pass Odds", 2, {kDontPassOdds}, 0, 1.0);
-  ExpectEdge("Place 6", 3, {PlaceId(6)}, 1.0 / 66, 1.1);
-  ExpectEdge("Place 5", 3, {PlaceId(5)}, 0.04, 1.2);
-  ExpectEdge("Buy 4 (vig 1)", 3, {BuyId(4)}, 1.0 / 21, 1.4);
-  ExpectEdge("Lay 10 (vig 1)", 3, {LayId(10)}, 1.0 / 41, 0.7);
-  ExpectEdge("Field", 4, {kField}, 1.0 / 18, 1.1);
-  ExpectEdge("Any 7", 4, {kSeven}, 1.0 / 6, 1.9);
-  ExpectEdge("Any craps", 4, {kCraps}, 1.0 / 9, 2.5);
-  ExpectEdge("Midway", 4, {kMidway}, 1.0 / 18, 1.1);
-  ExpectEdge("Hard 6", 5, {kHard6}, 1.0 / 11, 2.9);
-  ExpectEdge("Hard 4", 5, {kHard4}, 1.0 / 9, 2.5);
-  ExpectEdge("Big 6", 5, {kBig6}, 1.0 / 11, 1.0);
-  ExpectEdge("Over 7", 5, {kOver7}, 1.0 / 6, 1.0);
-  ExpectEdge("Come", 6, {kCome, 19, 20, 21, 22, 23, 24}, 7.0 / 495, 1.0);
-  ExpectEdge("Come Odds", 6, {25, 26, 27, 28, 29, 30}, 0, 1.5);
-  ExpectEdge("Don't Come", 7, {kDontCome, 7, 8, 9, 10, 11, 12}, 27.0 / 1925, 1.0);
-  ExpectEdge("Don't Come Odds", 7, {13, 14, 15, 16, 17, 18}, 0, 1.0);
-  ExpectEdge("Hop 14", 8, {68}, 1.0 / 9, 3.7);
-  ExpectEdge("Hop 22", 8, {71}, 5.0 / 36, 5.1);
-  ExpectEdge("Horn", 8, {kHorn}, 0.125, 2.1);
-  ExpectEdge("C and E", 8, {kCandE}, 1.0 / 9, 2.2);
-  ExpectEdge("World (no push)", 8, {kWorld}, 0.16, 1.8);
+  ExpectEdge("Pass Line", 1, {kPassLine}, kPassLine, 7.0 / 495);
+  ExpectEdge("Pass Line Odds", 1, {kPassLineOdds}, kPassLineOdds, 0);
+  ExpectEdge("Don't Pass", 2, {kDontPass}, kDontPass, 27.0 / 1925);
+  ExpectEdge("Don't Pass Odds", 2, {kDontPassOdds}, kDontPassOdds, 0);
+  ExpectEdge("Place 6", 3, {PlaceId(6)}, PlaceId(6), 1.0 / 66);
+  ExpectEdge("Place 5", 3, {PlaceId(5)}, PlaceId(5), 0.04);
+  ExpectEdge("Buy 4 (vig 1)", 3, {BuyId(4)}, BuyId(4), 1.0 / 21);
+  ExpectEdge("Lay 10 (vig 1)", 3, {LayId(10)}, LayId(10), 1.0 / 41);
+  ExpectEdge("Field", 4, {kField}, kField, 1.0 / 18);
+  ExpectEdge("Any 7", 4, {kSeven}, kSeven, 1.0 / 6);
+  ExpectEdge("Any craps", 4, {kCraps}, kCraps, 1.0 / 9);
+  ExpectEdge("Midway", 4, {kMidway}, kMidway, 1.0 / 18);
+  ExpectEdge("Hard 6", 5, {kHard6}, kHard6, 1.0 / 11);
+  ExpectEdge("Hard 4", 5, {kHard4}, kHard4, 1.0 / 9);
+  ExpectEdge("Big 6", 5, {kBig6}, kBig6, 1.0 / 11);
+  ExpectEdge("Over 7", 5, {kOver7}, kOver7, 1.0 / 6);
+  // A Come bet is a Pass Line bet of its own, and its odds are the line odds.
+  ExpectEdge("Come", 6, {kCome, 19, 20, 21, 22, 23, 24}, kPassLine, 7.0 / 495);
+  ExpectEdge("Come Odds", 6, {25, 26, 27, 28, 29, 30}, kPassLineOdds, 0);
+  ExpectEdge("Don't Come", 7, {kDontCome, 7, 8, 9, 10, 11, 12}, kDontPass, 27.0 / 1925);
+  ExpectEdge("Don't Come Odds", 7, {13, 14, 15, 16, 17, 18}, kDontPassOdds, 0);
+  ExpectEdge("Hop 14", 8, {68}, 68, 1.0 / 9);
+  ExpectEdge("Hop 22", 8, {71}, 71, 5.0 / 36);
+  ExpectEdge("Horn", 8, {kHorn}, kHorn, 0.125);
+  ExpectEdge("C and E", 8, {kCandE}, kCandE, 1.0 / 9);
+  // World's seven is a push, which is no decision.
+  ExpectEdge("World", 8, {kWorld}, kWorld, 0.16);
 }
 
 }  // namespace

@@ -1,0 +1,80 @@
+// The Advantage tab's table as data: the row labels, the texts and colours
+// of both views, and a row whose bet the dice never decide.
+#include "analysis/advantage_table.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "dice/probability.h"
+#include "core/catalogue.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
+
+namespace {
+
+class AdvantageTable : public ::testing::Test {
+ protected:
+  HeadlessPlatform platform;
+  std::unique_ptr<Game> owner = MakeGame(platform);
+  Game& g = *owner;
+
+  AdvantageTable() {
+    platform.fixedTime = 0;
+    platform.clockStep = 1000;
+    StartUp(g, "/tmp/ravelton-tests");
+  }
+};
+
+TEST_F(AdvantageTable, RowsAreLabelledByWhatTheyStandFor) {
+  const struct {
+    int bet;
+    const char* label;
+  } cases[] = {
+      {19, "Pass/Come 4"},
+      {24, "Pass/Come 10"},
+      {25, "Pass/Come 4 Odds"},
+      {9, "DP/DC 6"},
+      {18, "DP/DC 10 Odds"},
+      {43, "Passline/Come"},
+      {44, "Passline/Come Odds"},
+      {46, "Don't Pass/Come"},
+      {47, "Don't Pass/Come Odds"},
+      {45, "Passline/Come (c.o.)"},
+      {48, "Don't Pass/Come (c.o.)"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(AdvantageRowLabel(c.bet), c.label) << c.bet;
+  for (int b : {1, 31, 49, 58, 85}) EXPECT_EQ(AdvantageRowLabel(b), BetName(b)) << b;
+}
+
+TEST_F(AdvantageTable, BothViewsOfThePassLine) {
+  const AdvantageRow row = FigureAdvantageRow(g, bet::kPassLine);
+  // EV/roll -0.004189, x 120 rolls an hour; rolls per decision 557 / 165; the
+  // deviation per roll sqrt((1 - 2 x 0.004189 x 0.014141 + 0.004189^2) / R).
+  const char* normal[] = {"-0.42", "54.42", "-1.41", "99.99", "-50.27"};
+  const char* misc[] = {"3.38", "0.30", "35.55", "0.59", "0:01:41.3"};
+  for (int c = 0; c < kAdvantageColumns; ++c) {
+    EXPECT_EQ(row.normal[c].text, normal[c]) << kAdvantageTitles[c];
+    EXPECT_EQ(row.misc[c].text, misc[c]) << kAdvantageMiscTitles[c];
+  }
+  EXPECT_EQ(row.normal[0].colour, FigureColour::Red);
+  EXPECT_EQ(row.normal[1].colour, FigureColour::Blue);  // a deviation is never red
+  EXPECT_EQ(row.normal[4].colour, FigureColour::Red);
+  EXPECT_EQ(FigureAdvantageRow(g, bet::kPassLineOdds).normal[2].colour, FigureColour::Black);
+  EXPECT_EQ(FigureAdvantageRow(g, PlaceId(6)).misc[0].text, "3.27");
+}
+
+TEST_F(AdvantageTable, ABetTheDiceNeverDecideReadsZero) {
+  for (int a = 2; a <= 7; ++a)
+    for (int b = a - 1; b <= 13 - a; ++b) ProbValue(g, a, b) = 0;
+  g.dice.ProbabilityDiceOn = true;
+  const AdvantageRow row = FigureAdvantageRow(g, PlaceId(6));
+  for (int c = 0; c < kAdvantageColumns - 1; ++c) {
+    EXPECT_EQ(row.normal[c].text, "0.00");
+    EXPECT_EQ(row.misc[c].text, "0.00");
+    EXPECT_EQ(row.misc[c].colour, FigureColour::Black);
+  }
+  EXPECT_EQ(row.misc[4].text, "0:00:00.0");
+}
+
+}  // namespace

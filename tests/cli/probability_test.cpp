@@ -1,0 +1,209 @@
+// End-to-end tests of ravelton-cli probability, advantage and run --prb:
+// operations applied in the order given, files saved and read back, the
+// advantage figures against the independent model, skewed dice in a run,
+// and the refusals.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "../analysis/craps_model.h"
+#include "cli_util.h"
+
+using cli_test::Cli;
+using cli_test::Result;
+
+namespace {
+
+namespace fs = std::filesystem;
+using Exact = model::Craps<model::Q>;
+using Skewed = model::Craps<long double>;
+
+constexpr double kExact = 1e-9;
+
+nlohmann::json Json(const std::string& args) {
+  const Result r = Cli(args);
+  EXPECT_EQ(r.exitCode, 0) << args;
+  nlohmann::json j = nlohmann::json::parse(r.out, nullptr, false);
+  EXPECT_FALSE(j.is_discarded()) << args << ": " << r.out;
+  return j;
+}
+
+class CliProbability : public ::testing::Test {
+ protected:
+  fs::path folder;
+  void SetUp() override {
+    folder = fs::temp_directory_path() /
+             ("ravelton-cli-prb-" +
+              std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+  }
+  void TearDown() override { fs::remove_all(folder); }
+  std::string File(const std::string& name) const { return (folder / name).string(); }
+};
+
+bool IsLine(int b) { return b == 43 || b == 44 || b == 46 || b == 47; }
+
+// Every bet of `advantage --json` against the model under the same dice.
+template <class M>
+void ExpectAdvantageAsTheModel(const nlohmann::json& out, const typename M::Rules& rules,
+                               const typename M::Dice& dice, bool countZero) {
+  ASSERT_EQ(out["bets"].size(), 85u);
+  for (int b = 1; b <= 84; ++b) {
+    const nlohmann::json& a = out["bets"][std::to_string(b)];
+    const model::Figures m = IsLine(b) ? M::LineFigures(rules, dice, b, countZero)
+                                       : M::SingleRollFigures(rules, dice, b, countZero);
+    EXPECT_NEAR(a["ev_per_roll"].get<double>(), m.evPerRoll, kExact) << b;
+    EXPECT_NEAR(a["ev_per_decision"].get<double>(), m.evPerDec, kExact) << b;
+    EXPECT_NEAR(a["rolls_per_decision"].get<double>(), m.rollsPerDec, kExact) << b;
+    EXPECT_NEAR(a["sd_per_roll"].get<double>(), m.sdPerRoll, kExact) << b;
+    EXPECT_NEAR(a["sd_per_decision"].get<double>(), m.sdPerDec, kExact) << b;
+    EXPECT_NEAR(a["ev_per_hour"].get<double>(), 120 * m.evPerRoll, 120 * kExact) << b;
+  }
+  const model::FireModel hand = M::FireHand(dice);
+  for (int k = 0; k <= 6; ++k)
+    EXPECT_NEAR(out["fire"]["points"][k].get<double>(), hand.made[k], kExact) << k;
+  EXPECT_NEAR(out["fire"]["rolls_per_hand"].get<double>(), hand.rolls, kExact);
+}
+
+TEST_F(CliProbability, TheTrueTableAndItsJsonKeys) {
+  const nlohmann::json t = Json("probability --json");
+  EXPECT_EQ(t["kind"], "Percentage Dice");
+  EXPECT_TRUE(t["file"].is_null());
+  EXPECT_EQ(t["cells"].size(), 36u);
+  EXPECT_EQ(t["totals"].size(), 11u);
+  EXPECT_EQ(t["faces"]["1"].size() + t["faces"]["2"].size(), 12u);
+  EXPECT_EQ(t["cells"]["36"], (nlohmann::json{{"value", 2778}, {"locked", false}}));
+  EXPECT_EQ(t["totals"]["7"]["value"], 16667);
+  const Result text = Cli("probability");
+  EXPECT_NE(text.out.find("Probability table: untitled (Percentage Dice)"), std::string::npos);
+  EXPECT_NE(text.out.find("   16.667 "), std::string::npos) << text.out;
+}
+
+TEST_F(CliProbability, OperationsApplyInTheOrderGiven) {
+  // Total 7 at 20 percent, then 1-1 locked, then face 1 of the first die at
+  // 20 percent: the face's free cells share 20000 - 2667 - 3333, the 25 free
+  // cells elsewhere Round((100000 - 5 x 3333 - 20000) / 25) = 2533.
+  const nlohmann::json a =
+      Json("probability --set-total 7=20000 --lock pair:11 --set-face 1:1=20000 --json");
+  EXPECT_EQ(a["kind"], "Free Form Dice");
+  EXPECT_EQ(a["cells"]["11"], (nlohmann::json{{"value", 2667}, {"locked", true}}));
+  EXPECT_EQ(a["cells"]["12"]["value"], 3500);
+  EXPECT_EQ(a["cells"]["16"]["value"], 3333);
+  EXPECT_EQ(a["cells"]["22"]["value"], 2533);
+  EXPECT_EQ(a["faces"]["1"]["1"], (nlohmann::json{{"value", 20000}, {"locked", true}}));
+  // Locked only after the face: the face shares its 20000 over five cells.
+  const nlohmann::json b =
+      Json("probability --set-total 7=20000 --set-face 1:1=20000 --lock pair:11 --json");
+  EXPECT_EQ(b["cells"]["12"]["value"], 3333);  // Round((20000 - 3333) / 5)
+  EXPECT_TRUE(b["cells"]["11"]["locked"].get<bool>());
+  // Unlock, then the kinds of dice.
+  const nlohmann::json c =
+      Json("probability --set-face 2:6=25000 --unlock face:2:6 --set-pair 33=6000 --json");
+  EXPECT_FALSE(c["faces"]["2"]["6"]["locked"].get<bool>());
+  EXPECT_EQ(c["kind"], "Free Form Dice");
+  EXPECT_EQ(Json("probability --set-pair 33=6000 --percentage --json")["kind"], "Percentage Dice");
+}
+
+TEST_F(CliProbability, SavedFilesReadBackAndBadOnesAreRefused) {
+  const nlohmann::json saved =
+      Json("probability --set-total 12=9000 --lock total:2 --save " + File("skew.prb") + " --json");
+  EXPECT_EQ(saved["file"], File("skew.prb"));
+  EXPECT_FALSE(saved["dirty"].get<bool>());
+  EXPECT_EQ(Json("probability " + File("skew.prb") + " --json"), saved);
+
+  std::ofstream(File("other.prb")) << "not a table";
+  const struct {
+    std::string args, message;
+  } refusals[] = {
+      {"probability " + File("other.prb"),
+       "ravelton-cli probability: " + File("other.prb") +
+           " is either from an older version, has been corrupted, or is not a true Ravelton "
+           "Probability File.\n"},
+      {"probability " + File("missing.prb"),
+       "ravelton-cli probability: " + File("missing.prb") + ": no such file\n"},
+      {"probability --set-pair 70=100",
+       "ravelton-cli probability: --set-pair 70=100: expected D1D2=V (dice 1 to 6)\n"},
+      {"probability --set-total 13=100",
+       "ravelton-cli probability: --set-total 13=100: expected T=V (a total 2 to 12)\n"},
+      {"probability --set-face 3:1=100",
+       "ravelton-cli probability: --set-face 3:1=100: expected DIE:FACE=V (die 1 or 2, face 1 "
+       "to 6)\n"},
+      {"probability --set-face 1:1=lots",
+       "ravelton-cli probability: --set-face 1:1=lots: expected DIE:FACE=V (die 1 or 2, face 1 "
+       "to 6)\n"},
+      {"probability --lock face:1",
+       "ravelton-cli probability: --lock face:1: expected pair:D1D2, total:T or face:DIE:FACE\n"},
+      {"probability --save " + File("no/such/folder.prb"),
+       "ravelton-cli probability: " + File("no/such/folder.prb") + ": cannot be written\n"},
+  };
+  for (const auto& r : refusals) {
+    const Result out = Cli(r.args, true);
+    EXPECT_EQ(out.exitCode, 1) << r.args;
+    EXPECT_EQ(out.out, r.message) << r.args;
+  }
+}
+
+TEST_F(CliProbability, AdvantageUnderDefaultsIsExact) {
+  ExpectAdvantageAsTheModel<Exact>(Json("advantage --json"), Exact::Rules(), Exact::FairDice(),
+                                   false);
+  ExpectAdvantageAsTheModel<Exact>(Json("advantage --zero-outcomes --json"), Exact::Rules(),
+                                   Exact::FairDice(), true);
+  const Result text = Cli("advantage");
+  EXPECT_NE(text.out.find("Figured using true probabilities\nAll figures shown in percentage\n"),
+            std::string::npos);
+  EXPECT_NE(text.out.find("Passline/Come                 -0.42      54.42      -1.41      99.99"
+                          "     -50.27       3.38\n"),
+            std::string::npos)
+      << text.out;
+  EXPECT_NE(text.out.find("  6 points   0.000162\nRolls per hand: 8.525510\n"), std::string::npos);
+}
+
+TEST_F(CliProbability, AdvantageWithAProbabilityFileUsesItsDice) {
+  // 1-1 never comes, 3-4 and 4-3 twice as often as the rest, 6-6 four times.
+  const nlohmann::json table = Json(
+      "probability --set-pair 11=0 --set-pair 34=5000 --set-pair 43=5000 --set-pair 66=10000 "
+      "--save " +
+      File("skew.prb") + " --json");
+  Skewed::Dice dice;
+  for (int i = 1; i <= 6; ++i)
+    for (int j = 1; j <= 6; ++j)
+      dice[i - 1][j - 1] = model::Frac<long double>(
+          table["cells"][std::to_string(i) + std::to_string(j)]["value"].get<long>(), 100000);
+  // The cells of each total add up to the total the line bets read.
+  for (int t = 2; t <= 12; ++t) {
+    long sum = 0;
+    for (int i = 1; i <= 6; ++i)
+      if (t - i >= 1 && t - i <= 6)
+        sum += table["cells"][std::to_string(i) + std::to_string(t - i)]["value"].get<long>();
+    ASSERT_EQ(table["totals"][std::to_string(t)]["value"].get<long>(), sum) << t;
+  }
+  const nlohmann::json out = Json("advantage --prb " + File("skew.prb") + " --json");
+  ExpectAdvantageAsTheModel<Skewed>(out, Skewed::Rules(), dice, false);
+  EXPECT_NE(
+      Cli("advantage --prb " + File("skew.prb")).out.find("Probability File:  " + File("skew.prb")),
+      std::string::npos);
+}
+
+TEST_F(CliProbability, RunPlaysWithTheFilesDice) {
+  ASSERT_EQ(Cli("probability --set-total 12=100000 --save " + File("boxcars.prb")).exitCode, 0);
+  const nlohmann::json run =
+      Json("run --rolls 500 --seed 7 --prb " + File("boxcars.prb") + " --json");
+  EXPECT_EQ(run["totals"]["12"], 500) << run;
+  const Result bad = Cli("run --rolls 5 --prb " + File("missing.prb"), true);
+  EXPECT_EQ(bad.exitCode, 1);
+  EXPECT_EQ(bad.out, "ravelton-cli run: " + File("missing.prb") + ": no such file\n");
+}
+
+TEST_F(CliProbability, AdvantageRefusesAGameFileItCannotRead) {
+  const Result r = Cli("advantage --load game.rvg", true);
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_EQ(r.out,
+            "ravelton-cli advantage: --load: reading game files is not built yet; the figures are "
+            "those of the default payoffs and rules\n");
+}
+
+}  // namespace
