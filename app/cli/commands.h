@@ -16,3 +16,5 @@ void AddBenchCommand(CLI::App& app);
 void AddScriptCommands(CLI::App& app);
 // ravelton-cli translate: print a script file as it loads, older formats translated.
 void AddTranslateCommand(CLI::App& app);
+// ravelton-cli report: the figures of a statistics view.
+void AddReportCommand(CLI::App& app);
