@@ -12,6 +12,7 @@
 #include "dice/rng.h"
 #include "core/money.h"
 #include "engine/place.h"
+#include "stats/bet_results.h"
 #include "table_fixture.h"
 
 namespace {
@@ -90,11 +91,14 @@ class HouseEdge : public TableFixture {
   // The player's result on `ids` is -edge per amount wagered, within six
   // standard errors of a bet whose outcome per unit has spread `sd`.
   void ExpectEdge(const char* name, int p, std::vector<int> ids, double edge, double sd) {
-    const Result r = Session(p, std::move(ids));
+    const Result r = Session(p, ids);
     ASSERT_GT(r.decisions, 1000) << name;
     const double perUnit = r.net / r.wagered;
     const double tolerance = 6 * sd / std::sqrt(r.decisions);
     EXPECT_NEAR(perUnit, -edge, tolerance) << name << ": " << r.decisions << " decisions";
+    // The bet results view's expected value agrees with the actual net within the same bound.
+    const BetResultsFigures view = FigureBetResults(g, 2, 1 << p, ids);
+    EXPECT_NEAR(r.net / r.wagered, view.expected.ToDouble() / r.wagered, tolerance) << name;
     std::printf("%-16s edge %7.3f%%  expected %7.3f%%  (+/- %.3f%%, %.0f decisions)\n", name,
                 -100 * perUnit, 100 * edge, 100 * tolerance, r.decisions);
   }
