@@ -2,13 +2,9 @@
 
 #include <algorithm>
 
-namespace {
+#include "core/frames.h"
 
-// Category of the ordered pair (d1, d2), 1-based faces.
-constexpr std::int8_t kPairCategory[6][6] = {
-    {2, 22, 24, 27, 33, 39},  {23, 13, 29, 35, 41, 48}, {25, 30, 14, 43, 50, 54},
-    {28, 36, 44, 15, 56, 60}, {34, 42, 51, 57, 16, 63}, {40, 49, 55, 61, 64, 12},
-};
+namespace {
 
 constexpr int kKind0[] = {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
 constexpr int kKind1[] = {2, 3, 26, 13, 31, 32, 37, 38, 14, 45, 46, 47, 52, 53, 15, 58, 59, 62, 16, 11, 12};
@@ -57,10 +53,6 @@ constexpr int UnorderedCategory(int lo, int hi) {
   return table[lo - 1][hi - 1];
 }
 
-std::string PairText(int a, int b) {
-  return "(" + std::to_string(a) + "." + std::to_string(b) + ")";
-}
-
 // The true probable percentages by pairs held, as the view shows them.
 double TruePercent(int pairs) {
   switch (pairs) {
@@ -83,29 +75,7 @@ double TruePercent(int pairs) {
 
 }  // namespace
 
-std::string CategoryText(int c) {
-  if (c == 2) return "Number 2 (1.1)";
-  if (c == 3) return "Number 3 (1.2) or (2.1)";
-  if (c >= 4 && c <= 10) return "Any " + std::to_string(c);
-  if (c == 11) return "Number 11 (5.6) or (6.5)";
-  if (c == 12) return "Number 12 (6.6)";
-  if (c >= 13 && c <= 16) {
-    const int face = c - 11;
-    return "Hard " + std::to_string(2 * face) + " " + PairText(face, face);
-  }
-  if (c >= 78 && c <= 83) return "Die 1, face " + std::to_string(c - 77);
-  if (c >= 84 && c <= 89) return "Die 2, face " + std::to_string(c - 83);
-  for (const Group& g : kGroups)
-    if (g.c == c) return g.text;
-  for (int a = 1; a <= 6; ++a)
-    for (int b = 1; b <= 6; ++b) {
-      if (kPairCategory[a - 1][b - 1] == c && a != b)
-        return "Number " + std::to_string(a + b) + " " + PairText(a, b);
-      if (a < b && UnorderedCategory(a, b) == c)
-        return "Number " + std::to_string(a + b) + " " + PairText(a, b) + " or " + PairText(b, a);
-    }
-  return {};
-}
+std::string CategoryText(int c) { return std::string(RollEventText(c)); }
 
 std::span<const int> CategoriesOfKind(int kind) {
   switch (kind) {
@@ -125,7 +95,7 @@ int RollCategories(int d1, int d2, std::array<int, 12>& out) {
   auto add = [&](int c) { out[static_cast<std::size_t>(n++)] = c; };
   add(d1 + 77);
   add(d2 + 83);
-  add(kPairCategory[d1 - 1][d2 - 1]);
+  add(PairEvent(d1, d2));
   const int total = d1 + d2;
   if (total >= 3 && total <= 10) add(total);
   if (d1 != d2 && total != 3 && total != 11) add(UnorderedCategory(std::min(d1, d2), std::max(d1, d2)));

@@ -14,9 +14,10 @@
 #include <string_view>
 #include <vector>
 
+#include "core/frames.h"
+
 struct Game;
 
-constexpr int kFrameCount = 5;
 // "Current hand", "Last hand", "Current session", "Last session", "All sessions".
 std::string_view FrameName(int frame);
 // The frame of a command-line word (current-hand ... all-sessions), or -1.

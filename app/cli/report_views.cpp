@@ -61,7 +61,7 @@ bool Selection(Context& c, std::int32_t stored, std::int32_t& bits) {
   return true;
 }
 
-bool Frame(Context& c, std::int32_t stored, int& frame) {
+bool ChosenFrame(Context& c, std::int32_t stored, int& frame) {
   frame = stored;
   if (c.o.frame.empty()) return true;
   frame = FrameOfWord(c.o.frame);
@@ -276,7 +276,7 @@ bool BuildReport(Game& game, const ReportOptions& o, Report& r, std::string& err
     const char* kinds[] = {"basic", "distinguishable", "unique", "faces"};
     const auto kind = std::find(std::begin(kinds), std::end(kinds), o.kind) - std::begin(kinds);
     if (kind == 4) return c.Fail("--kind must be basic, distinguishable, unique or faces");
-    ok = Frame(c, v.RollTotalsFrame, frame) && Selection(c, v.RollTotalsPlayers, players);
+    ok = ChosenFrame(c, v.RollTotalsFrame, frame) && Selection(c, v.RollTotalsPlayers, players);
     if (ok) Totals(c, r, frame, players, static_cast<int>(kind));
   } else if (view == "freqs") {
     const int category = o.category ? o.category : v.RollFreqCategory;
@@ -284,7 +284,7 @@ bool BuildReport(Game& game, const ReportOptions& o, Report& r, std::string& err
     frame = 2;
     Freqs(c, r, category);
   } else if (view == "results") {
-    ok = Frame(c, v.BetResultsFrame, frame) && Selection(c, v.BetResultsPlayers, players) &&
+    ok = ChosenFrame(c, v.BetResultsFrame, frame) && Selection(c, v.BetResultsPlayers, players) &&
          Results(c, r, frame, players);
   } else if (view == "trends") {
     int p = 0;
@@ -292,10 +292,10 @@ bool BuildReport(Game& game, const ReportOptions& o, Report& r, std::string& err
     if (ok) Trends(c, r, p);
     r.selectionLabel = o.player;
   } else if (view == "summary" || view == "comps") {
-    ok = Frame(c, v.SummaryFrame, frame) && Selection(c, v.SummaryPlayers, players);
+    ok = ChosenFrame(c, v.SummaryFrame, frame) && Selection(c, v.SummaryPlayers, players);
     if (ok) Summary(c, r, frame, players, view == "comps");
   } else if (view == "hands") {
-    ok = Frame(c, v.HandsFrame, frame) && Selection(c, v.HandsPlayers, players);
+    ok = ChosenFrame(c, v.HandsFrame, frame) && Selection(c, v.HandsPlayers, players);
     if (ok) Hands(c, r, frame, players);
   } else if (view == "bankroll") {
     int p = 0;
