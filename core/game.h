@@ -36,6 +36,7 @@
 #include "core/tables.h"
 #include "script/code_state.h"
 #include "script/source_state.h"
+#include "stats/views_state.h"
 
 class Platform;
 
@@ -152,6 +153,7 @@ struct Game {
   BettingState betting;
   ScriptSource scriptSource;
   ScriptCode scriptCode;
+  ViewsState views;
 
   friend bool operator==(const Game&, const Game&) = default;
 };

@@ -14,6 +14,7 @@
 #include "engine/bankroll.h"
 #include "engine/players.h"
 #include "engine/roll_internal.h"
+#include "stats/sessions_log.h"
 
 namespace {
 
@@ -96,8 +97,8 @@ void LogSessionOpening(Game& g, bool logExisted) {
 void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool preserveSessionsLogs,
                 int diceMode) {
   RollState& r = g.roll;
-  // Each named player's closing record of the session goes to the sessions
-  // log here, once the sessions log exists.
+  // Each named player's closing record of the session goes to the sessions log.
+  WriteSessionRecords(g);
   if (!preserveSessionsLogs) {
     for (int p = 1; p <= 8; ++p) {
       if (!Named(g, p)) continue;

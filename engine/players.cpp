@@ -17,6 +17,7 @@
 #include "engine/place.h"
 #include "engine/roll_internal.h"
 #include "engine/settle_text.h"
+#include "stats/sessions_log.h"
 
 namespace {
 
@@ -166,6 +167,7 @@ bool CashOutPlayer(Game& g) {
                                          : std::string(")"));
     LogPlayerLine(g, line);
   }
+  WriteSessionRecordShown(g, p);
   ResetPlayer(g, p);
   g.roll.ScriptActive[0] = false;
   for (int s = 1; s <= 8; ++s)

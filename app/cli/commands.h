@@ -20,3 +20,5 @@ void AddTranslateCommand(CLI::App& app);
 void AddAdvantageCommand(CLI::App& app);
 // ravelton-cli probability: show, change and save a probability table.
 void AddProbabilityCommand(CLI::App& app);
+// ravelton-cli report: the figures of a statistics view.
+void AddReportCommand(CLI::App& app);

@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
   AddTranslateCommand(app);
   AddAdvantageCommand(app);
   AddProbabilityCommand(app);
+  AddReportCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

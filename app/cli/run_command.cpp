@@ -14,6 +14,9 @@
 #include "app/cli/commands.h"
 #include "app/cli/player_options.h"
 #include "app/cli/probability_options.h"
+#include "app/cli/report.h"
+#include "cycle/hyperdrive.h"
+#include "dice/rng.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "cycle/hyperdrive.h"
@@ -32,6 +35,7 @@ struct RunOptions {
   bool json = false;
   PlayerOptions players;
   std::string prb;  // a probability file whose dice are used
+  ReportOptions report;  // --report VIEW: a view's figures after the run
 };
 
 struct RunResult {
@@ -127,6 +131,28 @@ void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) 
   PrintPlayers(out, game);
 }
 
+// The run's summary and a view's report: one JSON object of both, the CSV
+// of the report alone, or the two as text.
+int PrintRunReport(Game& game, const RunResult& result, const RunOptions& options) {
+  Report report;
+  std::string error;
+  if (!BuildReport(game, options.report, report, error)) {
+    std::cerr << "ravelton-cli run: " << error << '\n';
+    return 1;
+  }
+  if (options.json) {
+    std::cout << nlohmann::json{{"run", RunSummaryJson(game, result)}, {"report", ReportJson(report)}}.dump()
+              << '\n';
+  } else if (options.report.csv) {
+    PrintReportCsv(std::cout, report);
+  } else {
+    PrintSummary(std::cout, game, result);
+    std::cout << '\n';
+    PrintReportText(std::cout, report);
+  }
+  return 0;
+}
+
 int Run(const RunOptions& options) {
   HeadlessPlatform platform;
   // The stop reason is kept after the run; the headless window never shows it.
@@ -151,6 +177,7 @@ int Run(const RunOptions& options) {
   RunResult result;
   result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   result.stop = game->hyper.LastStopMessage;
+  if (!options.report.view.empty()) return PrintRunReport(*game, result, options);
   if (options.json)
     std::cout << RunSummaryJson(*game, result).dump() << '\n';
   else
@@ -173,6 +200,7 @@ void AddRunCommand(CLI::App& app) {
   cmd->add_flag("--json", options->json, "Print the summary as one JSON object");
   AddPlayerOptions(*cmd, options->players);
   AddProbabilityFileOption(*cmd, options->prb, "Play with the dice of this probability file");
+  AddReportOptions(*cmd, options->report, true);
   cmd->callback([options] {
     if (const int rc = Run(*options); rc != 0) throw CLI::RuntimeError(rc);
   });

@@ -14,6 +14,7 @@
 #include "dice/rng.h"
 #include "core/money.h"
 #include "engine/place.h"
+#include "stats/bet_results.h"
 #include "table_fixture.h"
 
 namespace {
@@ -95,11 +96,14 @@ class HouseEdge : public TableFixture {
   void ExpectEdge(const char* name, int p, std::vector<int> ids, int figure, double edge) {
     const Advantage a = FigureAdvantage(g, figure);
     EXPECT_NEAR(a.evPerDec, -edge, 1e-9) << name;
-    const Result r = Session(p, std::move(ids));
+    const Result r = Session(p, ids);
     ASSERT_GT(r.decisions, 1000) << name;
     const double perUnit = r.net / r.wagered;
     const double tolerance = 6 * a.stDevPerDec / std::sqrt(r.decisions);
     EXPECT_NEAR(perUnit, a.evPerDec, tolerance) << name << ": " << r.decisions << " decisions";
+    // The bet results view's expected value agrees with the actual net within the same bound.
+    const BetResultsFigures view = FigureBetResults(g, kFrameCurrentSession, 1 << p, ids);
+    EXPECT_NEAR(perUnit, view.expected.ToDouble() / r.wagered, tolerance) << name;
     std::printf("%-16s edge %7.3f%%  expected %7.3f%%  (+/- %.3f%%, %.0f decisions)\n", name,
                 -100 * perUnit, -100 * a.evPerDec, 100 * tolerance, r.decisions);
   }

@@ -1,0 +1,165 @@
+#include "stats/bet_results.h"
+
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "analysis/advantage.h"
+#include "stats/number_format.h"
+
+namespace {
+
+using StatTable = Table3<Currency, 0, 44, 0, 100, 0, 6>;
+
+constexpr std::string_view kRowLabels[kResultRows + 1] = {
+    "",           "Total #",     "Total $",      "High $",       "Low $",         "Average $",
+    "Last $",     "Last roll #", "Last roll $", "Avg # / hour", "Avg $ / hour", "Expctd value $"};
+constexpr std::string_view kColumnTitles[kResultColumns] = {"Wagers", "Wins", "Losses", "Net",
+                                                            "Net %"};
+
+// Every number of the view: whole as "#,#", otherwise up to four decimals.
+Shown Figure(double x) {
+  Shown s = ShowValue(x, FormatWholeOr(x, fmt_pattern::kWhole, fmt_pattern::kFraction4));
+  s.integer = x == static_cast<double>(static_cast<std::int64_t>(x));
+  return s;
+}
+
+// The expected result of the action W on bet b for frame index i.
+Currency ExpectedOn(const Game& g, int i, int b, Currency w) {
+  auto times = [](double ev, Currency amount) { return CurFromDouble(ev * amount.ToDouble()); };
+  if (b == bet::kCome) return times(ExpectedValuePerDecision(g, bet::kPassLine), w);
+  if (b == bet::kDontCome || IsDontComePoint(b))
+    return times(ExpectedValuePerDecision(g, bet::kDontPass), w);
+  if (IsComePoint(b)) {
+    const Currency travelled = g.ComeTravelTotal(i, b - bet::kComePointFirst);
+    return times(ExpectedValuePerDecision(g, bet::kPassLine), travelled) +
+           times(ExpectedValuePerDecision(g, b), w - travelled);
+  }
+  return times(ExpectedValuePerDecision(g, b), w);
+}
+
+}  // namespace
+
+std::string_view ResultRowLabel(int row) {
+  return row >= 1 && row <= kResultRows ? kRowLabels[row] : "";
+}
+
+std::string_view ResultColumnTitle(int column) {
+  return column >= 0 && column < kResultColumns ? kColumnTitles[column] : "";
+}
+
+std::string SelectedBetsLabel(int count) {
+  if (count == 0) return "No bets selected";
+  if (count == 1) return "1 bet selected";
+  if (count == kLastRealBet) return "All bets selected";
+  return std::to_string(count) + " bets selected";
+}
+
+std::vector<int> SelectedBets(const std::string& selection) {
+  std::vector<int> bets;
+  for (int b = 1; b <= kLastRealBet && b <= static_cast<int>(selection.size()); ++b)
+    if (selection[static_cast<std::size_t>(b - 1)] == 'S') bets.push_back(b);
+  return bets;
+}
+
+std::vector<int> BetsWithDecisions(const Game& game, int frame, std::int32_t players) {
+  std::vector<int> bets;
+  const std::vector<int> slots = SelectedSlots(game, players);
+  for (int b = 1; b <= kLastRealBet; ++b)
+    for (int p : slots)
+      if (game.StatAction(FrameIndex(p, frame), b, 1) > Currency{}) {
+        bets.push_back(b);
+        break;
+      }
+  return bets;
+}
+
+BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t players,
+                                   const std::vector<int>& bets) {
+  BetResultsFigures f;
+  f.frame = frame;
+  f.bets = bets;
+  f.selectionLabel = SelectedPlayersLabel(game, players);
+  f.betsLabel = SelectedBetsLabel(static_cast<int>(bets.size()));
+  const std::vector<int> slots = SelectedSlots(game, players);
+
+  Long rolls = 0;
+  for (int p : slots) rolls += game.RollsAtTable(FrameIndex(p, frame));
+  const double perHour = game.rules.RollsPerHour.ToDouble();
+  f.hours = perHour != 0 ? rolls / perHour : 0;
+
+  Currency nowCount, nowAmount, lastCount, lastAmount;
+  const StatTable* tables[3] = {&game.StatAction, &game.StatWins, &game.StatLosses};
+  std::array<std::array<Currency, kResultRows + 1>, 3> col{};
+  const Currency rollNumber = Currency::FromWhole(rolls);
+  for (int p : slots) {
+    const int i = FrameIndex(p, frame);
+    for (int b : bets) {
+      if (!IsRealBet(b)) continue;
+      if (game.Bet(p, b) > Currency{}) {
+        nowCount += 1_usd;
+        nowAmount += game.Bet(p, b);
+      }
+      if (game.BetAtRoll(p, b) > Currency{}) {
+        lastCount += 1_usd;
+        lastAmount += game.BetAtRoll(p, b);
+      }
+      f.expected += ExpectedOn(game, i, b, game.StatAction(i, b, 2));
+      for (int k = 0; k < 3; ++k) {
+        const StatTable& s = *tables[k];
+        auto& c = col[static_cast<std::size_t>(k)];
+        c[1] += s(i, b, 1);
+        c[2] += s(i, b, 2);
+        if (s(i, b, 3) > c[3]) c[3] = s(i, b, 3);
+        if (s(i, b, 4) > Currency{} && (c[4].IsZero() || c[4] > s(i, b, 4))) c[4] = s(i, b, 4);
+        c[6] += s(i, b, 6);
+        if (rolls > 0 && s(i, b, 5) == rollNumber) {
+          c[7] += 1_usd;
+          c[8] += s(i, b, 6);
+        }
+      }
+    }
+  }
+  for (auto& c : col) {
+    if (c[1] > Currency{}) c[5] = CurFromDouble(c[2].ToDouble() / c[1].ToDouble());
+    if (f.hours > 0) {
+      c[9] = CurFromDouble(c[1].ToDouble() / f.hours);
+      c[10] = CurFromDouble(c[2].ToDouble() / f.hours);
+    }
+  }
+
+  f.onTable = {ShowCount(nowCount.ToDouble(), fmt_pattern::kWhole), Figure(nowAmount.ToDouble()),
+               ShowCount(lastCount.ToDouble(), fmt_pattern::kWhole), Figure(lastAmount.ToDouble())};
+  for (int row = 1; row < kResultRows; ++row) {
+    auto& out = f.rows[static_cast<std::size_t>(row)];
+    for (int k = 0; k < 3; ++k) out[static_cast<std::size_t>(k)] = Figure(col[static_cast<std::size_t>(k)][row].ToDouble());
+    const Currency wagers = col[0][row], net = col[1][row] - col[2][row];
+    out[kNetCol] = Figure(net.ToDouble());
+    if (wagers > Currency{}) {
+      out[kNetPctCol] = Figure(net.ToDouble() * 100 / wagers.ToDouble());
+      out[kNetPctCol].negative = net < Currency{};
+    } else {
+      out[kNetPctCol] = ShowValue(0, "0");
+    }
+  }
+  auto& last = f.rows[kResultRows];
+  for (int k = 0; k < 3; ++k) last[static_cast<std::size_t>(k)] = ShowNone("");
+  last[kNetCol] = ShowValue(f.expected.ToDouble(), FormatNumber(f.expected, fmt_pattern::kFraction4));
+  const Currency handle = col[0][2];
+  if (handle > Currency{})
+    last[kNetPctCol] = Figure(f.expected.ToDouble() * 100 / handle.ToDouble());
+  else
+    last[kNetPctCol] = ShowValue(0, "0");
+  last[kNetPctCol].negative = f.expected < Currency{};
+  return f;
+}
+
+std::vector<BetTrendRow> FigureBetTrends(const Game& game, int p) {
+  std::vector<BetTrendRow> rows;
+  if (!SeatTaken(game, p)) return rows;
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    const Long trend = game.BetTrend(p, b, 1);
+    Shown s = ShowCount(trend, " #,#;-#,#");
+    rows.push_back({b, std::string(BetName(b)), s});
+  }
+  return rows;
+}
