@@ -9,11 +9,11 @@
 #include <cstdio>
 #include <memory>
 
+#include "core/headless_platform.h"
 #include "cycle/hyperdrive.h"
+#include "cycle/startup.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
-#include "core/headless_platform.h"
-#include "cycle/startup.h"
 
 namespace {
 
