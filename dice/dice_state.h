@@ -20,10 +20,11 @@
 // UserSeedMode, ReseedEachSession and ProbabilityDiceOn are.
 #pragma once
 
+#include "core/frames.h"
+
 #include <array>
 #include <cstdint>
 
-#include "core/frames.h"
 
 constexpr int kRngCount = 8;   // RngIndex 0..7, shown as "RNG #" index + 1
 constexpr int kMtWords = 624;  // words of a Mersenne Twister state

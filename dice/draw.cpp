@@ -25,9 +25,7 @@ inline Long PickFromShuffled(float u) {
 
 // Generators 5 and 6 use the shuffled generator on an even session roll
 // count (before this roll is counted), the Mersenne Twister on an odd one.
-inline bool EvenSessionRoll(const Game& game) {
-  return (game.RollTally(kTableSession, kEventRolls) & 1) == 0;
-}
+inline bool EvenSessionRoll(const Game& game) { return (game.RollTally(kTableSession, kEventRolls) & 1) == 0; }
 
 inline float DrawRan1(DiceState& s) {
   std::int32_t idum = 1;

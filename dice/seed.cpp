@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/platform.h"
 #include "dice/generators.h"
 #include "dice/rng.h"
+#include "core/platform.h"
 
 namespace {
 

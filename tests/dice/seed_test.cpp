@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "core/headless_platform.h"
 #include "dice/generators.h"
 #include "dice/rng.h"
+#include "core/headless_platform.h"
 
 namespace {
 
