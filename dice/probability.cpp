@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dice/probability_internal.h"
 #include "core/number_text.h"
+#include "dice/probability_internal.h"
 
 namespace {
 
@@ -158,6 +158,22 @@ int ProbabilityCellSign(const Game& game, int a, int b) {
   if (!SignedMode(game) || ProbabilityEntryKind(a, b) == ProbEntryKind::None) return 0;
   const std::string text = ProbabilityCellText(game, a, b);
   return text[0] == '+' ? 1 : text[0] == '-' ? -1 : 0;
+}
+
+std::string ProbabilityModeCaption(const Game& game) {
+  // N as txtRollsOutOf holds it: up to four decimals, no trailing zeros.
+  std::string n = FormatNumber(game.probability.RollsOutOf, {4, false, false});
+  while (n.find('.') != std::string::npos && (n.back() == '0' || n.back() == '.')) n.pop_back();
+  switch (game.probability.ProbDisplayMode) {
+    case kShowPercentFromTrue:
+      return "Shown as +/- from true percentages";
+    case kShowRollsOutOf:
+      return "Shown as number of rolls out of " + n;
+    case kShowRollsFromTrue:
+      return "Shown as +/- from true number of rolls out of " + n;
+    default:
+      return "Shown as percentages";
+  }
 }
 
 const char* ProbabilityKindCaption(const Game& game) {

@@ -23,8 +23,8 @@
 
 #include <string>
 
-#include "dice/probability_state.h"
 #include "core/game.h"
+#include "dice/probability_state.h"
 
 // Rows and columns of the table.
 constexpr int kTotalRow = 1;      // a = 1: the totals
@@ -122,6 +122,9 @@ std::string ProbabilityCellText(const Game& game, int a, int b);
 // In the signed modes -1, 0 or +1 as the shown value is below, at or above
 // true (red, black, blue); 0 in the plain modes.
 int ProbabilityCellSign(const Game& game, int a, int b);
+// The printout's line for the display mode: "Shown as percentages", or as
+// +/- from true percentages, or as (+/- from true) number of rolls out of N.
+std::string ProbabilityModeCaption(const Game& game);
 // Caption of the kind of dice: "Percentage Dice" or "Free Form Dice".
 const char* ProbabilityKindCaption(const Game& game);
 

@@ -20,6 +20,8 @@ constexpr int kEntries = 2 * 8 * 14;  // k 0..1, a 0..7, b 0..13
 // Bytes a reader needs: record 1 and the 224 entries; the end of record 5 is ignored.
 constexpr std::size_t kNeededBytes = kRecordBytes + kEntries * 4;
 constexpr int kNoticeHelp = 105;
+constexpr int kSaveQuestionHelp = 600;
+constexpr std::string_view kDefaultFileName = "default.prb";
 
 using Table = decltype(ProbabilityState{}.ProbabilityTable);
 
@@ -153,4 +155,23 @@ bool SaveProbabilityFile(Game& game, const std::string& name) {
   game.probability.ProbFilePath = path;
   game.probability.ProbDirty = false;
   return true;
+}
+
+bool ProbabilitySaveNeedsName(const Game& game) {
+  const std::string& path = game.probability.ProbFilePath;
+  return path.empty() || (path.size() >= kDefaultFileName.size() &&
+                          path.compare(path.size() - kDefaultFileName.size(),
+                                       kDefaultFileName.size(), kDefaultFileName) == 0);
+}
+
+ProbSaveChoice AskToSaveProbabilities(Game& game) {
+  if (!game.probability.ProbDirty) return ProbSaveChoice::Go;
+  const int answer = ShowNotice(
+      game, "These numbers have not been saved.\r\rDo you want to save them now?",
+      "Save Probabilities?", kSaveQuestionHelp, kMsgYes | kMsgNo | kMsgCancel | kMsgFocusYes);
+  if (answer == kAnswerCancel) return ProbSaveChoice::Cancel;
+  if (answer != kAnswerYes) return ProbSaveChoice::Go;
+  if (ProbabilitySaveNeedsName(game)) return ProbSaveChoice::SaveAs;
+  return SaveProbabilityFile(game, game.probability.ProbFilePath) ? ProbSaveChoice::Go
+                                                                  : ProbSaveChoice::Cancel;
 }

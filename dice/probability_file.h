@@ -43,3 +43,17 @@ bool LoadProbabilityFile(Game& game, const std::string& name, bool pickedByHand 
 bool SaveProbabilityFile(Game& game, const std::string& name);
 // The file's bytes for the table in use (exactly five records).
 std::string ProbabilityFileBytes(const Game& game);
+
+// mnuSave: true when the table must be saved through "Save Probability File
+// As" (no file yet, or the file is default.prb).
+bool ProbabilitySaveNeedsName(const Game& game);
+
+// What the tab's New and Open do after asking about unsaved numbers.
+enum class ProbSaveChoice {
+  Go,      // nothing unsaved, No, or Yes and saved under ProbFilePath
+  SaveAs,  // Yes, but the table needs a name: the caller asks for one first
+  Cancel,  // Cancel, or Yes and the save failed: the command stops
+};
+// With ProbDirty, asks "These numbers have not been saved." (Yes, No,
+// Cancel) and on Yes saves; without ProbDirty, Go at once.
+ProbSaveChoice AskToSaveProbabilities(Game& game);

@@ -179,7 +179,8 @@ std::string Heading(const char* label, int lo, int hi) {
 void PrintTable(std::ostream& out, const Game& game) {
   const std::string& file = game.probability.ProbFilePath;
   out << "Probability table: " << (file.empty() ? "untitled" : file) << " ("
-      << ProbabilityKindCaption(game) << "), in percent; * locked\n";
+      << ProbabilityKindCaption(game) << ")\n"
+      << ProbabilityModeCaption(game) << "; * locked\n";
   out << Heading("Totals    ", 2, 12) << "          ";
   for (int t = 2; t <= 12; ++t) out << Shown(game, TotalEntry(t));
   out << '\n' << Heading("1st\\2nd  ", 1, 6);

@@ -8,12 +8,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <string>
 
+#include "core/headless_platform.h"
 #include "cycle/hyperdrive.h"
+#include "cycle/startup.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
-#include "core/headless_platform.h"
-#include "cycle/startup.h"
 
 namespace {
 
@@ -119,6 +120,25 @@ TEST_F(ProbabilityDraw, FreeFormDiceFitTheirTable) {
   const double chi = RunAndFit(degrees);
   EXPECT_EQ(degrees, 34);
   EXPECT_LT(chi, kChiSquare999With34);
+}
+
+TEST_F(ProbabilityDraw, TheEventsLogNamesTheTableInUse) {
+  Set(TotalEntry(12), 100000);  // every roll 6-6
+  g.dice.ProbabilityDiceOn = true;
+  g.roll.LogOn = true;
+  g.hyper.RunRollLimit = 2;
+  RunHyperDrive(g);
+  g.probability.ProbFilePath = "/data/boxcars.prb";
+  g.hyper.RunRollLimit = 1;
+  RunHyperDrive(g);
+  const std::string& log = g.roll.LogText;
+  EXPECT_NE(log.find(" Roll #2:  12 (6.6) from RNG #1 using untitled probability matrix\n"),
+            std::string::npos)
+      << log;
+  EXPECT_NE(
+      log.find(" Roll #3:  12 (6.6) from RNG #1 using probability matrix: /data/boxcars.prb\n"),
+      std::string::npos)
+      << log;
 }
 
 }  // namespace

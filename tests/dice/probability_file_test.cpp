@@ -189,6 +189,38 @@ TEST_F(ProbabilityFile, ASaveThatCannotWriteLeavesTheOldFileAndNoTemporary) {
   EXPECT_EQ(ReadBytes(folder / "kept.prb"), before);
 }
 
+TEST_F(ProbabilityFile, UnsavedNumbersAreAskedAboutBeforeNewOrOpen) {
+  EXPECT_EQ(AskToSaveProbabilities(g), ProbSaveChoice::Go);  // nothing unsaved: no question
+  EXPECT_TRUE(platform.messages.empty());
+  SetProbabilityCell(g, kTotalRow, 6, 20000, true);
+  const struct {
+    int answer;
+    const char* path;
+    ProbSaveChoice choice;
+    bool dirtyAfter;
+  } cases[] = {
+      {kAnswerCancel, "", ProbSaveChoice::Cancel, true},
+      {kAnswerNo, "", ProbSaveChoice::Go, true},
+      {kAnswerYes, "", ProbSaveChoice::SaveAs, true},
+      {kAnswerYes, "default.prb", ProbSaveChoice::SaveAs, true},
+      {kAnswerYes, "mine.prb", ProbSaveChoice::Go, false},
+  };
+  for (const auto& c : cases) {
+    g.probability.ProbDirty = true;
+    g.probability.ProbFilePath = c.path[0] ? (folder / c.path).string() : "";
+    platform.queuedReplies.push_back({c.answer, "", "", false});
+    EXPECT_EQ(AskToSaveProbabilities(g), c.choice) << c.answer << c.path;
+    EXPECT_EQ(g.probability.ProbDirty, c.dirtyAfter) << c.answer << c.path;
+  }
+  EXPECT_TRUE(fs::exists(folder / "mine.prb"));
+  ASSERT_EQ(platform.messages.size(), 5u);
+  const MessageRequest& m = platform.messages[0];
+  EXPECT_EQ(m.text, "These numbers have not been saved.\r\rDo you want to save them now?");
+  EXPECT_EQ(m.title, "Save Probabilities?");
+  EXPECT_EQ(m.helpId, 600);
+  EXPECT_EQ(m.style, kMsgYes | kMsgNo | kMsgCancel | kMsgFocusYes);
+}
+
 TEST_F(ProbabilityFile, HostileTablesThatPassTheChecksStillDrawAndBalance) {
   // Files with the right header and random entries, most of them refused;
   // what is accepted must still give dice in range and take any set.

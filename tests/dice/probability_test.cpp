@@ -318,6 +318,21 @@ TEST_F(ProbabilityFixture, CellTextFollowsTheDisplayMode) {
     EXPECT_EQ(ProbabilityCellText(g, c.entry.a, c.entry.b), c.text) << c.mode;
     EXPECT_EQ(ProbabilityCellSign(g, c.entry.a, c.entry.b), c.sign) << c.mode;
   }
+  const struct {
+    Long mode;
+    double n;
+    const char* caption;
+  } captions[] = {
+      {kShowPercentage, 36, "Shown as percentages"},
+      {kShowPercentFromTrue, 36, "Shown as +/- from true percentages"},
+      {kShowRollsOutOf, 36, "Shown as number of rolls out of 36"},
+      {kShowRollsFromTrue, 1234.5, "Shown as +/- from true number of rolls out of 1234.5"},
+  };
+  for (const auto& c : captions) {
+    g.probability.ProbDisplayMode = c.mode;
+    g.probability.RollsOutOf = c.n;
+    EXPECT_EQ(ProbabilityModeCaption(g), c.caption);
+  }
   // A value that rounds to true reads as zero, unsigned and black.
   NewProbabilities(g);
   g.probability.ProbDisplayMode = kShowPercentFromTrue;
