@@ -157,7 +157,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
 
   const bool logExisted = !r.LogText.empty();
   if (r.LogClearOnNew) {
-    RemoveFile(r.AppPath + "Events Log.ref");
+    RemoveFile(r.DataFolder + "Events Log.ref");
     RemoveFile(r.EventsLogPath);
     r.LogText.clear();
   }
