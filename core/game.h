@@ -34,6 +34,7 @@
 #include "core/tables.h"
 #include "script/code_state.h"
 #include "script/source_state.h"
+#include "store/game_file_state.h"
 
 class Platform;
 
@@ -148,6 +149,7 @@ struct Game {
   BettingState betting;
   ScriptSource scriptSource;
   ScriptCode scriptCode;
+  GameFileState gamefile;
 
   friend bool operator==(const Game&, const Game&) = default;
 };
