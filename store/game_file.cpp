@@ -15,7 +15,6 @@
 #include "core/platform.h"
 #include "core/seats.h"
 #include "core/text.h"
-#include "engine/players.h"
 #include "script/files.h"
 #include "store/file_stamp.h"
 #include "store/game_file_check.h"
@@ -105,6 +104,19 @@ std::string HeaderProblem(std::string_view bytes) {
     return "This file appears to be from an incompatible version or is not a true Ravelton game "
            "file.";
   return {};
+}
+
+// Whether the counts of record 5 are in range and the file is long enough
+// for them, seen before anything is built from the file.
+bool LengthFitsCounts(std::string_view bytes) {
+  constexpr std::size_t kPosition = 4 * kRecordBytes;
+  constexpr std::size_t kCountsEnd = kPosition + 80;
+  if (bytes.size() < kCountsEnd) return false;
+  const auto* at = reinterpret_cast<const unsigned char*>(bytes.data()) + kPosition;
+  const auto players = static_cast<std::int32_t>(GetLE(at, 4));
+  const auto images = static_cast<std::int32_t>(GetLE(at + 76, 4));
+  return players >= 0 && players <= 8 && images >= 0 && images <= kMaxCheckImages &&
+         bytes.size() >= GameFileLength(players, images);
 }
 
 struct ReadResult {
@@ -242,8 +254,16 @@ bool OpenGame(Game& live, const std::string& path) {
     ShowOpenFailure(live, path, notFound);
     return false;
   }
+  return OpenGameBytes(live, path, bytes);
+}
+
+bool OpenGameBytes(Game& live, const std::string& path, std::string_view bytes) {
   if (const std::string problem = HeaderProblem(bytes); !problem.empty()) {
     ShowNotice(live, path + "\r\r" + problem, kOpenTitle, 0, kMsgOk);
+    return false;
+  }
+  if (!LengthFitsCounts(bytes)) {
+    ShowOpenFailure(live, path, false);
     return false;
   }
   auto next = std::make_unique<Game>(live);
@@ -254,8 +274,13 @@ bool OpenGame(Game& live, const std::string& path) {
     return false;
   }
   // Seats without a player take the table's working defaults, as a new seat does.
-  for (int p = 1; p <= 8; ++p)
-    if (next->PlayerName[static_cast<std::size_t>(p)].empty()) ResetPlayer(*next, p);
+  for (int p = 1; p <= 8; ++p) {
+    if (!next->PlayerName[static_cast<std::size_t>(p)].empty()) continue;
+    for (int b = 0; b <= 100; ++b) {
+      next->BetWorkingDefault(p, b) = next->BetWorkingDefault(0, b);
+      next->BetWorking(p, b) = next->Point == 0 ? next->BetWorkingDefault(p, b) : 1;
+    }
+  }
   if (!IsDefaultGameFile(path)) {
     GameFileState& f = next->gamefile;
     f.LayoutA = read.windows.LayoutA;

@@ -31,6 +31,8 @@ std::string GameFileBytes(Game& game);
 bool SaveGame(Game& game, const std::string& path, const WriteProbe& probe = {});
 // Opens a game file in place of the game in play; false with the message shown.
 bool OpenGame(Game& game, const std::string& path);
+// The same for a file's bytes already read (path names it in the messages).
+bool OpenGameBytes(Game& game, const std::string& path, std::string_view bytes);
 // The length of a game file with that many players and check images.
 std::size_t GameFileLength(int players, int checkImages);
 // Whether path names the data folder's default game (by file name, case ignored).
