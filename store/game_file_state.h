@@ -38,6 +38,8 @@ struct GameFileState {
   // The game's own file: empty for a new game and for default.rvg.
   std::string GameFilePath;
   std::string WindowTitle = "Ravelton";
+  // The folder the file chooser opens in (empty: the data folder); not saved.
+  std::string ChooserFolder;
 
   // Window layout (records 2 and 3) and saved table views (record 4).
   std::array<float, 64> LayoutA{};
