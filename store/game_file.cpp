@@ -176,7 +176,7 @@ void DeriveAfterReading(Game& g) {
   f.TableCos = std::cos(f.TableRotation * kDegreesToRadians);
   f.TableSin = std::sin(f.TableRotation * kDegreesToRadians);
   f.DiceSelEnd = f.DiceFilePos;
-  g.RollsSince(0) = g.RollTally(FrameIndex(0, 2), 0);
+  g.RollsSince(kEventRolls) = g.RollTally(kTableSession, kEventRolls);
   for (int p = 1; p <= 8; ++p)
     for (int b = 1; b <= kLastRealBet; ++b) g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b);
   // Rows of the hand frames may hold figures anywhere after a load.

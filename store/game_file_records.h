@@ -235,13 +235,13 @@ void FrameLongs(IO& io, Table& t) {
 template <class IO>
 void TallyRecords(IO& io, Game& g) {
   constexpr int kEvents = kLastEvent + 1;  // categories 0..90
-  Run(io, kFrames * 9 * kEvents, 64, 4,
+  Run(io, kFrameCount * 9 * kEvents, 64, 4,
       [&](int n, int byte) { io.Long(byte, g.RollTally(n / kEvents, n % kEvents)); });  // 29-92
   Run(io, kEvents, 32, 4, [&](int n, int byte) { io.Long(byte, g.RollsSince(n)); });  // 93-95
   constexpr int kGaps = kLongGap + 1;  // 0..200
   Run(io, kLastEvent * kGaps, 64, 4,
       [&](int n, int byte) { io.Long(byte, g.GapTally(1 + n / kGaps, n % kGaps)); });  // 96-378
-  Run(io, kFrames * 9 * 11 * 3, 64, 4, [&](int n, int byte) {
+  Run(io, kFrameCount * 9 * 11 * 3, 64, 4, [&](int n, int byte) {
     io.Long(byte, g.TotalsTally(n / 33, 2 + n % 33 / 3, 1 + n % 3));
   });  // 379-402
   FrameLongs(io, g.HandsTally);       // 403
@@ -342,7 +342,7 @@ void ViewRecords(IO& io, Game& g) {
 template <class IO, class Table>
 void SeatStatRun(IO& io, Table& t, int p) {
   constexpr int kPerFrame = 100 * 6;
-  Run(io, kFrames * kPerFrame, 32, 8, [&](int n, int byte) {
+  Run(io, kFrameCount * kPerFrame, 32, 8, [&](int n, int byte) {
     io.Cur(byte, t(FrameIndex(p, n / kPerFrame), 1 + n % kPerFrame / 6, 1 + n % 6));
   });
 }
@@ -423,7 +423,7 @@ void PlayerBlock(IO& io, Game& g, Long& slot, BlockPaths& paths) {
   SeatStatRun(io, g.StatWins, p);    // 268-361
   SeatStatRun(io, g.StatLosses, p);  // 362-455
   io.Begin();  // 456
-  for (int n = 0; n < kFrames * 6; ++n) io.Cur(n * 8, g.ComeTravelTotal(FrameIndex(p, n / 6), n % 6));
+  for (int n = 0; n < kFrameCount * 6; ++n) io.Cur(n * 8, g.ComeTravelTotal(FrameIndex(p, n / 6), n % 6));
   io.Begin();  // 457
   for (int k = 0; k <= 5; ++k) io.Cur(8 * (k + 1), g.ComeFlatAtSet(p, k));
   io.Begin();  // 458

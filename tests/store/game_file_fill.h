@@ -54,7 +54,7 @@ inline void FillGame(Game& g, const std::array<const char*, 9>& names) {
   for (int p = 0; p <= 8; ++p) g.PlayerName[p] = names[p];
   g.PlayerName[0] = "House";
   next(g.RollsSince);
-  g.RollsSince(0) = g.RollTally(FrameIndex(0, 2), 0);  // as every roll keeps it
+  g.RollsSince(kEventRolls) = g.RollTally(kTableSession, kEventRolls);  // as every roll keeps it
   next(g.GapTally);
   Payoffs(g.PayoffTbl, 100, next);
   Payoffs(g.FieldPayoff, 21, next);
