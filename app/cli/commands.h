@@ -16,3 +16,5 @@ void AddBenchCommand(CLI::App& app);
 void AddScriptCommands(CLI::App& app);
 // ravelton-cli translate: print a script file as it loads, older formats translated.
 void AddTranslateCommand(CLI::App& app);
+// ravelton-cli info: what a game file holds.
+void AddInfoCommand(CLI::App& app);

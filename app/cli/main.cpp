@@ -10,6 +10,7 @@ int main(int argc, char** argv) {
   AddBenchCommand(app);
   AddScriptCommands(app);
   AddTranslateCommand(app);
+  AddInfoCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
