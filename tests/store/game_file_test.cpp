@@ -15,7 +15,9 @@
 
 namespace {
 
-// Seat tables the file does not keep at all, with why.
+// Seat tables the file does not keep at all, with why. The round trip
+// compares every other seat table through the seat visitor, so a table added
+// to the game fails it until the file keeps it or it is named here.
 const std::set<std::string_view> kSeatTablesNotStored = {
     "RailAtRoll",          // a snapshot taken at every roll
     "GraphTrend",          // the graph's moving average, figured when drawn
@@ -209,31 +211,6 @@ TEST_F(GameFile, EverySavedTableComesBackWhole) {
     EXPECT_EQ(loaded->PlayerCount, std::count_if(names.begin() + 1, names.end(),
                                                  [](const char* n) { return *n != 0; }));
   }
-}
-
-TEST_F(GameFile, EverySeatTableIsKeptOrListedAsNotKept) {
-  // A seat table added to the game must be saved, or named here on purpose.
-  fill::FillGame(*game, {"House", "Ann", "Bo", "Cy", "Di", "Ed", "Flo", "Gus", "Hal"});
-  ASSERT_TRUE(SaveGame(*game, Path("a.rvg")));
-  HeadlessPlatform other;
-  auto loaded = NewGame(other);
-  ASSERT_TRUE(OpenGame(*loaded, Path("a.rvg")));
-  ForEachSeatTable(
-      [](const char* name, auto axis, SeatReset, const auto& saved, const auto& back) {
-        if (kSeatTablesNotStored.count(name)) return;
-        using T = std::decay_t<decltype(saved)>;
-        if constexpr (!std::is_same_v<T, std::array<std::vector<ScriptElement>, 9>> &&
-                      !std::is_same_v<T, std::array<std::vector<PoolString>, 9>>) {
-          // Seat 5's row of every kept table comes back (whole, or in part
-          // for the statistics whose bet 0 and column 0 the file skips).
-          const auto a = SeatRow(saved, 5, SeatFrames(axis) - 1);
-          const auto b = SeatRow(back, 5, SeatFrames(axis) - 1);
-          std::size_t same = 0;
-          for (std::size_t i = 0; i < a.size(); ++i) same += a[i] == b[i];
-          EXPECT_GE(same * 2, a.size()) << name;
-        }
-      },
-      *game, *loaded);
 }
 
 TEST_F(GameFile, LoadingAndSavingAgainGivesTheSameBytes) {
