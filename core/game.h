@@ -37,6 +37,7 @@
 #include "script/code_state.h"
 #include "script/source_state.h"
 #include "stats/views_state.h"
+#include "store/game_file_state.h"
 
 class Platform;
 
@@ -154,6 +155,7 @@ struct Game {
   ScriptSource scriptSource;
   ScriptCode scriptCode;
   ViewsState views;
+  GameFileState gamefile;
 
   friend bool operator==(const Game&, const Game&) = default;
 };

@@ -51,3 +51,11 @@ std::uint32_t HeadlessPlatform::TimeGetTime() {
   return static_cast<std::uint32_t>(
       duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
 }
+
+std::optional<std::string> HeadlessPlatform::ChooseFile(const FileChooserRequest& request) {
+  fileChoosers.push_back(request);
+  if (queuedFileNames.empty()) return std::nullopt;
+  std::optional<std::string> name = queuedFileNames.front();
+  queuedFileNames.pop_front();
+  return name;
+}

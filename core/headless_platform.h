@@ -24,6 +24,8 @@ class HeadlessPlatform : public Platform {
   void DoEvents() override { ++eventPumps; }
   void RequestRedraw(Redraw what) override { ++redraws[static_cast<int>(what)]; }
   bool MainWindowMinimized() override { return minimized; }
+  // The next queued name, or Cancel when none is queued.
+  std::optional<std::string> ChooseFile(const FileChooserRequest& request) override;
 
   // Default answer of a message style: the first button the style shows
   // (OK 1, Yes 6, No 7, Cancel 2), or the focused one if 0x1000/0x2000 says.
@@ -32,10 +34,12 @@ class HeadlessPlatform : public Platform {
   // Answers for the next dialogs, taken first in first out.
   std::deque<MessageReply> queuedReplies;
   std::deque<int> queuedSettleButtons;
+  std::deque<std::optional<std::string>> queuedFileNames;
 
   // What was shown.
   std::vector<MessageRequest> messages;
   std::vector<SettleDialog> settleDialogs;
+  std::vector<FileChooserRequest> fileChoosers;
   struct Sound { std::string path; int flags; };
   std::vector<Sound> sounds;
   long eventPumps = 0;

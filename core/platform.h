@@ -8,8 +8,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct SettleDialog;
 
@@ -31,6 +33,13 @@ struct MessageReply {
   std::string input1;       // the answer boxes as typed
   std::string input2;
   bool hideChecked = false; // the "Hide" check box was checked at closing
+};
+
+// What the one file chooser is asked: its caption says what the file is for.
+struct FileChooserRequest {
+  std::string caption;             // "Open Session File", "Save Session File As", ...
+  std::vector<std::string> types;  // "Session files (*.rvg)", "All files (*.*)"
+  std::string folder;              // the folder it opens in
 };
 
 // Which part of the window the engine asks to be redrawn.
@@ -63,4 +72,6 @@ class Platform {
   virtual void RequestRedraw(Redraw what) = 0;
   // True when the main window is minimised.
   virtual bool MainWindowMinimized() = 0;
+  // Shows the file chooser; the name typed or picked, nothing on Cancel.
+  virtual std::optional<std::string> ChooseFile(const FileChooserRequest&) { return std::nullopt; }
 };

@@ -119,6 +119,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
   r.ScriptActiveAtRoll.fill(false);
   g.ComeoutsThisHand = g.PassesThisHand = g.MissesThisHand = 0;
   g.PointsMadeMask = g.PointsMade = 0;
+  g.gamefile.CheckImages.clear();
 
   Currency remembered[kPlayerSlots] = {};
   for (int p = 1; p <= 8; ++p) {
@@ -158,7 +159,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
 
   const bool logExisted = !r.LogText.empty();
   if (r.LogClearOnNew) {
-    RemoveFile(r.AppPath + "Events Log.ref");
+    RemoveFile(r.DataFolder + "Events Log.ref");
     RemoveFile(r.EventsLogPath);
     r.LogText.clear();
   }

@@ -13,16 +13,12 @@
 #include "dice/probability.h"
 #include "dice/rng.h"
 #include "core/catalogue.h"
+#include "core/data_folder.h"
 #include "core/game.h"
 #include "core/platform.h"
 #include "engine/roll_internal.h"
 
 namespace {
-
-std::string WithTrailingSeparator(std::string folder) {
-  if (folder.empty() || folder.back() != '/') folder.push_back('/');
-  return folder;
-}
 
 // The folder of the running program; the current folder when it cannot be found.
 std::string ProgramFolder() {
@@ -50,15 +46,19 @@ int MeasureLoopsPerTick(Game& game) {
   return static_cast<int>(count / 10);
 }
 
-void StartUp(Game& game) { StartUp(game, ProgramFolder()); }
+void StartUp(Game& game) { StartUp(game, ProgramFolder(), DataFolderPath()); }
 
-void StartUp(Game& game, const std::string& appFolder) {
+void StartUp(Game& game, const std::string& appFolder) { StartUp(game, appFolder, appFolder); }
+
+void StartUp(Game& game, const std::string& appFolder, const std::string& dataFolder) {
   assert(game.platform != nullptr);
   RollState& r = game.roll;
   // File names are case-sensitive here, so the folder keeps its case.
-  r.AppPath = WithTrailingSeparator(appFolder);
+  r.AppPath = WithTrailingSlash(appFolder.empty() ? std::string(".") : appFolder);
   r.HelpFilePath = r.AppPath + "ravelton.chm";
-  r.DataFolder = r.AppPath;
+  // The program's folder is read-only once installed: the user's files go
+  // to the data folder, which is made when first written to.
+  r.DataFolder = WithTrailingSlash(dataFolder.empty() ? r.AppPath : dataFolder);
   r.EventsLogPath = r.DataFolder + "Events Log.txt";
 
   r.LoopsPerTick = MeasureLoopsPerTick(game);

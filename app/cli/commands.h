@@ -22,3 +22,5 @@ void AddAdvantageCommand(CLI::App& app);
 void AddProbabilityCommand(CLI::App& app);
 // ravelton-cli report: the figures of a statistics view.
 void AddReportCommand(CLI::App& app);
+// ravelton-cli info: what a game file holds.
+void AddInfoCommand(CLI::App& app);

@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
   AddAdvantageCommand(app);
   AddProbabilityCommand(app);
   AddReportCommand(app);
+  AddInfoCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

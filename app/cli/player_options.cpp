@@ -91,33 +91,70 @@ bool PlayerAndRest(const Game& game, const std::string& arg, const char* option,
   return true;
 }
 
+// NAME[=BANKROLL][@SEAT] taken apart; seat 0 when none is asked.
+struct PlayerArg {
+  std::string name;
+  Currency bankroll = kDefaultBankroll;
+  int seat = 0;
+};
+
+bool ParsePlayer(const std::string& arg, PlayerArg& out, std::string& error) {
+  std::string rest = arg;
+  if (const auto at = rest.rfind('@'); at != std::string::npos) {
+    const std::string seat = rest.substr(at + 1);
+    if (seat.size() != 1 || seat[0] < '1' || seat[0] > '8') {
+      error = "--player " + arg + ": the seat is a number 1 to 8";
+      return false;
+    }
+    out.seat = seat[0] - '0';
+    rest.resize(at);
+  }
+  const auto eq = rest.find('=');
+  out.name = rest.substr(0, eq);
+  if (eq != std::string::npos) {
+    const auto amount = Amount(rest.substr(eq + 1));
+    if (!amount || *amount > kBankLimit || *amount < -kBankLimit) {
+      error = "--player " + arg + ": the bankroll must be a number from -9999999 to 9999999";
+      return false;
+    }
+    out.bankroll = *amount;
+  }
+  if (out.name.empty() || out.name.find_first_not_of(' ') == std::string::npos) {
+    error = "--player " + arg + ": the name is empty";
+    return false;
+  }
+  return true;
+}
+
+// Players with a seat sit there; the others take the lowest open seats in
+// the order given.
 bool SeatAll(Game& game, const PlayerOptions& o, std::string& error) {
-  if (o.players.size() > 8) {
+  std::vector<PlayerArg> args(o.players.size());
+  for (std::size_t i = 0; i < o.players.size(); ++i)
+    if (!ParsePlayer(o.players[i], args[i], error)) return false;
+  int open = 0;
+  for (int p = 1; p <= 8; ++p) open += game.PlayerName[p].empty();
+  if (static_cast<int>(args.size()) > open) {
     error = "--player: at most 8 players sit at the table";
     return false;
   }
-  int seat = 1;
-  for (const std::string& arg : o.players) {
-    const auto eq = arg.find('=');
-    const std::string name = arg.substr(0, eq);
-    Currency bankroll = kDefaultBankroll;
-    if (eq != std::string::npos) {
-      const auto amount = Amount(arg.substr(eq + 1));
-      if (!amount || *amount > kBankLimit || *amount < -kBankLimit) {
-        error = "--player " + arg + ": the bankroll must be a number from -9999999 to 9999999";
+  for (int pass = 0; pass < 2; ++pass) {
+    for (std::size_t i = 0; i < args.size(); ++i) {
+      PlayerArg& a = args[i];
+      if ((pass == 0) != (a.seat > 0)) continue;
+      if (a.seat == 0)
+        for (a.seat = 1; !game.PlayerName[a.seat].empty(); ++a.seat) {
+        }
+      if (!game.PlayerName[a.seat].empty()) {
+        error = "--player " + o.players[i] + ": seat " + std::to_string(a.seat) + " is taken";
         return false;
       }
-      bankroll = *amount;
+      if (const std::string problem = PlayerNameProblem(game, a.name, 0); !problem.empty()) {
+        error = "--player " + o.players[i] + ": " + OneLine(problem);
+        return false;
+      }
+      SeatPlayer(game, a.seat, a.name, a.bankroll);
     }
-    if (name.empty() || name.find_first_not_of(' ') == std::string::npos) {
-      error = "--player " + arg + ": the name is empty";
-      return false;
-    }
-    if (const std::string problem = PlayerNameProblem(game, name, 0); !problem.empty()) {
-      error = "--player " + arg + ": " + OneLine(problem);
-      return false;
-    }
-    SeatPlayer(game, seat++, name, bankroll);
   }
   return true;
 }
@@ -185,7 +222,8 @@ double Money(Currency a) { return a.ToDouble(); }
 
 void AddPlayerOptions(CLI::App& cmd, PlayerOptions& o) {
   cmd.add_option("--player", o.players,
-                 "Seat a player: NAME[=BANKROLL] (bankroll 1000), in seat order");
+                 "Seat a player: NAME[=BANKROLL][@SEAT] (bankroll 1000; without a seat, the "
+                 "lowest open one)");
   cmd.add_option("--bet", o.bets, "Place a bet before the first roll: NAME:BET=AMOUNT");
   cmd.add_option("--win-rule", o.winRules, "Winning-bet rule of a player: NAME:R, R 0..7");
   cmd.add_option("--lose-rule", o.loseRules, "Losing-bet rule of a player: NAME:R, R 0..7");

@@ -14,7 +14,7 @@ class App;
 struct Game;
 
 struct PlayerOptions {
-  std::vector<std::string> players;   // NAME[=BANKROLL], seated in order
+  std::vector<std::string> players;   // NAME[=BANKROLL][@SEAT]
   std::vector<std::string> bets;      // NAME:BET=AMOUNT
   std::vector<std::string> winRules;  // NAME:R
   std::vector<std::string> loseRules;

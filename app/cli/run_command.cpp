@@ -12,6 +12,7 @@
 #include <string>
 
 #include "app/cli/commands.h"
+#include "app/cli/game_file_options.h"
 #include "app/cli/player_options.h"
 #include "app/cli/probability_options.h"
 #include "app/cli/report.h"
@@ -25,17 +26,20 @@
 
 namespace {
 
+// Options not given leave a loaded game's own settings; a fresh table takes
+// the defaults in the comments.
 struct RunOptions {
   std::int64_t rolls = 1'000'000;
-  int rng = 1;                   // as users number them, 1..8
-  std::optional<double> seed;    // none: seeded from the clock
-  std::string require = "none";  // none | line | any
-  std::int64_t autoStop = 0;
+  std::optional<int> rng;              // as users number them, 1..8 (1)
+  std::optional<double> seed;          // none: seeded from the clock (a fresh table)
+  std::optional<std::string> require;  // none | line | any (none)
+  std::optional<std::int64_t> autoStop;  // (0)
   bool trace = false;
   bool json = false;
   PlayerOptions players;
   std::string prb;  // a probability file whose dice are used
   ReportOptions report;  // --report VIEW: a view's figures after the run
+  GameFileOptions files;
 };
 
 struct RunResult {
@@ -49,39 +53,42 @@ bool SetUpPlayers(Game& game, const RunOptions& options, std::string& error) {
 }
 
 // Applies the options to a started game; false with a message on bad input.
-bool ApplyOptions(Game& game, const RunOptions& o, std::string& error) {
-  if (o.rolls < 1) {
-    error = "--rolls must be at least 1";
+bool ApplyOptions(Game& game, const RunOptions& o, bool loaded, std::string& error) {
+  if (o.rolls < 0) {
+    error = "--rolls must not be negative";
     return false;
   }
-  if (o.rng < 1 || o.rng > kRngCount) {
+  const int rng = o.rng.value_or(loaded ? game.dice.RngIndex + 1 : 1);
+  if (rng < 1 || rng > kRngCount) {
     error = "--rng must be 1 to 8";
     return false;
   }
-  if (o.autoStop < 0) {
+  if (o.autoStop && *o.autoStop < 0) {
     error = "--auto-stop must not be negative";
     return false;
   }
-  if (o.require == "none")
+  const std::string require = o.require.value_or(loaded ? "" : "none");
+  if (require == "none")
     game.rules.BetRequirement = kNoBetRequired;
-  else if (o.require == "line")
+  else if (require == "line")
     game.rules.BetRequirement = kLineBetRequired;
-  else if (o.require == "any")
+  else if (require == "any")
     game.rules.BetRequirement = kAnyBetRequired;
-  else {
+  else if (!require.empty()) {
     error = "--require must be none, line or any";
     return false;
   }
-  game.dice.RngIndex = o.rng - 1;
+  game.dice.RngIndex = rng - 1;
   if (!UseProbabilityFileOption(game, o.prb, error)) return false;
   if (o.seed && !SeedRngWith(game, *o.seed)) {
-    error = "--seed is out of range for RNG #" + std::to_string(o.rng);
+    error = "--seed is out of range for RNG #" + std::to_string(rng);
     return false;
   }
-  // Without a seed the chosen generator is seeded from the clock, so the
-  // seed reported is the one that reproduces the run.
-  if (!o.seed) SeedRng(game);
-  game.hyper.AutoStopRolls = Currency::FromWhole(o.autoStop);
+  // Without a seed a fresh table's generator is seeded from the clock, so
+  // the seed reported is the one that reproduces the run; a loaded game's
+  // generator goes on from where it was saved.
+  if (!o.seed && !loaded) SeedRng(game);
+  if (o.autoStop || !loaded) game.hyper.AutoStopRolls = Currency::FromWhole(o.autoStop.value_or(0));
   game.hyper.RunRollLimit = o.rolls;
   return true;
 }
@@ -160,7 +167,8 @@ int Run(const RunOptions& options) {
   std::unique_ptr<Game> game = MakeGame(platform);
   StartUp(*game);
   std::string error;
-  if (!ApplyOptions(*game, options, error)) {
+  if (!LoadGameOption(*game, platform, options.files)) return 1;
+  if (!ApplyOptions(*game, options, !options.files.load.empty(), error)) {
     std::cerr << "ravelton-cli run: " << error << '\n';
     return 1;
   }
@@ -173,7 +181,7 @@ int Run(const RunOptions& options) {
     game->hyper.RollObserverContext = &std::cout;
   }
   const auto start = std::chrono::steady_clock::now();
-  RunHyperDrive(*game);
+  if (options.rolls > 0) RunHyperDrive(*game);
   RunResult result;
   result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   result.stop = game->hyper.LastStopMessage;
@@ -182,7 +190,7 @@ int Run(const RunOptions& options) {
     std::cout << RunSummaryJson(*game, result).dump() << '\n';
   else
     PrintSummary(std::cout, *game, result);
-  return 0;
+  return SaveGameOption(*game, platform, options.files) ? 0 : 1;
 }
 
 }  // namespace
@@ -191,17 +199,25 @@ void AddRunCommand(CLI::App& app) {
   auto options = std::make_shared<RunOptions>();
   CLI::App* cmd = app.add_subcommand("run", "Run a seeded Hyper-Drive session");
   cmd->add_option("--rolls", options->rolls, "Rolls to run (default 1,000,000)");
-  cmd->add_option("--rng", options->rng, "Random number generator 1..8 (default 1)");
+  cmd->add_option_function<int>(
+      "--rng", [options](const int& n) { options->rng = n; },
+      "Random number generator 1..8 (default 1)");
   cmd->add_option_function<double>(
       "--seed", [options](const double& s) { options->seed = s; }, "Seed the generator with S");
-  cmd->add_option("--require", options->require, "Bet required to shoot: none, line or any");
-  cmd->add_option("--auto-stop", options->autoStop, "Auto-Stop every N session rolls (0 never)");
+  cmd->add_option_function<std::string>(
+      "--require", [options](const std::string& r) { options->require = r; },
+      "Bet required to shoot: none, line or any");
+  cmd->add_option_function<std::int64_t>(
+      "--auto-stop", [options](const std::int64_t& n) { options->autoStop = n; },
+      "Auto-Stop every N session rolls (0 never)");
   cmd->add_flag("--trace", options->trace, "Print '<roll> <die1> <die2>' for every roll");
   cmd->add_flag("--json", options->json, "Print the summary as one JSON object");
   AddPlayerOptions(*cmd, options->players);
   AddProbabilityFileOption(*cmd, options->prb, "Play with the dice of this probability file");
   AddReportOptions(*cmd, options->report, true);
+  AddGameFileOptions(*cmd, options->files);
   cmd->callback([options] {
+    ApplyDataOption(options->files);
     if (const int rc = Run(*options); rc != 0) throw CLI::RuntimeError(rc);
   });
 }

@@ -108,7 +108,7 @@ TEST(Cli, BadUsageExitsWithOne) {
   std::string nine = "run --rolls 10";
   for (char c = 'a'; c <= 'i'; ++c) nine += std::string(" --player P") + c;
   for (const std::string& args :
-       {std::string("run --rng 9"), std::string("run --rng 0"), std::string("run --rolls 0"),
+       {std::string("run --rng 9"), std::string("run --rng 0"), std::string("run --rolls -1"),
         std::string("run --require some"), std::string("run --auto-stop -1"),
         std::string("run --seed 5000000000"), std::string("run --rolls x"),
         std::string("run --nope"), std::string("nosuchcommand"), nine})

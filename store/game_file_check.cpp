@@ -1,0 +1,137 @@
+#include "store/game_file_check.h"
+
+#include <cstdlib>
+#include <initializer_list>
+
+#include "core/catalogue.h"
+#include "core/game.h"
+
+namespace {
+
+// Money read from a file stays far inside a 64-bit count, so sums and
+// products of the engine cannot overflow: a hundred billion a value.
+constexpr std::int64_t kMoneyLimit = Currency::FromWhole(100'000'000'000).raw;
+// A payoff's numbers: at most a million to one.
+constexpr std::int64_t kPayoffLimit = Currency::FromWhole(1'000'000).raw;
+constexpr Long kGraphSlots = kGraphColumns;
+
+bool Within(Long v, Long lo, Long hi) { return v >= lo && v <= hi; }
+bool Money(Currency c) { return c.raw >= -kMoneyLimit && c.raw <= kMoneyLimit; }
+bool PointOrNone(Long v) {
+  for (Long n : {0, 4, 5, 6, 8, 9, 10})
+    if (v == n) return true;
+  return false;
+}
+
+template <class Table>
+bool AllMoney(const Table& t) {
+  for (const Currency& c : t.cells)
+    if (!Money(c)) return false;
+  return true;
+}
+
+template <class Table>
+bool PayoffsSound(const Table& t, int rows) {
+  for (int i = 1; i <= rows; ++i) {
+    const std::int64_t a = t(1, i).raw, flag = t(2, i).raw, d = t(3, i).raw;
+    if (std::llabs(a) > kPayoffLimit || d <= 0 || d > kPayoffLimit) return false;
+    if (flag != 0 && flag != -Currency::kScale) return false;
+  }
+  return true;
+}
+
+void RepairGraphAndDelay(Game& g) {
+  RollState& r = g.roll;
+  if (r.GraphScale <= Currency{}) r.GraphScale = Currency::FromRaw(2000);  // 0.2
+  if (r.GraphBaseScale <= Currency{}) r.GraphBaseScale = r.GraphScale;
+  Currency& delay = g.hyper.HyperDelaySeconds;
+  if (delay < Currency{}) delay = Currency{};
+  if (delay > Currency::FromWhole(300)) delay = Currency::FromWhole(300);
+}
+
+void RepairEnterBet(GameFileState& f) {
+  const Long b = f.EnterBetId;
+  if (!Within(b, 1, 83) && !Within(b, 101, 104)) f.EnterBetId = 1;
+}
+
+void RepairAdjustments(AutoPlayState& a, int p) {
+  a.AdjustAmount(p, 5) = a.AdjustAmount(p, 5) < Currency{} ? -a.AdjustAmount(p, 5) : a.AdjustAmount(p, 5);
+  for (int k = 5; k <= 12; ++k) {
+    if (!Within(a.AdjustOperator(p, k), 0, 3)) a.AdjustOperator(p, k) = 0;
+    if (a.AdjustAmount(p, k) < Currency{}) a.AdjustAmount(p, k) = Currency{};
+    const Currency u = a.AdjustUnits(p, k);
+    if (u < Currency{} || u > Currency::FromWhole(6)) a.AdjustUnits(p, k) = Currency{};
+  }
+}
+
+bool SeatSound(const Game& g, int p) {
+  const AutoPlayState& a = g.autoplay;
+  const BettingState& b = g.betting;
+  if (!Within(b.StartBankrollMode(p), kStartWithAmount, kStartCarryWithNet)) return false;
+  if (!Within(a.AutoAdjustMode(p), 0, 2) || !Within(a.HandleWinningBets(p), 0, 7) ||
+      !Within(a.HandleLosingBets(p), 0, 7))
+    return false;
+  for (Long bias : {a.LayBias(p), a.PlaceBias(p), a.DoBias(p), a.DontBias(p)})
+    if (!Within(bias, 0, 2)) return false;
+  for (int k = 1; k <= 4; ++k)
+    if (!IsCheckStack(b.CheckStackSlot(p, k))) return false;
+  for (Currency c : {g.TotalBets(p), g.BankrollHigh(p), g.BankrollLow(p), g.BankrollSum(p),
+                     g.InvestedBankroll(p), b.StartBankroll(p)})
+    if (!Money(c)) return false;
+  return true;
+}
+
+bool GameSound(const Game& g) {
+  for (Long p : {g.Shooter, g.betting.CurPlayer, g.HandShooter, g.PrevHandShooter, g.betting.CheckStacksPlayer,
+                 g.betting.BankrollTabPlayer, g.scriptSource.EdPlayer})
+    if (!Within(p, 0, 8)) return false;
+  if (!Within(g.Die1, 1, 6) || !Within(g.Die2, 1, 6)) return false;
+  if (!PointOrNone(g.Point) || !PointOrNone(g.PointAtRoll) || !PointOrNone(g.PointBeforeLast))
+    return false;
+  if (!Within(g.PointsMadeMask, 0, 63) || g.dice.Rng3State < 0) return false;
+  if (!Within(g.dice.RngIndex, 0, kRngCount - 1)) return false;
+  const TableSettings& t = g.rules;
+  if (!Within(t.OddsCalcMethod, 0, kOddsMethodCount - 1) ||
+      !Within(t.BetRequirement, kNoBetRequired, kAnyBetRequired) ||
+      !Within(t.LayVigRound, 0, 2) || !Within(t.BuyVigRound, 0, 2) || !Within(t.CompBase, 0, 2) ||
+      !Within(t.DiceAction, 0, 2))
+    return false;
+  for (Long s : {t.StickCallSet, t.DiceSoundSet, t.ChipSoundSet, t.WinSoundSet})
+    if (s < 0) return false;
+  if (t.RollsPerHour <= Currency{} || !Money(t.RollsPerHour)) return false;
+  if (!Within(g.hyper.HyperThrottle, 0, 10) || !Within(g.GraphRollCount, 0, kGraphSlots)) return false;
+  if (!Within(g.roll.GraphPlotType, 0, 1)) return false;
+  if (g.ComeoutsThisHand < 0 || g.PassesThisHand < 0 || g.MissesThisHand < 0) return false;
+  if (!PayoffsSound(g.PayoffTbl, 100) || !PayoffsSound(g.FieldPayoff, 21) ||
+      !PayoffsSound(g.MidwayPayoff, 5) || !PayoffsSound(g.FirePayoff, 6))
+    return false;
+  for (Long w : g.BetWorking.cells)
+    if (!Within(w, -1, 2)) return false;
+  for (Long w : g.BetWorkingDefault.cells)
+    if (!Within(w, -1, 2)) return false;
+  for (Currency c : {t.MinPlacardBet, t.MaxPlacardBet, t.MaxPropBetPayoff, t.MaxOddsBet, t.MaxFireBet,
+                     t.OddsAllowed410, t.OddsAllowed59, t.OddsAllowed68, t.LayVigRate, t.BuyVigRate,
+                     t.CompRate, g.betting.AtmAmount, g.hyper.AutoStopRolls, g.roll.GraphScale,
+                     g.roll.GraphBaseScale, g.roll.GraphTop})
+    if (!Money(c)) return false;
+  if (!AllMoney(g.Bet) || !AllMoney(g.BetAtRoll) || !AllMoney(g.BetAfterRoll) ||
+      !AllMoney(g.BetContract) || !AllMoney(g.LayVig) || !AllMoney(g.BuyVig) ||
+      !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll))
+    return false;
+  for (const CheckImage& c : g.gamefile.CheckImages)
+    if (!Within(c.player, 0, 8) || !Within(c.bet, 0, kLastBetId)) return false;
+  for (int p = 1; p <= 8; ++p)
+    if (!g.PlayerName[static_cast<std::size_t>(p)].empty() && !SeatSound(g, p)) return false;
+  return true;
+}
+
+}  // namespace
+
+bool CheckLoadedGame(Game& g) {
+  RepairGraphAndDelay(g);
+  RepairEnterBet(g.gamefile);
+  for (int p = 1; p <= 8; ++p) RepairAdjustments(g.autoplay, p);
+  if (static_cast<int>(g.gamefile.CheckImages.size()) > kManyCheckImages)
+    g.rules.AutoArrangeChecks = true;
+  return GameSound(g);
+}
