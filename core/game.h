@@ -35,6 +35,7 @@
 #include "engine/roll_state.h"
 #include "core/tables.h"
 #include "script/code_state.h"
+#include "script/run_state.h"
 #include "script/source_state.h"
 
 class Platform;
@@ -152,6 +153,7 @@ struct Game {
   BettingState betting;
   ScriptSource scriptSource;
   ScriptCode scriptCode;
+  ScriptRunState scriptRun;
 
   friend bool operator==(const Game&, const Game&) = default;
 };

@@ -24,6 +24,10 @@ class HeadlessPlatform : public Platform {
   void DoEvents() override { ++eventPumps; }
   void RequestRedraw(Redraw what) override { ++redraws[static_cast<int>(what)]; }
   bool MainWindowMinimized() override { return minimized; }
+  bool ShowScriptStep(const ScriptStep& step) override {
+    steps.push_back(step);
+    return true;
+  }
 
   // Default answer of a message style: the first button the style shows
   // (OK 1, Yes 6, No 7, Cancel 2), or the focused one if 0x1000/0x2000 says.
@@ -38,6 +42,7 @@ class HeadlessPlatform : public Platform {
   std::vector<SettleDialog> settleDialogs;
   struct Sound { std::string path; int flags; };
   std::vector<Sound> sounds;
+  std::vector<ScriptStep> steps;
   long eventPumps = 0;
   long redraws[static_cast<int>(Redraw::kCount)] = {};
 
