@@ -22,6 +22,17 @@ constexpr int kAnyList = 2;              // list keyword Value: Any (3 is All)
 constexpr std::uint32_t kRunFloorMs = 300;  // a run outside Hyper-Drive takes this long at least
 constexpr int kHyperDriveEventEvery = 1024;  // statements between event pumps in Hyper-Drive
 
+// A bit for each kind the sweeps look for: operators 50 to 75, then
+// functions, variables and list keywords.
+constexpr std::uint64_t KindBit(std::int32_t kind) {
+  if (kind >= kEqual && kind <= kComma) return std::uint64_t{1} << (kind - kEqual);
+  if (kind == kFunction || kind == kFunctionTarget) return std::uint64_t{1} << 40;
+  if (kind == kVariable) return std::uint64_t{1} << 41;
+  if (kind == kList) return std::uint64_t{1} << 42;
+  return 0;
+}
+constexpr std::uint64_t kComparisonBits = std::uint64_t{0x3F};  // kinds 50 to 55
+
 bool IsNumber(const ScriptElement& e) { return e.Kind == kNumber; }
 ScriptElement Number(double v) { return {kNumber, v}; }
 
@@ -46,6 +57,11 @@ class Runner {
   bool inCondition_ = false;
   bool conditionTrue_ = false;
   bool notes_ = false;
+  // The kinds the statement holds, a bit each (see KindBit): sweeps for
+  // kinds it lacks are skipped. Reductions only remove operators, so the
+  // set taken when the statement is copied stays a superset.
+  std::uint64_t present_ = 0;
+  bool Has(std::int32_t kind) const { return (present_ & KindBit(kind)) != 0; }
 
   void Fill();
   void Execute();
@@ -84,12 +100,18 @@ void Runner::Fill() {
   const auto& s = r_.AllCompiled;
   const int size = static_cast<int>(s.size());
   int n = 0;
+  std::uint64_t present = 0;
   while (r_.RunPos < size && s[static_cast<std::size_t>(r_.RunPos)].Kind < kMark) {
     // A statement longer than the table grows it and goes on where it stopped.
     if (static_cast<std::size_t>(n + 2) >= work.size())
       work.resize(work.size() + kWorkStatementGrowth);
-    work[static_cast<std::size_t>(++n)] = s[static_cast<std::size_t>(r_.RunPos++)];
+    const ScriptElement& e = s[static_cast<std::size_t>(r_.RunPos++)];
+    present |= KindBit(e.Kind);
+    work[static_cast<std::size_t>(++n)] = e;
   }
+  // A function may become a variable.
+  if (present & KindBit(kFunction)) present |= KindBit(kVariable);
+  present_ = present;
   work[0] = ScriptElement{};
   work[static_cast<std::size_t>(n + 1)] = ScriptElement{};
   r_.WorkCount = n;
@@ -122,6 +144,7 @@ void Runner::Reduce() {
 // Every binary operator of kinds a or b, left to right, from the range's
 // second element to the one before its last.
 void Runner::Binary(int lo, std::int32_t a, std::int32_t b) {
+  if (!Has(a) && !Has(b)) return;
   for (int i = lo + 2; i <= hi_ - 2;) {
     const std::int32_t k = w_[i].Kind;
     if (k != a && k != b) {
@@ -149,15 +172,19 @@ void Runner::Binary(int lo, std::int32_t a, std::int32_t b) {
 
 void Runner::ReduceRange(int lo) {
   // Functions and variables: every element of the range.
-  for (int i = lo + 1; i < hi_; ++i) {
-    const std::int32_t k = w_[i].Kind;
-    if (k == kFunction || k == kFunctionTarget) Remove(i + 1, EvaluateFunction(g_, i));
+  if (Has(kFunction)) {
+    for (int i = lo + 1; i < hi_; ++i) {
+      const std::int32_t k = w_[i].Kind;
+      if (k == kFunction || k == kFunctionTarget) Remove(i + 1, EvaluateFunction(g_, i));
+    }
   }
-  for (int i = lo + 1; i < hi_; ++i)
-    if (w_[i].Kind == kVariable) Remove(i + 1, ReadVariable(g_, i));
+  if (Has(kVariable)) {
+    for (int i = lo + 1; i < hi_; ++i)
+      if (w_[i].Kind == kVariable) Remove(i + 1, ReadVariable(g_, i));
+  }
   Binary(lo, kPower, kPower);
   // The sign: from the first element to the one before the last.
-  for (int i = lo + 1; i <= hi_ - 2; ++i) {
+  for (int i = lo + 1; Has(kMinus) && i <= hi_ - 2; ++i) {
     if (w_[i].Kind == kMinus && !IsNumber(w_[i - 1]) && IsNumber(w_[i + 1])) {
       w_[i] = Number(-w_[i + 1].Value);
       Remove(i + 1, 1);
@@ -168,8 +195,8 @@ void Runner::ReduceRange(int lo) {
   Binary(lo, kMod, kMod);
   Binary(lo, kPlus, kMinus);
   Binary(lo, kConcat, kConcat);
-  if (inCondition_) Comparisons(lo);
-  for (int i = lo + 1; i <= hi_ - 2; ++i) {
+  if (inCondition_ && (present_ & (kComparisonBits | KindBit(kList)))) Comparisons(lo);
+  for (int i = lo + 1; Has(kNot) && i <= hi_ - 2; ++i) {
     if (w_[i].Kind == kNot && IsNumber(w_[i + 1])) {
       w_[i] = Number(AutoBetCompare(g_, w_[i + 1].Value, kNot, 0));
       Remove(i + 1, 1);
