@@ -14,6 +14,7 @@
 #include "app/cli/commands.h"
 #include "app/cli/player_options.h"
 #include "app/cli/probability_options.h"
+#include "app/cli/script_options.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "cycle/hyperdrive.h"
@@ -32,6 +33,7 @@ struct RunOptions {
   bool json = false;
   PlayerOptions players;
   std::string prb;  // a probability file whose dice are used
+  ScriptOptions scripts;
 };
 
 struct RunResult {
@@ -82,9 +84,18 @@ bool ApplyOptions(Game& game, const RunOptions& o, std::string& error) {
   return true;
 }
 
-void TraceRoll(void* context, const Game& game) {
-  auto& out = *static_cast<std::ostream*>(context);
-  out << game.RollTally(kTableSession, kEventRolls) << ' ' << game.Die1 << ' ' << game.Die2 << '\n';
+struct Observer {
+  bool trace = false;
+  ScriptOptions* scripts = nullptr;
+  Game* game = nullptr;  // the game observed, which the dice are queued into
+};
+
+// After every roll: the trace line, and the next known dice queued.
+void ObserveRoll(void* context, const Game& game) {
+  auto& o = *static_cast<Observer*>(context);
+  if (o.trace)
+    std::cout << game.RollTally(kTableSession, kEventRolls) << ' ' << game.Die1 << ' ' << game.Die2 << '\n';
+  if (!o.scripts->pendingDice.empty()) FeedDice(*o.game, *o.scripts);
 }
 
 Long SessionTotals(const Game& game, int kind) {
@@ -93,7 +104,8 @@ Long SessionTotals(const Game& game, int kind) {
   return n;
 }
 
-nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
+nlohmann::json RunSummaryJson(const Game& game, const RunResult& result,
+                              const RunPlatform& platform) {
   nlohmann::json totals = nlohmann::json::object();
   for (int t = 2; t <= 12; ++t)
     totals[std::to_string(t)] = game.RollTally(kTableSession, TotalEvent(t));
@@ -110,6 +122,7 @@ nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
       {"seconds", result.seconds},
   };
   if (game.PlayerCount > 0) summary["players"] = PlayersJson(game);
+  AddScriptJson(summary, game, platform);
   return summary;
 }
 
@@ -127,10 +140,10 @@ void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) 
   PrintPlayers(out, game);
 }
 
-int Run(const RunOptions& options) {
-  HeadlessPlatform platform;
-  // The stop reason is kept after the run; the headless window never shows it.
-  platform.minimized = true;
+int Run(RunOptions& options) {
+  // The window is not minimised, so the stop message of the run is shown
+  // (and recorded) at its end.
+  RunPlatform platform;
   std::unique_ptr<Game> game = MakeGame(platform);
   StartUp(*game);
   std::string error;
@@ -142,17 +155,26 @@ int Run(const RunOptions& options) {
     std::cerr << "ravelton-cli run: " << error << '\n';
     return 1;
   }
-  if (options.trace) {
-    game->hyper.RollObserver = TraceRoll;
-    game->hyper.RollObserverContext = &std::cout;
+  if (!SetUpScriptOptions(*game, platform, options.scripts, error)) {
+    std::cerr << "ravelton-cli run: " << error << '\n';
+    return 1;
   }
+  Observer observer{options.trace, &options.scripts, game.get()};
+  game->hyper.RollObserver = ObserveRoll;
+  game->hyper.RollObserverContext = &observer;
   const auto start = std::chrono::steady_clock::now();
-  RunHyperDrive(*game);
+  if (const int rc = StartScripts(*game, options.scripts); rc != 0) return rc;
+  if (game->KeepRolling) {
+    game->HyperDrive = game->KeepRolling = false;
+    RunHyperDrive(*game);
+  } else {
+    EndHyperDrive(*game);  // the initializing cycle ended the run
+  }
   RunResult result;
   result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   result.stop = game->hyper.LastStopMessage;
   if (options.json)
-    std::cout << RunSummaryJson(*game, result).dump() << '\n';
+    std::cout << RunSummaryJson(*game, result, platform).dump() << '\n';
   else
     PrintSummary(std::cout, *game, result);
   return 0;
@@ -173,6 +195,7 @@ void AddRunCommand(CLI::App& app) {
   cmd->add_flag("--json", options->json, "Print the summary as one JSON object");
   AddPlayerOptions(*cmd, options->players);
   AddProbabilityFileOption(*cmd, options->prb, "Play with the dice of this probability file");
+  AddScriptOptions(*cmd, options->scripts);
   cmd->callback([options] {
     if (const int rc = Run(*options); rc != 0) throw CLI::RuntimeError(rc);
   });
