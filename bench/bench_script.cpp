@@ -14,13 +14,13 @@
 #include <memory>
 #include <string>
 
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "bench/hyperdrive_stretches.h"
 #include "dice/rng.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 #include "engine/players.h"
-#include "engine/startup.h"
+#include "cycle/startup.h"
 #include "script/activation.h"
 #include "script/files.h"
 

@@ -8,6 +8,7 @@
 #include "automation/autoplay.h"
 #include "dice/rng.h"
 #include "core/game.h"
+#include "core/text.h"
 #include "core/money.h"
 #include "engine/place.h"
 #include "script/compile_common.h"
@@ -32,16 +33,11 @@ double NumberOf(Game& g, const ScriptElement& value) {
   return TextValue(g.scriptRun.TextC);
 }
 
-std::string Lower(std::string text) {
-  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return text;
-}
-
 // The winning- or losing-bet rule a value names (1..8), or its number.
 double HandlingRule(Game& g, const ScriptElement& value, bool winning) {
   if (value.Kind != kString) return value.Value;
   ElementText(g, value, g.scriptRun.TextC);
-  const std::string name = Lower(g.scriptRun.TextC);
+  const std::string name = LowerCase(g.scriptRun.TextC);
   if (winning) {
     if (name == "manual") return 1;
     if (name == "take bet and winnings") return 2;

@@ -6,6 +6,7 @@
 
 #include "core/message_dialog.h"
 #include "core/game.h"
+#include "core/text.h"
 #include "script/compile_common.h"
 #include "script/compile_script.h"
 #include "script/files.h"
@@ -83,12 +84,13 @@ void CompileALLAutobets(Game& g) {
   r.FailedPlayer = 0;
   for (int p = 1; p <= 8; ++p) {
     if (!g.roll.ScriptActive[static_cast<std::size_t>(p)]) continue;
-    int line = 0, col = 0, endLine = 0, endCol = 0;
-    CompileScript(g, p, line, col, endLine, endCol);
-    if (line > 0) {
+    if (auto fault = CompileScript(g, p)) {
       r.FailedPlayer = p;
-      r.FailedMessage = g.msg.MsgText;
-      r.FailedSpan = {line, col, endLine, endCol};
+      r.FailedMessage = fault->message;
+      r.FailedLine = fault->line;
+      r.FailedColumn = fault->column;
+      r.FailedEndLine = fault->endLine;
+      r.FailedEndColumn = fault->endColumn;
       g.KeepRolling = false;
       ShowScriptError(g, p);
       return;
@@ -201,6 +203,11 @@ void DeactivateAllScripts(Game& g) {
   g.roll.SessionDirty = true;
 }
 
+CompileError LastJoinFault(const Game& g) {
+  const ScriptRunState& r = g.scriptRun;
+  return {r.FailedLine, r.FailedColumn, r.FailedEndLine, r.FailedEndColumn, r.FailedMessage};
+}
+
 bool InitializeScripts(Game& g) {
   if (!g.roll.ScriptActive[0]) return true;
   if (!g.roll.ScriptsOK) CompileALLAutobets(g);
@@ -215,7 +222,7 @@ CheckScriptResult CheckScript(Game& g) {
   ScriptSource& src = g.scriptSource;
   CheckScriptResult result;
   const bool empty = std::all_of(src.EdLines.begin() + 1, src.EdLines.end(), [](const std::string& l) {
-    return TrimBlanks(l).empty();
+    return Trim(l).empty();
   });
   if (empty) {
     ShowNotice(g,
@@ -225,9 +232,8 @@ CheckScriptResult CheckScript(Game& g) {
     return result;
   }
   StoreEdLines(g);
-  int line = 0, col = 0, endLine = 0, endCol = 0;
-  CompileScript(g, src.EdPlayer, line, col, endLine, endCol);
-  if (line <= 0) {
+  const auto fault = CompileScript(g, src.EdPlayer);
+  if (!fault) {
     ShowNotice(g, "Your script is properly structured.", "Auto-Bet", kActivationHelpId,
                kStructuredStyle);
     g.roll.ScriptsOK = false;
@@ -237,13 +243,13 @@ CheckScriptResult CheckScript(Game& g) {
   // The span, held to the editor's lines, without the blanks before it and
   // the blanks and colons behind it.
   const int last = std::max(1, src.EdLineCount);
-  line = std::clamp(line, 1, last);
-  endLine = std::clamp(endLine, line, last);
+  const int line = std::clamp(fault->line, 1, last);
+  const int endLine = std::clamp(fault->endLine, line, last);
   const std::string& first = src.EdLines[static_cast<std::size_t>(line)];
-  col = std::clamp(col, 0, static_cast<int>(first.size()));
+  int col = std::clamp(fault->column, 0, static_cast<int>(first.size()));
   while (col < static_cast<int>(first.size()) && first[static_cast<std::size_t>(col)] == ' ') ++col;
   const std::string& tail = src.EdLines[static_cast<std::size_t>(endLine)];
-  endCol = std::clamp(endCol, 0, static_cast<int>(tail.size()));
+  int endCol = std::clamp(fault->endColumn, 0, static_cast<int>(tail.size()));
   while (endCol > 0 && (tail[static_cast<std::size_t>(endCol - 1)] == ' ' ||
                         tail[static_cast<std::size_t>(endCol - 1)] == ':'))
     --endCol;

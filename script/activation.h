@@ -16,6 +16,8 @@
 // - ScriptActive(0) is true exactly when one of ScriptActive(1..8) is.
 #pragma once
 
+#include "script/compile_error.h"
+
 struct Game;
 
 // Joins the compiled scripts of the active players into AllCompiled and
@@ -24,6 +26,9 @@ struct Game;
 // shown, KeepRolling cleared and the failing player left in
 // scriptRun.FailedPlayer.
 void CompileALLAutobets(Game& game);
+
+// The fault of the script that stopped the last join (scriptRun.FailedPlayer's).
+CompileError LastJoinFault(const Game& game);
 
 // Offers to run the script of player p (0: of all active players) for one
 // initializing cycle before the dice roll; Yes compiles and runs it.

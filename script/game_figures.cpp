@@ -23,11 +23,11 @@ double MovingBankrollAverage(const Game& g, int p, int column, double span) {
   if (p < 1 || p > 8) return 0;
   if (span > kGraphColumns) span = kGraphColumns;
   if (span < 1) {
-    const double n = g.RollsAtTable(FrameIndex(p, 2));
+    const double n = g.RollsAtTable(FrameIndex(p, kFrameCurrentSession));
     const double sum = g.BankrollSum(p).ToDouble();
     return n == 0 ? sum : sum / (n + 1);
   }
-  const bool wrapped = g.RollTally(18, 0) >= kFullPageRolls;
+  const bool wrapped = g.RollTally(kTableSession, kEventRolls) >= kFullPageRolls;
   int index = column;
   if (index <= 0) {
     if (!wrapped) return 0;
@@ -51,10 +51,10 @@ double MovingBankrollAverage(const Game& g, int p, int column, double span) {
 double FigureComps(const Game& g, int i) {
   double action = 0, decisions = 0, vig = 0;
   for (int b = 1; b <= kLastRealBet; ++b) {
-    const double wagered = g.StatAction(i, b, 2).ToDouble();
+    const double wagered = g.StatAction(i, b, kStatTotal).ToDouble();
     if (wagered <= 0 || !CompBet(g, b)) continue;
     action += wagered;
-    decisions += g.StatAction(i, b, 1).ToDouble();
+    decisions += g.StatAction(i, b, kStatCount).ToDouble();
     vig -= wagered * HouseExpectedValue(g, b);
   }
   const double rolls = g.RollsAtTable(i);

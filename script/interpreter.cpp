@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/game.h"
+#include "core/text.h"
 #include "core/platform.h"
 #include "script/actions.h"
 #include "script/compile_common.h"
@@ -673,8 +674,8 @@ double AutoBetCompareStrings(Game& game, const ScriptElement& left, int op,
   ScriptRunState& r = game.scriptRun;
   ElementText(game, left, r.TextB);
   ElementText(game, right, r.TextC);
-  for (char& c : r.TextB) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  for (char& c : r.TextC) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  for (char& c : r.TextB) c = LowerChar(c);
+  for (char& c : r.TextC) c = LowerChar(c);
   const int c = r.TextB.compare(r.TextC);
   return AutoBetCompare(game, c, op, 0);
 }

@@ -22,7 +22,6 @@
 //   player and a new player gets the defaults.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -73,10 +72,10 @@ struct ScriptRunState {
   std::string TextA, TextB, TextC;
 
   // The last failed join: the player whose script did not compile, the
-  // compiler's message and its span (line, column, end line, end column).
+  // compiler's message and the span of source it names.
   int FailedPlayer = 0;
   std::string FailedMessage;
-  std::array<int, 4> FailedSpan{};
+  int FailedLine = 0, FailedColumn = 0, FailedEndLine = 0, FailedEndColumn = 0;
 
   // The diagnostic text of the last run-time failure of a run or an action.
   std::string ErrorText;

@@ -5,6 +5,7 @@
 #include "config/settings.h"
 #include "engine/bankroll.h"
 #include "core/game.h"
+#include "core/text.h"
 #include "core/money.h"
 #include "core/platform.h"
 #include "engine/players.h"
@@ -43,7 +44,7 @@ struct Action {
   // The argument's text, trimmed of blanks.
   std::string TrimmedText(int k) {
     ElementText(g, Arg(k), r.TextC);
-    return std::string(TrimBlanks(r.TextC));
+    return std::string(Trim(r.TextC));
   }
   // A run-time failure of an action ends the statement; in Hyper-Drive it
   // stops the run with the error as its reason.

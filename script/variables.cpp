@@ -14,22 +14,21 @@
 namespace {
 
 constexpr double kTrue = -1;
-constexpr int kSessionRolls = 18;  // frame index of the table's current session
 
 double Truth(bool b) { return b ? kTrue : 0; }
 double Div(double a, double b) { return b == 0 ? 0 : a / b; }
 // A double rounded to money (four places), as a double again.
 double ToMoney(double x) { return CurFromDouble(x).ToDouble(); }
 
-struct Frame {
+struct Reading {
   int p = 0;  // resolved player
   int i = 0;  // frame index p + 9 * (H - 1)
 };
 
-Frame FrameOf(const Game& g, const ScriptElement& player, const ScriptElement& frame) {
-  Frame f;
+Reading FrameOf(const Game& g, const ScriptElement& player, const ScriptElement& frame) {
+  Reading f;
   f.p = ResolvePlayer(g, player.Value);
-  const int h = std::clamp(Code(frame.Value), 1, kFrames);
+  const int h = std::clamp(Code(frame.Value), 1, static_cast<int>(kFrameCount));
   f.i = FrameIndex(f.p, h - 1);
   return f;
 }
@@ -44,12 +43,12 @@ struct Row {
 
 // Variables 1..85: a bet's statistics or its present state.
 double BetVariable(Game& g, int b, const ScriptElement* q) {
-  const Frame f = FrameOf(g, q[0], q[1]);
+  const Reading f = FrameOf(g, q[0], q[1]);
   const int x = Code(q[2].Value), y = Code(q[3].Value);
   if (f.p < 0 || f.p > 8) return 0;
   const Row A{g, g.StatAction, f.i, b}, W{g, g.StatWins, f.i, b}, L{g, g.StatLosses, f.i, b};
   const Row& WL = x == 3 ? L : W;
-  const double R = g.RollTally(kSessionRolls, 0);
+  const double R = g.RollTally(kTableSession, kEventRolls);
   const double rph = g.rules.RollsPerHour.ToDouble();
   const double T = g.RollsAtTable(f.i);
   auto netOf = [&](int k) { return W(k) - L(k); };
@@ -68,28 +67,28 @@ double BetVariable(Game& g, int b, const ScriptElement* q) {
         return 0.0;
     }
   };
-  auto atLastRoll = [&](const Row& row) { return R > 0 && row(5) == R; };
+  auto atLastRoll = [&](const Row& row) { return R > 0 && row(kStatRollOfLast) == R; };
   auto perHour = [&](double count) { return Div(count * rph, T); };
   switch (y) {
-    case 21:
+    case 21:  // the fields 21 to 24 read the columns count, total, largest, smallest
     case 22:
     case 23:
     case 24:
-      return byClass(y - 20);
+      return byClass(y - 21 + kStatCount);
     case 26:
-      return byClass(6);
+      return byClass(kStatAmountOfLast);
     case 25: {
-      const double wins = Div(W(2), W(1)), losses = Div(L(2), L(1));
+      const double wins = Div(W(kStatTotal), W(kStatCount)), losses = Div(L(kStatTotal), L(kStatCount));
       switch (x) {
         case 1:
-          return Div(A(2), A(1));
+          return Div(A(kStatTotal), A(kStatCount));
         case 2:
         case 3:
-          return Div(WL(2), WL(1));
+          return Div(WL(kStatTotal), WL(kStatCount));
         case 4:
           return wins - losses;
         case 5:
-          return Div((wins - losses) * 100 * A(1), A(2));
+          return Div((wins - losses) * 100 * A(kStatCount), A(kStatTotal));
         default:
           return 0;
       }
@@ -111,20 +110,20 @@ double BetVariable(Game& g, int b, const ScriptElement* q) {
     case 28:
       switch (x) {
         case 1:
-          return A(5) == R ? A(6) : 0;
+          return A(kStatRollOfLast) == R ? A(kStatAmountOfLast) : 0;
         case 2:
         case 3:
-          return WL(5) == R ? WL(6) : 0;
+          return WL(kStatRollOfLast) == R ? WL(kStatAmountOfLast) : 0;
         case 4:
-          return (atLastRoll(W) ? W(6) : 0) - (atLastRoll(L) ? L(6) : 0);
+          return (atLastRoll(W) ? W(kStatAmountOfLast) : 0) - (atLastRoll(L) ? L(kStatAmountOfLast) : 0);
         case 5:
-          return Div((atLastRoll(W) ? 100 * W(6) : 0) - (atLastRoll(L) ? 100 * L(6) : 0), A(6));
+          return Div((atLastRoll(W) ? 100 * W(kStatAmountOfLast) : 0) - (atLastRoll(L) ? 100 * L(kStatAmountOfLast) : 0), A(kStatAmountOfLast));
         default:
           return 0;
       }
     case 29:
     case 30: {
-      const int k = y - 28;  // 1 the count, 2 the amount
+      const int k = y == 29 ? kStatCount : kStatTotal;
       switch (x) {
         case 1:
           return perHour(A(k));
@@ -141,7 +140,7 @@ double BetVariable(Game& g, int b, const ScriptElement* q) {
       }
     }
     case 31:
-      if (x == 4) return A(2) * HouseExpectedValue(g, b);
+      if (x == 4) return A(kStatTotal) * HouseExpectedValue(g, b);
       if (x == 5) return 100 * HouseExpectedValue(g, b);
       return 0;
     default:
@@ -167,15 +166,12 @@ double BetVariable(Game& g, int b, const ScriptElement* q) {
 // The RollTally subscript of a dice field: a total, a die's face, or a
 // combination d.e of the two dice.
 int RollsSubscript(double field) {
-  static constexpr int kCombination[6][6] = {
-      {2, 22, 24, 27, 33, 39},  {23, 13, 29, 35, 41, 48}, {25, 30, 14, 43, 50, 54},
-      {28, 36, 44, 15, 56, 60}, {34, 42, 51, 57, 16, 63}, {40, 49, 55, 61, 64, 12}};
   const double d = std::floor(field);
-  if (d == field) return std::clamp(Code(field), 0, kLastEvent);
+  if (d == field) return std::clamp(Code(field), 0, static_cast<int>(kLastEvent));
   const int e = static_cast<int>(std::lround((field - d) * 10));
   const int di = Code(d);
   if (di < 1 || di > 6 || e < 1 || e > 6) return 0;
-  return kCombination[di - 1][e - 1];
+  return PairEvent(di, e);
 }
 
 // Sum of TotalsTally over the totals a field selects, for a phase (0
@@ -199,7 +195,7 @@ double TotalsSum(const Game& g, int i, int field, int phase) {
 double ComeOutRolls(const Game& g, int i) { return TotalsSum(g, i, 0, 0); }
 
 double PointsVariable(Game& g, int v, const ScriptElement* q) {
-  const Frame f = FrameOf(g, q[0], q[1]);
+  const Reading f = FrameOf(g, q[0], q[1]);
   const int phase = Code(q[2].Value) - 6;
   const int field = Code(q[3].Value);
   if (phase < 0 || phase > 2 || f.p < 0 || f.p > 8 ||
@@ -218,7 +214,7 @@ double NextRnd(ScriptRunState& r) {
 }
 
 double TableVariable(Game& g, int v) {
-  const double R = g.RollTally(kSessionRolls, 0);
+  const double R = g.RollTally(kTableSession, kEventRolls);
   const int total = g.DiceTotal;
   const int atRoll = g.PointAtRoll;
   switch (v) {
@@ -335,7 +331,7 @@ double PlayerVariable(Game& g, int v, int p) {
 }
 
 double RollsVariable(Game& g, int v, const ScriptElement* q) {
-  const Frame f = FrameOf(g, q[0], q[1]);
+  const Reading f = FrameOf(g, q[0], q[1]);
   if (f.p < 0 || f.p > 8) return 0;
   switch (v) {
     case 2500:
@@ -385,11 +381,11 @@ ScriptElement VariableValue(Game& g, int v, const ScriptElement* q) {
   if (v >= 3000 && v <= 3999) return {kNumber, TableVariable(g, v)};
   if (v >= 2000 && v <= 2999) return {kNumber, RollsVariable(g, v, q)};
   if (v == 1100) {
-    const Frame f = FrameOf(g, q[0], q[1]);
+    const Reading f = FrameOf(g, q[0], q[1]);
     return {kNumber, f.p >= 0 && f.p <= 8 ? FigureComps(g, f.i) : 0};
   }
   if (v == 1200) {
-    const int h = std::clamp(Code(q[1].Value), 1, kFrames);
+    const int h = std::clamp(Code(q[1].Value), 1, static_cast<int>(kFrameCount));
     return {kNumber, Div(g.RollTally(FrameIndex(0, h - 1), 0), g.rules.RollsPerHour.ToDouble())};
   }
   if (v >= 86 && v <= 999) return {kNumber, PlayerVariable(g, v, ResolvePlayer(g, q[0].Value))};

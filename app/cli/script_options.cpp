@@ -8,6 +8,7 @@
 #include "cycle/hyperdrive.h"
 #include "core/message_dialog.h"
 #include "core/game.h"
+#include "core/text.h"
 #include "cycle/roll.h"
 #include "script/activation.h"
 #include "script/files.h"
@@ -22,16 +23,10 @@ namespace {
 // interrupted it: the command line has no user to stop an endless loop.
 constexpr std::int64_t kRunStatementLimit = 10'000'000;
 
-std::string Lower(std::string_view s) {
-  std::string out(s);
-  for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return out;
-}
-
 int SeatOf(const Game& game, std::string_view name) {
-  const std::string lower = Lower(name);
+  const std::string lower = LowerCase(name);
   for (int p = 1; p <= 8; ++p)
-    if (!game.PlayerName[p].empty() && Lower(game.PlayerName[p]) == lower) return p;
+    if (!game.PlayerName[p].empty() && LowerCase(game.PlayerName[p]) == lower) return p;
   return 0;
 }
 
@@ -119,7 +114,7 @@ bool ParseDice(const std::string& list, std::deque<std::pair<int, int>>& out, st
 void QueueAnswers(RunPlatform& platform, const std::vector<std::string>& answers) {
   for (const std::string& a : answers) {
     MessageReply reply;
-    const std::string word = Lower(a);
+    const std::string word = LowerCase(a);
     if (word == "yes")
       reply.answer = kAnswerYes;
     else if (word == "no")
@@ -193,10 +188,7 @@ int StartScripts(Game& game, const ScriptOptions& o) {
   if (!InitializeScripts(game)) {
     const int p = game.scriptRun.FailedPlayer;
     std::cerr << Lines(game.msg.MsgText) << '\n';
-    const auto& span = game.scriptRun.FailedSpan;
-    std::cerr << FormatCompileFailure(o.files[static_cast<std::size_t>(p)],
-                                      game.scriptRun.FailedMessage, span[0], span[1], span[2],
-                                      span[3]);
+    std::cerr << FormatCompileFailure(o.files[static_cast<std::size_t>(p)], LastJoinFault(game));
     game.HyperDrive = false;
     game.KeepRolling = false;
     return 1;

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string>
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 #include "engine/players.h"
 #include "script/activation.h"
 #include "script/interpreter.h"

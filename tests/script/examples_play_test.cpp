@@ -6,13 +6,13 @@
 
 #include <filesystem>
 
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "dice/rng.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 #include "engine/place.h"
 #include "engine/players.h"
-#include "engine/startup.h"
+#include "cycle/startup.h"
 #include "script/activation.h"
 #include "script/files.h"
 

@@ -7,13 +7,13 @@
 
 #include <random>
 
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "dice/rng.h"
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 #include "engine/place.h"
 #include "engine/players.h"
-#include "engine/startup.h"
+#include "cycle/startup.h"
 #include "script/activation.h"
 #include "script_grammar.h"
 #include "script_test_util.h"
