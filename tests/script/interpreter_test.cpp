@@ -7,6 +7,7 @@
 
 #include "cycle/hyperdrive.h"
 #include "core/message_dialog.h"
+#include "config/settings.h"
 #include "dice/rng.h"
 #include "engine/players.h"
 #include "script/activation.h"
@@ -108,6 +109,18 @@ TEST_F(Interpreter, ActivationAnsweredNoLeavesTheSwitchOnWithoutACycle) {
   EXPECT_EQ(Stack(2, 1), 0);
   EXPECT_TRUE(g.roll.ScriptActive[2]);
   EXPECT_FALSE(g.roll.ScriptsOK);
+}
+
+TEST_F(Interpreter, HidingAScriptMessageSilencesTheRestOfItsClass) {
+  Script(1, "show message \"one\" : show message \"two\"");
+  platform.queuedReplies.push_back({kAnswerOk, "", "", true});
+  ASSERT_TRUE(InitializeScripts(g));
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].style, 0x80001);
+  EXPECT_EQ(g.rules.NoticeFlags & kNoticeScriptNormal, 0);
+  g.rules.NoticeFlags |= kNoticeScriptNormal;  // the option set again
+  ASSERT_TRUE(InitializeScripts(g));
+  EXPECT_EQ(platform.messages.size(), 3u);
 }
 
 TEST_F(Interpreter, AHyperDriveRunOfAThousandStatementsAllocatesNothing) {
