@@ -61,11 +61,10 @@ int FamilyBet(int family, double number) {
       return n == 6 ? bet::kBig6 : n == 8 ? bet::kBig8 : 0;
     case 9:
       return n == 4 || n == 6 || n == 8 || n == 10 ? bet::kHard4 + (n - 4) / 2 : 0;
-    case 10:
-      if (n >= 11 && n <= 66) return HopId(n / 10, n % 10) == 0 || n / 10 > n % 10
-                                        ? 0
-                                        : HopId(n / 10, n % 10);
-      return 0;
+    case 10: {  // the two dice as one number, the smaller first: 13 is 1-3
+      const int lo = n / 10, hi = n % 10;
+      return n >= 11 && n <= 66 && lo <= hi ? HopId(lo, hi) : 0;
+    }
     default:
       return 0;
   }

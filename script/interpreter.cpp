@@ -86,6 +86,7 @@ class Runner {
 };
 
 void Runner::Remove(int at, int n) {
+  n = std::min(n, r_.WorkCount + 1 - at);  // never the closing bound
   if (n <= 0) return;
   const int tail = r_.WorkCount + 1 - (at + n) + 1;  // the bound behind the statement moves too
   std::memmove(&w_[at], &w_[at + n], static_cast<std::size_t>(tail) * sizeof(ScriptElement));
