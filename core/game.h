@@ -35,6 +35,7 @@
 #include "engine/roll_state.h"
 #include "core/tables.h"
 #include "script/code_state.h"
+#include "script/run_state.h"
 #include "script/source_state.h"
 #include "stats/views_state.h"
 #include "store/game_file_state.h"
@@ -156,6 +157,7 @@ struct Game {
   ScriptCode scriptCode;
   ViewsState views;
   GameFileState gamefile;
+  ScriptRunState scriptRun;
 
   friend bool operator==(const Game&, const Game&) = default;
 };

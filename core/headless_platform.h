@@ -26,6 +26,10 @@ class HeadlessPlatform : public Platform {
   bool MainWindowMinimized() override { return minimized; }
   // The next queued name, or Cancel when none is queued.
   std::optional<std::string> ChooseFile(const FileChooserRequest& request) override;
+  bool ShowScriptStep(const ScriptStep& step) override {
+    steps.push_back(step);
+    return true;
+  }
 
   // Default answer of a message style: the first button the style shows
   // (OK 1, Yes 6, No 7, Cancel 2), or the focused one if 0x1000/0x2000 says.
@@ -42,6 +46,7 @@ class HeadlessPlatform : public Platform {
   std::vector<FileChooserRequest> fileChoosers;
   struct Sound { std::string path; int flags; };
   std::vector<Sound> sounds;
+  std::vector<ScriptStep> steps;
   long eventPumps = 0;
   long redraws[static_cast<int>(Redraw::kCount)] = {};
 

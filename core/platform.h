@@ -42,6 +42,17 @@ struct FileChooserRequest {
   std::string folder;              // the folder it opens in
 };
 
+// One step of a script run for the Steps view: whose script, the view's
+// caption, the step note, and the span of source the statement came from
+// (the editor selects it).
+struct ScriptStep {
+  int player = 0;
+  std::string caption;
+  std::string note;
+  int startLine = 0, startCol = 0, endLine = 0, endCol = 0;
+>>>>>>> interpreter
+};
+
 // Which part of the window the engine asks to be redrawn.
 enum class Redraw : int {
   Table,          // the drawn table with its status line
@@ -72,6 +83,13 @@ class Platform {
   virtual void RequestRedraw(Redraw what) = 0;
   // True when the main window is minimised.
   virtual bool MainWindowMinimized() = 0;
+<<<<<<< HEAD
   // Shows the file chooser; the name typed or picked, nothing on Cancel.
   virtual std::optional<std::string> ChooseFile(const FileChooserRequest&) { return std::nullopt; }
+  // Shows a step of a script run and returns when the next step is wanted:
+  // true for Next, false when the user stopped auto-betting.
+  virtual bool ShowScriptStep(const ScriptStep& step) {
+    (void)step;
+    return true;
+  }
 };

@@ -110,6 +110,10 @@ void ForEachSeatTable(Visit&& visit, G&... games) {
   visit("SlotScript", Slot, Keep, games.scriptCode.SlotScript...);
   visit("SlotStrings", Slot, Keep, games.scriptCode.SlotStrings...);
   visit("SlotCompiled", Slot, Keep, games.scriptCode.SlotCompiled...);
+  visit("AllowReset", Slot, Clear, games.scriptRun.AllowReset...);
+  visit("AllowActForOthers", Slot, Clear, games.scriptRun.AllowActForOthers...);
+  visit("AllowDiceFiles", Slot, Clear, games.scriptRun.AllowDiceFiles...);
+  visit("AllowAnyFolder", Slot, Clear, games.scriptRun.AllowAnyFolder...);
   visit("ScriptLines", Slot, Keep, games.scriptSource.ScriptLines...);
   visit("ScriptIndent", Slot, Keep, games.scriptSource.ScriptIndent...);
   visit("ScriptBandMark", Slot, Keep, games.scriptSource.ScriptBandMark...);

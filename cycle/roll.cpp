@@ -18,6 +18,8 @@
 #include "engine/resolve.h"
 #include "engine/roll_internal.h"
 #include "engine/roll_steps.h"
+#include "script/activation.h"
+#include "script/interpreter.h"
 
 namespace {
 
@@ -206,10 +208,9 @@ bool RollOnce(Game& g) {
   if (g.roll.LogOn) LogRollResults(g);
   ShiftGraphHistory(g);
 
-  if (g.roll.ScriptActive[0]) {
-    // The scripts' one run of the roll goes here (the interpreter): a script
-    // sees the finished roll, and what it bets stands for the next.
-  }
+  // The scripts run last: a script sees the finished roll, and what it bets
+  // stands for the next.
+  if (g.roll.ScriptActive[0] && g.roll.ScriptsOK) RunAutoBets(g);
 
   SnapshotAfterRoll(g);
   g.platform->RequestRedraw(Redraw::OpenViews);
@@ -276,8 +277,14 @@ void RollDice(Game& g) {
   }
   if (g.roll.ScriptActive[0] && !g.roll.ScriptsOK) {
     // Active scripts are compiled before the first roll that needs them; a
-    // script that is not compiled must not roll.
-    return;
+    // script that does not compile stops the rolling with its message, and
+    // a Hyper-Drive run ends there.
+    CompileALLAutobets(g);
+    if (!g.roll.ScriptsOK) {
+      g.KeepRolling = false;
+      if (g.HyperDrive) EndHyperDrive(g);
+      return;
+    }
   }
   g.roll.SessionDirty = true;
   g.StopMessage.clear();

@@ -17,6 +17,7 @@
 #include "core/game.h"
 #include "core/platform.h"
 #include "engine/roll_internal.h"
+#include "cycle/session.h"
 
 namespace {
 
@@ -34,6 +35,8 @@ std::string ProgramFolder() {
 std::unique_ptr<Game> MakeGame(Platform& platform) {
   auto game = std::make_unique<Game>();
   game->platform = &platform;
+  // A script's new-session action reaches the session through this hook.
+  game->scriptRun.NewSession = &NewSession;
   return game;
 }
 

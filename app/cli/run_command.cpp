@@ -18,6 +18,7 @@
 #include "app/cli/report.h"
 #include "cycle/hyperdrive.h"
 #include "dice/rng.h"
+#include "app/cli/script_options.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "cycle/hyperdrive.h"
@@ -40,6 +41,7 @@ struct RunOptions {
   std::string prb;  // a probability file whose dice are used
   ReportOptions report;  // --report VIEW: a view's figures after the run
   GameFileOptions files;
+  ScriptOptions scripts;
 };
 
 struct RunResult {
@@ -93,9 +95,18 @@ bool ApplyOptions(Game& game, const RunOptions& o, bool loaded, std::string& err
   return true;
 }
 
-void TraceRoll(void* context, const Game& game) {
-  auto& out = *static_cast<std::ostream*>(context);
-  out << game.RollTally(kTableSession, kEventRolls) << ' ' << game.Die1 << ' ' << game.Die2 << '\n';
+struct Observer {
+  bool trace = false;
+  ScriptOptions* scripts = nullptr;
+  Game* game = nullptr;  // the game observed, which the dice are queued into
+};
+
+// After every roll: the trace line, and the next known dice queued.
+void ObserveRoll(void* context, const Game& game) {
+  auto& o = *static_cast<Observer*>(context);
+  if (o.trace)
+    std::cout << game.RollTally(kTableSession, kEventRolls) << ' ' << game.Die1 << ' ' << game.Die2 << '\n';
+  if (!o.scripts->pendingDice.empty()) FeedDice(*o.game, *o.scripts);
 }
 
 Long SessionTotals(const Game& game, int kind) {
@@ -104,7 +115,8 @@ Long SessionTotals(const Game& game, int kind) {
   return n;
 }
 
-nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
+nlohmann::json RunSummaryJson(const Game& game, const RunResult& result,
+                              const RunPlatform& platform) {
   nlohmann::json totals = nlohmann::json::object();
   for (int t = 2; t <= 12; ++t)
     totals[std::to_string(t)] = game.RollTally(kTableSession, TotalEvent(t));
@@ -121,6 +133,7 @@ nlohmann::json RunSummaryJson(const Game& game, const RunResult& result) {
       {"seconds", result.seconds},
   };
   if (game.PlayerCount > 0) summary["players"] = PlayersJson(game);
+  AddScriptJson(summary, game, platform);
   return summary;
 }
 
@@ -140,7 +153,8 @@ void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) 
 
 // The run's summary and a view's report: one JSON object of both, the CSV
 // of the report alone, or the two as text.
-int PrintRunReport(Game& game, const RunResult& result, const RunOptions& options) {
+int PrintRunReport(Game& game, const RunResult& result, const RunOptions& options,
+                   const RunPlatform& platform) {
   Report report;
   std::string error;
   if (!BuildReport(game, options.report, report, error)) {
@@ -148,7 +162,7 @@ int PrintRunReport(Game& game, const RunResult& result, const RunOptions& option
     return 1;
   }
   if (options.json) {
-    std::cout << nlohmann::json{{"run", RunSummaryJson(game, result)}, {"report", ReportJson(report)}}.dump()
+    std::cout << nlohmann::json{{"run", RunSummaryJson(game, result, platform)}, {"report", ReportJson(report)}}.dump()
               << '\n';
   } else if (options.report.csv) {
     PrintReportCsv(std::cout, report);
@@ -160,10 +174,10 @@ int PrintRunReport(Game& game, const RunResult& result, const RunOptions& option
   return 0;
 }
 
-int Run(const RunOptions& options) {
-  HeadlessPlatform platform;
-  // The stop reason is kept after the run; the headless window never shows it.
-  platform.minimized = true;
+int Run(RunOptions& options) {
+  // The window is not minimised, so the stop message of the run is shown
+  // (and recorded) at its end.
+  RunPlatform platform;
   std::unique_ptr<Game> game = MakeGame(platform);
   StartUp(*game);
   std::string error;
@@ -176,18 +190,28 @@ int Run(const RunOptions& options) {
     std::cerr << "ravelton-cli run: " << error << '\n';
     return 1;
   }
-  if (options.trace) {
-    game->hyper.RollObserver = TraceRoll;
-    game->hyper.RollObserverContext = &std::cout;
+  if (!SetUpScriptOptions(*game, platform, options.scripts, error)) {
+    std::cerr << "ravelton-cli run: " << error << '\n';
+    return 1;
   }
+  Observer observer{options.trace, &options.scripts, game.get()};
+  game->hyper.RollObserver = ObserveRoll;
+  game->hyper.RollObserverContext = &observer;
   const auto start = std::chrono::steady_clock::now();
-  if (options.rolls > 0) RunHyperDrive(*game);
+  if (const int rc = StartScripts(*game, options.scripts); rc != 0) return rc;
+  // --rolls 0 runs nothing after the scripts' initializing cycle (a game re-saved).
+  if (game->KeepRolling && options.rolls > 0) {
+    game->HyperDrive = game->KeepRolling = false;
+    RunHyperDrive(*game);
+  } else if (game->HyperDrive) {
+    EndHyperDrive(*game);  // the initializing cycle ended the run
+  }
   RunResult result;
   result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   result.stop = game->hyper.LastStopMessage;
-  if (!options.report.view.empty()) return PrintRunReport(*game, result, options);
+  if (!options.report.view.empty()) return PrintRunReport(*game, result, options, platform);
   if (options.json)
-    std::cout << RunSummaryJson(*game, result).dump() << '\n';
+    std::cout << RunSummaryJson(*game, result, platform).dump() << '\n';
   else
     PrintSummary(std::cout, *game, result);
   return SaveGameOption(*game, platform, options.files) ? 0 : 1;
@@ -216,6 +240,7 @@ void AddRunCommand(CLI::App& app) {
   AddProbabilityFileOption(*cmd, options->prb, "Play with the dice of this probability file");
   AddReportOptions(*cmd, options->report, true);
   AddGameFileOptions(*cmd, options->files);
+  AddScriptOptions(*cmd, options->scripts);
   cmd->callback([options] {
     ApplyDataOption(options->files);
     if (const int rc = Run(*options); rc != 0) throw CLI::RuntimeError(rc);

@@ -8,6 +8,7 @@
 #include <random>
 
 #include "script/tokenizer.h"
+#include "script_grammar.h"
 #include "script_test_util.h"
 
 namespace {
@@ -134,51 +135,11 @@ TEST(CompileFuzz, RandomStatementShapesNeverBreakTheCompiler) {
   EXPECT_GT(out.pastTokenizer, 2000);
 }
 
-// A small grammar of well-formed scripts: an upper-case letter is expanded by
-// one of its alternatives, only the first `leaves` of them once deep enough,
-// so every script ends. Whatever it builds must compile.
-struct Rule {
-  char symbol;
-  int leaves;
-  std::vector<std::string> alternatives;
-};
-const Rule kGrammar[] = {
-    {'N', 4, {"0", "7", "12", "49"}},
-    {'D', 3, {"1", "5", "9"}},
-    {'K', 6, {"place6", "passline", "field", "come4", "hard8", "cs(2)"}},
-    {'E',
-     9,
-     {"N", "point", "cs3", "place6 wins", "bankroll", "# of rolls 7", "dice total",
-      "sum(come bets total #)", "field wagers last hand", "E + E", "(E) * -N", "sqr(E)",
-      "highest(E, > 3, E)"}},
-    {'C',
-     7,
-     {"E = E", "E <> E", "E is greater than E", "E <= E", "E is not E", "E equals E",
-      "any(4, 5, N) = point", "C and C", "not (C) or C"}},
-    {'S',
-     3,
-     {"csD = E :", "bet E on K :", "clear all(inside place bets, field) :", "if C then\nB\nendif",
-      "if C then\nB\nelse\nB\nendif", "do\nB\nif C then exitdo endif\nloop"}},
-    {'B', 3, {"S", "S\nS", "S\nS\nS"}},
-};
-
-std::string Expand(char symbol, int depth, std::mt19937& rng) {
-  for (const Rule& rule : kGrammar) {
-    if (rule.symbol != symbol) continue;
-    const std::size_t n = depth > 6 ? rule.leaves : rule.alternatives.size();
-    std::string out;
-    for (const char c : rule.alternatives[rng() % n])
-      out += std::isupper(static_cast<unsigned char>(c)) ? Expand(c, depth + 1, rng)
-                                                         : std::string(1, c);
-    return out;
-  }
-  return std::string(1, symbol);
-}
-
 TEST(CompileFuzz, WellFormedScriptsAlwaysCompile) {
   std::mt19937 rng(31);
   CompileMany(
-      500, rng, [&] { return Expand('B', 0, rng); }, true, true);
+      500, rng, [&] { return script_test::Expand(script_test::kGrammar, 'B', 0, rng); }, true,
+      true);
 }
 
 // A hostile file may hold one enormous line: it must compile in reasonable

@@ -1,0 +1,588 @@
+#include "script/interpreter.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "core/game.h"
+#include "core/platform.h"
+#include "script/actions.h"
+#include "script/compile_common.h"
+#include "script/script_text.h"
+#include "script/variables.h"
+
+namespace {
+
+constexpr double kTrue = -1;
+constexpr double kFalse = 0;
+constexpr double kNoItemYet = -2;        // a list result before any item counted
+constexpr int kAnyList = 2;              // list keyword Value: Any (3 is All)
+constexpr std::uint32_t kRunFloorMs = 300;  // a run outside Hyper-Drive takes this long at least
+constexpr int kHyperDriveEventEvery = 1024;  // statements between event pumps in Hyper-Drive
+
+// A bit for each kind the sweeps look for: operators 50 to 75, then
+// functions, variables and list keywords.
+constexpr std::uint64_t KindBit(std::int32_t kind) {
+  if (kind >= kEqual && kind <= kComma) return std::uint64_t{1} << (kind - kEqual);
+  if (kind == kFunction || kind == kFunctionTarget) return std::uint64_t{1} << 40;
+  if (kind == kVariable) return std::uint64_t{1} << 41;
+  if (kind == kList) return std::uint64_t{1} << 42;
+  return 0;
+}
+constexpr std::uint64_t kComparisonBits = std::uint64_t{0x3F};  // kinds 50 to 55
+
+bool IsNumber(const ScriptElement& e) { return e.Kind == kNumber; }
+ScriptElement Number(double v) { return {kNumber, v}; }
+
+// The operand side of a list walk that has an outer comparison.
+struct Outer {
+  int op = 0;
+  ScriptElement operand;      // the other side, when it is one value
+  bool operandLeft = false;   // operand op item, else item op operand
+  int list = 0, term = 0;     // the other side, when it is a list
+};
+
+class Runner {
+ public:
+  explicit Runner(Game& game) : g_(game), r_(game.scriptRun) {}
+  void Run();
+
+ private:
+  Game& g_;
+  ScriptRunState& r_;
+  ScriptElement* w_ = nullptr;  // WorkStatement's elements
+  int hi_ = 0;                  // closing bound of the range being reduced
+  bool inCondition_ = false;
+  bool conditionTrue_ = false;
+  bool notes_ = false;
+  // The kinds the statement holds, a bit each (see KindBit): sweeps for
+  // kinds it lacks are skipped. Reductions only remove operators, so the
+  // set taken when the statement is copied stays a superset.
+  std::uint64_t present_ = 0;
+  bool Has(std::int32_t kind) const { return (present_ & KindBit(kind)) != 0; }
+
+  void Fill();
+  void Execute();
+  void Note(const char* text) {
+    if (notes_) AddStepNote(g_, text);
+  }
+  void Jump(double target) { r_.RunPos = Code(target); }
+  void ShowStep();
+
+  void Remove(int at, int n);
+  void Reduce();
+  void ReduceRange(int lo);
+  void Binary(int lo, std::int32_t a, std::int32_t b);
+  void Comparisons(int lo);
+  double Compare(const ScriptElement& left, int op, const ScriptElement& right);
+  bool Passes(const ScriptElement& item, int op, const ScriptElement& qualifier);
+  int ListEnd(int list) const;
+  double WalkList(int list, int term, const Outer* outer);
+  void ResolveList(int list);
+
+  void Expression();
+  void WalkTargets(int from, int to, int action, const ScriptElement& value);
+  bool TargetPasses(int at, int op, const ScriptElement& qualifier);
+};
+
+void Runner::Remove(int at, int n) {
+  n = std::min(n, r_.WorkCount + 1 - at);  // never the closing bound
+  if (n <= 0) return;
+  const int tail = r_.WorkCount + 1 - (at + n) + 1;  // the bound behind the statement moves too
+  std::memmove(&w_[at], &w_[at + n], static_cast<std::size_t>(tail) * sizeof(ScriptElement));
+  r_.WorkCount -= n;
+  hi_ -= n;
+}
+
+void Runner::Fill() {
+  auto& work = r_.WorkStatement;
+  const auto& s = r_.AllCompiled;
+  const int size = static_cast<int>(s.size());
+  int n = 0;
+  std::uint64_t present = 0;
+  while (r_.RunPos < size && s[static_cast<std::size_t>(r_.RunPos)].Kind < kMark) {
+    // A statement longer than the table grows it and goes on where it stopped.
+    if (static_cast<std::size_t>(n + 2) >= work.size())
+      work.resize(work.size() + kWorkStatementGrowth);
+    const ScriptElement& e = s[static_cast<std::size_t>(r_.RunPos++)];
+    present |= KindBit(e.Kind);
+    work[static_cast<std::size_t>(++n)] = e;
+  }
+  // A function may become a variable.
+  if (present & KindBit(kFunction)) present |= KindBit(kVariable);
+  present_ = present;
+  work[0] = ScriptElement{};
+  work[static_cast<std::size_t>(n + 1)] = ScriptElement{};
+  r_.WorkCount = n;
+  w_ = work.data();
+}
+
+// Bracket groups innermost first, then the whole statement as one range.
+void Runner::Reduce() {
+  for (;;) {
+    int open = 0, close = 0;
+    for (int i = 1; i <= r_.WorkCount; ++i) {
+      if (w_[i].Kind == kOpen) {
+        open = i;
+      } else if (w_[i].Kind == kClose) {
+        close = i;
+        break;
+      }
+    }
+    if (close == 0 || r_.RunFailed) break;
+    hi_ = close;
+    ReduceRange(open);
+    Remove(hi_, 1);
+    Remove(open, 1);
+  }
+  if (r_.RunFailed) return;
+  hi_ = r_.WorkCount + 1;
+  ReduceRange(0);
+}
+
+// Every binary operator of kinds a or b, left to right, from the range's
+// second element to the one before its last.
+void Runner::Binary(int lo, std::int32_t a, std::int32_t b) {
+  if (!Has(a) && !Has(b)) return;
+  for (int i = lo + 2; i <= hi_ - 2;) {
+    const std::int32_t k = w_[i].Kind;
+    if (k != a && k != b) {
+      ++i;
+      continue;
+    }
+    const ScriptElement& left = w_[i - 1];
+    const ScriptElement& right = w_[i + 1];
+    ScriptElement result;
+    if (k == kConcat) {
+      std::string& text = r_.TextA;
+      ElementText(g_, left, text);
+      ElementText(g_, right, r_.TextB);
+      text += r_.TextB;
+      result = MakeRunString(g_, text);
+    } else if (k >= kPower && k <= kMinus) {
+      result = Number(AutoBetMath(g_, left.Value, k, right.Value));
+    } else {
+      result = Number(AutoBetCompare(g_, left.Value, k, right.Value));
+    }
+    w_[i - 1] = result;
+    Remove(i, 2);
+  }
+}
+
+void Runner::ReduceRange(int lo) {
+  // Functions and variables: every element of the range.
+  if (Has(kFunction)) {
+    for (int i = lo + 1; i < hi_; ++i) {
+      const std::int32_t k = w_[i].Kind;
+      if (k == kFunction || k == kFunctionTarget) Remove(i + 1, EvaluateFunction(g_, i));
+    }
+  }
+  if (Has(kVariable)) {
+    for (int i = lo + 1; i < hi_; ++i)
+      if (w_[i].Kind == kVariable) Remove(i + 1, ReadVariable(g_, i));
+  }
+  Binary(lo, kPower, kPower);
+  // The sign: from the first element to the one before the last.
+  for (int i = lo + 1; Has(kMinus) && i <= hi_ - 2; ++i) {
+    if (w_[i].Kind == kMinus && !IsNumber(w_[i - 1]) && IsNumber(w_[i + 1])) {
+      w_[i] = Number(-w_[i + 1].Value);
+      Remove(i + 1, 1);
+    }
+  }
+  Binary(lo, kTimes, kDivide);
+  Binary(lo, kIntDivide, kIntDivide);
+  Binary(lo, kMod, kMod);
+  Binary(lo, kPlus, kMinus);
+  Binary(lo, kConcat, kConcat);
+  if (inCondition_ && (present_ & (kComparisonBits | KindBit(kList)))) Comparisons(lo);
+  for (int i = lo + 1; Has(kNot) && i <= hi_ - 2; ++i) {
+    if (w_[i].Kind == kNot && IsNumber(w_[i + 1])) {
+      w_[i] = Number(AutoBetCompare(g_, w_[i + 1].Value, kNot, 0));
+      Remove(i + 1, 1);
+    }
+  }
+  Binary(lo, kAnd, kAnd);
+  Binary(lo, kOr, kOr);
+  Binary(lo, kXor, kXor);
+}
+
+double Runner::Compare(const ScriptElement& left, int op, const ScriptElement& right) {
+  if (IsNumber(left) && IsNumber(right)) return AutoBetCompare(g_, left.Value, op, right.Value);
+  return AutoBetCompareStrings(g_, left, op, right);
+}
+
+// An item against a list qualifier: numbers as doubles, strings by their
+// exact texts (case counts).
+bool Runner::Passes(const ScriptElement& item, int op, const ScriptElement& qualifier) {
+  if (IsNumber(item) && IsNumber(qualifier))
+    return AutoBetCompare(g_, item.Value, op, qualifier.Value) != 0;
+  ElementText(g_, item, r_.TextB);
+  ElementText(g_, qualifier, r_.TextC);
+  const int c = r_.TextB.compare(r_.TextC);
+  switch (op) {
+    case kEqual:
+      return c == 0;
+    case kNotEqual:
+      return c != 0;
+    case kLess:
+      return c < 0;
+    case kGreater:
+      return c > 0;
+    case kLessEqual:
+      return c <= 0;
+    default:
+      return c >= 0;
+  }
+}
+
+int Runner::ListEnd(int list) const {
+  int j = list + 1;
+  while (j <= r_.WorkCount && w_[j].Kind != kEmpty) ++j;
+  return j;
+}
+
+// Walks the items of the list keyword at `list` (terminator `term`) and
+// gives its truth: All And-s the counted items, Any Or-s them.
+double Runner::WalkList(int list, int term, const Outer* outer) {
+  const bool any = Code(w_[list].Value) == kAnyList;
+  double result = kNoItemYet;
+  bool qualified = false;
+  int qualifierOp = 0;
+  int qualifierAt = 0;
+  for (int j = list + 1; j < term && !r_.RunFailed; ++j) {
+    const ScriptElement& item = w_[j];
+    if (IsComparison(item.Kind)) {
+      qualified = true;
+      qualifierOp = item.Kind;
+      qualifierAt = ++j;
+      continue;
+    }
+    if (item.Kind == kComma) continue;
+    if (qualified && !Passes(item, qualifierOp, w_[qualifierAt])) continue;
+    double value = item.Value;
+    if (outer != nullptr) {
+      if (outer->list > 0) {
+        Outer inner;
+        inner.op = outer->op;
+        inner.operand = item;
+        inner.operandLeft = true;
+        value = WalkList(outer->list, outer->term, &inner);
+      } else {
+        value = outer->operandLeft ? Compare(outer->operand, outer->op, item)
+                                   : Compare(item, outer->op, outer->operand);
+      }
+    } else if (!IsNumber(item)) {
+      value = kFalse;
+    }
+    const double start = result == kNoItemYet ? (any ? kFalse : kTrue) : result;
+    result = AutoBetCompare(g_, start, any ? kOr : kAnd, value);
+    if (any ? result == kTrue : result == kFalse) break;
+  }
+  return result == kNoItemYet ? kFalse : result;
+}
+
+// A list keyword left after the comparisons: with an outer comparison behind
+// its terminator, the items are compared; otherwise they are their own
+// values. The keyword, its items and the outer comparison become a number.
+void Runner::ResolveList(int list) {
+  const int term = ListEnd(list);
+  int end = term;
+  double result;
+  if (term + 2 < hi_ && IsComparison(w_[term + 1].Kind)) {
+    Outer outer;
+    outer.op = w_[term + 1].Kind;
+    if (w_[term + 2].Kind == kList) {
+      outer.list = term + 2;
+      outer.term = ListEnd(term + 2);
+      end = outer.term;
+    } else {
+      outer.operand = w_[term + 2];
+      end = term + 2;
+    }
+    result = WalkList(list, term, &outer);
+  } else {
+    result = WalkList(list, term, nullptr);
+  }
+  w_[list] = Number(result);
+  Remove(list + 1, end - list);
+}
+
+void Runner::Comparisons(int lo) {
+  for (int i = lo + 2; i <= hi_ - 2 && !r_.RunFailed;) {
+    const std::int32_t k = w_[i].Kind;
+    const std::int32_t left = w_[i - 1].Kind;
+    // Behind the empty element, a list keyword or a comma a comparison is a
+    // list's outer comparison or an item qualifier, resolved with its list.
+    if (!IsComparison(k) || left == kEmpty || left == kList || left == kComma) {
+      ++i;
+      continue;
+    }
+    if (w_[i + 1].Kind == kList) {
+      Outer outer;
+      outer.op = k;
+      outer.operand = w_[i - 1];
+      outer.operandLeft = true;
+      const int term = ListEnd(i + 1);
+      w_[i - 1] = Number(WalkList(i + 1, term, &outer));
+      Remove(i, term - i + 1);
+      continue;
+    }
+    w_[i - 1] = Number(Compare(w_[i - 1], k, w_[i + 1]));
+    Remove(i, 2);
+  }
+  for (int i = lo + 1; i < hi_ && !r_.RunFailed; ++i)
+    if (w_[i].Kind == kList) ResolveList(i);
+}
+
+// A target with a qualifier is acted on only when it passes: a bet or
+// CheckStack by the bettor's amount on it, a name by its exact text.
+bool Runner::TargetPasses(int at, int op, const ScriptElement& qualifier) {
+  const int v = Code(w_[at].Value);
+  ScriptElement present;
+  if ((v >= 1 && v <= 199) && r_.ScriptBettor >= 1 && r_.ScriptBettor <= 8)
+    present = Number(g_.Bet(r_.ScriptBettor, v).ToDouble());
+  else
+    present = ReadTargetValue(g_, at);
+  return Passes(present, op, qualifier);
+}
+
+void Runner::WalkTargets(int from, int to, int action, const ScriptElement& value) {
+  bool qualified = false;
+  int op = 0;
+  ScriptElement qualifier;
+  for (int j = from; j <= to && r_.ScriptRunning && !r_.RunFailed; ++j) {
+    const ScriptElement& e = w_[j];
+    if (IsComparison(e.Kind)) {
+      qualified = true;
+      op = e.Kind;
+      qualifier = w_[++j];
+      continue;
+    }
+    if (e.Kind != kVariableTarget) continue;
+    if (qualified && !TargetPasses(j, op, qualifier)) continue;
+    ActOnTarget(g_, action, j, value);
+  }
+}
+
+// An expression statement: a condition, an action or an assignment.
+void Runner::Expression() {
+  Reduce();
+  if (r_.RunFailed) return;
+  if (inCondition_) {
+    conditionTrue_ = r_.WorkCount >= 1 && w_[1].Value != 0;
+    Note(conditionTrue_ ? "Condition is true" : "Condition is false");
+    return;
+  }
+  const int n = r_.WorkCount;
+  if (n == 0) return;
+  if (w_[1].Kind == kAction) {
+    const int action = Code(w_[1].Value);
+    if (action >= 100 && action <= 399)
+      TakeAction(g_, action);
+    else if (action >= 481 && action <= 489 && n >= 4)
+      WalkTargets(4, n, action, w_[2]);
+    else if (action >= 450 && action <= 480)
+      WalkTargets(2, n, action, ScriptElement{});
+  } else if (n >= 3) {
+    WalkTargets(w_[1].Kind == kList ? 2 : 1, n - 2, 0, w_[n]);
+  }
+  if (!notes_) return;
+  std::string& note = r_.CurStepNote;
+  if (!note.starts_with("Unable")) AddStepNote(g_, "Action taken.");
+}
+
+void Runner::ShowStep() {
+  const ScriptSource& src = g_.scriptSource;
+  if (!src.EditorOpen || src.EdPlayer != r_.ScriptBettor) return;
+  ScriptStep step;
+  step.player = r_.ScriptBettor;
+  step.caption = "Auto-Bet Steps";
+  if (r_.ScriptBettor > 0)
+    step.caption += " (" + g_.PlayerName[static_cast<std::size_t>(r_.ScriptBettor)] + ")";
+  step.note = r_.CurStepNote;
+  // The span: from the mark before the statement to the mark that ends it.
+  const auto& s = r_.AllCompiled;
+  const int size = static_cast<int>(s.size());
+  int end = std::clamp(r_.RunPos, 0, size - 1);
+  while (end < size - 1 && !IsMark(s[static_cast<std::size_t>(end)])) ++end;
+  int start = std::min(r_.RunPos, size) - 1;
+  while (start > 0 && !IsMark(s[static_cast<std::size_t>(start)])) --start;
+  if (IsMark(s[static_cast<std::size_t>(end)])) {
+    step.endLine = MarkLine(s[static_cast<std::size_t>(end)]);
+    step.endCol = Code(s[static_cast<std::size_t>(end)].Value);
+  }
+  if (start > 0) {
+    step.startLine = MarkLine(s[static_cast<std::size_t>(start)]);
+    step.startCol = Code(s[static_cast<std::size_t>(start)].Value);
+  }
+  r_.StepWaiting = true;
+  if (!g_.platform->ShowScriptStep(step)) {
+    r_.ScriptRunning = false;
+    g_.KeepRolling = false;
+  }
+  r_.StepWaiting = false;
+}
+
+void Runner::Execute() {
+  ScriptElement* w = w_;
+  switch (w[1].Kind) {
+    case kIf:
+      inCondition_ = true;
+      Note("Beginning of condition block.");
+      break;
+    case kThen:
+      inCondition_ = false;
+      if (conditionTrue_) {
+        Note("Conditions were true, so next action block will be performed.\r"
+             "End of condition block and beginning of action block.");
+        break;
+      }
+      Note("Conditions were false, so next action block will be skipped.\r"
+           "End of condition block and beginning of action block.");
+      Jump(w[1].Value);
+      if (r_.RunPos > 0 && r_.RunPos < static_cast<int>(r_.AllCompiled.size())) {
+        switch (r_.AllCompiled[static_cast<std::size_t>(r_.RunPos)].Kind) {
+          case kElse:
+            Note("Beginning of last action block.");
+            break;
+          case kElseIf:
+            inCondition_ = true;
+            Note("Beginning of condition block.");
+            break;
+          default:
+            Note("End of If/Then structure.");
+            break;
+        }
+      }
+      break;
+    case kElse:
+    case kElseIf:
+      Jump(w[1].Value);
+      Note("End of action block.");
+      Note("End of If/Then structure.");
+      break;
+    case kEndIf:
+      Note("End of If/Then structure.");
+      break;
+    case kGoTo:
+      Jump(w[2].Value);
+      Note("A jump will be made to the designated label.");
+      Note("Label.");
+      break;
+    case kDo:
+      Note("Beginning of DO/LOOP structure.");
+      break;
+    case kLoop:
+      Jump(w[1].Value);
+      Note("End of DO/LOOP structure.\rA jump will be made back to the associated DO statement.");
+      break;
+    case kExitDo:
+      Jump(w[1].Value);
+      Note("Exit from DO/LOOP structure.");
+      break;
+    case kGoSub: {
+      auto& stack = r_.GosubStack;
+      const int depth = stack[0] + 1;
+      if (depth > kGosubDepthLimit) {
+        ScriptRunFailure(g_, "Out of stack space", 28);
+        break;
+      }
+      if (static_cast<std::size_t>(depth) >= stack.size()) stack.resize(stack.size() + kGosubStackGrowth);
+      stack[0] = depth;
+      stack[static_cast<std::size_t>(depth)] = r_.RunPos;
+      Jump(w[2].Value);
+      Note("A jump will be made to the designated subroutine.");
+      Note("Label.");
+      break;
+    }
+    case kReturn: {
+      auto& stack = r_.GosubStack;
+      if (stack[0] > 0) r_.RunPos = stack[static_cast<std::size_t>(stack[0]--)];
+      Note("Return to place where subroutine was initiated.");
+      break;
+    }
+    case kLabel:
+      Note("Label.");
+      break;
+    case kHead:
+      r_.ScriptBettor = Code(w[1].Value);
+      if (r_.ScriptBettor == 0) r_.ScriptBettor = g_.betting.CurPlayer;
+      break;
+    default:
+      Expression();
+      break;
+  }
+}
+
+void Runner::Run() {
+  Platform& platform = *g_.platform;
+  r_.GosubStack[0] = 0;
+  r_.ScriptRunning = true;
+  r_.RunFailed = false;
+  r_.StatementsThisRun = 0;
+  const bool hyper = g_.HyperDrive;
+  // Outside Hyper-Drive the status line reads "Hot-Key" or "Auto-Betting"
+  // while the run lasts; the window shows it when it redraws the table.
+  const std::uint32_t startMs = hyper ? 0 : platform.TimeGetTime();
+  r_.RunStartSeconds = startMs / 1000.0;
+  g_.msg.MsgAnswer = 1;
+  const int poolSize = r_.AllStringsCount;
+  r_.CurStepNote.clear();
+  r_.RunPos = 1;
+  inCondition_ = false;
+  int untilEvents = kHyperDriveEventEvery;
+  const int last = static_cast<int>(r_.AllCompiled.size()) - 1;
+
+  while (true) {
+    Fill();
+    if (r_.WorkCount > 0) {
+      notes_ = StepNotesWanted(g_);
+      Execute();
+      if (notes_ && r_.ScriptRunning && !r_.RunFailed) ShowStep();
+      r_.CurStepNote.clear();
+      if (r_.RunFailed || !r_.ScriptRunning) break;
+      if (r_.RunStatementLimit > 0 && ++r_.StatementsThisRun >= r_.RunStatementLimit) {
+        // The headless stand-in for the user who interrupts a run.
+        r_.ScriptRunning = false;
+        g_.KeepRolling = false;
+        if (hyper) g_.StopMessage = "Auto-betting interrupted.";
+        break;
+      }
+    }
+    // Pending window events run between statements; in Hyper-Drive every
+    // so many, as the roll loop's pacing does.
+    if (!hyper || --untilEvents <= 0) {
+      untilEvents = kHyperDriveEventEvery;
+      platform.DoEvents();
+      if (!r_.ScriptRunning) break;
+    }
+    if (r_.RunPos >= last) break;
+    ++r_.RunPos;
+  }
+
+  // Strings made during the run do not survive it; the entries keep their
+  // buffers for the next run.
+  r_.AllStringsCount = std::min(poolSize, r_.AllStringsCount);
+  r_.ScriptRunning = false;
+  if (hyper) return;
+  if (r_.ShowSteps) {
+    // The editor's selection goes back to the script's first line.
+    platform.RequestRedraw(Redraw::Table);
+  }
+  // A run outside Hyper-Drive lasts at least 0.3 seconds from its start (a
+  // dialog that closed moved the start back), or until the clock wraps.
+  const std::uint32_t from = static_cast<std::uint32_t>(r_.RunStartSeconds * 1000.0);
+  for (;;) {
+    const std::uint32_t now = platform.TimeGetTime();
+    if (now < from || now - from >= kRunFloorMs) break;
+    platform.DoEvents();
+  }
+  platform.RequestRedraw(Redraw::Table);
+}
+
+}  // namespace
+
+void RunAutoBets(Game& game) {
+  if (game.scriptRun.AllCompiled.size() < 2) return;
+  Runner(game).Run();
+}

@@ -1,0 +1,95 @@
+// The state of running scripts: the one joined stream of every active
+// script, its string pool, the position and stacks of a run, the step mode,
+// and each player's script permissions.
+//
+// A run copies one statement at a time from AllCompiled into WorkStatement
+// and shrinks it there in place; nothing else is built while it runs, so in
+// Hyper-Drive a run allocates nothing once the tables have reached their
+// working sizes.
+//
+// What must stay true:
+// - AllCompiled[0] is an empty element; the scripts stand behind it in
+//   player order, each beginning with its head. ScriptsOK (in the roll
+//   state) is true only while AllCompiled and AllStrings match the scripts
+//   and switches.
+// - AllStrings is 1-based and holds AllStringsCount entries; the entries
+//   behind the count are spare ones whose text buffers a run reuses, so that
+//   cutting the pool back at the end of a run frees nothing and the next run
+//   allocates nothing.
+// - WorkStatement[0] and WorkStatement[WorkCount + 1] are the bounds of the
+//   statement in hand; GosubStack[0] is the depth.
+// - The permissions belong to the player in the seat: they move with the
+//   player and a new player gets the defaults.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/tables.h"
+#include "script/code_state.h"
+
+struct Game;
+
+// Deepest GoSub nesting a run allows before it ends as a run-time failure.
+inline constexpr int kGosubDepthLimit = 10'000;
+// Elements the work table grows by when a statement does not fit.
+inline constexpr int kWorkStatementGrowth = 100;
+// Elements the GoSub stack grows by when full.
+inline constexpr int kGosubStackGrowth = 20;
+
+struct ScriptRunState {
+  // The joined stream of the active scripts and its string pool.
+  std::vector<ScriptElement> AllCompiled{ScriptElement{}};
+  std::vector<PoolString> AllStrings{PoolString{}};
+  int AllStringsCount = 0;
+
+  // A run in progress.
+  int RunPos = 0;
+  std::vector<ScriptElement> WorkStatement =
+      std::vector<ScriptElement>(kWorkStatementLast + 2, ScriptElement{});
+  int WorkCount = 0;
+  std::vector<std::int32_t> GosubStack = std::vector<std::int32_t>(kGosubStackLast + 1, 0);
+  std::int32_t ScriptBettor = 0;
+  bool ScriptRunning = false;
+  bool FirstCycle = false;
+  bool ShowSteps = false;
+  bool StepWaiting = false;
+  std::string CurStepNote;
+  double RunStartSeconds = 0;  // the clock at the start of a run, in seconds
+
+  // Statements after which a run ends as if the user interrupted it; 0 for
+  // none. The user at the window is the only other way out of an endless
+  // loop, so a headless run (the command line, the tests) sets this.
+  std::int64_t RunStatementLimit = 0;
+  std::int64_t StatementsThisRun = 0;
+  bool RunFailed = false;  // a run-time failure ends the run at its next statement
+
+  // The state of the language's own uniform generator (the variable "rnd").
+  std::uint64_t RndState = 0x2545F4914F6CDD1DULL;
+
+  // Texts a run reuses for operands, so that their buffers stay allocated.
+  std::string TextA, TextB, TextC;
+
+  // The last failed join: the player whose script did not compile, the
+  // compiler's message and the span of source it names.
+  int FailedPlayer = 0;
+  std::string FailedMessage;
+  int FailedLine = 0, FailedColumn = 0, FailedEndLine = 0, FailedEndColumn = 0;
+
+  // The diagnostic text of the last run-time failure of a run or an action.
+  std::string ErrorText;
+
+  // Permissions of each seat's script.
+  Table1<bool, 0, 8> AllowReset{{true, true, true, true, true, true, true, true, true}};
+  Table1<bool, 0, 8> AllowActForOthers{};
+  Table1<bool, 0, 8> AllowDiceFiles{{true, true, true, true, true, true, true, true, true}};
+  Table1<bool, 0, 8> AllowAnyFolder{};
+
+  // Starts a new session for a script's action; the roll cycle installs it
+  // (a session belongs to a higher layer than the scripts).
+  void (*NewSession)(Game& game, bool preserveGames, bool preserveCheckstacks,
+                     bool preserveSessionsLogs, int diceMode) = nullptr;
+
+  friend bool operator==(const ScriptRunState&, const ScriptRunState&) = default;
+};

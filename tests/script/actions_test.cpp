@@ -1,0 +1,133 @@
+// Script actions that reach outside the table: output files and the data
+// folder rule, the permissions that move with a player, the file actions
+// whose subsystems are not built, and Check Script.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "core/message_dialog.h"
+#include "engine/players.h"
+#include "script/activation.h"
+#include "script/interpreter.h"
+#include "script_test_util.h"
+#include "tests/engine/roll_fixture.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string ReadAll(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+class Actions : public RollFixture {
+ protected:
+  Actions() {
+    folder_ = fs::temp_directory_path() / ("ravelton-actions-" + std::to_string(::getpid()));
+    fs::remove_all(folder_);
+    fs::create_directories(folder_ / "data");
+    g.roll.DataFolder = (folder_ / "data").string() + "/";
+    SeatPlayer(g, 1, "Ann", 1000_usd);
+    SeatPlayer(g, 2, "Bob", 1000_usd);
+    g.scriptRun.ShowSteps = true;  // notes are gathered; the editor is closed
+  }
+  ~Actions() override { fs::remove_all(folder_); }
+
+  // Runs one script of player p and returns the last statement's note.
+  std::string Run(int p, std::string_view text) {
+    for (int s = 1; s <= 8; ++s) SetScriptActive(g, s, s == p);
+    g.scriptSource.ScriptLines[static_cast<std::size_t>(p)] = script_test::Lines(text);
+    g.scriptSource.EditorOpen = true;
+    g.scriptSource.EdPlayer = p;
+    g.scriptSource.EdLines = g.scriptSource.ScriptLines[static_cast<std::size_t>(p)];
+    g.scriptSource.EdLineCount = static_cast<std::int32_t>(g.scriptSource.EdLines.size()) - 1;
+    platform.steps.clear();
+    EXPECT_TRUE(InitializeScripts(g)) << g.scriptRun.FailedMessage;
+    return platform.steps.empty() ? std::string() : platform.steps.back().note;
+  }
+
+  fs::path folder_;
+};
+
+TEST_F(Actions, OutputFilesAppendAndClearInsideTheDataFolder) {
+  Run(1, "open/clear file for output \"out.txt\" : output to file \"a\" & tab :\n"
+         "output to file 1.5 & new line");
+  Run(2, "open/append file for output \"out.txt\" : output to file \"b\" : output to file tab");
+  EXPECT_EQ(ReadAll(folder_ / "data/out.txt"), "a\t1.5\r\nb \t");
+  Run(1, "open/clear file for output \"out.txt\"");
+  EXPECT_EQ(ReadAll(folder_ / "data/out.txt"), "");
+  EXPECT_FALSE(fs::exists(folder_ / "data/out.txt.tmp"));
+}
+
+TEST_F(Actions, AFileOutsideTheDataFolderNeedsThePermission) {
+  const std::string outside = (folder_ / "outside.txt").string();
+  for (const std::string& name : {std::string("../outside.txt"), outside}) {
+    EXPECT_EQ(Run(1, "open/append file for output \"" + name + "\""),
+              "Unable to take action.\rFile must be in the data folder.")
+        << name;
+    EXPECT_FALSE(fs::exists(folder_ / "outside.txt"));
+  }
+  EXPECT_EQ(Run(1, "output to file \"x\""), "Unable to take action.\rOutput file not open.");
+  g.scriptRun.AllowAnyFolder(1) = true;
+  Run(1, "open/append file for output \"" + outside + "\" : output to file \"x\"");
+  EXPECT_EQ(ReadAll(folder_ / "outside.txt"), "x");
+}
+
+TEST_F(Actions, PermissionsMoveWithThePlayerAndANewPlayerGetsTheDefaults) {
+  g.scriptRun.AllowAnyFolder(1) = true;
+  g.scriptRun.AllowReset(1) = false;
+  MovePlayer(g, 1, 5);
+  EXPECT_TRUE(g.scriptRun.AllowAnyFolder(5));
+  EXPECT_FALSE(g.scriptRun.AllowReset(5));
+  EXPECT_FALSE(g.scriptRun.AllowAnyFolder(1));
+  SeatPlayer(g, 1, "Cy", 1000_usd);
+  EXPECT_TRUE(g.scriptRun.AllowReset(1));
+  EXPECT_TRUE(g.scriptRun.AllowDiceFiles(1));
+  EXPECT_FALSE(g.scriptRun.AllowActForOthers(1));
+  EXPECT_EQ(Run(5, "start new session"),
+            "Unable to take action.\rAnn is not allowed to start new sessions.\r"
+            "See Options - Permissions.");
+}
+
+TEST_F(Actions, FileActionsWithoutTheirSubsystemAreRefusedWithTheirOwnReason) {
+  EXPECT_EQ(Run(1, "playback dice roll file \"x.rol\""),
+            "Unable to take action.\rDice roll files are not available in this version.");
+  EXPECT_EQ(Run(1, "activate probability file"),
+            "Unable to take action.\rProbability files are not available in this version.");
+  EXPECT_EQ(Run(1, "deactivate dice roll file"), "Unable to take action.\rDice roll file is not open.");
+  g.scriptRun.AllowDiceFiles(1) = false;
+  EXPECT_EQ(Run(1, "playback dice roll file"),
+            "Unable to take action.\rAnn is not allowed to activate roll files.\r"
+            "See Options - Permissions.");
+  EXPECT_FALSE(g.dice.ProbabilityDiceOn);
+}
+
+TEST_F(Actions, CheckScriptSelectsTheSpanWithoutBlanksAndColons) {
+  ScriptSource& src = g.scriptSource;
+  src.EditorOpen = true;
+  src.EdPlayer = 1;
+  src.EdLines = {"", "cs1 = 1 :", "  cs2 = ", "cs3 = 3"};
+  src.EdLineCount = 3;
+  const CheckScriptResult bad = CheckScript(g);
+  EXPECT_FALSE(bad.ok);
+  EXPECT_EQ(platform.messages.back().style, 0x201);
+  EXPECT_EQ(platform.messages.back().title.rfind("Auto-bet script error in line", 0), 0u);
+  EXPECT_GE(bad.line, 1);
+  EXPECT_LE(bad.endLine, 3);
+
+  src.EdLines = {"", "cs1 = 1"};
+  src.EdLineCount = 1;
+  g.roll.ScriptsOK = true;
+  EXPECT_TRUE(CheckScript(g).ok);
+  EXPECT_EQ(platform.messages.back().text, "Your script is properly structured.");
+  EXPECT_FALSE(g.roll.ScriptsOK);
+
+  src.EdLines = {"", "   "};
+  CheckScript(g);
+  EXPECT_EQ(platform.messages.back().helpId, 556);
+}
+
+}  // namespace
