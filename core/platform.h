@@ -50,7 +50,6 @@ struct ScriptStep {
   std::string caption;
   std::string note;
   int startLine = 0, startCol = 0, endLine = 0, endCol = 0;
->>>>>>> interpreter
 };
 
 // Which part of the window the engine asks to be redrawn.
@@ -83,7 +82,6 @@ class Platform {
   virtual void RequestRedraw(Redraw what) = 0;
   // True when the main window is minimised.
   virtual bool MainWindowMinimized() = 0;
-<<<<<<< HEAD
   // Shows the file chooser; the name typed or picked, nothing on Cancel.
   virtual std::optional<std::string> ChooseFile(const FileChooserRequest&) { return std::nullopt; }
   // Shows a step of a script run and returns when the next step is wanted:
