@@ -340,6 +340,14 @@ void LogDecision(Game& g, int p, int b) {
 void DecideBets(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
   g.autoplay.DecidingSeats = SeatsWithBets(g);
+  if (g.autoplay.DecidingSeats == 0) {
+    // Nobody has money on the table: of the passes only the points made
+    // and the hand's end at a seven-out have anything to do.
+    g.autoplay.BetsOnTable[0] = g.autoplay.BetsOnTable[1] = 0;
+    PointMade(g);
+    if (g.DiceTotal == 7 && g.PointAtRoll > 0) EndHand(g);
+    return;
+  }
   NoteBetsOnTable(g);
   LosersPass(g);
   PointMade(g);
