@@ -41,10 +41,10 @@ void NoteBetsOnTable(Game& g) {
       std::int64_t any = 0;
       for (int i = 0; i < kBlock; ++i) any |= cell[i].raw;
       if (any == 0) continue;
-      for (int i = 0; i < kBlock; ++i) {
-        const int b = block * kBlock + i;
-        bits[b >> 6] |= std::uint64_t{cell[i].raw != 0} << (b & 63);
-      }
+      unsigned mask = 0;
+      for (int i = 0; i < kBlock; ++i) mask |= unsigned{cell[i].raw != 0} << i;
+      const int first = block * kBlock;  // blocks never straddle a word
+      bits[first >> 6] |= std::uint64_t{mask} << (first & 63);
     }
   }
   // Bit 0 (the bankroll) and the ids above the real bets hold no bet.
@@ -412,8 +412,9 @@ void ResetWorkingFlags(Game& g) {
       for (Long& w : working) w = w == 0 ? 1 : w;
     } else {
       for (std::size_t i = 0; i < working.size(); ++i) {
-        const Long w = working[i];
-        working[i] = w == 2 || w == -1 ? w : defaults[i];
+        const Long w = working[i], d = defaults[i];
+        const bool called = (w == 2) | (w == -1);
+        working[i] = called ? w : d;
       }
     }
   }
