@@ -3,47 +3,24 @@
 // number of heap allocations per roll, which must be zero.
 #include <benchmark/benchmark.h>
 
-#include <atomic>
-#include <chrono>
-#include <cstdlib>
-#include <memory>
-#include <new>
-
-#include "cycle/hyperdrive.h"
 #include "bench/hyperdrive_stretches.h"
-#include "dice/rng.h"
 #include "core/game.h"
-#include "core/headless_platform.h"
 #include "cycle/roll.h"
+#include "dice/rng.h"
 #include "engine/roll_steps.h"
-#include "cycle/startup.h"
 
 namespace {
 
-struct BenchGame {
-  HeadlessPlatform platform;
-  std::unique_ptr<Game> game;
-  BenchGame() {
-    platform.minimized = true;
-    game = MakeGame(platform);
-    StartUp(*game);
-    game->rules.BetRequirement = kNoBetRequired;
-    game->dice.RngIndex = 0;
-    SeedRngWith(*game, 12345);
-  }
-};
-
 void BM_HyperDriveRolls(benchmark::State& state) {
-  BenchGame b;
-  Game& g = *b.game;
-  RunStretches(state, g);
+  BenchGame b(BenchWorkload::EmptyTable);
+  RunStretches(state, *b.game);
 }
 BENCHMARK(BM_HyperDriveRolls)->Unit(benchmark::kMillisecond);
 
 // The roll's own bookkeeping without the decision passes: tallies, events,
 // state machine and graph history of one roll.
 void BM_RollBookkeeping(benchmark::State& state) {
-  BenchGame b;
+  BenchGame b(BenchWorkload::EmptyTable);
   Game& g = *b.game;
   for (auto _ : state) {
     DrawDice(g);

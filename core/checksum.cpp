@@ -1,8 +1,12 @@
 #include "core/checksum.h"
 
+#include <bit>
+#include <string>
 #include <type_traits>
+#include <vector>
 
 #include "core/game.h"
+#include "core/seats.h"
 
 namespace {
 
@@ -16,20 +20,43 @@ struct Fnv1a {
     }
   }
   // Integers by value, little-endian, so the number does not depend on padding.
-  void Int(std::int64_t v) {
+  void Int(std::uint64_t v) {
     unsigned char b[8];
-    for (int i = 0; i < 8; ++i)
-      b[i] = static_cast<unsigned char>(static_cast<std::uint64_t>(v) >> (8 * i));
+    for (int i = 0; i < 8; ++i) b[i] = static_cast<unsigned char>(v >> (8 * i));
     Bytes(b, 8);
   }
+
   template <class T>
-  void Table(const T& t) {
-    ForEachCellFirstFastest(t, [this](const auto& c) {
-      if constexpr (std::is_same_v<std::decay_t<decltype(c)>, Currency>)
-        Int(c.raw);
-      else
-        Int(c);
-    });
+  void Cell(const T& c) {
+    if constexpr (std::is_same_v<T, std::string>) {
+      // Text is no figure of play (see the header).
+    } else if constexpr (std::is_same_v<T, Currency>) {
+      Int(static_cast<std::uint64_t>(c.raw));
+    } else if constexpr (std::is_same_v<T, double>) {
+      Int(std::bit_cast<std::uint64_t>(c));
+    } else if constexpr (std::is_integral_v<T>) {
+      Int(static_cast<std::uint64_t>(static_cast<std::int64_t>(c)));
+    } else if constexpr (std::is_same_v<T, ScriptElement>) {
+      Cell(c.Kind);
+      Cell(c.Value);
+    } else if constexpr (std::is_same_v<T, PoolString>) {
+      Cell(c.Value);
+    } else {
+      All(c);
+    }
+  }
+  template <class T, std::size_t N>
+  void All(const std::array<T, N>& a) {
+    for (const T& c : a) Cell(c);
+  }
+  template <class T>
+  void All(const std::vector<T>& v) {
+    Int(v.size());
+    for (const T& c : v) Cell(c);
+  }
+  template <class T>
+  void All(const T& table) {
+    ForEachCellFirstFastest(table, [this](const auto& c) { Cell(c); });
   }
 };
 
@@ -37,26 +64,18 @@ struct Fnv1a {
 
 std::uint64_t TablesChecksum(const Game& g) {
   Fnv1a f;
-  f.Table(g.RollTally);
-  f.Table(g.TotalsTally);
-  f.Table(g.HandsTally);
-  f.Table(g.RollsAtTable);
-  f.Table(g.MostRollsHand);
-  f.Table(g.MostComeoutHand);
-  f.Table(g.MostPassesHand);
-  f.Table(g.MostMissesHand);
-  f.Table(g.RollsSince);
-  f.Table(g.GapTally);
-  f.Table(g.StatAction);
-  f.Table(g.StatWins);
-  f.Table(g.StatLosses);
-  for (int p = 0; p < kPlayerSlots; ++p) {
-    f.Int(g.Bet(p, 0).raw);
-    f.Int(g.BankrollHigh(p).raw);
-    f.Int(g.BankrollLow(p).raw);
-    f.Int(g.BankrollSum(p).raw);
-  }
-  for (std::int64_t v : {g.Die1, g.Die2, g.Point, g.LastPoint, g.PointsMade, g.GraphRollCount})
-    f.Int(v);
+  ForEachSeatTable([&f](const char*, auto, SeatReset, const auto& table) { f.All(table); }, g);
+  f.All(g.RollsSince);
+  f.All(g.GapTally);
+  f.All(g.PayoffTbl);
+  f.All(g.FieldPayoff);
+  f.All(g.MidwayPayoff);
+  f.All(g.FirePayoff);
+  f.All(g.CheckValue);
+  for (std::int64_t v :
+       {g.PlayerCount, g.Die1, g.Die2, g.DiceTotal, g.Point, g.PointAtRoll, g.PointBeforeLast,
+        g.LastPoint, g.PointsMadeMask, g.PointsMade, g.Shooter, g.HandShooter, g.PrevHandShooter,
+        g.ComeoutsThisHand, g.PassesThisHand, g.MissesThisHand, g.GraphRollCount})
+    f.Int(static_cast<std::uint64_t>(v));
   return f.h;
 }

@@ -30,19 +30,39 @@ i128 Mod(i128 a, i128 m) {
   return r < 0 ? r + m : r;
 }
 
-// Inverse of a modulo m (a and m coprime, m above 1).
-i128 Inverse(i128 a, i128 m) {
-  i128 r0 = m, r1 = Mod(a, m), t0 = 0, t1 = 1;
+// Greatest common divisor and the inverse of a modulo m (a and m coprime,
+// m above 1) on 64-bit values for operands from 0 to 2^62, where no step
+// can overflow: the color candidates' arithmetic runs on these.
+std::int64_t Gcd64(std::int64_t a, std::int64_t b) {
+  while (b != 0) {
+    const std::int64_t t = a % b;
+    a = b;
+    b = t;
+  }
+  return a;
+}
+
+std::int64_t Inverse64(std::int64_t a, std::int64_t m) {
+  std::int64_t r0 = m, r1 = a % m, t0 = 0, t1 = 1;
   while (r1 != 0) {
-    i128 q = r0 / r1;
-    i128 r2 = r0 - q * r1;
+    const std::int64_t q = r0 / r1;
+    const std::int64_t r2 = r0 - q * r1;
     r0 = r1;
     r1 = r2;
-    i128 t2 = t0 - q * t1;
+    const std::int64_t t2 = t0 - q * t1;
     t0 = t1;
     t1 = t2;
   }
-  return Mod(t0, m);
+  return t0 < 0 ? t0 + m : t0;
+}
+
+// (x * y) mod m in 0..m-1 (m above 0), in 64 bits when the product fits.
+std::int64_t ModProduct(std::int64_t x, std::int64_t y, std::int64_t m) {
+  std::int64_t product = 0;
+  if (__builtin_mul_overflow(x, y, &product))
+    return static_cast<std::int64_t>(Mod(static_cast<i128>(x) * y, m));
+  const std::int64_t r = product % m;
+  return r < 0 ? r + m : r;
 }
 
 // x / y whole, exactly (y not 0).
@@ -63,12 +83,17 @@ Currency ColorCandidate(Currency m, Currency p, Currency s, Currency d) {
   const i128 mod = static_cast<i128>(s.raw) * d.raw;
   if (mod <= 0 || mod > (static_cast<i128>(1) << 62)) return m;
   // (m + k x unit) x p divisible by s x d, on the raw counts.
-  const i128 a = Mod(static_cast<i128>(Currency::kScale) * p.raw, mod);
-  const i128 b = Mod(-static_cast<i128>(m.raw) * p.raw, mod);
-  const i128 g = Gcd(a, mod);
+  // Every value below is at least 0 and below mod (at most 2^62), so the
+  // loops run on 64-bit integers; only the products need 128 bits.
+  const auto mod64 = static_cast<std::int64_t>(mod);
+  const std::int64_t a = ModProduct(Currency::kScale, p.raw, mod64);
+  // -(m x p) mod mod, without negating a raw count that may be the lowest.
+  const std::int64_t mp = ModProduct(m.raw, p.raw, mod64);
+  const std::int64_t b = mp == 0 ? 0 : mod64 - mp;
+  const std::int64_t g = Gcd64(a, mod64);
   if (g == 0 || b % g != 0) return m;  // a is 0 and b is not: never whole
-  const i128 mr = mod / g;
-  const i128 k = mr == 1 ? 0 : Mod((b / g) * Inverse(a / g, mr), mr);
+  const std::int64_t mr = mod64 / g;
+  const i128 k = mr == 1 ? 0 : ModProduct(b / g, Inverse64(a / g, mr), mr);
   const i128 v = m.raw + k * Currency::kScale;
   if (v > INT64_MAX) return m;
   return Currency::FromRaw(static_cast<std::int64_t>(v));

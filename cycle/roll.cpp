@@ -4,6 +4,7 @@
 #include "cycle/roll.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "automation/autoplay.h"
 #include "config/payoffs.h"
@@ -36,6 +37,21 @@ void ShowRollMessage(Game& g, std::string text, std::string_view title,
 }
 
 bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
+
+// The seated players 1..8 as a bit set (bit p for seat p): the roll's
+// per-player steps visit only these, in seat order, since an open seat has
+// no money, bets or records to change.
+unsigned SeatedPlayers(const Game& g) {
+  unsigned seated = 0;
+  for (int p = 1; p <= 8; ++p)
+    if (Named(g, p)) seated |= 1u << p;
+  return seated;
+}
+
+template <class F>
+void ForEachSeated(unsigned seated, F&& f) {
+  for (; seated != 0; seated &= seated - 1) f(std::countr_zero(seated));
+}
 
 const std::string& ShooterName(const Game& g) {
   return g.PlayerName[static_cast<std::size_t>(g.Shooter)];
@@ -114,25 +130,22 @@ bool WithinRollLimit(Game& g) {
 // Steps 10 and 27 copy only seated players: an open position holds no bets,
 // so its copies have nothing to change, and a run with few players does not
 // pay for eight.
-void SnapshotAtRoll(Game& g) {
-  for (int p = 1; p <= 8; ++p) {
-    if (!Named(g, p)) continue;
+void SnapshotAtRoll(Game& g, unsigned seated) {
+  ForEachSeated(seated, [&g](int p) {
     const auto bets = g.Bet.Span(p, 0, kLastBetId);
     std::copy(bets.begin(), bets.end(), g.BetAtRoll.Span(p, 0, kLastBetId).begin());
     std::copy_n(bets.begin(), kLastRealBet + 1, g.BetContract.Span(p, 0, kLastRealBet).begin());
     for (int b = 0; b <= kLastRealBet; ++b) g.BetTrend(p, b, 0) = g.BetTrend(p, b, 1);
-  }
+  });
 }
 
-void SnapshotAfterRoll(Game& g) {
-  for (int p = 1; p <= 8; ++p) {
-    if (!Named(g, p)) continue;
+void SnapshotAfterRoll(Game& g, unsigned seated) {
+  ForEachSeated(seated, [&g](int p) {
     const auto bets = g.Bet.Span(p, 0, kLastBetId);
     std::copy(bets.begin(), bets.end(), g.BetAfterRoll.Span(p, 0, kLastBetId).begin());
     const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
-    std::copy(working.begin(), working.end(),
-              g.BetWorkingAfterRoll.Span(p, 1, kLastRealBet).begin());
-  }
+    std::copy(working.begin(), working.end(), g.BetWorkingAfterRoll.Span(p, 1, kLastRealBet).begin());
+  });
   g.roll.ScriptActiveAtRoll = g.roll.ScriptActive;
 }
 
@@ -159,24 +172,24 @@ bool TakeDice(Game& g, DiceSource& source) {
 }
 
 // Step 23: bankroll records.
-void KeepBankrollRecords(Game& g) {
-  for (int p = 1; p <= 8; ++p) {
-    if (!Named(g, p)) continue;  // an open seat's money and records are all 0
+void KeepBankrollRecords(Game& g, unsigned seated) {
+  // An open seat's money and records are all 0.
+  ForEachSeated(seated, [&g](int p) {
     const Currency bank = g.Bet(p, 0);
     g.BankrollSum(p) += bank;
     if (BankrollBeyondLimit(g, p)) LimitExceeded(g, p);
     if (bank > g.BankrollHigh(p)) g.BankrollHigh(p) = bank;
     if (bank < g.BankrollLow(p)) g.BankrollLow(p) = bank;
-  }
+  });
 }
 
 // Steps 6 to 27: one roll. Returns false when a check stopped it before the dice.
 bool RollOnce(Game& g) {
   if (!MeetsBetRequirement(g) || !WithinRollLimit(g)) return false;
-  for (int p = 1; p <= 8; ++p)
-    if (Named(g, p)) g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
+  const unsigned seated = SeatedPlayers(g);
+  ForEachSeated(seated, [&g](int p) { g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p); });
   if (g.roll.LogOn) LogChangesSinceLastRoll(g);
-  SnapshotAtRoll(g);
+  SnapshotAtRoll(g, seated);
   g.PointBeforeLast = g.PointAtRoll;
   g.PointAtRoll = g.Point;
 
@@ -204,7 +217,7 @@ bool RollOnce(Game& g) {
       AutoPlayPointActions(g);
     }
   }
-  KeepBankrollRecords(g);
+  KeepBankrollRecords(g, seated);
   if (g.roll.LogOn) LogRollResults(g);
   ShiftGraphHistory(g);
 
@@ -212,7 +225,8 @@ bool RollOnce(Game& g) {
   // stands for the next.
   if (g.roll.ScriptActive[0] && g.roll.ScriptsOK) RunAutoBets(g);
 
-  SnapshotAfterRoll(g);
+  // The scripts may have seated or cashed out a player.
+  SnapshotAfterRoll(g, SeatedPlayers(g));
   g.platform->RequestRedraw(Redraw::OpenViews);
   if (!g.HyperDrive) g.platform->RequestRedraw(Redraw::StatusBoxes);
   return true;

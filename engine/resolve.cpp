@@ -30,19 +30,28 @@ unsigned SeatsWithBets(const Game& g) {
 // a number whose decisions are already over (a Come or Don't Come bet and
 // its odds), so the set taken at the start holds every id still to decide.
 void NoteBetsOnTable(Game& g) {
+  // Ids 0..95 in twelve blocks of eight; a block with no money is skipped
+  // whole, so a player with a few bets costs a few blocks.
+  constexpr int kBlock = 8, kBlocks = 12;
+  static_assert(kBlock * kBlocks > kLastRealBet && kBlock * kBlocks - 1 <= kLastBetId);
   std::uint64_t bits[2] = {0, 0};
   for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
-    const auto bets = g.Bet.Span(PlayerOfSeat(std::countr_zero(seats) + 1), 0, kLastRealBet);
-    // Unrolled, so that every shift is a constant and the tests run in parallel.
-#pragma GCC unroll 64
-    for (int b = 1; b < 64; ++b)
-      bits[0] |= std::uint64_t{bets[static_cast<std::size_t>(b)].raw != 0} << b;
-#pragma GCC unroll 32
-    for (int b = 64; b <= kLastRealBet; ++b)
-      bits[1] |= std::uint64_t{bets[static_cast<std::size_t>(b)].raw != 0} << (b - 64);
+    const auto bets = g.Bet.Span(PlayerOfSeat(std::countr_zero(seats) + 1), 0, kLastBetId);
+    for (int block = 0; block < kBlocks; ++block) {
+      const Currency* cell = &bets[static_cast<std::size_t>(block * kBlock)];
+      std::int64_t any = 0;
+      for (int i = 0; i < kBlock; ++i) any |= cell[i].raw;
+      if (any == 0) continue;
+      unsigned mask = 0;
+      for (int i = 0; i < kBlock; ++i) mask |= unsigned{cell[i].raw != 0} << i;
+      const int first = block * kBlock;  // blocks never straddle a word
+      bits[first >> 6] |= std::uint64_t{mask} << (first & 63);
+    }
   }
-  g.autoplay.BetsOnTable[0] = bits[0];
-  g.autoplay.BetsOnTable[1] = bits[1];
+  // Bit 0 (the bankroll) and the ids above the real bets hold no bet.
+  constexpr std::uint64_t kRealBetsHigh = (std::uint64_t{1} << (kLastRealBet - 63)) - 1;
+  g.autoplay.BetsOnTable[0] = bits[0] & ~std::uint64_t{1};
+  g.autoplay.BetsOnTable[1] = bits[1] & kRealBetsHigh;
 }
 
 bool OnTable(const Game& g, int b) { return (g.autoplay.BetsOnTable[b >> 6] >> (b & 63)) & 1; }
@@ -329,6 +338,14 @@ void LogDecision(Game& g, int p, int b) {
 void DecideBets(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
   g.autoplay.DecidingSeats = SeatsWithBets(g);
+  if (g.autoplay.DecidingSeats == 0) {
+    // Nobody has money on the table: of the passes only the points made
+    // and the hand's end at a seven-out have anything to do.
+    g.autoplay.BetsOnTable[0] = g.autoplay.BetsOnTable[1] = 0;
+    PointMade(g);
+    if (g.DiceTotal == 7 && g.PointAtRoll > 0) EndHand(g);
+    return;
+  }
   NoteBetsOnTable(g);
   LosersPass(g);
   PointMade(g);
@@ -379,12 +396,14 @@ void ResetWorkingFlags(Game& g) {
     if (g.PlayerName[p].empty()) continue;
     const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
     const auto defaults = g.BetWorkingDefault.Span(p, 1, kLastRealBet);
-    for (std::size_t i = 0; i < working.size(); ++i) {
-      Long& w = working[i];
-      if (pointOn) {
-        if (w == 0) w = 1;
-      } else if (w != 2 && w != -1) {
-        w = defaults[i];
+    // Selects rather than branches, so that the loops run on whole vectors.
+    if (pointOn) {
+      for (Long& w : working) w = w == 0 ? 1 : w;
+    } else {
+      for (std::size_t i = 0; i < working.size(); ++i) {
+        const Long w = working[i], d = defaults[i];
+        const bool called = (w == 2) | (w == -1);
+        working[i] = called ? w : d;
       }
     }
   }

@@ -145,9 +145,40 @@ void TallyRollEvent(Game& g, int k) {
   g.RollsSince(k) = 0;
 }
 
+namespace {
+
+// Counts the events of one pair in `rows` (the RollTally rows of the live
+// frames, each 0..kLastEvent) and in the gap tables.
+template <std::size_t kRows>
+void TallyPairEvents(Game& g, const PairEvents& e, const std::array<Long*, kRows>& rows) {
+  for (int n = 0; n < e.count; ++n) {
+    const int k = e.events[static_cast<std::size_t>(n)];
+    for (Long* row : rows) row[k] += 1;
+    Long& since = g.RollsSince(k);
+    if (since < kLongGap) {
+      g.GapTally(k, since) += 1;
+    } else {
+      g.GapTally(k, kLongGap) += 1;
+      g.GapTally(k, 0) += since;
+    }
+    since = 0;
+  }
+}
+
+}  // namespace
+
 void TallyRollEvents(Game& g) {
   const int d1 = g.Die1, d2 = g.Die2;
   assert(d1 >= 1 && d1 <= 6 && d2 >= 1 && d2 <= 6);
   const PairEvents& e = kEventsOfPair[d1 - 1][d2 - 1];
-  for (int i = 0; i < e.count; ++i) TallyRollEvent(g, e.events[static_cast<std::size_t>(i)]);
+  // The same counts as TallyRollEvent for each event in turn, with the
+  // rows of the live frames looked up once per roll.
+  auto row = [&g](int p, int n) { return &g.RollTally(LiveIndex(p, n), kEventRolls); };
+  const std::array<Long*, 3> house = {row(kHouse, 0), row(kHouse, 1), row(kHouse, 2)};
+  const int hs = g.HandShooter;
+  if (hs > 0)
+    TallyPairEvents(g, e, std::array<Long*, 6>{house[0], house[1], house[2], row(hs, 0),
+                                               row(hs, 1), row(hs, 2)});
+  else
+    TallyPairEvents(g, e, house);
 }

@@ -1,48 +1,71 @@
-// ravelton-cli bench: a fixed, seeded Hyper-Drive workload. It prints the
-// speed and a checksum of the final tables; the checksum is pinned by a
-// test, so a change of behaviour anywhere on the roll path shows at once.
+// ravelton-cli bench: the fixed, seeded workloads of cycle/bench_workload.h
+// in Hyper-Drive. It prints the speed of eight players with money on every
+// kind of bet and of an empty table, and a checksum of each game's final
+// tables; the checksums are pinned by a test, so a change of behaviour
+// anywhere on the roll path, payoffs and settling included, shows at once.
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <cinttypes>
 #include <cstdio>
 #include <iostream>
 #include <memory>
+#include <string>
 
 #include "app/cli/commands.h"
 #include "core/checksum.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
+#include "cycle/bench_workload.h"
 #include "cycle/hyperdrive.h"
 #include "cycle/startup.h"
 #include "dice/rng.h"
 
 namespace {
 
-constexpr double kBenchSeed = 20261122;
+struct BenchRun {
+  std::int64_t rolls = 0;
+  double perSecond = 0;
+  std::uint64_t checksum = 0;
+  std::string stop;
+};
+
+BenchRun RunWorkload(BenchWorkload workload, std::int64_t rolls) {
+  HeadlessPlatform platform;
+  platform.minimized = true;
+  std::unique_ptr<Game> game = MakeGame(platform);
+  StartUp(*game);
+  SetUpBenchWorkload(*game, workload);
+  game->hyper.RunRollLimit = rolls;
+  const auto start = std::chrono::steady_clock::now();
+  RunHyperDrive(*game);
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  BenchRun r;
+  r.rolls = game->hyper.RollsThisRun;
+  r.perSecond = seconds > 0 ? static_cast<double>(r.rolls) / seconds : 0;
+  r.checksum = TablesChecksum(*game);
+  r.stop = game->hyper.LastStopMessage;
+  return r;
+}
+
+void PrintSpeed(const char* label, const BenchRun& r) {
+  std::printf("%s: %.0f rolls/second, %.1f ns/roll\n", label, r.perSecond,
+              r.perSecond > 0 ? 1e9 / r.perSecond : 0.0);
+}
 
 int Bench(std::int64_t rolls) {
   if (rolls < 1) {
     std::cerr << "ravelton-cli bench: --rolls must be at least 1\n";
     return 1;
   }
-  HeadlessPlatform platform;
-  platform.minimized = true;
-  std::unique_ptr<Game> game = MakeGame(platform);
-  StartUp(*game);
-  game->rules.BetRequirement = kNoBetRequired;
-  game->dice.RngIndex = 0;
-  SeedRngWith(*game, kBenchSeed);
-  game->hyper.RunRollLimit = rolls;
-  const auto start = std::chrono::steady_clock::now();
-  RunHyperDrive(*game);
-  const double seconds =
-      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  const double perSecond =
-      seconds > 0 ? static_cast<double>(game->hyper.RollsThisRun) / seconds : 0;
-  std::printf("rolls: %" PRId64 "\n", static_cast<std::int64_t>(game->hyper.RollsThisRun));
-  std::printf("rolls/second: %.0f\n", perSecond);
-  std::printf("ns/roll: %.1f\n", perSecond > 0 ? 1e9 / perSecond : 0.0);
-  std::printf("checksum: %016" PRIx64 "\n", TablesChecksum(*game));
+  const BenchRun players = RunWorkload(BenchWorkload::EightPlayers, rolls);
+  const BenchRun empty = RunWorkload(BenchWorkload::EmptyTable, rolls);
+  std::printf("rolls: %" PRId64 "\n", players.rolls);
+  if (!players.stop.empty()) std::printf("stopped: %s\n", players.stop.c_str());
+  PrintSpeed("eight players", players);
+  PrintSpeed("empty table", empty);
+  std::printf("checksum: %016" PRIx64 "\n", players.checksum);
+  std::printf("empty table checksum: %016" PRIx64 "\n", empty.checksum);
   return 0;
 }
 
@@ -51,7 +74,7 @@ int Bench(std::int64_t rolls) {
 void AddBenchCommand(CLI::App& app) {
   auto rolls = std::make_shared<std::int64_t>(1'000'000);
   CLI::App* cmd =
-      app.add_subcommand("bench", "Fixed seeded Hyper-Drive workload: speed and checksum");
+      app.add_subcommand("bench", "Fixed seeded Hyper-Drive workloads (eight players, empty table): speed and checksums");
   cmd->add_option("--rolls", *rolls, "Rolls to run (default 1,000,000)");
   cmd->callback([rolls] {
     if (const int rc = Bench(*rolls); rc != 0) throw CLI::RuntimeError(rc);

@@ -1,0 +1,75 @@
+// The roll's cost as a multiple of a bare loop that draws two dice with
+// std::mt19937 and counts passes: the empty table, one Pass Line player
+// with full odds and Same Bet both ways, and the eight-player workload of
+// `ravelton-cli bench`. All four are timed in the same iterations,
+// interleaved, in the thread's CPU time, so the ratios hold on a busy
+// machine. Counters: ns per roll of each, and the three ratios.
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <random>
+
+#include "bench/hyperdrive_stretches.h"
+
+namespace {
+
+// The reference: a come-out/point state machine on two mt19937 dice.
+std::int64_t BareLoop(std::mt19937& rng, std::int64_t rolls) {
+  std::uniform_int_distribution<int> die(1, 6);
+  std::int64_t passes = 0;
+  int point = 0;
+  for (std::int64_t i = 0; i < rolls; ++i) {
+    const int total = die(rng) + die(rng);
+    if (point == 0) {
+      if (total == 7 || total == 11)
+        ++passes;
+      else if (total != 2 && total != 3 && total != 12)
+        point = total;
+    } else if (total == point) {
+      ++passes;
+      point = 0;
+    } else if (total == 7) {
+      point = 0;
+    }
+  }
+  return passes;
+}
+
+// Rolls per stretch: each stretch takes a few milliseconds.
+constexpr int kBareRolls = 1'000'000;
+constexpr int kEmptyRolls = 100'000;
+constexpr int kPassLineRolls = 50'000;
+constexpr int kEightPlayerRolls = 5'000;
+
+void BM_RollCostRatios(benchmark::State& state) {
+  BenchGame empty(BenchWorkload::EmptyTable);
+  BenchGame passLine(BenchWorkload::PassLine);
+  BenchGame eight(BenchWorkload::EightPlayers);
+  std::mt19937 rng(static_cast<std::uint32_t>(kBenchSeed));
+  double bare = 0, emptyS = 0, passS = 0, eightS = 0;
+  long allocations = 0;
+  for (auto _ : state) {
+    const double start = ThreadSeconds();
+    benchmark::DoNotOptimize(BareLoop(rng, kBareRolls));
+    bare += ThreadSeconds() - start;
+    emptyS += TimedStretch(*empty.game, kEmptyRolls, allocations);
+    passS += TimedStretch(*passLine.game, kPassLineRolls, allocations);
+    eightS += TimedStretch(*eight.game, kEightPlayerRolls, allocations);
+  }
+  const double n = static_cast<double>(state.iterations());
+  const double bareNs = bare * 1e9 / (n * kBareRolls);
+  const double emptyNs = emptyS * 1e9 / (n * kEmptyRolls);
+  const double passNs = passS * 1e9 / (n * kPassLineRolls);
+  const double eightNs = eightS * 1e9 / (n * kEightPlayerRolls);
+  state.counters["bare_ns"] = bareNs;
+  state.counters["empty_ns"] = emptyNs;
+  state.counters["passline_ns"] = passNs;
+  state.counters["eight_ns"] = eightNs;
+  state.counters["empty_x"] = emptyNs / bareNs;
+  state.counters["passline_x"] = passNs / bareNs;
+  state.counters["eight_x"] = eightNs / bareNs;
+  state.counters["allocs"] = static_cast<double>(allocations);
+}
+BENCHMARK(BM_RollCostRatios)->Unit(benchmark::kMillisecond)->MinTime(3.0);
+
+}  // namespace
