@@ -25,15 +25,16 @@
 #include "analysis/advantage_state.h"
 #include "automation/autoplay_state.h"
 #include "automation/hyperdrive_state.h"
-#include "core/message.h"
 #include "config/settings_state.h"
+#include "core/currency.h"
+#include "core/message.h"
+#include "core/tables.h"
 #include "dice/dice_state.h"
 #include "dice/probability_state.h"
 #include "engine/betting_state.h"
-#include "core/currency.h"
 #include "core/frames.h"
 #include "engine/roll_state.h"
-#include "core/tables.h"
+#include "logs/events_log_state.h"
 #include "script/code_state.h"
 #include "script/source_state.h"
 
@@ -147,6 +148,7 @@ struct Game {
   ProbabilityState probability;
   AdvantageState advantage;
   RollState roll;
+  EventsLogState eventsLog;
   HyperDriveState hyper;
   AutoPlayState autoplay;
   BettingState betting;

@@ -296,5 +296,7 @@ void RollDice(Game& g) {
   // At the end of a dice roll file the window asks whether to rewind.
   if (!g.platform->MainWindowMinimized()) g.StopMessage.clear();
   PlayComeOutCall(g);
+  // The lines of the call reach the disk together.
+  FlushEventsLog(g);
   g.RollBusy = false;
 }

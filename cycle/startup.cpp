@@ -11,11 +11,13 @@
 #include "config/payoffs.h"
 #include "config/settings.h"
 #include "dice/probability.h"
+#include "core/data_folder.h"
 #include "dice/rng.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/platform.h"
 #include "engine/roll_internal.h"
+#include "logs/events_log.h"
 
 namespace {
 
@@ -50,16 +52,19 @@ int MeasureLoopsPerTick(Game& game) {
   return static_cast<int>(count / 10);
 }
 
-void StartUp(Game& game) { StartUp(game, ProgramFolder()); }
+void StartUp(Game& game) { StartUp(game, ProgramFolder(), DataFolder()); }
 
-void StartUp(Game& game, const std::string& appFolder) {
+void StartUp(Game& game, const std::string& appFolder) { StartUp(game, appFolder, appFolder); }
+
+void StartUp(Game& game, const std::string& appFolder, const std::string& dataFolder) {
   assert(game.platform != nullptr);
   RollState& r = game.roll;
   // File names are case-sensitive here, so the folder keeps its case.
   r.AppPath = WithTrailingSeparator(appFolder);
   r.HelpFilePath = r.AppPath + "ravelton.chm";
-  r.DataFolder = r.AppPath;
+  r.DataFolder = WithTrailingSeparator(dataFolder);
   r.EventsLogPath = r.DataFolder + "Events Log.txt";
+  InitEventsLog(game);
 
   r.LoopsPerTick = MeasureLoopsPerTick(game);
 

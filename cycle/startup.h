@@ -12,9 +12,12 @@ struct Game;
 
 // A new Game on the heap, bound to platform, with its tables at zero (not started up).
 std::unique_ptr<Game> MakeGame(Platform& platform);
-// Start-up from the folder of the running program (the data folder is the same).
+// Start-up from the folder of the running program, with the user's data
+// folder ($RAVELTON_DATA, else the XDG data folder).
 void StartUp(Game& game);
-// Start-up with a given program folder.
+// Start-up with a given program folder that is also the data folder (tests).
 void StartUp(Game& game, const std::string& appFolder);
+// Start-up with a given program folder and data folder.
+void StartUp(Game& game, const std::string& appFolder, const std::string& dataFolder);
 // Counts clock calls for 100 ms; returns Int(count / 10).
 int MeasureLoopsPerTick(Game& game);
