@@ -29,8 +29,10 @@
 #include "core/currency.h"
 #include "core/message.h"
 #include "core/tables.h"
+#include "dice/dice_file_state.h"
 #include "dice/dice_state.h"
 #include "dice/probability_state.h"
+#include "dice/roll_pad_state.h"
 #include "engine/betting_state.h"
 #include "core/frames.h"
 #include "engine/roll_state.h"
@@ -147,6 +149,8 @@ struct Game {
   DiceState dice;
   ProbabilityState probability;
   AdvantageState advantage;
+  DiceFileState diceFile;
+  RollPadState pad;
   RollState roll;
   EventsLogState eventsLog;
   HyperDriveState hyper;

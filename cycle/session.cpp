@@ -10,6 +10,7 @@
 #include "core/platform.h"
 #include "core/seats.h"
 #include "core/text.h"
+#include "dice/dice_file.h"
 #include "dice/rng.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
@@ -162,13 +163,13 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
   g.HandShooter = g.Shooter;
   g.Point = g.PointAtRoll = g.PointBeforeLast = g.LastPoint = 0;
 
-  // The dice roll file follows diceMode here (0 close, 1 rewind and play
-  // back, 2 as is) once dice roll files exist.
-  (void)diceMode;
+  ApplyNewSessionDiceMode(g, diceMode);
 
   if (r.LogOn) LogSessionOpening(g, logExisted);
   if (g.dice.ReseedEachSession) SeedRng(g);
   if (r.LogOn) {
+    if (g.diceFile.DiceFileMode == kDiceFilePlayback)
+      WriteEventLine(g, "    Dice roll file playback active (" + g.diceFile.DiceFilePath + ")");
     if (g.Shooter == 0)
       WriteEventLine(g, "----New hand, come-out roll----------");
     else if (r.LogNewHand)
