@@ -31,7 +31,8 @@ PadCell TotalCell(int n) {
 
 void CheckPadOptions(RollPadState& pad) {
   if (pad.PadColor < 0 || pad.PadColor > 2) pad.PadColor = 0;
-  if ((pad.PadOptions & kKindBits) == 0) pad.PadOptions = 1 << static_cast<int>(PadKind::TriangleCombos);
+  if ((pad.PadOptions & kKindBits) == 0)
+    pad.PadOptions = 1 << static_cast<int>(PadKind::TriangleCombos);
 }
 
 PadKind PadKindOf(std::int32_t options) {
@@ -93,8 +94,7 @@ PadCell PadCellAt(const PadLayout& l, int r, int c) {
   return {};
 }
 
-PadCell PadCellOfClick(const PadLayout& l, int x, int y, int width, int height,
-                       bool counterShown) {
+PadCell PadCellOfClick(const PadLayout& l, int x, int y, int width, int height, bool counterShown) {
   const int top = counterShown ? kPadCounterHeight : 0;
   if (y < top || x < 0 || l.rows == 0 || l.columns == 0) return {};
   const double cellWidth = static_cast<double>(width) / l.columns;

@@ -59,7 +59,7 @@ PadLayout PadLayoutFor(PadKind kind, int width, int height);
 // What a cell stands for.
 struct PadCell {
   enum Kind { Empty, Total, Pair, Face } what = Empty;
-  int total = 0;         // Total: 2..12
+  int total = 0;           // Total: 2..12
   int die1 = 0, die2 = 0;  // Pair
   int die = 0, face = 0;   // Face: die 1 or 2, face 1..6
 };
