@@ -92,7 +92,13 @@ void LogAtmMoves(Game& g) {
 
 void LogBetChange(Game& g, Section& s, int p, int b) {
   const Currency a = g.Bet(p, b), was = g.BetAtRoll(p, b);
-  const bool lostLast = g.StatLosses(FrameIndex(p, kFrameCurrentSession), b, kStatRollOfLast) == Currency::FromWhole(g.RollTally(kTableSession, kEventRolls));
+  // Decisions of the last roll carry its number (none before a session's first roll).
+  const Long rolls = g.RollTally(kTableSession, kEventRolls);
+  const Currency lastRoll = Currency::FromWhole(rolls);
+  const int row = FrameIndex(p, kFrameCurrentSession);
+  const bool lostLast = rolls > 0 && g.StatLosses(row, b, kStatRollOfLast) == lastRoll;
+  // A bet the last roll decided and that came down was not removed by its player.
+  const bool decidedLast = rolls > 0 && g.StatAction(row, b, kStatRollOfLast) == lastRoll;
   const int total = g.DiceTotal;  // still the previous roll's
   const int dc = IsBoxNumber(total) ? DontComeId(total) : -1;
   const int cp = IsBoxNumber(total) ? ComeId(total) : -1;
@@ -114,9 +120,9 @@ void LogBetChange(Game& g, Section& s, int p, int b) {
     AppendPlainAmount(l, a);
     s.End();
   };
-  if (a.IsZero() && !lostLast && was.raw > 0 && b != bet::kCome && b != bet::kDontCome) {
+  if (a.IsZero() && !decidedLast && was.raw > 0 && b != bet::kCome && b != bet::kDontCome) {
     amountLine(" removed $", was, " bet on ");
-  } else if (a.IsZero() && !lostLast && b == dc && dcBox.raw > 0) {
+  } else if (a.IsZero() && !decidedLast && b == dc && dcBox.raw > 0) {
     amountLine(" removed $", dcBox, " bet on ");
   } else if (a.raw > 0 && (b == bet::kCome || b == bet::kDontCome) && was.raw > 0) {
     amountLine(" bet $", a, " on ");

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "core/message_dialog.h"
 #include "core/file_io.h"
+#include "core/message_dialog.h"
 #include "cycle/session.h"
 #include "logs/events_log_index.h"
 #include "logs/events_log_view.h"
