@@ -25,15 +25,18 @@
 #include "analysis/advantage_state.h"
 #include "automation/autoplay_state.h"
 #include "automation/hyperdrive_state.h"
-#include "core/message.h"
 #include "config/settings_state.h"
+#include "core/currency.h"
+#include "core/message.h"
+#include "core/tables.h"
+#include "dice/dice_file_state.h"
 #include "dice/dice_state.h"
 #include "dice/probability_state.h"
+#include "dice/roll_pad_state.h"
 #include "engine/betting_state.h"
-#include "core/currency.h"
 #include "core/frames.h"
 #include "engine/roll_state.h"
-#include "core/tables.h"
+#include "logs/events_log_state.h"
 #include "script/code_state.h"
 #include "script/run_state.h"
 #include "script/source_state.h"
@@ -149,7 +152,10 @@ struct Game {
   DiceState dice;
   ProbabilityState probability;
   AdvantageState advantage;
+  DiceFileState diceFile;
+  RollPadState pad;
   RollState roll;
+  EventsLogState eventsLog;
   HyperDriveState hyper;
   AutoPlayState autoplay;
   BettingState betting;

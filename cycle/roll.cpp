@@ -15,6 +15,7 @@
 #include "core/money.h"
 #include "core/platform.h"
 #include "cycle/hyperdrive.h"
+#include "dice/dice_file.h"
 #include "dice/rng.h"
 #include "engine/resolve.h"
 #include "engine/roll_internal.h"
@@ -153,8 +154,16 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
 // source stopped the run instead of giving dice.
 bool TakeDice(Game& g, DiceSource& source) {
   RollState& r = g.roll;
+  RollPadState& pad = g.pad;
+  if (pad.PadRollPending) {
+    pad.PadRollPending = false;
+    g.Die1 = pad.PadDie1;
+    g.Die2 = pad.PadDie2;
+    source = DiceSource::Pad;
+    return true;
+  }
   if (r.QueuedCount > 0) {
-    // The pad's and the tests' hook: a known pair waits.
+    // Pad rolls given in advance (the command line's dice, tests).
     const auto& d = r.QueuedDice[static_cast<std::size_t>(r.QueuedHead)];
     g.Die1 = d[0];
     g.Die2 = d[1];
@@ -163,9 +172,21 @@ bool TakeDice(Game& g, DiceSource& source) {
     source = DiceSource::Queued;
     return true;
   }
-  // Dice roll file playback (DiceFileMode 2) is read here once the dice
-  // roll files exist; its end and its bad values stop the run like the
-  // checks above do.
+  if (g.diceFile.DiceFileMode == kDiceFilePlayback) {
+    switch (PlaybackRoll(g)) {
+      case PlaybackResult::Rolled:
+        source = DiceSource::File;
+        return true;
+      case PlaybackResult::EndOfFile:
+        g.KeepRolling = false;
+        g.StopMessage = kEndOfDiceFileStop;
+        return false;
+      case PlaybackResult::OutOfLimits:
+        g.KeepRolling = false;
+        g.StopMessage = kDiceFileValueStop;
+        return false;
+    }
+  }
   DrawDice(g);
   source = DiceSource::Generator;
   return true;
@@ -197,8 +218,8 @@ bool RollOnce(Game& g) {
   if (!TakeDice(g, source)) return false;
   if (g.roll.LogOn) LogRollLine(g, source);
   g.DiceTotal = g.Die1 + g.Die2;
-  // Outside Hyper-Drive the window animates the dice when it redraws the
-  // table; dice roll file recording (DiceFileMode 1) writes the pair here.
+  // Outside Hyper-Drive the window animates the dice when it redraws the table.
+  if (g.diceFile.DiceFileMode == kDiceFileRecording) RecordRoll(g);
   if (!g.HyperDrive) {
     PlayStickCall(g, g.DiceTotal);
     if (g.Die1 == g.Die2 && g.DiceTotal != 2 && g.DiceTotal != 12) PlayStickCall(g, 16);
@@ -313,9 +334,14 @@ void RollDice(Game& g) {
   } while (g.HyperDrive && g.KeepRolling);
   if (g.HyperDrive) EndHyperDrive(g);
 
+  // Recorded rolls and the log lines of the call reach the disk together.
+  FinishDiceFileCall(g);
+  FlushEventsLog(g);
   g.platform->RequestRedraw(Redraw::Table);
-  // At the end of a dice roll file the window asks whether to rewind.
-  if (!g.platform->MainWindowMinimized()) g.StopMessage.clear();
+  if (!g.platform->MainWindowMinimized()) {
+    if (g.StopMessage == kEndOfDiceFileStop) AskRewindDiceFile(g);
+    g.StopMessage.clear();
+  }
   PlayComeOutCall(g);
   g.RollBusy = false;
 }

@@ -10,6 +10,7 @@
 #include "core/platform.h"
 #include "core/seats.h"
 #include "core/text.h"
+#include "dice/dice_file.h"
 #include "dice/rng.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
@@ -72,22 +73,22 @@ void StartStatistics(Game& g, bool preserveGames) {
 }
 
 void LogSessionOpening(Game& g, bool logExisted) {
-  if (logExisted) LogLine(g, "============================================");
+  if (logExisted) WriteEventLine(g, "============================================");
   const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   std::tm local{};
   localtime_r(&now, &local);
   char date[32], time[32];
   std::strftime(date, sizeof date, "%m/%d/%Y", &local);
   std::strftime(time, sizeof time, "%I:%M:%S %p", &local);
-  LogLine(g, std::string(" New session started ") + date + " @ " + time);
+  WriteEventLine(g, std::string(" New session started ") + date + " @ " + time);
   if (g.PlayerCount > 0) {
-    LogLine(g, "    Players:");
+    WriteEventLine(g, "    Players:");
     for (int p = 1; p <= 8; ++p) {
       if (!Named(g, p)) continue;
       std::string l = "      " + g.PlayerName[static_cast<std::size_t>(p)] + " at stick " +
                       RailPositionName(p) + " with $";
       AppendPlainAmount(l, g.Bet(p, 0));
-      LogLine(g, l);
+      WriteEventLine(g, l);
     }
   }
 }
@@ -157,28 +158,25 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
   g.platform->RequestRedraw(Redraw::Graph);
   g.StopMessage.clear();
 
-  const bool logExisted = !r.LogText.empty();
-  if (r.LogClearOnNew) {
-    RemoveFile(r.DataFolder + "Events Log.ref");
-    RemoveFile(r.EventsLogPath);
-    r.LogText.clear();
-  }
+  FlushEventsLog(g);
+  if (r.LogClearOnNew) ClearEventsLog(g);
+  const bool logExisted = std::filesystem::exists(r.EventsLogPath);
 
   g.HandShooter = g.Shooter;
   g.Point = g.PointAtRoll = g.PointBeforeLast = g.LastPoint = 0;
 
-  // The dice roll file follows diceMode here (0 close, 1 rewind and play
-  // back, 2 as is) once dice roll files exist.
-  (void)diceMode;
+  ApplyNewSessionDiceMode(g, diceMode);
 
-  if (r.LogOn) LogSessionOpening(g, logExisted && !r.LogClearOnNew);
+  if (r.LogOn) LogSessionOpening(g, logExisted);
   if (g.dice.ReseedEachSession) SeedRng(g);
   if (r.LogOn) {
+    if (g.diceFile.DiceFileMode == kDiceFilePlayback)
+      WriteEventLine(g, "    Dice roll file playback active (" + g.diceFile.DiceFilePath + ")");
     if (g.Shooter == 0)
-      LogLine(g, "----New hand, come-out roll----------");
+      WriteEventLine(g, "----New hand, come-out roll----------");
     else if (r.LogNewHand)
-      LogLine(g, "----New shooter (" + g.PlayerName[static_cast<std::size_t>(g.Shooter)] +
-                     ") coming out----------");
+      WriteEventLine(g, "----New shooter (" + g.PlayerName[static_cast<std::size_t>(g.Shooter)] +
+                            ") coming out----------");
   }
 
   g.platform->RequestRedraw(Redraw::OpenViews);

@@ -11,6 +11,7 @@
 #include "config/payoffs.h"
 #include "config/settings.h"
 #include "dice/probability.h"
+#include "core/data_folder.h"
 #include "dice/rng.h"
 #include "core/catalogue.h"
 #include "core/data_folder.h"
@@ -18,6 +19,7 @@
 #include "core/platform.h"
 #include "engine/roll_internal.h"
 #include "cycle/session.h"
+#include "logs/events_log.h"
 
 namespace {
 
@@ -63,6 +65,7 @@ void StartUp(Game& game, const std::string& appFolder, const std::string& dataFo
   // to the data folder, which is made when first written to.
   r.DataFolder = WithTrailingSlash(dataFolder.empty() ? r.AppPath : dataFolder);
   r.EventsLogPath = r.DataFolder + "Events Log.txt";
+  InitEventsLog(game);
 
   r.LoopsPerTick = MeasureLoopsPerTick(game);
 

@@ -19,5 +19,7 @@ void StartUp(Game& game);
 void StartUp(Game& game, const std::string& appFolder, const std::string& dataFolder);
 // Start-up with one folder serving as program and data folder (tests).
 void StartUp(Game& game, const std::string& appFolder);
+// Start-up with a given program folder and data folder.
+void StartUp(Game& game, const std::string& appFolder, const std::string& dataFolder);
 // Counts clock calls for 100 ms; returns Int(count / 10).
 int MeasureLoopsPerTick(Game& game);

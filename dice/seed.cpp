@@ -4,9 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "core/platform.h"
 #include "dice/generators.h"
 #include "dice/rng.h"
-#include "core/platform.h"
+#include "logs/events_log.h"
 
 namespace {
 
@@ -131,8 +132,12 @@ bool SeedRngFrom(Game& game, bool useGiven, double given) {
   s.Rng3State = whole;
   s.LastSeed = whole;
   if (game.roll.LogOn) {
-    game.roll.LogText +=
-        "    RNG #" + std::to_string(s.RngIndex + 1) + " seeded: " + std::to_string(whole) + "\n";
+    std::string& line = StartEventLine(game);
+    line += "    RNG #";
+    AppendWhole(line, s.RngIndex + 1);
+    line += " seeded: ";
+    AppendWhole(line, whole);
+    WriteEventLine(game, line);
   }
   SeedSelected(s, whole);
   return true;

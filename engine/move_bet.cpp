@@ -3,7 +3,7 @@
 #include "core/game.h"
 #include "engine/place.h"
 #include "engine/resolve.h"
-#include "engine/settle_text.h"
+#include "logs/events_log.h"
 
 void MoveBet(Game& g, int p, int fromBet, int toBet) {
   const Currency amount = g.Bet(p, fromBet);
@@ -16,10 +16,15 @@ void MoveBet(Game& g, int p, int fromBet, int toBet) {
   g.betting.MovingBet = false;
   g.BetContract(p, toBet) = amount;
   if (IsComePoint(toBet)) g.ComeFlatAtSet(p, toBet - bet::kComePointFirst) = amount;
-  if (g.roll.LogOn) {
-    g.roll.LogText +=
-        Cat("      ", g.PlayerName[p], "'s ", BetName(fromBet), " bet moved to ", BetName(toBet));
-    g.roll.LogText.push_back('\n');
+  if (g.roll.LogOn && g.roll.LogBets) {
+    std::string& l = StartEventLine(g);
+    l += "    ";
+    l += g.PlayerName[p];
+    l += "'s ";
+    l += BetName(fromBet);
+    l += " bet moved to ";
+    l += BetName(toBet);
+    WriteEventLine(g, l);
   }
   if (g.autoplay.AutoDownPlaceBets(p) && IsComePoint(toBet)) {
     const int n = BoxNumber(toBet - bet::kComePointFirst);

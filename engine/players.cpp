@@ -62,7 +62,7 @@ int SeatNamed(const Game& g, std::string_view name, int exceptSeat) {
 }
 
 void LogPlayerLine(Game& g, std::string_view line) {
-  if (g.roll.LogOn) LogLine(g, line);
+  if (g.roll.LogOn) WriteEventLine(g, line);
 }
 
 std::string RailPositionName(int p) {
@@ -160,9 +160,9 @@ bool CashOutPlayer(Game& g) {
     std::string line =
         Cat("    ", name, " cashed out with $", PlainAmount(g.Bet(p, 0) - abandoned));
     if (net > Currency{})
-      line += Cat("(net win: $", PlainAmount(net), ")");
+      line += Cat(" (net win: $", PlainAmount(net), ")");
     else if (net < Currency{})
-      line += Cat("(net loss: $", PlainAmount(-net),
+      line += Cat(" (net loss: $", PlainAmount(-net),
                   abandoned > Currency{} ? Cat(" includes $", PlainAmount(abandoned), " abandoned)")
                                          : std::string(")"));
     LogPlayerLine(g, line);

@@ -12,6 +12,7 @@
 #include "engine/hand.h"
 #include "engine/settle.h"
 #include "engine/settle_text.h"
+#include "logs/events_log.h"
 
 namespace {
 
@@ -75,10 +76,6 @@ void FlatWithOdds(Game& g, int flatSign, int flat, int oddsSign, int odds) {
   }
 }
 
-void WriteLog(Game& g, std::string_view line) {
-  g.roll.LogText.append(line);
-  g.roll.LogText.push_back('\n');
-}
 
 // Losers of the box number n: the Don't Come point with its odds, the Lay,
 // and the hardway unless the dice are a pair.
@@ -321,16 +318,21 @@ void LogDecision(Game& g, int p, int b) {
   if (!r.LogOn || !(r.LogWins || r.LogLosses)) return;
   if (!g.autoplay.WinLossHeadWritten) {
     g.autoplay.WinLossHeadWritten = true;
-    WriteLog(g, r.LogWins && r.LogLosses ? "    Wins/losses:"
-                : r.LogWins              ? "    Wins:"
-                                         : "    Losses:");
+    WriteEventLine(g, r.LogWins && r.LogLosses ? "    Wins/losses:"
+                      : r.LogWins              ? "    Wins:"
+                                               : "    Losses:");
   }
   const Currency net = g.NetPayoff;
-  if (r.LogWins && net > Currency{}) {
-    WriteLog(g, Cat("      ", g.PlayerName[p], " won $", PlainAmount(net), " on ", BetName(b)));
-  } else if (r.LogLosses && net < Currency{}) {
-    WriteLog(g, Cat("      ", g.PlayerName[p], " lost $", PlainAmount(-net), " on ", BetName(b)));
-  }
+  const bool won = r.LogWins && net > Currency{};
+  if (!won && !(r.LogLosses && net < Currency{})) return;
+  std::string& l = StartEventLine(g);
+  l += "      ";
+  l += g.PlayerName[p];
+  l += won ? " won $" : " lost $";
+  AppendPlainAmount(l, won ? net : -net);
+  l += " on ";
+  l += BetName(b);
+  WriteEventLine(g, l);
 }
 
 }  // namespace

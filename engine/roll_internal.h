@@ -6,16 +6,13 @@
 #include <string_view>
 
 #include "core/currency.h"
+#include "logs/events_log.h"
 
 struct Game;
 
 // Where the dice of a roll came from, for its log line.
 enum class DiceSource { Queued, Pad, File, Generator };
 
-// Appends one line of the events log to the roll's text sink (LogOn only).
-void LogLine(Game& game, std::string_view line);
-// Appends an amount as plain text: no thousands separator, no trailing zeros.
-void AppendPlainAmount(std::string& out, Currency amount);
 // Plays stick call n of the chosen set, outside Hyper-Drive with sound on.
 void PlayStickCall(Game& game, int n);
 // The come-out call before a come-out roll (calls 18 and 17).

@@ -1,36 +1,13 @@
 // The events-log lines that the roll writes itself: the players' changes
 // since the last roll, the roll line, and the roll's bankroll results. All
-// of it runs only under LogOn; the text goes to RollState::LogText.
+// of it runs only under LogOn; each line is built in the log's reused line
+// buffer and handed to WriteEventLine.
 #include <cstdlib>
 
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/platform.h"
 #include "engine/roll_internal.h"
-
-void LogLine(Game& g, std::string_view line) {
-  g.roll.LogText.append(line);
-  g.roll.LogText.push_back('\n');
-}
-
-void AppendPlainAmount(std::string& out, Currency amount) {
-  std::int64_t raw = amount.raw;
-  if (raw < 0) out.push_back('-');
-  const std::uint64_t mag =
-      raw < 0 ? 0 - static_cast<std::uint64_t>(raw) : static_cast<std::uint64_t>(raw);
-  out += std::to_string(mag / Currency::kScale);
-  std::uint64_t frac = mag % Currency::kScale;
-  if (frac == 0) return;
-  char digits[5] = {};
-  for (int i = 3; i >= 0; --i) {
-    digits[i] = static_cast<char>('0' + frac % 10);
-    frac /= 10;
-  }
-  int len = 4;
-  while (len > 0 && digits[len - 1] == '0') --len;
-  out.push_back('.');
-  out.append(digits, static_cast<std::size_t>(len));
-}
 
 namespace {
 
@@ -40,20 +17,20 @@ struct Section {
   Game& g;
   std::string_view head;
   bool written = false;
-  std::string line;
 
   // Starts a line: six blanks and the player's name.
   std::string& Begin(int p) {
-    line.assign("      ");
+    std::string& line = StartEventLine(g);
+    line.append("      ");
     line += g.PlayerName[static_cast<std::size_t>(p)];
     return line;
   }
   void End() {
     if (!written) {
-      LogLine(g, head);
+      WriteEventLine(g, head);
       written = true;
     }
-    LogLine(g, line);
+    WriteEventLine(g, g.eventsLog.LogLine);
   }
 };
 
@@ -67,9 +44,20 @@ void LogScriptSwitches(Game& g) {
     const bool now = g.roll.ScriptActive[static_cast<std::size_t>(p)];
     if (now == g.roll.ScriptActiveAtRoll[static_cast<std::size_t>(p)]) continue;
     std::string& l = s.Begin(p);
-    // The script's file title belongs to the script store; until it is
-    // known here every activation reads as untitled.
-    l += now ? " activated untitled auto-bets" : " deactivated auto-bets";
+    const std::string& file = g.scriptSource.ScriptFile[static_cast<std::size_t>(p)];
+    if (!now) {
+      l += " deactivated auto-bets";
+    } else if (file.empty()) {
+      l += " activated untitled auto-bets";
+    } else {
+      // The stored path has each '&' doubled for captions; the log shows it as it is.
+      l += " activated (";
+      for (std::size_t i = 0; i < file.size(); ++i) {
+        l += file[i];
+        if (file[i] == '&' && i + 1 < file.size() && file[i + 1] == '&') ++i;
+      }
+      l += ')';
+    }
     s.End();
   }
 }
@@ -104,7 +92,13 @@ void LogAtmMoves(Game& g) {
 
 void LogBetChange(Game& g, Section& s, int p, int b) {
   const Currency a = g.Bet(p, b), was = g.BetAtRoll(p, b);
-  const bool lostLast = g.StatLosses(FrameIndex(p, kFrameCurrentSession), b, kStatRollOfLast) == Currency::FromWhole(g.RollTally(kTableSession, kEventRolls));
+  // Decisions of the last roll carry its number (none before a session's first roll).
+  const Long rolls = g.RollTally(kTableSession, kEventRolls);
+  const Currency lastRoll = Currency::FromWhole(rolls);
+  const int row = FrameIndex(p, kFrameCurrentSession);
+  const bool lostLast = rolls > 0 && g.StatLosses(row, b, kStatRollOfLast) == lastRoll;
+  // A bet the last roll decided and that came down was not removed by its player.
+  const bool decidedLast = rolls > 0 && g.StatAction(row, b, kStatRollOfLast) == lastRoll;
   const int total = g.DiceTotal;  // still the previous roll's
   const int dc = IsBoxNumber(total) ? DontComeId(total) : -1;
   const int cp = IsBoxNumber(total) ? ComeId(total) : -1;
@@ -126,9 +120,9 @@ void LogBetChange(Game& g, Section& s, int p, int b) {
     AppendPlainAmount(l, a);
     s.End();
   };
-  if (a.IsZero() && !lostLast && was.raw > 0 && b != bet::kCome && b != bet::kDontCome) {
+  if (a.IsZero() && !decidedLast && was.raw > 0 && b != bet::kCome && b != bet::kDontCome) {
     amountLine(" removed $", was, " bet on ");
-  } else if (a.IsZero() && !lostLast && b == dc && dcBox.raw > 0) {
+  } else if (a.IsZero() && !decidedLast && b == dc && dcBox.raw > 0) {
     amountLine(" removed $", dcBox, " bet on ");
   } else if (a.raw > 0 && (b == bet::kCome || b == bet::kDontCome) && was.raw > 0) {
     amountLine(" bet $", a, " on ");
@@ -180,7 +174,7 @@ void LogStackChanges(Game& g) {
       if (a == was) continue;
       std::string& l = s.Begin(p);
       l += a > was ? " increased CheckStack #" : " decreased CheckStack #";
-      l += std::to_string(b - 100);
+      AppendWhole(l, b - bet::kCheckStackFirst);
       l += " to $";
       AppendPlainAmount(l, a);
       s.End();
@@ -199,14 +193,15 @@ void LogChangesSinceLastRoll(Game& g) {
 
 void LogRollLine(Game& g, DiceSource source) {
   if (!g.roll.LogRolls) return;
-  std::string l = " Roll #";
-  l += std::to_string(g.RollTally(kTableSession, kEventRolls) + 1);
+  std::string& l = StartEventLine(g);
+  l += " Roll #";
+  AppendWhole(l, g.RollTally(kTableSession, kEventRolls) + 1);
   l += ":  ";
-  l += std::to_string(g.Die1 + g.Die2);
+  AppendWhole(l, g.Die1 + g.Die2);
   l += " (";
-  l += std::to_string(g.Die1);
+  AppendWhole(l, g.Die1);
   l += '.';
-  l += std::to_string(g.Die2);
+  AppendWhole(l, g.Die2);
   l += ')';
   switch (source) {
     case DiceSource::Queued:
@@ -218,7 +213,7 @@ void LogRollLine(Game& g, DiceSource source) {
       break;
     case DiceSource::Generator:
       l += " from RNG #";
-      l += std::to_string(g.dice.RngIndex + 1);
+      AppendWhole(l, g.dice.RngIndex + 1);
       if (g.dice.ProbabilityDiceOn) {
         const std::string& file = g.probability.ProbFilePath;
         if (file.empty()) {
@@ -230,7 +225,7 @@ void LogRollLine(Game& g, DiceSource source) {
       }
       break;
   }
-  LogLine(g, l);
+  WriteEventLine(g, l);
 }
 
 void LogRollResults(Game& g) {
@@ -238,12 +233,15 @@ void LogRollResults(Game& g) {
     LogBankrollChanges(g, g.BetAtRoll, {" increased to $", " decreased to $", " gain)", " loss)"});
   if (g.roll.LogNewHand && g.DiceTotal == 7 && g.PointAtRoll > 0) {
     const std::string& shooter = g.PlayerName[static_cast<std::size_t>(g.Shooter)];
-    if (g.Shooter != g.PrevHandShooter)
-      LogLine(g, "----New shooter (" + shooter + ") coming out----------");
-    else if (g.Shooter == 0)
-      LogLine(g, "----New hand, come-out roll----------");
-    else
-      LogLine(g, "----Same shooter (" + shooter + ") coming out----------");
+    if (g.Shooter != g.PrevHandShooter || g.Shooter != 0) {
+      std::string& l = StartEventLine(g);
+      l += g.Shooter != g.PrevHandShooter ? "----New shooter (" : "----Same shooter (";
+      l += shooter;
+      l += ") coming out----------";
+      WriteEventLine(g, l);
+    } else {
+      WriteEventLine(g, "----New hand, come-out roll----------");
+    }
   }
 }
 

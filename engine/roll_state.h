@@ -1,11 +1,12 @@
 // State of the roll cycle and start-up that is not one of the game's bet or
-// tally tables: the folders, the events-log switches and the text sink the
-// roll writes its log lines to, the graph's view settings that the roll's
-// history shift reads, the script switches, and a queue of known dice.
+// tally tables: the folders, the events-log switches and path (the log's
+// writer keeps its own working state, logs/events_log_state.h), the graph's
+// view settings that the roll's history shift reads, the script switches,
+// and a queue of known dice.
 //
 // What must stay true:
-// - LogText is written only while LogOn is set; with logging off the roll
-//   path never touches it, so a roll allocates nothing.
+// - The roll writes log lines only while LogOn is set; with logging off the
+//   roll path never builds a line, so a roll allocates nothing.
 // - QueuedDice is empty in play. It is the hook through which the roll pad
 //   and the tests hand the roll a known pair; RollDice takes from it before
 //   any other dice source.
@@ -32,9 +33,7 @@ struct RollState {
   bool LogRolls = true, LogBets = true, LogStacks = true, LogNewHand = true;
   bool LogWins = true, LogLosses = true, LogPasses = true, LogBankroll = true;
   bool LogClearOnNew = false;  // a new session starts the log afresh
-  // Lines written by the roll while LogOn, each ending in '\n'. The events
-  // log file takes them from here.
-  std::string LogText;
+  bool LogRollOnTop = false;   // the viewer's top line follows each new roll line
 
   // Stick calls 1..18 of the chosen set, by path (empty: not listed).
   std::array<std::string, 19> StickCallFile{};

@@ -47,7 +47,7 @@ void Miss(Game& g) { MissWithCall(g, 14); }
 void MissAtBar(Game& g) { MissWithCall(g, 15); }
 
 void LogPass(Game& g, std::string_view line) {
-  if (g.roll.LogOn && g.roll.LogPasses) LogLine(g, line);
+  if (g.roll.LogOn && g.roll.LogPasses) WriteEventLine(g, line);
 }
 
 }  // namespace

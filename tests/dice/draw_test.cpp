@@ -5,9 +5,9 @@
 #include <array>
 #include <memory>
 
+#include "core/headless_platform.h"
 #include "dice/generators.h"
 #include "dice/rng.h"
-#include "core/headless_platform.h"
 
 namespace {
 

@@ -5,19 +5,24 @@
 #include <memory>
 #include <vector>
 
+#include "core/headless_platform.h"
 #include "dice/generators.h"
 #include "dice/rng.h"
-#include "core/headless_platform.h"
+#include "tests/support/events_log_text.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
 struct SeedFixture : ::testing::Test {
+  TempFolder folder;
   HeadlessPlatform platform;
   std::unique_ptr<Game> game = std::make_unique<Game>();
 
   void SetUp() override {
     game->platform = &platform;
     platform.fixedTime = 123456;
+    game->roll.DataFolder = folder.Path();
+    InitEventsLog(*game);
   }
 
   std::vector<Long> Rolls(int n) {
@@ -149,18 +154,20 @@ TEST_F(SeedFixture, StartUpSeedsAllAndSelectsByLibraries) {
                        Case{kMissingFirstMt | kMissingSecondMt, 3}}) {
     auto fresh = std::make_unique<Game>();
     fresh->platform = &platform;
+    fresh->roll.DataFolder = folder.Path();
+    InitEventsLog(*fresh);
     fresh->dice.MissingDllMask = c.mask;
     SeedGeneratorsAtStartUp(*fresh);
     EXPECT_EQ(fresh->dice.RngIndex, c.selected) << c.mask;
     EXPECT_TRUE(fresh->dice.ran1.initialised && fresh->dice.ran2.initialised);
-    EXPECT_TRUE(fresh->roll.LogText.empty()) << "a log line only with the log on";
+    EXPECT_TRUE(EventsLogText(*fresh).empty()) << "a log line only with the log on";
     EXPECT_EQ(fresh->dice.mt19937.mti == kMtWords + 1, (c.mask & kMissingFirstMt) != 0);
     EXPECT_EQ(fresh->dice.mtSecond.mti == kMtWords + 1, (c.mask & kMissingSecondMt) != 0);
   }
   // Five seedings within one millisecond: no two neighbours share a seed.
   game->roll.LogOn = true;
   SeedGeneratorsAtStartUp(*game);
-  EXPECT_EQ(game->roll.LogText,
+  EXPECT_EQ(EventsLogText(*game),
             "    RNG #3 seeded: 1235\n"
             "    RNG #5 seeded: 123456\n"
             "    RNG #4 seeded: 123457\n"

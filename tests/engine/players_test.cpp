@@ -22,8 +22,8 @@ class Players : public TableFixture {
   }
 
   // The last line of the events log, without its newline.
-  std::string LastLog() const {
-    const std::string& t = g.roll.LogText;
+  std::string LastLog() {
+    const std::string t = EventsLogText(g);
     if (t.size() < 2) return {};
     const auto nl = t.rfind('\n', t.size() - 2);
     const size_t start = nl == std::string::npos ? 0 : nl + 1;
@@ -139,7 +139,7 @@ TEST_F(Players, CashingOutAbandonsTheBetsThatCantComeDown) {
   EXPECT_EQ(platform.messages.back().text,
             "Would you like to remove P1?\r\rP1 still has an active Pass Line bet and 2 active "
             "Come bets that can't be removed and will be abandoned.\r(Total abandoned: $30)");
-  EXPECT_EQ(LastLog(), "    P1 cashed out with $870(net loss: $130 includes $30 abandoned)");
+  EXPECT_EQ(LastLog(), "    P1 cashed out with $870 (net loss: $130 includes $30 abandoned)");
   EXPECT_TRUE(g.Bet(1, kPassLine).IsZero());
   EXPECT_EQ(g.PlayerCount, 2);
   EXPECT_EQ(g.Shooter, 3);      // the walk below seat 1 wraps to 8 and finds 3

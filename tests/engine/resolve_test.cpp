@@ -274,7 +274,7 @@ TEST_F(Resolve, DecisionsFollowThePassesAndTheStickOrder) {
       "      P7 won $10 on Don't Pass\n"
       "      P5 won $19 on Lay 4\n"
       "      P2 won $4 on Seven\n";
-  EXPECT_EQ(g.roll.LogText.substr(0, want.size()), want);
+  EXPECT_EQ(EventsLogText(g).substr(0, want.size()), want);
 }
 
 }  // namespace

@@ -103,13 +103,13 @@ using RollLog = RollFixture;
 
 TEST_F(RollLog, RollPassAndShooterLines) {
   Roll(4, 1);
-  EXPECT_TRUE(g.roll.LogText.empty());  // logging off
+  EXPECT_TRUE(EventsLogText(g).empty());  // logging off
   g.roll.LogOn = true;
   Roll(3, 2);
   Roll(6, 1);  // natural
   Roll(2, 2);
   Roll(5, 2);  // seven-out
-  EXPECT_EQ(g.roll.LogText,
+  EXPECT_EQ(EventsLogText(g),
             " Roll #2:  5 (3.2) from manual roll pad\n"
             "    Pass (point rolled)\n"
             " Roll #3:  7 (6.1) from manual roll pad\n"
@@ -126,14 +126,14 @@ TEST_F(RollLog, ChangesBetweenRollsAreListedUnderTheirHeads) {
   g.roll.LogOn = true;
   g.roll.LogRolls = g.roll.LogPasses = g.roll.LogWins = g.roll.LogLosses = false;
   Roll(1, 2);
-  EXPECT_TRUE(g.roll.LogText.empty());
+  EXPECT_TRUE(EventsLogText(g).empty());
   g.Bet(1, 0) = Currency::FromWhole(100);  // an ATM withdrawal between rolls
   g.Bet(1, bet::kHard6) = Currency::FromWhole(5);
   g.Bet(1, PlaceId(6)) = Currency::FromWhole(12);
   g.BetWorking(1, PlaceId(6)) = 2;
   g.Bet(1, 105) = Currency::FromRaw(25000);
   Roll(4, 1);
-  EXPECT_EQ(g.roll.LogText,
+  EXPECT_EQ(EventsLogText(g),
             "    Bankroll:\n"
             "      Ann's bankroll increased to $100 ($100 ATM withdrawal)\n"
             "    Bets:\n"
@@ -165,19 +165,19 @@ TEST_F(RollLogField, ABetLostLastRollIsNotReportedAsRemovedAndItsReturnIsANewBet
   BetField();
   Roll(2, 3);  // the Field loses on 5 and comes down
   ASSERT_EQ(g.Bet(1, bet::kField), Currency());
-  g.roll.LogText.clear();
+  ClearEventsLogText(g);
   Roll(2, 2);
-  EXPECT_EQ(g.roll.LogText, "");
+  EXPECT_EQ(EventsLogText(g), "");
   BetField();
   Roll(1, 2);
-  EXPECT_EQ(g.roll.LogText, "    Bets:\n      Ann bet $5 on Field\n");
+  EXPECT_EQ(EventsLogText(g), "    Bets:\n      Ann bet $5 on Field\n");
 }
 
 TEST_F(RollLogField, ARollsBankrollResultIsLoggedAsGain) {
   g.roll.LogBets = false;
   BetField();
   Roll(1, 2);  // the Field pays even money on 3
-  EXPECT_EQ(g.roll.LogText, "    Bankroll:\n      Ann increased to $105 ($5 gain)\n");
+  EXPECT_EQ(EventsLogText(g), "    Bankroll:\n      Ann increased to $105 ($5 gain)\n");
 }
 
 }  // namespace

@@ -11,15 +11,17 @@
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "cycle/roll.h"
-#include "engine/roll_steps.h"
 #include "cycle/startup.h"
+#include "engine/roll_steps.h"
+#include "tests/support/events_log_text.h"
+#include "tests/support/temp_folder.h"
 
 class RollFixture : public ::testing::Test {
  protected:
   RollFixture() : owner_(MakeGame(platform)), g(*owner_) {
     platform.fixedTime = 0;
     platform.clockStep = 1;
-    StartUp(g, "/tmp/ravelton-roll-tests");
+    StartUp(g, folder.Path());
     g.rules.BetRequirement = kNoBetRequired;
   }
 
@@ -36,6 +38,7 @@ class RollFixture : public ::testing::Test {
     ++g.PlayerCount;
   }
 
+  TempFolder folder;  // program and data folder: the events log goes here
   HeadlessPlatform platform;
   std::unique_ptr<Game> owner_;
   Game& g;

@@ -102,13 +102,13 @@ TEST_F(Session, TheGraphStartsAtItsFirstPage) {
 TEST_F(Session, TheLogOpensTheSessionWithTheShooterLine) {
   g.roll.LogOn = true;
   NewSession(g, false, false, true, 0);
-  const std::string& log = g.roll.LogText;
+  const std::string log = EventsLogText(g);
   EXPECT_EQ(log.find(" New session started "), 0u);
   EXPECT_NE(log.find("\n----New hand, come-out roll----------\n"), std::string::npos);
   EXPECT_EQ(log.find("===="), std::string::npos);  // nothing was logged before
   NewSession(g, false, false, true, 0);
   EXPECT_NE(
-      g.roll.LogText.find("============================================\n New session started "),
+      EventsLogText(g).find("============================================\n New session started "),
       std::string::npos);
 }
 

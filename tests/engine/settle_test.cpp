@@ -187,8 +187,8 @@ TEST_F(Settle, ComeAndDontComeTravelToTheirNumber) {
   EXPECT_EQ(g.Bet(2, DontComeId(5)), 15_usd);
   EXPECT_EQ(g.Bet(2, PlaceId(5)), 10_usd);  // only a Come bet takes Place bets down
   EXPECT_EQ(
-      g.roll.LogText,
-      "      P1's Come bet moved to Come 5\n      P2's Don't Come bet moved to Don't Come 5\n");
+      EventsLogText(g),
+      "    P1's Come bet moved to Come 5\n    P2's Don't Come bet moved to Don't Come 5\n");
   EXPECT_EQ(Won(1), 43_usd);  // the Place and Buy 5 won before they came down
   EXPECT_EQ(Won(2), 14_usd);
 

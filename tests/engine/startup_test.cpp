@@ -10,10 +10,11 @@ namespace {
 using StartedGame = RollFixture;
 
 TEST_F(StartedGame, FoldersClockMeasureAndTheHouse) {
-  EXPECT_EQ(g.roll.AppPath, "/tmp/ravelton-roll-tests/");
+  EXPECT_EQ(g.roll.AppPath, folder.Path());
   EXPECT_EQ(g.roll.DataFolder, g.roll.AppPath);
-  EXPECT_EQ(g.roll.EventsLogPath, "/tmp/ravelton-roll-tests/Events Log.txt");
-  EXPECT_EQ(g.roll.HelpFilePath, "/tmp/ravelton-roll-tests/ravelton.chm");
+  EXPECT_EQ(g.roll.EventsLogPath, folder / "Events Log.txt");
+  EXPECT_EQ(g.eventsLog.IndexPath, folder / "Events Log.ref");
+  EXPECT_EQ(g.roll.HelpFilePath, folder / "ravelton.chm");
   // The clock advances 1 ms per read: 99 calls fit in 100 ms.
   EXPECT_EQ(g.roll.LoopsPerTick, 9);
   EXPECT_EQ(g.PlayerName[0], "House");

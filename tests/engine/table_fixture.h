@@ -17,10 +17,12 @@
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "core/payoff_math.h"
-#include "engine/resolve.h"
 #include "cycle/roll.h"
-#include "engine/roll_steps.h"
 #include "cycle/startup.h"
+#include "engine/resolve.h"
+#include "engine/roll_steps.h"
+#include "tests/support/events_log_text.h"
+#include "tests/support/temp_folder.h"
 
 class TableFixture : public ::testing::Test {
  protected:
@@ -29,7 +31,7 @@ class TableFixture : public ::testing::Test {
   TableFixture() : owner_(MakeGame(platform)), g(*owner_) {
     platform.fixedTime = 0;
     platform.clockStep = 1000;  // start-up's clock measure ends at once
-    StartUp(g, "/tmp/ravelton-tests");
+    StartUp(g, folder.Path());
     g.HyperDrive = true;  // no dialogs unless a test asks for them
     for (int p = 1; p <= 3; ++p) Seat(p, "P" + std::to_string(p));
   }
@@ -100,6 +102,7 @@ class TableFixture : public ::testing::Test {
     platform.queuedReplies.push_back(r);
   }
 
+  TempFolder folder;  // program and data folder: the events log goes here
   HeadlessPlatform platform;
 
  private:

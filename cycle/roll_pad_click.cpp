@@ -1,0 +1,45 @@
+#include "cycle/roll_pad_click.h"
+
+#include "core/game.h"
+#include "core/message_dialog.h"
+#include "cycle/roll.h"
+#include "dice/roll_pad.h"
+
+namespace {
+
+// Yes, No, the question mark, the focus on No.
+constexpr int kPadQuestionStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusNo;
+constexpr int kHyperDriveHelp = 540;
+
+// During Hyper-Drive a click asks to stop the run and never rolls. (A run
+// of scripts will ask "Do you want to interrupt auto-betting?" here in the
+// same way once the interpreter keeps its running flag.)
+bool BusyWithARun(Game& g) {
+  if (!g.HyperDrive) return false;
+  if (ShowNotice(g, "Do you want to stop Hyper-Drive?", "Hyper-Drive Active", kHyperDriveHelp,
+                 kPadQuestionStyle) == kAnswerYes)
+    g.KeepRolling = false;
+  return true;
+}
+
+}  // namespace
+
+PadClickOutcome PadClick(Game& g, bool rightButton, int x, int y, int width, int height,
+                         double rnd) {
+  if (rightButton) return PadClickOutcome::ShowMenu;
+  if (BusyWithARun(g) || g.RollBusy) return PadClickOutcome::Nothing;
+  RollPadState& pad = g.pad;
+  const PadLayout layout = PadLayoutFor(PadKindOf(pad.PadOptions), width, height);
+  const PadCell cell =
+      PadCellOfClick(layout, x, y, width, height, (pad.PadOptions & kPadRollCounter) != 0);
+  if (cell.what == PadCell::Empty) return PadClickOutcome::Nothing;
+  if (!ChoosePadDice(pad, cell, rnd)) return PadClickOutcome::Picked;
+  RollDice(g);
+  return PadClickOutcome::Rolled;
+}
+
+bool PadRandomRoll(Game& g) {
+  if (BusyWithARun(g) || g.RollBusy) return false;
+  RollDice(g);
+  return true;
+}

@@ -1,0 +1,301 @@
+#include "logs/events_log_view.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <system_error>
+
+#include "core/message_dialog.h"
+#include "core/file_io.h"
+#include "core/game.h"
+#include "logs/events_log.h"
+#include "logs/events_log_index.h"
+
+namespace {
+
+constexpr std::size_t kBlock = 64 * 1024;
+constexpr std::int64_t kRecord = 4;
+// Lines visited per chunk by Find, and the largest span of the log read at once.
+constexpr std::int64_t kFindChunk = 4096;
+constexpr std::int64_t kFindSpan = 4 << 20;
+
+// Reads lines forward from a position in blocks of kBlock bytes.
+class LineReader {
+ public:
+  LineReader(const FileHandle& f, std::int64_t offset) : f_(f), offset_(offset), block_(kBlock) {}
+  // The next line without its CR LF, cut at kEventsLogShownLine; false at the end.
+  bool Next(std::string& line) {
+    line.clear();
+    bool any = false;
+    for (;;) {
+      if (at_ == size_) {
+        const std::int64_t got = ReadAt(f_, offset_, block_.data(), block_.size());
+        if (got <= 0) return any;
+        offset_ += got;
+        size_ = static_cast<std::size_t>(got);
+        at_ = 0;
+      }
+      any = true;
+      const char c = block_[at_++];
+      if (c == '\n') break;
+      if (line.size() < kEventsLogShownLine + 1) line.push_back(c);
+    }
+    Finish(line);
+    return true;
+  }
+  // A line ends in CR LF; the CR is not part of the text.
+  static void Finish(std::string& line) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (line.size() > kEventsLogShownLine) line.resize(kEventsLogShownLine);
+  }
+
+ private:
+  const FileHandle& f_;
+  std::int64_t offset_;
+  std::vector<char> block_;
+  std::size_t at_ = 0, size_ = 0;
+};
+
+std::string FileNameOf(const std::string& path) {
+  const auto slash = path.find_last_of('/');
+  return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+std::string LowerCase(std::string_view text) {
+  std::string s(text);
+  for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return s;
+}
+
+// Lines a..b of the log, visited in `direction` order until visit returns
+// true; false only when the files cannot be read as the index says. Records
+// a..b+1 and the span between them come in one read each; a span too long
+// for one read is read line by line, each line cut.
+template <class Visit>
+bool VisitLines(const FileHandle& log, const FileHandle& index, std::int64_t lines,
+                std::int64_t logLength, std::int64_t a, std::int64_t b, int direction,
+                Visit&& visit) {
+  std::vector<unsigned char> records(static_cast<std::size_t>((b - a + 2) * kRecord));
+  const std::int64_t wanted = (std::min(b + 1, lines) - a + 1) * kRecord;
+  if (ReadAt(index, (a - 1) * kRecord, records.data(), static_cast<std::size_t>(wanted)) != wanted)
+    return false;
+  auto start = [&](std::int64_t n) -> std::int64_t {
+    if (n > lines) return logLength + 1;
+    return GetLong32(records.data() + (n - a) * kRecord);
+  };
+  const std::int64_t from = start(a), to = start(b + 1);
+  if (from < 1 || to < from || to > logLength + 1) return false;
+  std::vector<char> span;
+  const bool whole = to - from <= kFindSpan;
+  if (whole) {
+    span.resize(static_cast<std::size_t>(to - from));
+    if (ReadAt(log, from - 1, span.data(), span.size()) != to - from) return false;
+  }
+  std::string line;
+  for (std::int64_t k = 0; k <= b - a; ++k) {
+    const std::int64_t n = direction > 0 ? a + k : b - k;
+    const std::int64_t s = start(n), e = start(n + 1);
+    if (s < from || e < s || e > to) return false;
+    const std::size_t len =
+        static_cast<std::size_t>(std::min<std::int64_t>(e - s, kEventsLogShownLine + 2));
+    if (whole) {
+      line.assign(span.data() + (s - from), len);
+    } else {
+      line.resize(len);
+      line.resize(static_cast<std::size_t>(
+          std::max<std::int64_t>(ReadAt(log, s - 1, line.data(), len), 0)));
+    }
+    if (!line.empty() && line.back() == '\n') line.pop_back();
+    LineReader::Finish(line);
+    if (visit(n, line)) return true;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::int64_t PrepareEventsLogIndex(Game& g, std::string& error) {
+  FlushEventsLog(g);
+  const std::string& logPath = g.roll.EventsLogPath;
+  const std::string& indexPath = g.eventsLog.IndexPath;
+  if (!FileExists(logPath)) return 0;
+  if (!EventsLogIndexMatches(logPath, indexPath) && !BuildEventsLogRef(logPath, indexPath, error))
+    return 0;
+  return std::max<std::int64_t>(FileLength(indexPath), 0) / kRecord;
+}
+
+EventsLogPage ReadEventLines(Game& g, std::int64_t first, int count) {
+  EventsLogPage page;
+  page.lineCount = PrepareEventsLogIndex(g, page.error);
+  if (page.lineCount == 0 || count <= 0) return page;
+  first = std::clamp<std::int64_t>(first, 1, page.lineCount);
+  page.first = first;
+  FileHandle log = OpenForReading(g.roll.EventsLogPath);
+  FileHandle index = OpenForReading(g.eventsLog.IndexPath);
+  unsigned char record[kRecord];
+  if (!log.IsOpen() || !index.IsOpen() ||
+      ReadAt(index, (first - 1) * kRecord, record, kRecord) != kRecord) {
+    page.error = "Cannot read " + g.roll.EventsLogPath + ": " + SystemErrorText();
+    return page;
+  }
+  const std::int64_t wanted = std::min<std::int64_t>(count, page.lineCount - first + 1);
+  LineReader reader(log, static_cast<std::int64_t>(GetLong32(record)) - 1);
+  std::string line;
+  while (static_cast<std::int64_t>(page.lines.size()) < wanted && reader.Next(line))
+    page.lines.push_back(line);
+  return page;
+}
+
+EventsLogPage PaintEventsLog(Game& g, int rows) {
+  std::string error;
+  const std::int64_t lines = PrepareEventsLogIndex(g, error);
+  auto& top = g.eventsLog.LogTopLine;
+  top =
+      static_cast<std::int32_t>(std::clamp<std::int64_t>(top, 1, std::max<std::int64_t>(lines, 1)));
+  EventsLogPage page = ReadEventLines(g, top, rows);
+  if (page.error.empty()) page.error = error;
+  return page;
+}
+
+std::int64_t EventsLogScrollMax(std::int64_t lines) {
+  return std::clamp<std::int64_t>(lines, 1, kEventsLogScrollRange);
+}
+
+std::int64_t TopLineAfterScroll(std::int64_t top, std::int64_t lines, std::int64_t oldValue,
+                                std::int64_t newValue) {
+  const std::int64_t last = std::max<std::int64_t>(lines, 1);
+  if (lines <= kEventsLogScrollRange) return std::clamp<std::int64_t>(newValue, 1, last);
+  return std::clamp<std::int64_t>(top + newValue - oldValue, 1, last);
+}
+
+std::int64_t ScrollValueOfTopLine(std::int64_t top, std::int64_t lines) {
+  if (lines <= kEventsLogScrollRange)
+    return std::clamp<std::int64_t>(top, 1, std::max<std::int64_t>(lines, 1));
+  if (top <= 1) return 1;
+  if (top >= lines) return kEventsLogScrollRange;
+  return std::clamp<std::int64_t>(top * kEventsLogScrollRange / lines, 1, kEventsLogScrollRange);
+}
+
+std::int64_t TopLineOfThumb(std::int64_t value, std::int64_t lines) {
+  if (lines <= kEventsLogScrollRange)
+    return std::clamp<std::int64_t>(value, 1, std::max<std::int64_t>(lines, 1));
+  return std::clamp<std::int64_t>(value * lines / kEventsLogScrollRange, 1, lines);
+}
+
+EventLineLook LookOfEventLine(std::string_view line) {
+  EventLineLook look;
+  const auto first = line.find_first_not_of(' ');
+  if (first == std::string_view::npos) return look;
+  const std::string_view text = line.substr(first);
+  if (text.starts_with("New session started")) {
+    look.kind = EventLineKind::Session;
+  } else if (text.starts_with("Roll #")) {
+    look.kind = EventLineKind::Roll;
+    const auto colon = line.find(':');
+    if (colon != std::string_view::npos) {
+      std::size_t s = colon + 1;
+      while (s < line.size() && line[s] == ' ') ++s;
+      std::size_t e = s;
+      while (e < line.size() && std::isdigit(static_cast<unsigned char>(line[e]))) ++e;
+      look.numberStart = s;
+      look.numberLength = e - s;
+    }
+  }
+  return look;
+}
+
+bool AskFindText(Game& g) {
+  g.msg.MsgInput1 = g.eventsLog.FindText;
+  const int answer = ShowNotice(g,
+                                "If found, the line will scroll to the top of the events log.\r\r"
+                                "Enter the text you'd like to find:",
+                                "Find", 0, kMsgOk | kMsgCancel | kMsgInput1);
+  if (answer != kAnswerOk) return false;
+  g.eventsLog.FindText = LowerCase(g.msg.MsgInput1);
+  return true;
+}
+
+bool FindInEventsLog(Game& g, int direction) {
+  direction = direction < 0 ? -1 : 1;
+  std::string error;
+  const std::int64_t lines = PrepareEventsLogIndex(g, error);
+  const std::string& wanted = g.eventsLog.FindText;
+  std::int64_t hit = 0;
+  if (lines > 0 && !wanted.empty()) {
+    FileHandle log = OpenForReading(g.roll.EventsLogPath);
+    FileHandle index = OpenForReading(g.eventsLog.IndexPath);
+    const std::int64_t logLength = FileLength(g.roll.EventsLogPath);
+    const std::int64_t top = std::clamp<std::int64_t>(g.eventsLog.LogTopLine, 1, lines);
+    std::string lower;
+    auto visit = [&](std::int64_t n, const std::string& line) {
+      lower = LowerCase(line);
+      if (lower.find(wanted) == std::string::npos) return false;
+      hit = n;
+      return true;
+    };
+    // Once round: the lines after the top one in the direction, wrapping,
+    // and the top line itself last.
+    std::int64_t n = top;
+    for (std::int64_t left = lines; left > 0 && hit == 0 && log.IsOpen() && index.IsOpen();) {
+      n += direction;
+      if (n > lines) n = 1;
+      if (n < 1) n = lines;
+      const std::int64_t room = direction > 0 ? lines - n + 1 : n;
+      const std::int64_t take = std::min({kFindChunk, left, room});
+      const std::int64_t a = direction > 0 ? n : n - take + 1, b = a + take - 1;
+      if (!VisitLines(log, index, lines, logLength, a, b, direction, visit)) break;
+      n = direction > 0 ? b : a;
+      left -= take;
+    }
+  }
+  if (hit > 0) {
+    g.eventsLog.LogTopLine = static_cast<std::int32_t>(hit);
+    return true;
+  }
+  ShowNotice(g, "Text not found.", "Search Results", 0, kMsgOk);
+  return false;
+}
+
+std::string EventsLogTitle(const Game& g) {
+  const std::string name = FileNameOf(g.roll.EventsLogPath);
+  if (LowerCase(name) == "events log.txt") return "Events Log";
+  return "Events Log (" + name + ")";
+}
+
+int AskSaveEventsLog(Game& g) {
+  if (LowerCase(FileNameOf(g.roll.EventsLogPath)) != "events log.txt") return kAnswerOk;
+  return ShowNotice(g,
+                    "This log needs to be re-named if you want to save it.\r\r"
+                    "Do you want to re-name it now?",
+                    "Save Events Log?", 0, kMsgYes | kMsgNo | kMsgCancel);
+}
+
+void StartNewEventsLog(Game& g) {
+  FlushEventsLog(g);
+  g.roll.EventsLogPath = g.roll.DataFolder + "Events Log.txt";
+  ClearEventsLog(g);
+  g.roll.SessionDirty = true;
+}
+
+void OpenEventsLog(Game& g, const std::string& path) {
+  FlushEventsLog(g);
+  // The one index belongs to the one current log: it is rebuilt for the new one.
+  RemoveFileIfPresent(g.eventsLog.IndexPath);
+  g.roll.EventsLogPath = path;
+  g.eventsLog.LogTopLine = 1;
+  g.roll.SessionDirty = true;
+}
+
+bool SaveEventsLogAs(Game& g, const std::string& target) {
+  FlushEventsLog(g);
+  std::error_code ec;
+  std::filesystem::rename(g.roll.EventsLogPath, target, ec);
+  if (ec) {
+    ShowNotice(g, "Cannot save the events log as " + target + ": " + ec.message(),
+               "Save Events Log As", 0, kMsgOk);
+    return false;
+  }
+  g.roll.EventsLogPath = target;
+  g.roll.SessionDirty = true;
+  return true;
+}

@@ -1,0 +1,330 @@
+// The events log file and its index: the writer keeps one record per line,
+// a reader rebuilds any index that does not fit its log, pages come from the
+// middle of a large log by the index alone, Find wraps, and the viewer's
+// scroll bar reaches every line.
+#include "logs/events_log.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "core/file_io.h"
+#include "core/message_dialog.h"
+#include "cycle/session.h"
+#include "logs/events_log_index.h"
+#include "logs/events_log_view.h"
+#include "tests/engine/roll_fixture.h"
+
+namespace {
+
+// The index a log must have: the 1-based start of every line, 4 bytes each.
+std::string ModelIndex(const std::string& log) {
+  std::string index;
+  for (std::size_t i = 0; i < log.size(); ++i) {
+    if (i != 0 && log[i - 1] != '\n') continue;
+    unsigned char r[4];
+    PutLong32(r, static_cast<std::uint32_t>(i + 1));
+    index.append(reinterpret_cast<char*>(r), 4);
+  }
+  return index;
+}
+
+// The lines of a log as a reader shows them: split at LF, CR LF removed.
+std::vector<std::string> ModelLines(const std::string& log) {
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  while (start < log.size()) {
+    auto end = log.find('\n', start);
+    if (end == std::string::npos) end = log.size();
+    std::string line = log.substr(start, end - start);
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(line);
+    start = end + 1;
+  }
+  return lines;
+}
+
+void WriteFile(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+class EventsLog : public RollFixture {
+ protected:
+  EventsLog() { g.roll.LogOn = true; }
+  std::string LogPath() const { return g.roll.EventsLogPath; }
+  std::string IndexPath() const { return g.eventsLog.IndexPath; }
+  std::string Log() { return ReadWholeFile(LogPath()); }
+  std::string Index() { return ReadWholeFile(IndexPath()); }
+  // Writes n numbered lines as a roll does: held back, then flushed.
+  void WriteInRoll(int n, const std::string& stem = "line ") {
+    g.RollBusy = true;
+    for (int i = 1; i <= n; ++i) {
+      std::string& l = StartEventLine(g);
+      l += stem;
+      AppendWhole(l, i);
+      WriteEventLine(g, l);
+    }
+    g.RollBusy = false;
+    ASSERT_TRUE(FlushEventsLog(g));
+  }
+};
+
+TEST_F(EventsLog, LinesEndInCrLfAndTheIndexKeepsInStep) {
+  WriteEventLine(g, "first");  // outside a roll: on disk at once
+  EXPECT_EQ(Log(), "first\r\n");
+  EXPECT_EQ(Index(), ModelIndex("first\r\n"));  // the first line sits at position 1
+  EXPECT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
+
+  g.RollBusy = true;
+  WriteEventLine(g, "held");
+  WriteEventLine(g, "");
+  EXPECT_EQ(Log(), "first\r\n") << "a roll's lines wait for its end";
+  g.RollBusy = false;
+  FlushEventsLog(g);
+  EXPECT_EQ(Log(), "first\r\nheld\r\n\r\n");
+  EXPECT_EQ(Index(), ModelIndex(Log()));
+
+  // A batch larger than the writer's buffer goes out in pieces, still in step.
+  WriteInRoll(static_cast<int>(kEventsLogBatch / 8), "a somewhat longer line of the log #");
+  EXPECT_EQ(Index(), ModelIndex(Log()));
+  EXPECT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
+  EXPECT_TRUE(g.eventsLog.WriteError.empty());
+}
+
+TEST_F(EventsLog, RollsNewSessionsAndClearingKeepTheIndexExact) {
+  Seat(1, "Ann");
+  g.Bet(1, 0) = Currency::FromWhole(100);
+  for (auto [a, b] : {std::pair{3, 4}, {2, 2}, {5, 6}, {4, 3}}) Roll(a, b);
+  EXPECT_EQ(Index(), ModelIndex(Log()));
+  NewSession(g, false, false, true, 0);
+  Roll(1, 1);
+  EXPECT_NE(Log().find("============================================\r\n New session started "),
+            std::string::npos);
+  EXPECT_EQ(Index(), ModelIndex(Log()));
+
+  g.roll.LogClearOnNew = true;
+  g.eventsLog.LogTopLine = 9;
+  NewSession(g, false, false, true, 0);
+  EXPECT_EQ(Log().find(" New session started "), 0u) << "a cleared log starts afresh";
+  EXPECT_EQ(Index(), ModelIndex(Log()));
+  EXPECT_EQ(g.eventsLog.LogTopLine, 1);
+
+  g.roll.LogOn = false;
+  const std::string before = Log();
+  Roll(6, 6);
+  EXPECT_EQ(Log(), before) << "nothing is written with the log off";
+}
+
+TEST_F(EventsLog, TheTopLineFollowsRollLinesOnlyWhenAsked) {
+  WriteInRoll(5);
+  Roll(2, 3);
+  EXPECT_EQ(g.eventsLog.LogTopLine, 1);
+  g.roll.LogRollOnTop = true;
+  Roll(2, 3);  // lines 7 ("Roll #2") and 8 (its pass line)
+  EXPECT_EQ(g.eventsLog.LogTopLine, 8);
+  EXPECT_EQ(ReadEventLines(g, 8, 1).lines.at(0), " Roll #2:  5 (2.3) from manual roll pad");
+}
+
+// Every way an index can fail its log: the reader rebuilds it, and the page
+// and the new index are those of the log as it is.
+TEST_F(EventsLog, AnIndexThatDoesNotFitItsLogIsRebuilt) {
+  const std::string good = "one\r\ntwo\r\n\r\nfour\r\nfive\r\n";
+  struct Case {
+    const char* what;
+    std::string log;
+    std::function<void(const std::string& log, const std::string& index)> spoil;
+  };
+  const std::vector<Case> cases = {
+      {"missing index", good, [](auto&, auto& index) { RemoveFileIfPresent(index); }},
+      {"part of a record", good,
+       [](auto&, auto& index) { std::ofstream(index, std::ios::app | std::ios::binary) << 'x'; }},
+      {"one record short", good,
+       [](auto& log, auto& index) {
+         WriteFile(index, ModelIndex(ReadWholeFile(log)).substr(4));
+         CopyModificationTime(log, index);
+       }},
+      {"garbage records, same length and stamp", good,
+       [](auto& log, auto& index) {
+         WriteFile(index, std::string(20, '\x7f'));
+         CopyModificationTime(log, index);
+       }},
+      {"positions past the end", good,
+       [](auto& log, auto& index) {
+         std::string idx = ModelIndex(ReadWholeFile(log));
+         PutLong32(reinterpret_cast<unsigned char*>(idx.data()) + 16, 1000);
+         WriteFile(index, idx);
+         CopyModificationTime(log, index);
+       }},
+      {"log appended by hand", good,
+       [](auto& log, auto&) { std::ofstream(log, std::ios::app | std::ios::binary) << "six\r\n"; }},
+      {"log without a last line end", "a\r\nb\r\nlast",
+       [](auto&, auto& index) { RemoveFileIfPresent(index); }},
+      {"log emptied", "", [](auto&, auto& index) { WriteFile(index, std::string(8, '\0')); }},
+      {"bare LF lines and a lone CR", "x\ny\r\rz\n",
+       [](auto&, auto& index) { WriteFile(index, "junk"); }},
+  };
+  for (const Case& c : cases) {
+    WriteFile(LogPath(), c.log);
+    ASSERT_TRUE([&] {
+      std::string e;
+      return BuildEventsLogRef(LogPath(), IndexPath(), e);
+    }());
+    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
+    c.spoil(LogPath(), IndexPath());
+    const std::string log = Log();
+    EXPECT_FALSE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
+    const auto want = ModelLines(log);
+    const EventsLogPage page = ReadEventLines(g, 1, 100);
+    EXPECT_TRUE(page.error.empty()) << c.what << ": " << page.error;
+    EXPECT_EQ(page.lineCount, static_cast<std::int64_t>(want.size())) << c.what;
+    EXPECT_EQ(page.lines, want) << c.what;
+    EXPECT_EQ(Index(), ModelIndex(log)) << c.what;
+    EXPECT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
+  }
+}
+
+TEST_F(EventsLog, TheWriterRebuildsAnIndexThatCannotBelongBeforeAppending) {
+  WriteFile(LogPath(), "kept\r\nfrom before\r\n");
+  RemoveFileIfPresent(IndexPath());
+  WriteEventLine(g, "new");
+  EXPECT_EQ(Index(), ModelIndex(Log()));
+  EXPECT_EQ(ReadEventLines(g, 3, 1).lines, std::vector<std::string>{"new"});
+}
+
+TEST_F(EventsLog, AMillionLinesArePagedFromTheMiddleByTheIndexAlone) {
+  constexpr int kLines = 1'000'000;
+  WriteInRoll(kLines, "event number ");
+  // Spoil the log's first bytes (no line ends among them) and put its time
+  // stamp back: a reader that read from the start or rebuilt the index
+  // would now number the lines differently.
+  {
+    FileHandle f = OpenForUpdate(LogPath());
+    ASSERT_TRUE(WriteAt(f, 0, "XXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXXX", 43));
+  }
+  ASSERT_TRUE(CopyModificationTime(IndexPath(), LogPath()));
+  const EventsLogPage page = ReadEventLines(g, 500'000, 3);
+  EXPECT_EQ(page.lineCount, kLines);
+  EXPECT_EQ(page.lines, (std::vector<std::string>{"event number 500000", "event number 500001",
+                                                  "event number 500002"}));
+  EXPECT_EQ(ReadEventLines(g, kLines, 5).lines, std::vector<std::string>{"event number 1000000"});
+  // Paint clamps the top line into the log.
+  g.eventsLog.LogTopLine = kLines + 7;
+  EXPECT_EQ(PaintEventsLog(g, 2).first, kLines);
+}
+
+TEST_F(EventsLog, AHostileLineIsCutAndAMissingLogIsEmpty) {
+  EXPECT_EQ(ReadEventLines(g, 1, 10).lineCount, 0);
+  WriteFile(LogPath(), std::string(200'000, 'A') + "\r\nshort\r\n");
+  const EventsLogPage page = ReadEventLines(g, 1, 10);
+  ASSERT_EQ(page.lines.size(), 2u);
+  EXPECT_EQ(page.lines[0], std::string(kEventsLogShownLine, 'A'));
+  EXPECT_EQ(page.lines[1], "short");
+}
+
+TEST_F(EventsLog, FindWrapsBothWaysAndSaysWhenNothingIsThere) {
+  WriteInRoll(10'000, "entry ");  // more lines than one chunk of the search
+  WriteEventLine(g, "The NEEDLE is here");
+  g.eventsLog.FindText = "needle";
+  g.eventsLog.LogTopLine = 10'001;
+  EXPECT_TRUE(FindInEventsLog(g, +1));  // itself, once round
+  EXPECT_EQ(g.eventsLog.LogTopLine, 10'001);
+  g.eventsLog.FindText = "entry 5000";
+  g.eventsLog.LogTopLine = 9000;
+  EXPECT_TRUE(FindInEventsLog(g, +1));  // wraps past the end
+  EXPECT_EQ(g.eventsLog.LogTopLine, 5000);
+  EXPECT_TRUE(FindInEventsLog(g, -1));  // backward from 5000 wraps to the end's side first
+  EXPECT_EQ(g.eventsLog.LogTopLine, 5000);
+  g.eventsLog.FindText = "entry 4";
+  g.eventsLog.LogTopLine = 2;
+  EXPECT_TRUE(FindInEventsLog(g, -1));
+  EXPECT_EQ(g.eventsLog.LogTopLine, 4999);  // the last "entry 4..." going back round
+  g.eventsLog.FindText = "absent";
+  EXPECT_FALSE(FindInEventsLog(g, +1));
+  EXPECT_EQ(g.eventsLog.LogTopLine, 4999);
+  ASSERT_FALSE(platform.messages.empty());
+  EXPECT_EQ(platform.messages.back().text, "Text not found.");
+  EXPECT_EQ(platform.messages.back().title, "Search Results");
+
+  MessageReply reply;
+  reply.input1 = "Roll #";
+  platform.queuedReplies.push_back(reply);
+  EXPECT_TRUE(AskFindText(g));
+  EXPECT_EQ(g.eventsLog.FindText, "roll #");
+}
+
+TEST(EventsLogView, TheScrollBarReachesEveryLine) {
+  struct Case {
+    std::int64_t lines, top, value;
+  };
+  // The bar's value for a top line, and back from a dragged thumb.
+  for (const Case c : {Case{100, 37, 37}, Case{30'000, 30'000, 30'000}, Case{30'001, 1, 1},
+                       Case{30'001, 30'001, 30'000}, Case{60'000, 30'000, 15'000},
+                       Case{1'000'000, 500'000, 15'000}}) {
+    EXPECT_EQ(ScrollValueOfTopLine(c.top, c.lines), c.value) << c.lines << ' ' << c.top;
+    EXPECT_EQ(TopLineOfThumb(c.value, c.lines), c.top) << c.lines << ' ' << c.value;
+  }
+  EXPECT_EQ(EventsLogScrollMax(30'001), 30'000);
+  EXPECT_EQ(EventsLogScrollMax(12), 12);
+  // Beyond the bar's range one click moves one line, to the very last.
+  EXPECT_EQ(TopLineAfterScroll(30'000, 30'001, 29'999, 30'000), 30'001);
+  EXPECT_EQ(TopLineAfterScroll(30'001, 30'001, 29'999, 30'000), 30'001);
+  EXPECT_EQ(TopLineAfterScroll(5, 30'001, 2, 1), 4);
+  EXPECT_EQ(TopLineAfterScroll(5, 100, 5, 80), 80);
+}
+
+TEST(EventsLogView, SessionAndRollLinesStandOut) {
+  struct Case {
+    const char* line;
+    EventLineKind kind;
+    std::size_t start, length;
+  };
+  for (const Case c :
+       {Case{" Roll #12:  7 (3.4) from RNG #1", EventLineKind::Roll, 12, 1},
+        Case{" Roll #9:  11 (5.6) from roll file", EventLineKind::Roll, 11, 2},
+        Case{" New session started 01/02/2025 @ 10:00:00 AM", EventLineKind::Session, 0, 0},
+        Case{"    Rolls:", EventLineKind::Plain, 0, 0}, Case{"", EventLineKind::Plain, 0, 0}}) {
+    const EventLineLook look = LookOfEventLine(c.line);
+    EXPECT_EQ(look.kind, c.kind) << c.line;
+    EXPECT_EQ(look.numberStart, c.start) << c.line;
+    EXPECT_EQ(look.numberLength, c.length) << c.line;
+  }
+}
+
+TEST_F(EventsLog, NewOpenAndSaveAsMoveTheOneLogAndItsIndex) {
+  WriteEventLine(g, "a");
+  EXPECT_EQ(EventsLogTitle(g), "Events Log");
+  MessageReply cancel;
+  cancel.answer = kAnswerCancel;
+  platform.queuedReplies.push_back(cancel);
+  EXPECT_EQ(AskSaveEventsLog(g), kAnswerCancel);
+  EXPECT_EQ(platform.messages.back().title, "Save Events Log?");
+
+  ASSERT_TRUE(SaveEventsLogAs(g, folder / "kept.txt"));
+  EXPECT_EQ(EventsLogTitle(g), "Events Log (kept.txt)");
+  EXPECT_EQ(AskSaveEventsLog(g), kAnswerOk) << "a log with its own name is not asked about";
+  WriteEventLine(g, "b");
+  EXPECT_EQ(ReadWholeFile(folder / "kept.txt"), "a\r\nb\r\n");
+
+  StartNewEventsLog(g);
+  EXPECT_EQ(g.roll.EventsLogPath, folder / "Events Log.txt");
+  EXPECT_FALSE(FileExists(g.roll.EventsLogPath));
+  EXPECT_EQ(ReadWholeFile(folder / "kept.txt"), "a\r\nb\r\n") << "a named log stays on disk";
+
+  WriteEventLine(g, "fresh");
+  OpenEventsLog(g, folder / "kept.txt");
+  EXPECT_EQ(ReadEventLines(g, 2, 1).lines, std::vector<std::string>{"b"});
+  EXPECT_EQ(Index(), ModelIndex("a\r\nb\r\n"));
+}
+
+TEST_F(EventsLog, AnUnwritableLogIsReportedAndTheGameGoesOn) {
+  g.roll.EventsLogPath = folder / "no-such-folder-file/sub/Events Log.txt";
+  WriteFile(folder / "no-such-folder-file", "a file where a folder should be");
+  Roll(3, 4);
+  EXPECT_NE(g.eventsLog.WriteError.find("no-such-folder-file"), std::string::npos)
+      << g.eventsLog.WriteError;
+  EXPECT_EQ(g.RollTally(18, 0), 1);
+}
+
+}  // namespace

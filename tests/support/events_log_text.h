@@ -1,0 +1,28 @@
+// Reading the events log back in tests: the whole log as text with each
+// CR LF turned into '\n', after the lines a roll still holds are written.
+#pragma once
+
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "core/game.h"
+#include "logs/events_log.h"
+
+inline std::string ReadWholeFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+inline std::string EventsLogText(Game& g) {
+  FlushEventsLog(g);
+  std::string raw = ReadWholeFile(g.roll.EventsLogPath), text;
+  for (std::size_t i = 0; i < raw.size(); ++i)
+    if (!(raw[i] == '\r' && i + 1 < raw.size() && raw[i + 1] == '\n')) text += raw[i];
+  return text;
+}
+
+// Empties the log, so a test can look at what comes next on its own.
+inline void ClearEventsLogText(Game& g) { ClearEventsLog(g); }
