@@ -10,7 +10,8 @@ JOBS     ?= $(shell nproc)
 SUDO     := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 PACKAGES := g++ cmake make libgtest-dev libgmock-dev libbenchmark-dev \
-            libcli11-dev libfmt-dev nlohmann-json3-dev
+            libcli11-dev libfmt-dev nlohmann-json3-dev \
+            qt6-base-dev fonts-dejavu-core
 
 .PHONY: deps configure build run test sanitize bench clean
 

@@ -36,6 +36,8 @@
 #include "core/tables.h"
 #include "script/code_state.h"
 #include "script/source_state.h"
+#include "stats/graph_state.h"
+#include "table/table_state.h"
 
 class Platform;
 
@@ -152,6 +154,8 @@ struct Game {
   BettingState betting;
   ScriptSource scriptSource;
   ScriptCode scriptCode;
+  TableState table;
+  GraphViewState graph;
 
   friend bool operator==(const Game&, const Game&) = default;
 };
