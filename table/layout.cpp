@@ -231,14 +231,23 @@ QPointF BasePosition(int p, int b) {
   if (b >= 101 && b <= 104) return RailStackRect(p, b - 100).center();
   const Region* r = PrimaryRegion(p, b);
   if (!r) return {};
+  // In the centre, players 1 to 4 bet on the left half of a box and 5 to 8
+  // on the right half, so that each base lies on its player's half.
+  QRectF area = r->rect;
+  End end = r->end;
+  if (end == End::Centre) {
+    end = EndOf(p);
+    area.setWidth(area.width() / 2);
+    if (end == End::Right) area.moveLeft(r->rect.center().x());
+  }
   int players[8];
-  const int n = PlayersOf(r->end, players);
+  const int n = PlayersOf(end, players);
   int slot = 0;
   while (slot < n && players[slot] != p) ++slot;
   int cols = n, rows = 1;
-  ChooseGrid(r->rect, n, cols, rows);
-  const double cw = r->rect.width() / cols, ch = r->rect.height() / rows;
-  return {r->rect.left() + cw * (slot % cols + 0.5), r->rect.top() + ch * (slot / cols + 0.5)};
+  ChooseGrid(area, n, cols, rows);
+  const double cw = area.width() / cols, ch = area.height() / rows;
+  return {area.left() + cw * (slot % cols + 0.5), area.top() + ch * (slot / cols + 0.5)};
 }
 
 QPointF StackStep(int p, int b) {

@@ -8,6 +8,7 @@
 #include "automation/hyperdrive.h"
 #include "config/message_dialog.h"
 #include "engine/catalogue.h"
+#include "engine/money.h"
 #include "engine/place.h"
 #include "engine/roll.h"
 #include "table/bankroll_form.h"

@@ -42,6 +42,7 @@ void TableViewTest::clickOnEveryBetPlacesItForEveryPlayer() {
   DesktopTable t(8);
   Game& g = *t.game;
   g.rules.NoticeFlags = 0;
+  g.rules.BetRequirement = kNoBetRequired;
   QueueDice(g, 3, 3);
   t.View()->Roll();  // a point, so that odds and Come bets can be made
   QCOMPARE(g.Point, 6);
@@ -263,7 +264,7 @@ void TableViewTest::stacksStopAtThirteenChecks() {
     bool overflow;
   } cases[] = {{0, 0, false},  {1, 1, false},  {131, 4, false},        {13, 5, false},
                {12, 4, false}, {4, 4, false},  {13 * 500, 13, false},  {13 * 500 + 1, 13, true},
-               {100 * 13 + 25, 13, true}};
+               {12 * 500 + 205, 13, true}};  // 12 of 500, one of 100, 105 left over
   for (const Case& c : cases) {
     std::vector<CheckImage> rows;
     AppendStack(rows, g, 1, bet::kField, Currency::FromWhole(c.amount));
