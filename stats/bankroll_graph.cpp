@@ -4,8 +4,8 @@
 #include <array>
 #include <cmath>
 
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/game.h"
+#include "core/money.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 
 #include <cstdint>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

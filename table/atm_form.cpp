@@ -10,8 +10,8 @@
 #include <QVBoxLayout>
 
 #include "engine/bankroll.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "table/numeric_box.h"
 
 namespace {

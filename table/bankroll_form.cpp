@@ -13,9 +13,9 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "automation/hyperdrive.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "cycle/hyperdrive.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "stats/bankroll_graph.h"
 #include "table/status_box.h"
 

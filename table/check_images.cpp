@@ -4,8 +4,8 @@
 #include <array>
 #include <utility>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "table/layout.h"
 
 namespace {

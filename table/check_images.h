@@ -12,7 +12,7 @@
 #include <QPointF>
 #include <vector>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 struct Game;
 

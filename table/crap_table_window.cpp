@@ -24,8 +24,9 @@
 #include <QMenuBar>
 #include <QMessageBox>
 
-#include "automation/hyperdrive.h"
-#include "engine/game.h"
+#include "cycle/hyperdrive.h"
+#include "core/game.h"
+#include "cycle/player_names.h"
 #include "engine/players.h"
 #include "table/atm_form.h"
 #include "table/bankroll_form.h"

@@ -5,9 +5,9 @@
 #include <QLineEdit>
 #include <cmath>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "engine/place.h"
 #include "table/layout.h"
 #include "table/numeric_box.h"

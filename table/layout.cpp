@@ -3,8 +3,8 @@
 #include <array>
 #include <cmath>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 
 namespace {
 

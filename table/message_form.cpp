@@ -10,7 +10,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 #include "table/numeric_box.h"
 
 namespace {

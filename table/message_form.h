@@ -6,7 +6,7 @@
 #include <QDialog>
 #include <array>
 
-#include "engine/platform.h"
+#include "core/platform.h"
 
 class QCheckBox;
 class QLineEdit;

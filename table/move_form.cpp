@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "table/layout.h"
 #include "table/table_view.h"
 

@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <string>
 
-#include "config/message_dialog.h"
+#include "core/message_dialog.h"
 
 NumericKeyFilter::NumericKeyFilter(QLineEdit* box, int decimals, bool allowMinus)
     : QObject(box), box_(box), decimals_(decimals), allowMinus_(allowMinus) {

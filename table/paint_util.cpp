@@ -7,7 +7,7 @@
 #include <map>
 
 #include "config/payoffs.h"
-#include "engine/game.h"
+#include "core/game.h"
 #include "engine/settle_text.h"
 #include "table/layout.h"
 

@@ -3,9 +3,9 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "engine/settle_text.h"
 #include "table/check_images.h"
 #include "table/layout.h"

@@ -16,7 +16,7 @@
 #include <QPointer>
 #include <functional>
 
-#include "engine/platform.h"
+#include "core/platform.h"
 
 class QDialog;
 class QWidget;

@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "engine/settle.h"
 #include "engine/settle_text.h"
 #include "table/numeric_box.h"

@@ -8,7 +8,7 @@
 #include <QDialog>
 #include <array>
 
-#include "engine/settle_dialog.h"
+#include "core/settle_dialog.h"
 
 class QLineEdit;
 class QPushButton;

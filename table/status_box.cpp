@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "table/paint_util.h"
 
 namespace {

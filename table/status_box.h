@@ -9,7 +9,7 @@
 #include <array>
 #include <string>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 
 class QPainter;
 struct Game;

@@ -5,20 +5,15 @@
 #include <QLabel>
 #include <QMouseEvent>
 
-#include "automation/hyperdrive.h"
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "cycle/hyperdrive.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "engine/place.h"
+#include "cycle/player_names.h"
 #include "engine/players.h"
 #include "table/layout.h"
 #include "table/qt_platform.h"
 #include "table/table_view.h"
-
-namespace {
-bool Seated(const Game& g, int p) {
-  return p >= 1 && p <= 8 && !g.PlayerName[static_cast<std::size_t>(p)].empty();
-}
-}  // namespace
 
 bool TableView::AskInterrupt() {
   // During a run the only thing a click or key does is offer to stop it.

@@ -6,9 +6,9 @@
 #include <QPainterPath>
 #include <QRadialGradient>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
 #include "engine/settle_text.h"
 #include "table/layout.h"
 #include "table/paint_util.h"

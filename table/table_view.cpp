@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
-#include "engine/money.h"
-#include "engine/roll.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "cycle/roll.h"
 #include "table/layout.h"
 #include "table/paint_util.h"
 #include "table/qt_platform.h"

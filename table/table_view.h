@@ -10,7 +10,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "engine/currency.h"
+#include "core/currency.h"
 #include "table/table_painter.h"
 
 class QLabel;

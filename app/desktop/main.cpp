@@ -11,10 +11,10 @@
 
 #include "app/cli/player_options.h"
 #include "app/desktop/scene.h"
-#include "automation/hyperdrive.h"
+#include "cycle/hyperdrive.h"
 #include "dice/rng.h"
-#include "engine/game.h"
-#include "engine/startup.h"
+#include "core/game.h"
+#include "cycle/startup.h"
 #include "table/bankroll_form.h"
 #include "table/crap_table_window.h"
 #include "table/qt_platform.h"

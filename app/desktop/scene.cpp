@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "engine/catalogue.h"
-#include "engine/game.h"
+#include "core/catalogue.h"
+#include "core/game.h"
 #include "engine/place.h"
 #include "engine/players.h"
-#include "engine/roll.h"
+#include "cycle/roll.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 
 #include <memory>
 
-#include "engine/game.h"
-#include "engine/headless_platform.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
 #include "engine/players.h"
-#include "engine/startup.h"
+#include "cycle/startup.h"
 
 namespace {
 

@@ -13,9 +13,9 @@
 #include <memory>
 #include <string>
 
-#include "engine/game.h"
+#include "core/game.h"
 #include "engine/players.h"
-#include "engine/startup.h"
+#include "cycle/startup.h"
 #include "table/crap_table_window.h"
 #include "table/layout.h"
 #include "table/message_form.h"

@@ -5,12 +5,12 @@
 #include <QTest>
 #include <QTimer>
 
-#include "automation/hyperdrive.h"
-#include "config/message_dialog.h"
-#include "engine/catalogue.h"
-#include "engine/money.h"
+#include "cycle/hyperdrive.h"
+#include "core/message_dialog.h"
+#include "core/catalogue.h"
+#include "core/money.h"
 #include "engine/place.h"
-#include "engine/roll.h"
+#include "cycle/roll.h"
 #include "table/bankroll_form.h"
 #include "desktop_fixture.h"
 

@@ -3,9 +3,9 @@
 // and the hot-spots stay where the bets are at any angle and zoom.
 #include <QTest>
 
-#include "engine/catalogue.h"
+#include "core/catalogue.h"
 #include "engine/place.h"
-#include "engine/roll.h"
+#include "cycle/roll.h"
 #include "table/check_images.h"
 #include "table/status_box.h"
 #include "desktop_fixture.h"
