@@ -53,7 +53,8 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hop-bets.png --full-table --hops
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bets-as-numbers.png --full-table --amounts
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/rotated-90.png --full-table --rotate 90 --size 1000x1300
-	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bankroll-graph.png --view bankroll --rolls 525 $(DEMO_PLAYER)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bankroll-graph.png --view bankroll --rolls 500 \
+	  --graph-adjust 2 --graph-average 50 $(DEMO_PLAYER)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

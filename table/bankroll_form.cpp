@@ -22,6 +22,8 @@
 namespace {
 
 constexpr int kLiveMs = 250;
+constexpr int kScaleWidth = 64;
+constexpr int kScaleOverhang = 16;  // a label's height, centred on its row
 
 // Colour schemes: background, bankroll line, band above, band below, reference 1 and 2.
 struct Scheme {
@@ -103,6 +105,7 @@ void GraphWidget::mousePressEvent(QMouseEvent* event) {
   if (!v.GraphShowRefLines) return;
   const int col = std::clamp(static_cast<int>(event->position().x()), 0, kGraphColumns - 1);
   (event->button() == Qt::RightButton ? v.RefLine2 : v.RefLine1) = col;
+  if (auto* form = qobject_cast<BankrollForm*>(parentWidget())) form->Refresh();
   update();
 }
 
@@ -171,13 +174,15 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
   connect(player_, &QComboBox::currentIndexChanged, this, [this] { ChoosePlayer(); });
   graph_ = new GraphWidget(game, this);
 
-  auto* scales = new QVBoxLayout;
+  // The seven scale labels stand level with rows 0, 50, ... 300 of the graph.
+  auto* scales = new QWidget;
+  scales->setFixedSize(kScaleWidth, kGraphRows + kScaleOverhang);
   for (std::size_t i = 0; i < scale_.size(); ++i) {
-    scale_[i] = new QLabel;
+    scale_[i] = new QLabel(scales);
     scale_[i]->setObjectName(QStringLiteral("lblScale%1").arg(i));
     scale_[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    scales->addWidget(scale_[i]);
-    if (i + 1 < scale_.size()) scales->addStretch(1);
+    scale_[i]->setGeometry(0, static_cast<int>(i) * kGraphBlockRows, kScaleWidth - 4,
+                           kScaleOverhang);
   }
   rollsLeft_ = new QLabel;
   rollsLeft_->setObjectName("lblRollsLeft");
@@ -243,8 +248,13 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
   side->addWidget(hyperDrive_);
 
   auto* plotArea = new QGridLayout;
-  plotArea->addLayout(scales, 0, 0);
-  plotArea->addWidget(graph_, 0, 1);
+  plotArea->setVerticalSpacing(0);
+  plotArea->addWidget(scales, 0, 0, Qt::AlignTop);
+  auto* graphBox = new QVBoxLayout;
+  graphBox->addSpacing(kScaleOverhang / 2);
+  graphBox->addWidget(graph_);
+  graphBox->addStretch(1);
+  plotArea->addLayout(graphBox, 0, 1);
   plotArea->addLayout(rolls, 1, 1);
   auto* body = new QHBoxLayout;
   body->addLayout(plotArea);
@@ -328,6 +338,22 @@ void BankrollForm::Refresh() {
     };
     text += money("High:", game_.BankrollHigh(p)) + money("Low:", game_.BankrollLow(p)) +
             money("Current:", game_.Bet(p, 0));
+  }
+  const GraphViewState& v = game_.graph;
+  QString refs;
+  if (v.GraphShowRefLines && p >= 1 && p <= 8) {
+    // picRefDif: the two reference lines measured against each other.
+    refs = QString("Rolls:  %1").arg(std::abs(v.RefLine1 - v.RefLine2));
+    if (v.RefLine1 < game_.GraphRollCount && v.RefLine2 < game_.GraphRollCount) {
+      auto value = [&](int col, bool onAverage) {
+        if (!onAverage) return game_.GraphBankroll(p, col + 1);
+        return game_.roll.GraphShowAverage ? game_.GraphTrend(p, col + 1)
+                                           : game_.InvestedBankroll(p);
+      };
+      const Currency d = value(v.RefLine1, v.RefLine1OnAverage) - value(v.RefLine2, v.RefLine2OnAverage);
+      refs += "<br>Bankroll:  " + Whole(d < Currency{} ? -d : d);
+    }
+    text += "<br><br>" + refs;
   }
   figures_->setText(text);
   const int span = game_.graph.GraphAverageSpan;

@@ -21,9 +21,11 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileDialog>
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
 #include "core/game.h"
 #include "cycle/player_names.h"
@@ -51,6 +53,10 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
   connect(view_, &TableView::gameChanged, this, &CrapTableWindow::RefreshMenus);
   connect(&platform, &QtPlatform::redrawRequested, this, [this](int what) {
     view_->update();
+    // Minimised, the caption tells how a run stands.
+    if (isMinimized() && game_.hyper.RollsThisRun > 0)
+      setWindowTitle(game_.HyperDrive ? "Ravelton Hyper-Drive Active"
+                                      : "Ravelton Hyper-Drive Stopped");
     if (bankroll_ && (what == static_cast<int>(Redraw::Graph) ||
                       what == static_cast<int>(Redraw::OpenViews)))
       bankroll_->Refresh();
@@ -132,8 +138,15 @@ void CrapTableWindow::BuildMenus() {
           guarded([this] { StartMovePlayer(game_); }));
   connect(Item(players, "mnuPlayerRename", "Re&name"), &QAction::triggered, this, guarded([this] {
             const int p = game_.betting.CurPlayer;
-            if (p >= 1 && p <= 8 && !game_.PlayerName[static_cast<std::size_t>(p)].empty())
-              RenamePlayer(game_, p);  // a new sessions log path waits for the game file work
+            if (p < 1 || p > 8 || game_.PlayerName[static_cast<std::size_t>(p)].empty()) return;
+            bool chooseLog = false;
+            RenamePlayer(game_, p, &chooseLog);
+            if (!chooseLog) return;
+            std::string& path = game_.roll.SessionLogPath[static_cast<std::size_t>(p)];
+            const QString chosen = QFileDialog::getSaveFileName(
+                this, "Sessions Log", QString::fromStdString(path),
+                "Sessions logs (*.slg);;All files (*.*)");
+            if (!chosen.isEmpty()) path = chosen.toStdString();
           }));
   connect(Item(players, "mnuAtm", "A&TM ..."), &QAction::triggered, this,
           guarded([this] { Atm()->show(); }));
@@ -303,4 +316,9 @@ void CrapTableWindow::changeEvent(QEvent* event) {
   if (event->type() != QEvent::WindowStateChange || isMinimized()) return;
   // tmrResize's work: a run that ended while minimised shows its stop message now.
   setWindowTitle("Ravelton");
+  if (!game_.HyperDrive && !game_.StopMessage.empty()) {
+    const std::string message = game_.StopMessage;
+    game_.StopMessage.clear();
+    ShowNotice(game_, message, "Hyper-Drive Stopped", 540, kMsgOk | kMsgPicStop);
+  }
 }

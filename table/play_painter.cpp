@@ -1,5 +1,6 @@
 // What stands on the clean table: marks, the puck, the checks, the rail's
 // checks and stacks, the ring round the selected check, and the dice.
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -71,7 +72,12 @@ void PaintAmount(QPainter& p, QPointF c, Currency amount) {
   const double whole = amount.ToDouble();
   const double size = whole > 99999 ? 7 : whole > 9999 ? 8 : whole > 999 ? 9 : 11;
   const QString text = QString::fromStdString(FormatMoney(amount));
-  const QRectF r(c.x() - 24, c.y() - 8, 48, 16);
+  // As wide as the text, so that neighbouring amounts overlap as little as they can.
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setBold(true);
+  font.setPixelSize(static_cast<int>(size));
+  const double half = QFontMetricsF(font).horizontalAdvance(text) / 2 + 3;
+  const QRectF r(c.x() - half, c.y() - 8, 2 * half, 16);
   p.setPen(QPen(QColor(0, 0, 0, 160), 1));
   p.setBrush(QColor(255, 250, 220, 230));
   p.drawRoundedRect(r, 5, 5);
@@ -88,6 +94,10 @@ void PaintChecks(QPainter& p, const Game& g, const PaintState& s) {
         CheckImage probe{pl, b, 1, {}};
         if (CheckImageHidden(g, probe)) continue;
         PaintAmount(p, BasePosition(pl, b), g.Bet(pl, b));
+      }
+      for (int i = 1; i <= 4; ++i) {
+        const Currency stack = g.Bet(pl, g.betting.CheckStackSlot(pl, i));
+        if (!stack.IsZero()) PaintAmount(p, BasePosition(pl, 100 + i), stack);
       }
     }
     return;

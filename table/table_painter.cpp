@@ -161,10 +161,11 @@ void PaintCentreRegion(QPainter& p, const Game& g, const Region& r) {
                        : b == bet::kCraps ? "ANY CRAPS"
                        : b == bet::kCandE ? "C  &  E"
                        : b == bet::kWorld ? "WORLD"
-                       : b == bet::kOver7 ? "OVER 7"
-                                          : "UNDER 7";
-    const bool tall = x.height() > 55;
-    DrawLabel(p, x.adjusted(0, tall ? 8 : 2, 0, 0), name, tall ? 10 : 16, top,
+                       : b == bet::kOver7 ? "OVER\n7"
+                                          : "UNDER\n7";
+    // World, Over 7 and Under 7 share the narrow cells of the Hop side.
+    const bool narrow = x.width() < 50;
+    DrawLabel(p, x.adjusted(0, narrow ? 8 : 2, 0, 0), name, narrow ? 9 : 16, top,
               b == bet::kCandE ? kGold : kRed);
     DrawLabel(p, x.adjusted(0, 0, 0, -2), pay, 10, bottom);
   } else if (IsHop(b)) {

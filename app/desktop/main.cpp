@@ -34,6 +34,8 @@ struct Options {
   double seed = 0;
   int bettor = 0;
   bool fullTable = false;
+  int graphAdjust = -1;
+  int graphAverage = -1;
   PlayerOptions players;
 };
 
@@ -84,6 +86,10 @@ int main(int argc, char** argv) {
   cli.add_option("--seed", o.seed, "Seed of the dice");
   cli.add_option("--bettor", o.bettor, "Seat of the selected player");
   cli.add_flag("--full-table", o.fullTable, "Seat eight players with bets of every kind");
+  cli.add_option("--graph-adjust", o.graphAdjust, "Bankroll graph: 0 manual, 1 auto-shift, 2 expanding, 3 snap-back")
+      ->check(CLI::Range(0, 3));
+  cli.add_option("--graph-average", o.graphAverage, "Bankroll graph: show the moving average over N rolls (0 all)")
+      ->check(CLI::Range(0, 525));
   AddPlayerOptions(cli, o.players);
   try {
     cli.parse(argc, argv);
@@ -124,6 +130,11 @@ int main(int argc, char** argv) {
   game->table.HopBetsShown = o.hops;
   game->table.DisplayBetAmounts = o.amounts;
   if (o.bettor >= 1 && o.bettor <= 8) game->betting.CurPlayer = o.bettor;
+  if (o.graphAdjust >= 0) game->graph.GraphAdjustType = o.graphAdjust;
+  if (o.graphAverage >= 0) {
+    game->roll.GraphShowAverage = true;
+    game->graph.GraphAverageSpan = o.graphAverage;
+  }
 
   CrapTableWindow window(*game, platform);
   window.resize(width, height);
