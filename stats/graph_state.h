@@ -16,4 +16,5 @@ struct GraphViewState {
   std::int32_t RefLine2 = 0;
   bool RefLine1OnAverage = false;
   bool RefLine2OnAverage = false;
+  friend bool operator==(const GraphViewState&, const GraphViewState&) = default;
 };

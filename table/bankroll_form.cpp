@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
 #include "core/game.h"
 #include "core/money.h"
@@ -136,6 +137,21 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
     Redraw(false);
   });
   avg->setCheckable(true);
+  add(options, "mnuSetAverage", "Set &Moving Average ...", [this] {
+    GraphViewState& v = game_.graph;
+    game_.msg.MsgInput1 = std::to_string(v.GraphAverageSpan);
+    ShowNotice(game_,
+               "Enter the number of rolls (max 525) that you'd like to include in the bankroll "
+               "moving average (a value of 0 will display an average of all rolls since the "
+               "beginning of the session):",
+               "Set Bankroll Moving Average", 0,
+               kMsgOk | kMsgCancel | kMsgInput1 | kMsgPicQmark);
+    if (game_.msg.MsgAnswer != kAnswerOk) return;
+    const double span = std::floor(LeadingValue(game_.msg.MsgInput1));
+    v.GraphAverageSpan = static_cast<std::int32_t>(std::clamp(span, 0.0, double(kGraphColumns)));
+    if (game_.roll.GraphShowAverage) RebuildGraphTrend(game_);
+    Redraw(false);
+  });
   QAction* refs = add(options, "mnuDisplayRefLines", "Display &Reference Lines", [this](bool on) {
     game_.graph.GraphShowRefLines = on;
     Redraw(false);

@@ -30,6 +30,7 @@ struct SavedTableView {
   std::int32_t rotation = 0;
   std::int32_t offsetA = 0;
   std::int32_t offsetB = 0;
+  friend bool operator==(const SavedTableView&, const SavedTableView&) = default;
 };
 
 struct TableState {
@@ -46,4 +47,5 @@ struct TableState {
   bool FlashOff = false;           // the flash phase: the bettor's checks are hidden
   bool StatusBoxesShown = true;    // mnuStatus
   std::int32_t StatusView = kStatusNear;
+  friend bool operator==(const TableState&, const TableState&) = default;
 };

@@ -257,6 +257,16 @@ void PlayTest::bankrollScaleButtonsClimbTheLadder() {
   const Currency top = g.roll.GraphTop;
   QCOMPARE(form->findChild<QLabel*>("lblScale0")->text(),
            QString::fromStdString(FormatMoney(top)));
+  // The moving average's span is held to 0..525; Cancel keeps it.
+  const std::pair<QString, int> spans[] = {{"600", 525}, {"", 525}, {"-3", 0}, {"50", 50}};
+  for (const auto& [typed, want] : spans) {
+    if (typed.isEmpty())
+      t.AnswerMessage(3);
+    else
+      t.AnswerMessage(0, typed);
+    form->findChild<QAction*>("mnuSetAverage")->trigger();
+    QCOMPARE(g.graph.GraphAverageSpan, want);
+  }
   auto* throttle = form->findChild<QScrollBar*>("hsbThrottle");
   throttle->setValue(7);
   QCOMPARE(g.hyper.HyperThrottle, 7);
