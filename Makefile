@@ -1,5 +1,7 @@
 # Ravelton: set-up, build, run and test on a Debian machine.
-#   make run       install what is missing, build, run the main job
+#   make run       install what is missing, build, open the desktop table
+#                  (without a display: the headless demo)
+#   make screenshots  the desktop table rendered offscreen into docs/screenshots/
 #   make test      install what is missing, build, run every test
 #   make sanitize  the same tests in a Debug build with ASan and UBSan
 #   make bench     the Google Benchmark programs (Release)
@@ -10,9 +12,10 @@ JOBS     ?= $(shell nproc)
 SUDO     := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 PACKAGES := g++ cmake make libgtest-dev libgmock-dev libbenchmark-dev \
-            libcli11-dev libfmt-dev nlohmann-json3-dev
+            libcli11-dev libfmt-dev nlohmann-json3-dev \
+            qt6-base-dev fonts-dejavu-core
 
-.PHONY: deps configure build run test sanitize bench clean
+.PHONY: deps configure build run demo screenshots test sanitize bench clean
 
 deps:
 	@missing=$$(for p in $(PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || echo $$p; done); \
@@ -31,9 +34,27 @@ build: deps configure
 	cmake --build $(BUILD) -j $(JOBS)
 
 run: build
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ]; then $(BUILD)/app/ravelton; \
+	else echo "No display found: running the headless demo instead."; $(MAKE) --no-print-directory demo; fi
+
+demo: build
 	$(BUILD)/app/ravelton-cli run --rolls 1000000 --seed 20261122 \
 	  --player Alice=1000 --bet 'Alice:Pass Line=10' --take-odds Alice \
 	  --win-rule Alice:2 --lose-rule Alice:2 --allow-negative Alice
+
+SHOTS := docs/screenshots
+DEMO_PLAYER := --player Alice=1000 --bet 'Alice:Pass Line=10' --take-odds Alice \
+               --win-rule Alice:2 --lose-rule Alice:2 --allow-negative Alice --seed 20261122
+
+screenshots: build
+	mkdir -p $(SHOTS)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/empty-table.png
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/eight-players.png --full-table
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hop-bets.png --full-table --hops
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bets-as-numbers.png --full-table --amounts
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/rotated-90.png --full-table --rotate 90 --size 1000x1300
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bankroll-graph.png --view bankroll --rolls 500 \
+	  --graph-adjust 2 --graph-average 50 $(DEMO_PLAYER)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

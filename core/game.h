@@ -42,6 +42,8 @@
 #include "script/source_state.h"
 #include "stats/views_state.h"
 #include "store/game_file_state.h"
+#include "stats/graph_state.h"
+#include "table/table_state.h"
 
 class Platform;
 
@@ -164,6 +166,8 @@ struct Game {
   ViewsState views;
   GameFileState gamefile;
   ScriptRunState scriptRun;
+  TableState table;
+  GraphViewState graph;
 
   friend bool operator==(const Game&, const Game&) = default;
 };

@@ -1,0 +1,163 @@
+// ravelton: the desktop table. With --screenshot it renders the main window
+// (or the bankroll graph) to a PNG under the offscreen platform and exits.
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QDialog>
+#include <QPixmap>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "app/cli/player_options.h"
+#include "app/desktop/scene.h"
+#include "cycle/hyperdrive.h"
+#include "dice/rng.h"
+#include "core/game.h"
+#include "cycle/startup.h"
+#include "table/bankroll_form.h"
+#include "table/crap_table_window.h"
+#include "table/qt_platform.h"
+#include "table/table_view.h"
+
+namespace {
+
+struct Options {
+  std::string screenshot;
+  std::string size = "1280x900";
+  std::string load;
+  std::string view = "table";  // table | bankroll
+  int rotate = 0;
+  bool hops = false;
+  bool amounts = false;
+  long rolls = 0;
+  double seed = 0;
+  int bettor = 0;
+  bool fullTable = false;
+  int graphAdjust = -1;
+  int graphAverage = -1;
+  PlayerOptions players;
+};
+
+bool HasDisplay() {
+  for (const char* v : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    const char* s = std::getenv(v);
+    if (s && *s) return true;
+  }
+  return false;
+}
+
+bool ParseSize(const std::string& text, int& w, int& h) {
+  const auto x = text.find('x');
+  if (x == std::string::npos) return false;
+  try {
+    w = std::stoi(text.substr(0, x));
+    h = std::stoi(text.substr(x + 1));
+  } catch (...) {
+    return false;
+  }
+  return w >= 200 && h >= 150 && w <= 8000 && h <= 8000;
+}
+
+// A screenshot runs unattended: every dialog is answered by its default
+// button and its text goes to standard error.
+void AnswerDialogsByDefault(QtPlatform& platform) {
+  platform.onDialogShown = [&platform](QDialog& dialog) {
+    std::cerr << "ravelton: " << platform.lastMessageTitle << ": " << platform.lastMessageText
+              << "\n";
+    // Closing leaves the default answer (or the default settle button) standing.
+    dialog.done(0);
+  };
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Options o;
+  CLI::App cli{"Ravelton: the craps table"};
+  cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
+  cli.add_option("--size", o.size, "Window size WxH for the screenshot");
+  cli.add_option("--load", o.load, "Game file to open");
+  cli.add_option("--view", o.view, "What the screenshot shows: table or bankroll");
+  cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
+  cli.add_flag("--hops", o.hops, "Show the Hop bets");
+  cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
+  cli.add_option("--rolls", o.rolls, "Run Hyper-Drive this many rolls first");
+  cli.add_option("--seed", o.seed, "Seed of the dice");
+  cli.add_option("--bettor", o.bettor, "Seat of the selected player");
+  cli.add_flag("--full-table", o.fullTable, "Seat eight players with bets of every kind");
+  cli.add_option("--graph-adjust", o.graphAdjust, "Bankroll graph: 0 manual, 1 auto-shift, 2 expanding, 3 snap-back")
+      ->check(CLI::Range(0, 3));
+  cli.add_option("--graph-average", o.graphAverage, "Bankroll graph: show the moving average over N rolls (0 all)")
+      ->check(CLI::Range(0, 525));
+  AddPlayerOptions(cli, o.players);
+  try {
+    cli.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    return cli.exit(e) == 0 ? 0 : 1;
+  }
+  if (!o.load.empty()) {
+    std::cerr << "ravelton: --load needs the game file, which is not built yet\n";
+    return 1;
+  }
+  int width = 0, height = 0;
+  if (!ParseSize(o.size, width, height)) {
+    std::cerr << "ravelton: --size must be WxH, e.g. 1280x900\n";
+    return 1;
+  }
+  if (!o.screenshot.empty()) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  } else if (!HasDisplay()) {
+    std::cerr << "ravelton: no display available (set DISPLAY or use --screenshot)\n";
+    return 2;
+  }
+
+  QApplication app(argc, argv);
+  QtPlatform platform;
+  std::unique_ptr<Game> game = MakeGame(platform);
+  StartUp(*game);
+  platform.SetGame(game.get());
+  if (!o.screenshot.empty()) AnswerDialogsByDefault(platform);
+  if (o.seed > 0) SeedRngWith(*game, o.seed);
+
+  std::string error;
+  if (!SetUpPlayerOptions(*game, o.players, error)) {
+    std::cerr << "ravelton: " << error << "\n";
+    return 1;
+  }
+  if (o.fullTable) SeatFullTable(*game);
+  game->table.TableRotation = ((o.rotate % 360) + 360) % 360;
+  game->table.HopBetsShown = o.hops;
+  game->table.DisplayBetAmounts = o.amounts;
+  if (o.bettor >= 1 && o.bettor <= 8) game->betting.CurPlayer = o.bettor;
+  if (o.graphAdjust >= 0) game->graph.GraphAdjustType = o.graphAdjust;
+  if (o.graphAverage >= 0) {
+    game->roll.GraphShowAverage = true;
+    game->graph.GraphAverageSpan = o.graphAverage;
+  }
+
+  CrapTableWindow window(*game, platform);
+  window.resize(width, height);
+  window.show();
+  if (o.screenshot.empty()) return app.exec();
+
+  QApplication::processEvents();
+  window.View()->AutoSize();
+  if (o.rolls > 0) {
+    game->hyper.RunRollLimit = o.rolls;
+    RunHyperDrive(*game);
+  }
+  QWidget* target = &window;
+  if (o.view == "bankroll") {
+    BankrollForm* form = window.Bankroll();
+    form->show();
+    form->adjustSize();
+    target = form;
+  }
+  QApplication::processEvents();
+  if (!target->grab().save(QString::fromStdString(o.screenshot), "PNG")) {
+    std::cerr << "ravelton: cannot write " << o.screenshot << "\n";
+    return 1;
+  }
+  return 0;
+}

@@ -1,0 +1,324 @@
+// frmCrapTable, the main window.
+//
+// How a click becomes a bet: TableView (picLayout) turns the pointer's
+// screen position back into layout coordinates with the inverse of
+// zoom, angle and offsets, asks the layout which hot-spot lies there
+// (HotSpotAt), maps it by the hover rules (an empty Don't Come odds means
+// its flat bet, ...), and hands it to the game: ClickOnBet for a bet (which
+// applies a pending menu action or a tool, or lays SelectedCheck down with
+// PlaceBet, the one gate of every bet), ClickOnRail for a seat, LiftBet and
+// DropLiftedAmount for an Alt drag. Nothing of the bet is kept here.
+//
+// How a roll becomes a redraw: a right click, F2 or mnuRollDice calls
+// RollDice. Inside it the game asks through QtPlatform: settle dialogs and
+// notices open modally while the roll waits, and every change of a bet or
+// the table asks RequestRedraw, which emits redrawRequested; the window
+// answers with update(), so Qt paints once when the roll has returned. The
+// paint reads the game's tables afresh (bets into stacks of checks, the
+// puck, the dice, the status boxes): what is drawn is always the game.
+#include "table/crap_table_window.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+
+#include "core/message_dialog.h"
+#include "cycle/hyperdrive.h"
+#include "core/game.h"
+#include "cycle/player_names.h"
+#include "engine/players.h"
+#include "table/atm_form.h"
+#include "table/bankroll_form.h"
+#include "table/move_form.h"
+#include "table/qt_platform.h"
+#include "table/table_view.h"
+
+namespace {
+const char* const kStatusViewCaption[5] = {
+    "Align at &top of window", "Align at &bottom of window", "Align at &left-side of window",
+    "Align at &right-side of window", "Place &near individual players"};
+const QString kGameFileWhy = QStringLiteral("Opens the game file commands; not built yet.");
+}  // namespace
+
+CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* parent)
+    : QMainWindow(parent), game_(game), platform_(platform) {
+  setObjectName("frmCrapTable");
+  setWindowTitle("Ravelton");
+  view_ = new TableView(game, platform, this);
+  setCentralWidget(view_);
+  view_->onWindowKey = [this](int key, Qt::KeyboardModifiers mods) { WindowKey(key, mods); };
+  connect(view_, &TableView::gameChanged, this, &CrapTableWindow::RefreshMenus);
+  connect(&platform, &QtPlatform::redrawRequested, this, [this](int what) {
+    view_->update();
+    // Minimised, the caption tells how a run stands.
+    if (isMinimized() && game_.hyper.RollsThisRun > 0)
+      setWindowTitle(game_.HyperDrive ? "Ravelton Hyper-Drive Active"
+                                      : "Ravelton Hyper-Drive Stopped");
+    if (bankroll_ && (what == static_cast<int>(Redraw::Graph) ||
+                      what == static_cast<int>(Redraw::OpenViews)))
+      bankroll_->Refresh();
+  });
+  platform.SetMainWindow(this);
+  BuildMenus();
+  resize(1280, 900);
+  view_->setFocus();
+  RefreshMenus();
+}
+
+QAction* CrapTableWindow::Item(QMenu* menu, const char* name, const QString& caption) {
+  QAction* a = menu->addAction(caption);
+  a->setObjectName(name);
+  return a;
+}
+
+QAction* CrapTableWindow::Unbuilt(QMenu* menu, const char* name, const QString& caption,
+                                  const QString& why) {
+  QAction* a = Item(menu, name, caption);
+  a->setEnabled(false);
+  a->setToolTip(why);
+  a->setStatusTip(why);
+  return a;
+}
+
+bool CrapTableWindow::Interrupt() {
+  if (!game_.HyperDrive) return false;
+  AskStopHyperDrive(game_);
+  return true;
+}
+
+void CrapTableWindow::BuildMenus() {
+  auto key = [this](int k, Qt::KeyboardModifiers m = Qt::NoModifier) {
+    return [this, k, m] { view_->HandleTableKey(k, m); };
+  };
+  auto guarded = [this](auto f) {
+    return [this, f] {
+      if (Interrupt()) return;
+      f();
+      RefreshMenus();
+      view_->update();
+    };
+  };
+
+  QMenu* gameMenu = menuBar()->addMenu("&Game");
+  gameMenu->setToolTipsVisible(true);
+  Unbuilt(gameMenu, "mnuNew", "&New", "Starts a new session (frmNew): comes with the game file.");
+  Unbuilt(gameMenu, "mnuOpen", "&Open ...", kGameFileWhy);
+  Unbuilt(gameMenu, "mnuSave", "&Save", kGameFileWhy);
+  Unbuilt(gameMenu, "mnuSaveAs", "Sa&ve As ...", kGameFileWhy);
+  Unbuilt(gameMenu, "mnuShowPath", "Show &Path", kGameFileWhy);
+  Unbuilt(gameMenu, "mnuHotKeys", "&Hot-Keys ...", "Opens the Hot-Keys form; not built yet.");
+  QMenu* position = gameMenu->addMenu("&Table Position");
+  position->setObjectName("mnuTablePosition");
+  connect(Item(position, "mnuAutoSize", "&Auto-size/center"), &QAction::triggered, this,
+          guarded([this] { view_->AutoSize(); }));
+  connect(Item(position, "mnuTableMove", "&Zoom/rotate/move\tZ"), &QAction::triggered, this,
+          guarded([this] { Move()->show(); }));
+  QMenu* save = position->addMenu("&Save");
+  QMenu* restore = position->addMenu("&Restore");
+  for (int n = 0; n < kSavedViews; ++n) {
+    connect(Item(save, "mnuSaveView", QString("View &%1\tShift+%1").arg(n)), &QAction::triggered,
+            this, [this, n] { SaveView(n); });
+    connect(Item(restore, "mnuRestoreView", QString("View &%1\tCtrl+%1").arg(n)),
+            &QAction::triggered, this, [this, n] { RestoreView(n); });
+  }
+  Unbuilt(gameMenu, "mnuConfigure", "&Configure ...", "Opens the table's configuration; not built yet.");
+  gameMenu->addSeparator();
+  connect(Item(gameMenu, "mnuExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
+
+  QMenu* players = menuBar()->addMenu("&Players");
+  players->setToolTipsVisible(true);
+  connect(Item(players, "mnuPlayerAdd", "&Add (Buy in)"), &QAction::triggered, this,
+          guarded([this] { PromptAddPlayer(game_); }));
+  connect(Item(players, "mnuPlayerDelete", "&Remove (Cash out)"), &QAction::triggered, this,
+          guarded([this] { CashOutPlayer(game_); }));
+  connect(Item(players, "mnuPlayerMove", "&Move"), &QAction::triggered, this,
+          guarded([this] { StartMovePlayer(game_); }));
+  connect(Item(players, "mnuPlayerRename", "Re&name"), &QAction::triggered, this, guarded([this] {
+            const int p = game_.betting.CurPlayer;
+            if (p < 1 || p > 8 || game_.PlayerName[static_cast<std::size_t>(p)].empty()) return;
+            bool chooseLog = false;
+            RenamePlayer(game_, p, &chooseLog);
+            if (!chooseLog) return;
+            std::string& path = game_.roll.SessionLogPath[static_cast<std::size_t>(p)];
+            const QString chosen = QFileDialog::getSaveFileName(
+                this, "Sessions Log", QString::fromStdString(path),
+                "Sessions logs (*.slg);;All files (*.*)");
+            if (!chosen.isEmpty()) path = chosen.toStdString();
+          }));
+  connect(Item(players, "mnuAtm", "A&TM ..."), &QAction::triggered, this,
+          guarded([this] { Atm()->show(); }));
+  QMenu* status = players->addMenu("St&atus boxes");
+  status->setObjectName("mnuStatus");
+  QAction* shown = Item(status, "mnuStatusShow", "&Show status boxes");
+  shown->setCheckable(true);
+  connect(shown, &QAction::toggled, this, [this](bool on) {
+    game_.table.StatusBoxesShown = on;
+    if (game_.table.AutoSize) view_->AutoSize();
+    view_->update();
+  });
+  status->addSeparator();
+  auto* placements = new QActionGroup(this);
+  for (int i = 0; i < 5; ++i) {
+    QAction* a = Item(status, "mnuStatusView", kStatusViewCaption[i]);
+    a->setCheckable(true);
+    a->setData(i);
+    placements->addAction(a);
+    connect(a, &QAction::triggered, this, [this, i] {
+      game_.table.StatusView = i;
+      if (game_.table.AutoSize) view_->AutoSize();
+      view_->update();
+    });
+  }
+
+  QMenu* action = menuBar()->addMenu("&Action");
+  action->setToolTipsVisible(true);
+  connect(Item(action, "mnuRollDice", "&Roll the dice  (Right mouse button)\tF2"),
+          &QAction::triggered, this, key(Qt::Key_F2));
+  connect(Item(action, "mnuPassDice", "Pass the dice\tP"), &QAction::triggered, this,
+          key(Qt::Key_P));
+  Unbuilt(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8", "Opens the dice roll files; not built yet.");
+  Unbuilt(action, "mnuAutoPlay", "Auto-&Play ...\tF3", "Opens the Auto-Play rules; not built yet.");
+  Unbuilt(action, "mnuAutoBet", "Auto-&Bet ...\tF4", "Opens the script editor; not built yet.");
+  action->addSeparator();
+  connect(Item(action, "mnuBuyPlaceBet", "B&uy Place bet\tF5"), &QAction::triggered, this,
+          key(Qt::Key_F5));
+  connect(Item(action, "mnuCallBetOn", "Call bet &ON\tF6"), &QAction::triggered, this,
+          key(Qt::Key_F6));
+  connect(Item(action, "mnuCallAllBetsOn", "Call all bets O&N\tShift+F6"), &QAction::triggered,
+          this, key(Qt::Key_F6, Qt::ShiftModifier));
+  connect(Item(action, "mnuCallBetOff", "Call bet O&FF\tF7"), &QAction::triggered, this,
+          key(Qt::Key_F7));
+  connect(Item(action, "mnuCallAllBetsOff", "Call all bets OF&F\tShift+F7"), &QAction::triggered,
+          this, key(Qt::Key_F7, Qt::ShiftModifier));
+  connect(Item(action, "mnuRemoveBet", "Re&move bet\tDel"), &QAction::triggered, this,
+          key(Qt::Key_Delete));
+  connect(Item(action, "mnuRemoveAllBets", "Remo&ve all bets\tShift+Del"), &QAction::triggered,
+          this, key(Qt::Key_Delete, Qt::ShiftModifier));
+  action->addSeparator();
+  struct Toggle {
+    const char* name;
+    const char* caption;
+    int key;
+  };
+  for (const Toggle& t : {Toggle{"mnuFlashBets", "&Flash bets\tSpace", Qt::Key_Space},
+                          Toggle{"mnuKeyInBetAmounts", "&Key-in bet amounts\tF9", Qt::Key_F9},
+                          Toggle{"mnuDisplayBetAmounts", "D&isplay bets as numbers\tF11", Qt::Key_F11},
+                          Toggle{"mnuDisplayHopBets", "Display &Hop bets\tH", Qt::Key_H}}) {
+    QAction* a = Item(action, t.name, t.caption);
+    a->setCheckable(true);
+    connect(a, &QAction::triggered, this, key(t.key));
+  }
+  Unbuilt(action, "mnuRollYourOwnNumbers", "Roll your o&wn numbers\tF12", "Opens the roll pad; not built yet.");
+
+  QMenu* stats = menuBar()->addMenu("&Statistics");
+  stats->setToolTipsVisible(true);
+  const QString later = QStringLiteral("Opens this statistics view; not built yet.");
+  Unbuilt(stats, "mnuSessionsLog", "&Sessions Log ...", later);
+  Unbuilt(stats, "mnuEventsLog", "E&vents Log ...", later);
+  Unbuilt(stats, "mnuSummary", "&Summary ...", later);
+  Unbuilt(stats, "mnuHands", "&Hands ...", later);
+  connect(Item(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
+          guarded([this] { Bankroll()->show(); }));
+  Unbuilt(stats, "mnuRollTotals", "Roll &Totals ...", later);
+  Unbuilt(stats, "mnuRollFreqs", "Roll &Frequencies ...", later);
+  Unbuilt(stats, "mnuBetResults", "Bet R&esults ...", later);
+  Unbuilt(stats, "mnuBetTrends", "Bet T&rends ...", later);
+  Unbuilt(stats, "mnuCheckStacks", "&CheckStacks ...", later);
+
+  QMenu* help = menuBar()->addMenu("&Help");
+  help->setToolTipsVisible(true);
+  Unbuilt(help, "mnuContents", "&Contents ...", "The help file ravelton.chm is not installed.");
+  connect(Item(help, "mnuAboutCraps", "&About Ravelton ..."), &QAction::triggered, this, [this] {
+    QMessageBox::about(this, "About Ravelton",
+                       "Ravelton\nA casino craps simulator and betting-strategy laboratory.");
+  });
+}
+
+void CrapTableWindow::RefreshMenus() {
+  auto check = [this](const char* name, bool on) {
+    if (QAction* a = findChild<QAction*>(name)) a->setChecked(on);
+  };
+  check("mnuFlashBets", game_.table.FlashBets);
+  check("mnuKeyInBetAmounts", game_.betting.KeyInBetAmounts);
+  check("mnuDisplayBetAmounts", game_.table.DisplayBetAmounts);
+  check("mnuDisplayHopBets", game_.table.HopBetsShown);
+  check("mnuStatusShow", game_.table.StatusBoxesShown);
+  for (QAction* a : findChildren<QAction*>("mnuStatusView"))
+    a->setChecked(a->data().toInt() == game_.table.StatusView);
+  if (!isMinimized()) setWindowTitle("Ravelton");
+  if (atm_) atm_->Refresh();
+  if (bankroll_) bankroll_->Refresh();
+}
+
+void CrapTableWindow::SaveView(int n) {
+  TableState& t = game_.table;
+  t.SavedView[static_cast<std::size_t>(n)] = {t.TableZoom, t.TableRotation, t.TableOffsetA,
+                                               t.TableOffsetB};
+  game_.roll.SessionDirty = true;
+}
+
+void CrapTableWindow::RestoreView(int n) {
+  TableState& t = game_.table;
+  const SavedTableView& v = t.SavedView[static_cast<std::size_t>(n)];
+  if (v.zoom < kTableZoomMin) return;  // never saved
+  t.TableZoom = v.zoom;
+  t.TableRotation = v.rotation;
+  t.TableOffsetA = v.offsetA;
+  t.TableOffsetB = v.offsetB;
+  t.AutoSize = false;
+  game_.roll.SessionDirty = true;
+  view_->update();
+}
+
+void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
+  static const QString kShiftedDigits = QStringLiteral(")!@#$%^&*(");
+  int digit = -1;
+  if (key >= Qt::Key_0 && key <= Qt::Key_9) digit = key - Qt::Key_0;
+  const int shifted = kShiftedDigits.indexOf(QChar(key));
+  if (shifted >= 0 && key < 0x80) digit = shifted, mods |= Qt::ShiftModifier;
+  if (digit >= 0 && (mods & Qt::ShiftModifier)) return SaveView(digit);
+  if (digit >= 0 && (mods & Qt::ControlModifier)) return RestoreView(digit);
+  if (key == Qt::Key_Z) Move()->show();
+  // F3, F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
+}
+
+BankrollForm* CrapTableWindow::Bankroll() {
+  if (!bankroll_) bankroll_ = new BankrollForm(game_, this);
+  return bankroll_;
+}
+
+MoveForm* CrapTableWindow::Move() {
+  if (!move_) move_ = new MoveForm(game_, *view_, this);
+  return move_;
+}
+
+AtmForm* CrapTableWindow::Atm() {
+  if (!atm_) atm_ = new AtmForm(game_, this);
+  connect(atm_, &AtmForm::changed, view_, qOverload<>(&QWidget::update), Qt::UniqueConnection);
+  return atm_;
+}
+
+void CrapTableWindow::closeEvent(QCloseEvent* event) {
+  if (game_.HyperDrive) {
+    // Closing during a run only offers to stop it.
+    AskStopHyperDrive(game_);
+    event->ignore();
+    return;
+  }
+  event->accept();
+}
+
+void CrapTableWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange || isMinimized()) return;
+  // tmrResize's work: a run that ended while minimised shows its stop message now.
+  setWindowTitle("Ravelton");
+  if (!game_.HyperDrive && !game_.StopMessage.empty()) {
+    const std::string message = game_.StopMessage;
+    game_.StopMessage.clear();
+    ShowNotice(game_, message, "Hyper-Drive Stopped", 540, kMsgOk | kMsgPicStop);
+  }
+}

@@ -1,0 +1,49 @@
+// frmCrapTable: the main window, its menu and the forms it opens.
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+
+class QAction;
+class QMenu;
+class QtPlatform;
+class TableView;
+class BankrollForm;
+class MoveForm;
+class AtmForm;
+struct Game;
+
+class CrapTableWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  CrapTableWindow(Game& game, QtPlatform& platform, QWidget* parent = nullptr);
+
+  TableView* View() const { return view_; }
+  // The bankroll / Hyper-Drive form, opened on first use.
+  BankrollForm* Bankroll();
+  MoveForm* Move();
+  AtmForm* Atm();
+  // mnuSaveView(n) and mnuRestoreView(n).
+  void SaveView(int n);
+  void RestoreView(int n);
+  // Refreshes the checks of the menu and the caption after any change.
+  void RefreshMenus();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void BuildMenus();
+  QAction* Item(QMenu* menu, const char* name, const QString& caption);
+  QAction* Unbuilt(QMenu* menu, const char* name, const QString& caption, const QString& why);
+  bool Interrupt();
+  void WindowKey(int key, Qt::KeyboardModifiers mods);
+
+  Game& game_;
+  QtPlatform& platform_;
+  TableView* view_;
+  QPointer<BankrollForm> bankroll_;
+  QPointer<MoveForm> move_;
+  QPointer<AtmForm> atm_;
+};

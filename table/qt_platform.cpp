@@ -1,0 +1,56 @@
+#include "table/qt_platform.h"
+
+#include <QCoreApplication>
+#include <QDialog>
+#include <QTimer>
+#include <QWidget>
+
+#include "table/message_form.h"
+#include "table/settle_form.h"
+
+QtPlatform::QtPlatform(QObject* parent) : QObject(parent) { clock_.start(); }
+
+int QtPlatform::RunModal(QDialog& dialog) {
+  if (onDialogShown) {
+    // Runs once the dialog's own event loop has started.
+    QTimer::singleShot(0, &dialog, [this, &dialog] { onDialogShown(dialog); });
+  }
+  return dialog.exec();
+}
+
+MessageReply QtPlatform::ShowMessage(const MessageRequest& request) {
+  ++messagesShown;
+  lastMessageText = request.text;
+  lastMessageTitle = request.title;
+  if (!request.modal) {
+    // A message that does not wait: shown, and answered as its default.
+    auto* form = new MessageForm(request, mainWindow_);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form->show();
+    MessageReply reply;
+    reply.answer = MessageForm::DefaultAnswer(request.style);
+    reply.input1 = request.input1;
+    reply.input2 = request.input2;
+    return reply;
+  }
+  MessageForm form(request, mainWindow_);
+  RunModal(form);
+  return form.Reply();
+}
+
+int QtPlatform::ShowSettleDialog(SettleDialog& dialog) {
+  ++settleDialogsShown;
+  SettleForm form(game_, dialog, mainWindow_);
+  RunModal(form);
+  return form.Pressed();
+}
+
+void QtPlatform::PlaySound(std::string_view, int) {}
+
+std::uint32_t QtPlatform::TimeGetTime() { return static_cast<std::uint32_t>(clock_.elapsed()); }
+
+void QtPlatform::DoEvents() { QCoreApplication::processEvents(QEventLoop::AllEvents); }
+
+void QtPlatform::RequestRedraw(Redraw what) { emit redrawRequested(static_cast<int>(what)); }
+
+bool QtPlatform::MainWindowMinimized() { return mainWindow_ && mainWindow_->isMinimized(); }

@@ -1,0 +1,61 @@
+// QtPlatform: the Platform of the desktop program. Messages and the settle
+// dialog open as real modal dialogs from inside a roll (their own event
+// loop runs while the roll waits); DoEvents lets pending window events run
+// during Hyper-Drive's pacing and between script statements; the clock is a
+// monotonic millisecond timer; a redraw request becomes a signal that the
+// main window turns into a repaint (coalesced by Qt, so a roll that asks
+// many times paints once).
+//
+// What must stay true: nothing here holds game state. The dialogs are built
+// from the request or from the SettleDialog data and write their answers
+// back into them.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPointer>
+#include <functional>
+
+#include "core/platform.h"
+
+class QDialog;
+class QWidget;
+struct Game;
+
+class QtPlatform : public QObject, public Platform {
+  Q_OBJECT
+ public:
+  explicit QtPlatform(QObject* parent = nullptr);
+
+  // The game whose settle dialog rows the dialog steps; the main window.
+  void SetGame(Game* game) { game_ = game; }
+  void SetMainWindow(QWidget* window) { mainWindow_ = window; }
+
+  MessageReply ShowMessage(const MessageRequest& request) override;
+  int ShowSettleDialog(SettleDialog& dialog) override;
+  // No sound library is linked: sound sets are not loaded, nothing plays.
+  void PlaySound(std::string_view path, int flags) override;
+  std::uint32_t TimeGetTime() override;
+  void DoEvents() override;
+  void RequestRedraw(Redraw what) override;
+  bool MainWindowMinimized() override;
+
+  // Called with every modal dialog just after it is shown (tests answer
+  // dialogs through it by clicking their real buttons); empty in play.
+  std::function<void(QDialog&)> onDialogShown;
+  // Counts of what was shown, for tests and the status line.
+  int messagesShown = 0;
+  int settleDialogsShown = 0;
+  std::string lastMessageText;
+  std::string lastMessageTitle;
+
+ signals:
+  void redrawRequested(int what);
+
+ private:
+  int RunModal(QDialog& dialog);
+
+  Game* game_ = nullptr;
+  QPointer<QWidget> mainWindow_;
+  QElapsedTimer clock_;
+};
