@@ -45,4 +45,6 @@ struct DiceFileState {
   bool WindowDirty = false;
   // The last failure to read or write the file, naming it; empty when fine.
   std::string Error;
+
+  friend bool operator==(const DiceFileState&, const DiceFileState&) = default;
 };

@@ -16,4 +16,6 @@ struct RollPadState {
   std::int32_t PadOptions = 4;
   std::int32_t PadColor = 0;  // 0 multi-colour, 1 red and cyan, 2 gray
   std::int32_t PadFacePick1 = 0, PadFacePick2 = 0;
+
+  friend bool operator==(const RollPadState&, const RollPadState&) = default;
 };

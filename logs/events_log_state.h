@@ -32,4 +32,6 @@ struct EventsLogState {
   // The last failure to write the log or its index, naming the file; empty
   // while all is well. The roll goes on without its log lines.
   std::string WriteError;
+
+  friend bool operator==(const EventsLogState&, const EventsLogState&) = default;
 };

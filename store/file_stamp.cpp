@@ -18,7 +18,4 @@ std::string FileStamp(const std::string& path) {
   return text;
 }
 
-bool FileExists(const std::string& path) {
-  struct stat st {};
-  return !path.empty() && ::stat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode);
-}
+

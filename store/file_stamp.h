@@ -5,9 +5,9 @@
 // gives the same text) and fits the 56 bytes of a path record's stamp.
 #pragma once
 
+#include "core/file_io.h"
+
 #include <string>
 
 // The file's last-modified time as text; empty when the file does not exist.
 std::string FileStamp(const std::string& path);
-// Whether a regular file (or a link to one) exists at path.
-bool FileExists(const std::string& path);

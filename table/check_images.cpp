@@ -28,7 +28,7 @@ const std::vector<std::pair<int, int>>& DrawRank() {
 
 }  // namespace
 
-void AppendStack(std::vector<CheckImage>& rows, const Game& g, int p, int b, Currency amount) {
+void AppendStack(std::vector<DrawnCheck>& rows, const Game& g, int p, int b, Currency amount) {
   if (amount <= Currency{}) return;
   const QPointF base = BasePosition(p, b);
   const QPointF step = StackStep(p, b);
@@ -46,8 +46,8 @@ void AppendStack(std::vector<CheckImage>& rows, const Game& g, int p, int b, Cur
   if (count == kMaxStackChecks && rest > Currency{}) rows.push_back({p, b, kOverflowKind, base});
 }
 
-std::vector<CheckImage> BuildCheckImages(const Game& g) {
-  std::vector<CheckImage> rows;
+std::vector<DrawnCheck> BuildCheckImages(const Game& g) {
+  std::vector<DrawnCheck> rows;
   for (const auto& [p, b] : DrawRank())
     if (!g.PlayerName[static_cast<std::size_t>(p)].empty()) AppendStack(rows, g, p, b, g.Bet(p, b));
   for (int p = 1; p <= 8; ++p) {
@@ -61,7 +61,7 @@ std::vector<CheckImage> BuildCheckImages(const Game& g) {
   return rows;
 }
 
-bool CheckImageHidden(const Game& g, const CheckImage& row) {
+bool CheckImageHidden(const Game& g, const DrawnCheck& row) {
   const int b = row.bet;
   if (!IsRealBet(b)) return false;
   if (g.table.HopBetsShown) return b >= bet::kHard4 && b <= bet::kHorn && b != bet::kCandE;

@@ -19,7 +19,7 @@ struct Game;
 constexpr int kMaxStackChecks = 13;
 constexpr int kOverflowKind = 6;
 
-struct CheckImage {
+struct DrawnCheck {
   int player = 0;
   int bet = 0;
   int kind = 0;  // 1..5 a check of CheckValue(kind), 6 the overflow mark
@@ -27,9 +27,9 @@ struct CheckImage {
 };
 
 // The rows of one stack of `amount` for player p on bet b.
-void AppendStack(std::vector<CheckImage>& rows, const Game& game, int p, int b, Currency amount);
+void AppendStack(std::vector<DrawnCheck>& rows, const Game& game, int p, int b, Currency amount);
 // Every stack on the table: bets 1..85 of every seated player, then the
 // four rail CheckStacks, in draw order.
-std::vector<CheckImage> BuildCheckImages(const Game& game);
+std::vector<DrawnCheck> BuildCheckImages(const Game& game);
 // True when the row's bet lies in the centre set that HopBetsShown hides.
-bool CheckImageHidden(const Game& game, const CheckImage& row);
+bool CheckImageHidden(const Game& game, const DrawnCheck& row);

@@ -91,7 +91,7 @@ void PaintChecks(QPainter& p, const Game& g, const PaintState& s) {
       if (!Seated(g, pl) || (s.flashOff && pl == bettor)) continue;
       for (int b = 1; b <= kLastRealBet; ++b) {
         if (g.Bet(pl, b) <= Currency{}) continue;
-        CheckImage probe{pl, b, 1, {}};
+        DrawnCheck probe{pl, b, 1, {}};
         if (CheckImageHidden(g, probe)) continue;
         PaintAmount(p, BasePosition(pl, b), g.Bet(pl, b));
       }
@@ -102,7 +102,7 @@ void PaintChecks(QPainter& p, const Game& g, const PaintState& s) {
     }
     return;
   }
-  for (const CheckImage& row : BuildCheckImages(g)) {
+  for (const DrawnCheck& row : BuildCheckImages(g)) {
     if (CheckImageHidden(g, row)) continue;
     if (s.flashOff && row.player == bettor && IsRealBet(row.bet)) continue;
     DrawCheck(p, row.pos, row.kind, kCheckRadius);

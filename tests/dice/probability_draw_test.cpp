@@ -15,6 +15,8 @@
 #include "cycle/startup.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
+#include "logs/events_log.h"
+#include "tests/support/events_log_text.h"
 
 namespace {
 
@@ -126,12 +128,14 @@ TEST_F(ProbabilityDraw, TheEventsLogNamesTheTableInUse) {
   Set(TotalEntry(12), 100000);  // every roll 6-6
   g.dice.ProbabilityDiceOn = true;
   g.roll.LogOn = true;
+  ClearEventsLog(g);
   g.hyper.RunRollLimit = 2;
   RunHyperDrive(g);
   g.probability.ProbFilePath = "/data/boxcars.prb";
   g.hyper.RunRollLimit = 1;
   RunHyperDrive(g);
-  const std::string& log = g.roll.LogText;
+  ASSERT_TRUE(FlushEventsLog(g));
+  const std::string log = ReadWholeFile(g.roll.EventsLogPath);
   EXPECT_NE(log.find(" Roll #2:  12 (6.6) from RNG #1 using untitled probability matrix\n"),
             std::string::npos)
       << log;

@@ -266,11 +266,11 @@ void TableViewTest::stacksStopAtThirteenChecks() {
                {12, 4, false}, {4, 4, false},  {13 * 500, 13, false},  {13 * 500 + 1, 13, true},
                {12 * 500 + 205, 13, true}};  // 12 of 500, one of 100, 105 left over
   for (const Case& c : cases) {
-    std::vector<CheckImage> rows;
+    std::vector<DrawnCheck> rows;
     AppendStack(rows, g, 1, bet::kField, Currency::FromWhole(c.amount));
     int checks = 0;
     bool overflow = false;
-    for (const CheckImage& r : rows) {
+    for (const DrawnCheck& r : rows) {
       if (r.kind == kOverflowKind)
         overflow = true;
       else
