@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/game.h"
-#include "script/house_figure.h"
+#include "analysis/advantage.h"
 
 namespace {
 
@@ -48,15 +48,19 @@ double MovingBankrollAverage(const Game& g, int p, int column, double span) {
   return read == 0 ? 0 : sum / read;
 }
 
-double FigureComps(const Game& g, int i) {
+double FigureComps(Game& g, int i) {
+  // The comps are figured with true dice when the table says so.
+  const bool skewed = g.dice.ProbabilityDiceOn;
+  if (g.rules.CompsUseTrueProbs) g.dice.ProbabilityDiceOn = false;
   double action = 0, decisions = 0, vig = 0;
   for (int b = 1; b <= kLastRealBet; ++b) {
     const double wagered = g.StatAction(i, b, kStatTotal).ToDouble();
     if (wagered <= 0 || !CompBet(g, b)) continue;
     action += wagered;
     decisions += g.StatAction(i, b, kStatCount).ToDouble();
-    vig -= wagered * HouseExpectedValue(g, b);
+    vig -= wagered * ExpectedValuePerDecision(g, b);
   }
+  g.dice.ProbabilityDiceOn = skewed;
   const double rolls = g.RollsAtTable(i);
   const double rph = g.rules.RollsPerHour.ToDouble();
   const double actionTime = decisions > 0 && rph > 0 ? (rolls / rph) * action / decisions : 0;

@@ -4,7 +4,8 @@
 // The bankroll graph and the summary view show the same figures; they are
 // kept here, beside their first reader, and read only the game's tables.
 //
-// What must stay true: both are pure reads of the game; neither allocates.
+// What must stay true: both only read the game (the comps may figure with
+// true dice for the time of the call); neither allocates.
 #pragma once
 
 struct Game;
@@ -15,4 +16,4 @@ struct Game;
 double MovingBankrollAverage(const Game& game, int p, int column, double span);
 
 // The comp value of frame index i under the comp rate and base now set.
-double FigureComps(const Game& game, int i);
+double FigureComps(Game& game, int i);

@@ -5,6 +5,7 @@
 #include "config/settings.h"
 #include "engine/bankroll.h"
 #include "core/game.h"
+#include "dice/probability_file.h"
 #include "core/text.h"
 #include "core/money.h"
 #include "core/platform.h"
@@ -68,6 +69,7 @@ struct Action {
   }
 
   void NewSession(bool preserveStacks, int diceMode);
+  void ProbabilityFile();
   void OutputFile(int action);
   void Swap();
 };
@@ -96,6 +98,19 @@ void Action::OutputFile(int action) {
   if (!ScriptFilePath(g, p, name, path)) return Refuse(std::string(kOutsideDataFolder));
   file = name;
   if (!OpenOutputFile(path, action == 221, error)) Failure(error);
+}
+
+// The probability dice on, with the table in use or one read from a file.
+void Action::ProbabilityFile() {
+  const std::string name = r.WorkCount >= 2 ? TrimmedText(1) : std::string();
+  if (!name.empty()) {
+    std::filesystem::path path;
+    if (!ScriptFilePath(g, r.ScriptBettor, name, path))
+      return Refuse(std::string(kOutsideDataFolder));
+    if (ReadProbabilityFile(g, path.string()) != ProbFileStatus::Ok)
+      return Refuse("File not found or file is not a valid probability file.");
+  }
+  g.dice.ProbabilityDiceOn = true;
 }
 
 void Action::Swap() {
@@ -176,7 +191,7 @@ void TakeAction(Game& g, int action) {
       if (!a.Allowed(r.AllowDiceFiles))
         a.RefusePermission(" is not allowed to activate probability files.");
       else
-        a.Refuse("Probability files are not available in this version.");
+        a.ProbabilityFile();
       break;
     case 220:
     case 221:

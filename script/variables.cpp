@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/advantage.h"
 #include "core/game.h"
 #include "core/money.h"
 #include "core/platform.h"
 #include "script/compile_common.h"
 #include "script/game_figures.h"
-#include "script/house_figure.h"
 #include "script/script_text.h"
 
 namespace {
@@ -140,8 +140,8 @@ double BetVariable(Game& g, int b, const ScriptElement* q) {
       }
     }
     case 31:
-      if (x == 4) return A(kStatTotal) * HouseExpectedValue(g, b);
-      if (x == 5) return 100 * HouseExpectedValue(g, b);
+      if (x == 4) return A(kStatTotal) * ExpectedValuePerDecision(g, b);
+      if (x == 5) return 100 * ExpectedValuePerDecision(g, b);
       return 0;
     default:
       break;

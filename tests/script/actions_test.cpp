@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/message_dialog.h"
+#include "dice/probability_file.h"
 #include "engine/players.h"
 #include "script/activation.h"
 #include "script/interpreter.h"
@@ -92,17 +93,35 @@ TEST_F(Actions, PermissionsMoveWithThePlayerAndANewPlayerGetsTheDefaults) {
             "See Options - Permissions.");
 }
 
-TEST_F(Actions, FileActionsWithoutTheirSubsystemAreRefusedWithTheirOwnReason) {
+TEST_F(Actions, ProbabilityFilesComeFromTheDataFolder) {
+  ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
+  ASSERT_TRUE(fs::exists(folder_ / "data/skew.prb"));
+  EXPECT_EQ(Run(1, "activate probability file \"none.prb\""),
+            "Unable to take action.\rFile not found or file is not a valid probability file.");
+  EXPECT_EQ(Run(1, "activate probability file \"../skew.prb\""),
+            "Unable to take action.\rFile must be in the data folder.");
+  EXPECT_FALSE(g.dice.ProbabilityDiceOn);
+  Run(1, "activate probability file \"skew.prb\"");
+  EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+  Run(1, "deactivate probability file");
+  EXPECT_FALSE(g.dice.ProbabilityDiceOn);
+  Run(1, "activate probability file");
+  EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+  g.scriptRun.AllowDiceFiles(1) = false;
+  EXPECT_EQ(Run(1, "deactivate probability file"),
+            "Unable to take action.\rAnn is not allowed to deactivate probability files.\r"
+            "See Options - Permissions.");
+  EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+}
+
+TEST_F(Actions, DiceRollFileActionsAreRefusedUntilTheFilesExist) {
   EXPECT_EQ(Run(1, "playback dice roll file \"x.rol\""),
             "Unable to take action.\rDice roll files are not available in this version.");
-  EXPECT_EQ(Run(1, "activate probability file"),
-            "Unable to take action.\rProbability files are not available in this version.");
   EXPECT_EQ(Run(1, "deactivate dice roll file"), "Unable to take action.\rDice roll file is not open.");
   g.scriptRun.AllowDiceFiles(1) = false;
   EXPECT_EQ(Run(1, "playback dice roll file"),
             "Unable to take action.\rAnn is not allowed to activate roll files.\r"
             "See Options - Permissions.");
-  EXPECT_FALSE(g.dice.ProbabilityDiceOn);
 }
 
 TEST_F(Actions, CheckScriptSelectsTheSpanWithoutBlanksAndColons) {

@@ -39,7 +39,8 @@ const std::vector<script_test::Rule> kRunGrammar = [] {
        "call off place bets :", "buy the place bet on place6 :", "player2 place8 = E :", "player1 field = N :",
        "if # rolls = 150 then start new session (preserve checkstacks) endif",
        "show message E :", "ask yes/no question \"q\" :", "pass the dice :",
-       "csD = mid$(\"abcdef\", E, E) & instr(D, \"abc\", \"b\") :", "csD = E mod (E - E) :"});
+       "csD = mid$(\"abcdef\", E, E) & instr(D, \"abc\", \"b\") :", "csD = E mod (E - E) :",
+       "activate probability file :", "deactivate probability file :"});
   return script_test::Extended(g, 'E',
                                {"rnd * 10", "len(csn1)", "val(csn2)", "average(cs1, cs2)",
                                 "int(E / 3)", "stddev(E, E)", "count(> 0, bets)",
