@@ -8,7 +8,7 @@
 #include "core/game.h"
 #include "core/platform.h"
 #include "script/compile_common.h"
-#include "script/game_figures.h"
+#include "stats/bankroll_graph.h"
 #include "script/interpreter.h"
 #include "script/script_text.h"
 #include "script/variables.h"
@@ -83,6 +83,12 @@ const char* FamilyNote(int family) {
                                            "Reference to Hard bet out of limits.",
                                            "Reference to Hop bet out of limits."};
   return kNotes[family];
+}
+
+// A moving average's span in rolls: 0 (all rolls) to a page of the graph.
+int GraphSpan(double span) {
+  if (!(span >= 1)) return 0;
+  return static_cast<int>(std::min(span, static_cast<double>(kGraphColumns)));
 }
 
 // A whole number 0..99, else -1.
@@ -336,7 +342,10 @@ int EvaluateFunction(Game& g, int position) {
       }
       return 1;
     case 110:
-      c.SetNumber(MovingBankrollAverage(g, g.scriptRun.ScriptBettor, g.GraphRollCount, c.Num(1)));
+      // A span above the graph's page counts as the page, below 1 as all rolls.
+      c.SetNumber(MovingBankrollAverage(g, g.scriptRun.ScriptBettor, g.GraphRollCount,
+                                        GraphSpan(c.Num(1)))
+                      .ToDouble());
       return 1;
     case 117:
       c.Text(1, c.r.TextA);

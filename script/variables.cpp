@@ -5,10 +5,10 @@
 
 #include "analysis/advantage.h"
 #include "core/game.h"
+#include "stats/summary.h"
 #include "core/money.h"
 #include "core/platform.h"
 #include "script/compile_common.h"
-#include "script/game_figures.h"
 #include "script/script_text.h"
 
 namespace {
@@ -382,7 +382,10 @@ ScriptElement VariableValue(Game& g, int v, const ScriptElement* q) {
   if (v >= 2000 && v <= 2999) return {kNumber, RollsVariable(g, v, q)};
   if (v == 1100) {
     const Reading f = FrameOf(g, q[0], q[1]);
-    return {kNumber, f.p >= 0 && f.p <= 8 ? FigureComps(g, f.i) : 0};
+    if (f.p < 0 || f.p > 8) return {kNumber, 0};
+    CompFigures comps;
+    FigureComps(g, comps, f.i);
+    return {kNumber, comps.value};
   }
   if (v == 1200) {
     const int h = std::clamp(Code(q[1].Value), 1, static_cast<int>(kFrameCount));

@@ -320,11 +320,14 @@ void ViewRecords(IO& io, Game& g) {
                     &f.EditorBold,        &f.EditorFontSize};
   for (int i = 0; i < 8; ++i) io.Long(i * 4, *editor[i]);
   io.Long(32, r.ScriptActive[0]);
+  // The script permissions by player; the fourth, the use of folders
+  // other than the data folder, follows the three in bytes 136-164.
+  ScriptRunState& run = g.scriptRun;
   for (int p = 1; p <= 8; ++p) {
-    const auto s = static_cast<std::size_t>(p);
-    io.Long(36 + 4 * p, f.AllowReset[s]);
-    io.Long(68 + 4 * p, f.AllowActForOthers[s]);
-    io.Long(100 + 4 * p, f.AllowActProbability[s]);
+    io.Long(36 + 4 * p, run.AllowReset(p));
+    io.Long(68 + 4 * p, run.AllowActForOthers(p));
+    io.Long(100 + 4 * p, run.AllowDiceFiles(p));
+    io.Long(132 + 4 * p, run.AllowAnyFolder(p));
   }
 
   io.Begin();  // 414

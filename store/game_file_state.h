@@ -2,7 +2,7 @@
 // subsystems: the file of the game in play, the window's title, the window
 // layout and view settings of the desktop forms, and the settings of parts
 // of the program that keep no state of their own yet (dice roll files, the
-// probability table's display, the script permissions, the check images on
+// probability table's display, the check images on
 // the layout). A headless build stores these as they were read and writes
 // them back unchanged, so a game opened and saved keeps them all.
 //
@@ -94,10 +94,10 @@ struct GameFileState {
   std::string DiceOutputFormat;
   std::array<L, 37> HighlightCombo{};  // (i - 1) * 6 + j for i, j = 1..6; 0 unused
 
-  // Script editor options (record 413) and permissions per player.
+  // Script editor options (record 413; the permissions per player there are
+  // the script's own, in ScriptRunState).
   L EditorStepsWindow = 0, EditorLineNumbers = 0, EditorSyntaxLists = 0, EditorAutoIndent = 0;
   L EditorHighlight = 0, EditorItalic = 0, EditorBold = 0, EditorFontSize = 0;
-  std::array<bool, 9> AllowReset{}, AllowActForOthers{}, AllowActProbability{};
 
   // Probability display of the configuration view.
   L ProbDisplayMode = 0;

@@ -111,7 +111,7 @@ TEST_F(CliScripts, BadScriptOptionsExitWithOne) {
            "--player Ann --script Bob=" + ok, "--player Ann --script Ann=" + (dir_ / "no.bet").string(),
         "--player Ann --script Ann", "--player Ann --dice 34,70", "--player Ann --dice 3",
         "--player Ann --dice 34,", "--player Ann --allow Ann:everything",
-        "--player Ann --allow Bob:files", "--player Ann --data " + (dir_ / "nowhere").string()})
+        "--player Ann --allow Bob:files", "--player Ann --data " + ok + "/below-a-file"})
     EXPECT_EQ(Cli("run --rolls 5 " + args).exitCode, 1) << args;
 }
 

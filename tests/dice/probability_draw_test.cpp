@@ -136,11 +136,11 @@ TEST_F(ProbabilityDraw, TheEventsLogNamesTheTableInUse) {
   RunHyperDrive(g);
   ASSERT_TRUE(FlushEventsLog(g));
   const std::string log = ReadWholeFile(g.roll.EventsLogPath);
-  EXPECT_NE(log.find(" Roll #2:  12 (6.6) from RNG #1 using untitled probability matrix\n"),
+  EXPECT_NE(log.find(" Roll #2:  12 (6.6) from RNG #1 using untitled probability matrix\r\n"),
             std::string::npos)
       << log;
   EXPECT_NE(
-      log.find(" Roll #3:  12 (6.6) from RNG #1 using probability matrix: /data/boxcars.prb\n"),
+      log.find(" Roll #3:  12 (6.6) from RNG #1 using probability matrix: /data/boxcars.prb\r\n"),
       std::string::npos)
       << log;
 }

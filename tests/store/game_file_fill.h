@@ -170,8 +170,6 @@ inline void FillGame(Game& g, const std::array<const char*, 9>& names) {
   f.DiceOutputFormat = "Roll# (Die1.Die2) Total";
   next(f.HighlightCombo);
   f.HighlightCombo[0] = 0;
-  next(f.AllowReset), next(f.AllowActForOthers), next(f.AllowActProbability);
-  f.AllowReset[0] = f.AllowActForOthers[0] = f.AllowActProbability[0] = false;
   f.RollsOutOf = 37.125;
   for (int i = 0; i < 30; ++i)
     f.CheckImages.push_back({static_cast<std::int16_t>(i % 9), static_cast<std::int16_t>(i * 3),

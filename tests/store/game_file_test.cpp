@@ -312,7 +312,8 @@ TEST_F(ReadRepairs, OutOfRangeValuesAreRepairedAsTheFileRulesSay) {
   EXPECT_EQ(Reopened(414, 24, -1, 8)->hyper.HyperDelaySeconds, Currency{});
   EXPECT_EQ(Reopened(414, 0, 0, 8)->roll.GraphScale, Currency::FromRaw(2000));
   EXPECT_EQ(Reopened(414, 8, -5, 8)->roll.GraphBaseScale, game->roll.GraphScale);
-  EXPECT_EQ(Reopened(413, 40, 5, 4)->gamefile.AllowReset[1], true);
+  EXPECT_EQ(Reopened(413, 72, 5, 4)->scriptRun.AllowActForOthers(1), true);
+  EXPECT_EQ(Reopened(413, 164, -1, 4)->scriptRun.AllowAnyFolder(8), true);
   // Record 5: the dice total and the points made follow the stored dice and mask.
   auto g = Reopened(5, 48, 0b110011, 4);
   EXPECT_EQ(g->PointsMade, 4);
