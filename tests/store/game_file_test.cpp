@@ -97,6 +97,8 @@ void CopyNotStored(Game& expected, const Game& loaded) {
   if (expected.PlayerCount == 0) expected.betting.AtmAmount = loaded.betting.AtmAmount;
   expected.rules.PrintColors[2] = loaded.rules.PrintColors[2];
   expected.rules.CompBets[0] = loaded.rules.CompBets[0];
+  expected.rules.RollsPerTimeRow = loaded.rules.RollsPerTimeRow;  // the rate's display row
+  expected.rules.VolumeLevel = loaded.rules.VolumeLevel;          // the machine's volume
   // Singles of the layout records that no window uses.
   GameFileState& f = expected.gamefile;
   for (int i = 0; i < 64; ++i) {
@@ -141,19 +143,7 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(PrevHandShooter); SAME(ComeoutsThisHand); SAME(PassesThisHand); SAME(MissesThisHand);
   SAME(RollsSince); SAME(GapTally); SAME(GraphRollCount); SAME(PayoffTbl); SAME(FieldPayoff);
   SAME(MidwayPayoff); SAME(FirePayoff); SAME(CheckValue);
-  SAME(rules.MinPlacardBet); SAME(rules.MaxPlacardBet); SAME(rules.MaxPropBetPayoff);
-  SAME(rules.MaxOddsBet); SAME(rules.MaxFireBet); SAME(rules.OddsAllowed410);
-  SAME(rules.OddsAllowed59); SAME(rules.OddsAllowed68); SAME(rules.OddsCalcMethod);
-  SAME(rules.BetRequirement); SAME(rules.BarNumber); SAME(rules.AllowPutBets); SAME(rules.UseBig68);
-  SAME(rules.UseMidwayBet); SAME(rules.UseFireBet); SAME(rules.BuyVigRate); SAME(rules.LayVigRate);
-  SAME(rules.BuyVigUpFront); SAME(rules.LayVigUpFront); SAME(rules.BuyVigRound);
-  SAME(rules.LayVigRound); SAME(rules.AutoArrangeChecks); SAME(rules.UseCentsSymbol);
-  SAME(rules.DiceAction); SAME(rules.RollsPerHour); SAME(rules.CheckStyle); SAME(rules.DiceStyle);
-  SAME(rules.SelectedCheck); SAME(rules.CompRate); SAME(rules.CompBase);
-  SAME(rules.CompsUseTrueProbs); SAME(rules.CompBets); SAME(rules.DiceSoundSet);
-  SAME(rules.ChipSoundSet); SAME(rules.WinSoundSet); SAME(rules.StickCallSet);
-  SAME(rules.SoundMuted); SAME(rules.AutoBetSoundsOff); SAME(rules.SnapCursorToButton);
-  SAME(rules.ColorPrint); SAME(rules.PrintColors); SAME(rules.NoticeFlags); SAME(rules.ConfigureTab);
+  SAME(rules);
   SAME(dice.RngIndex); SAME(dice.LastSeed); SAME(dice.Rng3State); SAME(dice.UserSeedMode);
   SAME(dice.ReseedEachSession); SAME(dice.ProbabilityDiceOn);
   SAME(roll.LogOn); SAME(roll.LogRolls); SAME(roll.LogBets); SAME(roll.LogStacks);
