@@ -17,8 +17,3 @@ std::string FileStamp(const std::string& path) {
                 static_cast<long>(st.st_mtim.tv_nsec));
   return text;
 }
-
-bool FileExists(const std::string& path) {
-  struct stat st {};
-  return !path.empty() && ::stat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode);
-}

@@ -7,7 +7,7 @@
 
 #include <string>
 
+#include "core/file_io.h"  // FileExists
+
 // The file's last-modified time as text; empty when the file does not exist.
 std::string FileStamp(const std::string& path);
-// Whether a regular file (or a link to one) exists at path.
-bool FileExists(const std::string& path);

@@ -42,6 +42,8 @@ const std::set<std::string_view> kSeatTablesNotStored = {
     "ScriptSelEndColumn",
     "ScriptSelStartLine",
     "ScriptSelEndLine",
+    "AllowDiceFiles",      // script permissions the file's record 413 has no place for
+    "AllowAnyFolder",      //
 };
 
 // Copies into `expected` what the file does not keep, from the reopened game.
@@ -112,7 +114,6 @@ void CopyNotStored(Game& expected, const Game& loaded) {
   }
   f.TableCos = loaded.gamefile.TableCos;
   f.TableSin = loaded.gamefile.TableSin;
-  f.DiceSelEnd = loaded.gamefile.DiceSelEnd;
   f.GameFilePath = loaded.gamefile.GameFilePath;
   f.WindowTitle = loaded.gamefile.WindowTitle;
 }
@@ -155,6 +156,18 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(betting.AtmAmount); SAME(betting.KeyInBetAmounts); SAME(betting.DisplayZeroStacks);
   SAME(betting.CheckStacksPlayer); SAME(betting.BankrollTabPlayer); SAME(betting.CurPlayer);
   SAME(autoplay.SelectedPlayers); SAME(scriptSource.EdPlayer); SAME(gamefile);
+  SAME(table.SavedView); SAME(table.TableRotation); SAME(table.TableOffsetA);
+  SAME(table.TableOffsetB); SAME(table.TableZoom); SAME(table.AutoSize);
+  SAME(table.DisplayBetAmounts); SAME(table.HopBetsShown); SAME(table.StatusView);
+  SAME(views.SummaryPlayers); SAME(views.BetResultsPlayers); SAME(views.HandsPlayers);
+  SAME(views.BetTrendsPlayer); SAME(views.RollTotalsKind); SAME(views.RollTotalsFrame);
+  SAME(views.RollTotalsPlayers); SAME(views.BetResultsFrame); SAME(views.HandsFrame);
+  SAME(views.SummaryFrame); SAME(views.BetResultsSelection); SAME(views.SessionsFilter);
+  SAME(views.SessionsView); SAME(diceFile.DiceFileMode); SAME(diceFile.optInsertRolls);
+  SAME(diceFile.DiceFilePos); SAME(diceFile.DiceSelEnd); SAME(diceFile.DiceFileLast);
+  SAME(diceFile.DiceOutputFormat); SAME(diceFile.HighlightCombo); SAME(diceFile.DiceFilePath);
+  SAME(probability.ProbDisplayMode); SAME(probability.RollsOutOf);
+  SAME(scriptRun.AllowReset); SAME(scriptRun.AllowActForOthers);
 #undef SAME
   return out;
 }
@@ -302,7 +315,7 @@ TEST_F(ReadRepairs, OutOfRangeValuesAreRepairedAsTheFileRulesSay) {
   EXPECT_EQ(Reopened(414, 24, -1, 8)->hyper.HyperDelaySeconds, Currency{});
   EXPECT_EQ(Reopened(414, 0, 0, 8)->roll.GraphScale, Currency::FromRaw(2000));
   EXPECT_EQ(Reopened(414, 8, -5, 8)->roll.GraphBaseScale, game->roll.GraphScale);
-  EXPECT_EQ(Reopened(413, 40, 5, 4)->gamefile.AllowReset[1], true);
+  EXPECT_EQ(Reopened(413, 40, 5, 4)->scriptRun.AllowReset(1), true);
   // Record 5: the dice total and the points made follow the stored dice and mask.
   auto g = Reopened(5, 48, 0b110011, 4);
   EXPECT_EQ(g->PointsMade, 4);
@@ -321,7 +334,7 @@ TEST_F(ReadRepairs, ABlocksAutoPlayRowsAreRepaired) {
 
 TEST_F(GameFile, TheDefaultGameKeepsNoTitlePathOrWindowLayout) {
   game->gamefile.LayoutA[1] = 111.f;
-  game->gamefile.SavedViews[0] = {600, 1, 2, 3};
+  game->table.SavedView[0] = {600, 1, 2, 3};
   ASSERT_TRUE(SaveGame(*game, Path("My Game.rvg")));
   EXPECT_EQ(game->gamefile.WindowTitle, "Ravelton (My Game.rvg)");
   EXPECT_EQ(game->gamefile.GameFilePath, Path("My Game.rvg"));
@@ -334,11 +347,11 @@ TEST_F(GameFile, TheDefaultGameKeepsNoTitlePathOrWindowLayout) {
   loaded->gamefile.LayoutA[1] = 5.f;
   ASSERT_TRUE(OpenGame(*loaded, Path("default.rvg")));
   EXPECT_EQ(loaded->gamefile.LayoutA[1], 5.f);  // the windows stay as they are
-  EXPECT_EQ(loaded->gamefile.SavedViews[0][0], 0);
+  EXPECT_EQ(loaded->table.SavedView[0].zoom, 0);
   EXPECT_EQ(loaded->gamefile.GameFilePath, "");
   ASSERT_TRUE(OpenGame(*loaded, Path("My Game.rvg")));
   EXPECT_EQ(loaded->gamefile.LayoutA[1], 111.f);
-  EXPECT_EQ(loaded->gamefile.SavedViews[0][0], 600);
+  EXPECT_EQ(loaded->table.SavedView[0].zoom, 600);
   EXPECT_EQ(loaded->gamefile.WindowTitle, "Ravelton (My Game.rvg)");
 }
 
