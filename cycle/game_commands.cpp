@@ -8,6 +8,7 @@
 #include "core/message_dialog.h"
 #include "core/text.h"
 #include "cycle/session.h"
+#include "dice/probability_file.h"
 #include "engine/roll_internal.h"
 #include "script/files.h"
 #include "store/file_chooser.h"
@@ -44,10 +45,25 @@ bool PromptUnsavedScripts(Game& g) {
   return true;
 }
 
-// Probability prompt. The probability table keeps no unsaved state in this
-// build (its files are read and written by their own unit), so there is
-// nothing to ask yet.
-bool PromptUnsavedProbabilities(Game&) { return true; }
+// Probability prompt: the table saved over its file, or through the chooser
+// when it has none or its file is default.prb.
+bool PromptUnsavedProbabilities(Game& g) {
+  if (!g.probability.ProbDirty) return true;
+  const int answer = ShowNotice(g,
+                                "Your current probabilities (listed on the configuration screen) "
+                                "have not been saved.\r\rDo you want to save them now?",
+                                "Save Probabilities?", 0, kYesNoCancel);
+  if (answer == kAnswerCancel) return false;
+  if (answer != kAnswerYes) return true;
+  std::string path = g.probability.ProbFilePath;
+  if (ProbabilitySaveNeedsName(g)) {
+    const auto chosen = ChooseFilePath(
+        g, {"Save Probability File As", {"Probability files (*.prb)", "All files (*.*)"}, ".prb", true});
+    if (!chosen) return false;
+    path = *chosen;
+  }
+  return SaveProbabilityFile(g, path);
+}
 
 // Session prompt: the game saved to its file, or through the chooser.
 bool PromptUnsavedSession(Game& g) {

@@ -17,5 +17,3 @@ std::string FileStamp(const std::string& path) {
                 static_cast<long>(st.st_mtim.tv_nsec));
   return text;
 }
-
-

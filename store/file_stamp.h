@@ -9,5 +9,7 @@
 
 #include <string>
 
+#include "core/file_io.h"  // FileExists
+
 // The file's last-modified time as text; empty when the file does not exist.
 std::string FileStamp(const std::string& path);

@@ -15,6 +15,7 @@
 #include "core/platform.h"
 #include "core/seats.h"
 #include "core/text.h"
+#include "dice/probability_file.h"
 #include "script/files.h"
 #include "store/file_stamp.h"
 #include "store/game_file_check.h"
@@ -123,7 +124,8 @@ struct ReadResult {
   bool ok = false;
   GameFilePaths paths;
   std::array<BlockPaths, 9> blockPaths{};
-  GameFileState windows;  // records 2 to 4 as read
+  GameFileState windows;  // records 2 and 3 as read
+  TableState views;       // record 4 as read
 };
 
 // Reads every record into g (already a copy of the game in play with fresh
@@ -134,7 +136,9 @@ ReadResult ReadRecords(std::string_view bytes, Game& g) {
   std::string header;
   HeaderRecord(io, header);
   result.windows = g.gamefile;
+  result.views = g.table;
   WindowRecords(io, result.windows);
+  SavedViewsRecord(io, result.views);
   Long checkImages = 0;
   PositionRecord(io, g, checkImages);
   if (!io.Ok() || g.PlayerCount < 0 || g.PlayerCount > 8 || checkImages < 0 ||
@@ -173,9 +177,9 @@ void DeriveAfterReading(Game& g) {
   g.DiceTotal = g.Die1 + g.Die2;
   g.PointsMade = std::popcount(static_cast<unsigned>(g.PointsMadeMask));
   GameFileState& f = g.gamefile;
-  f.TableCos = std::cos(f.TableRotation * kDegreesToRadians);
-  f.TableSin = std::sin(f.TableRotation * kDegreesToRadians);
-  f.DiceSelEnd = f.DiceFilePos;
+  f.TableCos = std::cos(g.table.TableRotation * kDegreesToRadians);
+  f.TableSin = std::sin(g.table.TableRotation * kDegreesToRadians);
+  g.diceFile.DiceSelEnd = g.diceFile.DiceFilePos;
   g.RollsSince(kEventRolls) = g.RollTally(kTableSession, kEventRolls);
   for (int p = 1; p <= 8; ++p)
     for (int b = 1; b <= kLastRealBet; ++b) g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b);
@@ -204,15 +208,17 @@ std::string GameFileBytes(Game& g) {
   std::string header = kGameFileHeader;
   HeaderRecord(io, header);
   WindowRecords(io, g.gamefile);
+  SavedViewsRecord(io, g.table);
   const Long savedCount = g.PlayerCount;
   g.PlayerCount = NamedSeats(g);
   Long checkImages = static_cast<Long>(g.gamefile.CheckImages.size());
   PositionRecord(io, g, checkImages);
   g.PlayerCount = savedCount;
   GameFilePaths paths;
-  const std::string& dice = g.gamefile.DiceFilePath;
+  const std::string& dice = g.diceFile.DiceFilePath;
   paths.dice = {dice, dice.empty() ? std::string() : FileStamp(dice)};
-  paths.probability = Reference(g.gamefile.ProbFilePath);
+  // Unsaved probabilities are referenced only once saved (see SaveGame).
+  if (!g.probability.ProbDirty) paths.probability = Reference(g.probability.ProbFilePath);
   paths.eventsLog = Reference(g.roll.EventsLogPath);
   PathRecords(io, paths);
   SettingsRecords(io, g);
@@ -235,6 +241,9 @@ std::string GameFileBytes(Game& g) {
 }
 
 bool SaveGame(Game& g, const std::string& path, const WriteProbe& probe) {
+  // The program's own game keeps unsaved probabilities in default.prb.
+  if (g.probability.ProbDirty && IsDefaultGameFile(path))
+    SaveProbabilityFile(g, g.roll.DataFolder + "default.prb");
   const std::string bytes = GameFileBytes(g);
   std::string error;
   if (!WriteFileAtomically(path, bytes, error, probe)) {
@@ -285,7 +294,7 @@ bool OpenGameBytes(Game& live, const std::string& path, std::string_view bytes) 
     GameFileState& f = next->gamefile;
     f.LayoutA = read.windows.LayoutA;
     f.LayoutB = read.windows.LayoutB;
-    f.SavedViews = read.windows.SavedViews;
+    next->table.SavedView = read.views.SavedView;
   }
   FollowReferences(*next, read.paths, read.blockPaths);
   DeriveAfterReading(*next);

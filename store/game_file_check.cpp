@@ -1,5 +1,6 @@
 #include "store/game_file_check.h"
 
+#include <cmath>
 #include <cstdlib>
 #include <initializer_list>
 
@@ -117,6 +118,13 @@ bool GameSound(const Game& g) {
   if (!AllMoney(g.Bet) || !AllMoney(g.BetAtRoll) || !AllMoney(g.BetAfterRoll) ||
       !AllMoney(g.BetContract) || !AllMoney(g.LayVig) || !AllMoney(g.BuyVig) ||
       !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll))
+    return false;
+  const DiceFileState& d = g.diceFile;
+  if (!Within(d.DiceFileMode, kDiceFileInactive, kDiceFilePlayback) || d.DiceFilePos < 0 ||
+      d.DiceFileLast < 0)
+    return false;
+  if (!(std::fabs(g.probability.RollsOutOf) < 1e12) ||
+      !Within(g.probability.ProbDisplayMode, 0, 3))
     return false;
   for (const CheckImage& c : g.gamefile.CheckImages)
     if (!Within(c.player, 0, 8) || !Within(c.bet, 0, kLastBetId)) return false;

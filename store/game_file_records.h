@@ -63,14 +63,24 @@ void HeaderRecord(IO& io, std::string& header) {
   io.Path(header, unused);
 }
 
-// Records 2, 3 and 4: window layout and saved table views.
+// Records 2 and 3: window layout.
 template <class IO>
 void WindowRecords(IO& io, GameFileState& f) {
   LayoutRecord(io, f.LayoutA, kLayoutA);
   LayoutRecord(io, f.LayoutB, kLayoutB);
+}
+
+// Record 4: the saved table views.
+template <class IO>
+void SavedViewsRecord(IO& io, TableState& t) {
   io.Begin();
-  for (int v = 0; v < kSavedViews; ++v)
-    for (int k = 0; k < 4; ++k) io.Long((v * 4 + k) * 4, f.SavedViews[v][k]);
+  for (int v = 0; v < kSavedViews; ++v) {
+    SavedTableView& view = t.SavedView[static_cast<std::size_t>(v)];
+    io.Long(v * 16, view.zoom);
+    io.Long(v * 16 + 4, view.rotation);
+    io.Long(v * 16 + 8, view.offsetA);
+    io.Long(v * 16 + 12, view.offsetB);
+  }
 }
 
 // Record 5: the game in hand, the table's position, the views' players.
@@ -91,21 +101,21 @@ void PositionRecord(IO& io, Game& g, Long& checkImageCount) {
   io.Long(48, g.PointsMadeMask);
   io.Long(52, g.dice.Rng3State);
   io.Long(56, g.dice.LastSeed);
-  io.Long(60, f.TableRotation);
-  io.Long(64, f.TableOffsetA);
-  io.Long(68, f.TableOffsetB);
-  io.Long(72, f.TableZoom);
+  io.Long(60, g.table.TableRotation);
+  io.Long(64, g.table.TableOffsetA);
+  io.Long(68, g.table.TableOffsetB);
+  io.Long(72, g.table.TableZoom);
   io.Long(76, checkImageCount);
   io.Long(84, g.autoplay.SelectedPlayers);
-  io.Long(88, f.SummaryPlayers);
-  io.Long(92, f.BetResultsPlayers);
+  io.Long(88, g.views.SummaryPlayers);
+  io.Long(92, g.views.BetResultsPlayers);
   io.Long(96, g.betting.CheckStacksPlayer);
   io.Long(100, g.betting.BankrollTabPlayer);
   io.Long(104, f.BankrollPlayer);
   io.Long(108, g.scriptSource.EdPlayer);
   io.Long(112, f.GamesPlayer);
-  io.Long(116, f.HandsPlayers);
-  io.Long(120, f.BetTrendsPlayer);
+  io.Long(116, g.views.HandsPlayers);
+  io.Long(120, g.views.BetTrendsPlayer);
 }
 
 // Records 6, 7, 8.
@@ -166,8 +176,8 @@ void SettingsRecords(IO& io, Game& g) {
   io.LongCur(208, g.dice.UserSeedMode);
   io.LongCur(216, g.dice.ReseedEachSession);
   io.LongCur(224, g.dice.ProbabilityDiceOn);
-  io.LongCur(232, f.ProbDisplayMode);
-  io.LongCur(240, f.RollsOutOf);
+  io.LongCur(232, g.probability.ProbDisplayMode);
+  io.LongCur(240, g.probability.RollsOutOf);
 
   io.Begin();  // 11
   io.Cur(0, t.MinPlacardBet);
@@ -258,45 +268,47 @@ void ViewRecords(IO& io, Game& g) {
   GameFileState& f = g.gamefile;
   RollState& r = g.roll;
   io.Begin();  // 409
-  io.Long(4, f.RollTotalsKind);
+  ViewsState& v = g.views;
+  DiceFileState& d = g.diceFile;
+  io.Long(4, v.RollTotalsKind);
   io.Long(8, f.RollTotalsBackColor);
   io.Long(12, f.RollTotalsGraphColor);
   io.Long(16, f.RollTotalsScrollX);
   io.Long(20, f.RollTotalsScrollY);
   io.Long(24, f.RollTotalsShowProb);
-  io.Long(28, f.RollTotalsFrame);
-  io.Long(32, f.RollTotalsPlayers);
-  io.Long(36, f.BetResultsFrame);
+  io.Long(28, v.RollTotalsFrame);
+  io.Long(32, v.RollTotalsPlayers);
+  io.Long(36, v.BetResultsFrame);
   io.Long(40, g.ComeoutsThisHand);
   io.Long(44, g.PassesThisHand);
   io.Long(48, g.MissesThisHand);
   io.Long(52, f.HandsUnits);
-  io.Long(56, f.HandsFrame);
-  io.Long(60, f.SummaryFrame);
+  io.Long(56, v.HandsFrame);
+  io.Long(60, v.SummaryFrame);
 
   io.Begin();  // 410
-  io.Text(0, kRecordBytes, f.BetResultsSelection);
+  io.Text(0, kRecordBytes, v.BetResultsSelection);
 
   io.Begin();  // 411
-  io.Long(0, f.AutoSize);
+  io.Long(0, g.table.AutoSize);
   io.Long(4, g.betting.KeyInBetAmounts);
-  io.Long(8, f.DisplayBetAmounts);
+  io.Long(8, g.table.DisplayBetAmounts);
   io.Long(16, f.EnterBetId);
-  io.Long(20, f.DisplayHopBets);
-  io.Long(24, f.StatusView);
+  io.Long(20, g.table.HopBetsShown);
+  io.Long(24, g.table.StatusView);
   io.Long(28, g.betting.DisplayZeroStacks);
   io.Long(32, f.CheckStacksScroll);
   io.Long(36, f.CheckStacksFontSize);
   io.Long(40, f.FreqNum);
-  io.Long(44, f.SessionsFilter);
-  io.Long(48, f.SessionsView);
+  io.Long(44, v.SessionsFilter);
+  io.Long(48, v.SessionsView);
   io.Long(52, f.RyonKind);
   io.Long(56, f.RyonColor);
-  io.Long(60, f.DiceFileMode);
-  io.Long(64, f.InsertRolls);
+  io.Long(60, d.DiceFileMode);
+  io.Long(64, d.optInsertRolls);
   io.Long(84, f.DiceFilesFontSize);
-  io.Long(88, f.DiceFilePos);
-  io.Long(92, f.DiceFileLast);
+  io.Long(88, d.DiceFilePos);
+  io.Long(92, d.DiceFileLast);
   io.Long(96, g.GraphRollCount);
   io.Long(100, r.GraphAutoPrint);
   io.Long(104, f.BankrollReferenceLines);
@@ -312,7 +324,7 @@ void ViewRecords(IO& io, Game& g) {
   io.Long(144, f.CheckStacksBold);
 
   io.Begin();  // 412
-  io.Text(0, kRecordBytes, f.DiceOutputFormat);
+  io.Text(0, kRecordBytes, d.DiceOutputFormat);
 
   io.Begin();  // 413
   Long* editor[] = {&f.EditorStepsWindow, &f.EditorLineNumbers, &f.EditorSyntaxLists,
@@ -338,7 +350,8 @@ void ViewRecords(IO& io, Game& g) {
   io.Cur(32, g.hyper.AutoStopRolls);
 
   io.Begin();  // 415
-  for (int k = 1; k <= 36; ++k) io.Long(k * 4, f.HighlightCombo[static_cast<std::size_t>(k)]);
+  for (int i = 1; i <= 6; ++i)
+    for (int j = 1; j <= 6; ++j) io.Long(((i - 1) * 6 + j) * 4, d.HighlightCombo(i, j));
 }
 
 // The statistics of slot p in its five frames, 32 Currency a record.

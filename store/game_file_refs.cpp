@@ -5,6 +5,7 @@
 #include "core/game.h"
 #include "core/message_dialog.h"
 #include "core/text.h"
+#include "dice/probability_file.h"
 #include "script/files.h"
 #include "store/file_stamp.h"
 
@@ -16,14 +17,14 @@ void Tell(Game& g, const std::string& text, const char* title) {
 
 // The dice roll file; true when it is missing or changed since the save.
 bool FollowDiceFile(Game& g, const PathField& ref) {
-  GameFileState& f = g.gamefile;
-  f.DiceFilePath = ref.path;
+  std::string& path = g.diceFile.DiceFilePath;
+  path = ref.path;
   if (ref.path.empty()) return false;
   const char* kept = "(that was in use when this game was saved) ";
   if (!FileExists(ref.path)) {
     Tell(g, std::string("The following Dice Roll file ") + kept + "was not found:\r\r" + ref.path,
          "Missing Dice Roll File");
-    f.DiceFilePath.clear();
+    path.clear();
     return true;
   }
   if (FileStamp(ref.path) != ref.stamp) {
@@ -34,15 +35,14 @@ bool FollowDiceFile(Game& g, const PathField& ref) {
   return false;
 }
 
+// The probability file is read into the table; one that does not read is
+// dropped with its message and the table stays as it was.
 void FollowProbabilityFile(Game& g, const PathField& ref) {
-  GameFileState& f = g.gamefile;
-  f.ProbFilePath = ref.path;
   if (ref.path.empty()) return;
   const char* kept = "(that was in use when this game was saved) ";
-  if (!FileExists(ref.path)) {
+  if (ReadProbabilityFile(g, ref.path) != ProbFileStatus::Ok) {
     Tell(g, std::string("The following Probability file ") + kept + "was not found:\r\r" + ref.path,
          "Missing Probability File");
-    f.ProbFilePath.clear();
   } else if (FileStamp(ref.path) != ref.stamp) {
     Tell(g, std::string("The following Probability file ") + kept + "has been changed:\r\r" + ref.path,
          "Altered Probability File");
@@ -104,10 +104,10 @@ void FollowSessionsLog(Game& g, int p, const BlockPaths& ref) {
 
 void FollowReferences(Game& g, const GameFilePaths& paths, const std::array<BlockPaths, 9>& blocks) {
   if (FollowDiceFile(g, paths.dice)) {
-    GameFileState& f = g.gamefile;
+    DiceFileState& f = g.diceFile;
     f.DiceFilePos = f.DiceSelEnd = 1;
     f.DiceFileLast = 0;
-    f.DiceFileMode = 0;
+    f.DiceFileMode = kDiceFileInactive;
   }
   FollowProbabilityFile(g, paths.probability);
   FollowEventsLog(g, paths.eventsLog);

@@ -1,10 +1,9 @@
 // What a game file holds beyond the tables of the engine and its
 // subsystems: the file of the game in play, the window's title, the window
-// layout and view settings of the desktop forms, and the settings of parts
-// of the program that keep no state of their own yet (dice roll files, the
-// probability table's display, the check images on
-// the layout). A headless build stores these as they were read and writes
-// them back unchanged, so a game opened and saved keeps them all.
+// layout, and the view settings of desktop forms that keep no state of their
+// own yet (colours, scroll positions, fonts, the check images on the
+// layout). A headless build stores these as they were read and writes them
+// back unchanged, so a game opened and saved keeps them all.
 //
 // What must stay true:
 // - Plain data only; every field has the value a game starts with.
@@ -19,10 +18,10 @@
 #include <vector>
 
 #include "core/currency.h"
+#include "table/table_state.h"
 
 inline constexpr int kMaxCheckImages = 2000;
 inline constexpr int kManyCheckImages = 900;  // above it the checks are arranged automatically
-inline constexpr int kSavedViews = 10;
 inline constexpr int kPaletteColors = 37;
 
 // One check drawn on the layout: whose, on which bet, its artwork, where.
@@ -41,18 +40,14 @@ struct GameFileState {
   // The folder the file chooser opens in (empty: the data folder); not saved.
   std::string ChooserFolder;
 
-  // Window layout (records 2 and 3) and saved table views (record 4).
+  // Window layout (records 2 and 3).
   std::array<float, 64> LayoutA{};
   std::array<float, 64> LayoutB{};
-  std::array<std::array<L, 4>, kSavedViews> SavedViews{};  // zoom, rotation, offset A, offset B
 
-  // The table's position on the screen.
-  L TableRotation = 0, TableOffsetA = 0, TableOffsetB = 0, TableZoom = 0;
-  double TableCos = 1, TableSin = 0;  // of TableRotation, figured on reading
-
-  // Players selected on the views.
-  L SummaryPlayers = 0, BetResultsPlayers = 0, BankrollPlayer = 0, GamesPlayer = 0;
-  L HandsPlayers = 0, BetTrendsPlayer = 0;
+  // Players selected on the bankroll and games views; the table's rotation
+  // as cosine and sine, figured on reading.
+  L BankrollPlayer = 0, GamesPlayer = 0;
+  double TableCos = 1, TableSin = 0;
 
   // Events log window.
   bool LogLatestOnTop = false;
@@ -69,42 +64,22 @@ struct GameFileState {
   L TablePreset = 0;
 
   // View state (record 409).
-  L RollTotalsKind = 0, RollTotalsBackColor = 0, RollTotalsGraphColor = 0;
-  L RollTotalsScrollX = 0, RollTotalsScrollY = 0, RollTotalsShowProb = 0;
-  L RollTotalsFrame = 0, RollTotalsPlayers = 0, BetResultsFrame = 0;
-  L HandsUnits = 0, HandsFrame = 0, SummaryFrame = 0;
-  std::string BetResultsSelection;  // record 410
+  L RollTotalsBackColor = 0, RollTotalsGraphColor = 0, RollTotalsScrollX = 0;
+  L RollTotalsScrollY = 0, RollTotalsShowProb = 0, HandsUnits = 0;
 
   // Table options and views (record 411).
-  bool AutoSize = false, DisplayBetAmounts = false, DisplayHopBets = false;
   L EnterBetId = 1;  // the bet under the keyed-in amount box
-  L StatusView = 0;
   L CheckStacksScroll = 0, CheckStacksFontSize = 0;
   bool CheckStacksItalic = false, CheckStacksBold = false;
-  L FreqNum = 0, SessionsFilter = 0, SessionsView = 0;
   L RyonKind = 0, RyonColor = 0;
-  L DiceFileMode = 0;  // 0 inactive, 1 recording, 2 playback
-  bool InsertRolls = false;
-  L DiceFilesFontSize = 0;
-  L DiceFilePos = 1, DiceSelEnd = 1, DiceFileLast = 0;
+  L FreqNum = 0, DiceFilesFontSize = 0;
   L BankrollReferenceLines = 0, BankrollColor = 0, BankrollAdjustType = 0, BankrollGraphType = 0;
   L BankrollGridLines = 0, BankrollAverageSpan = 0;
-
-  // Dice roll file output (record 412) and highlighted combinations (415).
-  std::string DiceOutputFormat;
-  std::array<L, 37> HighlightCombo{};  // (i - 1) * 6 + j for i, j = 1..6; 0 unused
 
   // Script editor options (record 413; the permissions per player there are
   // the script's own, in ScriptRunState).
   L EditorStepsWindow = 0, EditorLineNumbers = 0, EditorSyntaxLists = 0, EditorAutoIndent = 0;
   L EditorHighlight = 0, EditorItalic = 0, EditorBold = 0, EditorFontSize = 0;
-
-  // Probability display of the configuration view.
-  L ProbDisplayMode = 0;
-  double RollsOutOf = 36;
-
-  // Referenced files.
-  std::string DiceFilePath, ProbFilePath;
 
   // The checks drawn on the layout, in drawing order.
   std::vector<CheckImage> CheckImages;

@@ -12,8 +12,6 @@
 #include <array>
 #include <cstdint>
 
-#include "store/game_file_state.h"
-
 // Where the status boxes stand (mnuStatusView).
 enum StatusViewKind : std::int32_t {
   kStatusTop = 0,      // "Align at &top of window"
@@ -25,7 +23,7 @@ enum StatusViewKind : std::int32_t {
 
 constexpr std::int32_t kTableZoomMin = 500;
 constexpr std::int32_t kTableZoomMax = 5000;
-// kSavedViews: store/game_file_state.h, where the game file keeps the views.
+constexpr int kSavedViews = 10;
 
 struct SavedTableView {
   std::int32_t zoom = 0;  // 0: never saved

@@ -67,8 +67,8 @@ nlohmann::json InfoJson(const Game& g) {
   auto file = [&files](const std::string& kind, const std::string& path) {
     if (!path.empty()) files.push_back({{"kind", kind}, {"path", path}, {"stamp", FileStamp(path)}});
   };
-  file("dice roll file", g.gamefile.DiceFilePath);
-  file("probability file", g.gamefile.ProbFilePath);
+  file("dice roll file", g.diceFile.DiceFilePath);
+  file("probability file", g.probability.ProbFilePath);
   file("events log", g.roll.EventsLogPath);
   for (int p = 1; p <= 8; ++p) {
     const auto s = static_cast<std::size_t>(p);

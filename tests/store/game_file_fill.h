@@ -139,38 +139,50 @@ inline void FillGame(Game& g, const std::array<const char*, 9>& names) {
   g.hyper.AutoStopRolls = Currency::FromWhole(5000);
 
   GameFileState& f = g.gamefile;
+  ViewsState& v = g.views;
+  TableState& tv = g.table;
   next(f.LayoutA);
   next(f.LayoutB);
-  next(f.SavedViews);
-  next(f.TableRotation), next(f.TableOffsetA), next(f.TableOffsetB), next(f.TableZoom);
-  next(f.SummaryPlayers), next(f.BetResultsPlayers), next(f.BankrollPlayer), next(f.GamesPlayer);
-  next(f.HandsPlayers), next(f.BetTrendsPlayer);
+  for (SavedTableView& view : tv.SavedView) {
+    next(view.zoom), next(view.rotation), next(view.offsetA), next(view.offsetB);
+  }
+  next(tv.TableRotation), next(tv.TableOffsetA), next(tv.TableOffsetB), next(tv.TableZoom);
+  next(v.SummaryPlayers), next(v.BetResultsPlayers), next(f.BankrollPlayer), next(f.GamesPlayer);
+  next(v.HandsPlayers), next(v.BetTrendsPlayer);
   f.LogLatestOnTop = true, f.LogBold = true, f.LogItalic = false;
   next(f.LogFontSize);
   f.IncludeZeroOutcomes = true, f.ShowMiscData = true;
   next(f.AdvantageScroll), next(f.PayoffsScroll);
   next(f.PaletteColor), next(f.LayoutColor), next(f.TablePreset);
-  for (auto* v : {&f.RollTotalsKind, &f.RollTotalsBackColor, &f.RollTotalsGraphColor,
+  for (auto* x : {&v.RollTotalsKind, &f.RollTotalsBackColor, &f.RollTotalsGraphColor,
                   &f.RollTotalsScrollX, &f.RollTotalsScrollY, &f.RollTotalsShowProb,
-                  &f.RollTotalsFrame, &f.RollTotalsPlayers, &f.BetResultsFrame, &f.HandsUnits,
-                  &f.HandsFrame, &f.SummaryFrame, &f.StatusView, &f.CheckStacksScroll,
-                  &f.CheckStacksFontSize, &f.FreqNum, &f.SessionsFilter, &f.SessionsView,
+                  &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame, &f.HandsUnits,
+                  &v.HandsFrame, &v.SummaryFrame, &tv.StatusView, &f.CheckStacksScroll,
+                  &f.CheckStacksFontSize, &f.FreqNum, &v.SessionsFilter, &v.SessionsView,
                   &f.RyonKind, &f.RyonColor, &f.DiceFilesFontSize, &f.BankrollReferenceLines,
                   &f.BankrollColor, &f.BankrollAdjustType, &f.BankrollGraphType,
                   &f.BankrollGridLines, &f.BankrollAverageSpan, &f.EditorStepsWindow,
                   &f.EditorLineNumbers, &f.EditorSyntaxLists, &f.EditorAutoIndent,
-                  &f.EditorHighlight, &f.EditorItalic, &f.EditorBold, &f.EditorFontSize,
-                  &f.ProbDisplayMode})
-    next(*v);
-  f.BetResultsSelection = "Pass Line, Field";
-  f.AutoSize = true, f.DisplayBetAmounts = true, f.DisplayHopBets = true;
+                  &f.EditorHighlight, &f.EditorItalic, &f.EditorBold, &f.EditorFontSize})
+    next(*x);
+  v.BetResultsSelection = "Pass Line, Field";
+  tv.AutoSize = true, tv.DisplayBetAmounts = true, tv.HopBetsShown = true;
   f.EnterBetId = 102;
-  f.CheckStacksItalic = true, f.CheckStacksBold = false, f.InsertRolls = true;
-  f.DiceFileMode = 2, f.DiceFilePos = 17, f.DiceSelEnd = 17, f.DiceFileLast = 40;
-  f.DiceOutputFormat = "Roll# (Die1.Die2) Total";
-  next(f.HighlightCombo);
-  f.HighlightCombo[0] = 0;
-  f.RollsOutOf = 37.125;
+  f.CheckStacksItalic = true, f.CheckStacksBold = false;
+  DiceFileState& d = g.diceFile;
+  d.optInsertRolls = true;
+  d.DiceFileMode = 2, d.DiceFilePos = 17, d.DiceSelEnd = 17, d.DiceFileLast = 40;
+  d.DiceOutputFormat = "Roll# (Die1.Die2) Total";
+  for (int i = 1; i <= 6; ++i)
+    for (int j = 1; j <= 6; ++j) d.HighlightCombo(i, j) = (i * j) % 3 == 1;
+  for (int p = 1; p <= 8; ++p) {
+    g.scriptRun.AllowReset(p) = p % 2;
+    g.scriptRun.AllowActForOthers(p) = p % 3 == 0;
+    g.scriptRun.AllowDiceFiles(p) = p % 4 == 1;
+    g.scriptRun.AllowAnyFolder(p) = p % 5 == 2;
+  }
+  g.probability.ProbDisplayMode = 3;
+  g.probability.RollsOutOf = 37.125;
   for (int i = 0; i < 30; ++i)
     f.CheckImages.push_back({static_cast<std::int16_t>(i % 9), static_cast<std::int16_t>(i * 3),
                              static_cast<std::int16_t>(i % 5), static_cast<std::int16_t>(-i),

@@ -175,10 +175,10 @@ TEST_F(StoreFixture, ReferencesThatAreMissingOrChangedAreTold) {
   game->scriptSource.ScriptFile[2] = Path("gone.bet");
   game->roll.SessionLogPath[2] = Path("elsewhere/bo.slg");
   game->roll.EventsLogPath = Path("events.txt");
-  game->gamefile.DiceFilePath = Path("dice.rol");
+  game->diceFile.DiceFilePath = Path("dice.rol");
   Write(Path("dice.rol"), std::string(10, '\x04'));
-  game->gamefile.DiceFileMode = 2;
-  game->gamefile.DiceFilePos = 5;
+  game->diceFile.DiceFileMode = 2;
+  game->diceFile.DiceFilePos = 5;
   ASSERT_TRUE(SaveGame(*game, Path("refs.rvg")));
   // The script and the dice roll file change after the save.
   struct timespec times[2] = {{0, UTIME_OMIT}, {12345, 0}};
@@ -208,13 +208,13 @@ TEST_F(StoreFixture, ReferencesThatAreMissingOrChangedAreTold) {
   // The events log file did not exist, so the default one is used quietly.
   EXPECT_EQ(g->roll.EventsLogPath, Path("Events Log.txt"));
   // A changed dice roll file is no longer played from where it was.
-  EXPECT_EQ(g->gamefile.DiceFileMode, 0);
-  EXPECT_EQ(g->gamefile.DiceFilePos, 1);
-  EXPECT_EQ(g->gamefile.DiceFilePath, Path("dice.rol"));
+  EXPECT_EQ(g->diceFile.DiceFileMode, 0);
+  EXPECT_EQ(g->diceFile.DiceFilePos, 1);
+  EXPECT_EQ(g->diceFile.DiceFilePath, Path("dice.rol"));
 
   std::filesystem::remove(Path("dice.rol"));
   ASSERT_TRUE(OpenGame(*g, Path("refs.rvg")));
-  EXPECT_EQ(g->gamefile.DiceFilePath, "");
+  EXPECT_EQ(g->diceFile.DiceFilePath, "");
 }
 
 }  // namespace

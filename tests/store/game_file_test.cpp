@@ -97,6 +97,8 @@ void CopyNotStored(Game& expected, const Game& loaded) {
   if (expected.PlayerCount == 0) expected.betting.AtmAmount = loaded.betting.AtmAmount;
   expected.rules.PrintColors[2] = loaded.rules.PrintColors[2];
   expected.rules.CompBets[0] = loaded.rules.CompBets[0];
+  expected.rules.RollsPerTimeRow = loaded.rules.RollsPerTimeRow;  // the rate's display row
+  expected.rules.VolumeLevel = loaded.rules.VolumeLevel;          // the machine's volume
   // Singles of the layout records that no window uses.
   GameFileState& f = expected.gamefile;
   for (int i = 0; i < 64; ++i) {
@@ -110,7 +112,6 @@ void CopyNotStored(Game& expected, const Game& loaded) {
   }
   f.TableCos = loaded.gamefile.TableCos;
   f.TableSin = loaded.gamefile.TableSin;
-  f.DiceSelEnd = loaded.gamefile.DiceSelEnd;
   f.GameFilePath = loaded.gamefile.GameFilePath;
   f.WindowTitle = loaded.gamefile.WindowTitle;
 }
@@ -141,19 +142,7 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(PrevHandShooter); SAME(ComeoutsThisHand); SAME(PassesThisHand); SAME(MissesThisHand);
   SAME(RollsSince); SAME(GapTally); SAME(GraphRollCount); SAME(PayoffTbl); SAME(FieldPayoff);
   SAME(MidwayPayoff); SAME(FirePayoff); SAME(CheckValue);
-  SAME(rules.MinPlacardBet); SAME(rules.MaxPlacardBet); SAME(rules.MaxPropBetPayoff);
-  SAME(rules.MaxOddsBet); SAME(rules.MaxFireBet); SAME(rules.OddsAllowed410);
-  SAME(rules.OddsAllowed59); SAME(rules.OddsAllowed68); SAME(rules.OddsCalcMethod);
-  SAME(rules.BetRequirement); SAME(rules.BarNumber); SAME(rules.AllowPutBets); SAME(rules.UseBig68);
-  SAME(rules.UseMidwayBet); SAME(rules.UseFireBet); SAME(rules.BuyVigRate); SAME(rules.LayVigRate);
-  SAME(rules.BuyVigUpFront); SAME(rules.LayVigUpFront); SAME(rules.BuyVigRound);
-  SAME(rules.LayVigRound); SAME(rules.AutoArrangeChecks); SAME(rules.UseCentsSymbol);
-  SAME(rules.DiceAction); SAME(rules.RollsPerHour); SAME(rules.CheckStyle); SAME(rules.DiceStyle);
-  SAME(rules.SelectedCheck); SAME(rules.CompRate); SAME(rules.CompBase);
-  SAME(rules.CompsUseTrueProbs); SAME(rules.CompBets); SAME(rules.DiceSoundSet);
-  SAME(rules.ChipSoundSet); SAME(rules.WinSoundSet); SAME(rules.StickCallSet);
-  SAME(rules.SoundMuted); SAME(rules.AutoBetSoundsOff); SAME(rules.SnapCursorToButton);
-  SAME(rules.ColorPrint); SAME(rules.PrintColors); SAME(rules.NoticeFlags); SAME(rules.ConfigureTab);
+  SAME(rules);
   SAME(dice.RngIndex); SAME(dice.LastSeed); SAME(dice.Rng3State); SAME(dice.UserSeedMode);
   SAME(dice.ReseedEachSession); SAME(dice.ProbabilityDiceOn);
   SAME(roll.LogOn); SAME(roll.LogRolls); SAME(roll.LogBets); SAME(roll.LogStacks);
@@ -165,6 +154,18 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(betting.AtmAmount); SAME(betting.KeyInBetAmounts); SAME(betting.DisplayZeroStacks);
   SAME(betting.CheckStacksPlayer); SAME(betting.BankrollTabPlayer); SAME(betting.CurPlayer);
   SAME(autoplay.SelectedPlayers); SAME(scriptSource.EdPlayer); SAME(gamefile);
+  SAME(table.SavedView); SAME(table.TableRotation); SAME(table.TableOffsetA);
+  SAME(table.TableOffsetB); SAME(table.TableZoom); SAME(table.AutoSize);
+  SAME(table.DisplayBetAmounts); SAME(table.HopBetsShown); SAME(table.StatusView);
+  SAME(views.SummaryPlayers); SAME(views.BetResultsPlayers); SAME(views.HandsPlayers);
+  SAME(views.BetTrendsPlayer); SAME(views.RollTotalsKind); SAME(views.RollTotalsFrame);
+  SAME(views.RollTotalsPlayers); SAME(views.BetResultsFrame); SAME(views.HandsFrame);
+  SAME(views.SummaryFrame); SAME(views.BetResultsSelection); SAME(views.SessionsFilter);
+  SAME(views.SessionsView); SAME(diceFile.DiceFileMode); SAME(diceFile.optInsertRolls);
+  SAME(diceFile.DiceFilePos); SAME(diceFile.DiceSelEnd); SAME(diceFile.DiceFileLast);
+  SAME(diceFile.DiceOutputFormat); SAME(diceFile.HighlightCombo); SAME(diceFile.DiceFilePath);
+  SAME(probability.ProbDisplayMode); SAME(probability.RollsOutOf);
+  SAME(scriptRun.AllowReset); SAME(scriptRun.AllowActForOthers);
 #undef SAME
   return out;
 }
@@ -312,6 +313,7 @@ TEST_F(ReadRepairs, OutOfRangeValuesAreRepairedAsTheFileRulesSay) {
   EXPECT_EQ(Reopened(414, 24, -1, 8)->hyper.HyperDelaySeconds, Currency{});
   EXPECT_EQ(Reopened(414, 0, 0, 8)->roll.GraphScale, Currency::FromRaw(2000));
   EXPECT_EQ(Reopened(414, 8, -5, 8)->roll.GraphBaseScale, game->roll.GraphScale);
+  EXPECT_EQ(Reopened(413, 40, 5, 4)->scriptRun.AllowReset(1), true);
   EXPECT_EQ(Reopened(413, 72, 5, 4)->scriptRun.AllowActForOthers(1), true);
   EXPECT_EQ(Reopened(413, 164, -1, 4)->scriptRun.AllowAnyFolder(8), true);
   // Record 5: the dice total and the points made follow the stored dice and mask.
@@ -332,7 +334,7 @@ TEST_F(ReadRepairs, ABlocksAutoPlayRowsAreRepaired) {
 
 TEST_F(GameFile, TheDefaultGameKeepsNoTitlePathOrWindowLayout) {
   game->gamefile.LayoutA[1] = 111.f;
-  game->gamefile.SavedViews[0] = {600, 1, 2, 3};
+  game->table.SavedView[0] = {600, 1, 2, 3};
   ASSERT_TRUE(SaveGame(*game, Path("My Game.rvg")));
   EXPECT_EQ(game->gamefile.WindowTitle, "Ravelton (My Game.rvg)");
   EXPECT_EQ(game->gamefile.GameFilePath, Path("My Game.rvg"));
@@ -345,11 +347,11 @@ TEST_F(GameFile, TheDefaultGameKeepsNoTitlePathOrWindowLayout) {
   loaded->gamefile.LayoutA[1] = 5.f;
   ASSERT_TRUE(OpenGame(*loaded, Path("default.rvg")));
   EXPECT_EQ(loaded->gamefile.LayoutA[1], 5.f);  // the windows stay as they are
-  EXPECT_EQ(loaded->gamefile.SavedViews[0][0], 0);
+  EXPECT_EQ(loaded->table.SavedView[0].zoom, 0);
   EXPECT_EQ(loaded->gamefile.GameFilePath, "");
   ASSERT_TRUE(OpenGame(*loaded, Path("My Game.rvg")));
   EXPECT_EQ(loaded->gamefile.LayoutA[1], 111.f);
-  EXPECT_EQ(loaded->gamefile.SavedViews[0][0], 600);
+  EXPECT_EQ(loaded->table.SavedView[0].zoom, 600);
   EXPECT_EQ(loaded->gamefile.WindowTitle, "Ravelton (My Game.rvg)");
 }
 
