@@ -15,6 +15,5 @@ struct AdvantageState {
   bool ShowMiscData = false;
   // vsbAdvantage: the bet id of the table's first visible row.
   std::int32_t AdvantageTopRow = 1;
-
   friend bool operator==(const AdvantageState&, const AdvantageState&) = default;
 };

@@ -52,6 +52,5 @@ struct ProbabilityState {
   // The plain generator that redraws k when it falls beyond the cells' sum:
   // a 32-bit linear congruential state, apart from the selectable generators.
   std::uint32_t RedrawState = 1;
-
   friend bool operator==(const ProbabilityState&, const ProbabilityState&) = default;
 };

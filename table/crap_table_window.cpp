@@ -25,6 +25,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
 #include "core/game.h"
@@ -319,6 +320,6 @@ void CrapTableWindow::changeEvent(QEvent* event) {
   if (!game_.HyperDrive && !game_.StopMessage.empty()) {
     const std::string message = game_.StopMessage;
     game_.StopMessage.clear();
-    ShowNotice(game_, message, "Hyper-Drive Stopped", 540, kMsgOk | kMsgPicStop);
+    ShowNotice(game_, message, "Hyper-Drive Stopped", kHelpHyperDrive, kMsgOk | kMsgPicStop);
   }
 }
