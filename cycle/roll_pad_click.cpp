@@ -12,8 +12,8 @@ constexpr int kPadQuestionStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusNo;
 constexpr int kHyperDriveHelp = 540;
 
 // During Hyper-Drive a click asks to stop the run and never rolls. (A run
-// of scripts will ask "Do you want to interrupt auto-betting?" here in the
-// same way once the interpreter keeps its running flag.)
+// of scripts asks "Do you want to interrupt auto-betting?" here in the same
+// way once the interpreter keeps its running flag.)
 bool BusyWithARun(Game& g) {
   if (!g.HyperDrive) return false;
   if (ShowNotice(g, "Do you want to stop Hyper-Drive?", "Hyper-Drive Active", kHyperDriveHelp,

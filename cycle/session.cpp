@@ -72,8 +72,11 @@ void StartStatistics(Game& g, bool preserveGames) {
   });
 }
 
-void LogSessionOpening(Game& g, bool logExisted) {
-  if (logExisted) WriteEventLine(g, "============================================");
+// The session's first lines: a rule after an earlier log, the date, the players.
+void LogSessionOpening(Game& g) {
+  FlushEventsLog(g);
+  if (std::filesystem::exists(g.roll.EventsLogPath))
+    WriteEventLine(g, "============================================");
   const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   std::tm local{};
   localtime_r(&now, &local);
@@ -93,7 +96,24 @@ void LogSessionOpening(Game& g, bool logExisted) {
   }
 }
 
+// The dice roll file in play, then the hand about to start.
+void LogSessionComeOut(Game& g) {
+  if (g.diceFile.DiceFileMode == kDiceFilePlayback)
+    WriteEventLine(g, "    Dice roll file playback active (" + g.diceFile.DiceFilePath + ")");
+  if (g.Shooter == 0)
+    WriteEventLine(g, "----New hand, come-out roll----------");
+  else if (g.roll.LogNewHand)
+    WriteEventLine(g, "----New shooter (" + g.PlayerName[static_cast<std::size_t>(g.Shooter)] +
+                          ") coming out----------");
+}
+
 }  // namespace
+
+void LogSessionStart(Game& g) {
+  if (!g.roll.LogOn) return;
+  LogSessionOpening(g);
+  LogSessionComeOut(g);
+}
 
 void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool preserveSessionsLogs,
                 int diceMode) {
@@ -158,26 +178,16 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
   g.platform->RequestRedraw(Redraw::Graph);
   g.StopMessage.clear();
 
-  FlushEventsLog(g);
   if (r.LogClearOnNew) ClearEventsLog(g);
-  const bool logExisted = std::filesystem::exists(r.EventsLogPath);
 
   g.HandShooter = g.Shooter;
   g.Point = g.PointAtRoll = g.PointBeforeLast = g.LastPoint = 0;
 
   ApplyNewSessionDiceMode(g, diceMode);
 
-  if (r.LogOn) LogSessionOpening(g, logExisted);
+  if (r.LogOn) LogSessionOpening(g);
   if (g.dice.ReseedEachSession) SeedRng(g);
-  if (r.LogOn) {
-    if (g.diceFile.DiceFileMode == kDiceFilePlayback)
-      WriteEventLine(g, "    Dice roll file playback active (" + g.diceFile.DiceFilePath + ")");
-    if (g.Shooter == 0)
-      WriteEventLine(g, "----New hand, come-out roll----------");
-    else if (r.LogNewHand)
-      WriteEventLine(g, "----New shooter (" + g.PlayerName[static_cast<std::size_t>(g.Shooter)] +
-                            ") coming out----------");
-  }
+  if (r.LogOn) LogSessionComeOut(g);
 
   g.platform->RequestRedraw(Redraw::OpenViews);
   if (!g.HyperDrive) g.platform->RequestRedraw(Redraw::Table);

@@ -13,3 +13,7 @@ struct Game;
 // diceMode: 0 drop the dice roll file, 1 rewind and play back, 2 continue as is.
 void NewSession(Game& game, bool preserveGames, bool preserveCheckstacks, bool preserveSessionsLogs,
                 int diceMode);
+// The events log's lines of a session's start (the rule, the date, the
+// players, the dice roll file in play, the shooter), when LogOn: what
+// NewSession writes, for a session that starts without it (a command-line run).
+void LogSessionStart(Game& game);

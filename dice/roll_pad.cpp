@@ -140,5 +140,5 @@ bool ChoosePadDice(RollPadState& pad, const PadCell& cell, double rnd) {
 }
 
 std::string PadCounterText(const Game& g) {
-  return FormatMoney(Currency::FromWhole(g.RollTally(18, 0)));
+  return FormatMoney(Currency::FromWhole(g.RollTally(kTableSession, kEventRolls)));
 }

@@ -24,3 +24,5 @@ void AddProbabilityCommand(CLI::App& app);
 void AddReportCommand(CLI::App& app);
 // ravelton-cli info: what a game file holds.
 void AddInfoCommand(CLI::App& app);
+// ravelton-cli rolls: a dice roll file as text, or a text as a dice roll file.
+void AddRollsCommand(CLI::App& app);

@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
   AddProbabilityCommand(app);
   AddReportCommand(app);
   AddInfoCommand(app);
+  AddRollsCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

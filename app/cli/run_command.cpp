@@ -12,12 +12,11 @@
 #include <string>
 
 #include "app/cli/commands.h"
+#include "app/cli/dice_file_options.h"
 #include "app/cli/game_file_options.h"
 #include "app/cli/player_options.h"
 #include "app/cli/probability_options.h"
 #include "app/cli/report.h"
-#include "cycle/hyperdrive.h"
-#include "dice/rng.h"
 #include "app/cli/script_options.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
@@ -42,6 +41,7 @@ struct RunOptions {
   ReportOptions report;  // --report VIEW: a view's figures after the run
   GameFileOptions files;
   ScriptOptions scripts;
+  DiceFileOptions diceFiles;  // --record, --playback, --log
 };
 
 struct RunResult {
@@ -186,7 +186,8 @@ int Run(RunOptions& options) {
     std::cerr << "ravelton-cli run: " << error << '\n';
     return 1;
   }
-  if (!SetUpPlayers(*game, options, error)) {
+  if (!SetUpPlayers(*game, options, error) || !ApplyDiceFileOptions(*game, options.diceFiles, error) ||
+      !ApplyLogOptions(*game, options.diceFiles, error)) {
     std::cerr << "ravelton-cli run: " << error << '\n';
     return 1;
   }
@@ -209,11 +210,18 @@ int Run(RunOptions& options) {
   RunResult result;
   result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   result.stop = game->hyper.LastStopMessage;
-  if (!options.report.view.empty()) return PrintRunReport(*game, result, options, platform);
-  if (options.json)
+  if (!options.report.view.empty()) {
+    if (const int rc = PrintRunReport(*game, result, options, platform); rc != 0) return rc;
+  } else if (options.json) {
     std::cout << RunSummaryJson(*game, result, platform).dump() << '\n';
-  else
+  } else {
     PrintSummary(std::cout, *game, result);
+  }
+  // A log or dice roll file that could not be written fails the run after its summary.
+  if (const std::string failed = DiceFileAndLogErrors(*game); !failed.empty()) {
+    std::cerr << "ravelton-cli run: " << failed << '\n';
+    return 1;
+  }
   return SaveGameOption(*game, platform, options.files) ? 0 : 1;
 }
 
@@ -241,6 +249,7 @@ void AddRunCommand(CLI::App& app) {
   AddReportOptions(*cmd, options->report, true);
   AddGameFileOptions(*cmd, options->files);
   AddScriptOptions(*cmd, options->scripts);
+  AddDiceFileOptions(*cmd, options->diceFiles);
   cmd->callback([options] {
     ApplyDataOption(options->files);
     if (const int rc = Run(*options); rc != 0) throw CLI::RuntimeError(rc);

@@ -120,10 +120,10 @@ TEST_F(DiceFile, AHyperDriveRunRecordsEveryRollAndPlaybackRepeatsThem) {
   g.hyper.RollObserverContext = &played;
   g.hyper.RunRollLimit = 0;
   platform.minimized = true;  // no rewind question
-  const Long before = g.RollTally(18, 0);
+  const Long before = g.RollTally(kTableSession, kEventRolls);
   RunHyperDrive(g);
   EXPECT_EQ(played, rolled);
-  EXPECT_EQ(g.RollTally(18, 0) - before, kRolls);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls) - before, kRolls);
   EXPECT_EQ(g.hyper.LastStopMessage, kEndOfDiceFileStop);
   EXPECT_EQ(g.diceFile.DiceFilePos, kRolls + 1);
   EXPECT_EQ(g.diceFile.DiceFileLast, kRolls);
@@ -137,10 +137,10 @@ TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
     Roll(6, 6);  // a pad roll comes before the file
     RollDice(g);
     EXPECT_EQ(g.Die1 * 10 + g.Die2, 23);
-    const Long rolls = g.RollTally(18, 0);
+    const Long rolls = g.RollTally(kTableSession, kEventRolls);
     platform.messages.clear();
     RollDice(g);
-    EXPECT_EQ(g.RollTally(18, 0), rolls) << "no roll is taken";
+    EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), rolls) << "no roll is taken";
     EXPECT_EQ(g.diceFile.DiceFileMode, kDiceFileInactive);
     ASSERT_EQ(platform.messages.size(), 1u);
     EXPECT_EQ(platform.messages[0].title, "Dice Roll File Error");

@@ -121,7 +121,7 @@ TEST_F(PadRolls, AClickRollsThroughTheCycleAheadOfAPlayingFile) {
   g.pad.PadOptions = 1 << static_cast<int>(PadKind::DiceFaces);
   EXPECT_EQ(PadClick(g, false, 10, 10, 200, 600, 0.0), PadClickOutcome::Picked);   // die 1, face 1
   EXPECT_EQ(PadClick(g, false, 10, 590, 200, 600, 0.0), PadClickOutcome::Picked);  // die 1, face 6
-  EXPECT_EQ(g.RollTally(18, 0), 2);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 2);
   EXPECT_EQ(PadClick(g, false, 190, 250, 200, 600, 0.0), PadClickOutcome::Rolled);  // die 2, face 3
   EXPECT_EQ(g.Die1 * 10 + g.Die2, 63);
   EXPECT_EQ(g.pad.PadFacePick1 + g.pad.PadFacePick2, 0);
@@ -147,7 +147,7 @@ TEST_F(PadRolls, DuringHyperDriveAClickAsksToStopAndNeverRolls) {
   EXPECT_EQ(platform.messages[0].style, 9222);
   EXPECT_FALSE(g.KeepRolling);
   EXPECT_FALSE(g.pad.PadRollPending);
-  EXPECT_EQ(g.RollTally(18, 0), 0);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
   g.HyperDrive = false;
   g.RollBusy = true;
   EXPECT_EQ(PadClick(g, false, 10, 30, 600, 600, 0.0), PadClickOutcome::Nothing);

@@ -324,7 +324,7 @@ TEST_F(EventsLog, AnUnwritableLogIsReportedAndTheGameGoesOn) {
   Roll(3, 4);
   EXPECT_NE(g.eventsLog.WriteError.find("no-such-folder-file"), std::string::npos)
       << g.eventsLog.WriteError;
-  EXPECT_EQ(g.RollTally(18, 0), 1);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
 }
 
 }  // namespace
