@@ -92,6 +92,11 @@ void LogAtmMoves(Game& g) {
 
 void LogBetChange(Game& g, Section& s, int p, int b) {
   const Currency a = g.Bet(p, b), was = g.BetAtRoll(p, b);
+  const int total = g.DiceTotal;  // still the previous roll's
+  const int dc = IsBoxNumber(total) ? DontComeId(total) : -1;
+  // A bet that was not there and is not there now has nothing to say, but
+  // for the Don't Come point its box just moved to.
+  if (a.IsZero() && was.IsZero() && b != dc) return;
   // Decisions of the last roll carry its number (none before a session's first roll).
   const Long rolls = g.RollTally(kTableSession, kEventRolls);
   const Currency lastRoll = Currency::FromWhole(rolls);
@@ -99,8 +104,6 @@ void LogBetChange(Game& g, Section& s, int p, int b) {
   const bool lostLast = rolls > 0 && g.StatLosses(row, b, kStatRollOfLast) == lastRoll;
   // A bet the last roll decided and that came down was not removed by its player.
   const bool decidedLast = rolls > 0 && g.StatAction(row, b, kStatRollOfLast) == lastRoll;
-  const int total = g.DiceTotal;  // still the previous roll's
-  const int dc = IsBoxNumber(total) ? DontComeId(total) : -1;
   const int cp = IsBoxNumber(total) ? ComeId(total) : -1;
   const Currency dcBox = g.BetAtRoll(p, bet::kDontCome), comeBox = g.BetAtRoll(p, bet::kCome);
   const std::string_view name = BetName(b);
