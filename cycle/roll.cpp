@@ -44,6 +44,7 @@ bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>
 // no money, bets or records to change.
 unsigned SeatedPlayers(const Game& g) {
   unsigned seated = 0;
+  if (g.PlayerCount == 0) return seated;  // the count of named seats
   for (int p = 1; p <= 8; ++p)
     if (Named(g, p)) seated |= 1u << p;
   return seated;

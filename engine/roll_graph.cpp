@@ -51,15 +51,24 @@ void ScrollByOne(Game& g) {
 }  // namespace
 
 void ShiftGraphHistory(Game& g) {
-  for (int p = 1; p <= 8; ++p) Widen(g, p, g.Bet(p, 0));
-  if (g.GraphRollCount >= kGraphColumns) {
+  if (g.GraphRollCount < kGraphColumns) {
+    // The page has room: widen the range and add the column in one sweep.
+    const int count = ++g.GraphRollCount;
+    for (int p = 1; p <= 8; ++p) {
+      const Currency bank = g.Bet(p, 0);
+      Widen(g, p, bank);
+      g.GraphBankroll(p, count) = bank;
+    }
+  } else {
+    for (int p = 1; p <= 8; ++p) Widen(g, p, g.Bet(p, 0));
     if (g.roll.GraphPlotType == 0)
       StartNewPage(g);
     else
       ScrollByOne(g);
+    const int count = ++g.GraphRollCount;
+    for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, count) = g.Bet(p, 0);
   }
-  const int count = ++g.GraphRollCount;
-  for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, count) = g.Bet(p, 0);
+  const int count = g.GraphRollCount;
   // With the graph on screen and its average shown, the view's moving
   // average fills GraphTrend(p, count) here.
   if (count == kGraphColumns && g.roll.GraphAutoPrint) g.roll.GraphPrintDue = true;
