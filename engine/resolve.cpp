@@ -21,6 +21,9 @@ namespace {
 // set are skipped: an empty table decides in a few nanoseconds.
 unsigned SeatsWithBets(const Game& g) {
   unsigned seats = 0;
+  std::int64_t any = 0;  // one test for a table where nobody has a bet
+  for (int p = 1; p <= 8; ++p) any |= g.TotalBets(p).raw;
+  if (any == 0) return seats;
   for (int seat = 1; seat <= 8; ++seat)
     if (g.TotalBets(PlayerOfSeat(seat)) > Currency{}) seats |= 1u << (seat - 1);
   return seats;
