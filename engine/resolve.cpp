@@ -396,6 +396,7 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
 void ResetWorkingFlags(Game& g) {
   // An open seat is skipped: a player who sits down gets the working flags
   // of the phase in play.
+  if (g.PlayerCount == 0) return;  // the count of named seats
   const bool pointOn = g.Point > 0;
   for (int p = 1; p <= 8; ++p) {
     if (g.PlayerName[p].empty()) continue;
