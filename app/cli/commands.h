@@ -26,3 +26,5 @@ void AddReportCommand(CLI::App& app);
 void AddInfoCommand(CLI::App& app);
 // ravelton-cli rolls: a dice roll file as text, or a text as a dice roll file.
 void AddRollsCommand(CLI::App& app);
+// ravelton-cli batch: many seeded sessions from one starting game, per-player figures.
+void AddBatchCommand(CLI::App& app);

@@ -7,6 +7,7 @@ int main(int argc, char** argv) {
   CLI::App app{"Ravelton craps simulator, headless"};
   app.require_subcommand(0, 1);
   AddRunCommand(app);
+  AddBatchCommand(app);
   AddBenchCommand(app);
   AddScriptCommands(app);
   AddTranslateCommand(app);

@@ -296,3 +296,7 @@ void PrintPlayers(std::ostream& out, const Game& game) {
     }
   }
 }
+
+std::optional<Currency> CommandLineAmount(std::string_view text) { return Amount(text); }
+
+int SeatOfPlayer(const Game& game, std::string_view name) { return SeatOf(game, name); }

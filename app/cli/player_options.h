@@ -4,14 +4,19 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "core/currency.h"
 
 namespace CLI {
 class App;
 }
 struct Game;
+
 
 struct PlayerOptions {
   std::vector<std::string> players;   // NAME[=BANKROLL][@SEAT]
@@ -34,3 +39,7 @@ nlohmann::json PlayersJson(const Game& game);
 // The same for people: each seated player's money, then one line per decided
 // bet with its decisions, amount wagered, net and net per amount wagered.
 void PrintPlayers(std::ostream& out, const Game& game);
+// An amount typed on the command line (digits, optional sign and point).
+std::optional<Currency> CommandLineAmount(std::string_view text);
+// The seat of the player so named (case ignored), or 0.
+int SeatOfPlayer(const Game& game, std::string_view name);

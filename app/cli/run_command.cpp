@@ -15,9 +15,9 @@
 #include "app/cli/dice_file_options.h"
 #include "app/cli/game_file_options.h"
 #include "app/cli/player_options.h"
-#include "app/cli/probability_options.h"
 #include "app/cli/report.h"
 #include "app/cli/script_options.h"
+#include "app/cli/table_options.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "cycle/hyperdrive.h"
@@ -30,14 +30,10 @@ namespace {
 // the defaults in the comments.
 struct RunOptions {
   std::int64_t rolls = 1'000'000;
-  std::optional<int> rng;              // as users number them, 1..8 (1)
-  std::optional<double> seed;          // none: seeded from the clock (a fresh table)
-  std::optional<std::string> require;  // none | line | any (none)
-  std::optional<std::int64_t> autoStop;  // (0)
+  TableOptions table;  // --rng, --seed, --require, --auto-stop, --prb
   bool trace = false;
   bool json = false;
   PlayerOptions players;
-  std::string prb;  // a probability file whose dice are used
   ReportOptions report;  // --report VIEW: a view's figures after the run
   GameFileOptions files;
   ScriptOptions scripts;
@@ -60,37 +56,7 @@ bool ApplyOptions(Game& game, const RunOptions& o, bool loaded, std::string& err
     error = "--rolls must not be negative";
     return false;
   }
-  const int rng = o.rng.value_or(loaded ? game.dice.RngIndex + 1 : 1);
-  if (rng < 1 || rng > kRngCount) {
-    error = "--rng must be 1 to 8";
-    return false;
-  }
-  if (o.autoStop && *o.autoStop < 0) {
-    error = "--auto-stop must not be negative";
-    return false;
-  }
-  const std::string require = o.require.value_or(loaded ? "" : "none");
-  if (require == "none")
-    game.rules.BetRequirement = kNoBetRequired;
-  else if (require == "line")
-    game.rules.BetRequirement = kLineBetRequired;
-  else if (require == "any")
-    game.rules.BetRequirement = kAnyBetRequired;
-  else if (!require.empty()) {
-    error = "--require must be none, line or any";
-    return false;
-  }
-  game.dice.RngIndex = rng - 1;
-  if (!UseProbabilityFileOption(game, o.prb, error)) return false;
-  if (o.seed && !SeedRngWith(game, *o.seed)) {
-    error = "--seed is out of range for RNG #" + std::to_string(rng);
-    return false;
-  }
-  // Without a seed a fresh table's generator is seeded from the clock, so
-  // the seed reported is the one that reproduces the run; a loaded game's
-  // generator goes on from where it was saved.
-  if (!o.seed && !loaded) SeedRng(game);
-  if (o.autoStop || !loaded) game.hyper.AutoStopRolls = Currency::FromWhole(o.autoStop.value_or(0));
+  if (!ApplyTableOptions(game, o.table, loaded, error)) return false;
   game.hyper.RunRollLimit = o.rolls;
   return true;
 }
@@ -231,21 +197,10 @@ void AddRunCommand(CLI::App& app) {
   auto options = std::make_shared<RunOptions>();
   CLI::App* cmd = app.add_subcommand("run", "Run a seeded Hyper-Drive session");
   cmd->add_option("--rolls", options->rolls, "Rolls to run (default 1,000,000)");
-  cmd->add_option_function<int>(
-      "--rng", [options](const int& n) { options->rng = n; },
-      "Random number generator 1..8 (default 1)");
-  cmd->add_option_function<double>(
-      "--seed", [options](const double& s) { options->seed = s; }, "Seed the generator with S");
-  cmd->add_option_function<std::string>(
-      "--require", [options](const std::string& r) { options->require = r; },
-      "Bet required to shoot: none, line or any");
-  cmd->add_option_function<std::int64_t>(
-      "--auto-stop", [options](const std::int64_t& n) { options->autoStop = n; },
-      "Auto-Stop every N session rolls (0 never)");
+  AddTableOptions(*cmd, options->table, true);
   cmd->add_flag("--trace", options->trace, "Print '<roll> <die1> <die2>' for every roll");
   cmd->add_flag("--json", options->json, "Print the summary as one JSON object");
   AddPlayerOptions(*cmd, options->players);
-  AddProbabilityFileOption(*cmd, options->prb, "Play with the dice of this probability file");
   AddReportOptions(*cmd, options->report, true);
   AddGameFileOptions(*cmd, options->files);
   AddScriptOptions(*cmd, options->scripts);

@@ -1,0 +1,307 @@
+// ravelton-cli batch: many independent sessions from one starting game,
+// set up by the same options as run, played on threads (and MPI ranks), and
+// reported per player. The engine and the figures live in batch/; this file
+// parses, checks everything before the first session, and prints.
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <iomanip>
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <thread>
+#include <unistd.h>
+
+#include "app/cli/batch_ranks.h"
+#include "app/cli/commands.h"
+#include "app/cli/game_file_options.h"
+#include "app/cli/player_options.h"
+#include "app/cli/script_options.h"
+#include "app/cli/table_options.h"
+#include "batch/batch.h"
+#include "batch/batch_stats.h"
+#include "core/game.h"
+#include "cycle/startup.h"
+
+namespace {
+
+struct BatchOptions {
+  std::int64_t sessions = 1000;
+  std::int64_t rolls = 0;
+  std::int64_t hands = 0;
+  std::uint64_t seed = 1;
+  int threads = 0;  // 0: every core
+  std::vector<std::string> stopWins;    // NAME:X
+  std::vector<std::string> stopLosses;  // NAME:X
+  bool json = false;
+  bool csv = false;
+  bool perSession = false;
+  TableOptions table;
+  PlayerOptions players;
+  GameFileOptions files;
+  ScriptOptions scripts;
+};
+
+// Fills a stop of each NAME:X; false with `error` for an unknown player or a bad amount.
+bool ParseStops(const Game& game, const std::vector<std::string>& args, const char* option,
+                std::array<std::optional<Currency>, kBatchSeats + 1>& stops, std::string& error) {
+  for (const std::string& arg : args) {
+    const auto colon = arg.rfind(':');
+    const int p = colon == std::string::npos ? 0 : SeatOfPlayer(game, arg.substr(0, colon));
+    if (p == 0) {
+      error = std::string(option) + " " + arg + ": no player named '" + arg.substr(0, colon) + "' is seated";
+      return false;
+    }
+    const auto amount = CommandLineAmount(arg.substr(colon + 1));
+    if (!amount || *amount <= Currency{}) {
+      error = std::string(option) + " " + arg + ": the amount must be a number above 0";
+      return false;
+    }
+    stops[p] = *amount;
+  }
+  return true;
+}
+
+bool CheckCounts(const BatchOptions& o, std::string& error) {
+  if (o.sessions < 1) error = "--sessions must be at least 1";
+  else if (o.rolls < 0) error = "--rolls must not be negative";
+  else if (o.hands < 0) error = "--hands must not be negative";
+  else if (o.threads < 0) error = "--threads must not be negative";
+  else if (o.rolls == 0 && o.hands == 0 && o.stopWins.empty() && o.stopLosses.empty())
+    error = "a session needs an end: --rolls, --hands, --stop-win or --stop-loss";
+  else if (o.perSession && !o.csv) error = "--per-session goes with --csv";
+  else if (o.json && o.csv) error = "--json and --csv exclude each other";
+  return error.empty();
+}
+
+// The starting game, set up exactly as run sets up its game; null after a
+// message (on rank 0) when an option is bad or a script does not compile.
+std::unique_ptr<Game> StartingGame(BatchOptions& o, RunPlatform& platform, BatchConfig& config,
+                                   bool speak) {
+  std::string error;
+  auto fail = [&](const std::string& message) {
+    if (speak && !message.empty()) std::cerr << "ravelton-cli batch: " << message << '\n';
+    return nullptr;
+  };
+  if (!CheckCounts(o, error)) return fail(error);
+  std::unique_ptr<Game> game = MakeGame(platform);
+  StartUp(*game);
+  if (!o.files.load.empty() && !LoadGameOption(*game, platform, o.files)) return fail("");
+  if (!ApplyTableOptions(*game, o.table, !o.files.load.empty(), error) ||
+      !SetUpPlayerOptions(*game, o.players, error) ||
+      !SetUpScriptOptions(*game, platform, o.scripts, error))
+    return fail(error);
+  if (game->PlayerCount == 0) return fail("no player is seated: add --player NAME[=BANKROLL]");
+  if (!ParseStops(*game, o.stopWins, "--stop-win", config.stopWin, error) ||
+      !ParseStops(*game, o.stopLosses, "--stop-loss", config.stopLoss, error))
+    return fail(error);
+  if (StartScripts(*game, o.scripts) != 0) return fail("");
+  game->HyperDrive = game->KeepRolling = false;
+  game->hyper.AutoStopRolls = o.table.autoStop ? game->hyper.AutoStopRolls : Currency{};
+  config.sessions = o.sessions;
+  config.rolls = o.rolls;
+  config.hands = o.hands;
+  config.seed = o.seed;
+  return game;
+}
+
+const char* EndName(SessionEnd end) {
+  switch (end) {
+    case SessionEnd::kRolls: return "rolls";
+    case SessionEnd::kHands: return "hands";
+    case SessionEnd::kNoPlayerLeft: return "no player left";
+    case SessionEnd::kGameStop: return "game stop";
+  }
+  return "";
+}
+
+const char* OutcomeName(PlayerOutcome o) {
+  switch (o) {
+    case PlayerOutcome::kInPlay: return "in play";
+    case PlayerOutcome::kBroke: return "broke";
+    case PlayerOutcome::kStopWin: return "stop-win";
+    case PlayerOutcome::kStopLoss: return "stop-loss";
+  }
+  return "";
+}
+
+std::vector<PlayerSummary> Summaries(const Game& start, const std::vector<SessionResult>& results,
+                                     const std::vector<int>& onlyBets) {
+  std::vector<PlayerSummary> out;
+  for (int p = 1; p <= kBatchSeats; ++p)
+    if (!start.PlayerName[p].empty()) out.push_back(SummarizePlayer(start, p, results, onlyBets[p]));
+  return out;
+}
+
+nlohmann::json SummaryJson(const PlayerSummary& s) {
+  nlohmann::json pct = nlohmann::json::object();
+  for (std::size_t i = 0; i < kBatchPercentiles.size(); ++i)
+    pct[std::to_string(kBatchPercentiles[i])] = s.percentiles[i];
+  return {{"name", s.name},
+          {"sessions", s.sessions},
+          {"mean_net", s.meanNet},
+          {"sd_net", s.sdNet},
+          {"percentiles", pct},
+          {"min", s.min},
+          {"max", s.max},
+          {"broke_share", s.brokeShare},
+          {"stop_win_share", s.stopWinShare},
+          {"stop_loss_share", s.stopLossShare},
+          {"mean_rolls", s.meanRolls},
+          {"mean_hands", s.meanHands},
+          {"wagered", s.wagered},
+          {"edge", s.edge},
+          {"edge_ci95", {s.edgeCi95[0], s.edgeCi95[1]}},
+          {"exact_edge", s.exactEdge ? nlohmann::json(*s.exactEdge) : nlohmann::json(nullptr)}};
+}
+
+void PrintText(std::ostream& out, const std::vector<PlayerSummary>& all, std::int64_t sessions,
+               double seconds) {
+  out << sessions << " sessions in " << std::fixed << std::setprecision(2) << seconds << " s\n";
+  for (const PlayerSummary& s : all) {
+    out << s.name << " (seat " << s.seat << "): mean net " << s.meanNet << ", sd " << s.sdNet
+        << ", min " << s.min << ", max " << s.max << '\n';
+    out << "  percentiles:";
+    for (std::size_t i = 0; i < kBatchPercentiles.size(); ++i)
+      out << ' ' << kBatchPercentiles[i] << "%=" << s.percentiles[i];
+    out << '\n' << std::setprecision(4);
+    out << "  broke " << s.brokeShare << ", stop-win " << s.stopWinShare << ", stop-loss "
+        << s.stopLossShare << "; mean rolls " << std::setprecision(1) << s.meanRolls << ", hands "
+        << s.meanHands << '\n';
+    out << std::setprecision(2) << "  wagered " << s.wagered << ", edge " << std::setprecision(3)
+        << 100 * s.edge << "% (95% CI " << 100 * s.edgeCi95[0] << "% to " << 100 * s.edgeCi95[1]
+        << "%)";
+    if (s.exactEdge) out << ", exact " << 100 * *s.exactEdge << '%';
+    out << '\n' << std::setprecision(2);
+  }
+  out << std::defaultfloat;
+}
+
+void PrintCsv(std::ostream& out, const Game& start, const std::vector<SessionResult>& results,
+              const std::vector<PlayerSummary>& all, bool perSession) {
+  if (perSession) {
+    out << "session,seed,rolls,hands,end";
+    for (const PlayerSummary& s : all) out << ',' << s.name << " net," << s.name << " end";
+    out << '\n';
+    for (const SessionResult& r : results) {
+      out << r.index << ',' << r.seed << ',' << r.rolls << ',' << r.hands << ',' << EndName(r.end);
+      for (const PlayerSummary& s : all)
+        out << ',' << r.net[s.seat].ToDouble() << ',' << OutcomeName(r.outcome[s.seat]);
+      out << '\n';
+    }
+    return;
+  }
+  (void)start;
+  out << "name,sessions,mean_net,sd_net";
+  for (int q : kBatchPercentiles) out << ",p" << q;
+  out << ",min,max,broke_share,stop_win_share,stop_loss_share,mean_rolls,mean_hands,wagered,edge,"
+         "edge_ci95_low,edge_ci95_high,exact_edge\n";
+  for (const PlayerSummary& s : all) {
+    out << s.name << ',' << s.sessions << ',' << s.meanNet << ',' << s.sdNet;
+    for (double v : s.percentiles) out << ',' << v;
+    out << ',' << s.min << ',' << s.max << ',' << s.brokeShare << ',' << s.stopWinShare << ','
+        << s.stopLossShare << ',' << s.meanRolls << ',' << s.meanHands << ',' << s.wagered << ','
+        << s.edge << ',' << s.edgeCi95[0] << ',' << s.edgeCi95[1] << ',';
+    if (s.exactEdge) out << *s.exactEdge;
+    out << '\n';
+  }
+}
+
+// The one bet id each seat made in every session that saw a bet; 0 where
+// it made none or several (the exact edge applies only to one kind of bet).
+std::vector<int> OnlyBets(const std::vector<SessionResult>& results) {
+  std::vector<int> only(kBatchSeats + 1, -1);
+  for (const SessionResult& r : results)
+    for (int p = 1; p <= kBatchSeats; ++p) {
+      const int b = r.onlyBet[p];
+      if (r.wagered[p] <= Currency{}) continue;  // no bet this session
+      if (only[p] == -1) only[p] = b;
+      else if (only[p] != b) only[p] = 0;
+    }
+  for (int& b : only) b = std::max(b, 0);
+  return only;
+}
+
+class ProgressLine {
+ public:
+  ProgressLine(std::int64_t total, bool on) : total_(total), on_(on), start_(Clock::now()) {}
+  void operator()(std::int64_t done) const {
+    if (!on_) return;
+    const double s = std::chrono::duration<double>(Clock::now() - start_).count();
+    const double rate = s > 0 ? static_cast<double>(done) / s : 0;
+    const double left = rate > 0 ? static_cast<double>(total_ - done) / rate : 0;
+    std::fprintf(stderr, "\r%lld/%lld sessions, %.0f/s, %.0f s left   ", static_cast<long long>(done),
+                 static_cast<long long>(total_), rate, left);
+    if (done == total_) std::fputc('\n', stderr);
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  std::int64_t total_;
+  bool on_;
+  Clock::time_point start_;
+};
+
+int Batch(BatchOptions& o) {
+  const BatchRanks ranks = StartRanks();
+  const bool lead = ranks.rank == 0;
+  RunPlatform platform;
+  BatchConfig config;
+  std::unique_ptr<Game> start = StartingGame(o, platform, config, lead);
+  if (AnyRank(ranks, start == nullptr)) {
+    EndRanks(ranks);
+    return 1;
+  }
+  const int threads =
+      o.threads > 0 ? o.threads : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+  const auto began = std::chrono::steady_clock::now();
+  const std::vector<std::int64_t> mine = RankSessions(ranks, o.sessions);
+  const ProgressLine progress(static_cast<std::int64_t>(mine.size()), lead && isatty(STDERR_FILENO));
+  std::vector<SessionResult> results = GatherResults(
+      ranks, PlaySessions(*start, config, mine, threads,
+                          isatty(STDERR_FILENO) && lead ? std::function<void(std::int64_t)>(progress)
+                                                        : std::function<void(std::int64_t)>()));
+  const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
+  EndRanks(ranks);
+  if (!lead) return 0;
+  const std::vector<PlayerSummary> all = Summaries(*start, results, OnlyBets(results));
+  if (o.json) {
+    nlohmann::json players = nlohmann::json::array();
+    for (const PlayerSummary& s : all) players.push_back(SummaryJson(s));
+    std::cout << nlohmann::json{{"sessions", o.sessions}, {"seconds", seconds}, {"players", players}}.dump()
+              << '\n';
+  } else if (o.csv) {
+    PrintCsv(std::cout, *start, results, all, o.perSession);
+  } else {
+    PrintText(std::cout, all, o.sessions, seconds);
+  }
+  return 0;
+}
+
+}  // namespace
+
+void AddBatchCommand(CLI::App& app) {
+  auto o = std::make_shared<BatchOptions>();
+  CLI::App* cmd = app.add_subcommand("batch", "Play many independent sessions and report per player");
+  cmd->add_option("--sessions", o->sessions, "Sessions to play (default 1000)");
+  cmd->add_option("--rolls", o->rolls, "End a session after R rolls (0: no limit)");
+  cmd->add_option("--hands", o->hands, "End a session after H hands (0: no limit)");
+  cmd->add_option("--stop-win", o->stopWins, "A player stops at a session net of at least X: NAME:X");
+  cmd->add_option("--stop-loss", o->stopLosses, "A player stops at a session loss of X or more: NAME:X");
+  cmd->add_option("--seed", o->seed, "Seed S: session k is seeded from S and k alone (default 1)");
+  cmd->add_option("--threads", o->threads, "Threads (default: every core)");
+  cmd->add_flag("--json", o->json, "Print the report as one JSON object");
+  cmd->add_flag("--csv", o->csv, "Print the report as CSV");
+  cmd->add_flag("--per-session", o->perSession, "With --csv: one line per session");
+  AddTableOptions(*cmd, o->table, false);
+  AddPlayerOptions(*cmd, o->players);
+  cmd->add_option("--load", o->files.load, "Start from this saved game");
+  AddDataOption(*cmd, o->files);
+  AddScriptOptions(*cmd, o->scripts);
+  cmd->callback([o] {
+    ApplyDataOption(o->files);
+    if (const int rc = Batch(*o); rc != 0) throw CLI::RuntimeError(rc);
+  });
+}

@@ -1,0 +1,172 @@
+#include "batch/batch.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "core/frames.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "cycle/hyperdrive.h"
+#include "dice/rng.h"
+#include "engine/players.h"
+
+namespace {
+
+constexpr int kWageredColumn = 2;  // StatAction's amount-wagered column
+constexpr auto kProgressEvery = std::chrono::milliseconds(100);
+
+std::uint64_t SplitMix64(std::uint64_t x) {
+  x += 0x9E3779B97F4A7C15ULL;
+  x = (x ^ (x >> 30)) * 0xBF58476D1CE4E5B9ULL;
+  x = (x ^ (x >> 27)) * 0x94D049BB133111EBULL;
+  return x ^ (x >> 31);
+}
+
+// What the observer of one session needs: its limits and its result.
+struct SessionWatch {
+  Game* game = nullptr;
+  const BatchConfig* config = nullptr;
+  SessionResult* result = nullptr;
+  bool endedByUs = false;
+};
+
+bool InPlay(const SessionResult& r, const Game& game, int p) {
+  return Seated(game, p) && r.outcome[p] == PlayerOutcome::kInPlay;
+}
+
+// Cashes out a player who reached a stop, as Players > Remove does; the
+// contract bets that can't come down are lost with the seat.
+void StopPlayer(Game& game, SessionResult& r, int p, PlayerOutcome why) {
+  r.net[p] = PlayerNet(game, p) - AbandonedAmount(game, p);
+  r.wagered[p] = PlayerWagered(game, p);
+  r.onlyBet[p] = OnlyBetWagered(game, p);
+  r.outcome[p] = why;
+  game.betting.CurPlayer = p;
+  CashOutPlayer(game);  // the headless platform answers Yes
+}
+
+void WatchRoll(void* context, const Game&) {
+  auto& w = *static_cast<SessionWatch*>(context);
+  Game& game = *w.game;
+  SessionResult& r = *w.result;
+  const BatchConfig& c = *w.config;
+  bool anyInPlay = false;
+  for (int p = 1; p <= kBatchSeats; ++p) {
+    if (!InPlay(r, game, p)) continue;
+    const Currency net = PlayerNet(game, p);
+    if (c.stopWin[p] && net >= *c.stopWin[p]) {
+      StopPlayer(game, r, p, PlayerOutcome::kStopWin);
+    } else if (c.stopLoss[p] && net <= -*c.stopLoss[p]) {
+      StopPlayer(game, r, p, PlayerOutcome::kStopLoss);
+    } else if (game.Bet(p, 0) < game.rules.MinPlacardBet) {
+      r.outcome[p] = PlayerOutcome::kBroke;
+    } else {
+      anyInPlay = true;
+    }
+  }
+  const Long rolls = game.RollTally(kTableSession, kEventRolls);
+  const Long hands = game.HandsTally(kTableSession);
+  if (!anyInPlay) {
+    r.end = SessionEnd::kNoPlayerLeft;
+  } else if (c.hands > 0 && hands >= c.hands) {
+    r.end = SessionEnd::kHands;
+  } else if (c.rolls > 0 && rolls >= c.rolls) {
+    r.end = SessionEnd::kRolls;
+  } else {
+    return;
+  }
+  w.endedByUs = true;
+  game.KeepRolling = false;
+}
+
+}  // namespace
+
+Long SessionSeed(std::uint64_t batchSeed, std::int64_t k, Long limit) {
+  const std::uint64_t mixed = SplitMix64(SplitMix64(batchSeed) ^ static_cast<std::uint64_t>(k));
+  return static_cast<Long>(mixed % static_cast<std::uint64_t>(limit)) + 1;
+}
+
+Currency PlayerNet(const Game& game, int seat) {
+  return game.Bet(seat, 0) - game.InvestedBankroll(seat);
+}
+
+Currency PlayerWagered(const Game& game, int seat) {
+  const int f = FrameIndex(seat, kFrameCurrentSession);
+  Currency sum;
+  for (int b = 1; b <= kLastRealBet; ++b) sum += game.StatAction(f, b, kWageredColumn);
+  return sum;
+}
+
+int OnlyBetWagered(const Game& game, int seat) {
+  const int f = FrameIndex(seat, kFrameCurrentSession);
+  int only = 0;
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    if (game.StatAction(f, b, kWageredColumn) <= Currency{}) continue;
+    if (only != 0) return 0;
+    only = b;
+  }
+  return only;
+}
+
+SessionResult PlaySession(const Game& start, const BatchConfig& config, std::int64_t k) {
+  HeadlessPlatform platform;
+  platform.minimized = true;  // no stop message shown at the end
+  auto game = std::make_unique<Game>(start);
+  game->platform = &platform;
+  SessionResult r;
+  r.index = k;
+  r.seed = SessionSeed(config.seed, k, SeedLimit(game->dice.RngIndex));
+  SeedRngWith(*game, r.seed);
+  SessionWatch watch{game.get(), &config, &r};
+  game->hyper.RollObserver = WatchRoll;
+  game->hyper.RollObserverContext = &watch;
+  game->hyper.RunRollLimit = 0;  // the watch applies the limits
+  game->HyperDrive = game->KeepRolling = false;
+  RunHyperDrive(*game);
+  if (!watch.endedByUs) {
+    r.end = SessionEnd::kGameStop;
+    r.stop = game->hyper.LastStopMessage.empty() ? game->StopMessage : game->hyper.LastStopMessage;
+  }
+  r.rolls = game->RollTally(kTableSession, kEventRolls);
+  r.hands = game->HandsTally(kTableSession);
+  for (int p = 1; p <= kBatchSeats; ++p) {
+    if (r.outcome[p] == PlayerOutcome::kStopWin || r.outcome[p] == PlayerOutcome::kStopLoss) continue;
+    if (!Seated(*game, p)) continue;
+    r.net[p] = PlayerNet(*game, p);
+    r.wagered[p] = PlayerWagered(*game, p);
+    r.onlyBet[p] = OnlyBetWagered(*game, p);
+  }
+  return r;
+}
+
+std::vector<SessionResult> PlaySessions(const Game& start, const BatchConfig& config,
+                                        const std::vector<std::int64_t>& indices, int threads,
+                                        const std::function<void(std::int64_t)>& progress) {
+  std::vector<SessionResult> results(indices.size());
+  std::atomic<std::size_t> next{0};
+  std::atomic<std::int64_t> done{0};
+  auto work = [&] {
+    for (std::size_t i = next++; i < indices.size(); i = next++) {
+      results[i] = PlaySession(start, config, indices[i]);
+      ++done;
+    }
+  };
+  const int n = std::max(1, threads);
+  std::vector<std::thread> pool;
+  for (int t = 1; t < n; ++t) pool.emplace_back(work);
+  if (progress) {
+    // The calling thread reports while the others play.
+    pool.emplace_back(work);
+    while (done.load() < static_cast<std::int64_t>(indices.size())) {
+      std::this_thread::sleep_for(kProgressEvery);
+      progress(done.load());
+    }
+  } else {
+    work();
+  }
+  for (auto& t : pool) t.join();
+  return results;
+}

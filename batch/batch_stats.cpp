@@ -1,0 +1,82 @@
+#include "batch/batch_stats.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/advantage.h"
+#include "core/game.h"
+
+double Percentile(const std::vector<double>& sorted, double q) {
+  if (sorted.empty()) return 0;
+  const double rank = q / 100.0 * static_cast<double>(sorted.size() - 1);
+  const auto lo = static_cast<std::size_t>(std::floor(rank));
+  const std::size_t hi = std::min(lo + 1, sorted.size() - 1);
+  const double frac = rank - static_cast<double>(lo);
+  return sorted[lo] + frac * (sorted[hi] - sorted[lo]);
+}
+
+std::array<double, 2> EdgeInterval(const std::vector<double>& nets, const std::vector<double>& wagers) {
+  const auto n = static_cast<double>(nets.size());
+  double sumNet = 0, sumWager = 0;
+  for (std::size_t i = 0; i < nets.size(); ++i) {
+    sumNet += nets[i];
+    sumWager += wagers[i];
+  }
+  if (sumWager <= 0 || nets.size() < 2) return {0, 0};
+  const double edge = sumNet / sumWager;
+  const double meanWager = sumWager / n;
+  // Residuals of the ratio: the variance of their mean, over the mean wager squared.
+  double ss = 0;
+  for (std::size_t i = 0; i < nets.size(); ++i) {
+    const double d = nets[i] - edge * wagers[i];
+    ss += d * d;
+  }
+  const double se = std::sqrt(ss / (n - 1) / n) / meanWager;
+  return {edge - kZ95 * se, edge + kZ95 * se};
+}
+
+PlayerSummary SummarizePlayer(const Game& start, int seat, const std::vector<SessionResult>& results,
+                              int onlyBet) {
+  PlayerSummary s;
+  s.name = start.PlayerName[seat];
+  s.seat = seat;
+  s.sessions = static_cast<std::int64_t>(results.size());
+  if (results.empty()) return s;
+  std::vector<double> nets, wagers;
+  nets.reserve(results.size());
+  wagers.reserve(results.size());
+  double sumRolls = 0, sumHands = 0;
+  std::int64_t broke = 0, win = 0, loss = 0;
+  for (const SessionResult& r : results) {
+    nets.push_back(r.net[seat].ToDouble());
+    wagers.push_back(r.wagered[seat].ToDouble());
+    sumRolls += r.rolls;
+    sumHands += r.hands;
+    broke += r.outcome[seat] == PlayerOutcome::kBroke;
+    win += r.outcome[seat] == PlayerOutcome::kStopWin;
+    loss += r.outcome[seat] == PlayerOutcome::kStopLoss;
+  }
+  const auto n = static_cast<double>(results.size());
+  double sum = 0;
+  for (double v : nets) sum += v;
+  s.meanNet = sum / n;
+  double ss = 0;
+  for (double v : nets) ss += (v - s.meanNet) * (v - s.meanNet);
+  s.sdNet = results.size() > 1 ? std::sqrt(ss / (n - 1)) : 0;
+  for (double w : wagers) s.wagered += w;
+  s.edge = s.wagered > 0 ? sum / s.wagered : 0;
+  s.edgeCi95 = EdgeInterval(nets, wagers);
+  std::vector<double> sorted = nets;
+  std::sort(sorted.begin(), sorted.end());
+  for (std::size_t i = 0; i < kBatchPercentiles.size(); ++i)
+    s.percentiles[i] = Percentile(sorted, kBatchPercentiles[i]);
+  s.min = sorted.front();
+  s.max = sorted.back();
+  s.brokeShare = static_cast<double>(broke) / n;
+  s.stopWinShare = static_cast<double>(win) / n;
+  s.stopLossShare = static_cast<double>(loss) / n;
+  s.meanRolls = sumRolls / n;
+  s.meanHands = sumHands / n;
+  if (onlyBet > 0) s.exactEdge = FigureAdvantage(start, onlyBet).evPerDec;
+  return s;
+}

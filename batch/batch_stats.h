@@ -1,0 +1,48 @@
+// The figures of a batch, per player: the spread of the session nets, how
+// sessions ended, and the measured edge with its 95% confidence interval.
+//
+// What must stay true: the figures depend only on the session results and
+// not on their order, so a batch played on any number of threads or ranks
+// reports the same; percentiles interpolate linearly between the order
+// statistics (rank q/100 * (n - 1)).
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "batch/batch.h"
+
+struct Game;
+
+constexpr std::array<int, 7> kBatchPercentiles = {1, 5, 25, 50, 75, 95, 99};
+constexpr double kZ95 = 1.959963984540054;  // two-sided 95% normal quantile
+
+struct PlayerSummary {
+  std::string name;
+  int seat = 0;
+  std::int64_t sessions = 0;
+  double meanNet = 0, sdNet = 0;
+  std::array<double, kBatchPercentiles.size()> percentiles{};
+  double min = 0, max = 0;
+  double brokeShare = 0, stopWinShare = 0, stopLossShare = 0;
+  double meanRolls = 0, meanHands = 0;
+  double wagered = 0;
+  double edge = 0;  // net / wagered over all sessions
+  std::array<double, 2> edgeCi95{};
+  std::optional<double> exactEdge;  // where the player made one kind of bet
+};
+
+// The q-th percentile (0..100) of sorted values, linearly interpolated.
+double Percentile(const std::vector<double>& sorted, double q);
+
+// The ratio estimate net/wagered and its 95% interval, from per-session
+// nets and wagers (the delta method over sessions).
+std::array<double, 2> EdgeInterval(const std::vector<double>& nets, const std::vector<double>& wagers);
+
+// The summary of the player at `seat` of the starting game. `onlyBet` is the
+// one bet id the player made in every session (0 for none or several):
+// its exact edge then comes from the advantage analysis of `start`.
+PlayerSummary SummarizePlayer(const Game& start, int seat, const std::vector<SessionResult>& results,
+                              int onlyBet);
