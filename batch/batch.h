@@ -56,6 +56,8 @@ struct SessionResult {
   std::array<Currency, kBatchSeats + 1> wagered{};
   std::array<PlayerOutcome, kBatchSeats + 1> outcome{};
   std::array<int, kBatchSeats + 1> onlyBet{};  // OnlyBetWagered at the player's end
+
+  friend bool operator==(const SessionResult&, const SessionResult&) = default;
 };
 
 // The generator seed of session k: a mix of the batch seed and k, within

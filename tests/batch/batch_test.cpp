@@ -1,0 +1,212 @@
+// The batch engine: sessions that do not depend on the threads that play
+// them, the stop rules, and the figures against known answers.
+#include "batch/batch.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <numeric>
+#include <vector>
+
+#include "analysis/advantage.h"
+#include "automation/autoplay_state.h"
+#include "batch/batch_stats.h"
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
+#include "dice/rng.h"
+#include "engine/place.h"
+#include "engine/players.h"
+
+namespace {
+
+// Sessions of the gambler's-ruin check; the sanitizer build plays fewer.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr std::int64_t kRuinSessions = 2'000;
+#else
+constexpr std::int64_t kRuinSessions = 20'000;
+#endif
+
+// A fresh table with Ann at seat 1 holding `bankroll`, a flat Pass Line bet
+// of 10 that stays up whether it wins or loses.
+class BatchTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    game = MakeGame(platform);
+    StartUp(*game);
+    SeedRngWith(*game, 1);
+  }
+  void SeatFlatPassLine(int seat, const char* name, Currency bankroll) {
+    SeatPlayer(*game, seat, name, bankroll);
+    game->autoplay.HandleWinningBets(seat) = kWinSameBet;
+    game->autoplay.HandleLosingBets(seat) = kLoseSameBet;
+    game->BetRequest = 10_usd;
+    PlaceBet(*game, seat, bet::kPassLine);
+    ASSERT_EQ(game->Bet(seat, bet::kPassLine), 10_usd);
+  }
+  std::vector<std::int64_t> Indices(std::int64_t n) {
+    std::vector<std::int64_t> v(static_cast<std::size_t>(n));
+    std::iota(v.begin(), v.end(), 0);
+    return v;
+  }
+
+  HeadlessPlatform platform;
+  std::unique_ptr<Game> game;
+};
+
+TEST_F(BatchTest, SessionsAreTheSameOnOneOrTwoThreadsAndInAnyOrder) {
+  SeatFlatPassLine(1, "Ann", 200_usd);
+  SeatFlatPassLine(4, "Bo", 100_usd);
+  BatchConfig config;
+  config.rolls = 150;
+  config.seed = 77;
+  config.stopWin[4] = 50_usd;
+  const auto before = std::make_unique<Game>(*game);
+  const auto one = PlaySessions(*game, config, Indices(40), 1);
+  const auto two = PlaySessions(*game, config, Indices(40), 2);
+  EXPECT_EQ(one, two);
+  EXPECT_TRUE(*before == *game) << "the starting game must not change";
+  // A session played alone (as one rank of many would) is the same again.
+  EXPECT_EQ(PlaySession(*game, config, 17), one[17]);
+  // Sessions differ from one another: they are seeded by index.
+  EXPECT_NE(one[0].net, one[1].net);
+}
+
+TEST_F(BatchTest, SessionSeedDependsOnTheBatchSeedAndIndexAlone) {
+  EXPECT_EQ(SessionSeed(5, 9, 999'999), SessionSeed(5, 9, 999'999));
+  EXPECT_NE(SessionSeed(5, 9, 999'999), SessionSeed(5, 10, 999'999));
+  EXPECT_NE(SessionSeed(5, 9, 999'999), SessionSeed(6, 9, 999'999));
+  for (std::int64_t k = 0; k < 1000; ++k) {
+    const Long s = SessionSeed(3, k, 999'999);
+    ASSERT_GE(s, 1);
+    ASSERT_LE(s, 999'999);
+  }
+}
+
+// A Pass Line player with flat bets of 10 and 100 who plays to broke or +100:
+// a gambler's ruin from 10 units to 0 or 20 with p = 244/495.
+TEST_F(BatchTest, ShareReachingTheGoalAgreesWithGamblersRuin) {
+  SeatFlatPassLine(1, "Ann", 100_usd);
+  BatchConfig config;
+  config.seed = 11;
+  config.stopWin[1] = 100_usd;
+  const auto results = PlaySessions(*game, config, Indices(kRuinSessions), 2);
+  const double p = 244.0 / 495.0, r = (1 - p) / p;
+  const double expected = (1 - std::pow(r, 10)) / (1 - std::pow(r, 20));
+  const PlayerSummary s = SummarizePlayer(*game, 1, results, bet::kPassLine);
+  const double se = std::sqrt(expected * (1 - expected) / static_cast<double>(kRuinSessions));
+  EXPECT_NEAR(s.stopWinShare, expected, 2 * se);
+  EXPECT_DOUBLE_EQ(s.stopWinShare + s.brokeShare, 1.0) << "every session ends one way or the other";
+  EXPECT_DOUBLE_EQ(s.min, -100);
+  EXPECT_DOUBLE_EQ(s.max, 100);
+  ASSERT_TRUE(s.exactEdge.has_value());
+  EXPECT_NEAR(*s.exactEdge, -7.0 / 495.0, 1e-12);
+  EXPECT_LE(s.edgeCi95[0], *s.exactEdge);
+  EXPECT_GE(s.edgeCi95[1], *s.exactEdge);
+  for (const SessionResult& one : results) {
+    ASSERT_EQ(one.end, SessionEnd::kNoPlayerLeft);
+    ASSERT_EQ(one.onlyBet[1], bet::kPassLine);
+  }
+}
+
+// The first limit reached ends the session; a stopped player is cashed out
+// at the net of the roll that reached the stop.
+TEST_F(BatchTest, LimitsAndStopsEndSessions) {
+  SeatFlatPassLine(1, "Ann", 1000_usd);
+  struct Case {
+    std::int64_t rolls, hands;
+    std::optional<Currency> win, loss;
+  };
+  const Case cases[] = {{25, 0, {}, {}}, {0, 3, {}, {}}, {0, 0, 30_usd, 30_usd}, {40, 2, {}, {}}};
+  for (const Case& c : cases) {
+    BatchConfig config;
+    config.rolls = c.rolls;
+    config.hands = c.hands;
+    config.stopWin[1] = c.win;
+    config.stopLoss[1] = c.loss;
+    for (const SessionResult& r : PlaySessions(*game, config, Indices(30), 2)) {
+      if (c.hands > 0) EXPECT_LE(r.hands, c.hands);
+      if (c.rolls > 0) EXPECT_LE(r.rolls, c.rolls);
+      if (r.end == SessionEnd::kRolls) EXPECT_EQ(r.rolls, c.rolls);
+      if (r.end == SessionEnd::kHands) EXPECT_EQ(r.hands, c.hands);
+      if (c.win) {
+        ASSERT_EQ(r.end, SessionEnd::kNoPlayerLeft);
+        const bool won = r.outcome[1] == PlayerOutcome::kStopWin;
+        EXPECT_TRUE(won || r.outcome[1] == PlayerOutcome::kStopLoss);
+        EXPECT_TRUE(won ? r.net[1] >= 30_usd : r.net[1] <= -30_usd);
+        EXPECT_LE(r.net[1] > Currency{} ? r.net[1] : -r.net[1], 40_usd) << "one bet past the stop";
+      }
+    }
+  }
+}
+
+// Percentiles by the nearest ranks around q/100 * (n - 1), computed here
+// from scratch with a different walk over the data.
+double DirectPercentile(std::vector<double> v, double q) {
+  const double rank = q / 100 * static_cast<double>(v.size() - 1);
+  const auto below = static_cast<std::size_t>(rank);
+  std::nth_element(v.begin(), v.begin() + static_cast<long>(below), v.end());
+  const double lo = v[below];
+  if (below + 1 >= v.size()) return lo;
+  const double hi = *std::min_element(v.begin() + static_cast<long>(below) + 1, v.end());
+  return lo + (rank - static_cast<double>(below)) * (hi - lo);
+}
+
+TEST(BatchStatsTest, FiguresAgreeWithADirectComputation) {
+  const auto start = std::make_unique<Game>();
+  start->PlayerName[2] = "Cy";
+  std::vector<SessionResult> results;
+  std::vector<double> nets, wagers;
+  std::uint64_t x = 12345;
+  for (int k = 0; k < 501; ++k) {
+    x = x * 6364136223846793005ULL + 1442695040888963407ULL;
+    SessionResult r;
+    r.index = k;
+    r.rolls = k % 7;
+    r.net[2] = Currency::FromWhole(static_cast<std::int64_t>(x >> 40) % 400 - 230);
+    r.wagered[2] = Currency::FromWhole(100 + static_cast<std::int64_t>(x >> 50) % 900);
+    r.outcome[2] = k % 4 == 0 ? PlayerOutcome::kBroke : PlayerOutcome::kInPlay;
+    nets.push_back(r.net[2].ToDouble());
+    wagers.push_back(r.wagered[2].ToDouble());
+    results.push_back(r);
+  }
+  const PlayerSummary s = SummarizePlayer(*start, 2, results, 0);
+  const double n = static_cast<double>(nets.size());
+  const double mean = std::accumulate(nets.begin(), nets.end(), 0.0) / n;
+  double sq = 0;
+  for (double v : nets) sq += v * v;
+  EXPECT_NEAR(s.meanNet, mean, 1e-9);
+  EXPECT_NEAR(s.sdNet, std::sqrt((sq - n * mean * mean) / (n - 1)), 1e-6);
+  for (std::size_t i = 0; i < kBatchPercentiles.size(); ++i)
+    EXPECT_NEAR(s.percentiles[i], DirectPercentile(nets, kBatchPercentiles[i]), 1e-9)
+        << kBatchPercentiles[i];
+  EXPECT_EQ(s.min, *std::min_element(nets.begin(), nets.end()));
+  EXPECT_EQ(s.brokeShare, 126.0 / 501.0);
+  EXPECT_DOUBLE_EQ(s.meanRolls, (71 * 21 + 6) / 501.0);  // 0..6 repeating: 71 cycles, then 0..3
+  // The ratio's interval by the delta method from the moments of the pairs.
+  const double mw = std::accumulate(wagers.begin(), wagers.end(), 0.0) / n;
+  const double edge = mean / mw;
+  double snn = 0, sww = 0, snw = 0;
+  for (std::size_t i = 0; i < nets.size(); ++i) {
+    snn += (nets[i] - mean) * (nets[i] - mean);
+    sww += (wagers[i] - mw) * (wagers[i] - mw);
+    snw += (nets[i] - mean) * (wagers[i] - mw);
+  }
+  const double var = (snn - 2 * edge * snw + edge * edge * sww) / (n - 1) / n / (mw * mw);
+  EXPECT_NEAR(s.edge, edge, 1e-12);
+  EXPECT_NEAR(s.edgeCi95[0], edge - kZ95 * std::sqrt(var), 1e-9);
+  EXPECT_NEAR(s.edgeCi95[1], edge + kZ95 * std::sqrt(var), 1e-9);
+  EXPECT_FALSE(s.exactEdge.has_value());
+}
+
+TEST(BatchStatsTest, PercentileEnds) {
+  EXPECT_EQ(Percentile({}, 50), 0);
+  EXPECT_EQ(Percentile({4}, 99), 4);
+  EXPECT_EQ(Percentile({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 25), 3.25);
+  EXPECT_EQ(Percentile({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 100), 10);
+}
+
+}  // namespace
