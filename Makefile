@@ -2,7 +2,8 @@
 #   make run       install what is missing, build, open the desktop table
 #                  (without a display: the headless demo)
 #   make screenshots  the desktop table rendered offscreen into docs/screenshots/
-#   make test      install what is missing, build, run every test
+#   make test      install what is missing, build, run every test (with a
+#                  two-rank MPI run of ravelton-cli batch)
 #   make sanitize  the same tests in a Debug build with ASan and UBSan
 #   make bench     the Google Benchmark programs (Release)
 
@@ -13,7 +14,7 @@ SUDO     := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 PACKAGES := g++ cmake make libgtest-dev libgmock-dev libbenchmark-dev \
             libcli11-dev libfmt-dev nlohmann-json3-dev \
-            qt6-base-dev fonts-dejavu-core
+            qt6-base-dev fonts-dejavu-core libopenmpi-dev openmpi-bin
 
 .PHONY: deps configure build run demo screenshots test sanitize bench clean
 
@@ -26,7 +27,7 @@ deps:
 	fi
 
 $(BUILD)/CMakeCache.txt: | deps
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release -DRAVELTON_MPI=ON
 
 configure: $(BUILD)/CMakeCache.txt
 

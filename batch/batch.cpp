@@ -48,6 +48,8 @@ void StopPlayer(Game& game, SessionResult& r, int p, PlayerOutcome why) {
   CashOutPlayer(game);  // the headless platform answers Yes
 }
 
+// A player is broke when the bankroll (rail and bets) is below the table
+// minimum, unless allowed a negative bankroll.
 void WatchRoll(void* context, const Game&) {
   auto& w = *static_cast<SessionWatch*>(context);
   Game& game = *w.game;
@@ -61,7 +63,7 @@ void WatchRoll(void* context, const Game&) {
       StopPlayer(game, r, p, PlayerOutcome::kStopWin);
     } else if (c.stopLoss[p] && net <= -*c.stopLoss[p]) {
       StopPlayer(game, r, p, PlayerOutcome::kStopLoss);
-    } else if (game.Bet(p, 0) < game.rules.MinPlacardBet) {
+    } else if (!game.betting.AllowNegBankroll(p) && game.Bet(p, 0) < game.rules.MinPlacardBet) {
       r.outcome[p] = PlayerOutcome::kBroke;
     } else {
       anyInPlay = true;
