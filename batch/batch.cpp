@@ -30,8 +30,14 @@ struct SessionWatch {
   Game* game = nullptr;
   const BatchConfig* config = nullptr;
   SessionResult* result = nullptr;
+  Long rollsBefore = 0, handsBefore = 0;              // a loaded game's tallies go on from these
+  std::array<Currency, kBatchSeats + 1> netBefore{};  // and its players' nets and wagers
+  std::array<Currency, kBatchSeats + 1> wageredBefore{};
   bool endedByUs = false;
 };
+
+// The net of this session: a loaded game's players may have won or lost before.
+Currency SessionNet(const SessionWatch& w, int p) { return PlayerNet(*w.game, p) - w.netBefore[p]; }
 
 bool InPlay(const SessionResult& r, const Game& game, int p) {
   return Seated(game, p) && r.outcome[p] == PlayerOutcome::kInPlay;
@@ -39,9 +45,9 @@ bool InPlay(const SessionResult& r, const Game& game, int p) {
 
 // Cashes out a player who reached a stop, as Players > Remove does; the
 // contract bets that can't come down are lost with the seat.
-void StopPlayer(Game& game, SessionResult& r, int p, PlayerOutcome why) {
-  r.net[p] = PlayerNet(game, p) - AbandonedAmount(game, p);
-  r.wagered[p] = PlayerWagered(game, p);
+void StopPlayer(const SessionWatch& w, Game& game, SessionResult& r, int p, PlayerOutcome why) {
+  r.net[p] = SessionNet(w, p) - AbandonedAmount(game, p);
+  r.wagered[p] = PlayerWagered(game, p) - w.wageredBefore[p];
   r.onlyBet[p] = OnlyBetWagered(game, p);
   r.outcome[p] = why;
   game.betting.CurPlayer = p;
@@ -58,19 +64,19 @@ void WatchRoll(void* context, const Game&) {
   bool anyInPlay = false;
   for (int p = 1; p <= kBatchSeats; ++p) {
     if (!InPlay(r, game, p)) continue;
-    const Currency net = PlayerNet(game, p);
+    const Currency net = SessionNet(w, p);
     if (c.stopWin[p] && net >= *c.stopWin[p]) {
-      StopPlayer(game, r, p, PlayerOutcome::kStopWin);
+      StopPlayer(w, game, r, p, PlayerOutcome::kStopWin);
     } else if (c.stopLoss[p] && net <= -*c.stopLoss[p]) {
-      StopPlayer(game, r, p, PlayerOutcome::kStopLoss);
+      StopPlayer(w, game, r, p, PlayerOutcome::kStopLoss);
     } else if (!game.betting.AllowNegBankroll(p) && game.Bet(p, 0) < game.rules.MinPlacardBet) {
       r.outcome[p] = PlayerOutcome::kBroke;
     } else {
       anyInPlay = true;
     }
   }
-  const Long rolls = game.RollTally(kTableSession, kEventRolls);
-  const Long hands = game.HandsTally(kTableSession);
+  const Long rolls = game.RollTally(kTableSession, kEventRolls) - w.rollsBefore;
+  const Long hands = game.HandsTally(kTableSession) - w.handsBefore;
   if (!anyInPlay) {
     r.end = SessionEnd::kNoPlayerLeft;
   } else if (c.hands > 0 && hands >= c.hands) {
@@ -122,7 +128,13 @@ SessionResult PlaySession(const Game& start, const BatchConfig& config, std::int
   r.index = k;
   r.seed = SessionSeed(config.seed, k, SeedLimit(game->dice.RngIndex));
   SeedRngWith(*game, r.seed);
-  SessionWatch watch{game.get(), &config, &r};
+  SessionWatch watch{game.get(), &config, &r, start.RollTally(kTableSession, kEventRolls),
+                     start.HandsTally(kTableSession)};
+  for (int p = 1; p <= kBatchSeats; ++p)
+    if (Seated(start, p)) {
+      watch.netBefore[p] = PlayerNet(start, p);
+      watch.wageredBefore[p] = PlayerWagered(start, p);
+    }
   game->hyper.RollObserver = WatchRoll;
   game->hyper.RollObserverContext = &watch;
   game->hyper.RunRollLimit = 0;  // the watch applies the limits
@@ -132,13 +144,14 @@ SessionResult PlaySession(const Game& start, const BatchConfig& config, std::int
     r.end = SessionEnd::kGameStop;
     r.stop = game->hyper.LastStopMessage.empty() ? game->StopMessage : game->hyper.LastStopMessage;
   }
-  r.rolls = game->RollTally(kTableSession, kEventRolls);
-  r.hands = game->HandsTally(kTableSession);
+  r.rolls = game->RollTally(kTableSession, kEventRolls) - watch.rollsBefore;
+  r.hands = game->HandsTally(kTableSession) - watch.handsBefore;
   for (int p = 1; p <= kBatchSeats; ++p) {
-    if (r.outcome[p] == PlayerOutcome::kStopWin || r.outcome[p] == PlayerOutcome::kStopLoss) continue;
+    if (r.outcome[p] == PlayerOutcome::kStopWin || r.outcome[p] == PlayerOutcome::kStopLoss)
+      continue;
     if (!Seated(*game, p)) continue;
-    r.net[p] = PlayerNet(*game, p);
-    r.wagered[p] = PlayerWagered(*game, p);
+    r.net[p] = SessionNet(watch, p);
+    r.wagered[p] = PlayerWagered(*game, p) - watch.wageredBefore[p];
     r.onlyBet[p] = OnlyBetWagered(*game, p);
   }
   return r;

@@ -15,7 +15,8 @@ double Percentile(const std::vector<double>& sorted, double q) {
   return sorted[lo] + frac * (sorted[hi] - sorted[lo]);
 }
 
-std::array<double, 2> EdgeInterval(const std::vector<double>& nets, const std::vector<double>& wagers) {
+std::array<double, 2> EdgeInterval(const std::vector<double>& nets,
+                                   const std::vector<double>& wagers) {
   const auto n = static_cast<double>(nets.size());
   double sumNet = 0, sumWager = 0;
   for (std::size_t i = 0; i < nets.size(); ++i) {
@@ -35,8 +36,8 @@ std::array<double, 2> EdgeInterval(const std::vector<double>& nets, const std::v
   return {edge - kZ95 * se, edge + kZ95 * se};
 }
 
-PlayerSummary SummarizePlayer(const Game& start, int seat, const std::vector<SessionResult>& results,
-                              int onlyBet) {
+PlayerSummary SummarizePlayer(const Game& start, int seat,
+                              const std::vector<SessionResult>& results, int onlyBet) {
   PlayerSummary s;
   s.name = start.PlayerName[seat];
   s.seat = seat;

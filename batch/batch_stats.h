@@ -39,10 +39,11 @@ double Percentile(const std::vector<double>& sorted, double q);
 
 // The ratio estimate net/wagered and its 95% interval, from per-session
 // nets and wagers (the delta method over sessions).
-std::array<double, 2> EdgeInterval(const std::vector<double>& nets, const std::vector<double>& wagers);
+std::array<double, 2> EdgeInterval(const std::vector<double>& nets,
+                                   const std::vector<double>& wagers);
 
 // The summary of the player at `seat` of the starting game. `onlyBet` is the
 // one bet id the player made in every session (0 for none or several):
 // its exact edge then comes from the advantage analysis of `start`.
-PlayerSummary SummarizePlayer(const Game& start, int seat, const std::vector<SessionResult>& results,
-                              int onlyBet);
+PlayerSummary SummarizePlayer(const Game& start, int seat,
+                              const std::vector<SessionResult>& results, int onlyBet);

@@ -58,7 +58,8 @@ void BM_BatchSessions(benchmark::State& state) {
   std::vector<std::int64_t> indices(kSessions);
   std::iota(indices.begin(), indices.end(), 0);
   for (auto _ : state)
-    benchmark::DoNotOptimize(PlaySessions(*start, config, indices, static_cast<int>(state.range(0))));
+    benchmark::DoNotOptimize(
+        PlaySessions(*start, config, indices, static_cast<int>(state.range(0))));
   state.SetItemsProcessed(state.iterations() * kSessions);
 }
 BENCHMARK(BM_BatchSessions)->Arg(1)->Arg(2)->UseRealTime()->Unit(benchmark::kMillisecond);

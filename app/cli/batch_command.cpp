@@ -2,6 +2,8 @@
 // set up by the same options as run, played on threads (and MPI ranks), and
 // reported per player. The engine and the figures live in batch/; this file
 // parses, checks everything before the first session, and prints.
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <cstdint>
@@ -12,7 +14,6 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <thread>
-#include <unistd.h>
 
 #include "app/cli/batch_ranks.h"
 #include "app/cli/commands.h"
@@ -32,7 +33,7 @@ struct BatchOptions {
   std::int64_t rolls = 0;
   std::int64_t hands = 0;
   std::uint64_t seed = 1;
-  int threads = 0;  // 0: every core
+  int threads = 0;                      // 0: every core
   std::vector<std::string> stopWins;    // NAME:X
   std::vector<std::string> stopLosses;  // NAME:X
   bool json = false;
@@ -51,7 +52,8 @@ bool ParseStops(const Game& game, const std::vector<std::string>& args, const ch
     const auto colon = arg.rfind(':');
     const int p = colon == std::string::npos ? 0 : SeatOfPlayer(game, arg.substr(0, colon));
     if (p == 0) {
-      error = std::string(option) + " " + arg + ": no player named '" + arg.substr(0, colon) + "' is seated";
+      error = std::string(option) + " " + arg + ": no player named '" + arg.substr(0, colon) +
+              "' is seated";
       return false;
     }
     const auto amount = CommandLineAmount(arg.substr(colon + 1));
@@ -65,14 +67,22 @@ bool ParseStops(const Game& game, const std::vector<std::string>& args, const ch
 }
 
 bool CheckCounts(const BatchOptions& o, std::string& error) {
-  if (o.sessions < 1) error = "--sessions must be at least 1";
-  else if (o.rolls < 0) error = "--rolls must not be negative";
-  else if (o.hands < 0) error = "--hands must not be negative";
-  else if (o.threads < 0) error = "--threads must not be negative";
+  if (o.sessions < 1)
+    error = "--sessions must be at least 1";
+  else if (o.rolls < 0)
+    error = "--rolls must not be negative";
+  else if (o.hands < 0)
+    error = "--hands must not be negative";
+  else if (o.threads < 0)
+    error = "--threads must not be negative";
   else if (o.rolls == 0 && o.hands == 0 && o.stopWins.empty() && o.stopLosses.empty())
     error = "a session needs an end: --rolls, --hands, --stop-win or --stop-loss";
-  else if (o.perSession && !o.csv) error = "--per-session goes with --csv";
-  else if (o.json && o.csv) error = "--json and --csv exclude each other";
+  else if (o.perSession && !o.csv)
+    error = "--per-session goes with --csv";
+  else if (o.json && o.csv)
+    error = "--json and --csv exclude each other";
+  else if (!o.scripts.dice.empty())
+    error = "--dice is refused by batch: each session draws its own dice";
   return error.empty();
 }
 
@@ -109,20 +119,28 @@ std::unique_ptr<Game> StartingGame(BatchOptions& o, RunPlatform& platform, Batch
 
 const char* EndName(SessionEnd end) {
   switch (end) {
-    case SessionEnd::kRolls: return "rolls";
-    case SessionEnd::kHands: return "hands";
-    case SessionEnd::kNoPlayerLeft: return "no player left";
-    case SessionEnd::kGameStop: return "game stop";
+    case SessionEnd::kRolls:
+      return "rolls";
+    case SessionEnd::kHands:
+      return "hands";
+    case SessionEnd::kNoPlayerLeft:
+      return "no player left";
+    case SessionEnd::kGameStop:
+      return "game stop";
   }
   return "";
 }
 
 const char* OutcomeName(PlayerOutcome o) {
   switch (o) {
-    case PlayerOutcome::kInPlay: return "in play";
-    case PlayerOutcome::kBroke: return "broke";
-    case PlayerOutcome::kStopWin: return "stop-win";
-    case PlayerOutcome::kStopLoss: return "stop-loss";
+    case PlayerOutcome::kInPlay:
+      return "in play";
+    case PlayerOutcome::kBroke:
+      return "broke";
+    case PlayerOutcome::kStopWin:
+      return "stop-win";
+    case PlayerOutcome::kStopLoss:
+      return "stop-loss";
   }
   return "";
 }
@@ -131,7 +149,8 @@ std::vector<PlayerSummary> Summaries(const Game& start, const std::vector<Sessio
                                      const std::vector<int>& onlyBets) {
   std::vector<PlayerSummary> out;
   for (int p = 1; p <= kBatchSeats; ++p)
-    if (!start.PlayerName[p].empty()) out.push_back(SummarizePlayer(start, p, results, onlyBets[p]));
+    if (!start.PlayerName[p].empty())
+      out.push_back(SummarizePlayer(start, p, results, onlyBets[p]));
   return out;
 }
 
@@ -217,8 +236,10 @@ std::vector<int> OnlyBets(const std::vector<SessionResult>& results) {
     for (int p = 1; p <= kBatchSeats; ++p) {
       const int b = r.onlyBet[p];
       if (r.wagered[p] <= Currency{}) continue;  // no bet this session
-      if (only[p] == -1) only[p] = b;
-      else if (only[p] != b) only[p] = 0;
+      if (only[p] == -1)
+        only[p] = b;
+      else if (only[p] != b)
+        only[p] = 0;
     }
   for (int& b : only) b = std::max(b, 0);
   return only;
@@ -232,8 +253,8 @@ class ProgressLine {
     const double s = std::chrono::duration<double>(Clock::now() - start_).count();
     const double rate = s > 0 ? static_cast<double>(done) / s : 0;
     const double left = rate > 0 ? static_cast<double>(total_ - done) / rate : 0;
-    std::fprintf(stderr, "\r%lld/%lld sessions, %.0f/s, %.0f s left   ", static_cast<long long>(done),
-                 static_cast<long long>(total_), rate, left);
+    std::fprintf(stderr, "\r%lld/%lld sessions, %.0f/s, %.0f s left   ",
+                 static_cast<long long>(done), static_cast<long long>(total_), rate, left);
     if (done == total_) std::fputc('\n', stderr);
   }
 
@@ -254,23 +275,30 @@ int Batch(BatchOptions& o) {
     EndRanks(ranks);
     return 1;
   }
-  const int threads =
-      o.threads > 0 ? o.threads : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+  const int threads = o.threads > 0
+                          ? o.threads
+                          : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
   const auto began = std::chrono::steady_clock::now();
   const std::vector<std::int64_t> mine = RankSessions(ranks, o.sessions);
-  const ProgressLine progress(static_cast<std::int64_t>(mine.size()), lead && isatty(STDERR_FILENO));
-  std::vector<SessionResult> results = GatherResults(
-      ranks, PlaySessions(*start, config, mine, threads,
-                          isatty(STDERR_FILENO) && lead ? std::function<void(std::int64_t)>(progress)
-                                                        : std::function<void(std::int64_t)>()));
-  const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
+  const ProgressLine progress(static_cast<std::int64_t>(mine.size()),
+                              lead && isatty(STDERR_FILENO));
+  std::vector<SessionResult> results =
+      GatherResults(ranks, PlaySessions(*start, config, mine, threads,
+                                        isatty(STDERR_FILENO) && lead
+                                            ? std::function<void(std::int64_t)>(progress)
+                                            : std::function<void(std::int64_t)>()));
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
   EndRanks(ranks);
   if (!lead) return 0;
   const std::vector<PlayerSummary> all = Summaries(*start, results, OnlyBets(results));
   if (o.json) {
     nlohmann::json players = nlohmann::json::array();
     for (const PlayerSummary& s : all) players.push_back(SummaryJson(s));
-    std::cout << nlohmann::json{{"sessions", o.sessions}, {"seconds", seconds}, {"players", players}}.dump()
+    std::cout << nlohmann::json{{"sessions", o.sessions},
+                                {"seconds", seconds},
+                                {"players", players}}
+                     .dump()
               << '\n';
   } else if (o.csv) {
     PrintCsv(std::cout, *start, results, all, o.perSession);
@@ -284,12 +312,15 @@ int Batch(BatchOptions& o) {
 
 void AddBatchCommand(CLI::App& app) {
   auto o = std::make_shared<BatchOptions>();
-  CLI::App* cmd = app.add_subcommand("batch", "Play many independent sessions and report per player");
+  CLI::App* cmd =
+      app.add_subcommand("batch", "Play many independent sessions and report per player");
   cmd->add_option("--sessions", o->sessions, "Sessions to play (default 1000)");
   cmd->add_option("--rolls", o->rolls, "End a session after R rolls (0: no limit)");
   cmd->add_option("--hands", o->hands, "End a session after H hands (0: no limit)");
-  cmd->add_option("--stop-win", o->stopWins, "A player stops at a session net of at least X: NAME:X");
-  cmd->add_option("--stop-loss", o->stopLosses, "A player stops at a session loss of X or more: NAME:X");
+  cmd->add_option("--stop-win", o->stopWins,
+                  "A player stops at a session net of at least X: NAME:X");
+  cmd->add_option("--stop-loss", o->stopLosses,
+                  "A player stops at a session loss of X or more: NAME:X");
   cmd->add_option("--seed", o->seed, "Seed S: session k is seeded from S and k alone (default 1)");
   cmd->add_option("--threads", o->threads, "Threads (default: every core)");
   cmd->add_flag("--json", o->json, "Print the report as one JSON object");

@@ -16,6 +16,7 @@
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
+#include "cycle/hyperdrive.h"
 #include "cycle/startup.h"
 #include "dice/rng.h"
 #include "engine/place.h"
@@ -140,6 +141,25 @@ TEST_F(BatchTest, LimitsAndStopsEndSessions) {
         EXPECT_LE(r.net[1] > Currency{} ? r.net[1] : -r.net[1], 40_usd) << "one bet past the stop";
       }
     }
+  }
+}
+
+// A starting game with a history (a loaded game): limits and nets count
+// from where it stands, not from the table's first roll.
+TEST_F(BatchTest, SessionsCountFromTheStartingGame) {
+  SeatFlatPassLine(1, "Ann", 1000_usd);
+  game->betting.AllowNegBankroll(1) = true;
+  game->hyper.RunRollLimit = 200;
+  RunHyperDrive(*game);
+  ASSERT_EQ(game->RollTally(kTableSession, kEventRolls), 200);
+  ASSERT_NE(PlayerNet(*game, 1), Currency{});
+  BatchConfig config;
+  config.rolls = 1;
+  for (const SessionResult& r : PlaySessions(*game, config, Indices(50), 2)) {
+    EXPECT_EQ(r.rolls, 1);
+    EXPECT_TRUE(r.net[1] == -10_usd || r.net[1] == Currency{} || r.net[1] == 10_usd)
+        << r.net[1].raw;
+    EXPECT_LE(r.wagered[1], 10_usd);
   }
 }
 

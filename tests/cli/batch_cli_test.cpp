@@ -20,7 +20,8 @@ TEST(BatchCli, BadOptionsExitOneBeforeAnySession) {
   };
   const Case cases[] = {
       {kAnn + "--rolls 10 --stop-loss Bo:50", "--stop-loss Bo:50: no player named 'Bo' is seated"},
-      {kAnn + "--rolls 10 --stop-win Ann:-5", "--stop-win Ann:-5: the amount must be a number above 0"},
+      {kAnn + "--rolls 10 --stop-win Ann:-5",
+       "--stop-win Ann:-5: the amount must be a number above 0"},
       {kAnn + "--sessions -3 --rolls 10", "--sessions must be at least 1"},
       {kAnn + "--rolls -1", "--rolls must not be negative"},
       {kAnn + "--hands -2", "--hands must not be negative"},
@@ -47,8 +48,9 @@ TEST(BatchCli, AScriptThatDoesNotCompileStopsTheBatch) {
 }
 
 TEST(BatchCli, OneAndTwoThreadsReportTheSame) {
-  const std::string args = kAnn + "--player Bo=200 --bet Bo:field=5 --win-rule Bo:2 --lose-rule Bo:2 "
-                                  "--sessions 300 --rolls 120 --stop-win Ann:100 --seed 42 --csv";
+  const std::string args = kAnn +
+                           "--player Bo=200 --bet Bo:field=5 --win-rule Bo:2 --lose-rule Bo:2 "
+                           "--sessions 300 --rolls 120 --stop-win Ann:100 --seed 42 --csv";
   const auto one = Cli(args + " --threads 1");
   const auto two = Cli(args + " --threads 2");
   ASSERT_EQ(one.exitCode, 0);
@@ -66,10 +68,12 @@ TEST(BatchCli, JsonHasEveryFigure) {
   ASSERT_EQ(j["players"].size(), 1u);
   const auto& p = j["players"][0];
   EXPECT_EQ(p["name"], "Ann");
-  for (const char* key : {"sessions", "mean_net", "sd_net", "min", "max", "broke_share", "stop_win_share",
-                          "stop_loss_share", "mean_rolls", "mean_hands", "wagered", "edge"})
+  for (const char* key :
+       {"sessions", "mean_net", "sd_net", "min", "max", "broke_share", "stop_win_share",
+        "stop_loss_share", "mean_rolls", "mean_hands", "wagered", "edge"})
     EXPECT_TRUE(p[key].is_number()) << key;
-  for (const char* q : {"1", "5", "25", "50", "75", "95", "99"}) EXPECT_TRUE(p["percentiles"][q].is_number());
+  for (const char* q : {"1", "5", "25", "50", "75", "95", "99"})
+    EXPECT_TRUE(p["percentiles"][q].is_number());
   EXPECT_EQ(p["mean_rolls"], 100);
   EXPECT_EQ(p["edge_ci95"].size(), 2u);
   EXPECT_NEAR(p["exact_edge"].get<double>(), -7.0 / 495.0, 1e-12);
