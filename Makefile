@@ -56,6 +56,8 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/rotated-90.png --full-table --rotate 90 --size 1000x1300
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bankroll-graph.png --view bankroll --rolls 500 \
 	  --graph-adjust 2 --graph-average 50 $(DEMO_PLAYER)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bets.png --view configure:6
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-payoffs.png --view configure:7
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -33,6 +33,7 @@
 #include "engine/players.h"
 #include "table/atm_form.h"
 #include "table/bankroll_form.h"
+#include "table/configure_form.h"
 #include "table/move_form.h"
 #include "table/qt_platform.h"
 #include "table/table_view.h"
@@ -125,7 +126,11 @@ void CrapTableWindow::BuildMenus() {
     connect(Item(restore, "mnuRestoreView", QString("View &%1\tCtrl+%1").arg(n)),
             &QAction::triggered, this, [this, n] { RestoreView(n); });
   }
-  Unbuilt(gameMenu, "mnuConfigure", "&Configure ...", "Opens the table's configuration; not built yet.");
+  connect(Item(gameMenu, "mnuConfigure", "&Configure ..."), &QAction::triggered, this,
+          guarded([this] {
+            Configure()->Fill();
+            Configure()->exec();
+          }));
   gameMenu->addSeparator();
   connect(Item(gameMenu, "mnuExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
 
@@ -284,6 +289,11 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (digit >= 0 && (mods & Qt::ControlModifier)) return RestoreView(digit);
   if (key == Qt::Key_Z) Move()->show();
   // F3, F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
+}
+
+ConfigureForm* CrapTableWindow::Configure() {
+  if (!configure_) configure_ = new ConfigureForm(game_, this);
+  return configure_;
 }
 
 BankrollForm* CrapTableWindow::Bankroll() {

@@ -9,6 +9,7 @@ class QMenu;
 class QtPlatform;
 class TableView;
 class BankrollForm;
+class ConfigureForm;
 class MoveForm;
 class AtmForm;
 struct Game;
@@ -21,6 +22,8 @@ class CrapTableWindow : public QMainWindow {
   TableView* View() const { return view_; }
   // The bankroll / Hyper-Drive form, opened on first use.
   BankrollForm* Bankroll();
+  // frmConfigure, made on first use.
+  ConfigureForm* Configure();
   MoveForm* Move();
   AtmForm* Atm();
   // mnuSaveView(n) and mnuRestoreView(n).
@@ -44,6 +47,7 @@ class CrapTableWindow : public QMainWindow {
   QtPlatform& platform_;
   TableView* view_;
   QPointer<BankrollForm> bankroll_;
+  QPointer<ConfigureForm> configure_;
   QPointer<MoveForm> move_;
   QPointer<AtmForm> atm_;
 };

@@ -16,6 +16,7 @@
 #include "core/game.h"
 #include "cycle/startup.h"
 #include "table/bankroll_form.h"
+#include "table/configure_form.h"
 #include "table/crap_table_window.h"
 #include "table/qt_platform.h"
 #include "table/table_view.h"
@@ -78,7 +79,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table or bankroll");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, or configure[:TAB]");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -150,6 +151,15 @@ int main(int argc, char** argv) {
   QWidget* target = &window;
   if (o.view == "bankroll") {
     BankrollForm* form = window.Bankroll();
+    form->show();
+    form->adjustSize();
+    target = form;
+  } else if (o.view.rfind("configure", 0) == 0) {
+    // configure or configure:N, N the tab shown (the Bets tab by default)
+    ConfigureForm* form = window.Configure();
+    const std::size_t colon = o.view.find(':');
+    game->rules.ConfigureTab = colon == std::string::npos ? kTabBets : std::atoi(o.view.c_str() + colon + 1);
+    form->Fill();
     form->show();
     form->adjustSize();
     target = form;

@@ -1,0 +1,137 @@
+// frmConfigure under the offscreen platform: it opens on the game's values,
+// a change in each kind of control reaches the game, a fault found by the
+// checks is refused with its notice and the form returns to its tab, and a
+// bet switch cleared with bets standing asks first.
+#include <QComboBox>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTest>
+
+#include "config/payoffs.h"
+#include "config/settings.h"
+#include "core/catalogue.h"
+#include "core/money.h"
+#include "desktop_fixture.h"
+#include "table/configure_form.h"
+
+class ConfigureTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void opensOnTheGamesValues();
+  void eachKindOfControlReachesTheGame();
+  void aLimitFaultKeepsTheTabAndTheForm();
+  void clearingFireWithAFireBetAnsweredNoKeepsIt();
+  void payoffDenominatorOfZeroIsRefused();
+};
+
+namespace {
+template <typename T>
+T* Child(ConfigureForm& form, const char* name) {
+  T* w = form.findChild<T*>(name);
+  if (w == nullptr) qFatal("no control %s", name);
+  return w;
+}
+void Type(QLineEdit* box, const QString& text) {
+  box->selectAll();
+  QTest::keyClick(box, Qt::Key_Backspace);
+  QTest::keyClicks(box, text);
+}
+}  // namespace
+
+void ConfigureTest::opensOnTheGamesValues() {
+  DesktopTable t;
+  t.game->rules.MaxOddsBet = Currency::FromWhole(750);
+  t.game->rules.BarNumber = 2;
+  t.game->rules.ConfigureTab = kTabBets;
+  ConfigureForm* form = t.window->Configure();
+  form->Fill();
+  QCOMPARE(Child<QLineEdit>(*form, "txtMaxOddsBet")->text(), QString("750"));
+  QVERIFY(Child<QRadioButton>(*form, "optBarDont0")->isChecked());
+  QVERIFY(Child<QRadioButton>(*form, "optBuyVig0")->isChecked());
+  QVERIFY(Child<QRadioButton>(*form, "optLayVig0")->isChecked());
+  QCOMPARE(Child<QLineEdit>(*form, "txtBuyVigPct")->text(), QString("5"));
+  QCOMPARE(Child<QLineEdit>(*form, "txtRollsPerHour")->text(), QString("120"));
+  QCOMPARE(form->Tabs()->currentIndex(), kTabBets);
+  // Filling writes nothing back.
+  QCOMPARE(t.game->rules.MaxOddsBet, Currency::FromWhole(750));
+}
+
+void ConfigureTest::eachKindOfControlReachesTheGame() {
+  DesktopTable t;
+  ConfigureForm* form = t.window->Configure();
+  form->Fill();
+  Type(Child<QLineEdit>(*form, "txtMaxPlacardBet"), "2500");
+  QCOMPARE(t.game->rules.MaxPlacardBet, Currency::FromWhole(2500));
+  Child<QRadioButton>(*form, "optBarDont0")->setChecked(true);
+  QCOMPARE(t.game->rules.BarNumber, 2);
+  Child<QComboBox>(*form, "cmbOddsCalcMethod")->setCurrentIndex(3);
+  QCOMPARE(t.game->rules.OddsCalcMethod, 3);
+  Child<QCheckBox>(*form, "chkNotify4")->setChecked(true);
+  QCOMPARE(t.game->rules.NoticeFlags, 31);
+  Type(Child<QLineEdit>(*form, "txtLayVigPct"), "4");
+  QCOMPARE(t.game->rules.LayVigRate, Currency::FromRaw(400));
+  // The working list edits slot 0 of BetWorkingDefault.
+  auto* list = Child<QListWidget>(*form, "lstWorkOnComeOut");
+  list->item(0)->setSelected(true);
+  const int bet = list->item(0)->data(Qt::UserRole).toInt();
+  QTest::mouseClick(Child<QPushButton>(*form, "cmdWorkingNo"), Qt::LeftButton);
+  QCOMPARE(t.game->BetWorkingDefault(0, bet), 0);
+  QVERIFY(list->item(0)->text().endsWith(" - No"));
+  // The roll rate on "Secs / roll": 30 is 120 rolls an hour; "Rolls / min" shows 2.
+  auto* rows = Child<QComboBox>(*form, "cmbRollsPerTime");
+  rows->setCurrentIndex(5);
+  Type(Child<QLineEdit>(*form, "txtRollsPerHour"), "60");
+  rows->setCurrentIndex(1);
+  QCOMPARE(t.game->rules.RollsPerHour, Currency::FromWhole(60));
+  QCOMPARE(Child<QLineEdit>(*form, "txtRollsPerHour")->text(), QString("1"));
+}
+
+void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
+  DesktopTable t;
+  t.game->rules.ConfigureTab = kTabBets;
+  ConfigureForm* form = t.window->Configure();
+  form->Fill();
+  form->show();
+  Type(Child<QLineEdit>(*form, "txtMaxPlacardBet"), "0");  // below the minimum bet
+  t.shown.clear();
+  form->Tabs()->setCurrentIndex(kTabMisc);
+  QCOMPARE(t.shown.size(), std::size_t{1});
+  QCOMPARE(form->Tabs()->currentIndex(), kTabBets);
+  QVERIFY(!form->TryClose());
+  QVERIFY(form->isVisible());
+  Type(Child<QLineEdit>(*form, "txtMaxPlacardBet"), "500");
+  QVERIFY(form->TryClose());
+  QVERIFY(!form->isVisible());
+}
+
+void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
+  DesktopTable t(1);
+  t.game->Bet(1, bet::kFire) = Currency::FromWhole(1);
+  ConfigureForm* form = t.window->Configure();
+  form->Fill();
+  t.AnswerMessage(2);  // No
+  Child<QCheckBox>(*form, "chkUseFireBet")->setChecked(false);
+  QVERIFY(t.game->rules.UseFireBet);
+  QVERIFY(Child<QCheckBox>(*form, "chkUseFireBet")->isChecked());
+  QCOMPARE(t.game->Bet(1, bet::kFire), Currency::FromWhole(1));
+}
+
+void ConfigureTest::payoffDenominatorOfZeroIsRefused() {
+  DesktopTable t;
+  ConfigureForm* form = t.window->Configure();
+  form->Fill();
+  auto* list = Child<QListWidget>(*form, "lstPayoffs");
+  list->setCurrentRow(0);
+  const auto cell = PayoffCellOf(list->item(0)->data(Qt::UserRole).toInt());
+  QVERIFY(cell.has_value());
+  const Currency before = PayoffValue(*t.game, *cell, 3);
+  auto* den = Child<QLineEdit>(*form, "txtPayoff2");
+  Type(den, "0");
+  emit den->editingFinished();
+  QCOMPARE(PayoffValue(*t.game, *cell, 3), before);
+  QCOMPARE(den->text(), QString::fromStdString(FormatMoney(before)));
+}
+
+QTEST_MAIN(ConfigureTest)
+#include "configure_qtest.moc"
