@@ -155,10 +155,10 @@ void ToggleScriptActive(Game& g, int p) {
   g.roll.ScriptsOK = false;
 }
 
-bool AskInterruptAutoBetting(Game& g, bool editing) {
-  if (!g.scriptRun.ScriptRunning) return false;
-  std::string text = editing ? "You can't edit a script while auto-betting is active.\r\r" : "";
-  text += "Do you want to interrupt auto-betting?";
+namespace {
+
+// Asks `text` about a running script; on Yes the run stops and true.
+bool InterruptOnYes(Game& g, const std::string& text) {
   if (ShowNotice(g, text, "Auto-Bet Active", kActivationHelpId, kInterruptStyle) != kAnswerYes)
     return false;
   g.scriptRun.ScriptRunning = false;
@@ -166,8 +166,6 @@ bool AskInterruptAutoBetting(Game& g, bool editing) {
   if (g.HyperDrive) g.StopMessage = "Auto-betting interrupted.";
   return true;
 }
-
-namespace {
 
 // The question of Activate All and Deactivate All during a run; false when
 // the command ends there.
@@ -176,15 +174,17 @@ bool MayChangeSwitches(Game& g, const char* what) {
   const std::string text = std::string("You can't ") + what +
                            " scripts while auto-betting is active.\r\rDo you want to interrupt "
                            "auto-betting?";
-  if (ShowNotice(g, text, "Auto-Bet Active", kActivationHelpId, kInterruptStyle) != kAnswerYes)
-    return false;
-  g.scriptRun.ScriptRunning = false;
-  g.KeepRolling = false;
-  if (g.HyperDrive) g.StopMessage = "Auto-betting interrupted.";
-  return true;
+  return InterruptOnYes(g, text);
 }
 
 }  // namespace
+
+bool AskInterruptAutoBetting(Game& g, bool editing) {
+  if (!g.scriptRun.ScriptRunning) return false;
+  std::string text = editing ? "You can't edit a script while auto-betting is active.\r\r" : "";
+  text += "Do you want to interrupt auto-betting?";
+  return InterruptOnYes(g, text);
+}
 
 void ActivateAllScripts(Game& g) {
   if (!MayChangeSwitches(g, "activate")) return;
