@@ -150,3 +150,36 @@ TEST_F(Actions, CheckScriptSelectsTheSpanWithoutBlanksAndColons) {
 }
 
 }  // namespace
+
+namespace {
+
+// Deactivate All while a script runs asks first: No leaves the run and the
+// switches alone; Yes stops the run, says so in Hyper-Drive, and goes on.
+TEST_F(Actions, DeactivateAllDuringARunAsksToInterrupt) {
+  SetScriptActive(g, 1, true);
+  g.scriptRun.ScriptRunning = true;
+  g.KeepRolling = g.HyperDrive = true;
+  platform.queuedReplies.push_back({kAnswerNo});
+  DeactivateAllScripts(g);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].title, "Auto-Bet Active");
+  EXPECT_EQ(platform.messages[0].text,
+            "You can't deactivate scripts while auto-betting is active.\r\r"
+            "Do you want to interrupt auto-betting?");
+  EXPECT_TRUE(g.scriptRun.ScriptRunning);
+  EXPECT_TRUE(g.roll.ScriptActive[1]);
+
+  platform.queuedReplies.push_back({kAnswerYes});
+  DeactivateAllScripts(g);
+  EXPECT_FALSE(g.scriptRun.ScriptRunning);
+  EXPECT_FALSE(g.KeepRolling);
+  EXPECT_EQ(g.StopMessage, "Auto-betting interrupted.");
+  EXPECT_FALSE(g.roll.ScriptActive[1]);
+  EXPECT_FALSE(g.roll.ScriptActive[0]);
+
+  // With nothing running the editor's question is not asked at all.
+  EXPECT_FALSE(AskInterruptAutoBetting(g, true));
+  EXPECT_EQ(platform.messages.size(), 2u);
+}
+
+}  // namespace
