@@ -1,11 +1,12 @@
 // ravelton-cli report VIEW: the figures of a statistics view of a game.
-// Without a game file the game is a fresh one (the sessions report reads a
-// player's log all the same).
+// With --load the figures are those of a saved game; without, of a fresh
+// one (the sessions report reads a player's log all the same).
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 
 #include "app/cli/commands.h"
+#include "app/cli/game_file_options.h"
 #include "app/cli/report.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
@@ -14,14 +15,13 @@
 namespace {
 
 int RunReport(const ReportOptions& o) {
-  if (!o.load.empty()) {
-    std::cerr << "ravelton-cli report: --load is refused: this build cannot read game files yet\n";
-    return 1;
-  }
   HeadlessPlatform platform;
   platform.minimized = true;
   std::unique_ptr<Game> game = MakeGame(platform);
   StartUp(*game);
+  GameFileOptions files;
+  files.load = o.load;
+  if (!LoadGameOption(*game, platform, files)) return 1;
   Report report;
   std::string error;
   if (!BuildReport(*game, o, report, error)) {

@@ -97,9 +97,24 @@ TEST(ReportCli, SessionsOfALogFile) {
   std::filesystem::remove(path);
 }
 
+// A saved game reports what the run that made it reported.
+TEST(ReportCli, ASavedGameReportsAsItsRunDid) {
+  const std::string path = (std::filesystem::temp_directory_path() / "ravelton-report-load.rvg").string();
+  std::filesystem::remove(path);
+  const std::string run = "run --rolls 250 --seed 8 --player Ann=1000 --bet Ann:\"Pass Line\"=10 "
+                          "--win-rule Ann:2 --lose-rule Ann:2 ";
+  const json ran = Json(run + "--report results --players Ann --json --save " + path)["report"];
+  const json loaded = Json("report results --players Ann --json --load " + path);
+  EXPECT_GT(ran["rows"][0]["wagers"].get<double>(), 50);
+  EXPECT_EQ(loaded, ran);
+  EXPECT_EQ(Json("report totals --frame all-sessions --json --load " + path)["rows"],
+            Json(run + "--report totals --frame all-sessions --json")["report"]["rows"]);
+  std::filesystem::remove(path);
+}
+
 TEST(ReportCli, Refusals) {
   const std::pair<const char*, const char*> cases[] = {
-      {"report totals --load game.rvg", "--load is refused"},
+      {"report totals --load no-such-game.rvg", "Game File Not Found"},
       {"report nosuch", "unknown view nosuch"},
       {"report totals --frame yesterday", "--frame must be"},
       {"report freqs --category 91", "--category must be 1 to 90"},
