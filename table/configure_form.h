@@ -4,7 +4,8 @@
 // settings procedures (config/settings.h, engine/setting_changes.h,
 // config/payoffs.h). Before any change of tab and at close the whole set is
 // checked (CheckConfigValues); a fault brings its tab back and keeps the form
-// open.
+// open. Each tab is built and filled in a file of its own (see
+// table/configure_tabs.h).
 // What must stay true:
 // - Nothing is written to the game while FormLoading is set.
 // - A change the engine refused puts the control back from the game.
@@ -39,16 +40,27 @@ class ConfigureForm : public QDialog {
   void done(int result) override;
 
  private:
+  // The Checks/Dice tab: denominations, check and dice options, the roll
+  // rate (configure_checks_tab.cpp).
   QWidget* BuildChecksDice();
+  // The Misc. tab: mouse, printer and the notices (configure_misc_tab.cpp).
   QWidget* BuildMisc();
+  // The Bets tab: limits, odds, bar, optional bets, vigorish and the
+  // working-on-come-out list (configure_bets_tab.cpp).
   QWidget* BuildBets();
+  // The Payoffs tab: the payoff list and its row editor (configure_payoffs_tab.cpp).
   QWidget* BuildPayoffs();
+  // A page that only says the tab is not built yet.
   QWidget* BuildUnbuilt(const QString& what);
   // CheckConfigValues: shows the first fault and brings up its tab.
   bool CheckValues();
+  // A change of tab: checks the whole set first and stays on a fault.
   void TabClicked(int index);
+  // Shows the payoff of the list's current row in the edit boxes.
   void FillPayoffRow();
+  // Shows the Buy and Lay vigorish from the game.
   void FillVig();
+  // Rebuilds the working list from the game, keeping current row and selection.
   void FillWorkingList();
   // An amount box that writes ParseAmount of its text to `field` at once.
   QLineEdit* AmountBox(const char* name, Currency* field);

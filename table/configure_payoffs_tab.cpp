@@ -1,0 +1,122 @@
+// frmConfigure, the Payoffs tab: the list of payoffs and the editor of its
+// current row, Field presets and the restore button.
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "config/payoffs.h"
+#include "core/game.h"
+#include "core/money.h"
+#include "table/configure_form.h"
+#include "table/configure_tabs.h"
+#include "table/numeric_box.h"
+
+namespace {
+
+using configure_tabs::kAmountDecimals;
+using configure_tabs::Money;
+
+}  // namespace
+
+QWidget* ConfigureForm::BuildPayoffs() {
+  auto* page = new QWidget;
+  auto* layout = new QHBoxLayout(page);
+  payoffs_ = new QListWidget;
+  payoffs_->setObjectName("lstPayoffs");
+  for (int i = 0; i < kPayoffListRows; ++i) {
+    const int code = PayoffRowCode(i);
+    auto* item = new QListWidgetItem(QString::fromStdString(PayoffRowLabel(code)), payoffs_);
+    item->setData(Qt::UserRole, code);
+    if (IsPayoffHeading(code)) {
+      QFont f = item->font();
+      f.setBold(true);
+      item->setFont(f);
+    }
+  }
+  layout->addWidget(payoffs_, 1);
+  auto* right = new QVBoxLayout;
+  payoffShown_ = new QLabel;
+  payoffShown_->setObjectName("lblPayoff");
+  right->addWidget(payoffShown_);
+  auto* edit = new QHBoxLayout;
+  payoffFirst_ = new QLineEdit;
+  payoffFirst_->setObjectName("txtPayoff0");
+  new NumericKeyFilter(payoffFirst_, kAmountDecimals, true);
+  payoffFlag_ = new QLineEdit;
+  payoffFlag_->setObjectName("txtPayoff1");
+  payoffFlag_->setMaximumWidth(40);
+  payoffDen_ = new QLineEdit;
+  payoffDen_->setObjectName("txtPayoff2");
+  new NumericKeyFilter(payoffDen_, kAmountDecimals, false);
+  edit->addWidget(payoffFirst_);
+  edit->addWidget(payoffFlag_);
+  edit->addWidget(payoffDen_);
+  right->addLayout(edit);
+  auto cell = [this]() -> std::optional<PayoffCell> {
+    QListWidgetItem* item = payoffs_->currentItem();
+    return item ? PayoffCellOf(item->data(Qt::UserRole).toInt()) : std::nullopt;
+  };
+  connect(payoffs_, &QListWidget::currentRowChanged, this, [this] { FillPayoffRow(); });
+  connect(payoffFirst_, &QLineEdit::textChanged, this, [this, cell] {
+    if (auto c = cell(); c && !FormLoading)
+      EnterPayoffFirst(game_, *c, ParseAmount(payoffFirst_->text().toStdString()));
+  });
+  connect(payoffDen_, &QLineEdit::editingFinished, this, [this, cell] {
+    auto c = cell();
+    if (!c || FormLoading) return;
+    // A denominator of 0 is refused: the box shows the game's value again.
+    EnterPayoffDenominator(game_, *c, ParseAmount(payoffDen_->text().toStdString()));
+    FillPayoffRow();
+  });
+  connect(payoffFlag_, &QLineEdit::textEdited, this, [this, cell](const QString& text) {
+    auto c = cell();
+    if (c && !FormLoading && !text.isEmpty()) PayoffFlagKey(game_, *c, text.back().toLatin1());
+    FillPayoffRow();
+  });
+  auto* presets = new QComboBox;
+  presets->setObjectName("cmbFieldPreset");
+  presets->addItem("Set Field payoffs to");
+  for (std::string_view c : kFieldPresetCaption)
+    presets->addItem(QString::fromUtf8(c.data(), static_cast<int>(c.size())));
+  connect(presets, &QComboBox::activated, this, [this, presets](int i) {
+    if (i <= 0) return;
+    SetFieldPreset(game_, static_cast<FieldPreset>(i - 1));
+    presets->setCurrentIndex(0);
+    FillPayoffRow();
+  });
+  right->addWidget(presets);
+  auto* restore = new QPushButton("Restore default payoffs");
+  restore->setObjectName("cmdRestorePayoffs");
+  restore->setAutoDefault(false);
+  connect(restore, &QPushButton::clicked, this, [this] {
+    if (RestoreDefaultPayoffs(game_)) Fill();
+  });
+  right->addWidget(restore);
+  right->addStretch();
+  layout->addLayout(right, 1);
+  return page;
+}
+
+void ConfigureForm::FillPayoffRow() {
+  const bool was = FormLoading;
+  FormLoading = true;
+  QListWidgetItem* item = payoffs_->currentItem();
+  const auto c = item ? PayoffCellOf(item->data(Qt::UserRole).toInt()) : std::nullopt;
+  for (QLineEdit* box : {payoffFirst_, payoffFlag_, payoffDen_}) box->setEnabled(c.has_value());
+  if (c) {
+    const bool to = PayoffValue(game_, *c, 2) != Currency{};
+    payoffFirst_->setText(Money(PayoffShownFirst(game_, *c)));
+    payoffFlag_->setText(to ? "to" : "for");
+    payoffDen_->setText(Money(PayoffValue(game_, *c, 3)));
+    payoffShown_->setText(item->text());
+  } else {
+    for (QLineEdit* box : {payoffFirst_, payoffFlag_, payoffDen_}) box->clear();
+    payoffShown_->setText(item ? item->text() : QString());
+  }
+  FormLoading = was;
+}
