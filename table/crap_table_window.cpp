@@ -283,8 +283,10 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   static const QString kShiftedDigits = QStringLiteral(")!@#$%^&*(");
   int digit = -1;
   if (key >= Qt::Key_0 && key <= Qt::Key_9) digit = key - Qt::Key_0;
-  const int shifted = kShiftedDigits.indexOf(QChar(key));
-  if (shifted >= 0 && key < 0x80) digit = shifted, mods |= Qt::ShiftModifier;
+  // Arrow and function keys lie beyond a character's range: only ASCII keys
+  // can be a shifted digit.
+  const int shifted = key < 0x80 ? kShiftedDigits.indexOf(QChar(key)) : -1;
+  if (shifted >= 0) digit = shifted, mods |= Qt::ShiftModifier;
   if (digit >= 0 && (mods & Qt::ShiftModifier)) return SaveView(digit);
   if (digit >= 0 && (mods & Qt::ControlModifier)) return RestoreView(digit);
   if (key == Qt::Key_Z) Move()->show();

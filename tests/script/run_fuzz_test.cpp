@@ -98,7 +98,8 @@ TEST(RunFuzz, WellFormedScriptsRunWithoutLosingMoney) {
     if (::testing::Test::HasFailure())
       ADD_FAILURE() << "scripts #" << n << ":\n" << scripts[1] << "\n---\n" << scripts[2];
   }
-  EXPECT_GT(betting, kScripts / 5);  // the scripts do bet: the check is not vacuous
+  // Some players had bets decided, so the money check above is not vacuous.
+  EXPECT_GE(betting, kScripts / 10);
 }
 
 }  // namespace
