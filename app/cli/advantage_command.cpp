@@ -12,6 +12,7 @@
 #include "analysis/advantage.h"
 #include "analysis/advantage_table.h"
 #include "app/cli/commands.h"
+#include "app/cli/game_file_options.h"
 #include "app/cli/probability_options.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
@@ -86,14 +87,13 @@ void PrintAdvantage(std::ostream& out, const Game& game) {
 }
 
 int RunAdvantage(const AdvantageOptions& options) {
-  if (!options.load.empty()) {
-    std::cerr << "ravelton-cli advantage: --load: reading game files is not built yet; "
-                 "the figures are those of the default payoffs and rules\n";
-    return 1;
-  }
   HeadlessPlatform platform;
   std::unique_ptr<Game> game = MakeGame(platform);
   StartUp(*game);
+  // A saved game's payoffs, vig, bar number and skewed dice figure as stored.
+  GameFileOptions files;
+  files.load = options.load;
+  if (!LoadGameOption(*game, platform, files)) return 1;
   std::string error;
   if (!UseProbabilityFileOption(*game, options.prb, error)) {
     std::cerr << "ravelton-cli advantage: " << error << '\n';

@@ -15,6 +15,7 @@
 #include "dice/rng.h"
 #include "core/game.h"
 #include "cycle/startup.h"
+#include "store/game_file.h"
 #include "table/bankroll_form.h"
 #include "table/configure_form.h"
 #include "table/crap_table_window.h"
@@ -97,10 +98,6 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& e) {
     return cli.exit(e) == 0 ? 0 : 1;
   }
-  if (!o.load.empty()) {
-    std::cerr << "ravelton: --load needs the game file, which is not built yet\n";
-    return 1;
-  }
   int width = 0, height = 0;
   if (!ParseSize(o.size, width, height)) {
     std::cerr << "ravelton: --size must be WxH, e.g. 1280x900\n";
@@ -119,6 +116,8 @@ int main(int argc, char** argv) {
   StartUp(*game);
   platform.SetGame(game.get());
   if (!o.screenshot.empty()) AnswerDialogsByDefault(platform);
+  // A game that does not open has told why in its message.
+  if (!o.load.empty() && !OpenGame(*game, o.load)) return 1;
   if (o.seed > 0) SeedRngWith(*game, o.seed);
 
   std::string error;
@@ -127,9 +126,11 @@ int main(int argc, char** argv) {
     return 1;
   }
   if (o.fullTable) SeatFullTable(*game);
-  game->table.TableRotation = ((o.rotate % 360) + 360) % 360;
-  game->table.HopBetsShown = o.hops;
-  game->table.DisplayBetAmounts = o.amounts;
+  // A loaded game keeps its own view unless an option says otherwise.
+  const bool fresh = o.load.empty();
+  if (fresh || cli.count("--rotate")) game->table.TableRotation = ((o.rotate % 360) + 360) % 360;
+  if (fresh || o.hops) game->table.HopBetsShown = o.hops;
+  if (fresh || o.amounts) game->table.DisplayBetAmounts = o.amounts;
   if (o.bettor >= 1 && o.bettor <= 8) game->betting.CurPlayer = o.bettor;
   if (o.graphAdjust >= 0) game->graph.GraphAdjustType = o.graphAdjust;
   if (o.graphAverage >= 0) {

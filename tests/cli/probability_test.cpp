@@ -198,12 +198,17 @@ TEST_F(CliProbability, RunPlaysWithTheFilesDice) {
   EXPECT_EQ(bad.out, "ravelton-cli run: " + File("missing.prb") + ": no such file\n");
 }
 
-TEST_F(CliProbability, AdvantageRefusesAGameFileItCannotRead) {
-  const Result r = Cli("advantage --load game.rvg", true);
+// A saved game figures with its own dice; one that does not open is told.
+TEST_F(CliProbability, AdvantageOfASavedGameUsesItsDice) {
+  ASSERT_EQ(Cli("probability --set-pair 11=0 --set-pair 66=9000 --save " + File("skew.prb")).exitCode,
+            0);
+  ASSERT_EQ(Cli("run --rolls 0 --prb " + File("skew.prb") + " --save " + File("g.rvg")).exitCode, 0);
+  const nlohmann::json loaded = Json("advantage --load " + File("g.rvg") + " --json");
+  EXPECT_EQ(loaded, Json("advantage --prb " + File("skew.prb") + " --json"));
+  EXPECT_NE(loaded, Json("advantage --json"));
+  const Result r = Cli("advantage --load " + File("none.rvg"), true);
   EXPECT_EQ(r.exitCode, 1);
-  EXPECT_EQ(r.out,
-            "ravelton-cli advantage: --load: reading game files is not built yet; the figures are "
-            "those of the default payoffs and rules\n");
+  EXPECT_NE(r.out.find("Game File Not Found"), std::string::npos) << r.out;
 }
 
 }  // namespace
