@@ -40,6 +40,7 @@ struct FileChooserRequest {
   std::string caption;             // "Open Session File", "Save Session File As", ...
   std::vector<std::string> types;  // "Session files (*.rvg)", "All files (*.*)"
   std::string folder;              // the folder it opens in
+  bool writing = false;            // a file to be written (the caller asks before overwriting)
 };
 
 // One step of a script run for the Steps view: whose script, the view's

@@ -10,6 +10,7 @@
 #include "cycle/session.h"
 #include "dice/probability_file.h"
 #include "engine/roll_internal.h"
+#include "script/activation.h"
 #include "script/files.h"
 #include "store/file_chooser.h"
 #include "store/file_stamp.h"
@@ -119,7 +120,11 @@ bool NewGameCommand(Game& g, const NewSessionChoice& c) {
   return true;
 }
 
-void StartScriptsAfterNewSession(Game& g) { g.roll.ScriptsOK = false; }
+void StartScriptsAfterNewSession(Game& g) {
+  // A script that does not compile has shown its fault; the session stays
+  // new and the next roll stops on the same fault.
+  InitializeScripts(g);
+}
 
 bool OpenGameCommand(Game& g) {
   if (!PromptUnsavedWork(g)) return false;

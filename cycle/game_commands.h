@@ -43,8 +43,6 @@ bool SaveGameAsCommand(Game& game);
 // the dice clipboard file removed; false keeps the program open.
 // windowMoved: the main window was moved or resized since the last save.
 bool CloseProgram(Game& game, bool windowMoved);
-// The call point where the active scripts are compiled and given their first
-// cycle after a new session. The script runtime that runs a cycle is not
-// part of this build: until it is, the scripts are marked uncompiled and the
-// roll cycle treats them as it treats any uncompiled active script.
+// After a new session: the active scripts compiled if they are not, and
+// their first cycle run once, so every new session starts initialized.
 void StartScriptsAfterNewSession(Game& game);

@@ -23,7 +23,7 @@ std::optional<std::string> ChooseFilePath(Game& game, const FileChoice& choice) 
   GameFileState& f = game.gamefile;
   for (int ask = 0; ask < kMaxAsks; ++ask) {
     const std::string folder = f.ChooserFolder.empty() ? game.roll.DataFolder : f.ChooserFolder;
-    const auto typed = game.platform->ChooseFile({choice.caption, choice.types, folder});
+    const auto typed = game.platform->ChooseFile({choice.caption, choice.types, folder, choice.writing});
     if (!typed) return std::nullopt;
     const std::string path = ChosenFilePath(*typed, folder, choice.extension);
     if (path.empty()) {

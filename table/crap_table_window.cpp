@@ -27,6 +27,7 @@
 
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
+#include "cycle/game_commands.h"
 #include "cycle/hyperdrive.h"
 #include "core/game.h"
 #include "cycle/player_names.h"
@@ -42,13 +43,17 @@ namespace {
 const char* const kStatusViewCaption[5] = {
     "Align at &top of window", "Align at &bottom of window", "Align at &left-side of window",
     "Align at &right-side of window", "Place &near individual players"};
-const QString kGameFileWhy = QStringLiteral("Opens the game file commands; not built yet.");
 }  // namespace
+
+QString CrapTableWindow::Caption() const {
+  const std::string& title = game_.gamefile.WindowTitle;
+  return QString::fromStdString(title.empty() ? std::string("Ravelton") : title);
+}
 
 CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* parent)
     : QMainWindow(parent), game_(game), platform_(platform) {
   setObjectName("frmCrapTable");
-  setWindowTitle("Ravelton");
+  setWindowTitle(Caption());
   view_ = new TableView(game, platform, this);
   setCentralWidget(view_);
   view_->onWindowKey = [this](int key, Qt::KeyboardModifiers mods) { WindowKey(key, mods); };
@@ -107,10 +112,21 @@ void CrapTableWindow::BuildMenus() {
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   gameMenu->setToolTipsVisible(true);
   Unbuilt(gameMenu, "mnuNew", "&New", "Starts a new session (frmNew): comes with the game file.");
-  Unbuilt(gameMenu, "mnuOpen", "&Open ...", kGameFileWhy);
-  Unbuilt(gameMenu, "mnuSave", "&Save", kGameFileWhy);
-  Unbuilt(gameMenu, "mnuSaveAs", "Sa&ve As ...", kGameFileWhy);
-  Unbuilt(gameMenu, "mnuShowPath", "Show &Path", kGameFileWhy);
+  // The game file commands ask their own questions; the caption then names
+  // the file (RefreshMenus).
+  auto fileCommand = [this, guarded](bool (*command)(Game&)) {
+    return guarded([this, command] {
+      command(game_);
+      if (bankroll_) bankroll_->Refresh();
+    });
+  };
+  connect(Item(gameMenu, "mnuOpen", "&Open ..."), &QAction::triggered, this,
+          fileCommand(OpenGameCommand));
+  connect(Item(gameMenu, "mnuSave", "&Save"), &QAction::triggered, this,
+          fileCommand(SaveGameCommand));
+  connect(Item(gameMenu, "mnuSaveAs", "Sa&ve As ..."), &QAction::triggered, this,
+          fileCommand(SaveGameAsCommand));
+  Unbuilt(gameMenu, "mnuShowPath", "Show &Path", "Opens frmPath; not built yet.");
   Unbuilt(gameMenu, "mnuHotKeys", "&Hot-Keys ...", "Opens the Hot-Keys form; not built yet.");
   QMenu* position = gameMenu->addMenu("&Table Position");
   position->setObjectName("mnuTablePosition");
@@ -254,7 +270,7 @@ void CrapTableWindow::RefreshMenus() {
   check("mnuStatusShow", game_.table.StatusBoxesShown);
   for (QAction* a : findChildren<QAction*>("mnuStatusView"))
     a->setChecked(a->data().toInt() == game_.table.StatusView);
-  if (!isMinimized()) setWindowTitle("Ravelton");
+  if (!isMinimized()) setWindowTitle(Caption());
   if (atm_) atm_->Refresh();
   if (bankroll_) bankroll_->Refresh();
 }
@@ -328,7 +344,7 @@ void CrapTableWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange || isMinimized()) return;
   // tmrResize's work: a run that ended while minimised shows its stop message now.
-  setWindowTitle("Ravelton");
+  setWindowTitle(Caption());
   if (!game_.HyperDrive && !game_.StopMessage.empty()) {
     const std::string message = game_.StopMessage;
     game_.StopMessage.clear();

@@ -33,6 +33,8 @@ class CrapTableWindow : public QMainWindow {
   void RefreshMenus();
 
  protected:
+  // The caption: the game's title, which names the game file in play.
+  QString Caption() const;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
 

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QDialog>
+#include <QFileDialog>
+#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 
@@ -43,6 +45,21 @@ int QtPlatform::ShowSettleDialog(SettleDialog& dialog) {
   SettleForm form(game_, dialog, mainWindow_);
   RunModal(form);
   return form.Pressed();
+}
+
+std::optional<std::string> QtPlatform::ChooseFile(const FileChooserRequest& request) {
+  QStringList filters;
+  for (const std::string& type : request.types) filters << QString::fromStdString(type);
+  const QString caption = QString::fromStdString(request.caption);
+  const QString folder = QString::fromStdString(request.folder);
+  // The game asks its own question before overwriting a file.
+  const QString picked =
+      request.writing
+          ? QFileDialog::getSaveFileName(mainWindow_, caption, folder, filters.join(";;"), nullptr,
+                                         QFileDialog::DontConfirmOverwrite)
+          : QFileDialog::getOpenFileName(mainWindow_, caption, folder, filters.join(";;"));
+  if (picked.isEmpty()) return std::nullopt;
+  return picked.toStdString();
 }
 
 void QtPlatform::PlaySound(std::string_view, int) {}

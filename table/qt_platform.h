@@ -39,6 +39,8 @@ class QtPlatform : public QObject, public Platform {
   void DoEvents() override;
   void RequestRedraw(Redraw what) override;
   bool MainWindowMinimized() override;
+  // A Qt file dialog with the request's caption, types and folder.
+  std::optional<std::string> ChooseFile(const FileChooserRequest& request) override;
 
   // Called with every modal dialog just after it is shown (tests answer
   // dialogs through it by clicking their real buttons); empty in play.

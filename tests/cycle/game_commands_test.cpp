@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "core/catalogue.h"
 #include "core/message_dialog.h"
 #include "store/game_file.h"
 #include "tests/store/store_fixture.h"
@@ -109,7 +110,8 @@ TEST_F(GameCommands, TheChooserRefusesEmptyNamesAndAsksBeforeOverwriting) {
 
 TEST_F(GameCommands, NewKeepsOrClearsScriptsAndStartsAFreshSession) {
   SeatPlayer(*game, 1, "Ann", Currency::FromWhole(200));
-  game->scriptSource.ScriptLines[1] = {"", "If rolls > 1 Then", "EndIf"};
+  // The first cycle after New places the bet the script makes.
+  game->scriptSource.ScriptLines[1] = {"", "bet 15 on passline"};
   game->roll.ScriptActive[1] = game->roll.ScriptActive[0] = true;
   game->Bet(1, 1) = Currency::FromWhole(10);
   game->gamefile.GameFilePath = Path("old.rvg");
@@ -118,9 +120,11 @@ TEST_F(GameCommands, NewKeepsOrClearsScriptsAndStartsAFreshSession) {
 
   NewSessionChoice keep;
   ASSERT_TRUE(NewGameCommand(*game, keep));
-  EXPECT_EQ(game->scriptSource.ScriptLines[1].size(), 3u);
+  EXPECT_EQ(game->scriptSource.ScriptLines[1].size(), 2u);
   EXPECT_TRUE(game->roll.ScriptActive[1]);
+  EXPECT_TRUE(game->roll.ScriptsOK) << game->scriptRun.FailedMessage;
   EXPECT_EQ(game->Bet(1, 1), Currency{});
+  EXPECT_EQ(game->Bet(1, bet::kPassLine), Currency::FromWhole(15));
   EXPECT_EQ(game->gamefile.GameFilePath, "");
   EXPECT_EQ(game->gamefile.WindowTitle, "Ravelton");
   EXPECT_FALSE(game->roll.SessionDirty);

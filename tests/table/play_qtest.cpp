@@ -5,6 +5,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QScrollBar>
+#include <QDir>
+#include <QFile>
 #include <QTest>
 
 #include "core/catalogue.h"
@@ -16,6 +18,7 @@
 #include "table/bankroll_form.h"
 #include "table/check_images.h"
 #include "desktop_fixture.h"
+#include "store/game_file.h"
 
 class PlayTest : public QObject {
   Q_OBJECT
@@ -32,6 +35,7 @@ class PlayTest : public QObject {
   void atmMovesMoneyAndSaysWhatItCut();
   void bankrollScaleButtonsClimbTheLadder();
   void flashingHidesTheBettorsChecksEveryOtherRound();
+  void saveWritesTheGameAndTheCaptionNamesIt();
 };
 
 void PlayTest::everyBaseLiesWellInsideItsBet() {
@@ -281,6 +285,33 @@ void PlayTest::flashingHidesTheBettorsChecksEveryOtherRound() {
   QVERIFY(QTest::qWaitFor([&t] { return t.View()->paint.flashOff; }, 3000));
   QTest::keyClick(t.View(), Qt::Key_Space);
   QVERIFY(!t.View()->paint.flashOff);
+}
+
+// Game > Save with a file in play writes it without a chooser; the
+// caption then names the file, and the file opens to the same players.
+void PlayTest::saveWritesTheGameAndTheCaptionNamesIt() {
+  DesktopTable t(2);
+  Game& g = *t.game;
+  QVERIFY(t.window->findChild<QAction*>("mnuOpen")->isEnabled());
+  QVERIFY(t.window->findChild<QAction*>("mnuSaveAs")->isEnabled());
+  const std::string path =
+      QDir::temp().filePath(QString("ravelton-qtest-%1.rvg").arg(QCoreApplication::applicationPid()))
+          .toStdString();
+  g.gamefile.GameFilePath = path;
+  g.roll.SessionDirty = true;
+  t.window->findChild<QAction*>("mnuSave")->trigger();
+  QVERIFY(QFile::exists(QString::fromStdString(path)));
+  QVERIFY(!g.roll.SessionDirty);
+  QCOMPARE(t.window->windowTitle(), QString::fromStdString(g.gamefile.WindowTitle));
+  QVERIFY(t.window->windowTitle().endsWith(".rvg)"));
+
+  QtPlatform other;
+  auto opened = MakeGame(other);
+  StartUp(*opened);
+  QVERIFY(OpenGame(*opened, path));
+  QCOMPARE(opened->PlayerName[2], std::string("Bo"));
+  QCOMPARE(opened->Bet(1, 0), g.Bet(1, 0));
+  QFile::remove(QString::fromStdString(path));
 }
 
 QTEST_MAIN(PlayTest)
