@@ -111,7 +111,7 @@ void CrapTableWindow::BuildMenus() {
 
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   gameMenu->setToolTipsVisible(true);
-  Unbuilt(gameMenu, "mnuNew", "&New", "Starts a new session (frmNew): comes with the game file.");
+  Unbuilt(gameMenu, "mnuNew", "&New", "Starts a new session (frmNew); the form is not built yet.");
   // The game file commands ask their own questions; the caption then names
   // the file (RefreshMenus).
   auto fileCommand = [this, guarded](bool (*command)(Game&)) {
