@@ -145,7 +145,8 @@ bool SaveGameAsCommand(Game& g) {
 }
 
 bool CloseProgram(Game& g, bool windowMoved) {
-  // Auto-betting in progress: the script runtime's question comes here once it exists.
+  // Auto-betting in progress: No keeps the program open.
+  if (g.scriptRun.ScriptRunning && !AskInterruptAutoBetting(g)) return false;
   if (g.HyperDrive && g.KeepRolling) {
     if (ShowNotice(g, "Do you want to stop Hyper-Drive?", "Hyper-Drive Active", 0,
                    kMsgYes | kMsgNo) != kAnswerYes)

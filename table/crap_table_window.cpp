@@ -337,6 +337,12 @@ void CrapTableWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  // The questions about a running script and unsaved work; default.rvg is
+  // written for the next start.
+  if (!CloseProgram(game_, false)) {
+    event->ignore();
+    return;
+  }
   event->accept();
 }
 

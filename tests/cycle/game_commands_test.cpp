@@ -149,6 +149,22 @@ TEST_F(GameCommands, ClosingSavesTheDefaultGameInTheDataFolder) {
   std::filesystem::create_directories(Path("data/deeper"));
   Write(Path("data/deeper/copyfile.rll"), "rolls");
 
+  // A script running and the user says No: the program stays open.
+  g->scriptRun.ScriptRunning = true;
+  other.queuedReplies.push_back({kAnswerNo, "", "", false});
+  EXPECT_FALSE(CloseProgram(*g, false));
+  EXPECT_EQ(other.messages.back().title, "Auto-Bet Active");
+  EXPECT_TRUE(g->scriptRun.ScriptRunning);
+  // Yes interrupts the script and its run, so Hyper-Drive is not asked about;
+  // the session prompt comes next, and Cancel keeps the program open.
+  g->HyperDrive = g->KeepRolling = true;
+  other.queuedReplies.push_back({kAnswerYes, "", "", false});
+  other.queuedReplies.push_back({kAnswerCancel, "", "", false});
+  EXPECT_FALSE(CloseProgram(*g, true));
+  EXPECT_FALSE(g->scriptRun.ScriptRunning);
+  EXPECT_EQ(other.messages.back().title, "Save Session");
+  g->roll.SessionDirty = false;
+
   // Hyper-Drive running and the user says No: the program stays open.
   g->HyperDrive = g->KeepRolling = true;
   other.queuedReplies.push_back({kAnswerNo, "", "", false});
