@@ -52,10 +52,10 @@ SettleForm::SettleForm(Game* game, SettleDialog& dialog, QWidget* parent)
 
   auto* buttons = new QGridLayout;
   for (int i = 0; i < 7; ++i) {
-    const SettleDialogButton& spec = dialog.buttons[static_cast<std::size_t>(i)];
-    auto* b = new QPushButton(QString::fromStdString(spec.caption));
+    const SettleDialogButton& button = dialog.buttons[static_cast<std::size_t>(i)];
+    auto* b = new QPushButton(QString::fromStdString(button.caption));
     b->setObjectName(QStringLiteral("cmdHandle%1").arg(i));
-    b->setEnabled(spec.enabled);
+    b->setEnabled(button.enabled);
     connect(b, &QPushButton::clicked, this, [this, i] { Press(i); });
     handle_[static_cast<std::size_t>(i)] = b;
     if (i < 5) {
