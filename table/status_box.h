@@ -16,6 +16,8 @@ struct Game;
 
 constexpr double kStatusBoxWidth = 128;
 constexpr double kStatusBoxHeight = 76;
+constexpr double kStatusBoxGap = 4;        // between a status box and its neighbour
+constexpr double kStatusBoxMinWidth = 100;  // the widest line of a box still fits
 
 struct StatusBoxText {
   std::string name;

@@ -253,7 +253,7 @@ void TableView::paintEvent(QPaintEvent*) {
 QRectF TableView::StatusBoxRect(int pl) const {
   const TableState& t = game_.table;
   if (!t.StatusBoxesShown || game_.PlayerName[static_cast<std::size_t>(pl)].empty()) return {};
-  const double w = kStatusBoxWidth, h = kStatusBoxHeight;
+  double w = kStatusBoxWidth, h = kStatusBoxHeight;
   const int i = pl - 1;
   switch (t.StatusView) {
     case kStatusTop:
@@ -275,6 +275,15 @@ QRectF TableView::StatusBoxRect(int pl) const {
       const double len = std::hypot(out.x(), out.y());
       if (len > 0) out /= len;
       // Far enough along the outward direction that the box clears the rail at any angle.
+      // Where neighbouring seats lie closer on the screen than a box is wide,
+      // the box narrows to the seat's share (its lines still fit), so none
+      // covers the next.
+      const QPointF next = ToScreen(QPointF(RailBlock(2).center().x(), kLayoutHeight)) -
+                           ToScreen(QPointF(RailBlock(1).center().x(), kLayoutHeight));
+      const double seatSpacing = std::hypot(next.x(), next.y());
+      const double share = std::max(kStatusBoxMinWidth, seatSpacing - kStatusBoxGap);
+      if (std::abs(out.y()) >= std::abs(out.x())) w = std::min(w, share);
+      else h = std::min(h, share);
       const double reach = std::abs(out.x()) * (w / 2) + std::abs(out.y()) * (h / 2) + 4;
       QPointF c = at + out * reach;
       c.setX(std::clamp(c.x(), w / 2 + 2, width() - w / 2 - 2));

@@ -36,6 +36,7 @@ class TableViewTest : public QObject {
   void altDragMovesABet();
   void stacksStopAtThirteenChecks();
   void statusBoxesFormatAmounts();
+  void statusBoxesNearPlayersNeverOverlap();
 };
 
 void TableViewTest::clickOnEveryBetPlacesItForEveryPlayer() {
@@ -298,6 +299,24 @@ void TableViewTest::statusBoxesFormatAmounts() {
   QCOMPARE(box.lines[2], std::string("Bankroll:  4,998.75"));
   QCOMPARE(box.lines[3], std::string("Lost:  1.25"));
   QCOMPARE(StatusBoxLines(g, 1, true).lines[1], std::string("1 Bet:  25.00"));
+}
+
+// In a narrow window the seats crowd together; the boxes in front of them
+// narrow with them and still hold their lines.
+void TableViewTest::statusBoxesNearPlayersNeverOverlap() {
+  DesktopTable t(8);
+  for (const QSize size : {QSize(1280, 900), QSize(1000, 760)}) {
+    t.window->resize(size);
+    QApplication::processEvents();
+    t.View()->AutoSize();
+    for (int a = 1; a <= 8; ++a) {
+      const QRectF box = t.View()->StatusBoxRect(a);
+      QVERIFY(box.width() >= kStatusBoxMinWidth);
+      for (int b = a + 1; b <= 8; ++b)
+        QVERIFY2(!box.intersects(t.View()->StatusBoxRect(b)),
+                 qPrintable(QString("seats %1 and %2 at %3 wide").arg(a).arg(b).arg(size.width())));
+    }
+  }
 }
 
 QTEST_MAIN(TableViewTest)
