@@ -58,6 +58,9 @@ screenshots: build
 	  --graph-adjust 2 --graph-average 50 $(DEMO_PLAYER)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bets.png --view configure:6
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-payoffs.png --view configure:7
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-comps.png --view configure:2
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bankroll.png --view configure:5 --full-table
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/check-stacks.png --view checkstacks --full-table
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

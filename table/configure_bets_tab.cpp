@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -22,6 +21,7 @@
 #include "table/configure_form.h"
 #include "table/configure_tabs.h"
 #include "table/numeric_box.h"
+#include "table/yes_no_list.h"
 
 namespace {
 
@@ -162,46 +162,19 @@ QWidget* ConfigureForm::BuildBets() {
   }
   right->addWidget(vig);
 
-  auto* work = new QGroupBox("Working on the come-out roll");
-  auto* wl = new QVBoxLayout(work);
-  working_ = new QListWidget;
-  working_->setObjectName("lstWorkOnComeOut");
-  working_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  wl->addWidget(working_);
-  auto setSelected = [this](int mode) {  // 0 No, 1 Yes, 2 flip, 3 default
-    for (QListWidgetItem* item : working_->selectedItems()) {
-      const int b = item->data(Qt::UserRole).toInt();
-      if (mode == 3)
-        RestoreTableWorkingDefault(game_, b);
-      else
-        SetTableWorkingDefault(game_, b,
-                               mode == 2 ? (game_.BetWorkingDefault(0, b) != 0 ? 0 : 1) : mode);
-    }
-    FillWorkingList();
-  };
-  connect(working_, &QListWidget::itemDoubleClicked, this, [setSelected] { setSelected(2); });
-  auto* buttons = new QHBoxLayout;
-  struct Button {
-    const char* name;
-    const char* caption;
-    int mode;
-  };
-  for (const Button& b : {Button{"cmdWorkingYes", "&Yes", 1}, Button{"cmdWorkingNo", "&No", 0},
-                          Button{"cmdWorkingSelectAll", "Select &All", -1},
-                          Button{"cmdWorkingDefault", "De&fault", 3}}) {
-    auto* button = new QPushButton(b.caption);
-    button->setObjectName(b.name);
-    button->setAutoDefault(false);
-    const int mode = b.mode;
-    connect(button, &QPushButton::clicked, this, [this, setSelected, mode] {
-      if (mode < 0)
-        working_->selectAll();
-      else
-        setSelected(mode);
-    });
-    buttons->addWidget(button);
-  }
-  wl->addLayout(buttons);
+  QGroupBox* work = BuildYesNoList(
+      "Working on the come-out roll",
+      {"lstWorkOnComeOut", "cmdWorkingYes", "cmdWorkingNo", "cmdWorkingSelectAll",
+       "cmdWorkingDefault"},
+      [this](int b, YesNoChange what) {
+        if (what == YesNoChange::Default)
+          RestoreTableWorkingDefault(game_, b);
+        else if (what == YesNoChange::Flip)
+          SetTableWorkingDefault(game_, b, game_.BetWorkingDefault(0, b) != 0 ? 0 : 1);
+        else
+          SetTableWorkingDefault(game_, b, what == YesNoChange::Yes ? 1 : 0);
+      },
+      [this] { FillWorkingList(); }, &working_);
   right->addWidget(work);
   layout->addLayout(right);
   return page;
@@ -221,19 +194,8 @@ void ConfigureForm::FillVig() {
 }
 
 void ConfigureForm::FillWorkingList() {
-  const int keep = working_->currentRow();
-  QList<int> selected;
-  for (QListWidgetItem* item : working_->selectedItems()) selected.push_back(working_->row(item));
-  working_->clear();
-  for (int b = kFirstWorkingBet; b <= kLastWorkingBet; ++b) {
-    if (!InWorkingList(b)) continue;
-    const std::string_view name = BetName(b);
-    auto* item = new QListWidgetItem(QString::fromUtf8(name.data(), static_cast<int>(name.size())) +
-                                         (game_.BetWorkingDefault(0, b) == 1 ? " - Yes" : " - No"),
-                                     working_);
-    item->setData(Qt::UserRole, b);
-  }
-  working_->setCurrentRow(keep);
-  for (int row : selected) working_->item(row)->setSelected(true);
-  if (keep < 0) working_->scrollToTop();
+  std::vector<int> bets;
+  for (int b = kFirstWorkingBet; b <= kLastWorkingBet; ++b)
+    if (InWorkingList(b)) bets.push_back(b);
+  FillYesNoList(working_, bets, [this](int b) { return game_.BetWorkingDefault(0, b) == 1; });
 }

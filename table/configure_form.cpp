@@ -16,6 +16,7 @@
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "core/money.h"
+#include "engine/bankroll.h"
 #include "table/configure_tabs.h"
 #include "table/numeric_box.h"
 
@@ -46,16 +47,16 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
   const QString unbuilt = "This tab is not built yet.";
   QWidget* pages[10] = {BuildChecksDice(),
                         BuildUnbuilt("Colors"),
-                        BuildUnbuilt("Comps"),
+                        BuildComps(),
                         BuildUnbuilt("Sound"),
                         BuildMisc(),
-                        BuildUnbuilt("Bankroll"),
+                        BuildBankroll(),
                         BuildBets(),
                         BuildPayoffs(),
                         BuildUnbuilt("Probability"),
                         BuildUnbuilt("Advantage")};
   for (int i = 0; i < 10; ++i) tabs_->addTab(pages[i], kTabCaption[i]);
-  for (int i : {kTabColors, kTabComps, kTabSound, kTabBankroll, kTabProbability, kTabAdvantage}) {
+  for (int i : {kTabColors, kTabSound, kTabProbability, kTabAdvantage}) {
     tabs_->setTabEnabled(i, false);
     tabs_->setTabToolTip(i, unbuilt);
   }
@@ -124,10 +125,14 @@ void ConfigureForm::Fill() {
   bar_[r.BarNumber == 2 ? 0 : 1]->setChecked(true);
   FillVig();
   FillWorkingList();
+  FillComps();
+  FillBankroll();
   if (payoffs_->currentRow() < 0) payoffs_->setCurrentRow(0);
   FillPayoffRow();
   const int tab = static_cast<int>(r.ConfigureTab);
-  shownTab_ = tabs_->isTabEnabled(tab) ? tab : kTabChecksDice;
+  // The bankroll tab has nothing to show with nobody at the table.
+  const bool shown = tabs_->isTabEnabled(tab) && (tab != kTabBankroll || game_.PlayerCount > 0);
+  shownTab_ = shown ? tab : kTabChecksDice;
   tabs_->setCurrentIndex(shownTab_);
   FormLoading = false;
 }
@@ -155,6 +160,12 @@ void ConfigureForm::TabClicked(int index) {
   // The whole set is checked before the tab changes; on a fault the form
   // stays where the fault is.
   if (!CheckValues()) return;
+  if (index == kTabBankroll && !OpenBankrollTab(game_)) {
+    FormLoading = true;  // nobody to show: the tab said so, the form stays
+    tabs_->setCurrentIndex(shownTab_);
+    FormLoading = false;
+    return;
+  }
   shownTab_ = index;
   game_.rules.ConfigureTab = index;
 }

@@ -50,6 +50,16 @@ class ConfigureForm : public QDialog {
   QWidget* BuildBets();
   // The Payoffs tab: the payoff list and its row editor (configure_payoffs_tab.cpp).
   QWidget* BuildPayoffs();
+  // The Comps tab: rate, base, true dice and the bets figured in comps
+  // (configure_comps_tab.cpp).
+  QWidget* BuildComps();
+  // The Bankroll tab: the chosen player's ATM, negative bankroll rule and
+  // start-of-session bankroll (configure_bankroll_tab.cpp).
+  QWidget* BuildBankroll();
+  // Shows the comp settings and the comp list from the game.
+  void FillComps();
+  // Shows the bankroll tab's player, amounts and options from the game.
+  void FillBankroll();
   // A page that only says the tab is not built yet.
   QWidget* BuildUnbuilt(const QString& what);
   // CheckConfigValues: shows the first fault and brings up its tab.
@@ -86,4 +96,10 @@ class ConfigureForm : public QDialog {
   QLineEdit* payoffDen_ = nullptr;
   QLabel* payoffShown_ = nullptr;
   QList<QWidget*> amountBoxes_;  // refilled by Fill
+  std::array<QRadioButton*, 3> compBase_{};
+  QListWidget* compBets_ = nullptr;
+  QComboBox* bankrollPlayer_ = nullptr;
+  std::array<QLabel*, 3> bankrollShown_{};  // invested, current, net
+  std::array<QRadioButton*, 4> startMode_{};
+  QLineEdit* startAmount_ = nullptr;
 };

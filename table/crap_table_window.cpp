@@ -31,9 +31,10 @@
 #include "cycle/hyperdrive.h"
 #include "core/game.h"
 #include "cycle/player_names.h"
+#include "engine/bankroll.h"
 #include "engine/players.h"
-#include "table/atm_form.h"
 #include "table/bankroll_form.h"
+#include "table/check_stacks_form.h"
 #include "table/configure_form.h"
 #include "table/move_form.h"
 #include "table/qt_platform.h"
@@ -64,6 +65,9 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
     if (isMinimized() && game_.hyper.RollsThisRun > 0)
       setWindowTitle(game_.HyperDrive ? "Ravelton Hyper-Drive Active"
                                       : "Ravelton Hyper-Drive Stopped");
+    // A script or a table click may change a stack while the form is open.
+    if (checkStacks_ && checkStacks_->isVisible() && what == static_cast<int>(Redraw::Table))
+      checkStacks_->Refresh();
     if (bankroll_ && (what == static_cast<int>(Redraw::Graph) ||
                       what == static_cast<int>(Redraw::OpenViews)))
       bankroll_->Refresh();
@@ -170,8 +174,13 @@ void CrapTableWindow::BuildMenus() {
                 "Sessions logs (*.slg);;All files (*.*)");
             if (!chosen.isEmpty()) path = chosen.toStdString();
           }));
-  connect(Item(players, "mnuAtm", "A&TM ..."), &QAction::triggered, this,
-          guarded([this] { Atm()->show(); }));
+  // The ATM lives on the Bankroll tab of Configure.
+  connect(Item(players, "mnuAtm", "A&TM ..."), &QAction::triggered, this, guarded([this] {
+            if (!OpenBankrollTab(game_)) return;
+            game_.rules.ConfigureTab = kTabBankroll;
+            Configure()->Fill();
+            Configure()->exec();
+          }));
   QMenu* status = players->addMenu("St&atus boxes");
   status->setObjectName("mnuStatus");
   QAction* shown = Item(status, "mnuStatusShow", "&Show status boxes");
@@ -248,7 +257,11 @@ void CrapTableWindow::BuildMenus() {
   Unbuilt(stats, "mnuRollFreqs", "Roll &Frequencies ...", later);
   Unbuilt(stats, "mnuBetResults", "Bet R&esults ...", later);
   Unbuilt(stats, "mnuBetTrends", "Bet T&rends ...", later);
-  Unbuilt(stats, "mnuCheckStacks", "&CheckStacks ...", later);
+  connect(Item(stats, "mnuCheckStacks", "&CheckStacks ..."), &QAction::triggered, this,
+          guarded([this] {
+            CheckStacks()->Refresh();
+            CheckStacks()->show();
+          }));
 
   QMenu* help = menuBar()->addMenu("&Help");
   help->setToolTipsVisible(true);
@@ -271,7 +284,7 @@ void CrapTableWindow::RefreshMenus() {
   for (QAction* a : findChildren<QAction*>("mnuStatusView"))
     a->setChecked(a->data().toInt() == game_.table.StatusView);
   if (!isMinimized()) setWindowTitle(Caption());
-  if (atm_) atm_->Refresh();
+  if (checkStacks_) checkStacks_->Refresh();
   if (bankroll_) bankroll_->Refresh();
 }
 
@@ -324,10 +337,12 @@ MoveForm* CrapTableWindow::Move() {
   return move_;
 }
 
-AtmForm* CrapTableWindow::Atm() {
-  if (!atm_) atm_ = new AtmForm(game_, this);
-  connect(atm_, &AtmForm::changed, view_, qOverload<>(&QWidget::update), Qt::UniqueConnection);
-  return atm_;
+CheckStacksForm* CrapTableWindow::CheckStacks() {
+  if (!checkStacks_) {
+    checkStacks_ = new CheckStacksForm(game_, this);
+    connect(checkStacks_, &CheckStacksForm::changed, view_, qOverload<>(&QWidget::update));
+  }
+  return checkStacks_;
 }
 
 void CrapTableWindow::closeEvent(QCloseEvent* event) {

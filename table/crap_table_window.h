@@ -11,7 +11,7 @@ class TableView;
 class BankrollForm;
 class ConfigureForm;
 class MoveForm;
-class AtmForm;
+class CheckStacksForm;
 struct Game;
 
 class CrapTableWindow : public QMainWindow {
@@ -25,7 +25,8 @@ class CrapTableWindow : public QMainWindow {
   // frmConfigure, made on first use.
   ConfigureForm* Configure();
   MoveForm* Move();
-  AtmForm* Atm();
+  // frmCheckStacks, made on first use.
+  CheckStacksForm* CheckStacks();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -51,5 +52,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<BankrollForm> bankroll_;
   QPointer<ConfigureForm> configure_;
   QPointer<MoveForm> move_;
-  QPointer<AtmForm> atm_;
+  QPointer<CheckStacksForm> checkStacks_;
 };

@@ -17,6 +17,7 @@
 #include "cycle/startup.h"
 #include "store/game_file.h"
 #include "table/bankroll_form.h"
+#include "table/check_stacks_form.h"
 #include "table/configure_form.h"
 #include "table/crap_table_window.h"
 #include "table/qt_platform.h"
@@ -80,7 +81,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, or configure[:TAB]");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, or configure[:TAB]");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -163,6 +164,12 @@ int main(int argc, char** argv) {
     form->Fill();
     form->show();
     form->adjustSize();
+    target = form;
+  } else if (o.view == "checkstacks") {
+    ShowSomeCheckStacks(*game);
+    CheckStacksForm* form = window.CheckStacks();
+    form->Refresh();
+    form->show();
     target = form;
   }
   QApplication::processEvents();

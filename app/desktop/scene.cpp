@@ -66,3 +66,18 @@ void SeatFullTable(Game& g) {
   g.betting.CurPlayer = 3;
   g.rules.NoticeFlags = notices;
 }
+
+void ShowSomeCheckStacks(Game& g) {
+  if (g.PlayerName[1].empty()) return;
+  const struct {
+    int n;
+    long value;
+    const char* name;
+  } notes[] = {{0, 1200, "Session goal"}, {2, -340, "Down from the last shooter"},
+               {5, 0, "Press count"}, {9, 75, "Hard ways budget"}, {12, -25, ""}};
+  for (const auto& s : notes) {
+    g.Bet(1, bet::kCheckStackFirst + s.n) = Currency::FromWhole(s.value);
+    g.CheckStackName(1, s.n) = s.name;
+  }
+  g.betting.CheckStacksPlayer = 1;
+}

@@ -10,3 +10,7 @@ struct Game;
 // Buy, Lay, Field, Big 6/8, hard ways, propositions, Horn, World, C and E,
 // hops, Midway and Fire on the table, spread over the players.
 void SeatFullTable(Game& game);
+
+// Gives the first player a few named CheckStacks, one of them below zero,
+// and chooses that player for frmCheckStacks.
+void ShowSomeCheckStacks(Game& game);

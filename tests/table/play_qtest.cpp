@@ -14,7 +14,6 @@
 #include "cycle/roll.h"
 #include "engine/place.h"
 #include "stats/graph_view.h"
-#include "table/atm_form.h"
 #include "table/bankroll_form.h"
 #include "table/check_images.h"
 #include "desktop_fixture.h"
@@ -32,7 +31,6 @@ class PlayTest : public QObject {
   void hoverRulesAndAmounts();
   void clickWithoutABettorSaysWho();
   void moveAndCashOutFromThePlayersMenu();
-  void atmMovesMoneyAndSaysWhatItCut();
   void bankrollScaleButtonsClimbTheLadder();
   void flashingHidesTheBettorsChecksEveryOtherRound();
   void saveWritesTheGameAndTheCaptionNamesIt();
@@ -223,26 +221,6 @@ void PlayTest::moveAndCashOutFromThePlayersMenu() {
   t.window->findChild<QAction*>("mnuPassDice")->trigger();
   QCOMPARE(t.shown.back().second,
            std::string("Unable to pass the dice.\r\rThere are no other players at the table."));
-}
-
-void PlayTest::atmMovesMoneyAndSaysWhatItCut() {
-  DesktopTable t(1);
-  Game& g = *t.game;
-  AtmForm* atm = t.window->Atm();
-  atm->show();
-  QCOMPARE(g.betting.BankrollTabPlayer, 1);
-  auto* amount = atm->findChild<QLineEdit*>("txtAddSub");
-  amount->clear();
-  QTest::keyClicks(amount, "700");
-  QTest::mouseClick(atm->findChild<QPushButton*>("cmdAddSub0"), Qt::LeftButton);
-  QCOMPARE(g.Bet(1, 0), 5700_usd);
-  QCOMPARE(g.InvestedBankroll(1), 5700_usd);
-  QCOMPARE(atm->findChild<QLabel*>("lblCurrentBankroll")->text(), QString("5,700"));
-  amount->clear();
-  QTest::keyClicks(amount, "9000");
-  QTest::mouseClick(atm->findChild<QPushButton*>("cmdAddSub1"), Qt::LeftButton);
-  QCOMPARE(g.Bet(1, 0), Currency{});  // only the free money goes
-  QCOMPARE(t.shown.back().first, std::string("ATM Deposit"));
 }
 
 void PlayTest::bankrollScaleButtonsClimbTheLadder() {
