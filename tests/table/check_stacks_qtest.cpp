@@ -1,0 +1,176 @@
+// frmCheckStacks under the offscreen platform: the grid shows the game's
+// stacks by the display rule, typing in a cell reaches the game at once,
+// the clipboard items and Delete All work on the game, and the rail's four
+// stacks are chosen or refused.
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QTableWidget>
+#include <QTest>
+
+#include "core/catalogue.h"
+#include "desktop_fixture.h"
+#include "table/check_stacks_form.h"
+
+class CheckStacksTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void gridShowsStacksByTheDisplayRule();
+  void typingInACellReachesTheGameAtOnce();
+  void clipboardItemsWorkOnTheCurrentCell();
+  void deleteAllAsksFirst();
+  void visibleStacksMustDiffer();
+  void theMenuItemOpensTheForm();
+};
+
+namespace {
+constexpr int kValue = 1, kName = 2;
+Currency& Stack(Game& g, int p, int n) { return g.Bet(p, bet::kCheckStackFirst + n); }
+CheckStacksForm* Open(DesktopTable& t) {
+  CheckStacksForm* form = t.window->CheckStacks();
+  form->Refresh();
+  form->show();
+  return form;
+}
+QString Cell(CheckStacksForm* form, int row, int column) {
+  return form->Grid()->item(row, column)->text();
+}
+void Trigger(CheckStacksForm* form, const char* name) {
+  QAction* a = form->findChild<QAction*>(name);
+  if (a == nullptr) qFatal("no menu item %s", name);
+  a->trigger();
+}
+}  // namespace
+
+void CheckStacksTest::gridShowsStacksByTheDisplayRule() {
+  DesktopTable t(2);
+  Game& g = *t.game;
+  Stack(g, 2, 0) = Currency::FromWhole(1200);
+  Stack(g, 2, 3) = Currency::FromWhole(-40);
+  g.CheckStackName(2, 7) = "Budget";  // named, value 0
+  g.betting.CheckStacksPlayer = 2;
+  CheckStacksForm* form = Open(t);
+  QCOMPARE(form->Grid()->rowCount(), 100);
+  QCOMPARE(Cell(form, 0, kValue), QString("1,200"));
+  QCOMPARE(form->Grid()->item(0, kValue)->foreground().color(), QColor(0, 0, 255));
+  QCOMPARE(Cell(form, 3, kValue), QString("-40"));
+  QCOMPARE(form->Grid()->item(3, kValue)->foreground().color(), QColor(255, 0, 0));
+  QCOMPARE(Cell(form, 7, kValue), QString("0"));  // a named stack shows its 0
+  QCOMPARE(Cell(form, 7, kName), QString("Budget"));
+  QCOMPARE(Cell(form, 8, kValue), QString());  // neither named nor valued
+  Trigger(form, "mnuDisplayZero");
+  QVERIFY(g.betting.DisplayZeroStacks);
+  QCOMPARE(Cell(form, 8, kValue), QString("0"));
+  // Another player's stacks.
+  auto* player = form->findChild<QComboBox*>("cmbPlayer");
+  player->setCurrentIndex(player->findData(1));
+  QCOMPARE(g.betting.CheckStacksPlayer, 1);
+  QCOMPARE(Cell(form, 0, kValue), QString("0"));
+  QCOMPARE(Cell(form, 7, kName), QString());
+}
+
+void CheckStacksTest::typingInACellReachesTheGameAtOnce() {
+  DesktopTable t(1);
+  Game& g = *t.game;
+  CheckStacksForm* form = Open(t);
+  QTableWidget* grid = form->Grid();
+  grid->setCurrentCell(5, kValue);
+  grid->editItem(grid->item(5, kValue));
+  auto* box = grid->findChild<QLineEdit*>("txtCheckStack");
+  QVERIFY(box);
+  QTest::keyClicks(box, "-12.3456x7");  // the filter drops the letter and a fifth decimal
+  QCOMPARE(Stack(g, 1, 5), Currency::FromRaw(-123456));
+  // A refresh from the table leaves the open cell alone.
+  form->Refresh();
+  QCOMPARE(box->text(), QString("-12.3456"));
+  grid->setCurrentCell(5, kName);
+  grid->editItem(grid->item(5, kName));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // the value's editor
+  box = grid->findChild<QLineEdit*>("txtCheckStack");
+  QVERIFY(box);
+  box->clear();
+  QTest::keyClicks(box, "Odds pot");
+  QCOMPARE(g.CheckStackName(1, 5), std::string("Odds pot"));
+}
+
+void CheckStacksTest::clipboardItemsWorkOnTheCurrentCell() {
+  DesktopTable t(1);
+  Game& g = *t.game;
+  Stack(g, 1, 2) = Currency::FromRaw(255000);  // 25.5
+  g.CheckStackName(1, 2) = "Pressed";
+  CheckStacksForm* form = Open(t);
+  QTableWidget* grid = form->Grid();
+  grid->setCurrentCell(2, kValue);
+  Trigger(form, "mnuCut");
+  QCOMPARE(QApplication::clipboard()->text(), QString("25.5"));
+  QVERIFY(Stack(g, 1, 2).IsZero());
+  QCOMPARE(Cell(form, 2, kValue), QString("0"));  // still named, so shown
+  grid->setCurrentCell(9, kValue);
+  Trigger(form, "mnuPaste");
+  QCOMPARE(Stack(g, 1, 9), Currency::FromRaw(255000));
+  grid->setCurrentCell(2, kName);
+  Trigger(form, "mnuCopy");
+  QCOMPARE(QApplication::clipboard()->text(), QString("Pressed"));
+  Trigger(form, "mnuDelete");
+  QCOMPARE(g.CheckStackName(1, 2), std::string());
+  QCOMPARE(Cell(form, 2, kValue), QString());  // nothing left to show
+}
+
+void CheckStacksTest::deleteAllAsksFirst() {
+  DesktopTable t(1);
+  Game& g = *t.game;
+  Stack(g, 1, 0) = Currency::FromWhole(5);
+  g.CheckStackName(1, 0) = "Keep";
+  CheckStacksForm* form = Open(t);
+  t.AnswerMessage(2);  // No
+  Trigger(form, "mnuDeleteAllValues");
+  QCOMPARE(t.shown.back().first, std::string("Delete All Values"));
+  QCOMPARE(t.shown.back().second,
+           std::string("Are you sure you want to delete all the CheckStack values for Ann?"));
+  QCOMPARE(Stack(g, 1, 0), Currency::FromWhole(5));
+  t.AnswerMessage(1);  // Yes
+  Trigger(form, "mnuDeleteAllValues");
+  QVERIFY(Stack(g, 1, 0).IsZero());
+  QCOMPARE(g.CheckStackName(1, 0), std::string("Keep"));
+  QCOMPARE(Cell(form, 0, kValue), QString("0"));
+}
+
+void CheckStacksTest::visibleStacksMustDiffer() {
+  DesktopTable t(1);
+  Game& g = *t.game;
+  CheckStacksForm* form = Open(t);
+  Trigger(form, "mnuSetStacks");
+  QCOMPARE(form->findChild<QLineEdit*>("txtStackNum0")->text(), QString("1"));
+  const char* numbers[4] = {"7", "12", "7", "40"};
+  for (int i = 0; i < 4; ++i) {
+    auto* box = form->findChild<QLineEdit*>(QString("txtStackNum%1").arg(i));
+    box->clear();
+    QTest::keyClicks(box, numbers[i]);
+  }
+  QTest::mouseClick(form->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+  QCOMPARE(t.shown.back().second, std::string("Each CheckStack entry should be a different number."));
+  QCOMPARE(g.betting.CheckStackSlot(1, 1), 101);
+  QCOMPARE(g.betting.CheckStackSlot(1, 3), 103);
+  auto* third = form->findChild<QLineEdit*>("txtStackNum2");
+  third->clear();
+  QTest::keyClicks(third, "99");
+  QTest::mouseClick(form->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+  QCOMPARE(g.betting.CheckStackSlot(1, 1), 107);
+  QCOMPARE(g.betting.CheckStackSlot(1, 2), 112);
+  QCOMPARE(g.betting.CheckStackSlot(1, 3), 199);
+  QCOMPARE(g.betting.CheckStackSlot(1, 4), 140);
+  QVERIFY(!form->findChild<QFrame*>("picSetStacks")->isVisible());
+}
+
+void CheckStacksTest::theMenuItemOpensTheForm() {
+  DesktopTable t(1);
+  QAction* item = t.window->findChild<QAction*>("mnuCheckStacks");
+  QVERIFY(item->isEnabled());
+  item->trigger();
+  QVERIFY(t.window->CheckStacks()->isVisible());
+  QCOMPARE(t.game->betting.CheckStacksPlayer, 1);
+}
+
+QTEST_MAIN(CheckStacksTest)
+#include "check_stacks_qtest.moc"

@@ -1,0 +1,255 @@
+// The Comps and Bankroll tabs of frmConfigure under the offscreen platform:
+// they open on the game's values, each kind of control reaches the game and
+// changes what the game works out, refusals keep the control as the game
+// says, and what the tabs set survives a game file.
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTest>
+
+#include "config/settings.h"
+#include "core/catalogue.h"
+#include "core/money.h"
+#include "desktop_fixture.h"
+#include "stats/summary.h"
+#include "store/game_file.h"
+#include "table/configure_form.h"
+
+class ConfigureTabsTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void compsTabShowsTheGame();
+  void compListButtonsSetTheBitWords();
+  void compSettingsChangeTheComps();
+  void bankrollTabWithNobodySaysSoAndStays();
+  void atmMovesMoneyAndSaysWhatItCut();
+  void negativeBankrollCannotBeUncheckedUnderTheBets();
+  void startRulesBelongToTheChosenPlayer();
+  void whatTheTabsSetSurvivesTheGameFile();
+};
+
+namespace {
+template <typename T>
+T* Child(QWidget& form, const char* name) {
+  T* w = form.findChild<T*>(name);
+  if (w == nullptr) qFatal("no control %s", name);
+  return w;
+}
+void Type(QLineEdit* box, const QString& text) {
+  box->selectAll();
+  QTest::keyClick(box, Qt::Key_Backspace);
+  QTest::keyClicks(box, text);
+}
+void Press(QWidget& form, const char* button) {
+  QTest::mouseClick(Child<QPushButton>(form, button), Qt::LeftButton);
+}
+ConfigureForm* Open(DesktopTable& t, int tab) {
+  t.game->rules.ConfigureTab = tab;
+  ConfigureForm* form = t.window->Configure();
+  form->Fill();
+  form->show();
+  return form;
+}
+std::uint32_t Word(const Game& g, int w) { return static_cast<std::uint32_t>(g.rules.CompBets[w]); }
+}  // namespace
+
+void ConfigureTabsTest::compsTabShowsTheGame() {
+  DesktopTable t;
+  t.game->rules.CompRate = Currency::FromWhole(45);
+  t.game->rules.CompBase = kCompAverageAction;
+  t.game->rules.CompsUseTrueProbs = false;
+  SetCompBet(t.game->rules, bet::kField, false);
+  ConfigureForm* form = Open(t, kTabComps);
+  QCOMPARE(form->Tabs()->currentIndex(), kTabComps);
+  QCOMPARE(Child<QLineEdit>(*form, "txtCompRate")->text(), QString("45"));
+  QVERIFY(Child<QRadioButton>(*form, "optBaseComps2")->isChecked());
+  QVERIFY(!Child<QCheckBox>(*form, "chkCompsUseTrueProbs")->isChecked());
+  auto* list = Child<QListWidget>(*form, "lstCompBets");
+  QCOMPARE(list->count(), 85);  // bets 1 to 85, in id order
+  QCOMPARE(list->item(bet::kDontComeOddsFirst - 1)->text(), QString("Don't Come 4 Odds - No"));
+  QCOMPARE(list->item(bet::kField - 1)->text(), QString("Field - No"));
+  QCOMPARE(list->item(bet::kFire - 1)->text(), QString("Fire - Yes"));
+  // Filling wrote nothing back.
+  QCOMPARE(t.game->rules.CompRate, Currency::FromWhole(45));
+  QCOMPARE(t.game->rules.CompBase, kCompAverageAction);
+}
+
+void ConfigureTabsTest::compListButtonsSetTheBitWords() {
+  DesktopTable t;
+  ConfigureForm* form = Open(t, kTabComps);
+  auto* list = Child<QListWidget>(*form, "lstCompBets");
+  // Fire is bet 85: bit 22 of word 3.
+  list->clearSelection();
+  list->item(bet::kFire - 1)->setSelected(true);
+  Press(*form, "cmdNo");
+  QCOMPARE(Word(*t.game, 3), 0xFFFFFFFFu & ~(1u << 22));
+  QCOMPARE(list->item(bet::kFire - 1)->text(), QString("Fire - No"));
+  QVERIFY(list->item(bet::kFire - 1)->isSelected());  // the selection stays
+  // A double click flips the selected rows back.
+  emit list->itemDoubleClicked(list->item(bet::kFire - 1));
+  QCOMPARE(Word(*t.game, 3), 0xFFFFFFFFu);
+  // Everything off clears the bits of real bets only; Default restores the
+  // built-in words exactly.
+  Press(*form, "cmdSelectAll");
+  QCOMPARE(list->selectedItems().size(), 85);
+  Press(*form, "cmdNo");
+  QCOMPARE(Word(*t.game, 1), 0x80000000u);
+  QCOMPARE(Word(*t.game, 2), 0x80000000u);
+  QCOMPARE(Word(*t.game, 3), 0xFF800000u);
+  Press(*form, "cmdDefault");
+  QCOMPARE(Word(*t.game, 1), 0xC0FC0FFFu);
+  QCOMPARE(Word(*t.game, 2), 0xFFFF6FFFu);
+  QCOMPARE(Word(*t.game, 3), 0xFFFFFFFFu);
+  // Yes on an odds bet sets its bit: Pass Line Odds is bet 44, bit 12 of word 2.
+  list->clearSelection();
+  list->item(bet::kPassLineOdds - 1)->setSelected(true);
+  Press(*form, "cmdYes");
+  QCOMPARE(Word(*t.game, 2), 0xFFFF7FFFu);
+}
+
+void ConfigureTabsTest::compSettingsChangeTheComps() {
+  DesktopTable t;
+  Game& g = *t.game;
+  const int slot = FrameIndex(0, kFrameCount - 1);  // the table, all sessions
+  g.StatAction(slot, bet::kPassLine, 1) = Currency::FromWhole(10);   // decisions
+  g.StatAction(slot, bet::kPassLine, 2) = Currency::FromWhole(200);  // wagered
+  ConfigureForm* form = Open(t, kTabComps);
+  Type(Child<QLineEdit>(*form, "txtCompRate"), "12.5");
+  QCOMPARE(g.rules.CompRate, Currency::FromRaw(125000));
+  Child<QRadioButton>(*form, "optBaseComps1")->setChecked(true);
+  QCOMPARE(g.rules.CompBase, kCompTotalAction);
+  CompFigures on;
+  FigureComps(g, on, slot);
+  QCOMPARE(on.value, 25.0);  // 12.5% of the 200 wagered
+  Child<QCheckBox>(*form, "chkCompsUseTrueProbs")->setChecked(false);
+  QVERIFY(!g.rules.CompsUseTrueProbs);
+  // Taking the Pass Line out of the comps leaves nothing to figure.
+  auto* list = Child<QListWidget>(*form, "lstCompBets");
+  list->clearSelection();
+  list->item(bet::kPassLine - 1)->setSelected(true);
+  Press(*form, "cmdNo");
+  CompFigures off;
+  FigureComps(g, off, slot);
+  QCOMPARE(off.value, 0.0);
+  QCOMPARE(off.decisions, 0);
+}
+
+void ConfigureTabsTest::bankrollTabWithNobodySaysSoAndStays() {
+  DesktopTable t;
+  // Asked to open on it, the form opens on the first tab instead.
+  ConfigureForm* form = Open(t, kTabBankroll);
+  QCOMPARE(form->Tabs()->currentIndex(), kTabChecksDice);
+  t.shown.clear();
+  form->Tabs()->setCurrentIndex(kTabBankroll);
+  QCOMPARE(t.shown.size(), std::size_t{1});
+  QCOMPARE(t.shown[0].first, std::string("No Players"));
+  QCOMPARE(form->Tabs()->currentIndex(), kTabChecksDice);
+}
+
+void ConfigureTabsTest::atmMovesMoneyAndSaysWhatItCut() {
+  DesktopTable t(1);
+  Game& g = *t.game;
+  ConfigureForm* form = Open(t, kTabBankroll);
+  QCOMPARE(form->Tabs()->currentIndex(), kTabBankroll);
+  QCOMPARE(g.betting.BankrollTabPlayer, 1);
+  Type(Child<QLineEdit>(*form, "txtAddSub"), "700");
+  QCOMPARE(g.betting.AtmAmount, Currency::FromWhole(700));
+  Press(*form, "cmdAddSub0");
+  QCOMPARE(g.Bet(1, 0), Currency::FromWhole(5700));
+  QCOMPARE(g.InvestedBankroll(1), Currency::FromWhole(5700));
+  QCOMPARE(Child<QLabel>(*form, "lblCurrentBankroll")->text(), QString("5,700"));
+  QCOMPARE(Child<QLabel>(*form, "lblInvestedBankroll")->text(), QString("5,700"));
+  g.Bet(1, 0) += Currency::FromWhole(-200);  // lost at the table
+  form->Fill();
+  QCOMPARE(Child<QLabel>(*form, "lblNet")->text(), QString("-200"));
+  QVERIFY(Child<QLabel>(*form, "lblNet")->styleSheet().contains("255,0,0"));
+  Type(Child<QLineEdit>(*form, "txtAddSub"), "9000");
+  Press(*form, "cmdAddSub1");
+  QCOMPARE(g.Bet(1, 0), Currency{});  // only the free money goes
+  QCOMPARE(t.shown.back().first, std::string("ATM Deposit"));
+  // Said from this form, the notice does not send the user to it.
+  QVERIFY(t.shown.back().second.find("on the Configuration screen") == std::string::npos);
+}
+
+void ConfigureTabsTest::negativeBankrollCannotBeUncheckedUnderTheBets() {
+  DesktopTable t(1);
+  Game& g = *t.game;
+  g.betting.AllowNegBankroll(1) = true;
+  g.Bet(1, 0) = Currency::FromWhole(10);
+  g.TotalBets(1) = Currency::FromWhole(25);
+  ConfigureForm* form = Open(t, kTabBankroll);
+  auto* box = Child<QCheckBox>(*form, "chkAllowNegBankroll");
+  QVERIFY(box->isChecked());
+  box->setChecked(false);
+  QVERIFY(box->isChecked());
+  QVERIFY(g.betting.AllowNegBankroll(1));
+  QCOMPARE(t.shown.back().first, std::string("Bankroll"));
+  QVERIFY(t.shown.back().second.find("Make at least a $15 withdrawal") != std::string::npos);
+  g.Bet(1, 0) = Currency::FromWhole(100);
+  box->setChecked(false);
+  QVERIFY(!box->isChecked());
+  QVERIFY(!g.betting.AllowNegBankroll(1));
+}
+
+void ConfigureTabsTest::startRulesBelongToTheChosenPlayer() {
+  DesktopTable t(2);
+  Game& g = *t.game;
+  ConfigureForm* form = Open(t, kTabBankroll);
+  auto* player = Child<QComboBox>(*form, "cmbPlayer");
+  QCOMPARE(player->count(), 2);
+  player->setCurrentIndex(player->findData(2));
+  QCOMPARE(g.betting.BankrollTabPlayer, 2);
+  Child<QRadioButton>(*form, "optBankrollInitType3")->setChecked(true);
+  QCOMPARE(g.betting.StartBankrollMode(2), static_cast<std::int32_t>(kStartCarryWithNet));
+  QVERIFY(!Child<QLineEdit>(*form, "txtBankrollInitAmount")->isEnabled());
+  Child<QRadioButton>(*form, "optBankrollInitType0")->setChecked(true);
+  Type(Child<QLineEdit>(*form, "txtBankrollInitAmount"), "750");
+  QCOMPARE(g.betting.StartBankroll(2), Currency::FromWhole(750));
+  Child<QRadioButton>(*form, "optBankrollInitType2")->setChecked(true);
+  // The other player's rules were not touched, and the tab shows them.
+  player->setCurrentIndex(player->findData(1));
+  QCOMPARE(g.betting.StartBankrollMode(1), static_cast<std::int32_t>(kStartWithAmount));
+  QVERIFY(Child<QRadioButton>(*form, "optBankrollInitType0")->isChecked());
+  QCOMPARE(Child<QLineEdit>(*form, "txtBankrollInitAmount")->text(),
+           QString::fromStdString(FormatMoney(g.betting.StartBankroll(1))));
+  QCOMPARE(g.betting.StartBankrollMode(2), static_cast<std::int32_t>(kStartCarry));
+}
+
+void ConfigureTabsTest::whatTheTabsSetSurvivesTheGameFile() {
+  DesktopTable t(2);
+  ConfigureForm* form = Open(t, kTabComps);
+  Type(Child<QLineEdit>(*form, "txtCompRate"), "17");
+  Child<QRadioButton>(*form, "optBaseComps2")->setChecked(true);
+  auto* list = Child<QListWidget>(*form, "lstCompBets");
+  list->clearSelection();
+  list->item(bet::kHorn - 1)->setSelected(true);
+  Press(*form, "cmdNo");
+  form->Tabs()->setCurrentIndex(kTabBankroll);
+  auto* player = Child<QComboBox>(*form, "cmbPlayer");
+  player->setCurrentIndex(player->findData(2));
+  Child<QRadioButton>(*form, "optBankrollInitType1")->setChecked(true);
+  Type(Child<QLineEdit>(*form, "txtBankrollInitAmount"), "1234.5");
+  Child<QCheckBox>(*form, "chkAllowNegBankroll")->setChecked(true);
+  Type(Child<QLineEdit>(*form, "txtAddSub"), "250");
+  QVERIFY(form->TryClose());
+
+  const std::string bytes = GameFileBytes(*t.game);
+  DesktopTable other;
+  QVERIFY(OpenGameBytes(*other.game, "memory.rvg", bytes));
+  const Game& g = *other.game;
+  QCOMPARE(g.rules.CompRate, Currency::FromWhole(17));
+  QCOMPARE(g.rules.CompBase, kCompAverageAction);
+  QVERIFY(!CompBetCounted(g.rules, bet::kHorn));
+  QCOMPARE(g.rules.CompBets, t.game->rules.CompBets);
+  QCOMPARE(g.betting.BankrollTabPlayer, 2);
+  QCOMPARE(g.betting.StartBankrollMode(2), static_cast<std::int32_t>(kStartPrompt));
+  QCOMPARE(g.betting.StartBankroll(2), Currency::FromRaw(12345000));
+  QVERIFY(g.betting.AllowNegBankroll(2));
+  QCOMPARE(g.betting.AtmAmount, Currency::FromWhole(250));
+  QCOMPARE(g.rules.ConfigureTab, kTabBankroll);
+}
+
+QTEST_MAIN(ConfigureTabsTest)
+#include "configure_tabs_qtest.moc"
