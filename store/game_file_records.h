@@ -224,12 +224,13 @@ void PayoffAndColourRecords(IO& io, Game& g) {
   PayoffRun(io, g.FieldPayoff, 1, 21);  // 22-23
   PayoffRun(io, g.MidwayPayoff, 1, 5);  // 24
   PayoffRun(io, g.FirePayoff, 1, 6);    // 25
-  GameFileState& f = g.gamefile;
-  io.Begin();  // 26
-  for (int i = 0; i < kPaletteColors; ++i) io.Long(i * 4, f.PaletteColor[static_cast<std::size_t>(i)]);
+  TableState& t = g.table;
+  io.Begin();  // 26: the palette's swatches, then the spotlight
+  for (int i = 0; i < kPaletteCells; ++i) io.Long(i * 4, t.PaletteColor[static_cast<std::size_t>(i)]);
+  io.Long(kPaletteCells * 4, t.Spotlight);
   io.Begin();  // 27
-  for (int i = 0; i < 5; ++i) io.Long(i * 4, f.LayoutColor[static_cast<std::size_t>(i)]);
-  io.Long(20, f.TablePreset);
+  for (int i = 0; i < kTableParts; ++i) io.Long(i * 4, t.LayoutColor[static_cast<std::size_t>(i)]);
+  io.Long(20, t.TablePreset);
   io.Begin();  // 28
   for (int b = 0; b <= 100; ++b) io.Int(b * 2, g.BetWorkingDefault(0, b));
 }

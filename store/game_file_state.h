@@ -1,7 +1,7 @@
 // What a game file holds beyond the tables of the engine and its
 // subsystems: the file of the game in play, the window's title, the window
 // layout, and the view settings of desktop forms that keep no state of their
-// own yet (colours, scroll positions, fonts, the check images on the
+// own yet (scroll positions, fonts, the check images on the
 // layout). A headless build stores these as they were read and writes them
 // back unchanged, so a game opened and saved keeps them all.
 //
@@ -22,7 +22,6 @@
 
 inline constexpr int kMaxCheckImages = 2000;
 inline constexpr int kManyCheckImages = 900;  // above it the checks are arranged automatically
-inline constexpr int kPaletteColors = 37;
 
 // One check drawn on the layout: whose, on which bet, its artwork, where.
 struct CheckImage {
@@ -57,11 +56,6 @@ struct GameFileState {
   // Options of the configuration and advantage views.
   bool IncludeZeroOutcomes = false, ShowMiscData = false;
   L AdvantageScroll = 0, PayoffsScroll = 0;
-
-  // Colours of the table.
-  std::array<L, kPaletteColors> PaletteColor{};
-  std::array<L, 5> LayoutColor{};
-  L TablePreset = 0;
 
   // View state (record 409).
   L RollTotalsBackColor = 0, RollTotalsGraphColor = 0, RollTotalsScrollX = 0;

@@ -46,7 +46,7 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
   tabs_->setUsesScrollButtons(false);  // all ten tabs in sight
   const QString unbuilt = "This tab is not built yet.";
   QWidget* pages[10] = {BuildChecksDice(),
-                        BuildUnbuilt("Colors"),
+                        BuildColors(),
                         BuildComps(),
                         BuildUnbuilt("Sound"),
                         BuildMisc(),
@@ -56,7 +56,7 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
                         BuildUnbuilt("Probability"),
                         BuildUnbuilt("Advantage")};
   for (int i = 0; i < 10; ++i) tabs_->addTab(pages[i], kTabCaption[i]);
-  for (int i : {kTabColors, kTabSound, kTabProbability, kTabAdvantage}) {
+  for (int i : {kTabSound, kTabProbability, kTabAdvantage}) {
     tabs_->setTabEnabled(i, false);
     tabs_->setTabToolTip(i, unbuilt);
   }
@@ -125,6 +125,7 @@ void ConfigureForm::Fill() {
   bar_[r.BarNumber == 2 ? 0 : 1]->setChecked(true);
   FillVig();
   FillWorkingList();
+  FillColors();
   FillComps();
   FillBankroll();
   if (payoffs_->currentRow() < 0) payoffs_->setCurrentRow(0);

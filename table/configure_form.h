@@ -22,6 +22,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QRadioButton;
+class QSlider;
 class QTabWidget;
 struct Game;
 
@@ -50,6 +51,13 @@ class ConfigureForm : public QDialog {
   QWidget* BuildBets();
   // The Payoffs tab: the payoff list and its row editor (configure_payoffs_tab.cpp).
   QWidget* BuildPayoffs();
+  // The Colors tab: the parts of the layout, the spotlight, the skins
+  // (configure_colors_tab.cpp).
+  QWidget* BuildColors();
+  // Shows the colours of the chosen part, the palette and the skin.
+  void FillColors();
+  // After any colour changed: the table is drawn again and the tab refilled.
+  void ColorsChanged();
   // The Comps tab: rate, base, true dice and the bets figured in comps
   // (configure_comps_tab.cpp).
   QWidget* BuildComps();
@@ -102,4 +110,6 @@ class ConfigureForm : public QDialog {
   std::array<QLabel*, 3> bankrollShown_{};  // invested, current, net
   std::array<QRadioButton*, 4> startMode_{};
   QLineEdit* startAmount_ = nullptr;
+  int colorPart_ = 0;  // the part of the layout the Colors tab is colouring
+  std::array<QSlider*, 3> rgb_{};
 };

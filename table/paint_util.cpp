@@ -1,5 +1,6 @@
 #include "table/paint_util.h"
 
+
 #include <QFont>
 #include <QPainter>
 #include <QPainterPath>
@@ -10,6 +11,7 @@
 #include "core/game.h"
 #include "engine/settle_text.h"
 #include "table/layout.h"
+#include "table/table_colors.h"
 
 namespace {
 
@@ -89,9 +91,9 @@ void DrawDie(QPainter& p, QPointF c, int face, double size, double angle) {
   p.restore();
 }
 
-void PaintField(QPainter& p, const Game& g, const QRectF& r) {
+void PaintField(QPainter& p, const Game& g, const QRectF& r, const LayoutColors& c) {
   DrawLabel(p, r.adjusted(0, 4, 0, 0), "FIELD", 30, Qt::AlignHCenter | Qt::AlignTop,
-            QColor(250, 214, 80));
+            c.accent);
   // The totals the Field pays on, and the payoff each pays at.
   std::map<std::string, int> seen;
   int totals[12] = {}, rows[12] = {}, n = 0;
@@ -115,16 +117,16 @@ void PaintField(QPainter& p, const Game& g, const QRectF& r) {
     const QRectF cell(r.left() + 10 + w * i, r.top() + 40, w, 36);
     const std::string pay = FieldPayText(g, rows[i]);
     if (pay != common) {
-      p.setPen(QPen(kFeltLine, 1.6));
+      p.setPen(QPen(c.line, 1.6));
       p.setBrush(Qt::NoBrush);
       p.drawEllipse(QPointF(cell.center().x(), cell.top() + 15), 15, 15);
       DrawLabel(p, QRectF(cell.left() - 10, cell.bottom() - 4, cell.width() + 20, 16), pay, 9,
-                Qt::AlignHCenter | Qt::AlignTop, QColor(250, 214, 80));
+                Qt::AlignHCenter | Qt::AlignTop, c.accent);
     }
     DrawLabel(p, QRectF(cell.left(), cell.top(), cell.width(), 30), std::to_string(totals[i]), 20,
-              Qt::AlignCenter);
+              Qt::AlignCenter, c.line);
   }
-  DrawLabel(p, r.adjusted(0, 0, 0, -3), "pays " + common, 9, Qt::AlignHCenter | Qt::AlignBottom);
+  DrawLabel(p, r.adjusted(0, 0, 0, -3), "pays " + common, 9, Qt::AlignHCenter | Qt::AlignBottom, c.line);
 }
 
 void PaintRailFixtures(QPainter& p, const Game& g) {

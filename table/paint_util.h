@@ -10,6 +10,7 @@
 
 class QPainter;
 struct Game;
+struct LayoutColors;
 
 inline const QColor kFeltLine(244, 238, 222);
 
@@ -25,6 +26,6 @@ void DrawCheck(QPainter& p, QPointF c, int kind, double radius = 11.0);
 // One die showing `face`, centred at c, `size` units wide.
 void DrawDie(QPainter& p, QPointF c, int face, double size = 24.0, double angle = 0);
 // The Field: its title and the numbers it pays, with their payoffs from FieldPayoff.
-void PaintField(QPainter& p, const Game& g, const QRectF& r);
+void PaintField(QPainter& p, const Game& g, const QRectF& r, const LayoutColors& colors);
 // The fixed things of the rail: tools, the stick person, the seats' plates.
 void PaintRailFixtures(QPainter& p, const Game& g);

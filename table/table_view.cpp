@@ -1,5 +1,6 @@
 #include "table/table_view.h"
 
+
 #include <QLabel>
 #include <QPainter>
 #include <QRandomGenerator>
@@ -14,6 +15,7 @@
 #include "table/paint_util.h"
 #include "table/qt_platform.h"
 #include "table/status_box.h"
+#include "table/table_colors.h"
 
 namespace {
 constexpr int kAmtDelayMs = 700;    // tmrAmt: the hover amount after a pause
@@ -228,7 +230,7 @@ void TableView::PlaceDice() {
 
 void TableView::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  p.fillRect(rect(), QColor(28, 30, 34));
+  p.fillRect(rect(), ColorsOf(game_.table).background);
   p.setRenderHint(QPainter::Antialiasing);
   p.save();
   p.setTransform(LayoutToScreen());

@@ -19,6 +19,7 @@
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
+#include "table/table_colors.h"
 #include "table/crap_table_window.h"
 #include "table/qt_platform.h"
 #include "table/table_view.h"
@@ -39,6 +40,7 @@ struct Options {
   bool fullTable = false;
   int graphAdjust = -1;
   int graphAverage = -1;
+  int skin = 0;
   PlayerOptions players;
 };
 
@@ -93,6 +95,8 @@ int main(int argc, char** argv) {
       ->check(CLI::Range(0, 3));
   cli.add_option("--graph-average", o.graphAverage, "Bankroll graph: show the moving average over N rolls (0 all)")
       ->check(CLI::Range(0, 525));
+  cli.add_option("--skin", o.skin, "Colour the table with ready-made skin N (1-8)")
+      ->check(CLI::Range(1, kTableSkins));
   AddPlayerOptions(cli, o.players);
   try {
     cli.parse(argc, argv);
@@ -133,6 +137,7 @@ int main(int argc, char** argv) {
   if (fresh || o.hops) game->table.HopBetsShown = o.hops;
   if (fresh || o.amounts) game->table.DisplayBetAmounts = o.amounts;
   if (o.bettor >= 1 && o.bettor <= 8) game->betting.CurPlayer = o.bettor;
+  if (o.skin > 0) ApplyTableSkin(game->table, o.skin);
   if (o.graphAdjust >= 0) game->graph.GraphAdjustType = o.graphAdjust;
   if (o.graphAverage >= 0) {
     game->roll.GraphShowAverage = true;

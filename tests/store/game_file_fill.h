@@ -153,7 +153,8 @@ inline void FillGame(Game& g, const std::array<const char*, 9>& names) {
   next(f.LogFontSize);
   f.IncludeZeroOutcomes = true, f.ShowMiscData = true;
   next(f.AdvantageScroll), next(f.PayoffsScroll);
-  next(f.PaletteColor), next(f.LayoutColor), next(f.TablePreset);
+  next(tv.PaletteColor), next(tv.LayoutColor), next(tv.TablePreset);
+  tv.Spotlight = false;
   for (auto* x : {&v.RollTotalsKind, &f.RollTotalsBackColor, &f.RollTotalsGraphColor,
                   &f.RollTotalsScrollX, &f.RollTotalsScrollY, &f.RollTotalsShowProb,
                   &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame, &f.HandsUnits,

@@ -157,6 +157,7 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(table.SavedView); SAME(table.TableRotation); SAME(table.TableOffsetA);
   SAME(table.TableOffsetB); SAME(table.TableZoom); SAME(table.AutoSize);
   SAME(table.DisplayBetAmounts); SAME(table.HopBetsShown); SAME(table.StatusView);
+  SAME(table.LayoutColor); SAME(table.Spotlight); SAME(table.TablePreset); SAME(table.PaletteColor);
   SAME(views.SummaryPlayers); SAME(views.BetResultsPlayers); SAME(views.HandsPlayers);
   SAME(views.BetTrendsPlayer); SAME(views.RollTotalsKind); SAME(views.RollTotalsFrame);
   SAME(views.RollTotalsPlayers); SAME(views.BetResultsFrame); SAME(views.HandsFrame);
