@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QSlider>
+#include <QToolButton>
 #include <QTabWidget>
 #include <QTest>
 
@@ -16,6 +18,8 @@
 #include "stats/summary.h"
 #include "store/game_file.h"
 #include "table/configure_form.h"
+#include "table/layout.h"
+#include "table/table_colors.h"
 
 class ConfigureTabsTest : public QObject {
   Q_OBJECT
@@ -28,6 +32,8 @@ class ConfigureTabsTest : public QObject {
   void negativeBankrollCannotBeUncheckedUnderTheBets();
   void startRulesBelongToTheChosenPlayer();
   void whatTheTabsSetSurvivesTheGameFile();
+  void colorControlsSetTheTablesColours();
+  void theTableIsDrawnInItsColours();
 };
 
 namespace {
@@ -249,6 +255,61 @@ void ConfigureTabsTest::whatTheTabsSetSurvivesTheGameFile() {
   QVERIFY(g.betting.AllowNegBankroll(2));
   QCOMPARE(g.betting.AtmAmount, Currency::FromWhole(250));
   QCOMPARE(g.rules.ConfigureTab, kTabBankroll);
+}
+
+void ConfigureTabsTest::colorControlsSetTheTablesColours() {
+  DesktopTable t;
+  TableState& table = t.game->table;
+  ConfigureForm* form = Open(t, kTabColors);
+  QCOMPARE(form->Tabs()->currentIndex(), kTabColors);
+  QVERIFY(Child<QRadioButton>(*form, "optTableColors0")->isChecked());
+  QCOMPARE(Child<QSlider>(*form, "hsbColor0")->value(), 18);  // the felt: 18, 128, 74
+  QCOMPARE(Child<QSlider>(*form, "hsbColor2")->value(), 74);
+  QVERIFY(Child<QAction>(*form, "mnuSetTableTraditionalGreen")->isChecked());
+  // A bar changes one channel of the chosen part; the table is now a custom one.
+  Child<QSlider>(*form, "hsbColor2")->setValue(200);
+  QCOMPARE(table.LayoutColor[kPartFelt], 0xC88012);
+  QCOMPARE(table.TablePreset, 0);
+  QVERIFY(!Child<QAction>(*form, "mnuSetTableTraditionalGreen")->isChecked());
+  // Another part: the bars show its colour, a swatch colours it.
+  Child<QRadioButton>(*form, "optTableColors4")->setChecked(true);
+  QCOMPARE(Child<QSlider>(*form, "hsbColor0")->value(), 232);  // the gold highlights
+  QTest::mouseClick(Child<QToolButton>(*form, "picColorpal5"), Qt::LeftButton);
+  QCOMPARE(table.LayoutColor[kPartHighlights], table.PaletteColor[5]);
+  QCOMPARE(table.LayoutColor[kPartFelt], 0xC88012);  // the felt kept its own
+  // A right-click keeps the colour shown in the swatch.
+  Child<QRadioButton>(*form, "optTableColors0")->setChecked(true);
+  emit Child<QToolButton>(*form, "picColorpal0")->customContextMenuRequested({});
+  QCOMPARE(table.PaletteColor[0], 0xC88012);
+  Child<QRadioButton>(*form, "optSpotlight1")->setChecked(true);
+  QVERIFY(!table.Spotlight);
+  // A skin sets every part and the spotlight, and is checked in the menu.
+  Child<QAction>(*form, "mnuSetTableBlackLight")->trigger();
+  QCOMPARE(table.LayoutColor, kTableSkin[7].colors);
+  QCOMPARE(table.Spotlight, kTableSkin[7].spotlight);
+  QCOMPARE(table.TablePreset, 8);
+  QVERIFY(Child<QAction>(*form, "mnuSetTableBlackLight")->isChecked());
+  QCOMPARE(Child<QSlider>(*form, "hsbColor1")->value(), ColorFromValue(kTableSkin[7].colors[0]).green());
+  QVERIFY(t.game->roll.SessionDirty);
+}
+
+void ConfigureTabsTest::theTableIsDrawnInItsColours() {
+  DesktopTable t;
+  TableState& table = t.game->table;
+  ApplyTableSkin(table, 6);  // Blue Velvet
+  SetTableSpotlight(table, false);  // a flat felt has one colour everywhere
+  QRectF come;
+  for (const Region& r : LayoutRegions())
+    if (r.id == bet::kCome) come = r.rect;
+  const QPoint felt = t.Pixel(come.topLeft() + QPointF(12, 12));
+  QImage drawn = t.View()->grab().toImage();
+  QCOMPARE(drawn.pixelColor(felt), ColorFromValue(table.LayoutColor[kPartFelt]));
+  QCOMPARE(drawn.pixelColor(1, 1), ColorFromValue(table.LayoutColor[kPartBackground]));
+  SetTablePartColor(table, kPartFelt, 0x204060);
+  SetTablePartColor(table, kPartBackground, 0x102030);
+  drawn = t.View()->grab().toImage();
+  QCOMPARE(drawn.pixelColor(felt), QColor(0x60, 0x40, 0x20));
+  QCOMPARE(drawn.pixelColor(1, 1), QColor(0x30, 0x20, 0x10));
 }
 
 QTEST_MAIN(ConfigureTabsTest)
