@@ -22,8 +22,10 @@
 #include "core/game.h"
 #include "core/money.h"
 #include "engine/bankroll.h"
+#include "engine/players.h"
 #include "engine/settle_text.h"
 #include "table/numeric_box.h"
+#include "table/player_list.h"
 
 namespace {
 
@@ -67,10 +69,6 @@ class StackDelegate : public QStyledItemDelegate {
  private:
   CheckStacksForm* form_;
 };
-
-bool Seated(const Game& g, int p) {
-  return p >= 1 && p <= 8 && !g.PlayerName[static_cast<std::size_t>(p)].empty();
-}
 
 }  // namespace
 
@@ -250,15 +248,7 @@ int CheckStacksForm::Player() const {
 void CheckStacksForm::Refresh() {
   if (typing_) return;
   filling_ = true;
-  int& chosen = game_.betting.CheckStacksPlayer;
-  player_->clear();
-  for (int p = 1; p <= 8; ++p) {
-    if (!Seated(game_, p)) continue;
-    player_->addItem(QString::fromStdString(game_.PlayerName[static_cast<std::size_t>(p)]), p);
-    if (!Seated(game_, chosen)) chosen = p;
-  }
-  if (!Seated(game_, chosen)) chosen = 0;
-  player_->setCurrentIndex(player_->findData(chosen));
+  const int chosen = FillPlayerList(player_, game_, game_.betting.CheckStacksPlayer);
   grid_->setEnabled(chosen != 0);
   displayZero_->setChecked(game_.betting.DisplayZeroStacks);
   italic_->setChecked(game_.gamefile.CheckStacksItalic);
@@ -326,8 +316,9 @@ void CheckStacksForm::ApplyFont() {
   grid_->setFont(font);
   grid_->resizeRowsToContents();
   grid_->resizeColumnToContents(kColNumber);
-  grid_->setColumnWidth(kColValue, std::max(grid_->columnWidth(kColValue),
-                                            QFontMetrics(font).horizontalAdvance("-99,999,999.9999")));
+  grid_->setColumnWidth(kColValue,
+                        std::max(grid_->columnWidth(kColValue),
+                                 QFontMetrics(font).horizontalAdvance("-99,999,999.9999")));
 }
 
 void CheckStacksForm::OpenSetStacks() {

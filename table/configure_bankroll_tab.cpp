@@ -17,9 +17,11 @@
 #include "core/money.h"
 #include "core/platform.h"
 #include "engine/bankroll.h"
+#include "engine/players.h"
 #include "table/configure_form.h"
 #include "table/configure_tabs.h"
 #include "table/numeric_box.h"
+#include "table/player_list.h"
 
 namespace {
 
@@ -29,10 +31,6 @@ using configure_tabs::Money;
 const char* const kStartCaption[4] = {" Start bankroll with:", " Prompt for starting bankroll",
                                       " Carry forward bankroll from previous session",
                                       " Carry forward bankroll and net from previous session"};
-
-bool Seated(const Game& g, int p) {
-  return p >= 1 && p <= 8 && !g.PlayerName[static_cast<std::size_t>(p)].empty();
-}
 
 }  // namespace
 
@@ -125,17 +123,8 @@ QWidget* ConfigureForm::BuildBankroll() {
 void ConfigureForm::FillBankroll() {
   const bool was = FormLoading;
   FormLoading = true;
-  int& p = game_.betting.BankrollTabPlayer;
-  bankrollPlayer_->clear();
-  for (int seat = 1; seat <= 8; ++seat) {
-    if (!Seated(game_, seat)) continue;
-    bankrollPlayer_->addItem(
-        QString::fromStdString(game_.PlayerName[static_cast<std::size_t>(seat)]), seat);
-    if (!Seated(game_, p)) p = seat;
-  }
-  const bool any = Seated(game_, p);
-  if (!any) p = 0;
-  bankrollPlayer_->setCurrentIndex(bankrollPlayer_->findData(p));
+  const int p = FillPlayerList(bankrollPlayer_, game_, game_.betting.BankrollTabPlayer);
+  const bool any = p != 0;
   for (QWidget* w : tabs_->widget(kTabBankroll)->findChildren<QWidget*>())
     if (w != bankrollPlayer_) w->setEnabled(any);
   if (any) {
@@ -145,7 +134,7 @@ void ConfigureForm::FillBankroll() {
     const Currency net = game_.Bet(p, 0) - game_.InvestedBankroll(p);
     bankrollShown_[2]->setText(Money(net));
     bankrollShown_[2]->setStyleSheet(net < Currency{} ? "color: rgb(255,0,0)"
-                                                     : "color: rgb(0,0,255)");
+                                                      : "color: rgb(0,0,255)");
     findChild<QCheckBox*>("chkAllowNegBankroll")->setChecked(b.AllowNegBankroll(p));
     const int mode = std::clamp<int>(b.StartBankrollMode(p), 0, 3);
     startMode_[mode]->setChecked(true);

@@ -66,7 +66,8 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
       setWindowTitle(game_.HyperDrive ? "Ravelton Hyper-Drive Active"
                                       : "Ravelton Hyper-Drive Stopped");
     // A script or a table click may change a stack while the form is open.
-    if (checkStacks_ && checkStacks_->isVisible() && what == static_cast<int>(Redraw::Table))
+    if (checkStacks_ && checkStacks_->isVisible() &&
+        (what == static_cast<int>(Redraw::Table) || what == static_cast<int>(Redraw::OpenViews)))
       checkStacks_->Refresh();
     if (bankroll_ && (what == static_cast<int>(Redraw::Graph) ||
                       what == static_cast<int>(Redraw::OpenViews)))

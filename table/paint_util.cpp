@@ -1,6 +1,5 @@
 #include "table/paint_util.h"
 
-
 #include <QFont>
 #include <QPainter>
 #include <QPainterPath>

@@ -78,8 +78,8 @@ void PaintEndRegion(QPainter& p, const Game& g, const Region& r, const LayoutCol
     PaintBox(p, x, c);
     DrawLabel(p, x.adjusted(0, 4, 0, 0), "BIG", 14, Qt::AlignHCenter | Qt::AlignTop, c.line);
     DrawLabel(p, x, b == bet::kBig6 ? "6" : "8", 54, Qt::AlignCenter, kRed);
-    DrawLabel(p, x.adjusted(0, 0, 0, -4), PayoffText(g, b), 10,
-              Qt::AlignHCenter | Qt::AlignBottom, c.line);
+    DrawLabel(p, x.adjusted(0, 0, 0, -4), PayoffText(g, b), 10, Qt::AlignHCenter | Qt::AlignBottom,
+              c.line);
     return;
   }
   PaintBox(p, x, c);
@@ -90,8 +90,8 @@ void PaintEndRegion(QPainter& p, const Game& g, const Region& r, const LayoutCol
       p.save();
       p.translate(x.center());
       p.rotate(-90);
-      DrawLabel(p, QRectF(-x.height() / 2, -x.width() / 2, x.height(), x.width()), "PASS LINE",
-                34, Qt::AlignCenter, c.line);
+      DrawLabel(p, QRectF(-x.height() / 2, -x.width() / 2, x.height(), x.width()), "PASS LINE", 34,
+                Qt::AlignCenter, c.line);
       p.restore();
     }
   } else if (b == bet::kPassLineOdds || b == bet::kDontPassOdds) {
@@ -113,7 +113,8 @@ void PaintEndRegion(QPainter& p, const Game& g, const Region& r, const LayoutCol
     PaintField(p, g, x, c);
   } else if (IsLay(b)) {
     DrawLabel(p, x.adjusted(0, 1, 0, 0), "LAY", 11, Qt::AlignHCenter | Qt::AlignTop, c.line);
-    DrawLabel(p, x.adjusted(0, 0, 0, -1), PayoffText(g, b), 9, Qt::AlignHCenter | Qt::AlignBottom, c.line);
+    DrawLabel(p, x.adjusted(0, 0, 0, -1), PayoffText(g, b), 9, Qt::AlignHCenter | Qt::AlignBottom,
+              c.line);
   } else if (IsDontComePoint(b)) {
     DrawLabel(p, x, "DON'T\nCOME", 8, Qt::AlignCenter, Faded(c.line, 170));
   } else if (IsDontComeOdds(b) || IsComeOdds(b)) {
@@ -123,12 +124,14 @@ void PaintEndRegion(QPainter& p, const Game& g, const Region& r, const LayoutCol
     const bool red = i == 2 || i == 3;
     DrawLabel(p, x.adjusted(0, -6, 0, 0), kNumberWord[i], i == 2 || i == 4 ? 22 : 36,
               Qt::AlignCenter, red ? kRed : c.line);
-    DrawLabel(p, x.adjusted(0, 0, 0, -2), PayoffText(g, b), 9, Qt::AlignHCenter | Qt::AlignBottom, c.line);
+    DrawLabel(p, x.adjusted(0, 0, 0, -2), PayoffText(g, b), 9, Qt::AlignHCenter | Qt::AlignBottom,
+              c.line);
   } else if (IsComePoint(b)) {
     DrawLabel(p, x, "COME", 8, Qt::AlignCenter, Faded(c.line, 170));
   } else if (IsBuy(b)) {
     DrawLabel(p, x.adjusted(0, 1, 0, 0), "BUY", 11, Qt::AlignHCenter | Qt::AlignTop, c.line);
-    DrawLabel(p, x.adjusted(0, 0, 0, -1), PayoffText(g, b), 9, Qt::AlignHCenter | Qt::AlignBottom, c.line);
+    DrawLabel(p, x.adjusted(0, 0, 0, -1), PayoffText(g, b), 9, Qt::AlignHCenter | Qt::AlignBottom,
+              c.line);
   }
 }
 
@@ -158,8 +161,7 @@ void PaintCentreRegion(QPainter& p, const Game& g, const Region& r, const Layout
   } else if (b == bet::kTwo || b == bet::kThree || b == bet::kTwelve || b == bet::kEleven) {
     const int a = b == bet::kTwo ? 1 : b == bet::kThree ? 1 : b == bet::kTwelve ? 6 : 5;
     const int second = b == bet::kTwo ? 1 : b == bet::kThree ? 2 : 6;
-    DrawLabel(p, x.adjusted(0, -4, 0, 0), DiceGlyphs(a, second), 26, Qt::AlignCenter,
-              c.line);
+    DrawLabel(p, x.adjusted(0, -4, 0, 0), DiceGlyphs(a, second), 26, Qt::AlignCenter, c.line);
     DrawLabel(p, x.adjusted(0, 0, 0, -1), pay, 10, bottom, c.line);
   } else if (b == bet::kHorn || b == bet::kCraps || b == bet::kCandE || b == bet::kWorld ||
              b == bet::kOver7 || b == bet::kUnder7) {
@@ -177,8 +179,7 @@ void PaintCentreRegion(QPainter& p, const Game& g, const Region& r, const Layout
   } else if (IsHop(b)) {
     const int i = b - bet::kHopFirst;
     DrawLabel(p, x.adjusted(0, 3, 0, 0), "HOP", 9, top, c.accent);
-    DrawLabel(p, x, DiceGlyphs(kHopDice[i][0], kHopDice[i][1]), 17, Qt::AlignCenter,
-              c.line);
+    DrawLabel(p, x, DiceGlyphs(kHopDice[i][0], kHopDice[i][1]), 17, Qt::AlignCenter, c.line);
     DrawLabel(p, x.adjusted(0, 0, 0, -2), pay, 8, bottom, c.line);
   } else if (b == bet::kMidway) {
     DrawLabel(p, x, "MIDWAY  6 \u00b7 7 \u00b7 8", 16, Qt::AlignCenter, c.accent);

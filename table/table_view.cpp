@@ -1,6 +1,5 @@
 #include "table/table_view.h"
 
-
 #include <QLabel>
 #include <QPainter>
 #include <QRandomGenerator>

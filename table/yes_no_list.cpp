@@ -30,10 +30,11 @@ QGroupBox* BuildYesNoList(const QString& title, const YesNoListNames& names,
     const char* caption;
     int what;  // a YesNoChange, or -1 for Select All
   };
-  for (const Button& b : {Button{names.yes, "&Yes", static_cast<int>(YesNoChange::Yes)},
-                          Button{names.no, "&No", static_cast<int>(YesNoChange::No)},
-                          Button{names.selectAll, "Select &All", -1},
-                          Button{names.standard, "De&fault", static_cast<int>(YesNoChange::Default)}}) {
+  for (const Button& b :
+       {Button{names.yes, "&Yes", static_cast<int>(YesNoChange::Yes)},
+        Button{names.no, "&No", static_cast<int>(YesNoChange::No)},
+        Button{names.selectAll, "Select &All", -1},
+        Button{names.standard, "De&fault", static_cast<int>(YesNoChange::Default)}}) {
     auto* button = new QPushButton(b.caption);
     button->setObjectName(b.name);
     button->setAutoDefault(false);

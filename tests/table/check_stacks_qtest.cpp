@@ -149,7 +149,8 @@ void CheckStacksTest::visibleStacksMustDiffer() {
     QTest::keyClicks(box, numbers[i]);
   }
   QTest::mouseClick(form->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
-  QCOMPARE(t.shown.back().second, std::string("Each CheckStack entry should be a different number."));
+  QCOMPARE(t.shown.back().second,
+           std::string("Each CheckStack entry should be a different number."));
   QCOMPARE(g.betting.CheckStackSlot(1, 1), 101);
   QCOMPARE(g.betting.CheckStackSlot(1, 3), 103);
   auto* third = form->findChild<QLineEdit*>("txtStackNum2");

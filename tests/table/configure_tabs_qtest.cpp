@@ -7,9 +7,9 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSlider>
-#include <QToolButton>
 #include <QTabWidget>
 #include <QTest>
+#include <QToolButton>
 
 #include "config/settings.h"
 #include "core/catalogue.h"
@@ -39,15 +39,9 @@ class ConfigureTabsTest : public QObject {
 namespace {
 template <typename T>
 T* Child(QWidget& form, const char* name) {
-  T* w = form.findChild<T*>(name);
-  if (w == nullptr) qFatal("no control %s", name);
-  return w;
+  return FormChild<T>(form, name);
 }
-void Type(QLineEdit* box, const QString& text) {
-  box->selectAll();
-  QTest::keyClick(box, Qt::Key_Backspace);
-  QTest::keyClicks(box, text);
-}
+void Type(QLineEdit* box, const QString& text) { TypeInto(box, text); }
 void Press(QWidget& form, const char* button) {
   QTest::mouseClick(Child<QPushButton>(form, button), Qt::LeftButton);
 }
@@ -118,7 +112,7 @@ void ConfigureTabsTest::compListButtonsSetTheBitWords() {
 void ConfigureTabsTest::compSettingsChangeTheComps() {
   DesktopTable t;
   Game& g = *t.game;
-  const int slot = FrameIndex(0, kFrameCount - 1);  // the table, all sessions
+  const int slot = FrameIndex(0, kFrameCount - 1);                   // the table, all sessions
   g.StatAction(slot, bet::kPassLine, 1) = Currency::FromWhole(10);   // decisions
   g.StatAction(slot, bet::kPassLine, 2) = Currency::FromWhole(200);  // wagered
   ConfigureForm* form = Open(t, kTabComps);
@@ -289,14 +283,15 @@ void ConfigureTabsTest::colorControlsSetTheTablesColours() {
   QCOMPARE(table.Spotlight, kTableSkin[7].spotlight);
   QCOMPARE(table.TablePreset, 8);
   QVERIFY(Child<QAction>(*form, "mnuSetTableBlackLight")->isChecked());
-  QCOMPARE(Child<QSlider>(*form, "hsbColor1")->value(), ColorFromValue(kTableSkin[7].colors[0]).green());
+  QCOMPARE(Child<QSlider>(*form, "hsbColor1")->value(),
+           ColorFromValue(kTableSkin[7].colors[0]).green());
   QVERIFY(t.game->roll.SessionDirty);
 }
 
 void ConfigureTabsTest::theTableIsDrawnInItsColours() {
   DesktopTable t;
   TableState& table = t.game->table;
-  ApplyTableSkin(table, 6);  // Blue Velvet
+  ApplyTableSkin(table, 6);         // Blue Velvet
   SetTableSpotlight(table, false);  // a flat felt has one colour everywhere
   QRectF come;
   for (const Region& r : LayoutRegions())

@@ -23,6 +23,21 @@
 #include "table/settle_form.h"
 #include "table/table_view.h"
 
+// The control `name` of a form; the test stops when it is missing.
+template <typename T>
+T* FormChild(QWidget& form, const char* name) {
+  T* w = form.findChild<T*>(name);
+  if (w == nullptr) qFatal("no control %s", name);
+  return w;
+}
+
+// Replaces a box's text by typing, so the key filter sees every key.
+inline void TypeInto(QLineEdit* box, const QString& text) {
+  box->selectAll();
+  QTest::keyClick(box, Qt::Key_Backspace);
+  QTest::keyClicks(box, text);
+}
+
 struct DesktopTable {
   QtPlatform platform;
   std::unique_ptr<Game> game;
