@@ -36,6 +36,13 @@ CheckStacksForm* Open(DesktopTable& t) {
 QString Cell(CheckStacksForm* form, int row, int column) {
   return form->Grid()->item(row, column)->text();
 }
+// The cell's open edit box (the one of a cell just left is deleted first).
+QLineEdit* Editor(QTableWidget* grid) {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  auto* box = grid->findChild<QLineEdit*>("txtCheckStack");
+  if (box == nullptr) qFatal("no open cell");
+  return box;
+}
 void Trigger(CheckStacksForm* form, const char* name) {
   QAction* a = form->findChild<QAction*>(name);
   if (a == nullptr) qFatal("no menu item %s", name);
@@ -75,23 +82,24 @@ void CheckStacksTest::typingInACellReachesTheGameAtOnce() {
   Game& g = *t.game;
   CheckStacksForm* form = Open(t);
   QTableWidget* grid = form->Grid();
-  grid->setCurrentCell(5, kValue);
-  grid->editItem(grid->item(5, kValue));
-  auto* box = grid->findChild<QLineEdit*>("txtCheckStack");
-  QVERIFY(box);
+  grid->setCurrentCell(5, kValue);  // a cell opens as it becomes current
+  QLineEdit* box = Editor(grid);
   QTest::keyClicks(box, "-12.3456x7");  // the filter drops the letter and a fifth decimal
   QCOMPARE(Stack(g, 1, 5), Currency::FromRaw(-123456));
   // A refresh from the table leaves the open cell alone.
   form->Refresh();
   QCOMPARE(box->text(), QString("-12.3456"));
   grid->setCurrentCell(5, kName);
-  grid->editItem(grid->item(5, kName));
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // the value's editor
-  box = grid->findChild<QLineEdit*>("txtCheckStack");
-  QVERIFY(box);
+  box = Editor(grid);
   box->clear();
   QTest::keyClicks(box, "Odds pot");
   QCOMPARE(g.CheckStackName(1, 5), std::string("Odds pot"));
+  // The arrow keys and Page Down move the edit box, within rows 0 to 99.
+  QTest::keyClick(box, Qt::Key_Down);
+  QCOMPARE(grid->currentRow(), 6);
+  QCOMPARE(grid->currentColumn(), kName);
+  for (int i = 0; i < 12; ++i) QTest::keyClick(Editor(grid), Qt::Key_PageDown);
+  QCOMPARE(grid->currentRow(), 99);
 }
 
 void CheckStacksTest::clipboardItemsWorkOnTheCurrentCell() {
