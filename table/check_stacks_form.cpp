@@ -313,6 +313,9 @@ void CheckStacksForm::ApplyFont() {
   font.setPointSizeF(std::max(4.0, font.pointSizeF() + step));
   font.setItalic(game_.gamefile.CheckStacksItalic);
   font.setBold(game_.gamefile.CheckStacksBold);
+  // Unchanged, nothing is measured again: the form refreshes after each roll.
+  if (fontApplied_ && font == grid_->font()) return;
+  fontApplied_ = true;
   grid_->setFont(font);
   grid_->resizeRowsToContents();
   grid_->resizeColumnToContents(kColNumber);

@@ -63,4 +63,5 @@ class CheckStacksForm : public QDialog {
   QAction* bold_;
   bool filling_ = false;
   bool typing_ = false;
+  bool fontApplied_ = false;
 };

@@ -22,6 +22,7 @@ class CheckStacksTest : public QObject {
   void deleteAllAsksFirst();
   void visibleStacksMustDiffer();
   void theMenuItemOpensTheForm();
+  void fontItemsAreKeptByTheGame();
 };
 
 namespace {
@@ -179,6 +180,31 @@ void CheckStacksTest::theMenuItemOpensTheForm() {
   item->trigger();
   QVERIFY(t.window->CheckStacks()->isVisible());
   QCOMPARE(t.game->betting.CheckStacksPlayer, 1);
+}
+
+void CheckStacksTest::fontItemsAreKeptByTheGame() {
+  DesktopTable t(1);
+  GameFileState& f = t.game->gamefile;
+  CheckStacksForm* form = Open(t);
+  const qreal normal = form->Grid()->font().pointSizeF();
+  Trigger(form, "mnuFontSize2");  // Larger
+  Trigger(form, "mnuFontSize2");
+  QCOMPARE(f.CheckStacksFontSize, 2);
+  QCOMPARE(form->Grid()->font().pointSizeF(), normal + 2);
+  Trigger(form, "mnuFontBold");
+  QVERIFY(f.CheckStacksBold);
+  QVERIFY(form->Grid()->font().bold());
+  Trigger(form, "mnuFontSize1");  // Normal
+  QCOMPARE(f.CheckStacksFontSize, 0);
+  QCOMPARE(form->Grid()->font().pointSizeF(), normal);
+  // A game saved small and italic shows so.
+  f.CheckStacksFontSize = -2;
+  f.CheckStacksBold = false;
+  f.CheckStacksItalic = true;
+  form->Refresh();
+  QCOMPARE(form->Grid()->font().pointSizeF(), normal - 2);
+  QVERIFY(form->Grid()->font().italic());
+  QVERIFY(!form->Grid()->font().bold());
 }
 
 QTEST_MAIN(CheckStacksTest)
