@@ -64,7 +64,7 @@ QWidget* ConfigureForm::BuildColors() {
     ll->addWidget(opt);
   }
   left->addWidget(light);
-  auto* skins = new QPushButton("Ready-made &skins");
+  auto* skins = new QPushButton("Ready-made s&kins");
   skins->setObjectName("cmdSkins");
   skins->setAutoDefault(false);
   auto* menu = new QMenu(skins);

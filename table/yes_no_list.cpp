@@ -25,6 +25,7 @@ QGroupBox* BuildYesNoList(const QString& title, const YesNoListNames& names,
   QObject::connect(list, &QListWidget::itemDoubleClicked, list,
                    [apply] { apply(YesNoChange::Flip); });
   auto* buttons = new QHBoxLayout;
+  // Their Alt keys (Y, O, L, F) are none of the form's tab keys.
   struct Button {
     const char* name;
     const char* caption;
@@ -32,8 +33,8 @@ QGroupBox* BuildYesNoList(const QString& title, const YesNoListNames& names,
   };
   for (const Button& b :
        {Button{names.yes, "&Yes", static_cast<int>(YesNoChange::Yes)},
-        Button{names.no, "&No", static_cast<int>(YesNoChange::No)},
-        Button{names.selectAll, "Select &All", -1},
+        Button{names.no, "N&o", static_cast<int>(YesNoChange::No)},
+        Button{names.selectAll, "Select A&ll", -1},
         Button{names.standard, "De&fault", static_cast<int>(YesNoChange::Default)}}) {
     auto* button = new QPushButton(b.caption);
     button->setObjectName(b.name);

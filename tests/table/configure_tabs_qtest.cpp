@@ -2,6 +2,7 @@
 // they open on the game's values, each kind of control reaches the game and
 // changes what the game works out, refusals keep the control as the game
 // says, and what the tabs set survives a game file.
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
@@ -34,6 +35,7 @@ class ConfigureTabsTest : public QObject {
   void whatTheTabsSetSurvivesTheGameFile();
   void colorControlsSetTheTablesColours();
   void theTableIsDrawnInItsColours();
+  void altKeysOfTheseTabsLeaveTheTabKeysAlone();
 };
 
 namespace {
@@ -305,6 +307,29 @@ void ConfigureTabsTest::theTableIsDrawnInItsColours() {
   drawn = t.View()->grab().toImage();
   QCOMPARE(drawn.pixelColor(felt), QColor(0x60, 0x40, 0x20));
   QCOMPARE(drawn.pixelColor(1, 1), QColor(0x30, 0x20, 0x10));
+}
+
+void ConfigureTabsTest::altKeysOfTheseTabsLeaveTheTabKeysAlone() {
+  DesktopTable t(1);
+  ConfigureForm* form = Open(t, kTabComps);
+  QString tabKeys;
+  for (int i = 0; i < form->Tabs()->count(); ++i) {
+    const QString caption = form->Tabs()->tabText(i);
+    tabKeys += caption.at(caption.indexOf('&') + 1).toUpper();
+  }
+  QCOMPARE(tabKeys, QString("DCMSINBARV"));
+  for (int tab : {kTabColors, kTabComps, kTabBankroll}) {
+    QString seen;
+    for (QAbstractButton* b : form->Tabs()->widget(tab)->findChildren<QAbstractButton*>()) {
+      const QString text = QString(b->text()).remove("&&");
+      const int amp = text.indexOf('&');
+      if (amp < 0) continue;
+      const QChar key = text.at(amp + 1).toUpper();
+      QVERIFY2(!tabKeys.contains(key), qPrintable(b->text()));
+      QVERIFY2(!seen.contains(key), qPrintable(b->text()));
+      seen += key;
+    }
+  }
 }
 
 QTEST_MAIN(ConfigureTabsTest)
