@@ -7,7 +7,9 @@
 // open. Each tab is built and filled in a file of its own (see
 // table/configure_tabs.h).
 // What must stay true:
-// - Nothing is written to the game while FormLoading is set.
+// - Nothing is written to the game while FormLoading is set, but the
+//   Bankroll tab's chosen seat, which moves to a seated player as the tab
+//   shows one.
 // - A change the engine refused puts the control back from the game.
 #pragma once
 
