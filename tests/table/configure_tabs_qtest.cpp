@@ -148,6 +148,12 @@ void ConfigureTabsTest::bankrollTabWithNobodySaysSoAndStays() {
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(t.shown[0].first, std::string("No Players"));
   QCOMPARE(form->Tabs()->currentIndex(), kTabChecksDice);
+  // The ATM item of the Players menu says the same and opens nothing.
+  form->hide();
+  t.window->findChild<QAction*>("mnuAtm")->trigger();
+  QCOMPARE(t.shown.size(), std::size_t{2});
+  QCOMPARE(t.shown[1].first, std::string("No Players"));
+  QVERIFY(!form->isVisible());
 }
 
 void ConfigureTabsTest::atmMovesMoneyAndSaysWhatItCut() {
