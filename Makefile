@@ -14,7 +14,7 @@ SUDO     := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 PACKAGES := g++ cmake make libgtest-dev libgmock-dev libbenchmark-dev \
             libcli11-dev libfmt-dev nlohmann-json3-dev \
-            qt6-base-dev fonts-dejavu-core libopenmpi-dev openmpi-bin
+            qt6-base-dev qt6-multimedia-dev fonts-dejavu-core libopenmpi-dev openmpi-bin
 
 .PHONY: deps configure build run demo screenshots test sanitize bench clean
 
@@ -58,6 +58,7 @@ screenshots: build
 	  --graph-adjust 2 --graph-average 50 $(DEMO_PLAYER)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bets.png --view configure:6
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-payoffs.png --view configure:7
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-sound.png --view configure:3
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -47,7 +47,7 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
   QWidget* pages[10] = {BuildChecksDice(),
                         BuildUnbuilt("Colors"),
                         BuildUnbuilt("Comps"),
-                        BuildUnbuilt("Sound"),
+                        BuildSound(),
                         BuildMisc(),
                         BuildUnbuilt("Bankroll"),
                         BuildBets(),
@@ -55,7 +55,7 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
                         BuildUnbuilt("Probability"),
                         BuildUnbuilt("Advantage")};
   for (int i = 0; i < 10; ++i) tabs_->addTab(pages[i], kTabCaption[i]);
-  for (int i : {kTabColors, kTabComps, kTabSound, kTabBankroll, kTabProbability, kTabAdvantage}) {
+  for (int i : {kTabColors, kTabComps, kTabBankroll, kTabProbability, kTabAdvantage}) {
     tabs_->setTabEnabled(i, false);
     tabs_->setTabToolTip(i, unbuilt);
   }
@@ -126,6 +126,7 @@ void ConfigureForm::Fill() {
   FillWorkingList();
   if (payoffs_->currentRow() < 0) payoffs_->setCurrentRow(0);
   FillPayoffRow();
+  FillSound();
   const int tab = static_cast<int>(r.ConfigureTab);
   shownTab_ = tabs_->isTabEnabled(tab) ? tab : kTabChecksDice;
   tabs_->setCurrentIndex(shownTab_);

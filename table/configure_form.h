@@ -22,6 +22,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QRadioButton;
+class QSlider;
 class QTabWidget;
 struct Game;
 
@@ -50,6 +51,12 @@ class ConfigureForm : public QDialog {
   QWidget* BuildBets();
   // The Payoffs tab: the payoff list and its row editor (configure_payoffs_tab.cpp).
   QWidget* BuildPayoffs();
+  // The Sound tab: the sound families, mute switches, volume and tests
+  // (configure_sound_tab.cpp).
+  QWidget* BuildSound();
+  void FillSound();
+  // Plays the sound a selection of the Sound tab names, muted or not.
+  void TestSound(Long TableSettings::*selection);
   // A page that only says the tab is not built yet.
   QWidget* BuildUnbuilt(const QString& what);
   // CheckConfigValues: shows the first fault and brings up its tab.
@@ -86,4 +93,5 @@ class ConfigureForm : public QDialog {
   QLineEdit* payoffDen_ = nullptr;
   QLabel* payoffShown_ = nullptr;
   QList<QWidget*> amountBoxes_;  // refilled by Fill
+  QSlider* volume_ = nullptr;
 };
