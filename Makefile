@@ -14,7 +14,7 @@ SUDO     := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 PACKAGES := g++ cmake make libgtest-dev libgmock-dev libbenchmark-dev \
             libcli11-dev libfmt-dev nlohmann-json3-dev \
-            qt6-base-dev fonts-dejavu-core libopenmpi-dev openmpi-bin
+            qt6-base-dev qt6-multimedia-dev fonts-dejavu-core libopenmpi-dev openmpi-bin
 
 .PHONY: deps configure build run demo screenshots test sanitize bench clean
 
@@ -62,6 +62,7 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-comps.png --view configure:2
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bankroll.png --view configure:5 --full-table
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/check-stacks.png --view checkstacks --full-table
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-sound.png --view configure:3
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

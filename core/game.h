@@ -26,6 +26,7 @@
 #include "automation/autoplay_state.h"
 #include "automation/hyperdrive_state.h"
 #include "config/settings_state.h"
+#include "config/sound_state.h"
 #include "core/currency.h"
 #include "core/message.h"
 #include "core/tables.h"
@@ -150,6 +151,7 @@ struct Game {
 
   // The subsystems' own state.
   TableSettings rules;
+  SoundState sound;
   MessageState msg;
   DiceState dice;
   ProbabilityState probability;

@@ -45,6 +45,7 @@ class HeadlessPlatform : public Platform {
   std::vector<SettleDialog> settleDialogs;
   std::vector<FileChooserRequest> fileChoosers;
   struct Sound { std::string path; int flags; };
+  static constexpr std::size_t kSoundsRecorded = 100'000;
   std::vector<Sound> sounds;
   std::vector<ScriptStep> steps;
   long eventPumps = 0;

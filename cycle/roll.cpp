@@ -8,6 +8,7 @@
 
 #include "automation/autoplay.h"
 #include "config/payoffs.h"
+#include "config/sound.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/help_topics.h"
@@ -227,6 +228,7 @@ bool RollOnce(Game& g) {
   // Outside Hyper-Drive the window animates the dice when it redraws the table.
   if (g.diceFile.DiceFileMode == kDiceFileRecording) RecordRoll(g);
   if (!g.HyperDrive) {
+    PlayDiceSound(g);
     PlayStickCall(g, g.DiceTotal);
     if (g.Die1 == g.Die2 && g.DiceTotal != 2 && g.DiceTotal != 12) PlayStickCall(g, 16);
   }
@@ -284,14 +286,14 @@ void LimitExceeded(Game& g, int p) {
   if (loss) {
     text = "Sorry ... \r\r" + name + " has exceeded the max loss limit of $" + limit + "\r\r";
   } else {
-    if (g.rules.WinSoundSet > 0 && !g.rules.SoundMuted)
-      g.platform->PlaySound(g.roll.AppPath + "Chips.win", 11);
+    if (g.rules.WinSoundSet > 0 && SoundsOn(g))
+      g.platform->PlaySound(g.roll.AppPath + kBigWinSoundFile, kSoundLoop);
     // The window strews a thousand chips over the table here.
     text = "Congratulations!\r\r" + name + " broke the bank limit of $" + limit + "\r\r";
   }
   text += kResetSentence;
   ShowRollMessage(g, std::move(text), "Ravelton", 1);
-  if (!loss && g.rules.WinSoundSet > 0 && !g.rules.SoundMuted) g.platform->PlaySound("", 0);
+  if (!loss && g.rules.WinSoundSet > 0 && SoundsOn(g)) g.platform->PlaySound("", kSoundStop);
 }
 
 bool QueueDice(Game& g, int die1, int die2) {

@@ -18,16 +18,23 @@
 #include "core/game.h"
 #include "core/platform.h"
 #include "engine/roll_internal.h"
+#include "config/sound.h"
 #include "cycle/session.h"
 #include "logs/events_log.h"
 
 namespace {
 
-// The folder of the running program; the current folder when it cannot be found.
+// The folder of the files that ship with the program (the sounds): the
+// install's share folder beside bin/, which a build tree mirrors beside app/;
+// else the program's own folder, else the current folder.
 std::string ProgramFolder() {
   std::error_code ec;
   const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
-  if (!ec && exe.has_parent_path()) return exe.parent_path().string();
+  if (!ec && exe.has_parent_path()) {
+    const auto share = exe.parent_path().parent_path() / "share" / "ravelton";
+    if (std::filesystem::is_directory(share, ec)) return share.string();
+    return exe.parent_path().string();
+  }
   const auto cwd = std::filesystem::current_path(ec);
   return ec ? std::string(".") : cwd.string();
 }
@@ -95,6 +102,7 @@ void StartUp(Game& game, const std::string& appFolder, const std::string& dataFo
   constexpr std::int64_t kChecks[5] = {1, 5, 25, 100, 500};
   for (int i = 1; i <= 5; ++i) game.CheckValue(i) = Currency::FromWhole(kChecks[i - 1]);
   SetDefaultPayoffs(game);
+  ListSoundFiles(game);
 
   if (game.Shooter > 0 && game.Point == 0) PlayComeOutCall(game);
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "config/settings.h"
+#include "config/sound.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/help_topics.h"
@@ -71,6 +72,8 @@ void PlaceBet(Game& g, int p, int b, int /*x*/, int /*y*/) {
   SetBetChecked(g, p, b);
   const Currency change = s.BetChange;
   if (!change.IsZero()) {
+    // A bet carried to its number (MoveBet) and a script's bets make no sound.
+    if (!s.MovingBet && !g.scriptRun.ScriptRunning) PlayCheckSound(g);
     RedrawTable(g);
     g.roll.SessionDirty = true;
   }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "config/sound.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/help_topics.h"
@@ -82,6 +83,7 @@ void FigurePressUnit(Game& g, int p, int b) {
 
 void SettleWinner(Game& g, int p) {
   const int b = g.CurBet;
+  PlayWinSound(g, g.autoplay.HandleWinningBets(p) != kWinManual);
   bool upFront = false;
   if (Currency* vig = VigEntry(g, p, b, &upFront)) {
     if (upFront) g.TotalBets(p) -= *vig;

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include "config/payoffs.h"
+#include "config/sound.h"
 #include "core/data_folder.h"
 #include "core/game.h"
 #include "core/message_dialog.h"
@@ -298,6 +299,7 @@ bool OpenGameBytes(Game& live, const std::string& path, std::string_view bytes) 
   }
   FollowReferences(*next, read.paths, read.blockPaths);
   DeriveAfterReading(*next);
+  LoadStickCallSet(*next);
   next->roll.ScriptsOK = false;
   SetTitle(*next, path);
   next->roll.SessionDirty = false;

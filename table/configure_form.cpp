@@ -48,7 +48,7 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
   QWidget* pages[10] = {BuildChecksDice(),
                         BuildColors(),
                         BuildComps(),
-                        BuildUnbuilt("Sound"),
+                        BuildSound(),
                         BuildMisc(),
                         BuildBankroll(),
                         BuildBets(),
@@ -56,7 +56,7 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
                         BuildUnbuilt("Probability"),
                         BuildUnbuilt("Advantage")};
   for (int i = 0; i < 10; ++i) tabs_->addTab(pages[i], kTabCaption[i]);
-  for (int i : {kTabSound, kTabProbability, kTabAdvantage}) {
+  for (int i : {kTabProbability, kTabAdvantage}) {
     tabs_->setTabEnabled(i, false);
     tabs_->setTabToolTip(i, unbuilt);
   }
@@ -130,6 +130,7 @@ void ConfigureForm::Fill() {
   FillBankroll();
   if (payoffs_->currentRow() < 0) payoffs_->setCurrentRow(0);
   FillPayoffRow();
+  FillSound();
   const int tab = static_cast<int>(r.ConfigureTab);
   // The bankroll tab has nothing to show with nobody at the table.
   const bool shown = tabs_->isTabEnabled(tab) && (tab != kTabBankroll || game_.PlayerCount > 0);

@@ -70,6 +70,12 @@ class ConfigureForm : public QDialog {
   void FillComps();
   // Shows the bankroll tab's player, amounts and options from the game.
   void FillBankroll();
+  // The Sound tab: the sound families, mute switches, volume and tests
+  // (configure_sound_tab.cpp).
+  QWidget* BuildSound();
+  void FillSound();
+  // Plays the sound a selection of the Sound tab names, muted or not.
+  void TestSound(Long TableSettings::*selection);
   // A page that only says the tab is not built yet.
   QWidget* BuildUnbuilt(const QString& what);
   // CheckConfigValues: shows the first fault and brings up its tab.
@@ -114,4 +120,5 @@ class ConfigureForm : public QDialog {
   QLineEdit* startAmount_ = nullptr;
   int colorPart_ = 0;  // the part of the layout the Colors tab is colouring
   std::array<QSlider*, 3> rgb_{};
+  QSlider* volume_ = nullptr;
 };

@@ -62,7 +62,7 @@ std::optional<std::string> QtPlatform::ChooseFile(const FileChooserRequest& requ
   return picked.toStdString();
 }
 
-void QtPlatform::PlaySound(std::string_view, int) {}
+void QtPlatform::PlaySound(std::string_view path, int flags) { sounds_.Play(path, flags); }
 
 std::uint32_t QtPlatform::TimeGetTime() { return static_cast<std::uint32_t>(clock_.elapsed()); }
 

@@ -17,6 +17,7 @@
 #include <functional>
 
 #include "core/platform.h"
+#include "table/sound_player.h"
 
 class QDialog;
 class QWidget;
@@ -33,8 +34,9 @@ class QtPlatform : public QObject, public Platform {
 
   MessageReply ShowMessage(const MessageRequest& request) override;
   int ShowSettleDialog(SettleDialog& dialog) override;
-  // No sound library is linked: sound sets are not loaded, nothing plays.
+  // Wave files through the sound player (table/sound_player.h).
   void PlaySound(std::string_view path, int flags) override;
+  SoundPlayer& Sounds() { return sounds_; }
   std::uint32_t TimeGetTime() override;
   void DoEvents() override;
   void RequestRedraw(Redraw what) override;
@@ -60,4 +62,5 @@ class QtPlatform : public QObject, public Platform {
   Game* game_ = nullptr;
   QPointer<QWidget> mainWindow_;
   QElapsedTimer clock_;
+  SoundPlayer sounds_;
 };
