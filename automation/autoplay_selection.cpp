@@ -170,3 +170,5 @@ void SetAdjustAmount(Game& g, std::int32_t players, int k, Currency amount) {
   ForSelected(g, players, [&](int p) { g.autoplay.AdjustAmount(p, k) = amount; });
   g.roll.SessionDirty = true;
 }
+
+const char* AutoPlayUnitsCaption(int units) { return units == kUnitsPercent ? "%" : "$"; }

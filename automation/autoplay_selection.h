@@ -62,3 +62,5 @@ int StepAdjustOperator(Game& game, std::int32_t players, int k);
 int StepAdjustUnits(Game& game, std::int32_t players, int k);
 // txtModifyAmount: stores the amount (never below 0) for every selected player.
 void SetAdjustAmount(Game& game, std::int32_t players, int k, Currency amount);
+// Caption of cmdUnits on the " Same Bet:" rows: "$" (0) or "%" (1).
+const char* AutoPlayUnitsCaption(int units);

@@ -33,6 +33,7 @@
 #include "cycle/player_names.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
+#include "table/auto_play_form.h"
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
@@ -212,7 +213,8 @@ void CrapTableWindow::BuildMenus() {
   connect(Item(action, "mnuPassDice", "Pass the dice\tP"), &QAction::triggered, this,
           key(Qt::Key_P));
   Unbuilt(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8", "Opens the dice roll files; not built yet.");
-  Unbuilt(action, "mnuAutoPlay", "Auto-&Play ...\tF3", "Opens the Auto-Play rules; not built yet.");
+  connect(Item(action, "mnuAutoPlay", "Auto-&Play ...\tF3"), &QAction::triggered, this,
+          guarded([this] { AutoPlay()->show(); }));
   Unbuilt(action, "mnuAutoBet", "Auto-&Bet ...\tF4", "Opens the script editor; not built yet.");
   action->addSeparator();
   connect(Item(action, "mnuBuyPlaceBet", "B&uy Place bet\tF5"), &QAction::triggered, this,
@@ -287,6 +289,7 @@ void CrapTableWindow::RefreshMenus() {
   if (!isMinimized()) setWindowTitle(Caption());
   if (checkStacks_) checkStacks_->Refresh();
   if (bankroll_) bankroll_->Refresh();
+  if (autoPlay_) autoPlay_->Refresh();
 }
 
 void CrapTableWindow::SaveView(int n) {
@@ -320,7 +323,8 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (digit >= 0 && (mods & Qt::ShiftModifier)) return SaveView(digit);
   if (digit >= 0 && (mods & Qt::ControlModifier)) return RestoreView(digit);
   if (key == Qt::Key_Z) Move()->show();
-  // F3, F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
+  if (key == Qt::Key_F3) AutoPlay()->show();
+  // F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
 }
 
 ConfigureForm* CrapTableWindow::Configure() {
@@ -344,6 +348,15 @@ CheckStacksForm* CrapTableWindow::CheckStacks() {
     connect(checkStacks_, &CheckStacksForm::changed, view_, qOverload<>(&QWidget::update));
   }
   return checkStacks_;
+}
+
+AutoPlayForm* CrapTableWindow::AutoPlay() {
+  if (!autoPlay_) {
+    autoPlay_ = new AutoPlayForm(game_, this);
+    connect(autoPlay_, &AutoPlayForm::changed, view_, qOverload<>(&QWidget::update));
+  }
+  autoPlay_->Refresh();
+  return autoPlay_;
 }
 
 void CrapTableWindow::closeEvent(QCloseEvent* event) {

@@ -11,6 +11,7 @@
 
 #include "app/cli/player_options.h"
 #include "app/desktop/scene.h"
+#include "automation/autoplay_selection.h"
 #include "cycle/hyperdrive.h"
 #include "dice/rng.h"
 #include "core/game.h"
@@ -18,6 +19,7 @@
 #include "store/game_file.h"
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
+#include "table/auto_play_form.h"
 #include "table/configure_form.h"
 #include "table/table_colors.h"
 #include "table/crap_table_window.h"
@@ -83,7 +85,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, or configure[:TAB]");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], or configure[:TAB]");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -175,6 +177,14 @@ int main(int argc, char** argv) {
     CheckStacksForm* form = window.CheckStacks();
     form->Refresh();
     form->show();
+    target = form;
+  } else if (o.view.rfind("autoplay", 0) == 0) {
+    // autoplay or autoplay:BITS, BITS the selected players (bit p for player p)
+    const std::size_t colon = o.view.find(':');
+    if (colon != std::string::npos) SetAutoPlaySelection(*game, std::atoi(o.view.c_str() + colon + 1));
+    QWidget* form = window.AutoPlay();
+    form->show();
+    form->adjustSize();
     target = form;
   }
   QApplication::processEvents();
