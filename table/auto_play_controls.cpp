@@ -28,12 +28,22 @@ constexpr int kColumns = 4;  // option, operator, amount, units
 
 const char* const kAdjustCaption[3] = {" Manual", " Auto w/ minor correction",
                                        " Auto w/ color correction"};
-const char* const kWinCaption[kRuleOptions] = {
-    " Manual", " Take Bet and Winnings", " Same Bet/Take Winnings", " Press 1 Unit",
-    " Press Double", " Parlay", " Same Bet:", " Bet:"};
-const char* const kLoseCaption[kRuleOptions] = {
-    " Manual", " No Bet/Take Remainder (if any)", " Same Bet", " Bet Remainder (if any)",
-    " Same Bet Plus 1 Unit", " Double Bet:", " Same Bet:", " Bet:"};
+const char* const kWinCaption[kRuleOptions] = {" Manual",
+                                               " Take Bet and Winnings",
+                                               " Same Bet/Take Winnings",
+                                               " Press 1 Unit",
+                                               " Press Double",
+                                               " Parlay",
+                                               " Same Bet:",
+                                               " Bet:"};
+const char* const kLoseCaption[kRuleOptions] = {" Manual",
+                                                " No Bet/Take Remainder (if any)",
+                                                " Same Bet",
+                                                " Bet Remainder (if any)",
+                                                " Same Bet Plus 1 Unit",
+                                                " Double Bet:",
+                                                " Same Bet:",
+                                                " Bet:"};
 const char* const kBiasEnd[3] = {" bias: nearest", " bias: increase", " bias: decrease"};
 
 }  // namespace
@@ -66,10 +76,11 @@ QWidget* AutoPlayForm::BuildOptions() {
     const char* caption;
     AutoPlayOption option;
   };
-  for (const Switch& s : {Switch{"chkAutoTakeFullOdds", "Auto-&Take Full Odds", AutoPlayOption::kTakeFullOdds},
-                          Switch{"chkAutoLayFullOdds", "Auto-&Lay Full Odds", AutoPlayOption::kLayFullOdds},
-                          Switch{"chkAutoDownPlaceBets", "Auto-&Down Place Bets", AutoPlayOption::kDownPlaceBets},
-                          Switch{"chkAutoPassDice", "Auto-&Pass the Dice", AutoPlayOption::kPassDice}}) {
+  for (const Switch& s :
+       {Switch{"chkAutoTakeFullOdds", "Auto-&Take Full Odds", AutoPlayOption::kTakeFullOdds},
+        Switch{"chkAutoLayFullOdds", "Auto-&Lay Full Odds", AutoPlayOption::kLayFullOdds},
+        Switch{"chkAutoDownPlaceBets", "Auto-&Down Place Bets", AutoPlayOption::kDownPlaceBets},
+        Switch{"chkAutoPassDice", "Auto-&Pass the Dice", AutoPlayOption::kPassDice}}) {
     auto* box = new QCheckBox(s.caption);
     box->setObjectName(s.name);
     AddCheck(box, s.option);
@@ -151,7 +162,8 @@ QGroupBox* AutoPlayForm::BuildHandling(bool winning) {
   const char* const* captions = winning ? kWinCaption : kLoseCaption;
   for (int i = 0; i < kRuleOptions; ++i) {
     auto* opt = new QRadioButton(captions[i]);
-    opt->setObjectName(QString(winning ? "optHandleWinningBets%1" : "optHandleLosingBets%1").arg(i));
+    opt->setObjectName(
+        QString(winning ? "optHandleWinningBets%1" : "optHandleLosingBets%1").arg(i));
     group->addButton(opt, i);
     grid->addWidget(opt, i, 0, 1, i < kSameBetOption ? kColumns : 1);
   }
@@ -187,9 +199,9 @@ QWidget* AutoPlayForm::BuildWorkingList() {
     const char* caption;
     int row, column;
   };
-  for (const Button& b : {Button{"cmdYes", "&Yes", 0, 0}, Button{"cmdNo", "&No", 0, 1},
-                          Button{"cmdDefault", "De&fault", 1, 0},
-                          Button{"cmdSelectAll", "Sele&ct All", 1, 1}}) {
+  for (const Button& b :
+       {Button{"cmdYes", "&Yes", 0, 0}, Button{"cmdNo", "&No", 0, 1},
+        Button{"cmdDefault", "De&fault", 1, 0}, Button{"cmdSelectAll", "Sele&ct All", 1, 1}}) {
     auto* button = new QPushButton(b.caption);
     button->setObjectName(b.name);
     buttons->addWidget(button, b.row, b.column);
@@ -233,6 +245,7 @@ void AutoPlayForm::FillWorkingList() {
   // The rows stay; only their texts follow the game, so the selection holds.
   for (int i = 0; i < working_->count(); ++i) {
     QListWidgetItem* item = working_->item(i);
-    item->setText(QString::fromStdString(ComeOutRowText(game_, p, item->data(Qt::UserRole).toInt())));
+    item->setText(
+        QString::fromStdString(ComeOutRowText(game_, p, item->data(Qt::UserRole).toInt())));
   }
 }

@@ -31,7 +31,8 @@ const char* const kGreyBackground = "background-color: #c0c0c0;";
 // red group around it does not colour it, on grey when the players differ.
 QString ButtonStyle(bool agree) {
   return QString("color: %1; %2")
-      .arg(QApplication::palette().color(QPalette::ButtonText).name(), agree ? "" : kGreyBackground);
+      .arg(QApplication::palette().color(QPalette::ButtonText).name(),
+           agree ? "" : kGreyBackground);
 }
 
 // An empty palette gives the widget back its inherited colours.
@@ -157,9 +158,8 @@ void AutoPlayForm::ShowAdjustRow(const AdjustRow& row, bool refillAmount) {
   }
   if (row.units) {
     const bool agree = AdjustAgrees(game_, selected, row.slot, AdjustPart::kUnits);
-    row.units->setText(AutoPlayUnitsCaption(agree ? static_cast<int>(a.AdjustUnits(p, row.slot).raw /
-                                                                     Currency::kScale)
-                                                  : 0));
+    row.units->setText(AutoPlayUnitsCaption(
+        agree ? static_cast<int>(a.AdjustUnits(p, row.slot).raw / Currency::kScale) : 0));
     row.units->setStyleSheet(ButtonStyle(agree));
   }
   const bool agree = AdjustAgrees(game_, selected, row.slot, AdjustPart::kAmount);
@@ -167,5 +167,6 @@ void AutoPlayForm::ShowAdjustRow(const AdjustRow& row, bool refillAmount) {
   // While the user types, the box keeps the typed text.
   if (refillAmount) row.amount->setText(text);
   const QColor colour = AutoPlayAmountColor(amount.ToDouble(), op) == 9 ? kAmountBlue : kDisagree;
-  row.amount->setStyleSheet(QString("color: %1; %2").arg(colour.name(), agree ? "" : kGreyBackground));
+  row.amount->setStyleSheet(
+      QString("color: %1; %2").arg(colour.name(), agree ? "" : kGreyBackground));
 }

@@ -47,10 +47,10 @@ class AutoPlayForm : public QDialog {
   // disagreement.
   struct OptionControl {
     AutoPlayOption option;
-    QCheckBox* check = nullptr;        // a switch
-    QButtonGroup* group = nullptr;     // or a set of options
-    QComboBox* combo = nullptr;        // or a list
-    QWidget* caption = nullptr;        // painted red when the selection disagrees
+    QCheckBox* check = nullptr;     // a switch
+    QButtonGroup* group = nullptr;  // or a set of options
+    QComboBox* combo = nullptr;     // or a list
+    QWidget* caption = nullptr;     // painted red when the selection disagrees
   };
   // A " Same Bet:" or " Bet:" row: slot k of the adjustment tables.
   struct AdjustRow {
