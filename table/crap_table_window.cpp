@@ -38,6 +38,8 @@
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
 #include "table/move_form.h"
+#include "table/new_form.h"
+#include "table/path_form.h"
 #include "table/qt_platform.h"
 #include "table/table_view.h"
 
@@ -117,7 +119,12 @@ void CrapTableWindow::BuildMenus() {
 
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   gameMenu->setToolTipsVisible(true);
-  Unbuilt(gameMenu, "mnuNew", "&New", "Starts a new session (frmNew); the form is not built yet.");
+  // New asks about unsaved work, then shows frmNew, whose OK starts the session.
+  connect(Item(gameMenu, "mnuNew", "&New"), &QAction::triggered, this, guarded([this] {
+            if (!PromptUnsavedWork(game_)) return;
+            NewForm form(game_, this);
+            if (form.exec() == QDialog::Accepted && bankroll_) bankroll_->Refresh();
+          }));
   // The game file commands ask their own questions; the caption then names
   // the file (RefreshMenus).
   auto fileCommand = [this, guarded](bool (*command)(Game&)) {
@@ -132,7 +139,10 @@ void CrapTableWindow::BuildMenus() {
           fileCommand(SaveGameCommand));
   connect(Item(gameMenu, "mnuSaveAs", "Sa&ve As ..."), &QAction::triggered, this,
           fileCommand(SaveGameAsCommand));
-  Unbuilt(gameMenu, "mnuShowPath", "Show &Path", "Opens frmPath; not built yet.");
+  connect(Item(gameMenu, "mnuShowPath", "Show &Path"), &QAction::triggered, this, [this] {
+    PathForm form(game_, this);
+    form.exec();
+  });
   Unbuilt(gameMenu, "mnuHotKeys", "&Hot-Keys ...", "Opens the Hot-Keys form; not built yet.");
   QMenu* position = gameMenu->addMenu("&Table Position");
   position->setObjectName("mnuTablePosition");
