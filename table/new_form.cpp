@@ -33,13 +33,13 @@ NewForm::NewForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
                           "Off: every player's script is cleared and switched off.");
   initialize_ = Check("chkInitialize", " Initialize active scripts", true,
                       "Active scripts run their first cycle at the start of every session.");
-  preserveGames_ = Check("chkPreserveGames", " Preserve statistics of past sessions",
-                         defaults.preserveGames,
-                         "On: this session's figures become the last session's, and the "
-                         "all-sessions figures keep adding up. Off: every figure starts at zero.");
-  preserveCheckstacks_ = Check("chkPreserveCheckstacks", " Preserve CheckStacks",
-                               defaults.preserveCheckstacks,
-                               "Off: every player's CheckStacks are emptied.");
+  preserveGames_ =
+      Check("chkPreserveGames", " Preserve statistics of past sessions", defaults.preserveGames,
+            "On: this session's figures become the last session's, and the "
+            "all-sessions figures keep adding up. Off: every figure starts at zero.");
+  preserveCheckstacks_ =
+      Check("chkPreserveCheckstacks", " Preserve CheckStacks", defaults.preserveCheckstacks,
+            "Off: every player's CheckStacks are emptied.");
   preserveSessionsLogs_ =
       Check("chkPreserveSessionsLogs", " Preserve Sessions Logs", defaults.preserveSessionsLogs,
             "Off: each player's sessions log is deleted and started again.");
@@ -47,7 +47,8 @@ NewForm::NewForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
                               "Off: the dice roll file is closed.");
   rewind_[0] = new QRadioButton(" Rewind and playback");
   rewind_[1] = new QRadioButton(ContinueDiceCaption(game));
-  for (int i = 0; i < 2; ++i) rewind_[static_cast<std::size_t>(i)]->setObjectName(QString("optRewind%1").arg(i));
+  for (int i = 0; i < 2; ++i)
+    rewind_[static_cast<std::size_t>(i)]->setObjectName(QString("optRewind%1").arg(i));
   if (game.diceFile.DiceFilePath.empty()) {
     // No file to keep: the dice options stay off.
     retainDiceRollFile_->setChecked(false);

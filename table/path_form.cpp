@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr const char* kIndent = "    ";  // a path sits under its caption
+constexpr const char* kIndent = "    ";              // a path sits under its caption
 constexpr int kShownColumns = 90, kShownLines = 30;  // eight players fit without scrolling
 
 }  // namespace
