@@ -13,7 +13,6 @@
 #include "automation/autoplay_state.h"
 #include "core/catalogue.h"
 #include "desktop_fixture.h"
-#include "form_child.h"
 #include "table/auto_play_form.h"
 
 class AutoPlayTest : public QObject {
@@ -33,16 +32,10 @@ const QColor kRed(192, 0, 0);
 
 // Selects the players of `bits` in lstPlayer as a user would.
 void SelectPlayers(AutoPlayForm& form, std::int32_t bits) {
-  auto* list = Child<QListWidget>(form, "lstPlayer");
+  auto* list = FormChild<QListWidget>(form, "lstPlayer");
   list->clearSelection();
   for (int i = 0; i < list->count(); ++i)
     if ((bits >> list->item(i)->data(Qt::UserRole).toInt()) & 1) list->item(i)->setSelected(true);
-}
-
-void Type(QLineEdit* box, const QString& text) {
-  box->selectAll();
-  QTest::keyClick(box, Qt::Key_Backspace);
-  QTest::keyClicks(box, text);
 }
 
 // Clicks a check box or option on its indicator, where a user clicks.
@@ -51,7 +44,7 @@ void Press(QAbstractButton* button) {
 }
 
 QListWidgetItem* WorkingRow(AutoPlayForm& form, int bet) {
-  auto* list = Child<QListWidget>(form, "lstWorkOnComeOut");
+  auto* list = FormChild<QListWidget>(form, "lstWorkOnComeOut");
   for (int i = 0; i < list->count(); ++i)
     if (list->item(i)->data(Qt::UserRole).toInt() == bet) return list->item(i);
   qFatal("no row for bet %d", bet);
@@ -76,22 +69,23 @@ void AutoPlayTest::opensOnTheSelectedPlayersValues() {
   const AutoPlayState before = a;
 
   AutoPlayForm& form = *t.window->AutoPlay();
-  QCOMPARE(Child<QLabel>(form, "lblSettingsFor")->text(), QString("Settings for\nBo"));
-  QVERIFY(Child<QListWidget>(form, "lstPlayer")->item(1)->isSelected());
-  QVERIFY(Child<QCheckBox>(form, "chkAutoLayFullOdds")->isChecked());
-  QVERIFY(!Child<QCheckBox>(form, "chkAutoTakeFullOdds")->isChecked());
-  QVERIFY(Child<QRadioButton>(form, "optAutoAdjustBetAmounts1")->isChecked());
-  QCOMPARE(Child<QComboBox>(form, "cmbPlaceBias")->currentText(),
+  QCOMPARE(FormChild<QLabel>(form, "lblSettingsFor")->text(), QString("Settings for\nBo"));
+  QVERIFY(FormChild<QListWidget>(form, "lstPlayer")->item(1)->isSelected());
+  QVERIFY(FormChild<QCheckBox>(form, "chkAutoLayFullOdds")->isChecked());
+  QVERIFY(!FormChild<QCheckBox>(form, "chkAutoTakeFullOdds")->isChecked());
+  QVERIFY(FormChild<QRadioButton>(form, "optAutoAdjustBetAmounts1")->isChecked());
+  QCOMPARE(FormChild<QComboBox>(form, "cmbPlaceBias")->currentText(),
            QString("Place bets bias: decrease"));
-  QCOMPARE(Child<QComboBox>(form, "cmbDoBias")->currentText(), QString("Do odds bias: nearest"));
-  QVERIFY(Child<QRadioButton>(form, "optHandleWinningBets6")->isChecked());
-  QVERIFY(Child<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
-  QCOMPARE(Child<QPushButton>(form, "cmdMathOperator9")->text(), QString("-"));
-  QCOMPARE(Child<QPushButton>(form, "cmdUnits9")->text(), QString("%"));
+  QCOMPARE(FormChild<QComboBox>(form, "cmbDoBias")->currentText(),
+           QString("Do odds bias: nearest"));
+  QVERIFY(FormChild<QRadioButton>(form, "optHandleWinningBets6")->isChecked());
+  QVERIFY(FormChild<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
+  QCOMPARE(FormChild<QPushButton>(form, "cmdMathOperator9")->text(), QString("-"));
+  QCOMPARE(FormChild<QPushButton>(form, "cmdUnits9")->text(), QString("%"));
   // An amount taken off under "-" shows in red, any other in blue.
-  QVERIFY(Child<QLineEdit>(form, "txtModifyAmount9")->styleSheet().contains(kRed.name()));
-  QCOMPARE(Child<QLineEdit>(form, "txtModifyAmount12")->text(), QString("12.5"));
-  QVERIFY(!Child<QLineEdit>(form, "txtModifyAmount12")->styleSheet().contains(kRed.name()));
+  QVERIFY(FormChild<QLineEdit>(form, "txtModifyAmount9")->styleSheet().contains(kRed.name()));
+  QCOMPARE(FormChild<QLineEdit>(form, "txtModifyAmount12")->text(), QString("12.5"));
+  QVERIFY(!FormChild<QLineEdit>(form, "txtModifyAmount12")->styleSheet().contains(kRed.name()));
   QCOMPARE(WorkingRow(form, PlaceId(6))->text(), QString("Place 6 - Yes"));
   QCOMPARE(WorkingRow(form, PlaceId(8))->text(), QString("Place 8 - No"));
   // Filling wrote nothing.
@@ -105,21 +99,21 @@ void AutoPlayTest::everyControlWritesToTheSelectionOnly() {
   form.show();
   SelectPlayers(form, kAnnAndCy);
   QCOMPARE(t.game->autoplay.SelectedPlayers, kAnnAndCy);
-  QCOMPARE(Child<QLabel>(form, "lblSettingsFor")->text(),
+  QCOMPARE(FormChild<QLabel>(form, "lblSettingsFor")->text(),
            QString("Settings for these 2\nselected players:"));
 
-  Press(Child<QCheckBox>(form, "chkAutoPassDice"));
-  Press(Child<QRadioButton>(form, "optAutoAdjustBetAmounts0"));
-  Press(Child<QRadioButton>(form, "optHandleLosingBets6"));
-  QTest::keyClick(Child<QComboBox>(form, "cmbDontBias"), Qt::Key_Down);
-  QTest::mouseClick(Child<QPushButton>(form, "cmdMathOperator10"), Qt::LeftButton);
-  QTest::mouseClick(Child<QPushButton>(form, "cmdMathOperator10"), Qt::LeftButton);
-  QTest::mouseClick(Child<QPushButton>(form, "cmdUnits10"), Qt::LeftButton);
-  Type(Child<QLineEdit>(form, "txtModifyAmount10"), "7.5");
-  Type(Child<QLineEdit>(form, "txtModifyAmount11"), "40");
+  Press(FormChild<QCheckBox>(form, "chkAutoPassDice"));
+  Press(FormChild<QRadioButton>(form, "optAutoAdjustBetAmounts0"));
+  Press(FormChild<QRadioButton>(form, "optHandleLosingBets6"));
+  QTest::keyClick(FormChild<QComboBox>(form, "cmbDontBias"), Qt::Key_Down);
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdMathOperator10"), Qt::LeftButton);
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdMathOperator10"), Qt::LeftButton);
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdUnits10"), Qt::LeftButton);
+  TypeInto(FormChild<QLineEdit>(form, "txtModifyAmount10"), "7.5");
+  TypeInto(FormChild<QLineEdit>(form, "txtModifyAmount11"), "40");
   WorkingRow(form, PlaceId(6))->setSelected(true);
   WorkingRow(form, bet::kField)->setSelected(true);
-  QTest::mouseClick(Child<QPushButton>(form, "cmdYes"), Qt::LeftButton);
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdYes"), Qt::LeftButton);
 
   const AutoPlayState& a = t.game->autoplay;
   for (int p : {1, 3}) {
@@ -147,7 +141,7 @@ void AutoPlayTest::everyControlWritesToTheSelectionOnly() {
 
   // A double click turns the row over; Default brings back the table's row.
   QListWidgetItem* row = WorkingRow(form, bet::kField);
-  auto* list = Child<QListWidget>(form, "lstWorkOnComeOut");
+  auto* list = FormChild<QListWidget>(form, "lstWorkOnComeOut");
   list->scrollToItem(row);
   const QPoint at = list->visualItemRect(row).center();
   // The view takes a double click after the press that picks the row.
@@ -157,7 +151,7 @@ void AutoPlayTest::everyControlWritesToTheSelectionOnly() {
   QCOMPARE(row->text(), QString("Field - No"));
   list->clearSelection();
   WorkingRow(form, PlaceId(6))->setSelected(true);
-  QTest::mouseClick(Child<QPushButton>(form, "cmdDefault"), Qt::LeftButton);
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdDefault"), Qt::LeftButton);
   QCOMPARE(t.game->BetWorkingDefault(1, PlaceId(6)), t.game->BetWorkingDefault(0, PlaceId(6)));
 }
 
@@ -168,17 +162,18 @@ void AutoPlayTest::aDisagreeingSelectionSetsNoOption() {
   t.game->autoplay.SelectedPlayers = kAnnAndCy;
   AutoPlayForm& form = *t.window->AutoPlay();
   form.show();
-  auto* winning = Child<QGroupBox>(form, "fraHandleWinningBets");
+  auto* winning = FormChild<QGroupBox>(form, "fraHandleWinningBets");
   for (QRadioButton* opt : winning->findChildren<QRadioButton*>()) QVERIFY(!opt->isChecked());
   QCOMPARE(winning->palette().color(QPalette::WindowText), kRed);
-  QVERIFY(Child<QPushButton>(form, "cmdMathOperator9")->styleSheet().contains("background"));
+  QVERIFY(FormChild<QPushButton>(form, "cmdMathOperator9")->styleSheet().contains("background"));
   // The groups they agree on show plainly.
-  QVERIFY(Child<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
-  QVERIFY(Child<QGroupBox>(form, "fraHandleLosingBets")->palette().color(QPalette::WindowText) !=
-          kRed);
-  QVERIFY(!Child<QPushButton>(form, "cmdMathOperator10")->styleSheet().contains("background"));
+  QVERIFY(FormChild<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
+  QVERIFY(
+      FormChild<QGroupBox>(form, "fraHandleLosingBets")->palette().color(QPalette::WindowText) !=
+      kRed);
+  QVERIFY(!FormChild<QPushButton>(form, "cmdMathOperator10")->styleSheet().contains("background"));
   // A choice settles the difference for both.
-  Press(Child<QRadioButton>(form, "optHandleWinningBets3"));
+  Press(FormChild<QRadioButton>(form, "optHandleWinningBets3"));
   QCOMPARE(t.game->autoplay.HandleWinningBets(1), int{kWinPressUnit});
   QCOMPARE(t.game->autoplay.HandleWinningBets(3), int{kWinPressUnit});
   QVERIFY(winning->palette().color(QPalette::WindowText) != kRed);
@@ -191,7 +186,7 @@ void AutoPlayTest::fullOddsSwitchedOnTakesTheOddsAtOnce() {
   t.game->autoplay.SelectedPlayers = 1 << 2;
   AutoPlayForm& form = *t.window->AutoPlay();
   form.show();
-  Press(Child<QCheckBox>(form, "chkAutoTakeFullOdds"));
+  Press(FormChild<QCheckBox>(form, "chkAutoTakeFullOdds"));
   QVERIFY(t.game->autoplay.AutoTakeFullOdds(2));
   QVERIFY(t.game->Bet(2, bet::kPassLineOdds) > Currency{});
   QCOMPARE(t.game->Bet(1, bet::kPassLineOdds), Currency{});
@@ -205,7 +200,7 @@ void AutoPlayTest::theKeyAndTheMenuOpenTheForm() {
   AutoPlayForm* form = t.window->findChild<AutoPlayForm*>("frmAutoPlay");
   QVERIFY(form && form->isVisible());
   // A player alone at the table is the selection.
-  QCOMPARE(Child<QLabel>(*form, "lblSettingsFor")->text(), QString("Settings for\nAnn"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblSettingsFor")->text(), QString("Settings for\nAnn"));
   form->close();
   item->trigger();
   QVERIFY(form->isVisible());

@@ -8,7 +8,6 @@
 #include "core/frames.h"
 #include "desktop_fixture.h"
 #include "dice/dice_file.h"
-#include "form_child.h"
 #include "table/new_form.h"
 #include "tests/support/temp_folder.h"
 
@@ -55,11 +54,11 @@ void NewFormTest::theChoicesReachTheNewSession() {
     PlaySome(*t.game);
     NewForm form(*t.game, t.window.get());
     form.show();
-    if (!c.keepStats) Press(Child<QCheckBox>(form, "chkPreserveGames"));
-    if (!c.keepStacks) Press(Child<QCheckBox>(form, "chkPreserveCheckstacks"));
-    if (!c.keepScripts) Press(Child<QCheckBox>(form, "chkRetainAutoBets"));
-    QCOMPARE(Child<QCheckBox>(form, "chkInitialize")->isEnabled(), c.keepScripts);
-    QTest::mouseClick(Child<QPushButton>(form, "cmdOK"), Qt::LeftButton);
+    if (!c.keepStats) Press(FormChild<QCheckBox>(form, "chkPreserveGames"));
+    if (!c.keepStacks) Press(FormChild<QCheckBox>(form, "chkPreserveCheckstacks"));
+    if (!c.keepScripts) Press(FormChild<QCheckBox>(form, "chkRetainAutoBets"));
+    QCOMPARE(FormChild<QCheckBox>(form, "chkInitialize")->isEnabled(), c.keepScripts);
+    QTest::mouseClick(FormChild<QPushButton>(form, "cmdOK"), Qt::LeftButton);
 
     const Game& g = *t.game;
     QCOMPARE(g.Bet(1, 0), kStart);  // the start rule's bankroll
@@ -81,9 +80,9 @@ void NewFormTest::cancelChangesNothing() {
   const auto before = std::make_unique<Game>(*t.game);
   NewForm form(*t.game, t.window.get());
   form.show();
-  Press(Child<QCheckBox>(form, "chkPreserveGames"));
-  Press(Child<QCheckBox>(form, "chkRetainAutoBets"));
-  QTest::mouseClick(Child<QPushButton>(form, "cmdCancel"), Qt::LeftButton);
+  Press(FormChild<QCheckBox>(form, "chkPreserveGames"));
+  Press(FormChild<QCheckBox>(form, "chkRetainAutoBets"));
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdCancel"), Qt::LeftButton);
   QVERIFY(!form.isVisible());
   QVERIFY(*t.game == *before);
 }
@@ -92,10 +91,10 @@ void NewFormTest::theDiceOptionsFollowTheFileInUse() {
   DesktopTable t(1);
   {
     NewForm form(*t.game, t.window.get());
-    QVERIFY(!Child<QCheckBox>(form, "chkRetainDiceRollFile")->isEnabled());
-    QVERIFY(!Child<QCheckBox>(form, "chkRetainDiceRollFile")->isChecked());
-    QVERIFY(!Child<QRadioButton>(form, "optRewind0")->isEnabled());
-    QVERIFY(!Child<QRadioButton>(form, "optRewind1")->isChecked());
+    QVERIFY(!FormChild<QCheckBox>(form, "chkRetainDiceRollFile")->isEnabled());
+    QVERIFY(!FormChild<QCheckBox>(form, "chkRetainDiceRollFile")->isChecked());
+    QVERIFY(!FormChild<QRadioButton>(form, "optRewind0")->isEnabled());
+    QVERIFY(!FormChild<QRadioButton>(form, "optRewind1")->isChecked());
     QCOMPARE(form.Choice().diceMode, 0);
   }
   TempFolder folder;
@@ -104,12 +103,13 @@ void NewFormTest::theDiceOptionsFollowTheFileInUse() {
   t.game->diceFile.DiceFilePos = 9;
   NewForm form(*t.game, t.window.get());
   form.show();
-  QCOMPARE(Child<QRadioButton>(form, "optRewind1")->text(), QString(" Continue recording as is"));
-  QVERIFY(Child<QRadioButton>(form, "optRewind1")->isChecked());
+  QCOMPARE(FormChild<QRadioButton>(form, "optRewind1")->text(),
+           QString(" Continue recording as is"));
+  QVERIFY(FormChild<QRadioButton>(form, "optRewind1")->isChecked());
   QCOMPARE(form.Choice().diceMode, 2);
   // Rewind: the file plays back from its first roll.
-  Press(Child<QRadioButton>(form, "optRewind0"));
-  QTest::mouseClick(Child<QPushButton>(form, "cmdOK"), Qt::LeftButton);
+  Press(FormChild<QRadioButton>(form, "optRewind0"));
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdOK"), Qt::LeftButton);
   QCOMPARE(t.game->diceFile.DiceFileMode, kDiceFilePlayback);
   QCOMPARE(t.game->diceFile.DiceFilePos, 1);
 }
@@ -130,7 +130,7 @@ void NewFormTest::theMenuAsksFirstThenShowsTheForm() {
     // The question came before the form.
     QCOMPARE(t.shown.size(), std::size_t{1});
     QCOMPARE(t.shown[0].first, std::string("Save Session"));
-    QTest::mouseClick(Child<QPushButton>(*form, "cmdOK"), Qt::LeftButton);
+    QTest::mouseClick(FormChild<QPushButton>(*form, "cmdOK"), Qt::LeftButton);
   });
   poll.start(5);
   t.window->findChild<QAction*>("mnuNew")->trigger();

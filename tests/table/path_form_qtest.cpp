@@ -3,7 +3,6 @@
 #include <QTimer>
 
 #include "desktop_fixture.h"
-#include "form_child.h"
 #include "table/path_form.h"
 #include "tests/support/temp_folder.h"
 
