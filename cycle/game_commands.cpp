@@ -107,6 +107,22 @@ bool PromptUnsavedWork(Game& g) {
 
 bool NewGameCommand(Game& g, const NewSessionChoice& c) {
   if (!PromptUnsavedWork(g)) return false;
+  StartNewGame(g, c);
+  return true;
+}
+
+const char* ContinueDiceCaption(const Game& g) {
+  switch (g.diceFile.DiceFileMode) {
+    case kDiceFilePlayback:
+      return " Continue playback as is";
+    case kDiceFileRecording:
+      return " Continue recording as is";
+    default:
+      return " Continue inactive";
+  }
+}
+
+void StartNewGame(Game& g, const NewSessionChoice& c) {
   if (!c.retainAutoBets) {
     for (int p = 1; p <= 8; ++p) ClearScript(g, p);
     g.roll.ScriptActive.fill(false);
@@ -117,7 +133,6 @@ bool NewGameCommand(Game& g, const NewSessionChoice& c) {
   g.gamefile.GameFilePath.clear();
   g.roll.SessionDirty = false;
   if (g.Shooter > 0 && g.Point == 0) PlayComeOutCall(g);
-  return true;
 }
 
 void StartScriptsAfterNewSession(Game& g) {

@@ -33,6 +33,13 @@ bool OpenStartupGame(Game& game, const std::string& commandLine);
 bool PromptUnsavedWork(Game& game);
 // mnuNew after frmNew's OK: the prompts, then a new session; false on Cancel.
 bool NewGameCommand(Game& game, const NewSessionChoice& choice);
+// What follows frmNew's OK once the prompts have run (the window asks them
+// before it shows the form): the scripts kept or cleared, NewSession, the
+// first script cycle, no game file, the stick call.
+void StartNewGame(Game& game, const NewSessionChoice& choice);
+// frmNew's second dice option: " Continue playback as is", " Continue
+// recording as is" or " Continue inactive", by the dice roll file's mode.
+const char* ContinueDiceCaption(const Game& game);
 // mnuOpen: the prompts, the chooser, OpenGame; true when a game was opened.
 bool OpenGameCommand(Game& game);
 // mnuSave: to GameFilePath, or as mnuSaveAs without one; true when saved.

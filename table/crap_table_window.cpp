@@ -33,10 +33,13 @@
 #include "cycle/player_names.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
+#include "table/auto_play_form.h"
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
 #include "table/move_form.h"
+#include "table/new_form.h"
+#include "table/path_form.h"
 #include "table/qt_platform.h"
 #include "table/table_view.h"
 
@@ -116,7 +119,12 @@ void CrapTableWindow::BuildMenus() {
 
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   gameMenu->setToolTipsVisible(true);
-  Unbuilt(gameMenu, "mnuNew", "&New", "Starts a new session (frmNew); the form is not built yet.");
+  // New asks about unsaved work, then shows frmNew, whose OK starts the session.
+  connect(Item(gameMenu, "mnuNew", "&New"), &QAction::triggered, this, guarded([this] {
+            if (!PromptUnsavedWork(game_)) return;
+            NewForm form(game_, this);
+            if (form.exec() == QDialog::Accepted && bankroll_) bankroll_->Refresh();
+          }));
   // The game file commands ask their own questions; the caption then names
   // the file (RefreshMenus).
   auto fileCommand = [this, guarded](bool (*command)(Game&)) {
@@ -131,7 +139,10 @@ void CrapTableWindow::BuildMenus() {
           fileCommand(SaveGameCommand));
   connect(Item(gameMenu, "mnuSaveAs", "Sa&ve As ..."), &QAction::triggered, this,
           fileCommand(SaveGameAsCommand));
-  Unbuilt(gameMenu, "mnuShowPath", "Show &Path", "Opens frmPath; not built yet.");
+  connect(Item(gameMenu, "mnuShowPath", "Show &Path"), &QAction::triggered, this, [this] {
+    PathForm form(game_, this);
+    form.exec();
+  });
   Unbuilt(gameMenu, "mnuHotKeys", "&Hot-Keys ...", "Opens the Hot-Keys form; not built yet.");
   QMenu* position = gameMenu->addMenu("&Table Position");
   position->setObjectName("mnuTablePosition");
@@ -212,7 +223,8 @@ void CrapTableWindow::BuildMenus() {
   connect(Item(action, "mnuPassDice", "Pass the dice\tP"), &QAction::triggered, this,
           key(Qt::Key_P));
   Unbuilt(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8", "Opens the dice roll files; not built yet.");
-  Unbuilt(action, "mnuAutoPlay", "Auto-&Play ...\tF3", "Opens the Auto-Play rules; not built yet.");
+  connect(Item(action, "mnuAutoPlay", "Auto-&Play ...\tF3"), &QAction::triggered, this,
+          guarded([this] { AutoPlay()->show(); }));
   Unbuilt(action, "mnuAutoBet", "Auto-&Bet ...\tF4", "Opens the script editor; not built yet.");
   action->addSeparator();
   connect(Item(action, "mnuBuyPlaceBet", "B&uy Place bet\tF5"), &QAction::triggered, this,
@@ -287,6 +299,7 @@ void CrapTableWindow::RefreshMenus() {
   if (!isMinimized()) setWindowTitle(Caption());
   if (checkStacks_) checkStacks_->Refresh();
   if (bankroll_) bankroll_->Refresh();
+  if (autoPlay_) autoPlay_->Refresh();
 }
 
 void CrapTableWindow::SaveView(int n) {
@@ -320,7 +333,8 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (digit >= 0 && (mods & Qt::ShiftModifier)) return SaveView(digit);
   if (digit >= 0 && (mods & Qt::ControlModifier)) return RestoreView(digit);
   if (key == Qt::Key_Z) Move()->show();
-  // F3, F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
+  if (key == Qt::Key_F3) AutoPlay()->show();
+  // F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
 }
 
 ConfigureForm* CrapTableWindow::Configure() {
@@ -344,6 +358,15 @@ CheckStacksForm* CrapTableWindow::CheckStacks() {
     connect(checkStacks_, &CheckStacksForm::changed, view_, qOverload<>(&QWidget::update));
   }
   return checkStacks_;
+}
+
+AutoPlayForm* CrapTableWindow::AutoPlay() {
+  if (!autoPlay_) {
+    autoPlay_ = new AutoPlayForm(game_, this);
+    connect(autoPlay_, &AutoPlayForm::changed, view_, qOverload<>(&QWidget::update));
+  }
+  autoPlay_->Refresh();
+  return autoPlay_;
 }
 
 void CrapTableWindow::closeEvent(QCloseEvent* event) {

@@ -12,6 +12,7 @@ class BankrollForm;
 class ConfigureForm;
 class MoveForm;
 class CheckStacksForm;
+class AutoPlayForm;
 struct Game;
 
 class CrapTableWindow : public QMainWindow {
@@ -27,6 +28,8 @@ class CrapTableWindow : public QMainWindow {
   MoveForm* Move();
   // frmCheckStacks, made on first use.
   CheckStacksForm* CheckStacks();
+  // frmAutoPlay, made on first use (F3, mnuAutoPlay).
+  AutoPlayForm* AutoPlay();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -53,4 +56,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<ConfigureForm> configure_;
   QPointer<MoveForm> move_;
   QPointer<CheckStacksForm> checkStacks_;
+  QPointer<AutoPlayForm> autoPlay_;
 };

@@ -11,16 +11,21 @@
 
 #include "app/cli/player_options.h"
 #include "app/desktop/scene.h"
+#include "automation/autoplay_selection.h"
 #include "cycle/hyperdrive.h"
+#include "dice/dice_file.h"
 #include "dice/rng.h"
 #include "core/game.h"
 #include "cycle/startup.h"
 #include "store/game_file.h"
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
+#include "table/auto_play_form.h"
 #include "table/configure_form.h"
 #include "table/table_colors.h"
 #include "table/crap_table_window.h"
+#include "table/new_form.h"
+#include "table/path_form.h"
 #include "table/qt_platform.h"
 #include "table/table_view.h"
 
@@ -38,6 +43,7 @@ struct Options {
   double seed = 0;
   int bettor = 0;
   bool fullTable = false;
+  std::string diceFile;
   int graphAdjust = -1;
   int graphAverage = -1;
   int skin = 0;
@@ -83,13 +89,14 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, or configure[:TAB]");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, or configure[:TAB]");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
   cli.add_option("--rolls", o.rolls, "Run Hyper-Drive this many rolls first");
   cli.add_option("--seed", o.seed, "Seed of the dice");
   cli.add_option("--bettor", o.bettor, "Seat of the selected player");
+  cli.add_option("--dice-file", o.diceFile, "Open (or create) a dice roll file and record to it");
   cli.add_flag("--full-table", o.fullTable, "Seat eight players with bets of every kind");
   cli.add_option("--graph-adjust", o.graphAdjust, "Bankroll graph: 0 manual, 1 auto-shift, 2 expanding, 3 snap-back")
       ->check(CLI::Range(0, 3));
@@ -131,6 +138,10 @@ int main(int argc, char** argv) {
     return 1;
   }
   if (o.fullTable) SeatFullTable(*game);
+  // A refused file has told why in its message.
+  if (!o.diceFile.empty() &&
+      !(OpenDiceRollFile(*game, o.diceFile) && SetDiceFileMode(*game, kDiceFileRecording)))
+    return 1;
   // A loaded game keeps its own view unless an option says otherwise.
   const bool fresh = o.load.empty();
   if (fresh || cli.count("--rotate")) game->table.TableRotation = ((o.rotate % 360) + 360) % 360;
@@ -175,6 +186,20 @@ int main(int argc, char** argv) {
     CheckStacksForm* form = window.CheckStacks();
     form->Refresh();
     form->show();
+    target = form;
+  } else if (o.view == "new" || o.view == "path") {
+    QDialog* form = o.view == "new" ? static_cast<QDialog*>(new NewForm(*game, &window))
+                                    : new PathForm(*game, &window);
+    form->show();
+    form->adjustSize();
+    target = form;
+  } else if (o.view.rfind("autoplay", 0) == 0) {
+    // autoplay or autoplay:BITS, BITS the selected players (bit p for player p)
+    const std::size_t colon = o.view.find(':');
+    if (colon != std::string::npos) SetAutoPlaySelection(*game, std::atoi(o.view.c_str() + colon + 1));
+    QWidget* form = window.AutoPlay();
+    form->show();
+    form->adjustSize();
     target = form;
   }
   QApplication::processEvents();

@@ -137,6 +137,31 @@ TEST_F(GameCommands, NewKeepsOrClearsScriptsAndStartsAFreshSession) {
   EXPECT_FALSE(game->roll.ScriptActive[1]);
 }
 
+TEST_F(GameCommands, AfterTheFormTheNewSessionAsksNothingMore) {
+  // The window has asked the prompts before the form; a session still marked
+  // unsaved (the user said No) is not asked about again.
+  SeatPlayer(*game, 1, "Ann", Currency::FromWhole(200));
+  game->Bet(1, bet::kField) = Currency::FromWhole(5);
+  game->roll.SessionDirty = true;
+  NewSessionChoice choice;
+  StartNewGame(*game, choice);
+  EXPECT_TRUE(platform.messages.empty()) << LastMessage();
+  EXPECT_EQ(game->Bet(1, bet::kField), Currency{});
+  EXPECT_FALSE(game->roll.SessionDirty);
+}
+
+TEST_F(GameCommands, TheSecondDiceOptionNamesWhatContinues) {
+  const std::pair<std::int32_t, const char*> cases[] = {
+      {kDiceFileInactive, " Continue inactive"},
+      {kDiceFileRecording, " Continue recording as is"},
+      {kDiceFilePlayback, " Continue playback as is"},
+  };
+  for (const auto& [mode, caption] : cases) {
+    game->diceFile.DiceFileMode = mode;
+    EXPECT_STREQ(ContinueDiceCaption(*game), caption);
+  }
+}
+
 TEST_F(GameCommands, ClosingSavesTheDefaultGameInTheDataFolder) {
   HeadlessPlatform other;
   auto g = MakeGame(other);
