@@ -62,6 +62,8 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-comps.png --view configure:2
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bankroll.png --view configure:5 --full-table
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/check-stacks.png --view checkstacks --full-table
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-probability.png --view configure:8
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-advantage.png --view configure:9
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

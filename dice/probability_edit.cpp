@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double kTypedScale = 1000;  // the entry box's value, times 1000
+constexpr double kTypedScale = 1000;              // the entry box's value, times 1000
 constexpr int kMatrixColumns = kSecondDieColumn;  // columns 1..13 of rows 1..7
 constexpr std::size_t kMaxDigits = 13;            // as the key filter allows
 
@@ -53,7 +53,8 @@ std::optional<double> ParseProbabilityText(std::string_view text) {
       return std::nullopt;
     }
   }
-  if (digits == 0 || points > 1 || digits > kMaxDigits + kProbEntryDecimals + 1) return std::nullopt;
+  if (digits == 0 || points > 1 || digits > kMaxDigits + kProbEntryDecimals + 1)
+    return std::nullopt;
   const std::string copy(text);
   return std::strtod(copy.c_str(), nullptr);
 }

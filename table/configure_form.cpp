@@ -17,6 +17,8 @@
 #include "core/message_dialog.h"
 #include "core/money.h"
 #include "engine/bankroll.h"
+#include "table/configure_advantage_tab.h"
+#include "table/configure_probability_tab.h"
 #include "table/configure_tabs.h"
 #include "table/numeric_box.h"
 
@@ -53,10 +55,10 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
                         BuildBankroll(),
                         BuildBets(),
                         BuildPayoffs(),
-                        BuildUnbuilt("Probability"),
-                        BuildUnbuilt("Advantage")};
+                        new ProbabilityTab(game_),
+                        new AdvantageTab(game_)};
   for (int i = 0; i < 10; ++i) tabs_->addTab(pages[i], kTabCaption[i]);
-  for (int i : {kTabSound, kTabProbability, kTabAdvantage}) {
+  for (int i : {kTabSound}) {
     tabs_->setTabEnabled(i, false);
     tabs_->setTabToolTip(i, unbuilt);
   }

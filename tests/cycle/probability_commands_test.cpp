@@ -18,7 +18,9 @@ namespace {
 class ProbabilityCommands : public StoreFixture {
  protected:
   void Answer(int answer) { platform.queuedReplies.push_back({answer, "", "", false}); }
-  void Type(std::optional<std::string> name) { platform.queuedFileNames.push_back(std::move(name)); }
+  void Type(std::optional<std::string> name) {
+    platform.queuedFileNames.push_back(std::move(name));
+  }
   // An edited, unsaved table: total 7 at 20 percent.
   void Edit() { SetProbabilityCell(*game, kTotalRow, 6, 20000, true); }
 };
@@ -73,7 +75,8 @@ TEST_F(ProbabilityCommands, FilesThatCannotBeOpenedAreToldAndChangeNothing) {
     ASSERT_EQ(platform.messages.size(), 1u) << c.name;
     EXPECT_EQ(platform.messages[0].title, "Unable to Open Probability File");
     EXPECT_EQ(platform.messages[0].text.rfind(Path(c.name), 0), 0u) << platform.messages[0].text;
-    EXPECT_NE(platform.messages[0].text.find(c.says), std::string::npos) << platform.messages[0].text;
+    EXPECT_NE(platform.messages[0].text.find(c.says), std::string::npos)
+        << platform.messages[0].text;
     EXPECT_EQ(game->probability, before) << c.name;
   }
 }

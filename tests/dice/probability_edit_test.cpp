@@ -65,10 +65,11 @@ TEST_F(ProbabilityEdit, TheSelectionIsAlwaysAnEntry) {
 
 TEST(ProbabilityEditText, OnlyPlainNumbersAreRead) {
   const std::pair<const char*, std::optional<double>> cases[] = {
-      {"20", 20.0},       {"12.345", 12.345}, {"-1.5", -1.5},      {".5", 0.5},
-      {"7.", 7.0},        {"", std::nullopt}, {"-", std::nullopt}, {".", std::nullopt},
-      {"1.2.3", std::nullopt}, {"abc", std::nullopt}, {"1e5", std::nullopt},
-      {"5-", std::nullopt},    {" 5", std::nullopt},
+      {"20", 20.0},          {"12.345", 12.345},    {"-1.5", -1.5},
+      {".5", 0.5},           {"7.", 7.0},           {"", std::nullopt},
+      {"-", std::nullopt},   {".", std::nullopt},   {"1.2.3", std::nullopt},
+      {"abc", std::nullopt}, {"1e5", std::nullopt}, {"5-", std::nullopt},
+      {" 5", std::nullopt},
   };
   for (const auto& [text, want] : cases) EXPECT_EQ(ParseProbabilityText(text), want) << text;
 }
@@ -83,10 +84,10 @@ TEST_F(ProbabilityEdit, ATypedValueIsReadInTheDisplayMode) {
   };
   const Case cases[] = {
       {kShowPercentage, 36, "20", 20000},
-      {kShowPercentFromTrue, 36, "1.5", 18167},   // 16666.67 + 1500
-      {kShowRollsOutOf, 36, "7", 19444},          // 7 x 100000 / 36
+      {kShowPercentFromTrue, 36, "1.5", 18167},  // 16666.67 + 1500
+      {kShowRollsOutOf, 36, "7", 19444},         // 7 x 100000 / 36
       {kShowRollsOutOf, 100, "25", 25000},
-      {kShowRollsFromTrue, 36, "-1", 13889},      // 6 - 1 rolls out of 36
+      {kShowRollsFromTrue, 36, "-1", 13889},  // 6 - 1 rolls out of 36
   };
   for (const Case& c : cases) {
     NewProbabilities(g);
