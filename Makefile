@@ -62,7 +62,10 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-comps.png --view configure:2
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bankroll.png --view configure:5 --full-table
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/check-stacks.png --view checkstacks --full-table
-	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-probability.png --view configure:8
+	$(BUILD)/app/ravelton-cli probability --set-face 1:6=20000 --set-total 7=18000 \
+	  --save $(BUILD)/skew.prb > /dev/null
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-probability.png --view configure:8 \
+	  --prb $(BUILD)/skew.prb --prob-mode 1
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-advantage.png --view configure:9
 
 test: build
