@@ -13,6 +13,7 @@
 
 #include "core/catalogue.h"
 #include "desktop_fixture.h"
+#include "form_controls.h"
 #include "dice/probability.h"
 #include "dice/probability_file.h"
 #include "table/configure_form.h"
@@ -30,19 +31,6 @@ class ConfigureProbabilityTest : public QObject {
 };
 
 namespace {
-
-template <typename T>
-T* Child(QWidget& form, const char* name) {
-  T* w = form.findChild<T*>(name);
-  if (w == nullptr) qFatal("no control %s", name);
-  return w;
-}
-
-void Type(QLineEdit* box, const QString& text) {
-  box->selectAll();
-  QTest::keyClick(box, Qt::Key_Backspace);
-  QTest::keyClicks(box, text);
-}
 
 // The form shown on a tab.
 ConfigureForm* OpenOn(DesktopTable& t, int tab) {

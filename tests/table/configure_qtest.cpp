@@ -13,6 +13,7 @@
 #include "core/catalogue.h"
 #include "core/money.h"
 #include "desktop_fixture.h"
+#include "form_controls.h"
 #include "table/configure_form.h"
 
 class ConfigureTest : public QObject {
@@ -25,19 +26,6 @@ class ConfigureTest : public QObject {
   void payoffDenominatorOfZeroIsRefused();
 };
 
-namespace {
-template <typename T>
-T* Child(ConfigureForm& form, const char* name) {
-  T* w = form.findChild<T*>(name);
-  if (w == nullptr) qFatal("no control %s", name);
-  return w;
-}
-void Type(QLineEdit* box, const QString& text) {
-  box->selectAll();
-  QTest::keyClick(box, Qt::Key_Backspace);
-  QTest::keyClicks(box, text);
-}
-}  // namespace
 
 void ConfigureTest::opensOnTheGamesValues() {
   DesktopTable t;
