@@ -13,7 +13,6 @@
 
 #include "core/catalogue.h"
 #include "desktop_fixture.h"
-#include "form_controls.h"
 #include "dice/probability.h"
 #include "dice/probability_file.h"
 #include "table/configure_form.h"
@@ -44,11 +43,11 @@ ConfigureForm* OpenOn(DesktopTable& t, int tab) {
 
 // The text of bet b's column c (1 EV/Roll .. 5 EV/Hour) on the Advantage tab.
 QString Figure(ConfigureForm& form, int b, int c) {
-  return Child<QTableWidget>(form, "picAdvantage")->item(b - 1, c)->text();
+  return FormChild<QTableWidget>(form, "picAdvantage")->item(b - 1, c)->text();
 }
 
 void ClickEntry(ConfigureForm& form, ProbEntry e) {
-  auto* matrix = Child<ProbabilityMatrix>(form, "picProbability");
+  auto* matrix = FormChild<ProbabilityMatrix>(form, "picProbability");
   QTest::mouseClick(matrix, Qt::LeftButton, Qt::NoModifier, matrix->EntryRect(e).center());
 }
 
@@ -63,7 +62,7 @@ std::string TempPath(const char* name) {
 void ConfigureProbabilityTest::advantageOfTheDefaults() {
   DesktopTable t;
   ConfigureForm* form = OpenOn(t, kTabAdvantage);
-  auto* table = Child<QTableWidget>(*form, "picAdvantage");
+  auto* table = FormChild<QTableWidget>(*form, "picAdvantage");
   QCOMPARE(table->rowCount(), kLastRealBet);
   QCOMPARE(table->item(bet::kPassLine - 1, 0)->text(), QString("Passline/Come"));
   QCOMPARE(table->horizontalHeaderItem(3)->text(), QString("EV/Dec"));
@@ -71,19 +70,19 @@ void ConfigureProbabilityTest::advantageOfTheDefaults() {
   QCOMPARE(Figure(*form, bet::kPassLine, 3), QString("-1.41"));
   QCOMPARE(table->item(bet::kPassLine - 1, 3)->toolTip(), QString("-1.4141%"));
   QCOMPARE(table->item(bet::kPassLine - 1, 3)->foreground().color(), QColor(Qt::red));
-  QCOMPARE(Child<QLabel>(*form, "lblAdvantageDice")->text(),
+  QCOMPARE(FormChild<QLabel>(*form, "lblAdvantageDice")->text(),
            QString("Figured using true probabilities"));
   // Fire: no point made in 0.593939 of hands, a hand lasts 8.5255 rolls.
-  QCOMPARE(Child<QTableWidget>(*form, "tblFireOdds")->item(0, 1)->text(), QString("0.593939"));
-  QCOMPARE(Child<QLabel>(*form, "lblFireRolls")->text(), QString("Rolls per hand: 8.5255"));
+  QCOMPARE(FormChild<QTableWidget>(*form, "tblFireOdds")->item(0, 1)->text(), QString("0.593939"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblFireRolls")->text(), QString("Rolls per hand: 8.5255"));
 
   // The options: zero outcomes make a Place bet's EV/Dec its EV/Roll; the
   // misc. view shows rolls per decision.
-  Child<QCheckBox>(*form, "mnuIncludeZeroOutcomes")->setChecked(true);
+  FormChild<QCheckBox>(*form, "mnuIncludeZeroOutcomes")->setChecked(true);
   QVERIFY(t.game->advantage.CountZeroOutcomes);
   QCOMPARE(Figure(*form, 34, 3), Figure(*form, 34, 1));  // Place 6
   QCOMPARE(Figure(*form, bet::kDontPass, 3), QString("-1.36"));
-  Child<QCheckBox>(*form, "mnuShowMiscData")->setChecked(true);
+  FormChild<QCheckBox>(*form, "mnuShowMiscData")->setChecked(true);
   QVERIFY(t.game->advantage.ShowMiscData);
   QCOMPARE(table->horizontalHeaderItem(1)->text(), QString("Rolls/Dec"));
   QCOMPARE(Figure(*form, 34, 1), QString("1.00"));
@@ -99,23 +98,23 @@ void ConfigureProbabilityTest::advantageAnswersToVigAndDice() {
 
   // The Buy vig changed on the Bets tab.
   form->Tabs()->setCurrentIndex(kTabBets);
-  Type(Child<QLineEdit>(*form, "txtBuyVigPct"), "2");
+  TypeInto(FormChild<QLineEdit>(*form, "txtBuyVigPct"), "2");
   form->Tabs()->setCurrentIndex(kTabAdvantage);
   QVERIFY(Figure(*form, buy4, 3) != buyBefore);
   QCOMPARE(Figure(*form, bet::kPassLine, 3), passBefore);
 
   // Skewed dice put in play on the Probability tab: seven at 20 percent.
   form->Tabs()->setCurrentIndex(kTabProbability);
-  Child<QCheckBox>(*form, "chkUseSkewedProbability")->setChecked(true);
+  FormChild<QCheckBox>(*form, "chkUseSkewedProbability")->setChecked(true);
   QVERIFY(t.game->dice.ProbabilityDiceOn);
   ClickEntry(*form, TotalEntry(7));
-  Type(Child<QLineEdit>(*form, "txtPercent"), "20");
-  QTest::keyClick(Child<QLineEdit>(*form, "txtPercent"), Qt::Key_Return);
+  TypeInto(FormChild<QLineEdit>(*form, "txtPercent"), "20");
+  QTest::keyClick(FormChild<QLineEdit>(*form, "txtPercent"), Qt::Key_Return);
   // Enter set the entry and left the form open.
   QVERIFY(form->isVisible());
   form->Tabs()->setCurrentIndex(kTabAdvantage);
   QVERIFY(Figure(*form, bet::kPassLine, 3) != passBefore);
-  QCOMPARE(Child<QLabel>(*form, "lblAdvantageDice")->text(),
+  QCOMPARE(FormChild<QLabel>(*form, "lblAdvantageDice")->text(),
            QString("Probability File:  untitled"));
   form->close();
 }
@@ -124,19 +123,19 @@ void ConfigureProbabilityTest::matrixEditsReachTheGame() {
   DesktopTable t;
   Game& g = *t.game;
   ConfigureForm* form = OpenOn(t, kTabProbability);
-  auto* box = Child<QLineEdit>(*form, "txtPercent");
-  QCOMPARE(Child<QLabel>(*form, "lblPercentageDice")->text(), QString("Percentage Dice"));
-  QCOMPARE(Child<QLabel>(*form, "lblPrbFileName")->text(), QString("untitled"));
+  auto* box = FormChild<QLineEdit>(*form, "txtPercent");
+  QCOMPARE(FormChild<QLabel>(*form, "lblPercentageDice")->text(), QString("Percentage Dice"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblPrbFileName")->text(), QString("untitled"));
 
   ClickEntry(*form, TotalEntry(7));
   QCOMPARE(box->text(), QString("16.667"));
-  Type(box, "20");
+  TypeInto(box, "20");
   QTest::keyClick(box, Qt::Key_Return);
   QCOMPARE(ProbValue(g, kTotalRow, 6), 20000);
   const ProbEntry pair34 = CellOfDice(3, 4);
   QCOMPARE(ProbValue(g, pair34.a, pair34.b), 3333);
   QVERIFY(g.probability.ProbDirty);
-  QCOMPARE(Child<QLabel>(*form, "lblPercentageDice")->text(), QString("Free Form Dice"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblPercentageDice")->text(), QString("Free Form Dice"));
 
   // L flips the lock of the entry at once; the arrows move the box.
   QCOMPARE(ProbFlag(g, kTotalRow, 6), kProbLocked);
@@ -149,20 +148,20 @@ void ConfigureProbabilityTest::matrixEditsReachTheGame() {
   QCOMPARE(ProbFlag(g, 0, 2), 7);
 
   // Leaving the box with a changed text sets the entry too.
-  Type(box, "10");
+  TypeInto(box, "10");
   ClickEntry(*form, FaceEntry(1, 6));
   QCOMPARE(ProbValue(g, 2, 7), 10000);
 
   // The display modes: out of 100 rolls a pair shows its percentage.
-  Child<QRadioButton>(*form, "optProbability2")->setChecked(true);
+  FormChild<QRadioButton>(*form, "optProbability2")->setChecked(true);
   QCOMPARE(g.probability.ProbDisplayMode, kShowRollsOutOf);
-  auto* n = Child<QLineEdit>(*form, "txtRollsOutOf");
-  Type(n, "100");
+  auto* n = FormChild<QLineEdit>(*form, "txtRollsOutOf");
+  TypeInto(n, "100");
   emit n->editingFinished();
   QCOMPARE(g.probability.RollsOutOf, 100.0);
   ClickEntry(*form, pair34);
   QCOMPARE(box->text(), QString::number(ProbValue(g, pair34.a, pair34.b) / 1000.0, 'f', 3));
-  Type(n, "36");
+  TypeInto(n, "36");
   emit n->editingFinished();
   ClickEntry(*form, TotalEntry(12));
   QCOMPARE(box->text(), QString::number(ProbValue(g, kTotalRow, 11) * 36 / 100000.0, 'f', 3));
@@ -173,21 +172,21 @@ void ConfigureProbabilityTest::invalidEntriesAreRefused() {
   DesktopTable t;
   Game& g = *t.game;
   ConfigureForm* form = OpenOn(t, kTabProbability);
-  auto* box = Child<QLineEdit>(*form, "txtPercent");
+  auto* box = FormChild<QLineEdit>(*form, "txtPercent");
   ClickEntry(*form, TotalEntry(7));
   // Letters and a fourth decimal never reach the box.
-  Type(box, "1x2.3456");
+  TypeInto(box, "1x2.3456");
   QCOMPARE(box->text(), QString("12.345"));
   // A lone minus is no number: Enter leaves the table as it was.
   const ProbabilityState before = g.probability;
-  Type(box, "-");
+  TypeInto(box, "-");
   QTest::keyClick(box, Qt::Key_Return);
   QCOMPARE(g.probability.ProbabilityTable, before.ProbabilityTable);
   QVERIFY(!g.probability.ProbDirty);
   QCOMPARE(box->text(), QString("16.667"));
   // N of the "rolls out of" modes must be above 0.
-  auto* n = Child<QLineEdit>(*form, "txtRollsOutOf");
-  Type(n, "0");
+  auto* n = FormChild<QLineEdit>(*form, "txtRollsOutOf");
+  TypeInto(n, "0");
   emit n->editingFinished();
   QCOMPARE(g.probability.RollsOutOf, 36.0);
   QCOMPARE(n->text(), QString("36"));
@@ -197,7 +196,7 @@ void ConfigureProbabilityTest::invalidEntriesAreRefused() {
     QTest::keyClick(box, Qt::Key_L);
   }
   ClickEntry(*form, FaceEntry(1, 6));
-  Type(box, "30");
+  TypeInto(box, "30");
   QTest::keyClick(box, Qt::Key_Return);
   const ProbEntry six = FaceEntry(1, 6);
   QCOMPARE(ProbValue(g, six.a, six.b), 16667);
@@ -210,13 +209,13 @@ void ConfigureProbabilityTest::axisPanelSkewsTheDice() {
   DesktopTable t;
   Game& g = *t.game;
   ConfigureForm* form = OpenOn(t, kTabProbability);
-  QTest::mouseClick(Child<QPushButton>(*form, "mnuAxes"), Qt::LeftButton);
-  QVERIFY(Child<QWidget>(*form, "picAxis")->isVisible());
-  Type(Child<QLineEdit>(*form, "txtDie1SE"), "150");
-  Type(Child<QLineEdit>(*form, "txtDie2SE"), "100");
-  QTest::mouseClick(Child<QPushButton>(*form, "cmdAxisOK"), Qt::LeftButton);
-  QVERIFY(!Child<QWidget>(*form, "picAxis")->isVisible());
-  QCOMPARE(Child<QLineEdit>(*form, "txtDie1SE")->text(), QString("100"));
+  QTest::mouseClick(FormChild<QPushButton>(*form, "mnuAxes"), Qt::LeftButton);
+  QVERIFY(FormChild<QWidget>(*form, "picAxis")->isVisible());
+  TypeInto(FormChild<QLineEdit>(*form, "txtDie1SE"), "150");
+  TypeInto(FormChild<QLineEdit>(*form, "txtDie2SE"), "100");
+  QTest::mouseClick(FormChild<QPushButton>(*form, "cmdAxisOK"), Qt::LeftButton);
+  QVERIFY(!FormChild<QWidget>(*form, "picAxis")->isVisible());
+  QCOMPARE(FormChild<QLineEdit>(*form, "txtDie1SE")->text(), QString("100"));
   for (int die = 1; die <= 2; ++die)
     for (int face = 2; face <= 5; ++face) {
       const ProbEntry e = FaceEntry(die, face);
@@ -224,7 +223,7 @@ void ConfigureProbabilityTest::axisPanelSkewsTheDice() {
     }
   const ProbEntry snake = CellOfDice(1, 1);
   QCOMPARE(ProbValue(g, snake.a, snake.b), 0);
-  QCOMPARE(Child<QLabel>(*form, "lblPercentageDice")->text(), QString("Percentage Dice"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblPercentageDice")->text(), QString("Percentage Dice"));
   form->close();
 }
 
@@ -240,26 +239,26 @@ void ConfigureProbabilityTest::prbSaveNewOpenRoundTrip() {
     return name;
   };
   ConfigureForm* form = OpenOn(t, kTabProbability);
-  auto* box = Child<QLineEdit>(*form, "txtPercent");
+  auto* box = FormChild<QLineEdit>(*form, "txtPercent");
   ClickEntry(*form, TotalEntry(7));
-  Type(box, "20");
+  TypeInto(box, "20");
   QTest::keyClick(box, Qt::Key_Return);
   const auto edited = g.probability.ProbabilityTable;
 
   names.push_back(path);
-  QTest::mouseClick(Child<QPushButton>(*form, "mnuSave"), Qt::LeftButton);  // no file: Save As
+  QTest::mouseClick(FormChild<QPushButton>(*form, "mnuSave"), Qt::LeftButton);  // no file: Save As
   QVERIFY(QFile::exists(QString::fromStdString(path)));
   QVERIFY(!g.probability.ProbDirty);
-  QVERIFY(Child<QLabel>(*form, "lblPrbFileName")->text().endsWith("sevens.prb"));
+  QVERIFY(FormChild<QLabel>(*form, "lblPrbFileName")->text().endsWith("sevens.prb"));
 
-  QTest::mouseClick(Child<QPushButton>(*form, "mnuNew"), Qt::LeftButton);
+  QTest::mouseClick(FormChild<QPushButton>(*form, "mnuNew"), Qt::LeftButton);
   QCOMPARE(ProbValue(g, kTotalRow, 6), 16667);
-  QCOMPARE(Child<QLabel>(*form, "lblPrbFileName")->text(), QString("untitled"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblPrbFileName")->text(), QString("untitled"));
 
   names.push_back(path);
-  QTest::mouseClick(Child<QPushButton>(*form, "mnuOpen"), Qt::LeftButton);
+  QTest::mouseClick(FormChild<QPushButton>(*form, "mnuOpen"), Qt::LeftButton);
   QCOMPARE(g.probability.ProbabilityTable, edited);
-  QCOMPARE(Child<QLabel>(*form, "lblPercentageDice")->text(), QString("Free Form Dice"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblPercentageDice")->text(), QString("Free Form Dice"));
   QCOMPARE(box->text(), QString("20.000"));  // the box is back on the selected entry
 
   // A file that is not a probability file is told and changes nothing.
@@ -270,7 +269,7 @@ void ConfigureProbabilityTest::prbSaveNewOpenRoundTrip() {
   }
   t.shown.clear();
   names.push_back(bad);
-  QTest::mouseClick(Child<QPushButton>(*form, "mnuOpen"), Qt::LeftButton);
+  QTest::mouseClick(FormChild<QPushButton>(*form, "mnuOpen"), Qt::LeftButton);
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(t.shown[0].first, std::string("Unable to Open Probability File"));
   QCOMPARE(g.probability.ProbabilityTable, edited);
