@@ -98,10 +98,11 @@ ProbabilityTab::ProbabilityTab(Game& game, QWidget* parent) : QWidget(parent), g
   layout->addWidget(matrix_, 0, Qt::AlignHCenter);
 
   auto* buttons = new QHBoxLayout;
-  const std::pair<const char*, const char*> files[] = {{"mnuNew", "&New"},
-                                                       {"mnuOpen", "&Open ..."},
-                                                       {"mnuSave", "&Save"},
-                                                       {"mnuSaveAs", "Save &As ..."}};
+  // No Alt keys on the file buttons: N, S and A switch tabs.
+  const std::pair<const char*, const char*> files[] = {{"mnuNew", "New"},
+                                                       {"mnuOpen", "Open ..."},
+                                                       {"mnuSave", "Save"},
+                                                       {"mnuSaveAs", "Save As ..."}};
   bool (*const commands[])(Game&) = {NewProbabilityCommand, OpenProbabilityCommand,
                                      SaveProbabilityCommand, SaveProbabilityAsCommand};
   for (int i = 0; i < 4; ++i) {
