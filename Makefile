@@ -70,6 +70,11 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/new-session.png --view new --dice-file $(BUILD)/screenshot.rll
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/show-path.png --view path --full-table \
 	  --dice-file $(BUILD)/screenshot.rll
+	$(BUILD)/app/ravelton-cli probability --set-face 1:6=20000 --set-total 7=18000 \
+	  --save $(BUILD)/skew.prb > /dev/null
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-probability.png --view configure:8 \
+	  --prb $(BUILD)/skew.prb --prob-mode 1
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-advantage.png --view configure:9
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

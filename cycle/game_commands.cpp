@@ -7,8 +7,8 @@
 #include "core/game.h"
 #include "core/message_dialog.h"
 #include "core/text.h"
+#include "cycle/probability_commands.h"
 #include "cycle/session.h"
-#include "dice/probability_file.h"
 #include "engine/roll_internal.h"
 #include "script/activation.h"
 #include "script/files.h"
@@ -56,14 +56,7 @@ bool PromptUnsavedProbabilities(Game& g) {
                                 "Save Probabilities?", 0, kYesNoCancel);
   if (answer == kAnswerCancel) return false;
   if (answer != kAnswerYes) return true;
-  std::string path = g.probability.ProbFilePath;
-  if (ProbabilitySaveNeedsName(g)) {
-    const auto chosen = ChooseFilePath(
-        g, {"Save Probability File As", {"Probability files (*.prb)", "All files (*.*)"}, ".prb", true});
-    if (!chosen) return false;
-    path = *chosen;
-  }
-  return SaveProbabilityFile(g, path);
+  return SaveProbabilityCommand(g);
 }
 
 // Session prompt: the game saved to its file, or through the chooser.

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/number_text.h"
+#include "dice/probability_edit.h"
 #include "dice/probability_internal.h"
 
 namespace {
@@ -161,9 +162,7 @@ int ProbabilityCellSign(const Game& game, int a, int b) {
 }
 
 std::string ProbabilityModeCaption(const Game& game) {
-  // N as txtRollsOutOf holds it: up to four decimals, no trailing zeros.
-  std::string n = FormatNumber(game.probability.RollsOutOf, {4, false, false});
-  while (n.find('.') != std::string::npos && (n.back() == '0' || n.back() == '.')) n.pop_back();
+  const std::string n = RollsOutOfText(game);
   switch (game.probability.ProbDisplayMode) {
     case kShowPercentFromTrue:
       return "Shown as +/- from true percentages";

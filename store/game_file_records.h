@@ -204,9 +204,9 @@ void SettingsRecords(IO& io, Game& g) {
   io.LongCur(144, t.UseMidwayBet);
   io.LongCur(152, t.UseFireBet);
   io.Cur(160, t.MaxFireBet);
-  io.LongCur(168, f.IncludeZeroOutcomes);
-  io.LongCur(176, f.ShowMiscData);
-  io.LongCur(184, f.AdvantageScroll);
+  io.LongCur(168, g.advantage.CountZeroOutcomes);
+  io.LongCur(176, g.advantage.ShowMiscData);
+  io.LongCur(184, g.advantage.AdvantageTopRow);
   io.LongCur(192, f.PayoffsScroll);
 }
 

@@ -53,9 +53,9 @@ struct GameFileState {
   L LogFontSize = 0;
   bool LogBold = false, LogItalic = false;
 
-  // Options of the configuration and advantage views.
-  bool IncludeZeroOutcomes = false, ShowMiscData = false;
-  L AdvantageScroll = 0, PayoffsScroll = 0;
+  // Scroll position of the Payoffs tab (the Advantage tab's options are the
+  // analysis's own state).
+  L PayoffsScroll = 0;
 
   // View state (record 409).
   L RollTotalsBackColor = 0, RollTotalsGraphColor = 0, RollTotalsScrollX = 0;

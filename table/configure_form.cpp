@@ -17,6 +17,8 @@
 #include "core/message_dialog.h"
 #include "core/money.h"
 #include "engine/bankroll.h"
+#include "table/configure_advantage_tab.h"
+#include "table/configure_probability_tab.h"
 #include "table/configure_tabs.h"
 #include "table/numeric_box.h"
 
@@ -44,7 +46,6 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
   tabs_ = new QTabWidget(this);
   tabs_->setObjectName("tabConfigure");
   tabs_->setUsesScrollButtons(false);  // all ten tabs in sight
-  const QString unbuilt = "This tab is not built yet.";
   QWidget* pages[10] = {BuildChecksDice(),
                         BuildColors(),
                         BuildComps(),
@@ -53,13 +54,9 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
                         BuildBankroll(),
                         BuildBets(),
                         BuildPayoffs(),
-                        BuildUnbuilt("Probability"),
-                        BuildUnbuilt("Advantage")};
+                        new ProbabilityTab(game_),
+                        new AdvantageTab(game_)};
   for (int i = 0; i < 10; ++i) tabs_->addTab(pages[i], kTabCaption[i]);
-  for (int i : {kTabProbability, kTabAdvantage}) {
-    tabs_->setTabEnabled(i, false);
-    tabs_->setTabToolTip(i, unbuilt);
-  }
   connect(tabs_, &QTabWidget::currentChanged, this, &ConfigureForm::TabClicked);
   auto* ok = new QPushButton("OK", this);
   ok->setObjectName("cmdOK");
@@ -71,12 +68,6 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
   row->addWidget(ok);
   layout->addLayout(row);
   Fill();
-}
-
-QWidget* ConfigureForm::BuildUnbuilt(const QString& what) {
-  auto* page = new QLabel(QString("The %1 tab is not built yet.").arg(what));
-  page->setAlignment(Qt::AlignCenter);
-  return page;
 }
 
 QLineEdit* ConfigureForm::AmountBox(const char* name, Currency* field) {

@@ -76,8 +76,6 @@ class ConfigureForm : public QDialog {
   void FillSound();
   // Plays the sound a selection of the Sound tab names, muted or not.
   void TestSound(Long TableSettings::*selection);
-  // A page that only says the tab is not built yet.
-  QWidget* BuildUnbuilt(const QString& what);
   // CheckConfigValues: shows the first fault and brings up its tab.
   bool CheckValues();
   // A change of tab: checks the whole set first and stays on a fault.

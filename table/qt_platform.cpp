@@ -48,6 +48,7 @@ int QtPlatform::ShowSettleDialog(SettleDialog& dialog) {
 }
 
 std::optional<std::string> QtPlatform::ChooseFile(const FileChooserRequest& request) {
+  if (onChooseFile) return onChooseFile(request);
   QStringList filters;
   for (const std::string& type : request.types) filters << QString::fromStdString(type);
   const QString caption = QString::fromStdString(request.caption);

@@ -47,6 +47,8 @@ class QtPlatform : public QObject, public Platform {
   // Called with every modal dialog just after it is shown (tests answer
   // dialogs through it by clicking their real buttons); empty in play.
   std::function<void(QDialog&)> onDialogShown;
+  // Answers the file chooser instead of the Qt file dialog when set (tests).
+  std::function<std::optional<std::string>(const FileChooserRequest&)> onChooseFile;
   // Counts of what was shown, for tests and the status line.
   int messagesShown = 0;
   int settleDialogsShown = 0;

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "app/cli/player_options.h"
+#include "app/cli/probability_options.h"
 #include "app/desktop/scene.h"
 #include "automation/autoplay_selection.h"
 #include "cycle/hyperdrive.h"
@@ -47,6 +48,8 @@ struct Options {
   int graphAdjust = -1;
   int graphAverage = -1;
   int skin = 0;
+  std::string prb;
+  int probMode = -1;
   PlayerOptions players;
 };
 
@@ -104,6 +107,9 @@ int main(int argc, char** argv) {
       ->check(CLI::Range(0, 525));
   cli.add_option("--skin", o.skin, "Colour the table with ready-made skin N (1-8)")
       ->check(CLI::Range(1, kTableSkins));
+  AddProbabilityFileOption(cli, o.prb, "Play with the dice of this probability file");
+  cli.add_option("--prob-mode", o.probMode, "Probability tab: 0 percent, 1 +/- true %, 2 rolls out of N, 3 +/- true rolls")
+      ->check(CLI::Range(0, 3));
   AddPlayerOptions(cli, o.players);
   try {
     cli.parse(argc, argv);
@@ -137,6 +143,11 @@ int main(int argc, char** argv) {
     std::cerr << "ravelton: " << error << "\n";
     return 1;
   }
+  if (!UseProbabilityFileOption(*game, o.prb, error)) {
+    std::cerr << "ravelton: " << error << "\n";
+    return 1;
+  }
+  if (o.probMode >= 0) game->probability.ProbDisplayMode = o.probMode;
   if (o.fullTable) SeatFullTable(*game);
   // A refused file has told why in its message.
   if (!o.diceFile.empty() &&

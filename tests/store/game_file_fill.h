@@ -151,8 +151,8 @@ inline void FillGame(Game& g, const std::array<const char*, 9>& names) {
   next(v.HandsPlayers), next(v.BetTrendsPlayer);
   f.LogLatestOnTop = true, f.LogBold = true, f.LogItalic = false;
   next(f.LogFontSize);
-  f.IncludeZeroOutcomes = true, f.ShowMiscData = true;
-  next(f.AdvantageScroll), next(f.PayoffsScroll);
+  g.advantage.CountZeroOutcomes = true, g.advantage.ShowMiscData = true;
+  next(g.advantage.AdvantageTopRow), next(f.PayoffsScroll);
   next(tv.PaletteColor), next(tv.LayoutColor), next(tv.TablePreset);
   tv.Spotlight = false;
   for (auto* x : {&v.RollTotalsKind, &f.RollTotalsBackColor, &f.RollTotalsGraphColor,

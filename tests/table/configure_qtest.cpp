@@ -25,20 +25,6 @@ class ConfigureTest : public QObject {
   void payoffDenominatorOfZeroIsRefused();
 };
 
-namespace {
-template <typename T>
-T* Child(ConfigureForm& form, const char* name) {
-  T* w = form.findChild<T*>(name);
-  if (w == nullptr) qFatal("no control %s", name);
-  return w;
-}
-void Type(QLineEdit* box, const QString& text) {
-  box->selectAll();
-  QTest::keyClick(box, Qt::Key_Backspace);
-  QTest::keyClicks(box, text);
-}
-}  // namespace
-
 void ConfigureTest::opensOnTheGamesValues() {
   DesktopTable t;
   t.game->rules.MaxOddsBet = Currency::FromWhole(750);
@@ -46,12 +32,12 @@ void ConfigureTest::opensOnTheGamesValues() {
   t.game->rules.ConfigureTab = kTabBets;
   ConfigureForm* form = t.window->Configure();
   form->Fill();
-  QCOMPARE(Child<QLineEdit>(*form, "txtMaxOddsBet")->text(), QString("750"));
-  QVERIFY(Child<QRadioButton>(*form, "optBarDont0")->isChecked());
-  QVERIFY(Child<QRadioButton>(*form, "optBuyVig0")->isChecked());
-  QVERIFY(Child<QRadioButton>(*form, "optLayVig0")->isChecked());
-  QCOMPARE(Child<QLineEdit>(*form, "txtBuyVigPct")->text(), QString("5"));
-  QCOMPARE(Child<QLineEdit>(*form, "txtRollsPerHour")->text(), QString("120"));
+  QCOMPARE(FormChild<QLineEdit>(*form, "txtMaxOddsBet")->text(), QString("750"));
+  QVERIFY(FormChild<QRadioButton>(*form, "optBarDont0")->isChecked());
+  QVERIFY(FormChild<QRadioButton>(*form, "optBuyVig0")->isChecked());
+  QVERIFY(FormChild<QRadioButton>(*form, "optLayVig0")->isChecked());
+  QCOMPARE(FormChild<QLineEdit>(*form, "txtBuyVigPct")->text(), QString("5"));
+  QCOMPARE(FormChild<QLineEdit>(*form, "txtRollsPerHour")->text(), QString("120"));
   QCOMPARE(form->Tabs()->currentIndex(), kTabBets);
   // Filling writes nothing back.
   QCOMPARE(t.game->rules.MaxOddsBet, Currency::FromWhole(750));
@@ -61,30 +47,30 @@ void ConfigureTest::eachKindOfControlReachesTheGame() {
   DesktopTable t;
   ConfigureForm* form = t.window->Configure();
   form->Fill();
-  Type(Child<QLineEdit>(*form, "txtMaxPlacardBet"), "2500");
+  TypeInto(FormChild<QLineEdit>(*form, "txtMaxPlacardBet"), "2500");
   QCOMPARE(t.game->rules.MaxPlacardBet, Currency::FromWhole(2500));
-  Child<QRadioButton>(*form, "optBarDont0")->setChecked(true);
+  FormChild<QRadioButton>(*form, "optBarDont0")->setChecked(true);
   QCOMPARE(t.game->rules.BarNumber, 2);
-  Child<QComboBox>(*form, "cmbOddsCalcMethod")->setCurrentIndex(3);
+  FormChild<QComboBox>(*form, "cmbOddsCalcMethod")->setCurrentIndex(3);
   QCOMPARE(t.game->rules.OddsCalcMethod, 3);
-  Child<QCheckBox>(*form, "chkNotify4")->setChecked(true);
+  FormChild<QCheckBox>(*form, "chkNotify4")->setChecked(true);
   QCOMPARE(t.game->rules.NoticeFlags, 31);
-  Type(Child<QLineEdit>(*form, "txtLayVigPct"), "4");
+  TypeInto(FormChild<QLineEdit>(*form, "txtLayVigPct"), "4");
   QCOMPARE(t.game->rules.LayVigRate, Currency::FromRaw(400));
   // The working list edits slot 0 of BetWorkingDefault.
-  auto* list = Child<QListWidget>(*form, "lstWorkOnComeOut");
+  auto* list = FormChild<QListWidget>(*form, "lstWorkOnComeOut");
   list->item(0)->setSelected(true);
   const int bet = list->item(0)->data(Qt::UserRole).toInt();
-  QTest::mouseClick(Child<QPushButton>(*form, "cmdWorkingNo"), Qt::LeftButton);
+  QTest::mouseClick(FormChild<QPushButton>(*form, "cmdWorkingNo"), Qt::LeftButton);
   QCOMPARE(t.game->BetWorkingDefault(0, bet), 0);
   QVERIFY(list->item(0)->text().endsWith(" - No"));
   // The roll rate on "Secs / roll": 30 is 120 rolls an hour; "Rolls / min" shows 2.
-  auto* rows = Child<QComboBox>(*form, "cmbRollsPerTime");
+  auto* rows = FormChild<QComboBox>(*form, "cmbRollsPerTime");
   rows->setCurrentIndex(5);
-  Type(Child<QLineEdit>(*form, "txtRollsPerHour"), "60");
+  TypeInto(FormChild<QLineEdit>(*form, "txtRollsPerHour"), "60");
   rows->setCurrentIndex(1);
   QCOMPARE(t.game->rules.RollsPerHour, Currency::FromWhole(60));
-  QCOMPARE(Child<QLineEdit>(*form, "txtRollsPerHour")->text(), QString("1"));
+  QCOMPARE(FormChild<QLineEdit>(*form, "txtRollsPerHour")->text(), QString("1"));
 }
 
 void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
@@ -93,14 +79,14 @@ void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
   ConfigureForm* form = t.window->Configure();
   form->Fill();
   form->show();
-  Type(Child<QLineEdit>(*form, "txtMaxPlacardBet"), "0");  // below the minimum bet
+  TypeInto(FormChild<QLineEdit>(*form, "txtMaxPlacardBet"), "0");  // below the minimum bet
   t.shown.clear();
   form->Tabs()->setCurrentIndex(kTabMisc);
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(form->Tabs()->currentIndex(), kTabBets);
   QVERIFY(!form->TryClose());
   QVERIFY(form->isVisible());
-  Type(Child<QLineEdit>(*form, "txtMaxPlacardBet"), "500");
+  TypeInto(FormChild<QLineEdit>(*form, "txtMaxPlacardBet"), "500");
   QVERIFY(form->TryClose());
   QVERIFY(!form->isVisible());
 }
@@ -111,9 +97,9 @@ void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
   ConfigureForm* form = t.window->Configure();
   form->Fill();
   t.AnswerMessage(2);  // No
-  Child<QCheckBox>(*form, "chkUseFireBet")->setChecked(false);
+  FormChild<QCheckBox>(*form, "chkUseFireBet")->setChecked(false);
   QVERIFY(t.game->rules.UseFireBet);
-  QVERIFY(Child<QCheckBox>(*form, "chkUseFireBet")->isChecked());
+  QVERIFY(FormChild<QCheckBox>(*form, "chkUseFireBet")->isChecked());
   QCOMPARE(t.game->Bet(1, bet::kFire), Currency::FromWhole(1));
 }
 
@@ -121,13 +107,13 @@ void ConfigureTest::payoffDenominatorOfZeroIsRefused() {
   DesktopTable t;
   ConfigureForm* form = t.window->Configure();
   form->Fill();
-  auto* list = Child<QListWidget>(*form, "lstPayoffs");
+  auto* list = FormChild<QListWidget>(*form, "lstPayoffs");
   list->setCurrentRow(0);
   const auto cell = PayoffCellOf(list->item(0)->data(Qt::UserRole).toInt());
   QVERIFY(cell.has_value());
   const Currency before = PayoffValue(*t.game, *cell, 3);
-  auto* den = Child<QLineEdit>(*form, "txtPayoff2");
-  Type(den, "0");
+  auto* den = FormChild<QLineEdit>(*form, "txtPayoff2");
+  TypeInto(den, "0");
   emit den->editingFinished();
   QCOMPARE(PayoffValue(*t.game, *cell, 3), before);
   QCOMPARE(den->text(), QString::fromStdString(FormatMoney(before)));
