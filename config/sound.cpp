@@ -118,6 +118,11 @@ double NextSoundUniform(Game& g) {
 
 bool SoundsOn(const Game& g) { return !g.HyperDrive && !g.rules.SoundMuted && g.platform != nullptr; }
 
+void PlayStickCall(Game& g, int n) {
+  if (!SoundsOn(g) || g.rules.StickCallSet <= 0) return;
+  Play(g, g.roll.StickCallFile[static_cast<std::size_t>(n)], kSoundWait);
+}
+
 void PlayDiceSound(Game& g) {
   if (!SoundsOn(g) || g.rules.DiceSoundSet <= 0) return;
   Play(g, PickSoundFile(g.roll.AppPath, g.sound.DiceSoundSets, g.rules.DiceSoundSet, NextSoundUniform(g)),

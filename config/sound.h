@@ -61,6 +61,9 @@ double NextSoundUniform(Game& game);
 // Whether the table may sound now: not in Hyper-Drive, not muted, a platform.
 bool SoundsOn(const Game& game);
 
+// Stick call n of the chosen set, waited for; silent without a set.
+void PlayStickCall(Game& game, int n);
+
 // The dice sound, as the dice leave the shooter's hand.
 void PlayDiceSound(Game& game);
 

@@ -8,13 +8,13 @@
 #include "core/currency.h"
 #include "logs/events_log.h"
 
+#include "config/sound.h"
+
 struct Game;
 
 // Where the dice of a roll came from, for its log line.
 enum class DiceSource { Queued, Pad, File, Generator };
 
-// Plays stick call n of the chosen set, outside Hyper-Drive with sound on.
-void PlayStickCall(Game& game, int n);
 // The come-out call before a come-out roll (calls 18 and 17).
 void PlayComeOutCall(Game& game);
 

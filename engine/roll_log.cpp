@@ -248,17 +248,9 @@ void LogRollResults(Game& g) {
   }
 }
 
-void PlayStickCall(Game& g, int n) {
-  if (g.HyperDrive || g.rules.StickCallSet <= 0 || g.rules.SoundMuted) return;
-  const std::string& path = g.roll.StickCallFile[static_cast<std::size_t>(n)];
-  if (path.empty()) return;
-  g.platform->PlaySound("", 0);
-  g.platform->PlaySound(path, 2);
-}
-
 void PlayComeOutCall(Game& g) {
   if (g.Point != 0) return;
   if (g.rules.BetRequirement != kNoBetRequired && g.PlayerCount == 0) return;
-  if (g.RollTally(kTableHand, kEventRolls) == 0) PlayStickCall(g, 18);
-  PlayStickCall(g, 17);
+  if (g.RollTally(kTableHand, kEventRolls) == 0) PlayStickCall(g, kCallFirstComeOut);
+  PlayStickCall(g, kCallComeOut);
 }
