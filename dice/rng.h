@@ -54,5 +54,19 @@ bool SeedRngWith(Game& game, double seed);
 // MissingDllMask marks their library missing; the last seeded stays selected.
 void SeedGeneratorsAtStartUp(Game& game);
 
+// The caption of generator `rngIndex` in the list of generators ("RNG #1"
+// to "RNG #8 (#1 single call)"); "" outside 0..7.
+const char* RngCaption(Long rngIndex);
+
+// A choice from the list of generators: the selection changes, a generator
+// whose library is missing falls back as at a roll (the list then shows
+// "RNG #4"), and no sequence is seeded or disturbed.
+void SelectGenerator(Game& game, Long rngIndex);
+
+// "Seed RNG now": seeds the selected generator (asking for the seed in
+// UserSeedMode) and reports "The random number generator has now been
+// seeded.". False, with no report, when nothing was seeded.
+bool SeedRngNow(Game& game);
+
 // The largest seed the generator `rngIndex` accepts.
 constexpr Long SeedLimit(Long rngIndex) { return rngIndex == 2 ? 999'999 : 2'147'483'647; }

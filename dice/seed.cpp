@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/platform.h"
 #include "dice/generators.h"
 #include "dice/rng.h"
@@ -12,8 +14,12 @@
 namespace {
 
 // The seed prompt: OK, Cancel, the question picture, one numeric box.
-constexpr int kSeedPromptStyle = 0x469;
-constexpr int kSeedHelpId = 130;
+constexpr int kSeedPromptStyle = kMsgOk | kMsgCancel | kMsgSignedInput | kMsgInput1 | kMsgPicQmark;
+constexpr int kSeedHelpId = kHelpLimits;
+
+constexpr const char* kRngCaptions[kRngCount] = {
+    "RNG #1", "RNG #2", "RNG #3", "RNG #4", "RNG #5",
+    "RNG #6 (#1 and #5)", "RNG #7 (#2 and #4)", "RNG #8 (#1 single call)"};
 // A prompt that keeps getting a bad answer (a platform that answers by rule
 // with the rejected text) gives up after this many asks rather than hang.
 constexpr int kMaxSeedPrompts = 20;
@@ -148,6 +154,23 @@ bool SeedRngFrom(Game& game, bool useGiven, double given) {
 bool SeedRng(Game& game) { return SeedRngFrom(game, false, 0.0); }
 
 bool SeedRngWith(Game& game, double seed) { return SeedRngFrom(game, true, seed); }
+
+const char* RngCaption(Long rngIndex) {
+  return rngIndex >= 0 && rngIndex < kRngCount ? kRngCaptions[rngIndex] : "";
+}
+
+void SelectGenerator(Game& game, Long rngIndex) {
+  if (rngIndex < 0 || rngIndex >= kRngCount) return;
+  game.dice.RngIndex = rngIndex;
+  ApplyGeneratorFallback(game);
+}
+
+bool SeedRngNow(Game& game) {
+  if (!SeedRng(game)) return false;
+  ShowNotice(game, "The random number generator has now been seeded.", "RNG Seeded", kSeedHelpId,
+             kMsgOk | kMsgPicOk);
+  return true;
+}
 
 void SeedGeneratorsAtStartUp(Game& game) {
   DiceState& s = game.dice;

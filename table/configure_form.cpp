@@ -111,6 +111,7 @@ void ConfigureForm::Fill() {
   rollsPerHour_->setText(QString::fromStdString(RollRateBoxText(r.RollsPerHour, rateBox_.row)));
   rateBox_.text = rollsPerHour_->text().toStdString();
   for (int i = 0; i < 5; ++i) notify_[i]->setChecked((r.NoticeFlags & (Long{1} << i)) != 0);
+  FillGenerator();
   findChild<QComboBox*>("cmbOddsCalcMethod")->setCurrentIndex(static_cast<int>(r.OddsCalcMethod));
   findChild<QComboBox*>("cmbBetNeededToShoot")->setCurrentIndex(static_cast<int>(r.BetRequirement));
   bar_[r.BarNumber == 2 ? 0 : 1]->setChecked(true);

@@ -48,6 +48,11 @@ class ConfigureForm : public QDialog {
   QWidget* BuildChecksDice();
   // The Misc. tab: mouse, printer and the notices (configure_misc_tab.cpp).
   QWidget* BuildMisc();
+  // The Misc. tab's generator box: the list, seeding mode, re-seeding and
+  // "Seed RNG now" with the last seed.
+  QWidget* BuildGeneratorBox();
+  // Shows the selected generator, the seeding options and the last seed.
+  void FillGenerator();
   // The Bets tab: limits, odds, bar, optional bets, vigorish and the
   // working-on-come-out list (configure_bets_tab.cpp).
   QWidget* BuildBets();
@@ -99,6 +104,9 @@ class ConfigureForm : public QDialog {
   QLineEdit* rollsPerHour_ = nullptr;
   QComboBox* rollsPerTime_ = nullptr;
   std::array<QCheckBox*, 5> notify_{};
+  QComboBox* rng_ = nullptr;
+  std::array<QRadioButton*, 2> seedMode_{};  // Seed normally, User seed
+  QLabel* lastSeed_ = nullptr;
   std::array<QRadioButton*, 2> bar_{};
   std::array<QRadioButton*, 4> vigCharge_{};  // Buy all, Buy winning, Lay all, Lay winning
   std::array<QLineEdit*, 2> vigPct_{};

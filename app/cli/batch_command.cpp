@@ -13,6 +13,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <string_view>
 #include <thread>
 
 #include "app/cli/batch_ranks.h"
@@ -198,17 +199,30 @@ void PrintText(std::ostream& out, const std::vector<PlayerSummary>& all, std::in
   out << std::defaultfloat;
 }
 
+// A CSV field: quoted when it holds a comma, a quote or a line break, with
+// quotes doubled and line breaks turned into blanks.
+std::string CsvField(std::string_view text) {
+  if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
+  std::string field = "\"";
+  for (char c : text) {
+    if (c == '"') field += "\"\"";
+    else field += (c == '\r' || c == '\n') ? ' ' : c;
+  }
+  return field + '"';
+}
+
 void PrintCsv(std::ostream& out, const Game& start, const std::vector<SessionResult>& results,
               const std::vector<PlayerSummary>& all, bool perSession) {
   if (perSession) {
     out << "session,seed,rolls,hands,end";
-    for (const PlayerSummary& s : all) out << ',' << s.name << " net," << s.name << " end";
-    out << '\n';
+    for (const PlayerSummary& s : all)
+      out << ',' << CsvField(s.name + " net") << ',' << CsvField(s.name + " end");
+    out << ",stop\n";
     for (const SessionResult& r : results) {
       out << r.index << ',' << r.seed << ',' << r.rolls << ',' << r.hands << ',' << EndName(r.end);
       for (const PlayerSummary& s : all)
         out << ',' << r.net[s.seat].ToDouble() << ',' << OutcomeName(r.outcome[s.seat]);
-      out << '\n';
+      out << ',' << CsvField(r.stop) << '\n';
     }
     return;
   }

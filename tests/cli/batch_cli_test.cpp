@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <string>
 
 #include "tests/cli/cli_util.h"
@@ -58,6 +59,29 @@ TEST(BatchCli, OneAndTwoThreadsReportTheSame) {
   const auto perSession = Cli(args + " --per-session --threads 2");
   EXPECT_EQ(perSession.out, Cli(args + " --per-session --threads 1").out);
   EXPECT_EQ(std::count(perSession.out.begin(), perSession.out.end(), '\n'), 301);
+}
+
+// A session that a script stops ends as a game stop, and the per-session
+// line carries the game's own stop text.
+TEST(BatchCli, PerSessionLinesCarryTheStopText) {
+  const std::string path = ::testing::TempDir() + "batch_stop.bet";
+  ASSERT_EQ(std::system(("printf 'If dice total = 7 Then\\n   Stop AutoRolling/HyperDrive\\nEndIf\\n' > " + path)
+                            .c_str()),
+            0);
+  const auto r = Cli(kAnn + "--sessions 4 --rolls 500 --seed 5 --csv --per-session --script Ann=" +
+                     path);
+  ASSERT_EQ(r.exitCode, 0);
+  std::istringstream lines(r.out);
+  std::string line;
+  std::getline(lines, line);
+  EXPECT_TRUE(line.ends_with(",stop")) << line;
+  int stopped = 0;
+  while (std::getline(lines, line)) {
+    if (line.find(",game stop,") == std::string::npos) continue;
+    ++stopped;
+    EXPECT_TRUE(line.ends_with(",Stopped by Auto-Bet command.")) << line;
+  }
+  EXPECT_EQ(stopped, 4);
 }
 
 TEST(BatchCli, JsonHasEveryFigure) {

@@ -3,6 +3,7 @@
 // checks is refused with its notice and the form returns to its tab, and a
 // bet switch cleared with bets standing asks first.
 #include <QComboBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -12,6 +13,7 @@
 #include "config/settings.h"
 #include "core/catalogue.h"
 #include "core/money.h"
+#include "dice/rng.h"
 #include "desktop_fixture.h"
 #include "table/configure_form.h"
 
@@ -23,6 +25,7 @@ class ConfigureTest : public QObject {
   void aLimitFaultKeepsTheTabAndTheForm();
   void clearingFireWithAFireBetAnsweredNoKeepsIt();
   void payoffDenominatorOfZeroIsRefused();
+  void generatorBoxSelectsAndSeeds();
 };
 
 void ConfigureTest::opensOnTheGamesValues() {
@@ -117,6 +120,56 @@ void ConfigureTest::payoffDenominatorOfZeroIsRefused() {
   emit den->editingFinished();
   QCOMPARE(PayoffValue(*t.game, *cell, 3), before);
   QCOMPARE(den->text(), QString::fromStdString(FormatMoney(before)));
+}
+
+// The Misc. tab's generator box: the list selects the generator (one whose
+// library is missing falls back to RNG #4), the options reach the game, and
+// "Seed RNG now" seeds the selected generator with the typed seed, reports
+// it and shows it; Cancel at the prompt seeds nothing.
+void ConfigureTest::generatorBoxSelectsAndSeeds() {
+  DesktopTable t;
+  ConfigureForm* form = t.window->Configure();
+  form->Fill();
+  auto* list = FormChild<QComboBox>(*form, "cmbRNG");
+  QCOMPARE(list->count(), kRngCount);
+  QCOMPARE(list->currentIndex(), static_cast<int>(t.game->dice.RngIndex));
+  list->setCurrentIndex(4);
+  QCOMPARE(t.game->dice.RngIndex, 4);
+  t.game->dice.MissingDllMask = kMissingFirstMt;
+  list->setCurrentIndex(5);
+  QCOMPARE(t.game->dice.RngIndex, 3);
+  QCOMPARE(list->currentIndex(), 3);
+  t.game->dice.MissingDllMask = 0;
+  list->setCurrentIndex(4);
+
+  FormChild<QCheckBox>(*form, "chkReSeed")->setChecked(false);
+  QVERIFY(!t.game->dice.ReseedEachSession);
+  FormChild<QRadioButton>(*form, "optSeedRNG1")->setChecked(true);
+  QVERIFY(t.game->dice.UserSeedMode);
+
+  t.shown.clear();
+  t.AnswerMessage(0, "4242");
+  QTest::mouseClick(FormChild<QPushButton>(*form, "cmdSeedRNG"), Qt::LeftButton);
+  QCOMPARE(t.shown.size(), std::size_t{2});
+  QCOMPARE(t.shown[0].first, std::string("RNG Seed"));
+  QCOMPARE(t.shown[1].second, std::string("The random number generator has now been seeded."));
+  QCOMPARE(t.game->dice.LastSeed, 4242);
+  QCOMPARE(FormChild<QLabel>(*form, "lblLastSeed")->text(), QString("4242"));
+  // The seeded generator is the one the list selected.
+  auto fresh = std::make_unique<Game>();
+  fresh->dice.RngIndex = 4;
+  SeedRngWith(*fresh, 4242);
+  for (int roll = 0; roll < 20; ++roll) {
+    DrawDice(*t.game);
+    DrawDice(*fresh);
+    QCOMPARE(t.game->Die1 * 10 + t.game->Die2, fresh->Die1 * 10 + fresh->Die2);
+  }
+
+  t.shown.clear();
+  t.AnswerMessage(3);  // Cancel at the prompt
+  QTest::mouseClick(FormChild<QPushButton>(*form, "cmdSeedRNG"), Qt::LeftButton);
+  QCOMPARE(t.shown.size(), std::size_t{1});
+  QCOMPARE(t.game->dice.LastSeed, 4242);
 }
 
 QTEST_MAIN(ConfigureTest)
