@@ -76,6 +76,8 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-probability.png --view configure:8 \
 	  --prb $(BUILD)/skew.prb --prob-mode 1
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-advantage.png --view configure:9
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-checkstacks.png --view print:checkstacks --full-table
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-advantage.png --view print:advantage
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -30,6 +30,13 @@ class HeadlessPlatform : public Platform {
     steps.push_back(step);
     return true;
   }
+  // Keeps the document when a printer is set up; false without one.
+  bool Print(const PrintDocument& document) override {
+    if (!printerAvailable) return false;
+    printed.push_back(document);
+    return true;
+  }
+  CalendarDate Today() override { return fixedDate ? *fixedDate : Platform::Today(); }
 
   // Default answer of a message style: the first button the style shows
   // (OK 1, Yes 6, No 7, Cancel 2), or the focused one if 0x1000/0x2000 says.
@@ -48,6 +55,9 @@ class HeadlessPlatform : public Platform {
   static constexpr std::size_t kSoundsRecorded = 100'000;
   std::vector<Sound> sounds;
   std::vector<ScriptStep> steps;
+  std::vector<PrintDocument> printed;
+  bool printerAvailable = true;
+  std::optional<CalendarDate> fixedDate;  // a fixed day for tests
   long eventPumps = 0;
   long redraws[static_cast<int>(Redraw::kCount)] = {};
 

@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/print_document.h"
+
 struct SettleDialog;
 
 // What the message dialog is asked to show. Text pieces are joined by CR
@@ -91,4 +93,12 @@ class Platform {
     (void)step;
     return true;
   }
+  // Prints a document (the desktop asks for the printer first); false when
+  // nothing was printed: no printer, or the user cancelled.
+  virtual bool Print(const PrintDocument& document) {
+    (void)document;
+    return false;
+  }
+  // Today's date on the local calendar.
+  virtual CalendarDate Today();
 };

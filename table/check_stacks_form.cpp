@@ -22,6 +22,7 @@
 #include "core/game.h"
 #include "core/money.h"
 #include "engine/bankroll.h"
+#include "engine/check_stacks_print.h"
 #include "engine/players.h"
 #include "engine/settle_text.h"
 #include "table/numeric_box.h"
@@ -79,9 +80,9 @@ CheckStacksForm::CheckStacksForm(Game& game, QWidget* parent) : QDialog(parent),
   QMenu* file = menus->addMenu("&File");
   QAction* print = file->addAction("&Print ...");
   print->setObjectName("mnuPrint");
-  print->setEnabled(false);
-  print->setToolTip("Printing the CheckStacks is not built yet.");
-  file->setToolTipsVisible(true);
+  connect(print, &QAction::triggered, this, [this] {
+    if (Player() != 0) PrintCheckStacks(game_, Player(), game_.gamefile.GameFilePath);
+  });
 
   QMenu* edit = menus->addMenu("&Edit");
   struct Item {

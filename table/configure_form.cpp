@@ -12,9 +12,11 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "analysis/advantage_print.h"
 #include "core/game.h"
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
+#include "core/platform.h"
 #include "core/money.h"
 #include "engine/bankroll.h"
 #include "table/configure_advantage_tab.h"
@@ -61,9 +63,19 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
   auto* ok = new QPushButton("OK", this);
   ok->setObjectName("cmdOK");
   connect(ok, &QPushButton::clicked, this, [this] { TryClose(); });
+  // One print command: the payoffs on the Payoffs tab, the advantage table
+  // on the Advantage tab; elsewhere there is nothing to print.
+  printAdvPay_ = new QPushButton("&Print ...", this);
+  printAdvPay_->setObjectName("mnuPrintAdvPay");
+  printAdvPay_->setAutoDefault(false);
+  connect(printAdvPay_, &QPushButton::clicked, this, [this] { PrintShownTab(); });
+  connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
+    printAdvPay_->setEnabled(index == kTabPayoffs || index == kTabAdvantage);
+  });
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(tabs_);
   auto* row = new QHBoxLayout;
+  row->addWidget(printAdvPay_);
   row->addStretch();
   row->addWidget(ok);
   layout->addLayout(row);
@@ -128,6 +140,7 @@ void ConfigureForm::Fill() {
   const bool shown = tabs_->isTabEnabled(tab) && (tab != kTabBankroll || game_.PlayerCount > 0);
   shownTab_ = shown ? tab : kTabChecksDice;
   tabs_->setCurrentIndex(shownTab_);
+  printAdvPay_->setEnabled(shownTab_ == kTabPayoffs || shownTab_ == kTabAdvantage);
   FormLoading = false;
 }
 
@@ -162,6 +175,16 @@ void ConfigureForm::TabClicked(int index) {
   }
   shownTab_ = index;
   game_.rules.ConfigureTab = index;
+}
+
+void ConfigureForm::PrintShownTab() {
+  if (game_.platform == nullptr || !CheckValues()) return;
+  const CalendarDate today = game_.platform->Today();
+  const std::string& file = game_.gamefile.GameFilePath;
+  if (tabs_->currentIndex() == kTabAdvantage)
+    game_.platform->Print(AdvantagePrintout(game_, today, file));
+  else if (tabs_->currentIndex() == kTabPayoffs)
+    game_.platform->Print(PayoffsPrintout(game_, today, file));
 }
 
 bool ConfigureForm::TryClose() {

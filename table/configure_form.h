@@ -23,6 +23,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QPushButton;
 class QRadioButton;
 class QSlider;
 class QTabWidget;
@@ -83,6 +84,8 @@ class ConfigureForm : public QDialog {
   void TestSound(Long TableSettings::*selection);
   // CheckConfigValues: shows the first fault and brings up its tab.
   bool CheckValues();
+  // mnuPrintAdvPay: prints the Payoffs or the Advantage tab, whichever shows.
+  void PrintShownTab();
   // A change of tab: checks the whole set first and stays on a fault.
   void TabClicked(int index);
   // Shows the payoff of the list's current row in the edit boxes.
@@ -100,6 +103,7 @@ class ConfigureForm : public QDialog {
   int shownTab_ = 0;
   RollRateBox rateBox_;
   QTabWidget* tabs_;
+  QPushButton* printAdvPay_ = nullptr;
   std::array<QLineEdit*, 5> denomination_{};
   QLineEdit* rollsPerHour_ = nullptr;
   QComboBox* rollsPerTime_ = nullptr;

@@ -3,11 +3,14 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QFileDialog>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
 
 #include "table/message_form.h"
+#include "table/print_pages.h"
 #include "table/settle_form.h"
 
 QtPlatform::QtPlatform(QObject* parent) : QObject(parent) { clock_.start(); }
@@ -45,6 +48,22 @@ int QtPlatform::ShowSettleDialog(SettleDialog& dialog) {
   SettleForm form(game_, dialog, mainWindow_);
   RunModal(form);
   return form.Pressed();
+}
+
+bool QtPlatform::Print(const PrintDocument& document) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(QString::fromStdString(document.jobName));
+  if (document.landscape) printer.setPageOrientation(QPageLayout::Landscape);
+  if (!printToFile.isEmpty()) {
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(printToFile);
+  } else {
+    QPrintDialog dialog(&printer, mainWindow_);
+    if (RunModal(dialog) != QDialog::Accepted) return false;
+  }
+  if (!PaintDocument(document, printer)) return false;
+  ++documentsPrinted;
+  return true;
 }
 
 std::optional<std::string> QtPlatform::ChooseFile(const FileChooserRequest& request) {

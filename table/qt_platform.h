@@ -43,12 +43,19 @@ class QtPlatform : public QObject, public Platform {
   bool MainWindowMinimized() override;
   // A Qt file dialog with the request's caption, types and folder.
   std::optional<std::string> ChooseFile(const FileChooserRequest& request) override;
+  // The printer dialog, then the document's pages on the chosen printer;
+  // with printToFile set, straight into that PDF file instead.
+  bool Print(const PrintDocument& document) override;
 
   // Called with every modal dialog just after it is shown (tests answer
   // dialogs through it by clicking their real buttons); empty in play.
   std::function<void(QDialog&)> onDialogShown;
   // Answers the file chooser instead of the Qt file dialog when set (tests).
   std::function<std::optional<std::string>(const FileChooserRequest&)> onChooseFile;
+  // A PDF file that printouts go to without the printer dialog (tests,
+  // --print-to); empty in play.
+  QString printToFile;
+  int documentsPrinted = 0;
   // Counts of what was shown, for tests and the status line.
   int messagesShown = 0;
   int settleDialogsShown = 0;

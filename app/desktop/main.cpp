@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QDialog>
+#include <QImage>
+#include <QPainter>
 #include <QPixmap>
 #include <cstdlib>
 #include <iostream>
@@ -11,11 +13,13 @@
 
 #include "app/cli/player_options.h"
 #include "app/cli/probability_options.h"
+#include "analysis/advantage_print.h"
 #include "app/desktop/scene.h"
 #include "automation/autoplay_selection.h"
 #include "cycle/hyperdrive.h"
 #include "dice/dice_file.h"
 #include "dice/rng.h"
+#include "engine/check_stacks_print.h"
 #include "core/game.h"
 #include "cycle/startup.h"
 #include "store/game_file.h"
@@ -27,6 +31,7 @@
 #include "table/crap_table_window.h"
 #include "table/new_form.h"
 #include "table/path_form.h"
+#include "table/print_pages.h"
 #include "table/qt_platform.h"
 #include "table/table_view.h"
 
@@ -73,6 +78,39 @@ bool ParseSize(const std::string& text, int& w, int& h) {
   return w >= 200 && h >= 150 && w <= 8000 && h <= 8000;
 }
 
+// Page 1 of a printout (checkstacks, advantage or payoffs) as it lands on
+// a letter-size sheet at 96 dots an inch, white, with inch margins.
+int SavePrintPreview(Game& game, const std::string& what, const std::string& path) {
+  constexpr int kDpi = 96, kSheetWidth = 816, kSheetHeight = 1056, kMargin = 72;
+  const CalendarDate today = game.platform->Today();
+  PrintDocument doc;
+  if (what == "checkstacks") {
+    ShowSomeCheckStacks(game);
+    doc = CheckStacksPrintout(game, 1, 0, kCheckStackCount - 1, today, "Tuesday.rvg");
+  } else if (what == "advantage") {
+    doc = AdvantagePrintout(game, today, "Tuesday.rvg");
+  } else if (what == "payoffs") {
+    doc = PayoffsPrintout(game, today, "Tuesday.rvg");
+  } else {
+    std::cerr << "ravelton: no printout named " << what << "\n";
+    return 1;
+  }
+  const int width = doc.landscape ? kSheetHeight : kSheetWidth;
+  const int height = doc.landscape ? kSheetWidth : kSheetHeight;
+  QImage sheet(width, height, QImage::Format_RGB32);
+  sheet.fill(Qt::white);
+  QPainter painter(&sheet);
+  const PrintPages pages(doc, QRect(kMargin, kMargin, width - 2 * kMargin, height - 2 * kMargin),
+                         kDpi);
+  pages.Paint(painter, 0);
+  painter.end();
+  if (!sheet.save(QString::fromStdString(path), "PNG")) {
+    std::cerr << "ravelton: cannot write " << path << "\n";
+    return 1;
+  }
+  return 0;
+}
+
 // A screenshot runs unattended: every dialog is answered by its default
 // button and its text goes to standard error.
 void AnswerDialogsByDefault(QtPlatform& platform) {
@@ -92,7 +130,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, or configure[:TAB]");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -177,6 +215,7 @@ int main(int argc, char** argv) {
     game->hyper.RunRollLimit = o.rolls;
     RunHyperDrive(*game);
   }
+  if (o.view.rfind("print:", 0) == 0) return SavePrintPreview(*game, o.view.substr(6), o.screenshot);
   QWidget* target = &window;
   if (o.view == "bankroll") {
     BankrollForm* form = window.Bankroll();

@@ -1,0 +1,36 @@
+#include "core/print_document.h"
+
+#include <cstdio>
+
+#include "core/data_folder.h"
+
+namespace {
+
+constexpr const char* kMonthAbbrev[12] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                          "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+constexpr int kCentury = 100;
+
+}  // namespace
+
+void PrintDocument::AddText(std::string text, bool centred, bool bold) {
+  PrintLine line;
+  line.cells.push_back({std::move(text), 0, kPrintBlack, false});
+  line.centred = centred;
+  line.bold = bold;
+  lines.push_back(std::move(line));
+}
+
+void PrintDocument::AddBlank() { lines.emplace_back(); }
+
+std::string MediumDate(const CalendarDate& date) {
+  const int month = date.month >= 1 && date.month <= 12 ? date.month : 1;
+  const int year = ((date.year % kCentury) + kCentury) % kCentury;
+  char text[16];
+  std::snprintf(text, sizeof text, "%02d-%s-%02d", date.day, kMonthAbbrev[month - 1], year);
+  return text;
+}
+
+std::string PrintedFileName(std::string_view path) {
+  const std::string_view name = FileNameOf(path);
+  return name.empty() ? std::string("untitled") : std::string(name);
+}

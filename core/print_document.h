@@ -1,0 +1,56 @@
+// A printout as data: the lines a form prints, each made of cells set at a
+// column, in one of the sixteen basic colours. The engine composes a
+// document; the platform lays it on pages (the desktop through the
+// printer, the headless platform by keeping it for the tests).
+//
+// What must stay true:
+// - Columns are counted in average character widths from the left margin;
+//   a right-aligned cell ends at its column.
+// - Colours are numbers of the sixteen basic colours (0 black, 9 blue, 12
+//   red, 13 magenta); PrintColors of the rules chooses them, so a printer
+//   without colour gets all black.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+constexpr int kPrintBlack = 0;
+
+struct PrintCell {
+  std::string text;
+  int column = 0;
+  int colour = kPrintBlack;
+  bool alignRight = false;
+};
+
+struct PrintLine {
+  std::vector<PrintCell> cells;
+  bool centred = false;  // one cell centred across the page (headings)
+  bool bold = false;
+};
+
+struct PrintDocument {
+  std::string jobName;  // the print job's name, e.g. "Ravelton CheckStacks"
+  bool landscape = false;  // wide tables print across the long side
+  std::vector<PrintLine> lines;
+
+  // Appends a line of one cell at column 0, or centred.
+  void AddText(std::string text, bool centred = false, bool bold = false);
+  // Appends an empty line.
+  void AddBlank();
+};
+
+// A calendar day.
+struct CalendarDate {
+  int year = 0;
+  int month = 1;  // 1..12
+  int day = 1;
+};
+
+// The date as the medium form shows it: "23-Nov-26".
+std::string MediumDate(const CalendarDate& date);
+
+// The file name a printout's heading shows: the name of `path`, or
+// "untitled" when there is none.
+std::string PrintedFileName(std::string_view path);

@@ -1,0 +1,44 @@
+// Lays a PrintDocument (core/print_document.h) on pages: one font, cells
+// at their columns in average character widths, the page number under
+// each page. The same layout paints a printer's pages and the preview
+// images of `make screenshots`.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QRect>
+#include <vector>
+
+#include "core/print_document.h"
+
+class QPainter;
+class QPagedPaintDevice;
+
+class PrintPages {
+ public:
+  // Lays the document out for pages whose printable area is `page` (in the
+  // painter's units at `dpi`).
+  PrintPages(const PrintDocument& document, QRect page, int dpi);
+  int PageCount() const { return static_cast<int>(firstLine_.size()); }
+  // Paints page `index` (0-based) into the area given at construction.
+  void Paint(QPainter& painter, int index) const;
+
+ private:
+  // The width the lines need at the present font, in device pixels.
+  double WidestLine() const;
+
+  const PrintDocument& document_;
+  QRect page_;
+  QFont font_, bold_;
+  int lineHeight_ = 0;
+  double charWidth_ = 0;
+  int footerHeight_ = 0;
+  std::vector<int> firstLine_;  // the first line of each page
+};
+
+// One of the sixteen basic colours by number (0 black .. 15 white).
+QColor BasicColour(int number);
+
+// Prints every page of the document on a paged device (a QPrinter); false
+// when the painter could not begin.
+bool PaintDocument(const PrintDocument& document, QPagedPaintDevice& device);
