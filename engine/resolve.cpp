@@ -21,6 +21,7 @@ namespace {
 // set are skipped: an empty table decides in a few nanoseconds.
 unsigned SeatsWithBets(const Game& g) {
   unsigned seats = 0;
+  if (g.PlayerCount == 0) return seats;  // open seats hold no bets
   std::int64_t any = 0;  // one test for a table where nobody has a bet
   for (int p = 1; p <= 8; ++p) any |= g.TotalBets(p).raw;
   if (any == 0) return seats;
