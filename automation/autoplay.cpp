@@ -6,6 +6,7 @@
 #include "core/platform.h"
 
 void AutoPlayPointActions(Game& g) {
+  if (g.PlayerCount == 0) return;  // an open seat has no bets to act on
   AutoPlayState& a = g.autoplay;
   for (int p = 1; p <= 8; ++p) {
     const bool pass = g.Bet(p, bet::kPassLine) > Currency{};

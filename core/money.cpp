@@ -58,7 +58,11 @@ Currency CurMul(Currency a, Currency b) {
   return Saturate(DivRoundEven(static_cast<i128>(a.raw) * b.raw, Currency::kScale));
 }
 
-Currency CurMulInt(Currency a, std::int64_t n) { return Saturate(static_cast<i128>(a.raw) * n); }
+Currency CurMulInt(Currency a, std::int64_t n) {
+  std::int64_t product;
+  if (!__builtin_mul_overflow(a.raw, n, &product)) return Currency::FromRaw(product);
+  return Saturate(static_cast<i128>(a.raw) * n);
+}
 
 double CurDiv(Currency a, Currency b) {
   if (b.raw == 0) return 0.0;
@@ -88,6 +92,9 @@ bool IsWhole(double x) { return std::floor(x) == x; }
 Currency RoundDownToMultiple(Currency a, Currency m) {
   assert(m.raw > 0);
   if (m.raw <= 0) return a;
+  // Int(a / m) x m lies between a - m and a: for a at least 0 it is a less
+  // the remainder, with no product that could overflow.
+  if (a.raw >= 0) return Currency::FromRaw(a.raw - a.raw % m.raw);
   return Saturate(static_cast<i128>(FloorDiv(a.raw, m.raw)) * m.raw);
 }
 

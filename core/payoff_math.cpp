@@ -149,21 +149,23 @@ Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Curre
       break;
     }
     case kOddsColorPush: {
-      Currency cand[6];
-      for (int i = 5; i >= 1; --i) {
-        cand[i] = m;
-        if (d[i].raw > 0 && base.raw / d[i].raw > 1) cand[i] = ColorCandidate(m, p, s, d[i]);
-      }
-      if (m < cand[5] && cand[5] < c && WholeQuotient(base, 100_usd))
-        r = cand[5];
-      else if (m < cand[4] && cand[4] < c && WholeQuotient(base, 25_usd))
-        r = cand[4];
-      else if (m < cand[3] && cand[3] < c && WholeQuotient(base, 5_usd))
-        r = cand[3];
-      else if (m < cand[2] && cand[2] < c)
-        r = cand[2];
+      // The candidate of check i; each is figured only when the choice
+      // below comes to it (they are pure, and the search is costly).
+      auto candidate = [&](int i) {
+        return d[i].raw > 0 && base.raw / d[i].raw > 1 ? ColorCandidate(m, p, s, d[i]) : m;
+      };
+      auto between = [&](Currency v) { return m < v && v < c; };
+      Currency v;
+      if (WholeQuotient(base, 100_usd) && between(v = candidate(5)))
+        r = v;
+      else if (WholeQuotient(base, 25_usd) && between(v = candidate(4)))
+        r = v;
+      else if (WholeQuotient(base, 5_usd) && between(v = candidate(3)))
+        r = v;
+      else if (between(v = candidate(2)))
+        r = v;
       else
-        r = cand[1];
+        r = candidate(1);
       break;
     }
     case kOddsSingleOdds:
@@ -360,6 +362,13 @@ int ProperOddsBias(const Game& game, int player, int bet) {
 void AdjustForProperOdds(Game& game, int player, int bet) {
   if (!IsRealBet(bet) || game.autoplay.AutoAdjustMode(player) <= 0) return;
   BettingState& s = game.betting;
+  // The rule's first answers, without gathering its input: a change that
+  // takes the bet down, no unit to adjust to, or a total already in whole
+  // units stands as asked (most settled bets on the roll path).
+  const Currency current = game.Bet(player, bet), unit = ProperOddsUnit(game, bet);
+  if (s.BetChange <= -current || unit.raw <= 0 || game.CheckValue(1).raw <= 0 ||
+      WholeQuotient(current + s.BetChange, unit))
+    return;
   ProperOddsInput in;
   in.bet = bet;
   in.current = game.Bet(player, bet);

@@ -68,5 +68,6 @@ void FigureBetMaximum(Game& g, int p, int b) {
     m = g.rules.MaxFireBet;
   }
   if (m < Currency{}) m = Currency{};
-  g.betting.BetMaximum = unit.raw > 0 ? RoundDownToMultiple(m, unit) : m;
+  // The table maximum is a multiple of the unit already (most bets end here).
+  g.betting.BetMaximum = unit.raw > 0 && m != tableMax ? RoundDownToMultiple(m, unit) : m;
 }

@@ -1,5 +1,6 @@
 // FigurePayoff: the money of one decision, from the payoff rows.
 #include <cassert>
+#include <cstdint>
 
 #include "config/payoffs.h"
 #include "core/catalogue.h"
@@ -16,12 +17,22 @@ void LoadRowZero(Game& g, const Tbl& table, int row) {
   g.PayoffTbl(3, 0) = table(3, row);
 }
 
+// x / d in doubles, back to an amount. With d exactly 1 and x under 2^50
+// ten-thousandths the two roundings of the doubles stay far below half a
+// ten-thousandth, so they give back x itself: every loss and every even-money
+// win takes that path without the doubles.
+Currency QuotientInDoubles(Currency x, Currency d) {
+  constexpr std::int64_t kExact = std::int64_t{1} << 50;
+  if (d.raw == Currency::kScale && x.raw < kExact && x.raw > -kExact) return x;
+  return CurFromDouble(x.ToDouble() / d.ToDouble());
+}
+
 // amount x a / d with the product on amounts and the quotient in doubles.
 Currency Scaled(const Game& g, Currency amount) {
-  const double d = g.PayoffTbl(3, 0).ToDouble();
-  assert(d > 0);
-  if (!(d > 0)) return Currency{};  // a corrupt row pays nothing rather than infinity
-  return CurFromDouble(CurMul(amount, g.PayoffTbl(1, 0)).ToDouble() / d);
+  const Currency d = g.PayoffTbl(3, 0);
+  assert(d.raw > 0);
+  if (!(d.raw > 0)) return Currency{};  // a corrupt row pays nothing rather than infinity
+  return QuotientInDoubles(CurMul(amount, g.PayoffTbl(1, 0)), d);
 }
 
 // A split bet of `parts` sub-bets, one of which the roll pays: the winning
@@ -125,6 +136,6 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
 
   // The net is cut to whole smallest checks: a win rounds down, a loss up.
   const Currency unit = g.CheckValue(1);
-  const Currency q = CurFromDouble(g.GrossPayoff.ToDouble() / unit.ToDouble());
+  const Currency q = QuotientInDoubles(g.GrossPayoff, unit);
   g.NetPayoff = CurMulInt(unit, CurInt(q).raw / Currency::kScale);
 }

@@ -41,7 +41,7 @@ void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
 // Amounts are stepped in CheckValue(1): a positive change up to the next
 // multiple, a negative one down to the next, never below minus the bet.
 Currency RoundChange(Currency change, Currency unit, Currency bet) {
-  if (unit.raw > 0) {
+  if (unit.raw > 0 && change.raw != 0) {  // no change is a multiple of any unit
     std::int64_t q = change.raw / unit.raw, r = change.raw % unit.raw;
     if (r < 0) --q;
     if (r != 0) change = Currency::FromRaw(q * unit.raw + (change.raw > 0 ? unit.raw : 0));

@@ -21,6 +21,7 @@ namespace {
 // set are skipped: an empty table decides in a few nanoseconds.
 unsigned SeatsWithBets(const Game& g) {
   unsigned seats = 0;
+  if (g.PlayerCount == 0) return seats;  // open seats hold no bets
   std::int64_t any = 0;  // one test for a table where nobody has a bet
   for (int p = 1; p <= 8; ++p) any |= g.TotalBets(p).raw;
   if (any == 0) return seats;
@@ -34,9 +35,10 @@ unsigned SeatsWithBets(const Game& g) {
 // a number whose decisions are already over (a Come or Don't Come bet and
 // its odds), so the set taken at the start holds every id still to decide.
 void NoteBetsOnTable(Game& g) {
-  // Ids 0..95 in twelve blocks of eight; a block with no money is skipped
-  // whole, so a player with a few bets costs a few blocks.
-  constexpr int kBlock = 8, kBlocks = 12;
+  // Ids 0..87 (the real bets and a few ids above them) in eleven blocks of
+  // eight; a block with no money is skipped whole, so a player with a few
+  // bets costs a few blocks.
+  constexpr int kBlock = 8, kBlocks = 11;
   static_assert(kBlock * kBlocks > kLastRealBet && kBlock * kBlocks - 1 <= kLastBetId);
   std::uint64_t bits[2] = {0, 0};
   for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
@@ -389,7 +391,6 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
   if (g.NetPayoff > Currency{}) ExtendTrend(trend, true);
   if (!g.HyperDrive && g.Bet(p, b) > Currency{} && g.autoplay.HandleWinningBets(p) == kWinManual)
     FillSettleLines(g, p, SettleKind::Winner);
-  FigurePressUnit(g, p, b);
   SettleWinner(g, p);
 }
 

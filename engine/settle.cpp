@@ -62,6 +62,12 @@ int EffectiveRule(const Game& g, int rule) {
   return rule == 0 && !CanShow(g) ? 1 : rule;
 }
 
+// PressUnit is read only by the dialog and by the Press 1 Unit rule, so the
+// settling figures it (a few divisions in doubles) only for those two.
+bool ReadsPressUnit(int rule, int manual, int pressUnit) {
+  return rule == manual || rule == pressUnit;
+}
+
 void ShowDialogOf(Game& g, int p, SettleKind kind) {
   g.autoplay.Dialog.kind = kind;
   g.autoplay.Dialog.player = p;
@@ -90,7 +96,9 @@ void SettleWinner(Game& g, int p) {
     g.NetPayoff += *vig;
     *vig = Currency{};
   }
-  switch (EffectiveRule(g, g.autoplay.HandleWinningBets(p))) {
+  const int rule = EffectiveRule(g, g.autoplay.HandleWinningBets(p));
+  if (ReadsPressUnit(rule, kWinManual, kWinPressUnit)) FigurePressUnit(g, p, b);
+  switch (rule) {
     case kWinManual:
       ShowDialogOf(g, p, SettleKind::Winner);
       return;
@@ -142,7 +150,7 @@ void SettleLoser(Game& g, int p) {
     if (upFront) g.TotalBets(p) -= *vig;
     *vig = Currency{};
   }
-  FigurePressUnit(g, p, b);
+  if (ReadsPressUnit(rule, kLoseManual, kLosePressUnit)) FigurePressUnit(g, p, b);
   switch (rule) {
     case kLoseManual:
       ShowDialogOf(g, p, SettleKind::Loser);
@@ -187,10 +195,10 @@ void SettleNotWorking(Game& g, int p) {
   const int flat = FlatOf(b);
   if (flat == 0 || g.Bet(p, flat).IsZero() || !g.rules.AllowPutBets || IsLineOdds(b))
     g.BetComesDown = true;
-  FigurePressUnit(g, p, b);
   const int stored = flat != 0 && g.BetTrend(p, flat, 1) >= 2 ? g.autoplay.HandleWinningBets(p)
                                                               : g.autoplay.HandleLosingBets(p);
   const int rule = EffectiveRule(g, stored);
+  if (ReadsPressUnit(rule, 0, 3)) FigurePressUnit(g, p, b);
   if (rule == 0) {
     FillSettleLines(g, p, SettleKind::NotWorking);
     ShowDialogOf(g, p, SettleKind::NotWorking);

@@ -7,15 +7,17 @@ namespace {
 
 using StatTable = decltype(Game::StatAction);
 
-// One decision of `amount` in the six columns of a statistics row.
+// One decision of `amount` in the six columns of a statistics row (the
+// row's columns are contiguous, so one address serves them all).
 void CountDecision(StatTable& t, int i, int b, Currency amount, Currency rollNumber) {
-  t(i, b, kStatCount) += Currency::FromWhole(1);
-  t(i, b, kStatTotal) += amount;
-  if (amount > t(i, b, kStatLargest)) t(i, b, kStatLargest) = amount;
-  Currency& smallest = t(i, b, kStatSmallest);
+  Currency* row = &t(i, b, 0);
+  row[kStatCount] += Currency::FromWhole(1);
+  row[kStatTotal] += amount;
+  if (amount > row[kStatLargest]) row[kStatLargest] = amount;
+  Currency& smallest = row[kStatSmallest];
   if ((smallest.IsZero() || smallest > amount) && amount > Currency{}) smallest = amount;
-  t(i, b, kStatRollOfLast) = rollNumber;
-  t(i, b, kStatAmountOfLast) = amount;
+  row[kStatRollOfLast] = rollNumber;
+  row[kStatAmountOfLast] = amount;
 }
 
 }  // namespace
