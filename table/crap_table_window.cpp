@@ -38,6 +38,7 @@
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
 #include "table/move_form.h"
+#include "table/window_keeper.h"
 #include "table/new_form.h"
 #include "table/path_form.h"
 #include "table/qt_platform.h"
@@ -59,6 +60,7 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
   setObjectName("frmCrapTable");
   setWindowTitle(Caption());
   view_ = new TableView(game, platform, this);
+  mainKeeper_ = new WindowKeeper(game, KeptWindow::Main, *this);
   setCentralWidget(view_);
   view_->onWindowKey = [this](int key, Qt::KeyboardModifiers mods) { WindowKey(key, mods); };
   connect(view_, &TableView::gameChanged, this, &CrapTableWindow::RefreshMenus);
@@ -129,7 +131,9 @@ void CrapTableWindow::BuildMenus() {
   // the file (RefreshMenus).
   auto fileCommand = [this, guarded](bool (*command)(Game&)) {
     return guarded([this, command] {
-      command(game_);
+      const bool done = command(game_);
+      // An opened game brings its windows' places with it.
+      if (done && command == OpenGameCommand) RestoreWindowPlaces();
       if (bankroll_) bankroll_->Refresh();
     });
   };
@@ -343,18 +347,25 @@ ConfigureForm* CrapTableWindow::Configure() {
 }
 
 BankrollForm* CrapTableWindow::Bankroll() {
-  if (!bankroll_) bankroll_ = new BankrollForm(game_, this);
+  if (!bankroll_) {
+    bankroll_ = new BankrollForm(game_, this);
+    new WindowKeeper(game_, KeptWindow::Bankroll, *bankroll_);
+  }
   return bankroll_;
 }
 
 MoveForm* CrapTableWindow::Move() {
-  if (!move_) move_ = new MoveForm(game_, *view_, this);
+  if (!move_) {
+    move_ = new MoveForm(game_, *view_, this);
+    new WindowKeeper(game_, KeptWindow::Move, *move_);
+  }
   return move_;
 }
 
 CheckStacksForm* CrapTableWindow::CheckStacks() {
   if (!checkStacks_) {
     checkStacks_ = new CheckStacksForm(game_, this);
+    new WindowKeeper(game_, KeptWindow::CheckStacks, *checkStacks_);
     connect(checkStacks_, &CheckStacksForm::changed, view_, qOverload<>(&QWidget::update));
   }
   return checkStacks_;
@@ -363,6 +374,7 @@ CheckStacksForm* CrapTableWindow::CheckStacks() {
 AutoPlayForm* CrapTableWindow::AutoPlay() {
   if (!autoPlay_) {
     autoPlay_ = new AutoPlayForm(game_, this);
+    new WindowKeeper(game_, KeptWindow::AutoPlay, *autoPlay_);
     connect(autoPlay_, &AutoPlayForm::changed, view_, qOverload<>(&QWidget::update));
   }
   autoPlay_->Refresh();
@@ -395,4 +407,13 @@ void CrapTableWindow::changeEvent(QEvent* event) {
     game_.StopMessage.clear();
     ShowNotice(game_, message, "Hyper-Drive Stopped", kHelpHyperDrive, kMsgOk | kMsgPicStop);
   }
+}
+
+void CrapTableWindow::RestoreWindowPlaces() {
+  mainKeeper_->Restore();
+  for (QWidget* form : {static_cast<QWidget*>(bankroll_), static_cast<QWidget*>(move_),
+                        static_cast<QWidget*>(checkStacks_), static_cast<QWidget*>(autoPlay_)})
+    if (form != nullptr)
+      if (auto* keeper = form->findChild<WindowKeeper*>(QString(), Qt::FindDirectChildrenOnly))
+        keeper->Restore();
 }

@@ -13,6 +13,7 @@ class ConfigureForm;
 class MoveForm;
 class CheckStacksForm;
 class AutoPlayForm;
+class WindowKeeper;
 struct Game;
 
 class CrapTableWindow : public QMainWindow {
@@ -52,6 +53,10 @@ class CrapTableWindow : public QMainWindow {
   Game& game_;
   QtPlatform& platform_;
   TableView* view_;
+  // Puts the main window and the open forms where the game's layout has them.
+  void RestoreWindowPlaces();
+
+  WindowKeeper* mainKeeper_ = nullptr;
   QPointer<BankrollForm> bankroll_;
   QPointer<ConfigureForm> configure_;
   QPointer<MoveForm> move_;
