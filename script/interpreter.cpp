@@ -21,12 +21,13 @@ constexpr std::uint32_t kRunFloorMs = 300;  // a run outside Hyper-Drive takes t
 constexpr int kHyperDriveEventEvery = 1024;  // statements between event pumps in Hyper-Drive
 
 // A bit for each kind the sweeps look for: operators 50 to 75, then
-// functions, variables and list keywords.
+// functions, variables, list keywords and brackets.
 constexpr std::uint64_t KindBit(std::int32_t kind) {
   if (kind >= kEqual && kind <= kComma) return std::uint64_t{1} << (kind - kEqual);
   if (kind == kFunction || kind == kFunctionTarget) return std::uint64_t{1} << 40;
   if (kind == kVariable) return std::uint64_t{1} << 41;
   if (kind == kList) return std::uint64_t{1} << 42;
+  if (kind == kOpen || kind == kClose) return std::uint64_t{1} << 43;
   return 0;
 }
 constexpr std::uint64_t kComparisonBits = std::uint64_t{0x3F};  // kinds 50 to 55
@@ -60,6 +61,10 @@ class Runner {
   // set taken when the statement is copied stays a superset.
   std::uint64_t present_ = 0;
   bool Has(std::int32_t kind) const { return (present_ & KindBit(kind)) != 0; }
+  // Every binary operator of kinds a or b in the range, when it has any.
+  void Binary(int lo, std::int32_t a, std::int32_t b) {
+    if (present_ & (KindBit(a) | KindBit(b))) BinarySweep(lo, a, b);
+  }
 
   void Fill();
   void Execute();
@@ -72,7 +77,7 @@ class Runner {
   void Remove(int at, int n);
   void Reduce();
   void ReduceRange(int lo);
-  void Binary(int lo, std::int32_t a, std::int32_t b);
+  void BinarySweep(int lo, std::int32_t a, std::int32_t b);
   void Comparisons(int lo);
   double Compare(const ScriptElement& left, int op, const ScriptElement& right);
   bool Passes(const ScriptElement& item, int op, const ScriptElement& qualifier);
@@ -88,38 +93,39 @@ class Runner {
 void Runner::Remove(int at, int n) {
   n = std::min(n, r_.WorkCount + 1 - at);  // never the closing bound
   if (n <= 0) return;
-  const int tail = r_.WorkCount + 1 - (at + n) + 1;  // the bound behind the statement moves too
-  std::memmove(&w_[at], &w_[at + n], static_cast<std::size_t>(tail) * sizeof(ScriptElement));
+  // The bound behind the statement moves too.
+  const int end = r_.WorkCount + 1 - n;
+  for (int k = at; k <= end; ++k) w_[k] = w_[k + n];
   r_.WorkCount -= n;
   hi_ -= n;
 }
 
+// Copies the statement at RunPos into WorkStatement, between empty bounds.
 void Runner::Fill() {
   auto& work = r_.WorkStatement;
   const auto& s = r_.AllCompiled;
-  const int size = static_cast<int>(s.size());
-  int n = 0;
-  std::uint64_t present = 0;
-  while (r_.RunPos < size && s[static_cast<std::size_t>(r_.RunPos)].Kind < kMark) {
-    // A statement longer than the table grows it and goes on where it stopped.
-    if (static_cast<std::size_t>(n + 2) >= work.size())
-      work.resize(work.size() + kWorkStatementGrowth);
-    const ScriptElement& e = s[static_cast<std::size_t>(r_.RunPos++)];
-    present |= KindBit(e.Kind);
-    work[static_cast<std::size_t>(++n)] = e;
-  }
-  // A function may become a variable.
-  if (present & KindBit(kFunction)) present |= KindBit(kVariable);
-  present_ = present;
-  work[0] = ScriptElement{};
-  work[static_cast<std::size_t>(n + 1)] = ScriptElement{};
-  r_.WorkCount = n;
+  const int at = r_.RunPos;
+  const int n = at >= 0 && at < static_cast<int>(s.size())
+                    ? r_.Shapes[static_cast<std::size_t>(at)].Count
+                    : 0;
+  // A statement longer than the table grows it.
+  while (work.size() < static_cast<std::size_t>(n + 2)) work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
+  if (n > 0) {
+    std::copy_n(&s[static_cast<std::size_t>(at)], n, w_ + 1);
+    present_ = r_.Shapes[static_cast<std::size_t>(at)].Kinds;
+    r_.RunPos += n;
+  } else {
+    present_ = 0;
+  }
+  w_[0] = ScriptElement{};
+  w_[n + 1] = ScriptElement{};
+  r_.WorkCount = n;
 }
 
 // Bracket groups innermost first, then the whole statement as one range.
 void Runner::Reduce() {
-  for (;;) {
+  for (; Has(kOpen);) {
     int open = 0, close = 0;
     for (int i = 1; i <= r_.WorkCount; ++i) {
       if (w_[i].Kind == kOpen) {
@@ -142,8 +148,7 @@ void Runner::Reduce() {
 
 // Every binary operator of kinds a or b, left to right, from the range's
 // second element to the one before its last.
-void Runner::Binary(int lo, std::int32_t a, std::int32_t b) {
-  if (!Has(a) && !Has(b)) return;
+void Runner::BinarySweep(int lo, std::int32_t a, std::int32_t b) {
   for (int i = lo + 2; i <= hi_ - 2;) {
     const std::int32_t k = w_[i].Kind;
     if (k != a && k != b) {
@@ -532,11 +537,12 @@ void Runner::Run() {
   inCondition_ = false;
   int untilEvents = kHyperDriveEventEvery;
   const int last = static_cast<int>(r_.AllCompiled.size()) - 1;
+  if (r_.Shapes.size() != r_.AllCompiled.size()) IndexStatements(r_);
 
   while (true) {
     Fill();
     if (r_.WorkCount > 0) {
-      notes_ = StepNotesWanted(g_);
+      notes_ = r_.ShowSteps && !g_.HyperDrive;  // as StepNotesWanted
       Execute();
       if (notes_ && r_.ScriptRunning && !r_.RunFailed) ShowStep();
       r_.CurStepNote.clear();
@@ -581,6 +587,25 @@ void Runner::Run() {
 }
 
 }  // namespace
+
+void IndexStatements(ScriptRunState& run) {
+  const auto& s = run.AllCompiled;
+  run.Shapes.assign(s.size(), StatementShape{});
+  // Back to front: a statement starting at k is element k and the one
+  // starting behind it, up to a mark.
+  StatementShape next;
+  for (std::size_t k = s.size(); k-- > 0;) {
+    StatementShape shape;
+    if (!IsMark(s[k])) {
+      shape.Count = next.Count + 1;
+      shape.Kinds = next.Kinds | KindBit(s[k].Kind);
+    }
+    next = shape;
+    // A function may become a variable.
+    if (shape.Kinds & KindBit(kFunction)) shape.Kinds |= KindBit(kVariable);
+    run.Shapes[k] = shape;
+  }
+}
 
 void RunAutoBets(Game& game) {
   if (game.scriptRun.AllCompiled.size() < 2) return;

@@ -41,10 +41,35 @@ struct Row {
   double operator()(int k) const { return t(i, b, k).ToDouble(); }
 };
 
+// Fields 32 to 36 of a bet: its present state, read from the table rather
+// than the statistics (only class 1 and a seated slot give anything).
+double BetState(Game& g, int p, int b, int x, int y) {
+  if (x != 1 || p < 1) return 0;
+  switch (y) {
+    case 32:
+      return g.Bet(p, b) > Currency{} ? 1 : 0;
+    case 33:
+      return g.Bet(p, b).ToDouble();
+    case 34:
+      return Truth(g.BetWorking(p, b) > 0);
+    case 35:
+      return Truth(g.BetWorking(p, b) > 1);
+    case 36:
+      return Truth(g.BetWorking(p, b) < 0);
+    default:
+      return 0;
+  }
+}
+
 // Variables 1..85: a bet's statistics or its present state.
 double BetVariable(Game& g, int b, const ScriptElement* q) {
-  const Reading f = FrameOf(g, q[0], q[1]);
   const int x = Code(q[2].Value), y = Code(q[3].Value);
+  // The fields of the present state need no time frame.
+  if (y < 21 || y > 31) {
+    const int p = ResolvePlayer(g, q[0].Value);
+    return p < 0 || p > 8 ? 0 : BetState(g, p, b, x, y);
+  }
+  const Reading f = FrameOf(g, q[0], q[1]);
   if (f.p < 0 || f.p > 8) return 0;
   const Row A{g, g.StatAction, f.i, b}, W{g, g.StatWins, f.i, b}, L{g, g.StatLosses, f.i, b};
   const Row& WL = x == 3 ? L : W;
@@ -143,21 +168,6 @@ double BetVariable(Game& g, int b, const ScriptElement* q) {
       if (x == 4) return A(kStatTotal) * ExpectedValuePerDecision(g, b);
       if (x == 5) return 100 * ExpectedValuePerDecision(g, b);
       return 0;
-    default:
-      break;
-  }
-  if (x != 1 || f.p < 1) return 0;
-  switch (y) {
-    case 32:
-      return g.Bet(f.p, b) > Currency{} ? 1 : 0;
-    case 33:
-      return g.Bet(f.p, b).ToDouble();
-    case 34:
-      return Truth(g.BetWorking(f.p, b) > 0);
-    case 35:
-      return Truth(g.BetWorking(f.p, b) > 1);
-    case 36:
-      return Truth(g.BetWorking(f.p, b) < 0);
     default:
       return 0;
   }
@@ -405,10 +415,13 @@ int ReadVariable(Game& g, int position) {
   while (q < cls && w[static_cast<std::size_t>(position + 1 + q)].Kind <= kPlayerRef &&
          w[static_cast<std::size_t>(position + 1 + q)].Kind >= kStatField)
     ++q;
-  ScriptElement defaults[4] = {{kPlayerRef, 0}, {kFrame, 3}, {kStatClass, 1}, {kStatField, 33}};
   const ScriptElement* qualifiers = &w[static_cast<std::size_t>(position + 1)];
+  ScriptElement defaults[4];
   if (q < cls) {
-    if (cls == 3) defaults[2] = {kStatField, 0};
+    defaults[0] = {kPlayerRef, 0};
+    defaults[1] = {kFrame, 3};
+    defaults[2] = cls == 3 ? ScriptElement{kStatField, 0} : ScriptElement{kStatClass, 1};
+    defaults[3] = {kStatField, 33};
     for (int k = 0; k < q; ++k) defaults[k] = qualifiers[k];
     qualifiers = defaults;
   }
