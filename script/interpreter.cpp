@@ -75,6 +75,9 @@ class Runner {
   void ShowStep();
 
   void Remove(int at, int n);
+  void CloseUp(int to, int from);
+  void ReadVariables(int lo);
+  ScriptElement Combine(const ScriptElement& left, std::int32_t op, const ScriptElement& right);
   void Reduce();
   void ReduceRange(int lo);
   void BinarySweep(int lo, std::int32_t a, std::int32_t b);
@@ -98,6 +101,33 @@ void Runner::Remove(int at, int n) {
   for (int k = at; k <= end; ++k) w_[k] = w_[k + n];
   r_.WorkCount -= n;
   hi_ -= n;
+}
+
+// Moves the elements from `from` to the statement's closing bound down to
+// `to`, as Remove(to, from - to) does.
+void Runner::CloseUp(int to, int from) {
+  const int n = from - to;
+  if (n <= 0) return;
+  const int end = r_.WorkCount + 1;
+  for (int k = from; k <= end; ++k) w_[k - n] = w_[k];
+  r_.WorkCount -= n;
+  hi_ -= n;
+}
+
+// Every variable of the range read in place, its qualifiers dropped; the
+// range is closed up once, behind the last.
+void Runner::ReadVariables(int lo) {
+  int to = lo + 1, from = lo + 1;
+  while (from < hi_) {
+    if (w_[from].Kind == kVariable) {
+      const int q = ReadVariable(g_, from);
+      w_[to++] = w_[from];
+      from += 1 + q;
+    } else {
+      w_[to++] = w_[from++];
+    }
+  }
+  CloseUp(to, from);
 }
 
 // Copies the statement at RunPos into WorkStatement, between empty bounds.
@@ -148,30 +178,35 @@ void Runner::Reduce() {
 
 // Every binary operator of kinds a or b, left to right, from the range's
 // second element to the one before its last.
+ScriptElement Runner::Combine(const ScriptElement& left, std::int32_t op, const ScriptElement& right) {
+  if (op == kConcat) {
+    std::string& text = r_.TextA;
+    ElementText(g_, left, text);
+    ElementText(g_, right, r_.TextB);
+    text += r_.TextB;
+    return MakeRunString(g_, text);
+  }
+  if (op >= kPower && op <= kMinus) return Number(AutoBetMath(g_, left.Value, op, right.Value));
+  return Number(AutoBetCompare(g_, left.Value, op, right.Value));
+}
+
+// Every binary operator of kinds a or b, left to right, from the range's
+// second element to the one before its last; each result takes its left
+// operand's place and the range is closed up once, at the end.
 void Runner::BinarySweep(int lo, std::int32_t a, std::int32_t b) {
-  for (int i = lo + 2; i <= hi_ - 2;) {
-    const std::int32_t k = w_[i].Kind;
+  const int last = hi_ - 2;  // the last element that can be an operator
+  int to = lo + 1;           // the element written last: the next left operand
+  int from = lo + 2;
+  while (from <= last) {
+    const std::int32_t k = w_[from].Kind;
     if (k != a && k != b) {
-      ++i;
+      w_[++to] = w_[from++];
       continue;
     }
-    const ScriptElement& left = w_[i - 1];
-    const ScriptElement& right = w_[i + 1];
-    ScriptElement result;
-    if (k == kConcat) {
-      std::string& text = r_.TextA;
-      ElementText(g_, left, text);
-      ElementText(g_, right, r_.TextB);
-      text += r_.TextB;
-      result = MakeRunString(g_, text);
-    } else if (k >= kPower && k <= kMinus) {
-      result = Number(AutoBetMath(g_, left.Value, k, right.Value));
-    } else {
-      result = Number(AutoBetCompare(g_, left.Value, k, right.Value));
-    }
-    w_[i - 1] = result;
-    Remove(i, 2);
+    w_[to] = Combine(w_[to], k, w_[from + 1]);
+    from += 2;
   }
+  CloseUp(to + 1, from);
 }
 
 void Runner::ReduceRange(int lo) {
@@ -182,10 +217,7 @@ void Runner::ReduceRange(int lo) {
       if (k == kFunction || k == kFunctionTarget) Remove(i + 1, EvaluateFunction(g_, i));
     }
   }
-  if (Has(kVariable)) {
-    for (int i = lo + 1; i < hi_; ++i)
-      if (w_[i].Kind == kVariable) Remove(i + 1, ReadVariable(g_, i));
-  }
+  if (Has(kVariable)) ReadVariables(lo);
   Binary(lo, kPower, kPower);
   // The sign: from the first element to the one before the last.
   for (int i = lo + 1; Has(kMinus) && i <= hi_ - 2; ++i) {
@@ -212,7 +244,25 @@ void Runner::ReduceRange(int lo) {
 }
 
 double Runner::Compare(const ScriptElement& left, int op, const ScriptElement& right) {
-  if (IsNumber(left) && IsNumber(right)) return AutoBetCompare(g_, left.Value, op, right.Value);
+  if (IsNumber(left) && IsNumber(right)) {
+    const double a = left.Value, b = right.Value;
+    switch (op) {  // as AutoBetCompare
+      case kEqual:
+        return a == b ? kTrue : kFalse;
+      case kNotEqual:
+        return a != b ? kTrue : kFalse;
+      case kLess:
+        return a < b ? kTrue : kFalse;
+      case kGreater:
+        return a > b ? kTrue : kFalse;
+      case kLessEqual:
+        return a <= b ? kTrue : kFalse;
+      case kGreaterEqual:
+        return a >= b ? kTrue : kFalse;
+      default:
+        return AutoBetCompare(g_, a, op, b);
+    }
+  }
   return AutoBetCompareStrings(g_, left, op, right);
 }
 
@@ -335,7 +385,7 @@ void Runner::Comparisons(int lo) {
     w_[i - 1] = Number(Compare(w_[i - 1], k, w_[i + 1]));
     Remove(i, 2);
   }
-  for (int i = lo + 1; i < hi_ && !r_.RunFailed; ++i)
+  for (int i = lo + 1; Has(kList) && i < hi_ && !r_.RunFailed; ++i)
     if (w_[i].Kind == kList) ResolveList(i);
 }
 

@@ -408,6 +408,16 @@ ScriptElement VariableValue(Game& g, int v, const ScriptElement* q) {
 int ReadVariable(Game& g, int position) {
   auto& w = g.scriptRun.WorkStatement;
   const int v = Code(w[static_cast<std::size_t>(position)].Value);
+  // A bet with its four qualifiers, as the compiler writes them: the
+  // common case, read without the general search.
+  if (v >= 1 && v <= kLastRealBet) {
+    ScriptElement* e = &w[static_cast<std::size_t>(position)];
+    auto qualifier = [](const ScriptElement& x) { return x.Kind <= kPlayerRef && x.Kind >= kStatField; };
+    if (qualifier(e[1]) && qualifier(e[2]) && qualifier(e[3]) && qualifier(e[4])) {
+      e[0] = {kNumber, BetVariable(g, v, e + 1)};
+      return 4;
+    }
+  }
   const int cls = VariableClass(v);
   // The qualifiers the compiler put behind the variable; fewer only if a
   // qualifier function failed and left a number in its place.
