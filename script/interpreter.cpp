@@ -19,6 +19,9 @@ constexpr double kNoItemYet = -2;        // a list result before any item counte
 constexpr int kAnyList = 2;              // list keyword Value: Any (3 is All)
 constexpr std::uint32_t kRunFloorMs = 300;  // a run outside Hyper-Drive takes this long at least
 constexpr int kHyperDriveEventEvery = 1024;  // statements between event pumps in Hyper-Drive
+// The doubles that round to a 32-bit integer lie strictly between these.
+constexpr double kLongLow = -2147483648.5;
+constexpr double kLongHigh = 2147483647.5;
 
 // A bit for each kind the sweeps look for: operators 50 to 75, then
 // functions, variables, list keywords and brackets.
@@ -82,6 +85,7 @@ class Runner {
   void ReduceRange(int lo);
   void BinarySweep(int lo, std::int32_t a, std::int32_t b);
   void Comparisons(int lo);
+  void ComparisonSweep(int lo);
   double Compare(const ScriptElement& left, int op, const ScriptElement& right);
   bool Passes(const ScriptElement& item, int op, const ScriptElement& qualifier);
   int ListEnd(int list) const;
@@ -142,7 +146,11 @@ void Runner::Fill() {
   while (work.size() < static_cast<std::size_t>(n + 2)) work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
   if (n > 0) {
-    std::copy_n(&s[static_cast<std::size_t>(at)], n, w_ + 1);
+    // Most statements are one keyword: no block copy for those.
+    if (n == 1)
+      w_[1] = s[static_cast<std::size_t>(at)];
+    else
+      std::copy_n(&s[static_cast<std::size_t>(at)], n, w_ + 1);
     present_ = r_.Shapes[static_cast<std::size_t>(at)].Kinds;
     r_.RunPos += n;
   } else {
@@ -187,7 +195,13 @@ ScriptElement Runner::Combine(const ScriptElement& left, std::int32_t op, const 
     return MakeRunString(g_, text);
   }
   if (op >= kPower && op <= kMinus) return Number(AutoBetMath(g_, left.Value, op, right.Value));
-  return Number(AutoBetCompare(g_, left.Value, op, right.Value));
+  const double l = left.Value, r = right.Value;
+  if (op >= kAnd && op <= kXor && l > kLongLow && l < kLongHigh && r > kLongLow && r < kLongHigh) {
+    // Whole numbers (truth values) need no rounding: as AutoBetCompare.
+    const auto a = static_cast<std::int32_t>(l), b = static_cast<std::int32_t>(r);
+    if (a == l && b == r) return Number(op == kAnd ? a & b : op == kOr ? a | b : a ^ b);
+  }
+  return Number(AutoBetCompare(g_, l, op, r));
 }
 
 // Every binary operator of kinds a or b, left to right, from the range's
@@ -362,7 +376,29 @@ void Runner::ResolveList(int list) {
   Remove(list + 1, end - list);
 }
 
+// The comparisons of a range that holds no list keyword, left to right,
+// closed up once at the end (as the general walk below does them).
+void Runner::ComparisonSweep(int lo) {
+  const int last = hi_ - 2;
+  int to = lo + 1, from = lo + 2;
+  while (from <= last && !r_.RunFailed) {
+    const std::int32_t k = w_[from].Kind;
+    const std::int32_t left = w_[to].Kind;
+    if (!IsComparison(k) || left == kEmpty || left == kList || left == kComma) {
+      w_[++to] = w_[from++];
+      continue;
+    }
+    w_[to] = Number(Compare(w_[to], k, w_[from + 1]));
+    from += 2;
+  }
+  CloseUp(to + 1, from);
+}
+
 void Runner::Comparisons(int lo) {
+  if (!Has(kList)) {
+    ComparisonSweep(lo);
+    return;
+  }
   for (int i = lo + 2; i <= hi_ - 2 && !r_.RunFailed;) {
     const std::int32_t k = w_[i].Kind;
     const std::int32_t left = w_[i - 1].Kind;
