@@ -14,6 +14,7 @@
 namespace {
 
 constexpr double kTrue = -1;
+constexpr int kFieldAmount = 33;  // the statistic field of a bet's present amount
 
 double Truth(bool b) { return b ? kTrue : 0; }
 double Div(double a, double b) { return b == 0 ? 0 : a / b; }
@@ -414,7 +415,13 @@ int ReadVariable(Game& g, int position) {
     ScriptElement* e = &w[static_cast<std::size_t>(position)];
     auto qualifier = [](const ScriptElement& x) { return x.Kind <= kPlayerRef && x.Kind >= kStatField; };
     if (qualifier(e[1]) && qualifier(e[2]) && qualifier(e[3]) && qualifier(e[4])) {
-      e[0] = {kNumber, BetVariable(g, v, e + 1)};
+      if (Code(e[4].Value) == kFieldAmount && Code(e[3].Value) == 1) {
+        // The amount on the bet, the field scripts read most.
+        const int p = ResolvePlayer(g, e[1].Value);
+        e[0] = {kNumber, p >= 1 && p <= 8 ? g.Bet(p, v).ToDouble() : 0};
+      } else {
+        e[0] = {kNumber, BetVariable(g, v, e + 1)};
+      }
       return 4;
     }
   }
