@@ -97,6 +97,7 @@ void CompileALLAutobets(Game& g) {
     }
     Join(g);
   }
+  IndexStatements(r);
   g.roll.ScriptsOK = true;
 }
 

@@ -303,16 +303,6 @@ std::string VariableName(int n) {
   }
 }
 
-int VariableClass(int n) {
-  if (n >= 1 && n <= 85) return 4;
-  if (n >= 86 && n <= 999) return 1;
-  if (n >= 1000 && n <= 1999) return 2;
-  if (n >= 2000 && n <= 2999) return 3;
-  if (n >= 3000 && n <= 3999) return 0;
-  if (n >= 4000) return 4;
-  return 0;
-}
-
 int FunctionClass(int n) {
   if (n >= 1 && n < 11) return 4;
   if (n == 21 || n == 800) return 1;

@@ -52,7 +52,15 @@ std::string FunctionName(int number);
 std::string VariableName(int number);
 
 // The class of a variable number: 0 .. 4 (how many qualifiers follow it).
-int VariableClass(int number);
+constexpr int VariableClass(int n) {
+  if (n >= 1 && n <= 85) return 4;
+  if (n >= 86 && n <= 999) return 1;
+  if (n >= 1000 && n <= 1999) return 2;
+  if (n >= 2000 && n <= 2999) return 3;
+  if (n >= 3000 && n <= 3999) return 0;
+  if (n >= 4000) return 4;
+  return 0;
+}
 
 // The class of a function number, counted as a variable (bets 4, CheckStacks 1).
 int FunctionClass(int number);

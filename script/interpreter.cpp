@@ -19,14 +19,18 @@ constexpr double kNoItemYet = -2;        // a list result before any item counte
 constexpr int kAnyList = 2;              // list keyword Value: Any (3 is All)
 constexpr std::uint32_t kRunFloorMs = 300;  // a run outside Hyper-Drive takes this long at least
 constexpr int kHyperDriveEventEvery = 1024;  // statements between event pumps in Hyper-Drive
+// The doubles that round to a 32-bit integer lie strictly between these.
+constexpr double kLongLow = -2147483648.5;
+constexpr double kLongHigh = 2147483647.5;
 
 // A bit for each kind the sweeps look for: operators 50 to 75, then
-// functions, variables and list keywords.
+// functions, variables, list keywords and brackets.
 constexpr std::uint64_t KindBit(std::int32_t kind) {
   if (kind >= kEqual && kind <= kComma) return std::uint64_t{1} << (kind - kEqual);
   if (kind == kFunction || kind == kFunctionTarget) return std::uint64_t{1} << 40;
   if (kind == kVariable) return std::uint64_t{1} << 41;
   if (kind == kList) return std::uint64_t{1} << 42;
+  if (kind == kOpen || kind == kClose) return std::uint64_t{1} << 43;
   return 0;
 }
 constexpr std::uint64_t kComparisonBits = std::uint64_t{0x3F};  // kinds 50 to 55
@@ -60,6 +64,10 @@ class Runner {
   // set taken when the statement is copied stays a superset.
   std::uint64_t present_ = 0;
   bool Has(std::int32_t kind) const { return (present_ & KindBit(kind)) != 0; }
+  // Every binary operator of kinds a or b in the range, when it has any.
+  void Binary(int lo, std::int32_t a, std::int32_t b) {
+    if (present_ & (KindBit(a) | KindBit(b))) BinarySweep(lo, a, b);
+  }
 
   void Fill();
   void Execute();
@@ -70,10 +78,14 @@ class Runner {
   void ShowStep();
 
   void Remove(int at, int n);
+  void CloseUp(int to, int from);
+  void ReadVariables(int lo);
+  ScriptElement Combine(const ScriptElement& left, std::int32_t op, const ScriptElement& right);
   void Reduce();
   void ReduceRange(int lo);
-  void Binary(int lo, std::int32_t a, std::int32_t b);
+  void BinarySweep(int lo, std::int32_t a, std::int32_t b);
   void Comparisons(int lo);
+  void ComparisonSweep(int lo);
   double Compare(const ScriptElement& left, int op, const ScriptElement& right);
   bool Passes(const ScriptElement& item, int op, const ScriptElement& qualifier);
   int ListEnd(int list) const;
@@ -88,38 +100,70 @@ class Runner {
 void Runner::Remove(int at, int n) {
   n = std::min(n, r_.WorkCount + 1 - at);  // never the closing bound
   if (n <= 0) return;
-  const int tail = r_.WorkCount + 1 - (at + n) + 1;  // the bound behind the statement moves too
-  std::memmove(&w_[at], &w_[at + n], static_cast<std::size_t>(tail) * sizeof(ScriptElement));
+  // The bound behind the statement moves too.
+  const int end = r_.WorkCount + 1 - n;
+  for (int k = at; k <= end; ++k) w_[k] = w_[k + n];
   r_.WorkCount -= n;
   hi_ -= n;
 }
 
+// Moves the elements from `from` to the statement's closing bound down to
+// `to`, as Remove(to, from - to) does.
+void Runner::CloseUp(int to, int from) {
+  const int n = from - to;
+  if (n <= 0) return;
+  const int end = r_.WorkCount + 1;
+  for (int k = from; k <= end; ++k) w_[k - n] = w_[k];
+  r_.WorkCount -= n;
+  hi_ -= n;
+}
+
+// Every variable of the range read in place, its qualifiers dropped; the
+// range is closed up once, behind the last.
+void Runner::ReadVariables(int lo) {
+  int to = lo + 1, from = lo + 1;
+  while (from < hi_) {
+    if (w_[from].Kind == kVariable) {
+      const int q = ReadVariable(g_, from);
+      w_[to++] = w_[from];
+      from += 1 + q;
+    } else {
+      w_[to++] = w_[from++];
+    }
+  }
+  CloseUp(to, from);
+}
+
+// Copies the statement at RunPos into WorkStatement, between empty bounds.
 void Runner::Fill() {
   auto& work = r_.WorkStatement;
   const auto& s = r_.AllCompiled;
-  const int size = static_cast<int>(s.size());
-  int n = 0;
-  std::uint64_t present = 0;
-  while (r_.RunPos < size && s[static_cast<std::size_t>(r_.RunPos)].Kind < kMark) {
-    // A statement longer than the table grows it and goes on where it stopped.
-    if (static_cast<std::size_t>(n + 2) >= work.size())
-      work.resize(work.size() + kWorkStatementGrowth);
-    const ScriptElement& e = s[static_cast<std::size_t>(r_.RunPos++)];
-    present |= KindBit(e.Kind);
-    work[static_cast<std::size_t>(++n)] = e;
-  }
-  // A function may become a variable.
-  if (present & KindBit(kFunction)) present |= KindBit(kVariable);
-  present_ = present;
-  work[0] = ScriptElement{};
-  work[static_cast<std::size_t>(n + 1)] = ScriptElement{};
-  r_.WorkCount = n;
+  const int at = r_.RunPos;
+  const int n = at >= 0 && at < static_cast<int>(s.size())
+                    ? r_.Shapes[static_cast<std::size_t>(at)].Count
+                    : 0;
+  // A statement longer than the table grows it.
+  while (work.size() < static_cast<std::size_t>(n + 2)) work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
+  if (n > 0) {
+    // Most statements are one keyword: no block copy for those.
+    if (n == 1)
+      w_[1] = s[static_cast<std::size_t>(at)];
+    else
+      std::copy_n(&s[static_cast<std::size_t>(at)], n, w_ + 1);
+    present_ = r_.Shapes[static_cast<std::size_t>(at)].Kinds;
+    r_.RunPos += n;
+  } else {
+    present_ = 0;
+  }
+  w_[0] = ScriptElement{};
+  w_[n + 1] = ScriptElement{};
+  r_.WorkCount = n;
 }
 
 // Bracket groups innermost first, then the whole statement as one range.
 void Runner::Reduce() {
-  for (;;) {
+  for (; Has(kOpen);) {
     int open = 0, close = 0;
     for (int i = 1; i <= r_.WorkCount; ++i) {
       if (w_[i].Kind == kOpen) {
@@ -142,31 +186,41 @@ void Runner::Reduce() {
 
 // Every binary operator of kinds a or b, left to right, from the range's
 // second element to the one before its last.
-void Runner::Binary(int lo, std::int32_t a, std::int32_t b) {
-  if (!Has(a) && !Has(b)) return;
-  for (int i = lo + 2; i <= hi_ - 2;) {
-    const std::int32_t k = w_[i].Kind;
+ScriptElement Runner::Combine(const ScriptElement& left, std::int32_t op, const ScriptElement& right) {
+  if (op == kConcat) {
+    std::string& text = r_.TextA;
+    ElementText(g_, left, text);
+    ElementText(g_, right, r_.TextB);
+    text += r_.TextB;
+    return MakeRunString(g_, text);
+  }
+  if (op >= kPower && op <= kMinus) return Number(AutoBetMath(g_, left.Value, op, right.Value));
+  const double l = left.Value, r = right.Value;
+  if (op >= kAnd && op <= kXor && l > kLongLow && l < kLongHigh && r > kLongLow && r < kLongHigh) {
+    // Whole numbers (truth values) need no rounding: as AutoBetCompare.
+    const auto a = static_cast<std::int32_t>(l), b = static_cast<std::int32_t>(r);
+    if (a == l && b == r) return Number(op == kAnd ? a & b : op == kOr ? a | b : a ^ b);
+  }
+  return Number(AutoBetCompare(g_, l, op, r));
+}
+
+// Every binary operator of kinds a or b, left to right, from the range's
+// second element to the one before its last; each result takes its left
+// operand's place and the range is closed up once, at the end.
+void Runner::BinarySweep(int lo, std::int32_t a, std::int32_t b) {
+  const int last = hi_ - 2;  // the last element that can be an operator
+  int to = lo + 1;           // the element written last: the next left operand
+  int from = lo + 2;
+  while (from <= last) {
+    const std::int32_t k = w_[from].Kind;
     if (k != a && k != b) {
-      ++i;
+      w_[++to] = w_[from++];
       continue;
     }
-    const ScriptElement& left = w_[i - 1];
-    const ScriptElement& right = w_[i + 1];
-    ScriptElement result;
-    if (k == kConcat) {
-      std::string& text = r_.TextA;
-      ElementText(g_, left, text);
-      ElementText(g_, right, r_.TextB);
-      text += r_.TextB;
-      result = MakeRunString(g_, text);
-    } else if (k >= kPower && k <= kMinus) {
-      result = Number(AutoBetMath(g_, left.Value, k, right.Value));
-    } else {
-      result = Number(AutoBetCompare(g_, left.Value, k, right.Value));
-    }
-    w_[i - 1] = result;
-    Remove(i, 2);
+    w_[to] = Combine(w_[to], k, w_[from + 1]);
+    from += 2;
   }
+  CloseUp(to + 1, from);
 }
 
 void Runner::ReduceRange(int lo) {
@@ -177,10 +231,7 @@ void Runner::ReduceRange(int lo) {
       if (k == kFunction || k == kFunctionTarget) Remove(i + 1, EvaluateFunction(g_, i));
     }
   }
-  if (Has(kVariable)) {
-    for (int i = lo + 1; i < hi_; ++i)
-      if (w_[i].Kind == kVariable) Remove(i + 1, ReadVariable(g_, i));
-  }
+  if (Has(kVariable)) ReadVariables(lo);
   Binary(lo, kPower, kPower);
   // The sign: from the first element to the one before the last.
   for (int i = lo + 1; Has(kMinus) && i <= hi_ - 2; ++i) {
@@ -207,7 +258,25 @@ void Runner::ReduceRange(int lo) {
 }
 
 double Runner::Compare(const ScriptElement& left, int op, const ScriptElement& right) {
-  if (IsNumber(left) && IsNumber(right)) return AutoBetCompare(g_, left.Value, op, right.Value);
+  if (IsNumber(left) && IsNumber(right)) {
+    const double a = left.Value, b = right.Value;
+    switch (op) {  // as AutoBetCompare
+      case kEqual:
+        return a == b ? kTrue : kFalse;
+      case kNotEqual:
+        return a != b ? kTrue : kFalse;
+      case kLess:
+        return a < b ? kTrue : kFalse;
+      case kGreater:
+        return a > b ? kTrue : kFalse;
+      case kLessEqual:
+        return a <= b ? kTrue : kFalse;
+      case kGreaterEqual:
+        return a >= b ? kTrue : kFalse;
+      default:
+        return AutoBetCompare(g_, a, op, b);
+    }
+  }
   return AutoBetCompareStrings(g_, left, op, right);
 }
 
@@ -307,7 +376,29 @@ void Runner::ResolveList(int list) {
   Remove(list + 1, end - list);
 }
 
+// The comparisons of a range that holds no list keyword, left to right,
+// closed up once at the end (as the general walk below does them).
+void Runner::ComparisonSweep(int lo) {
+  const int last = hi_ - 2;
+  int to = lo + 1, from = lo + 2;
+  while (from <= last && !r_.RunFailed) {
+    const std::int32_t k = w_[from].Kind;
+    const std::int32_t left = w_[to].Kind;
+    if (!IsComparison(k) || left == kEmpty || left == kList || left == kComma) {
+      w_[++to] = w_[from++];
+      continue;
+    }
+    w_[to] = Number(Compare(w_[to], k, w_[from + 1]));
+    from += 2;
+  }
+  CloseUp(to + 1, from);
+}
+
 void Runner::Comparisons(int lo) {
+  if (!Has(kList)) {
+    ComparisonSweep(lo);
+    return;
+  }
   for (int i = lo + 2; i <= hi_ - 2 && !r_.RunFailed;) {
     const std::int32_t k = w_[i].Kind;
     const std::int32_t left = w_[i - 1].Kind;
@@ -330,7 +421,7 @@ void Runner::Comparisons(int lo) {
     w_[i - 1] = Number(Compare(w_[i - 1], k, w_[i + 1]));
     Remove(i, 2);
   }
-  for (int i = lo + 1; i < hi_ && !r_.RunFailed; ++i)
+  for (int i = lo + 1; Has(kList) && i < hi_ && !r_.RunFailed; ++i)
     if (w_[i].Kind == kList) ResolveList(i);
 }
 
@@ -532,11 +623,12 @@ void Runner::Run() {
   inCondition_ = false;
   int untilEvents = kHyperDriveEventEvery;
   const int last = static_cast<int>(r_.AllCompiled.size()) - 1;
+  if (r_.Shapes.size() != r_.AllCompiled.size()) IndexStatements(r_);
 
   while (true) {
     Fill();
     if (r_.WorkCount > 0) {
-      notes_ = StepNotesWanted(g_);
+      notes_ = r_.ShowSteps && !g_.HyperDrive;  // as StepNotesWanted
       Execute();
       if (notes_ && r_.ScriptRunning && !r_.RunFailed) ShowStep();
       r_.CurStepNote.clear();
@@ -581,6 +673,25 @@ void Runner::Run() {
 }
 
 }  // namespace
+
+void IndexStatements(ScriptRunState& run) {
+  const auto& s = run.AllCompiled;
+  run.Shapes.assign(s.size(), StatementShape{});
+  // Back to front: a statement starting at k is element k and the one
+  // starting behind it, up to a mark.
+  StatementShape next;
+  for (std::size_t k = s.size(); k-- > 0;) {
+    StatementShape shape;
+    if (!IsMark(s[k])) {
+      shape.Count = next.Count + 1;
+      shape.Kinds = next.Kinds | KindBit(s[k].Kind);
+    }
+    next = shape;
+    // A function may become a variable.
+    if (shape.Kinds & KindBit(kFunction)) shape.Kinds |= KindBit(kVariable);
+    run.Shapes[k] = shape;
+  }
+}
 
 void RunAutoBets(Game& game) {
   if (game.scriptRun.AllCompiled.size() < 2) return;

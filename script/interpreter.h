@@ -21,11 +21,15 @@
 #include <cstdint>
 
 #include "script/code_state.h"
+#include "script/run_state.h"
 
 struct Game;
 
 // One run of the joined scripts (ScriptsOK must be true).
 void RunAutoBets(Game& game);
+
+// Remakes Shapes for AllCompiled as it stands.
+void IndexStatements(ScriptRunState& run);
 
 // Comparisons 50 to 55 (-1 or 0) and the logic operators 70 to 73 on numbers.
 double AutoBetCompare(Game& game, double left, int op, double right);

@@ -17,6 +17,12 @@ constexpr double kFalse = 0;
 
 bool RoundToLong(double value, std::int32_t& out) {
   if (!(value > -2147483648.5 && value < 2147483647.5)) return false;
+  // A whole number (a truth value, a count) needs no rounding.
+  const auto whole = static_cast<std::int32_t>(value);
+  if (whole == value) {
+    out = whole;
+    return true;
+  }
   const double r = std::nearbyint(value);
   if (r < -2147483648.0 || r > 2147483647.0) return false;
   out = static_cast<std::int32_t>(r);

@@ -12,6 +12,8 @@
 //   player order, each beginning with its head. ScriptsOK (in the roll
 //   state) is true only while AllCompiled and AllStrings match the scripts
 //   and switches.
+// - Shapes has one entry per element of AllCompiled and describes it as it
+//   is (IndexStatements remakes it whenever the scripts are joined).
 // - AllStrings is 1-based and holds AllStringsCount entries; the entries
 //   behind the count are spare ones whose text buffers a run reuses, so that
 //   cutting the pool back at the end of a run frees nothing and the next run
@@ -38,9 +40,22 @@ inline constexpr int kWorkStatementGrowth = 100;
 // Elements the GoSub stack grows by when full.
 inline constexpr int kGosubStackGrowth = 20;
 
+// The statement that starts at an element of AllCompiled: its length up to
+// the next statement mark and a bit for each kind the run's sweeps look for
+// (see the interpreter), so that a run copies it whole and skips the sweeps
+// it needs none of.
+struct StatementShape {
+  std::int32_t Count = 0;
+  std::uint64_t Kinds = 0;
+
+  friend bool operator==(const StatementShape&, const StatementShape&) = default;
+};
+
 struct ScriptRunState {
   // The joined stream of the active scripts and its string pool.
   std::vector<ScriptElement> AllCompiled{ScriptElement{}};
+  // One shape per element of AllCompiled, made when the scripts are joined.
+  std::vector<StatementShape> Shapes{StatementShape{}};
   std::vector<PoolString> AllStrings{PoolString{}};
   int AllStringsCount = 0;
 

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr double kTrue = -1;
+constexpr int kFieldAmount = 33;  // the statistic field of a bet's present amount
 
 double Truth(bool b) { return b ? kTrue : 0; }
 double Div(double a, double b) { return b == 0 ? 0 : a / b; }
@@ -41,10 +42,35 @@ struct Row {
   double operator()(int k) const { return t(i, b, k).ToDouble(); }
 };
 
+// Fields 32 to 36 of a bet: its present state, read from the table rather
+// than the statistics (only class 1 and a seated slot give anything).
+double BetState(Game& g, int p, int b, int x, int y) {
+  if (x != 1 || p < 1) return 0;
+  switch (y) {
+    case 32:
+      return g.Bet(p, b) > Currency{} ? 1 : 0;
+    case 33:
+      return g.Bet(p, b).ToDouble();
+    case 34:
+      return Truth(g.BetWorking(p, b) > 0);
+    case 35:
+      return Truth(g.BetWorking(p, b) > 1);
+    case 36:
+      return Truth(g.BetWorking(p, b) < 0);
+    default:
+      return 0;
+  }
+}
+
 // Variables 1..85: a bet's statistics or its present state.
 double BetVariable(Game& g, int b, const ScriptElement* q) {
-  const Reading f = FrameOf(g, q[0], q[1]);
   const int x = Code(q[2].Value), y = Code(q[3].Value);
+  // The fields of the present state need no time frame.
+  if (y < 21 || y > 31) {
+    const int p = ResolvePlayer(g, q[0].Value);
+    return p < 0 || p > 8 ? 0 : BetState(g, p, b, x, y);
+  }
+  const Reading f = FrameOf(g, q[0], q[1]);
   if (f.p < 0 || f.p > 8) return 0;
   const Row A{g, g.StatAction, f.i, b}, W{g, g.StatWins, f.i, b}, L{g, g.StatLosses, f.i, b};
   const Row& WL = x == 3 ? L : W;
@@ -143,21 +169,6 @@ double BetVariable(Game& g, int b, const ScriptElement* q) {
       if (x == 4) return A(kStatTotal) * ExpectedValuePerDecision(g, b);
       if (x == 5) return 100 * ExpectedValuePerDecision(g, b);
       return 0;
-    default:
-      break;
-  }
-  if (x != 1 || f.p < 1) return 0;
-  switch (y) {
-    case 32:
-      return g.Bet(f.p, b) > Currency{} ? 1 : 0;
-    case 33:
-      return g.Bet(f.p, b).ToDouble();
-    case 34:
-      return Truth(g.BetWorking(f.p, b) > 0);
-    case 35:
-      return Truth(g.BetWorking(f.p, b) > 1);
-    case 36:
-      return Truth(g.BetWorking(f.p, b) < 0);
     default:
       return 0;
   }
@@ -398,6 +409,22 @@ ScriptElement VariableValue(Game& g, int v, const ScriptElement* q) {
 int ReadVariable(Game& g, int position) {
   auto& w = g.scriptRun.WorkStatement;
   const int v = Code(w[static_cast<std::size_t>(position)].Value);
+  // A bet with its four qualifiers, as the compiler writes them: the
+  // common case, read without the general search.
+  if (v >= 1 && v <= kLastRealBet) {
+    ScriptElement* e = &w[static_cast<std::size_t>(position)];
+    auto qualifier = [](const ScriptElement& x) { return x.Kind <= kPlayerRef && x.Kind >= kStatField; };
+    if (qualifier(e[1]) && qualifier(e[2]) && qualifier(e[3]) && qualifier(e[4])) {
+      if (Code(e[4].Value) == kFieldAmount && Code(e[3].Value) == 1) {
+        // The amount on the bet, the field scripts read most.
+        const int p = ResolvePlayer(g, e[1].Value);
+        e[0] = {kNumber, p >= 1 && p <= 8 ? g.Bet(p, v).ToDouble() : 0};
+      } else {
+        e[0] = {kNumber, BetVariable(g, v, e + 1)};
+      }
+      return 4;
+    }
+  }
   const int cls = VariableClass(v);
   // The qualifiers the compiler put behind the variable; fewer only if a
   // qualifier function failed and left a number in its place.
@@ -405,10 +432,13 @@ int ReadVariable(Game& g, int position) {
   while (q < cls && w[static_cast<std::size_t>(position + 1 + q)].Kind <= kPlayerRef &&
          w[static_cast<std::size_t>(position + 1 + q)].Kind >= kStatField)
     ++q;
-  ScriptElement defaults[4] = {{kPlayerRef, 0}, {kFrame, 3}, {kStatClass, 1}, {kStatField, 33}};
   const ScriptElement* qualifiers = &w[static_cast<std::size_t>(position + 1)];
+  ScriptElement defaults[4];
   if (q < cls) {
-    if (cls == 3) defaults[2] = {kStatField, 0};
+    defaults[0] = {kPlayerRef, 0};
+    defaults[1] = {kFrame, 3};
+    defaults[2] = cls == 3 ? ScriptElement{kStatField, 0} : ScriptElement{kStatClass, 1};
+    defaults[3] = {kStatField, 33};
     for (int k = 0; k < q; ++k) defaults[k] = qualifiers[k];
     qualifiers = defaults;
   }
