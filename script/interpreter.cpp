@@ -260,22 +260,8 @@ void Runner::ReduceRange(int lo) {
 double Runner::Compare(const ScriptElement& left, int op, const ScriptElement& right) {
   if (IsNumber(left) && IsNumber(right)) {
     const double a = left.Value, b = right.Value;
-    switch (op) {  // as AutoBetCompare
-      case kEqual:
-        return a == b ? kTrue : kFalse;
-      case kNotEqual:
-        return a != b ? kTrue : kFalse;
-      case kLess:
-        return a < b ? kTrue : kFalse;
-      case kGreater:
-        return a > b ? kTrue : kFalse;
-      case kLessEqual:
-        return a <= b ? kTrue : kFalse;
-      case kGreaterEqual:
-        return a >= b ? kTrue : kFalse;
-      default:
-        return AutoBetCompare(g_, a, op, b);
-    }
+    return op >= kEqual && op <= kGreaterEqual ? CompareNumbers(a, op, b)
+                                               : AutoBetCompare(g_, a, op, b);
   }
   return AutoBetCompareStrings(g_, left, op, right);
 }

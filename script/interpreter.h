@@ -31,6 +31,24 @@ void RunAutoBets(Game& game);
 // Remakes Shapes for AllCompiled as it stands.
 void IndexStatements(ScriptRunState& run);
 
+// The script language's truth values.
+inline constexpr double kScriptTrue = -1.0, kScriptFalse = 0.0;
+
+// Comparison `op` (50 to 55) of two numbers: -1 when it holds, else 0.
+// Inline, as the interpreter's comparison sweep calls it for every pair.
+inline double CompareNumbers(double a, std::int32_t op, double b) {
+  bool holds = false;
+  switch (op) {
+    case kEqual: holds = a == b; break;
+    case kNotEqual: holds = a != b; break;
+    case kLess: holds = a < b; break;
+    case kGreater: holds = a > b; break;
+    case kLessEqual: holds = a <= b; break;
+    default: holds = a >= b; break;  // kGreaterEqual
+  }
+  return holds ? kScriptTrue : kScriptFalse;
+}
+
 // Comparisons 50 to 55 (-1 or 0) and the logic operators 70 to 73 on numbers.
 double AutoBetCompare(Game& game, double left, int op, double right);
 // The arithmetic operators 60 to 66 on numbers.

@@ -39,22 +39,7 @@ void ScriptRunFailure(Game& game, const char* description, int number) {
 }
 
 double AutoBetCompare(Game& game, double left, int op, double right) {
-  switch (op) {
-    case kEqual:
-      return left == right ? kTrue : kFalse;
-    case kNotEqual:
-      return left != right ? kTrue : kFalse;
-    case kLess:
-      return left < right ? kTrue : kFalse;
-    case kGreater:
-      return left > right ? kTrue : kFalse;
-    case kLessEqual:
-      return left <= right ? kTrue : kFalse;
-    case kGreaterEqual:
-      return left >= right ? kTrue : kFalse;
-    default:
-      break;
-  }
+  if (op >= kEqual && op <= kGreaterEqual) return CompareNumbers(left, op, right);
   std::int32_t a = 0, b = 0;
   if (!RoundToLong(left, a) || (op != kNot && !RoundToLong(right, b))) {
     ScriptRunFailure(game, "Overflow", 6);
