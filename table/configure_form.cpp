@@ -133,6 +133,10 @@ void ConfigureForm::Fill() {
   FillComps();
   FillBankroll();
   if (payoffs_->currentRow() < 0) payoffs_->setCurrentRow(0);
+  if (fieldList_->currentRow() < 0) fieldList_->setCurrentRow(0);
+  editingField_ = false;  // the form opens on the bet list
+  fieldList_->clearSelection();
+  payoffs_->currentItem()->setSelected(true);
   FillPayoffRow();
   FillSound();
   const int tab = static_cast<int>(r.ConfigureTab);
@@ -153,9 +157,14 @@ bool ConfigureForm::CheckValues() {
   FormLoading = true;
   shownTab_ = fault->tab;
   tabs_->setCurrentIndex(fault->tab);
-  if (fault->tab == kTabPayoffs && fault->row > 0) {
+  if (fault->tab == kTabPayoffs && fault->fieldRow > 0) {
+    fieldList_->setCurrentRow(fault->fieldRow - 1);
+    editingField_ = true;
+    FillPayoffRow();
+  } else if (fault->tab == kTabPayoffs && fault->row > 0) {
     for (int i = 0; i < payoffs_->count(); ++i)
       if (payoffs_->item(i)->data(Qt::UserRole).toInt() == fault->row) payoffs_->setCurrentRow(i);
+    editingField_ = false;
     FillPayoffRow();
   }
   FormLoading = was;

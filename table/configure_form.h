@@ -16,6 +16,9 @@
 #include <QDialog>
 #include <array>
 
+#include <optional>
+
+#include "config/payoffs.h"
 #include "config/settings.h"
 
 class QCheckBox;
@@ -88,8 +91,10 @@ class ConfigureForm : public QDialog {
   void PrintShownTab();
   // A change of tab: checks the whole set first and stays on a fault.
   void TabClicked(int index);
-  // Shows the payoff of the list's current row in the edit boxes.
+  // Shows the payoff of the chosen row (bet list or Field list) in the edit boxes.
   void FillPayoffRow();
+  // The payoff the edit boxes work on: the Field list's row or the bet list's.
+  std::optional<PayoffCell> EditedPayoffCell() const;
   // Shows the Buy and Lay vigorish from the game.
   void FillVig();
   // Rebuilds the working list from the game, keeping current row and selection.
@@ -117,6 +122,8 @@ class ConfigureForm : public QDialog {
   std::array<QComboBox*, 2> vigRound_{};
   QListWidget* working_ = nullptr;
   QListWidget* payoffs_ = nullptr;
+  QListWidget* fieldList_ = nullptr;
+  bool editingField_ = false;  // the edit boxes work on the Field list's row
   QLineEdit* payoffFirst_ = nullptr;
   QLineEdit* payoffFlag_ = nullptr;
   QLineEdit* payoffDen_ = nullptr;

@@ -1,5 +1,6 @@
-// frmConfigure, the Payoffs tab: the list of payoffs and the editor of its
-// current row, Field presets and the restore button.
+// frmConfigure, the Payoffs tab: the list of payoffs with the Field list
+// beside it, the editor of the row last chosen in either list, Field
+// presets and the restore button.
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -20,6 +21,7 @@ namespace {
 
 using configure_tabs::kAmountDecimals;
 using configure_tabs::Money;
+constexpr int kFieldListWidth = 170;  // room for "10   (4.6) (6.4)"
 
 }  // namespace
 
@@ -39,6 +41,20 @@ QWidget* ConfigureForm::BuildPayoffs() {
     }
   }
   layout->addWidget(payoffs_, 1);
+  // The Field pays by dice combination: its 21 rows stand beside the bets.
+  fieldList_ = new QListWidget;
+  fieldList_->setObjectName("lstField");
+  fieldList_->setMaximumWidth(kFieldListWidth);
+  for (int row = 1; row <= kFieldRows; ++row) {
+    const std::string_view label = kFieldRowLabel[row];
+    auto* item = new QListWidgetItem(QString::fromUtf8(label.data(), static_cast<int>(label.size())),
+                                     fieldList_);
+    item->setData(Qt::UserRole, row);
+  }
+  auto* fieldColumn = new QVBoxLayout;
+  fieldColumn->addWidget(new QLabel("Field"));
+  fieldColumn->addWidget(fieldList_);
+  layout->addLayout(fieldColumn);
   auto* right = new QVBoxLayout;
   payoffShown_ = new QLabel;
   payoffShown_->setObjectName("lblPayoff");
@@ -57,11 +73,20 @@ QWidget* ConfigureForm::BuildPayoffs() {
   edit->addWidget(payoffFlag_);
   edit->addWidget(payoffDen_);
   right->addLayout(edit);
-  auto cell = [this]() -> std::optional<PayoffCell> {
-    QListWidgetItem* item = payoffs_->currentItem();
-    return item ? PayoffCellOf(item->data(Qt::UserRole).toInt()) : std::nullopt;
+  auto cell = [this] { return EditedPayoffCell(); };
+  // The editor follows the list the user chose a row in last.
+  auto choose = [this](bool field) {
+    editingField_ = field;
+    // Only the chosen list shows its row as selected.
+    (field ? payoffs_ : fieldList_)->clearSelection();
+    QListWidget* chosen = field ? fieldList_ : payoffs_;
+    if (chosen->currentItem()) chosen->currentItem()->setSelected(true);
+    FillPayoffRow();
   };
-  connect(payoffs_, &QListWidget::currentRowChanged, this, [this] { FillPayoffRow(); });
+  connect(payoffs_, &QListWidget::currentRowChanged, this, [choose] { choose(false); });
+  connect(payoffs_, &QListWidget::itemClicked, this, [choose] { choose(false); });
+  connect(fieldList_, &QListWidget::currentRowChanged, this, [choose] { choose(true); });
+  connect(fieldList_, &QListWidget::itemClicked, this, [choose] { choose(true); });
   connect(payoffFirst_, &QLineEdit::textChanged, this, [this, cell] {
     if (auto c = cell(); c && !FormLoading)
       EnterPayoffFirst(game_, *c, ParseAmount(payoffFirst_->text().toStdString()));
@@ -102,18 +127,28 @@ QWidget* ConfigureForm::BuildPayoffs() {
   return page;
 }
 
+std::optional<PayoffCell> ConfigureForm::EditedPayoffCell() const {
+  if (editingField_) {
+    QListWidgetItem* item = fieldList_->currentItem();
+    if (item == nullptr) return std::nullopt;
+    return PayoffCell{PayoffTable::Field, item->data(Qt::UserRole).toInt()};
+  }
+  QListWidgetItem* item = payoffs_->currentItem();
+  return item ? PayoffCellOf(item->data(Qt::UserRole).toInt()) : std::nullopt;
+}
+
 void ConfigureForm::FillPayoffRow() {
   const bool was = FormLoading;
   FormLoading = true;
-  QListWidgetItem* item = payoffs_->currentItem();
-  const auto c = item ? PayoffCellOf(item->data(Qt::UserRole).toInt()) : std::nullopt;
+  QListWidgetItem* item = editingField_ ? fieldList_->currentItem() : payoffs_->currentItem();
+  const auto c = EditedPayoffCell();
   for (QLineEdit* box : {payoffFirst_, payoffFlag_, payoffDen_}) box->setEnabled(c.has_value());
   if (c) {
     const bool to = PayoffValue(game_, *c, 2) != Currency{};
     payoffFirst_->setText(Money(PayoffShownFirst(game_, *c)));
     payoffFlag_->setText(to ? "to" : "for");
     payoffDen_->setText(Money(PayoffValue(game_, *c, 3)));
-    payoffShown_->setText(item->text());
+    payoffShown_->setText(editingField_ ? "Field " + item->text().simplified() : item->text());
   } else {
     for (QLineEdit* box : {payoffFirst_, payoffFlag_, payoffDen_}) box->clear();
     payoffShown_->setText(item ? item->text() : QString());

@@ -26,6 +26,7 @@ class ConfigureTest : public QObject {
   void clearingFireWithAFireBetAnsweredNoKeepsIt();
   void payoffDenominatorOfZeroIsRefused();
   void generatorBoxSelectsAndSeeds();
+  void fieldRowsAreEditedBesideTheBets();
 };
 
 void ConfigureTest::opensOnTheGamesValues() {
@@ -170,6 +171,40 @@ void ConfigureTest::generatorBoxSelectsAndSeeds() {
   QTest::mouseClick(FormChild<QPushButton>(*form, "cmdSeedRNG"), Qt::LeftButton);
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(t.game->dice.LastSeed, 4242);
+}
+
+// The Field list beside the bet list: the editor works on the row chosen
+// last in either list, and a Field fault brings its row back.
+void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
+  DesktopTable t;
+  t.game->rules.ConfigureTab = kTabPayoffs;
+  ConfigureForm* form = t.window->Configure();
+  form->Fill();
+  form->show();
+  auto* field = FormChild<QListWidget>(*form, "lstField");
+  QCOMPARE(field->count(), kFieldRows);
+  auto* bets = FormChild<QListWidget>(*form, "lstPayoffs");
+  const auto betCell = PayoffCellOf(bets->item(0)->data(Qt::UserRole).toInt());
+  const Currency betBefore = PayoffValue(*t.game, *betCell, 1);
+
+  constexpr int kFive = 5;  // "5    (1.4) (4.1)", a loser by default
+  field->setCurrentRow(kFive - 1);
+  QVERIFY(FormChild<QLabel>(*form, "lblPayoff")->text().startsWith("Field 5"));
+  TypeInto(FormChild<QLineEdit>(*form, "txtPayoff0"), "3");
+  QCOMPARE(t.game->FieldPayoff(1, kFive), Currency::FromWhole(3));
+  QCOMPARE(PayoffValue(*t.game, *betCell, 1), betBefore);
+
+  QTest::mouseClick(bets->viewport(), Qt::LeftButton, {}, bets->visualItemRect(bets->item(0)).center());
+  QCOMPARE(FormChild<QLineEdit>(*form, "txtPayoff0")->text(),
+           QString::fromStdString(FormatMoney(PayoffShownFirst(*t.game, *betCell))));
+
+  constexpr int kSix = 7;  // "6    (1.5) (5.1)"
+  t.game->FieldPayoff(1, kSix) = Currency::FromWhole(-2);  // loses more than the bet
+  t.shown.clear();
+  QVERIFY(!form->TryClose());
+  QCOMPARE(t.shown.size(), std::size_t{1});
+  QCOMPARE(field->currentRow(), kSix - 1);
+  QVERIFY(FormChild<QLabel>(*form, "lblPayoff")->text().startsWith("Field 6"));
 }
 
 QTEST_MAIN(ConfigureTest)
