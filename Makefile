@@ -58,6 +58,7 @@ screenshots: build
 	  --graph-adjust 2 --graph-average 50 $(DEMO_PLAYER)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bets.png --view configure:6
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-payoffs.png --view configure:7
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-checks.png --view configure:0
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-colors.png --view configure:1
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-comps.png --view configure:2
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bankroll.png --view configure:5 --full-table
