@@ -14,7 +14,7 @@ SUDO     := $(shell [ "$$(id -u)" -eq 0 ] || echo sudo)
 
 PACKAGES := g++ cmake make libgtest-dev libgmock-dev libbenchmark-dev \
             libcli11-dev libfmt-dev nlohmann-json3-dev \
-            qt6-base-dev qt6-multimedia-dev fonts-dejavu-core libopenmpi-dev openmpi-bin
+            qt6-base-dev qt6-multimedia-dev fonts-dejavu-core espeak-ng libopenmpi-dev openmpi-bin
 
 .PHONY: deps configure build run demo screenshots test sanitize bench clean
 
