@@ -34,15 +34,6 @@ constexpr const char* kPrintedTitles[2][kAdvantageColumns] = {
     {"EV/Roll", "StDev/Roll", "EV/Dec", "StDev/Dec", "EV/Hour"},
     {"Rolls/Dec", "Dec/Roll", "Dec/Hour", "Dec/Min", "Time/Dec"}};
 
-// A payoff as the list shows it: "a to d", or "(a + d) for d"; a Field
-// row whose first value is below 0 loses.
-std::string PayoffText(Game& game, PayoffCell cell) {
-  if (cell.table == PayoffTable::Field && PayoffValue(game, cell, 1) < Currency{}) return "loses";
-  const bool to = PayoffValue(game, cell, 2) != Currency{};
-  return FormatMoney(PayoffShownFirst(game, cell)) + (to ? " to " : " for ") +
-         FormatMoney(PayoffValue(game, cell, 3));
-}
-
 void AddHead(PrintDocument& doc, const CalendarDate& today, std::string_view gameFile) {
   doc.AddText("Game File:  " + PrintedFileName(gameFile), true);
   doc.AddText(MediumDate(today), true);

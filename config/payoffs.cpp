@@ -279,6 +279,13 @@ std::optional<PayoffCell> PayoffCellOf(int code) {
   return std::nullopt;
 }
 
+std::string PayoffText(Game& game, PayoffCell cell) {
+  if (cell.table == PayoffTable::Field && PayoffValue(game, cell, 1) < Currency{}) return "loses";
+  const bool to = PayoffValue(game, cell, 2) != Currency{};
+  return FormatMoney(PayoffShownFirst(game, cell)) + (to ? " to " : " for ") +
+         FormatMoney(PayoffValue(game, cell, 3));
+}
+
 Currency& PayoffValue(Game& game, PayoffCell cell, int k) {
   switch (cell.table) {
     case PayoffTable::Midway:

@@ -83,6 +83,10 @@ std::optional<PayoffCell> PayoffCellOf(int code);
 // Columns 1..3 of a cell.
 Currency& PayoffValue(Game& game, PayoffCell cell, int k);
 
+// The payoff as the lists show it: "a to d", or "a + d for d"; a Field row
+// that takes the bet ("loses") when its first value is below 0.
+std::string PayoffText(Game& game, PayoffCell cell);
+
 // Editing, as the Payoffs tab does it. The first field shows a for "to" and
 // a + d for "for".
 Currency PayoffShownFirst(Game& game, PayoffCell cell);

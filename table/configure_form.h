@@ -93,6 +93,8 @@ class ConfigureForm : public QDialog {
   void TabClicked(int index);
   // Shows the payoff of the chosen row (bet list or Field list) in the edit boxes.
   void FillPayoffRow();
+  // Shows each row's payoff at the right of both payoff lists.
+  void FillPayoffTexts();
   // The payoff the edit boxes work on: the Field list's row or the bet list's.
   std::optional<PayoffCell> EditedPayoffCell() const;
   // Shows the Buy and Lay vigorish from the game.

@@ -7,7 +7,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include "config/payoffs.h"
@@ -21,7 +23,27 @@ namespace {
 
 using configure_tabs::kAmountDecimals;
 using configure_tabs::Money;
-constexpr int kFieldListWidth = 170;  // room for "10   (4.6) (6.4)"
+constexpr int kFieldListWidth = 230;  // room for "10   (4.6) (6.4)" and its payoff
+constexpr int kPayoffTextRole = Qt::UserRole + 1;
+constexpr int kPayoffTextMargin = 6;
+
+// A row of a payoff list: its label, and its payoff at the right edge.
+class PayoffRowDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    const QString payoff = index.data(kPayoffTextRole).toString();
+    if (payoff.isEmpty()) return;
+    painter->save();
+    const bool selected = option.state & QStyle::State_Selected;
+    painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawText(option.rect.adjusted(0, 0, -kPayoffTextMargin, 0),
+                      Qt::AlignRight | Qt::AlignVCenter, payoff);
+    painter->restore();
+  }
+};
 
 }  // namespace
 
@@ -40,11 +62,13 @@ QWidget* ConfigureForm::BuildPayoffs() {
       item->setFont(f);
     }
   }
+  payoffs_->setItemDelegate(new PayoffRowDelegate(payoffs_));
   layout->addWidget(payoffs_, 1);
   // The Field pays by dice combination: its 21 rows stand beside the bets.
   fieldList_ = new QListWidget;
   fieldList_->setObjectName("lstField");
   fieldList_->setMaximumWidth(kFieldListWidth);
+  fieldList_->setItemDelegate(new PayoffRowDelegate(fieldList_));
   for (int row = 1; row <= kFieldRows; ++row) {
     const std::string_view label = kFieldRowLabel[row];
     auto* item = new QListWidgetItem(QString::fromUtf8(label.data(), static_cast<int>(label.size())),
@@ -88,8 +112,10 @@ QWidget* ConfigureForm::BuildPayoffs() {
   connect(fieldList_, &QListWidget::currentRowChanged, this, [choose] { choose(true); });
   connect(fieldList_, &QListWidget::itemClicked, this, [choose] { choose(true); });
   connect(payoffFirst_, &QLineEdit::textChanged, this, [this, cell] {
-    if (auto c = cell(); c && !FormLoading)
+    if (auto c = cell(); c && !FormLoading) {
       EnterPayoffFirst(game_, *c, ParseAmount(payoffFirst_->text().toStdString()));
+      FillPayoffTexts();
+    }
   });
   connect(payoffDen_, &QLineEdit::editingFinished, this, [this, cell] {
     auto c = cell();
@@ -137,7 +163,22 @@ std::optional<PayoffCell> ConfigureForm::EditedPayoffCell() const {
   return item ? PayoffCellOf(item->data(Qt::UserRole).toInt()) : std::nullopt;
 }
 
+void ConfigureForm::FillPayoffTexts() {
+  for (int i = 0; i < payoffs_->count(); ++i) {
+    QListWidgetItem* item = payoffs_->item(i);
+    const auto cell = PayoffCellOf(item->data(Qt::UserRole).toInt());
+    item->setData(kPayoffTextRole,
+                  cell ? QString::fromStdString(PayoffText(game_, *cell)) : QString());
+  }
+  for (int i = 0; i < fieldList_->count(); ++i) {
+    QListWidgetItem* item = fieldList_->item(i);
+    const PayoffCell cell{PayoffTable::Field, item->data(Qt::UserRole).toInt()};
+    item->setData(kPayoffTextRole, QString::fromStdString(PayoffText(game_, cell)));
+  }
+}
+
 void ConfigureForm::FillPayoffRow() {
+  FillPayoffTexts();  // every row shows its payoff, so a change shows at once
   const bool was = FormLoading;
   FormLoading = true;
   QListWidgetItem* item = editingField_ ? fieldList_->currentItem() : payoffs_->currentItem();

@@ -190,8 +190,12 @@ void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
   constexpr int kFive = 5;  // "5    (1.4) (4.1)", a loser by default
   field->setCurrentRow(kFive - 1);
   QVERIFY(FormChild<QLabel>(*form, "lblPayoff")->text().startsWith("Field 5"));
+  constexpr int kPayoffText = Qt::UserRole + 1;  // what each row shows at its right
+  QCOMPARE(field->item(kFive - 1)->data(kPayoffText).toString(), QString("loses"));
+  QCOMPARE(bets->item(0)->data(kPayoffText).toString(), QString("1 to 2"));  // Lay 4
   TypeInto(FormChild<QLineEdit>(*form, "txtPayoff0"), "3");
   QCOMPARE(t.game->FieldPayoff(1, kFive), Currency::FromWhole(3));
+  QCOMPARE(field->item(kFive - 1)->data(kPayoffText).toString(), QString("3 to 1"));
   QCOMPARE(PayoffValue(*t.game, *betCell, 1), betBefore);
 
   QTest::mouseClick(bets->viewport(), Qt::LeftButton, {}, bets->visualItemRect(bets->item(0)).center());
