@@ -5,7 +5,6 @@
 
 #include "analysis/advantage_table.h"
 #include "config/payoffs.h"
-#include "core/money.h"
 #include "dice/probability_edit.h"
 
 namespace {
@@ -13,20 +12,9 @@ namespace {
 constexpr int kFigureWidth = 13;   // each figure column, right-aligned
 constexpr int kLabelGap = 2;       // between the longest label and the first figure
 constexpr int kPayoffWidth = 20;   // the Payoff and Field columns
-// Which of PrintColors a figure's sign prints in.
-constexpr int kPositiveColourSlot = 0;  // blue
-constexpr int kNegativeColourSlot = 1;  // red
-
 int PrintedColour(const Game& game, FigureColour colour) {
-  switch (colour) {
-    case FigureColour::Blue:
-      return static_cast<int>(game.rules.PrintColors[kPositiveColourSlot]);
-    case FigureColour::Red:
-      return static_cast<int>(game.rules.PrintColors[kNegativeColourSlot]);
-    case FigureColour::Black:
-      break;
-  }
-  return kPrintBlack;
+  const int sign = colour == FigureColour::Blue ? 1 : colour == FigureColour::Red ? -1 : 0;
+  return PrintColourOfSign(game.rules.PrintColors, sign);
 }
 
 // The printout's own column titles: the normal view, then the misc. view.

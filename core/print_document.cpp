@@ -9,6 +9,7 @@ namespace {
 constexpr const char* kMonthAbbrev[12] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                           "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 constexpr int kCentury = 100;
+constexpr int kPositiveSlot = 0, kNegativeSlot = 1;  // blue and red of PrintColors
 
 }  // namespace
 
@@ -21,6 +22,12 @@ void PrintDocument::AddText(std::string text, bool centred, bool bold) {
 }
 
 void PrintDocument::AddBlank() { lines.emplace_back(); }
+
+int PrintColourOfSign(const std::array<Long, 3>& printColors, int sign) {
+  if (sign > 0) return static_cast<int>(printColors[kPositiveSlot]);
+  if (sign < 0) return static_cast<int>(printColors[kNegativeSlot]);
+  return kPrintBlack;
+}
 
 std::string MediumDate(const CalendarDate& date) {
   const int month = date.month >= 1 && date.month <= 12 ? date.month : 1;

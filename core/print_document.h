@@ -11,9 +11,12 @@
 //   without colour gets all black.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/frames.h"
 
 constexpr int kPrintBlack = 0;
 
@@ -40,6 +43,10 @@ struct PrintDocument {
   // Appends an empty line.
   void AddBlank();
 };
+
+// The colour a figure prints in by its sign, from the rules' PrintColors
+// (blue, red, magenta): blue above 0, red below, black at 0.
+int PrintColourOfSign(const std::array<Long, 3>& printColors, int sign);
 
 // A calendar day.
 struct CalendarDate {

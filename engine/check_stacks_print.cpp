@@ -18,10 +18,6 @@ constexpr int kValueEnd = 28;    // values end here
 constexpr int kNameStart = 31;
 constexpr int kRangePromptStyle =
     kMsgOk | kMsgCancel | kMsgInput1 | kMsgInput2 | kMsgAmountInput | kMsgPicQmark;
-// Which of PrintColors a sign prints in.
-constexpr int kPositiveColourSlot = 0;  // blue
-constexpr int kNegativeColourSlot = 1;  // red
-constexpr int kGridRed = 255, kGridBlue = 0xFF0000;
 
 // A typed stack number: the whole part of the number, within 0..99 (text
 // that is no number reads as 0).
@@ -48,12 +44,10 @@ PrintDocument CheckStacksPrintout(const Game& game, int p, int first, int last,
                   {"Value", kValueEnd, kPrintBlack, true},
                   {"Name", kNameStart, kPrintBlack, false}};
   doc.lines.push_back(std::move(titles));
-  const auto& colours = game.rules.PrintColors;
   for (const CheckStackRow& row : ShowCheckStacks(game, p)) {
     if (row.number < first || row.number > last) continue;
-    const int colour = row.color == kGridRed    ? static_cast<int>(colours[kNegativeColourSlot])
-                       : row.color == kGridBlue ? static_cast<int>(colours[kPositiveColourSlot])
-                                                : kPrintBlack;
+    const int sign = row.value > Currency{} ? 1 : row.value < Currency{} ? -1 : 0;
+    const int colour = PrintColourOfSign(game.rules.PrintColors, sign);
     PrintLine line;
     line.cells = {{std::to_string(row.number), kNumberEnd, kPrintBlack, true},
                   {FormatMoney(row.value), kValueEnd, colour, true},
