@@ -1,4 +1,4 @@
-// The Advantage tab's table as data: the row labels, the texts and colours
+// The Advantage tab's table as data: the texts and colours
 // of both views, and a row whose bet the dice never decide.
 #include "analysis/advantage_table.h"
 
@@ -25,27 +25,6 @@ class AdvantageTable : public ::testing::Test {
     StartUp(g, "/tmp/ravelton-tests");
   }
 };
-
-TEST_F(AdvantageTable, RowsAreLabelledByWhatTheyStandFor) {
-  const struct {
-    int bet;
-    const char* label;
-  } cases[] = {
-      {19, "Pass/Come 4"},
-      {24, "Pass/Come 10"},
-      {25, "Pass/Come 4 Odds"},
-      {9, "DP/DC 6"},
-      {18, "DP/DC 10 Odds"},
-      {43, "Passline/Come"},
-      {44, "Passline/Come Odds"},
-      {46, "Don't Pass/Come"},
-      {47, "Don't Pass/Come Odds"},
-      {45, "Passline/Come (c.o.)"},
-      {48, "Don't Pass/Come (c.o.)"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(AdvantageRowLabel(c.bet), c.label) << c.bet;
-  for (int b : {1, 31, 49, 58, 85}) EXPECT_EQ(AdvantageRowLabel(b), BetName(b)) << b;
-}
 
 TEST_F(AdvantageTable, BothViewsOfThePassLine) {
   const AdvantageRow row = FigureAdvantageRow(g, bet::kPassLine);

@@ -31,43 +31,6 @@ class Payoffs : public ::testing::Test {
 
 using P = std::pair<long, long>;
 
-// One row per family of the default table, each with its mirror number.
-TEST_F(Payoffs, DefaultBetRows) {
-  auto ComeOdds = [](int n) { return ComeId(n) + 6; };
-  auto DcOdds = [](int n) { return DontComeId(n) + 6; };
-  struct Row {
-    int bet, twin;
-    long a, d;
-  };
-  const Row rows[] = {
-      {LayId(4), LayId(10), 1, 2},        {LayId(5), LayId(9), 2, 3},
-      {DcOdds(6), DcOdds(8), 5, 6},       {ComeOdds(4), ComeOdds(10), 2, 1},
-      {BuyId(5), BuyId(9), 3, 2},         {PlaceId(4), PlaceId(10), 9, 5},
-      {PlaceId(6), PlaceId(8), 7, 6},     {bet::kHard6, bet::kHard8, 9, 1},
-      {bet::kTwo, bet::kTwelve, 30, 1},   {bet::kThree, bet::kEleven, 15, 1},
-      {bet::kHorn, bet::kHorn, 1, 4},     {bet::kWorld, bet::kWorld, 1, 5},
-      {bet::kPassLine, bet::kFire, 1, 1},
-  };
-  for (const Row& r : rows) {
-    EXPECT_EQ(Pair(r.bet), P(r.a, r.d)) << BetName(r.bet);
-    EXPECT_EQ(Pair(r.twin), P(r.a, r.d)) << BetName(r.twin);
-  }
-  for (int h = bet::kHopFirst; h <= bet::kHopLast; ++h) {
-    const std::string_view name = BetName(h);
-    EXPECT_EQ(Pair(h), P(name[4] == name[5] ? 30 : 15, 1)) << name;  // "Hop 22"
-  }
-  for (int d1 = 1; d1 <= 6; ++d1)
-    for (int d2 = 1; d2 <= 6; ++d2) {
-      const int t = d1 + d2, row = FieldRow(d1, d2);
-      EXPECT_EQ(kFieldRowTotal[row], t);
-      EXPECT_EQ(Field(row), (t == 2 || t == 12)  ? P(2, 1)
-                            : (t >= 5 && t <= 8) ? P(-1, 1)
-                                                 : P(1, 1));
-    }
-  const long fire[7] = {-1, -1, -1, -1, 24, 249, 999};
-  for (int r = 0; r <= 6; ++r) EXPECT_EQ(g.FirePayoff(1, r), Currency::FromWhole(fire[r])) << r;
-}
-
 TEST_F(Payoffs, LineOddsFollowThePoint) {
   g.Point = 6;
   SetLineOddsPayoffs(g);

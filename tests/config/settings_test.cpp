@@ -23,13 +23,6 @@ class Settings : public ::testing::Test {
   Game& g = *owner;
 };
 
-TEST_F(Settings, CompBetsMatchTheirDefaultsAndFlipOneBit) {
-  for (int b = 1; b <= 85; ++b) EXPECT_EQ(CompBetCounted(g.rules, b), CompBetDefault(b)) << b;
-  SetCompBet(g.rules, 85, false);
-  EXPECT_EQ(CompBetRowText(g.rules, 85), "Fire - No");
-  EXPECT_FALSE(CompBetCounted(g.rules, 0));
-}
-
 TEST_F(Settings, NoticeFlagsAndVigPercent) {
   const bool boxes[5] = {true, false, true, false, true};
   EXPECT_EQ(NoticeFlagsFromChecks(boxes), 1 + 4 + 16);

@@ -25,20 +25,6 @@ TEST(Catalogue, BoxFormulasAgreeWithTheNames) {
   }
 }
 
-TEST(Catalogue, NamesOfSinglesAndPseudoBetsAndGaps) {
-  EXPECT_EQ(BetName(47), "Don't Pass Odds");
-  EXPECT_EQ(BetName(62), "C and E");
-  EXPECT_EQ(BetName(85), "Fire");
-  EXPECT_EQ(BetName(93), "Rail");
-  EXPECT_EQ(BetName(104), "CheckStack #4");
-  for (int id = 1; id <= 85; ++id) EXPECT_FALSE(BetName(id).empty()) << id;
-  for (int id : {-1, 0, 100, 105, 200}) EXPECT_TRUE(BetName(id).empty()) << id;
-  for (int id = 86; id <= 100; ++id)
-    if (id != 93) {
-      EXPECT_TRUE(BetName(id).empty()) << id;
-    }
-}
-
 TEST(Catalogue, HopsTakeEitherDieOrderAndLeaveOutTheSingleNumbers) {
   int hops = 0;
   for (int a = 1; a <= 6; ++a)
@@ -67,12 +53,6 @@ TEST(Catalogue, GroupsPartitionTheRealBets) {
                        (b == bet::kFire);
     EXPECT_EQ(groups, 1) << b;
   }
-}
-
-TEST(Catalogue, DefaultCompMasksRateEverythingButTheOdds) {
-  for (int b = 1; b <= 85; ++b)
-    EXPECT_EQ(CompRated(b, kDefaultCompMask1, kDefaultCompMask2, kDefaultCompMask3), !IsOddsBet(b))
-        << b;
 }
 
 }  // namespace

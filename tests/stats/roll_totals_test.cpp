@@ -54,18 +54,6 @@ TEST_F(RollTotals, Hard4CountsItsNumberAndGroupsButNotTheEasyPair) {
   EXPECT_EQ(Row(FigureRollTotals(g, 1, 2, 0, false), 26).count.text, "0");
 }
 
-TEST_F(RollTotals, KindsListTheirRowsInOrder) {
-  const int rows[kRollTotalsKinds] = {11, 21, 36, 12};
-  for (int kind = 0; kind < kRollTotalsKinds; ++kind) {
-    const RollTotalsFigures f = FigureRollTotals(g, kind, 2, 0, false);
-    EXPECT_EQ(static_cast<int>(f.rows.size()), rows[kind]) << KindCaption(kind);
-  }
-  const RollTotalsFigures unique = FigureRollTotals(g, 2, 2, 0, false);
-  EXPECT_EQ(unique.rows[1].text, "Number 3 (1.2)");
-  EXPECT_EQ(unique.rows[5].text, "Hard 4 (2.2)");
-  EXPECT_EQ(FigureRollTotals(g, 1, 2, 0, false).rows[2].text, "Number 4 (1.3) or (3.1)");
-}
-
 TEST(ProbablePercent, TruePercentsByPairsAndSkewedBySums) {
   const std::pair<int, double> expected[] = {{2, 2.78},  {3, 5.56},  {7, 16.67}, {13, 2.78},
                                              {26, 5.56}, {22, 2.78}, {17, 66.67}, {21, 44.44},

@@ -36,11 +36,4 @@ TEST_F(PathsInUseTest, ListsEveryFileInUseUnderItsCaption) {
   EXPECT_FALSE(game->roll.AppPath.empty());
 }
 
-TEST_F(PathsInUseTest, NoPlayersLeavesTheirGroupsSayingNone) {
-  const std::vector<PathGroup> groups = PathsInUse(*game);
-  ASSERT_EQ(groups.size(), 7u);
-  EXPECT_EQ(groups[5].lines, std::vector<std::string>{"(none)"});
-  EXPECT_EQ(groups[6].lines, std::vector<std::string>{"(none)"});
-}
-
 }  // namespace
