@@ -2,29 +2,13 @@
 // of both views, and a row whose bet the dice never decide.
 #include "analysis/advantage_table.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
-
-#include "dice/probability.h"
 #include "core/catalogue.h"
-#include "core/headless_platform.h"
-#include "cycle/startup.h"
+#include "dice/probability.h"
+#include "tests/engine/roll_fixture.h"
 
 namespace {
 
-class AdvantageTable : public ::testing::Test {
- protected:
-  HeadlessPlatform platform;
-  std::unique_ptr<Game> owner = MakeGame(platform);
-  Game& g = *owner;
-
-  AdvantageTable() {
-    platform.fixedTime = 0;
-    platform.clockStep = 1000;
-    StartUp(g, "/tmp/ravelton-tests");
-  }
-};
+using AdvantageTable = RollFixture;
 
 TEST_F(AdvantageTable, BothViewsOfThePassLine) {
   const AdvantageRow row = FigureAdvantageRow(g, bet::kPassLine);

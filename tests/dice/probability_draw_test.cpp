@@ -1,22 +1,17 @@
 // Skewed dice in the large: a long Hyper-Drive run with probability dice on
 // shows each of the 36 pairs as often as its cell says (Pearson's chi-square
 // over the pairs), for Percentage dice and for Free Form dice.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <memory>
 #include <string>
 
-#include "core/headless_platform.h"
 #include "cycle/hyperdrive.h"
-#include "cycle/startup.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
 #include "logs/events_log.h"
-#include "tests/support/events_log_text.h"
+#include "tests/engine/roll_fixture.h"
 
 namespace {
 
@@ -36,17 +31,9 @@ void CountPair(void* context, const Game& game) {
   (*static_cast<Counts*>(context))[game.Die1 - 1][game.Die2 - 1]++;
 }
 
-class ProbabilityDraw : public ::testing::Test {
+class ProbabilityDraw : public RollFixture {
  protected:
-  HeadlessPlatform platform;
-  std::unique_ptr<Game> owner = MakeGame(platform);
-  Game& g = *owner;
-
   ProbabilityDraw() {
-    platform.fixedTime = 0;
-    platform.clockStep = 1000;
-    StartUp(g, "/tmp/ravelton-tests");
-    g.rules.BetRequirement = 0;
     g.dice.RngIndex = 0;
     SeedRngWith(g, 20261123);
   }

@@ -3,28 +3,14 @@
 // mode, refused texts, and the "rolls out of" number.
 #include "dice/probability_edit.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <optional>
 #include <string>
 
-#include "core/headless_platform.h"
-#include "cycle/startup.h"
+#include "tests/engine/roll_fixture.h"
 
 namespace {
 
-class ProbabilityEdit : public ::testing::Test {
- protected:
-  ProbabilityEdit() {
-    platform.fixedTime = 0;
-    platform.clockStep = 1000;
-    StartUp(g, "/tmp/ravelton-tests");
-  }
-  HeadlessPlatform platform;
-  std::unique_ptr<Game> owner = MakeGame(platform);
-  Game& g = *owner;
-};
+using ProbabilityEdit = RollFixture;
 
 TEST(ProbabilityEditMoves, ArrowsStayOnEntriesAndStopAtTheEdge) {
   struct Case {
@@ -88,6 +74,8 @@ TEST_F(ProbabilityEdit, ATypedValueIsReadInTheDisplayMode) {
       {kShowRollsOutOf, 36, "7", 19444},         // 7 x 100000 / 36
       {kShowRollsOutOf, 100, "25", 25000},
       {kShowRollsFromTrue, 36, "-1", 13889},  // 6 - 1 rolls out of 36
+      {kShowRollsFromTrue, 100, "1", 17667},  // 1 x 100000 / 100 + 16666.67
+      {kShowPercentFromTrue, 36, "-50", 0},   // below true by more than all of it
   };
   for (const Case& c : cases) {
     NewProbabilities(g);

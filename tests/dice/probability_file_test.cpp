@@ -2,31 +2,20 @@
 // data folder, and files that must be refused with the table left in use.
 #include "dice/probability_file.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <memory>
 #include <string>
 
-#include "core/headless_platform.h"
 #include "core/message_dialog.h"
-#include "cycle/startup.h"
 #include "dice/probability.h"
+#include "tests/engine/roll_fixture.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr std::size_t kFileBytes = 5 * 256;
-constexpr std::size_t kValuesAt = 256 + 112 * 4;  // the entries of k = 1 follow the 112 flags
-
-std::string ReadBytes(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 void WriteBytes(const fs::path& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
@@ -45,26 +34,8 @@ void PutEntry(std::string& bytes, std::size_t offset, std::int32_t v) {
 // Byte offset of entry (k, a, b) in a file.
 std::size_t Offset(int k, int a, int b) { return 256 + 4 * (k * 112 + a * 14 + b); }
 
-class ProbabilityFile : public ::testing::Test {
+class ProbabilityFile : public RollFixture {
  protected:
-  HeadlessPlatform platform;
-  std::unique_ptr<Game> owner = MakeGame(platform);
-  Game& g = *owner;
-  fs::path folder;
-
-  void SetUp() override {
-    platform.fixedTime = 0;
-    platform.clockStep = 1000;
-    StartUp(g, "/tmp/ravelton-tests");
-    folder = fs::temp_directory_path() /
-             ("ravelton-prb-" +
-              std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    g.roll.DataFolder = folder.string() + "/";
-  }
-  void TearDown() override { fs::remove_all(folder); }
-
   // A skewed, partly locked table to save.
   void Skew() {
     SetProbabilityCell(g, kTotalRow, 6, 20000, true);
@@ -78,7 +49,7 @@ class ProbabilityFile : public ::testing::Test {
 TEST_F(ProbabilityFile, SavedBytesHoldTheHeaderThenFlagsThenValuesInFileOrder) {
   Skew();
   ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
-  const std::string bytes = ReadBytes(folder / "skew.prb");
+  const std::string bytes = ReadWholeFile(folder / "skew.prb");
   ASSERT_EQ(bytes.size(), kFileBytes);
   EXPECT_EQ(bytes.substr(0, 200), std::string(kProbabilityFileHeader) +
                                       std::string(200 - kProbabilityFileHeader.size(), ' '));
@@ -92,34 +63,34 @@ TEST_F(ProbabilityFile, SavedBytesHoldTheHeaderThenFlagsThenValuesInFileOrder) {
   EXPECT_EQ(EntryAt(bytes, Offset(1, 7, 13)), ProbValue(g, 7, 13));  // the last entry
   EXPECT_EQ(Offset(1, 7, 13) + 4, 256 + 224 * 4u);
   EXPECT_EQ(bytes.substr(Offset(1, 7, 13) + 4), std::string(128, '\0'));
-  EXPECT_EQ(g.probability.ProbFilePath, (folder / "skew.prb").string());
+  EXPECT_EQ(g.probability.ProbFilePath, folder / "skew.prb");
   EXPECT_FALSE(g.probability.ProbDirty);
   EXPECT_FALSE(fs::exists(folder / "skew.prb.~prb"));
 }
 
 TEST_F(ProbabilityFile, RoundTripRestoresTheWholeTableAndLeavesTheDiceSwitchAlone) {
   Skew();
-  ASSERT_TRUE(SaveProbabilityFile(g, (folder / "round.prb").string()));
+  ASSERT_TRUE(SaveProbabilityFile(g, folder / "round.prb"));
   const auto saved = g.probability.ProbabilityTable;
   NewProbabilities(g);
   g.probability.ProbDirty = true;
   g.dice.ProbabilityDiceOn = true;
   ASSERT_TRUE(LoadProbabilityFile(g, "round.prb"));  // a bare name: the data folder
   EXPECT_EQ(g.probability.ProbabilityTable, saved);
-  EXPECT_EQ(g.probability.ProbFilePath, (folder / "round.prb").string());
+  EXPECT_EQ(g.probability.ProbFilePath, folder / "round.prb");
   EXPECT_FALSE(g.probability.ProbDirty);
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);
   // The record's ignored tail may be missing: 1152 bytes are a whole table.
-  WriteBytes(folder / "short-tail.prb", ReadBytes(folder / "round.prb").substr(0, 256 + 224 * 4));
+  WriteBytes(folder / "short-tail.prb", ReadWholeFile(folder / "round.prb").substr(0, 256 + 224 * 4));
   NewProbabilities(g);
-  EXPECT_TRUE(LoadProbabilityFile(g, (folder / "short-tail.prb").string()));
+  EXPECT_TRUE(LoadProbabilityFile(g, folder / "short-tail.prb"));
   EXPECT_EQ(g.probability.ProbabilityTable, saved);
 }
 
 TEST_F(ProbabilityFile, BadFilesAreRefusedAndTheTableInUseStays) {
   Skew();
   ASSERT_TRUE(SaveProbabilityFile(g, "good.prb"));
-  const std::string good = ReadBytes(folder / "good.prb");
+  const std::string good = ReadWholeFile(folder / "good.prb");
   NewProbabilities(g);
   SetProbabilityCell(g, kTotalRow, 1, 9000, true);
   const auto inUse = g.probability.ProbabilityTable;
@@ -158,13 +129,13 @@ TEST_F(ProbabilityFile, BadFilesAreRefusedAndTheTableInUseStays) {
   EXPECT_TRUE(platform.messages.empty());  // from a game file or a script: silent
   EXPECT_EQ(ReadProbabilityFile(g, "missing.prb"), ProbFileStatus::NotFound);
   EXPECT_FALSE(fs::exists(folder / "missing.prb"));
-  EXPECT_EQ(ReadProbabilityFile(g, folder.string()), ProbFileStatus::Unreadable);
+  EXPECT_EQ(ReadProbabilityFile(g, folder.Path()), ProbFileStatus::Unreadable);
   EXPECT_EQ(g.probability.ProbabilityTable, inUse);
 }
 
 TEST_F(ProbabilityFile, AFilePickedByHandThatIsNotAProbabilityFileIsTold) {
   WriteBytes(folder / "notes.prb", "Some other text");
-  const std::string path = (folder / "notes.prb").string();
+  const std::string path = folder / "notes.prb";
   EXPECT_FALSE(LoadProbabilityFile(g, path, true));
   ASSERT_EQ(platform.messages.size(), 1u);
   const MessageRequest& m = platform.messages[0];
@@ -178,15 +149,15 @@ TEST_F(ProbabilityFile, AFilePickedByHandThatIsNotAProbabilityFileIsTold) {
 
 TEST_F(ProbabilityFile, ASaveThatCannotWriteLeavesTheOldFileAndNoTemporary) {
   ASSERT_TRUE(SaveProbabilityFile(g, "kept.prb"));
-  const std::string before = ReadBytes(folder / "kept.prb");
+  const std::string before = ReadWholeFile(folder / "kept.prb");
   SetProbabilityCell(g, kTotalRow, 6, 30000, true);
-  EXPECT_FALSE(SaveProbabilityFile(g, (folder / "no-such-folder" / "x.prb").string()));
+  EXPECT_FALSE(SaveProbabilityFile(g, folder / "no-such-folder/x.prb"));
   EXPECT_TRUE(g.probability.ProbDirty);
-  EXPECT_EQ(g.probability.ProbFilePath, (folder / "kept.prb").string());
+  EXPECT_EQ(g.probability.ProbFilePath, folder / "kept.prb");
   fs::create_directories(folder / "kept-dir.prb");  // a folder in the way of the rename
-  EXPECT_FALSE(SaveProbabilityFile(g, (folder / "kept-dir.prb").string()));
+  EXPECT_FALSE(SaveProbabilityFile(g, folder / "kept-dir.prb"));
   EXPECT_FALSE(fs::exists(folder / "kept-dir.prb.~prb"));
-  EXPECT_EQ(ReadBytes(folder / "kept.prb"), before);
+  EXPECT_EQ(ReadWholeFile(folder / "kept.prb"), before);
 }
 
 TEST_F(ProbabilityFile, UnsavedNumbersAreAskedAboutBeforeNewOrOpen) {
@@ -207,7 +178,7 @@ TEST_F(ProbabilityFile, UnsavedNumbersAreAskedAboutBeforeNewOrOpen) {
   };
   for (const auto& c : cases) {
     g.probability.ProbDirty = true;
-    g.probability.ProbFilePath = c.path[0] ? (folder / c.path).string() : "";
+    g.probability.ProbFilePath = c.path[0] ? folder / c.path : "";
     platform.queuedReplies.push_back({c.answer, "", "", false});
     EXPECT_EQ(AskToSaveProbabilities(g), c.choice) << c.answer << c.path;
     EXPECT_EQ(g.probability.ProbDirty, c.dirtyAfter) << c.answer << c.path;
@@ -225,7 +196,7 @@ TEST_F(ProbabilityFile, HostileTablesThatPassTheChecksStillDrawAndBalance) {
   // Files with the right header and random entries, most of them refused;
   // what is accepted must still give dice in range and take any set.
   ASSERT_TRUE(SaveProbabilityFile(g, "base.prb"));
-  const std::string base = ReadBytes(folder / "base.prb");
+  const std::string base = ReadWholeFile(folder / "base.prb");
   std::uint32_t state = 12345;
   auto next = [&] { return state = state * 1664525u + 1013904223u; };
   int accepted = 0;

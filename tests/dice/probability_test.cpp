@@ -83,12 +83,6 @@ TEST(ProbabilityGeometry, CellsAndDiceMapBothWaysAndFacesHoldSixCells) {
       EXPECT_EQ(CellOfDice(d.die1, d.die2), (ProbEntry{a, b}));
     }
   EXPECT_EQ(cells, 36);
-  // Rows of the faces' cells as the table's own rule gives them.
-  for (int r = 2; r <= 7; ++r)
-    for (int b = r - 1; b <= r + 4; ++b) {
-      EXPECT_EQ(CellDice(b < 7 ? r : r + 6 - b, b).die1, r - 1);
-      EXPECT_EQ(CellDice(b < 7 ? b - r + 3 : 9 - r, b).die2, r - 1);
-    }
 }
 
 TEST_F(ProbabilityFixture, TotalSetSharesItsValueInItsColumnAndTheRestOutside) {
@@ -216,36 +210,6 @@ TEST_F(ProbabilityFixture, UnbalanceableSetsAreUndoneButStayLocked) {
         const Long flag = ProbFlag(f.g, a, b);
         EXPECT_TRUE(flag == 0 || flag == kProbLocked) << c.why;
       }
-  }
-}
-
-TEST_F(ProbabilityFixture, TypedValuesAreReadInTheDisplayMode) {
-  struct Case {
-    Long mode;
-    double rollsOutOf;
-    double typed;  // what the user typed, times 1000
-    Long column;   // the cells of total 7, then every other cell
-    Long other;
-    Long total;
-  };
-  const Case cases[] = {
-      // +2 percent from true: 16666.67 + 2000 = 18666.67.
-      {kShowPercentFromTrue, 36, 2000, 3111, 2711, 18667},
-      // 6 rolls out of 36: 6000 x 100 / 36 = 16666.67.
-      {kShowRollsOutOf, 36, 6000, 2778, 2778, 16667},
-      // +1 roll out of 100 from true: 1000 x 100 / 100 + 16666.67.
-      {kShowRollsFromTrue, 100, 1000, 2944, 2744, 17667},
-      // Below true by more than all of it: 0.
-      {kShowPercentFromTrue, 36, -50000, 0, 3333, 0},
-  };
-  for (const Case& c : cases) {
-    TableUnderTest f;
-    f.g.probability.ProbDisplayMode = c.mode;
-    f.g.probability.RollsOutOf = c.rollsOutOf;
-    SetProbabilityCell(f.g, kTotalRow, 6, c.typed, false);
-    EXPECT_EQ(f.Cells()[0][5], c.column) << c.mode;
-    EXPECT_EQ(f.Cells()[0][0], c.other) << c.mode;
-    EXPECT_EQ(ProbValue(f.g, kTotalRow, 6), c.total) << c.mode;
   }
 }
 
