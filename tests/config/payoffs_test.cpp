@@ -80,14 +80,6 @@ TEST_F(Payoffs, FieldPresets) {
   EXPECT_EQ(g.FieldPayoff(2, FieldRow(3, 4)), -1_usd);
 }
 
-TEST_F(Payoffs, PayoffListRowsAndLabels) {
-  const std::pair<int, int> codes[] = {{0, 1}, {41, 42}, {42, 45}, {44, 50}, {88, 97}, {89, 0}};
-  for (auto [row, code] : codes) EXPECT_EQ(PayoffRowCode(row), code) << row;
-  EXPECT_EQ(PayoffRowLabel(30), "Pass/Come 10 Odds");
-  EXPECT_FALSE(PayoffCellOf(49)) << "the Field has its own list";
-  EXPECT_EQ(PayoffCellOf(89)->row, 5);
-}
-
 TEST_F(Payoffs, EditingKeepsWhatTheUserSees) {
   const PayoffCell place6{PayoffTable::Bets, PlaceId(6)};
   // 3 "for" 1 is stored as 2 to 1; T then reads 3 "to" 1.

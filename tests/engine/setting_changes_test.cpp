@@ -129,15 +129,4 @@ TEST_F(SettingChanges, LayVigIsTheTwin) {
   EXPECT_EQ(g.LayVig(1, 0), 2_usd);  // 10% of the win of 20
 }
 
-TEST_F(SettingChanges, TableWorkingDefaults) {
-  SetTableWorkingDefault(g, PlaceId(6), 1);
-  ASSERT_EQ(g.BetWorkingDefault(0, PlaceId(6)), 1);
-  RestoreTableWorkingDefault(g, PlaceId(6));
-  EXPECT_EQ(g.BetWorkingDefault(0, PlaceId(6)), 0);
-  RestoreTableWorkingDefault(g, bet::kField);
-  EXPECT_EQ(g.BetWorkingDefault(0, bet::kField), 1);
-  SetTableWorkingDefault(g, 99, 1);  // not a bet: nothing
-  EXPECT_EQ(g.BetWorkingDefault(0, 99), 0);
-}
-
 }  // namespace

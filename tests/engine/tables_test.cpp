@@ -4,18 +4,6 @@
 
 #include <vector>
 
-TEST(Tables, RowsAreContiguousAndBoundsAreInclusive) {
-  Table3<int, 0, 44, 2, 12, 1, 3> t;
-  EXPECT_EQ(t.kSize, 45u * 11u * 3u);
-  EXPECT_EQ(t.Index(0, 2, 1), 0u);
-  EXPECT_EQ(t.Index(0, 2, 2), 1u);
-  EXPECT_EQ(t.Index(0, 3, 1), 3u);
-  EXPECT_EQ(t.Index(1, 2, 1), 33u);
-  EXPECT_EQ(t.Index(44, 12, 3), t.kSize - 1);
-  t(44, 12, 3) = 7;
-  EXPECT_EQ(t.cells.back(), 7);
-}
-
 TEST(Tables, FileOrderWalksTheFirstSubscriptFastest) {
   Table2<int, 0, 2, 5, 6> t;
   for (int i = 0; i <= 2; ++i)
