@@ -65,10 +65,11 @@ TEST_F(Payoffs, FieldPresets) {
     long a, d;
   };
   const Case cases[] = {
-      {kSFPass, 2, 2, -1, 3},     {kSFPass, 4, 4, -1, 11}, {kSFDontPass, 6, 4, 1, 3},
-      {kSFDontPass, 6, 6, 0, 1},  {kSFHard8, 4, 4, 9, 1},  {kSFHard8, 2, 6, -1, 1},
-      {kSFHorn, 1, 1, 27, 4},     {kSFWorld, 3, 4, 0, 5},  {kSFMidway, 3, 3, 2, 1},
-      {kSFCrapless, 1, 1, -5, 7}, {kSFLay4, 2, 5, 19, 40}, {kSFField, 6, 6, 2, 1},
+      {kSFPass, 2, 2, -1, 3},    {kSFPass, 4, 4, -1, 11},    {kSFDontPass, 6, 4, 1, 3},
+      {kSFDontPass, 6, 6, 0, 1}, {kSFHard8, 4, 4, 9, 1},     {kSFHard8, 2, 6, -1, 1},
+      {kSFHorn, 1, 1, 27, 4},    {kSFHorn, 5, 6, 12, 4},     {kSFWorld, 3, 4, 0, 5},
+      {kSFMidway, 3, 3, 2, 1},   {kSFCrapless, 1, 1, -5, 7}, {kSFLay4, 2, 5, 19, 40},
+      {kSFField, 6, 6, 2, 1},
   };
   for (const Case& c : cases) {
     SetFieldPreset(g, c.preset);

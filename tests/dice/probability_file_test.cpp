@@ -81,7 +81,8 @@ TEST_F(ProbabilityFile, RoundTripRestoresTheWholeTableAndLeavesTheDiceSwitchAlon
   EXPECT_FALSE(g.probability.ProbDirty);
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);
   // The record's ignored tail may be missing: 1152 bytes are a whole table.
-  WriteBytes(folder / "short-tail.prb", ReadWholeFile(folder / "round.prb").substr(0, 256 + 224 * 4));
+  WriteBytes(folder / "short-tail.prb",
+             ReadWholeFile(folder / "round.prb").substr(0, 256 + 224 * 4));
   NewProbabilities(g);
   EXPECT_TRUE(LoadProbabilityFile(g, folder / "short-tail.prb"));
   EXPECT_EQ(g.probability.ProbabilityTable, saved);
