@@ -129,4 +129,16 @@ TEST_F(SettingChanges, LayVigIsTheTwin) {
   EXPECT_EQ(g.LayVig(1, 0), 2_usd);  // 10% of the win of 20
 }
 
+// Restoring puts back the bet's own default: off for Place bets, on for the Field.
+TEST_F(SettingChanges, RestoringAWorkingDefault) {
+  for (const auto& [b, restored] : {std::pair{PlaceId(6), 0}, {bet::kField, 1}}) {
+    SetTableWorkingDefault(g, b, 1 - restored);
+    ASSERT_EQ(g.BetWorkingDefault(0, b), 1 - restored);
+    RestoreTableWorkingDefault(g, b);
+    EXPECT_EQ(g.BetWorkingDefault(0, b), restored) << b;
+  }
+  SetTableWorkingDefault(g, 99, 1);  // not a bet: nothing
+  EXPECT_EQ(g.BetWorkingDefault(0, 99), 0);
+}
+
 }  // namespace
