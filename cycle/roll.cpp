@@ -252,11 +252,11 @@ bool RollOnce(Game& g) {
   ShiftGraphHistory(g);
 
   // The scripts run last: a script sees the finished roll, and what it bets
-  // stands for the next.
-  if (g.roll.ScriptActive[0] && g.roll.ScriptsOK) RunAutoBets(g);
-
-  // The scripts may have seated or cashed out a player.
-  SnapshotAfterRoll(g, SeatedPlayers(g));
+  // stands for the next. Only a script seats or cashes out a player during
+  // a roll, so without one the seats are those of the roll's start.
+  const bool scripted = g.roll.ScriptActive[0] && g.roll.ScriptsOK;
+  if (scripted) RunAutoBets(g);
+  SnapshotAfterRoll(g, scripted ? SeatedPlayers(g) : seated);
   g.platform->RequestRedraw(Redraw::OpenViews);
   if (!g.HyperDrive) g.platform->RequestRedraw(Redraw::StatusBoxes);
   return true;

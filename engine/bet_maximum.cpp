@@ -1,6 +1,7 @@
 // The highest total of each bet: the table maximum, the odds maxima by the
 // odds method, and the payoff bounds of Lay bets and the propositions.
 #include <algorithm>
+#include <array>
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -32,9 +33,22 @@ Currency DontOddsMaximum(const Game& g, int b, Currency base) {
   return CurFromDouble(onWin.ToDouble() * p3.ToDouble() / p1.ToDouble());
 }
 
-}  // namespace
+// The bets whose maximum is the table maximum alone: every id that none of
+// the branches of FigureSpecialMaximum takes.
+constexpr bool OnlyTableMaximum(int b) {
+  return !(b == bet::kPassLineOdds || IsComeOdds(b) || b == bet::kDontPassOdds ||
+           IsDontComeOdds(b) || IsLay(b) || b == bet::kCandE || b == bet::kHorn ||
+           b == bet::kWorld || (b >= bet::kHard4 && b <= bet::kHopLast) || b == bet::kFire);
+}
 
-void FigureBetMaximum(Game& g, int p, int b) {
+constexpr auto kOnlyTableMaximum = [] {
+  std::array<bool, kLastBetId + 1> only{};
+  for (int b = 0; b <= kLastBetId; ++b) only[static_cast<std::size_t>(b)] = OnlyTableMaximum(b);
+  return only;
+}();
+
+// FigureBetMaximum for the odds, Lay bets, propositions and Fire.
+void FigureSpecialMaximum(Game& g, int p, int b) {
   const Currency unit = g.CheckValue(1);
   const Currency tableMax =
       unit.raw > 0 ? RoundDownToMultiple(g.rules.MaxPlacardBet, unit) : g.rules.MaxPlacardBet;
@@ -70,4 +84,19 @@ void FigureBetMaximum(Game& g, int p, int b) {
   if (m < Currency{}) m = Currency{};
   // The table maximum is a multiple of the unit already (most bets end here).
   g.betting.BetMaximum = unit.raw > 0 && m != tableMax ? RoundDownToMultiple(m, unit) : m;
+}
+
+}  // namespace
+
+void FigureBetMaximum(Game& g, int p, int b) {
+  // Most bets end at the table maximum: they skip the search of the rest.
+  if (b >= 0 && b <= kLastBetId && kOnlyTableMaximum[static_cast<std::size_t>(b)]) {
+    const Currency unit = g.CheckValue(1);
+    const Currency tableMax =
+        unit.raw > 0 ? RoundDownToMultiple(g.rules.MaxPlacardBet, unit) : g.rules.MaxPlacardBet;
+    // As in FigureSpecialMaximum: a negative maximum is 0, a multiple of any unit.
+    g.betting.BetMaximum = tableMax < Currency{} ? Currency{} : tableMax;
+    return;
+  }
+  FigureSpecialMaximum(g, p, b);
 }

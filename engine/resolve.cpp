@@ -5,6 +5,9 @@
 #include <cassert>
 #include <cstdint>
 #include <cstdlib>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -30,6 +33,28 @@ unsigned SeatsWithBets(const Game& g) {
   return seats;
 }
 
+// Bit i set for each of the eight cells from `cell` that is not 0. With
+// SSE2 the cells are tested two at a time: a 64-bit cell is 0 when both of
+// its 32-bit halves are.
+unsigned NonZeroCells8(const Currency* cell) {
+#if defined(__SSE2__)
+  static_assert(sizeof(Currency) == 8);
+  const __m128i zero = _mm_setzero_si128();
+  unsigned zeroCells = 0;
+  for (int i = 0; i < 8; i += 2) {
+    const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cell + i));
+    const __m128i halves = _mm_cmpeq_epi32(v, zero);
+    const __m128i both = _mm_and_si128(halves, _mm_shuffle_epi32(halves, _MM_SHUFFLE(2, 3, 0, 1)));
+    zeroCells |= static_cast<unsigned>(_mm_movemask_pd(_mm_castsi128_pd(both))) << i;
+  }
+  return ~zeroCells & 0xFFu;
+#else
+  unsigned mask = 0;
+  for (int i = 0; i < 8; ++i) mask |= unsigned{cell[i].raw != 0} << i;
+  return mask;
+#endif
+}
+
 // The bet ids that some deciding seat has money on, one bit per id. During
 // the passes a bet only ever changes on its own id (settling) or travels to
 // a number whose decisions are already over (a Come or Don't Come bet and
@@ -48,8 +73,8 @@ void NoteBetsOnTable(Game& g) {
       std::int64_t any = 0;
       for (int i = 0; i < kBlock; ++i) any |= cell[i].raw;
       if (any == 0) continue;
-      unsigned mask = 0;
-      for (int i = 0; i < kBlock; ++i) mask |= unsigned{cell[i].raw != 0} << i;
+      static_assert(kBlock == 8);
+      const unsigned mask = NonZeroCells8(cell);
       const int first = block * kBlock;  // blocks never straddle a word
       bits[first >> 6] |= std::uint64_t{mask} << (first & 63);
     }

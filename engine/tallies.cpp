@@ -1,6 +1,7 @@
 // The dice tallies of a roll: hands, rolls, the 90 event categories and
 // the gaps between their showings.
 #include <cassert>
+#include <cstddef>
 
 #include "core/game.h"
 #include "engine/roll_steps.h"
@@ -147,13 +148,34 @@ void TallyRollEvent(Game& g, int k) {
 
 namespace {
 
-// Counts the events of one pair in `rows` (the RollTally rows of the live
-// frames, each 0..kLastEvent) and in the gap tables.
-template <std::size_t kRows>
-void TallyPairEvents(Game& g, const PairEvents& e, const std::array<Long*, kRows>& rows) {
+// The three live frames of a slot (frame indices p, p + 18 and p + 36) lie
+// at one fixed distance from each other in RollTally, whatever the slot: a
+// slot's three rows are reached from the first with constant offsets.
+using RollTallyTable = decltype(Game::RollTally);
+constexpr std::ptrdiff_t kLiveRowStep =
+    (FrameIndex(0, kFrameCurrentSession) - FrameIndex(0, kFrameCurrentHand)) *
+    static_cast<std::ptrdiff_t>(RollTallyTable::kCols);
+static_assert(kLiveFrames[0] == kFrameCurrentHand && kLiveFrames[1] == kFrameCurrentSession &&
+              kLiveFrames[2] == kFrameAllSessions);
+static_assert((FrameIndex(0, kFrameAllSessions) - FrameIndex(0, kFrameCurrentSession)) *
+                  static_cast<std::ptrdiff_t>(RollTallyTable::kCols) ==
+              kLiveRowStep);
+
+inline void CountInLiveRows(Long* firstRow, int k) {
+  firstRow[k] += 1;
+  firstRow[k + kLiveRowStep] += 1;
+  firstRow[k + 2 * kLiveRowStep] += 1;
+}
+
+// Counts the events of one pair in the live rows of the House and, when
+// kShooter, of the hand's shooter (each row 0..kLastEvent), and in the gap
+// tables.
+template <bool kShooter>
+void TallyPairEvents(Game& g, const PairEvents& e, Long* house, Long* shooter) {
   for (int n = 0; n < e.count; ++n) {
     const int k = e.events[static_cast<std::size_t>(n)];
-    for (Long* row : rows) row[k] += 1;
+    CountInLiveRows(house, k);
+    if constexpr (kShooter) CountInLiveRows(shooter, k);
     Long& since = g.RollsSince(k);
     if (since < kLongGap) {
       g.GapTally(k, since) += 1;
@@ -173,12 +195,10 @@ void TallyRollEvents(Game& g) {
   const PairEvents& e = kEventsOfPair[d1 - 1][d2 - 1];
   // The same counts as TallyRollEvent for each event in turn, with the
   // rows of the live frames looked up once per roll.
-  auto row = [&g](int p, int n) { return &g.RollTally(LiveIndex(p, n), kEventRolls); };
-  const std::array<Long*, 3> house = {row(kHouse, 0), row(kHouse, 1), row(kHouse, 2)};
+  auto firstRow = [&g](int p) { return &g.RollTally(FrameIndex(p, kFrameCurrentHand), 0); };
   const int hs = g.HandShooter;
   if (hs > 0)
-    TallyPairEvents(g, e, std::array<Long*, 6>{house[0], house[1], house[2], row(hs, 0),
-                                               row(hs, 1), row(hs, 2)});
+    TallyPairEvents<true>(g, e, firstRow(kHouse), firstRow(hs));
   else
-    TallyPairEvents(g, e, house);
+    TallyPairEvents<false>(g, e, firstRow(kHouse), nullptr);
 }
