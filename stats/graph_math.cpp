@@ -11,9 +11,9 @@ namespace {
 
 // The ladder in ten-thousandths: 0.02, 0.04, 0.1, 0.2, 0.4, 1, 2, 4, 10 ... 40,000, 100,000.
 constexpr std::array<std::int64_t, 21> kLadder = {
-    200,        400,        1'000,       2'000,       4'000,       10'000,      20'000,
-    40'000,     100'000,    200'000,     400'000,     1'000'000,   2'000'000,   4'000'000,
-    10'000'000, 20'000'000, 40'000'000,  100'000'000, 200'000'000, 400'000'000, 1'000'000'000};
+    200,        400,        1'000,      2'000,       4'000,       10'000,      20'000,
+    40'000,     100'000,    200'000,    400'000,     1'000'000,   2'000'000,   4'000'000,
+    10'000'000, 20'000'000, 40'000'000, 100'000'000, 200'000'000, 400'000'000, 1'000'000'000};
 static_assert(kLadder.back() == 100'000 * Currency::kScale);
 
 constexpr int kHistoryColumns = 2 * kGraphColumns;     // this page and the one before
@@ -27,7 +27,9 @@ int Rung(Currency scale) {
   return best;
 }
 
-Currency AverageOf(Currency sum, double n) { return n > 0 ? CurFromDouble(sum.ToDouble() / n) : Currency{}; }
+Currency AverageOf(Currency sum, double n) {
+  return n > 0 ? CurFromDouble(sum.ToDouble() / n) : Currency{};
+}
 
 }  // namespace
 
@@ -76,7 +78,8 @@ std::vector<Currency> GraphTrendColumns(const Game& g, int p, int span) {
   const int count = std::clamp(static_cast<int>(g.GraphRollCount), 0, kGraphColumns);
   std::vector<Currency> trend(static_cast<std::size_t>(count) + 1);
   if (span > 0) {
-    for (int x = 1; x <= count; ++x) trend[static_cast<std::size_t>(x)] = MovingBankrollAverage(g, p, x, span);
+    for (int x = 1; x <= count; ++x)
+      trend[static_cast<std::size_t>(x)] = MovingBankrollAverage(g, p, x, span);
     return trend;
   }
   // Walking back from the newest column: s / n, then one roll less. A player
@@ -85,7 +88,8 @@ std::vector<Currency> GraphTrendColumns(const Game& g, int p, int span) {
   Currency s = g.BankrollSum(p);
   long n = g.RollsAtTable(FrameIndex(p, kFrameCurrentSession));
   for (int x = count; x >= 1; --x) {
-    trend[static_cast<std::size_t>(x)] = n > 0 ? CurFromDouble(s.ToDouble() / static_cast<double>(n)) : s;
+    trend[static_cast<std::size_t>(x)] =
+        n > 0 ? CurFromDouble(s.ToDouble() / static_cast<double>(n)) : s;
     s -= g.GraphBankroll(p, x);
     if (n > 1) --n;
   }

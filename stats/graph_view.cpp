@@ -9,7 +9,8 @@ void RebuildGraphTrend(Game& g) {
   const int p = g.graph.GraphPlayer;
   if (p < 1 || p > 8) return;
   const std::vector<Currency> trend = GraphTrendColumns(g, p, g.graph.GraphAverageSpan);
-  for (int x = 1; x < static_cast<int>(trend.size()); ++x) g.GraphTrend(p, x) = trend[static_cast<std::size_t>(x)];
+  for (int x = 1; x < static_cast<int>(trend.size()); ++x)
+    g.GraphTrend(p, x) = trend[static_cast<std::size_t>(x)];
   FigureGraphRange(g, p);
 }
 
@@ -31,7 +32,8 @@ void FigureGraphScale(Game& g, bool recentre) {
       if (in2 && !in1) c = g.GraphBankroll(p, v.RefLine2 + 1);
       if (in1 && in2)
         c = CurFromDouble((g.GraphBankroll(p, v.RefLine1 + 1).ToDouble() +
-                           g.GraphBankroll(p, v.RefLine2 + 1).ToDouble()) / 2);
+                           g.GraphBankroll(p, v.RefLine2 + 1).ToDouble()) /
+                          2);
     }
     r.GraphTop = GraphTopAbove(r.GraphScale, c);
   }

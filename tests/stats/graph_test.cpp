@@ -38,9 +38,9 @@ TEST_F(Graph, ScaleClimbsTheLadderAndStaysAtItsEnds) {
     double from;
     int dir;
     double to;
-  } cases[] = {{1, 1, 2},         {2, 1, 4},          {4, 1, 10},  {0.4, 1, 1},
-               {0.1, -1, 0.04},   {0.02, -1, 0.02},   {40000, 1, 100000},
-               {100000, 1, 100000}, {100000, -1, 40000}};
+  } cases[] = {{1, 1, 2},          {2, 1, 4},           {4, 1, 10},
+               {0.4, 1, 1},        {0.1, -1, 0.04},     {0.02, -1, 0.02},
+               {40000, 1, 100000}, {100000, 1, 100000}, {100000, -1, 40000}};
   for (const auto& c : cases) {
     const Currency from = Currency::FromRaw(static_cast<std::int64_t>(c.from * 10000));
     EXPECT_EQ(NextGraphScale(from, c.dir).ToDouble(), c.to) << c.from << " " << c.dir;
@@ -61,9 +61,9 @@ TEST_F(Graph, RowsCountDownFromTheTopAndHalfRowsRoundAway) {
   EXPECT_EQ(GraphRow(g, 1200_usd), 0);
   EXPECT_EQ(GraphRow(g, 600_usd), 300);
   EXPECT_EQ(GraphRow(g, 1300_usd), -50);
-  EXPECT_EQ(GraphRow(g, 1199_usd), 1);    // 0.5
-  EXPECT_EQ(GraphRow(g, 1201_usd), -1);   // -0.5
-  EXPECT_EQ(GraphRow(g, 1195_usd), 3);    // 2.5
+  EXPECT_EQ(GraphRow(g, 1199_usd), 1);   // 0.5
+  EXPECT_EQ(GraphRow(g, 1201_usd), -1);  // -0.5
+  EXPECT_EQ(GraphRow(g, 1195_usd), 3);   // 2.5
   g.roll.GraphScale = Currency{};
   EXPECT_EQ(GraphRow(g, 600_usd), 0);
 }
@@ -73,7 +73,8 @@ TEST_F(Graph, MovingAverageWrapsIntoThePageBefore) {
   // Columns 3, 2, 1, then 1050 .. 1044: (3 + 2 + 1 + 1525 + ... + 1519) / 10.
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 10), 1066_usd);
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 526), MovingBankrollAverage(g, 1, 3, 525));
-  EXPECT_EQ(MovingBankrollAverage(g, 1, 0, 2), Currency::FromRaw(1524'5000));  // column 0 begins at 1050
+  EXPECT_EQ(MovingBankrollAverage(g, 1, 0, 2),
+            Currency::FromRaw(1524'5000));  // column 0 begins at 1050
   // In the first page a span beyond the rolls averages what exists.
   g.RollTally(18, 0) = 3;
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 10), 2_usd);
