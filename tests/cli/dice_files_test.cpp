@@ -13,19 +13,13 @@
 #include "cli_util.h"
 #include "core/file_io.h"
 #include "dice/dice_file.h"
+#include "tests/support/file_text.h"
 #include "tests/support/temp_folder.h"
 
 using cli_test::Cli;
 using cli_test::Result;
 
 namespace {
-
-std::string Read(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
 
 std::int64_t Lines(const std::string& text) {
   return static_cast<std::int64_t>(std::count(text.begin(), text.end(), '\n'));
@@ -109,7 +103,7 @@ TEST_F(CliDiceFiles, AFileThatIsNotOneIsRefusedAndABadValueStopsTheRun) {
 
 TEST_F(CliDiceFiles, TheLogHoldsTheKindsAskedAndItsIndexStaysInTheDataFolder) {
   ASSERT_EQ(Cli("run --rolls 40 --seed 5 --log rolls,passes").exitCode, 0);
-  const std::string log = Read(folder / "Events Log.txt");
+  const std::string log = ReadWholeFile(folder / "Events Log.txt");
   EXPECT_EQ(log.find(" New session started "), 0u) << log;
   // Every line is a session line, a roll line from the generator, or a pass line.
   int rolls = 0;
@@ -134,8 +128,8 @@ TEST_F(CliDiceFiles, TheLogHoldsTheKindsAskedAndItsIndexStaysInTheDataFolder) {
 
   const std::string own = folder / "mine.txt";
   ASSERT_EQ(Cli("run --rolls 3 --log --log-file '" + own + "'").exitCode, 0);
-  EXPECT_NE(Read(own).find(" Roll #3:  "), std::string::npos);
-  EXPECT_EQ(FileLength(folder / "Events Log.ref"), 4 * Lines(Read(own)))
+  EXPECT_NE(ReadWholeFile(own).find(" Roll #3:  "), std::string::npos);
+  EXPECT_EQ(FileLength(folder / "Events Log.ref"), 4 * Lines(ReadWholeFile(own)))
       << "the one index belongs to the log just written";
   EXPECT_EQ(Cli("run --rolls 3 --log dice").exitCode, 1);
   EXPECT_EQ(Cli("run --rolls 3 --log-file x.txt").exitCode, 1);
