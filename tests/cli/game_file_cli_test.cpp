@@ -21,6 +21,10 @@ class GameFileCli : public ::testing::Test {
   cli_test::Result Run(const std::string& args, bool stderrOnly = false) const {
     return Cli("run --data '" + dir.Path() + "' " + args, stderrOnly);
   }
+  // What info says of a game file of this test, as JSON.
+  nlohmann::json Info(const std::string& name) const {
+    return cli_test::Json("info --json --data '" + dir.Path() + "' '" + Path(name) + "'");
+  }
   TempFolder dir;
 };
 
@@ -53,15 +57,14 @@ TEST_F(GameFileCli, ALoadedGameKeepsItsSettingsUnlessAnOptionIsGiven) {
   ASSERT_EQ(Run("--rolls 0 --require any --auto-stop 50 --rng 5 --save '" + Path("g.rvg") + "'")
                 .exitCode,
             0);
-  auto info = nlohmann::json::parse(
-      Cli("info --json --data '" + dir.Path() + "' '" + Path("g.rvg") + "'").out);
+  auto info = Info("g.rvg");
   EXPECT_EQ(info["settings"]["bet_requirement"], "Any bet required to shoot");
   EXPECT_EQ(info["settings"]["rng"], 5);
   ASSERT_EQ(Run("--load '" + Path("g.rvg") + "' --rolls 0 --require line --save '" +
                 Path("h.rvg") + "'")
                 .exitCode,
             0);
-  info = nlohmann::json::parse(Cli("info --json --data '" + dir.Path() + "' '" + Path("h.rvg") + "'").out);
+  info = Info("h.rvg");
   EXPECT_EQ(info["settings"]["bet_requirement"], "Line bet required to shoot");
   EXPECT_EQ(info["settings"]["rng"], 5);
 }
@@ -110,9 +113,7 @@ TEST_F(GameFileCli, PlayersSitWhereTheyAskOrInTheLowestOpenSeats) {
 
 TEST_F(GameFileCli, InfoTellsPlayersFramesFilesAndSettings) {
   ASSERT_EQ(Run(kPlayers + "--rolls 200 --save '" + Path("g.rvg") + "'").exitCode, 0);
-  const auto r = Cli("info --json --data '" + dir.Path() + "' '" + Path("g.rvg") + "'");
-  ASSERT_EQ(r.exitCode, 0);
-  const auto info = nlohmann::json::parse(r.out);
+  const auto info = Info("g.rvg");
   ASSERT_EQ(info["players"].size(), 2u);
   const auto& ann = info["players"][1];
   EXPECT_EQ(ann["slot"], 3);

@@ -185,7 +185,8 @@ TEST(ScriptRuns, OutputMatchesTheExpectedFiles) {
     const fs::path steps = fs::path(bet).replace_extension(".steps");
     const std::string expected = ReadWholeFile(fs::path(bet).replace_extension(".out"));
     Case c;
-    const std::string got = c.Play(ReadWholeFile(bet), fs::exists(steps) ? ReadWholeFile(steps) : "");
+    const std::string got =
+        c.Play(ReadWholeFile(bet), fs::exists(steps) ? ReadWholeFile(steps) : "");
     // RAVELTON_WRITE_RUNS=1 writes what a new case gives, for reading over.
     if (std::getenv("RAVELTON_WRITE_RUNS") && !fs::exists(fs::path(bet).replace_extension(".out")))
       std::ofstream(fs::path(bet).replace_extension(".out"), std::ios::binary) << got;
