@@ -20,8 +20,6 @@
 #include "stats/graph_view.h"
 #include "table/status_box.h"
 
-using namespace graph_view;
-
 namespace {
 
 constexpr int kLiveMs = 250;
@@ -374,10 +372,8 @@ void BankrollForm::Refresh() {
     text += "<br><br>" + refs;
   }
   figures_->setText(text);
-  const int span = game_.graph.GraphAverageSpan;
   average_->setText(game_.roll.GraphShowAverage
-                        ? (span > 0 ? QString("%1 roll moving average").arg(span)
-                                    : QString("All rolls average"))
+                        ? QString::fromStdString(GraphTrendLabel(game_.graph.GraphAverageSpan))
                         : QString());
   graph_->update();
 }

@@ -13,19 +13,13 @@
 #include "cli_util.h"
 #include "core/file_io.h"
 #include "dice/dice_file.h"
+#include "tests/support/file_text.h"
 #include "tests/support/temp_folder.h"
 
 using cli_test::Cli;
 using cli_test::Result;
 
 namespace {
-
-std::string Read(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
 
 std::int64_t Lines(const std::string& text) {
   return static_cast<std::int64_t>(std::count(text.begin(), text.end(), '\n'));
@@ -50,22 +44,21 @@ class CliDiceFiles : public ::testing::Test {
   CliDiceFiles() { ::setenv("RAVELTON_DATA", folder.Path().c_str(), 1); }
   TempFolder folder;
   const std::string kTable =
-      " --rng 2 --seed 31337 --trace --json --player Ann=1000 --bet Ann:pass\\ line=10 "
-      "--take-odds Ann --win-rule Ann:2 --lose-rule Ann:2 --bet Ann:field=5";
+      " --trace --json --player Ann=1000 --bet Ann:pass\\ line=10 --take-odds Ann --win-rule "
+      "Ann:2 --lose-rule Ann:2 --bet Ann:field=5";
 };
 
 TEST_F(CliDiceFiles, ARecordedRunPlayedBackIsTheSameGameAndEndsWithItsFile) {
   const std::string file = folder / "run.rol";
-  const Traced recorded = Split(Cli("run --rolls 100000 --record '" + file + "'" + kTable));
+  const Traced recorded =
+      Split(Cli("run --rolls 100000 --record '" + file + "' --rng 2 --seed 31337" + kTable));
   ASSERT_TRUE(recorded.summary.is_object());
   EXPECT_EQ(FileLength(file), 100'000);
   EXPECT_EQ(recorded.summary["rolls"], 100'000);
 
   // Other seed, other generator: only the file's dice count.
   const Traced played =
-      Split(Cli("run --rolls 300000 --playback '" + file + "'" +
-                " --rng 5 --seed 1 --trace --json --player Ann=1000 --bet Ann:pass\\ line=10 "
-                "--take-odds Ann --win-rule Ann:2 --lose-rule Ann:2 --bet Ann:field=5"));
+      Split(Cli("run --rolls 300000 --playback '" + file + "' --rng 5 --seed 1" + kTable));
   ASSERT_TRUE(played.summary.is_object());
   EXPECT_EQ(played.trace, recorded.trace);
   EXPECT_EQ(played.summary["stop"], std::string(kEndOfDiceFileStop));
@@ -109,7 +102,7 @@ TEST_F(CliDiceFiles, AFileThatIsNotOneIsRefusedAndABadValueStopsTheRun) {
 
 TEST_F(CliDiceFiles, TheLogHoldsTheKindsAskedAndItsIndexStaysInTheDataFolder) {
   ASSERT_EQ(Cli("run --rolls 40 --seed 5 --log rolls,passes").exitCode, 0);
-  const std::string log = Read(folder / "Events Log.txt");
+  const std::string log = ReadWholeFile(folder / "Events Log.txt");
   EXPECT_EQ(log.find(" New session started "), 0u) << log;
   // Every line is a session line, a roll line from the generator, or a pass line.
   int rolls = 0;
@@ -134,8 +127,8 @@ TEST_F(CliDiceFiles, TheLogHoldsTheKindsAskedAndItsIndexStaysInTheDataFolder) {
 
   const std::string own = folder / "mine.txt";
   ASSERT_EQ(Cli("run --rolls 3 --log --log-file '" + own + "'").exitCode, 0);
-  EXPECT_NE(Read(own).find(" Roll #3:  "), std::string::npos);
-  EXPECT_EQ(FileLength(folder / "Events Log.ref"), 4 * Lines(Read(own)))
+  EXPECT_NE(ReadWholeFile(own).find(" Roll #3:  "), std::string::npos);
+  EXPECT_EQ(FileLength(folder / "Events Log.ref"), 4 * Lines(ReadWholeFile(own)))
       << "the one index belongs to the log just written";
   EXPECT_EQ(Cli("run --rolls 3 --log dice").exitCode, 1);
   EXPECT_EQ(Cli("run --rolls 3 --log-file x.txt").exitCode, 1);

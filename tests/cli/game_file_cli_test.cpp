@@ -1,14 +1,13 @@
 // End-to-end: ravelton-cli run --load/--save/--data, seats by --player, and
 // info, through the real program.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 
 #include "tests/cli/cli_util.h"
+#include "tests/support/file_text.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -17,24 +16,16 @@ namespace fs = std::filesystem;
 
 class GameFileCli : public ::testing::Test {
  protected:
-  void SetUp() override {
-    dir = fs::temp_directory_path() /
-          ("ravelton-cli-" + std::to_string(::getpid()) + "-" +
-           ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-  }
-  void TearDown() override { fs::remove_all(dir); }
-  std::string Path(const std::string& name) const { return (dir / name).string(); }
+  std::string Path(const std::string& name) const { return dir / name; }
   // A run in this test's data folder.
   cli_test::Result Run(const std::string& args, bool stderrOnly = false) const {
-    return Cli("run --data '" + dir.string() + "' " + args, stderrOnly);
+    return Cli("run --data '" + dir.Path() + "' " + args, stderrOnly);
   }
-  static std::string Read(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+  // What info says of a game file of this test, as JSON.
+  nlohmann::json Info(const std::string& name) const {
+    return cli_test::Json("info --json --data '" + dir.Path() + "' '" + Path(name) + "'");
   }
-  fs::path dir;
+  TempFolder dir;
 };
 
 const std::string kPlayers =
@@ -49,7 +40,7 @@ TEST_F(GameFileCli, ARunSplitBySaveAndLoadEndsAsTheStraightRun) {
       Run("--load '" + Path("half.rvg") + "' --rolls 623 --json --save '" + Path("rest.rvg") + "'");
   ASSERT_EQ(rest.exitCode, 0);
   // The same game, byte for byte, and the same summary: rolls go on counting.
-  EXPECT_TRUE(Read(Path("full.rvg")) == Read(Path("rest.rvg")));
+  EXPECT_TRUE(ReadWholeFile(Path("full.rvg")) == ReadWholeFile(Path("rest.rvg")));
   auto a = nlohmann::json::parse(straight.out), b = nlohmann::json::parse(rest.out);
   a.erase("seconds"), b.erase("seconds");
   EXPECT_EQ(a, b);
@@ -59,28 +50,27 @@ TEST_F(GameFileCli, ARunSplitBySaveAndLoadEndsAsTheStraightRun) {
   ASSERT_EQ(Run("--load '" + Path("full.rvg") + "' --rolls 0 --save '" + Path("again.rvg") + "'")
                 .exitCode,
             0);
-  EXPECT_TRUE(Read(Path("full.rvg")) == Read(Path("again.rvg")));
+  EXPECT_TRUE(ReadWholeFile(Path("full.rvg")) == ReadWholeFile(Path("again.rvg")));
 }
 
 TEST_F(GameFileCli, ALoadedGameKeepsItsSettingsUnlessAnOptionIsGiven) {
   ASSERT_EQ(Run("--rolls 0 --require any --auto-stop 50 --rng 5 --save '" + Path("g.rvg") + "'")
                 .exitCode,
             0);
-  auto info = nlohmann::json::parse(
-      Cli("info --json --data '" + dir.string() + "' '" + Path("g.rvg") + "'").out);
+  auto info = Info("g.rvg");
   EXPECT_EQ(info["settings"]["bet_requirement"], "Any bet required to shoot");
   EXPECT_EQ(info["settings"]["rng"], 5);
   ASSERT_EQ(Run("--load '" + Path("g.rvg") + "' --rolls 0 --require line --save '" +
                 Path("h.rvg") + "'")
                 .exitCode,
             0);
-  info = nlohmann::json::parse(Cli("info --json --data '" + dir.string() + "' '" + Path("h.rvg") + "'").out);
+  info = Info("h.rvg");
   EXPECT_EQ(info["settings"]["bet_requirement"], "Line bet required to shoot");
   EXPECT_EQ(info["settings"]["rng"], 5);
 }
 
 TEST_F(GameFileCli, AGameThatDoesNotOpenRunsNothing) {
-  std::ofstream(Path("junk.rvg")) << "not a game";
+  WriteWholeFile(Path("junk.rvg"), "not a game");
   const auto r = Run("--load '" + Path("junk.rvg") + "' --rolls 10", true);
   EXPECT_EQ(r.exitCode, 1);
   EXPECT_EQ(r.out, "Unable to Open Ravelton Game File: " + Path("junk.rvg") +
@@ -92,12 +82,12 @@ TEST_F(GameFileCli, AGameThatDoesNotOpenRunsNothing) {
 }
 
 TEST_F(GameFileCli, AFailedSaveNamesTheFileAndLeavesNoTemporary) {
-  fs::create_directories(dir / "taken.rvg" / "inside");
+  fs::create_directories(Path("taken.rvg/inside"));
   const auto r = Run("--rolls 5 --save '" + Path("taken.rvg") + "'", true);
   EXPECT_EQ(r.exitCode, 1);
   EXPECT_NE(r.out.find("Unable to Save Ravelton Game File"), std::string::npos) << r.out;
   EXPECT_NE(r.out.find(Path("taken.rvg")), std::string::npos);
-  for (const auto& e : fs::directory_iterator(dir)) {
+  for (const auto& e : fs::directory_iterator(dir.Path())) {
     EXPECT_EQ(e.path().filename().string().find(".tmp-"), std::string::npos) << e.path();
   }
 }
@@ -123,9 +113,7 @@ TEST_F(GameFileCli, PlayersSitWhereTheyAskOrInTheLowestOpenSeats) {
 
 TEST_F(GameFileCli, InfoTellsPlayersFramesFilesAndSettings) {
   ASSERT_EQ(Run(kPlayers + "--rolls 200 --save '" + Path("g.rvg") + "'").exitCode, 0);
-  const auto r = Cli("info --json --data '" + dir.string() + "' '" + Path("g.rvg") + "'");
-  ASSERT_EQ(r.exitCode, 0);
-  const auto info = nlohmann::json::parse(r.out);
+  const auto info = Info("g.rvg");
   ASSERT_EQ(info["players"].size(), 2u);
   const auto& ann = info["players"][1];
   EXPECT_EQ(ann["slot"], 3);
@@ -144,7 +132,7 @@ TEST_F(GameFileCli, InfoTellsPlayersFramesFilesAndSettings) {
   EXPECT_EQ(info["files"][0]["path"], Path("Events Log.txt"));
   EXPECT_EQ(info["settings"]["odds_method"], "Auto select");
   // The text form names the same things.
-  const auto text = Cli("info --data '" + dir.string() + "' '" + Path("g.rvg") + "'").out;
+  const auto text = Cli("info --data '" + dir.Path() + "' '" + Path("g.rvg") + "'").out;
   EXPECT_NE(text.find("Seat 3: Ann, bankroll $"), std::string::npos) << text;
   EXPECT_NE(text.find("Current session: 200 rolls"), std::string::npos) << text;
 }

@@ -4,45 +4,29 @@
 // and the refusals.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <string>
 
 #include "../analysis/craps_model.h"
 #include "cli_util.h"
+#include "tests/support/temp_folder.h"
 
 using cli_test::Cli;
+using cli_test::Json;
 using cli_test::Result;
 
 namespace {
 
-namespace fs = std::filesystem;
 using Exact = model::Craps<model::Q>;
 using Skewed = model::Craps<long double>;
 
 constexpr double kExact = 1e-9;
 
-nlohmann::json Json(const std::string& args) {
-  const Result r = Cli(args);
-  EXPECT_EQ(r.exitCode, 0) << args;
-  nlohmann::json j = nlohmann::json::parse(r.out, nullptr, false);
-  EXPECT_FALSE(j.is_discarded()) << args << ": " << r.out;
-  return j;
-}
-
 class CliProbability : public ::testing::Test {
  protected:
-  fs::path folder;
-  void SetUp() override {
-    folder = fs::temp_directory_path() /
-             ("ravelton-cli-prb-" +
-              std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-  }
-  void TearDown() override { fs::remove_all(folder); }
-  std::string File(const std::string& name) const { return (folder / name).string(); }
+  std::string File(const std::string& name) const { return folder / name; }
+  TempFolder folder;
 };
 
 bool IsLine(int b) { return b == 43 || b == 44 || b == 46 || b == 47; }

@@ -12,13 +12,8 @@
 namespace {
 
 using cli_test::Cli;
+using cli_test::Json;
 using nlohmann::json;
-
-json Json(const std::string& args) {
-  const cli_test::Result r = Cli(args);
-  EXPECT_EQ(r.exitCode, 0) << args;
-  return json::parse(r.out, nullptr, false);
-}
 
 TEST(ReportCli, RunThenTotalsAsOneObject) {
   const json j = Json("run --rolls 300 --seed 11 --report totals --frame current-session --json");

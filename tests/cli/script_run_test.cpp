@@ -3,44 +3,30 @@
 // sessions within the counted rolls, and bad usage.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "cli_util.h"
+#include "tests/support/file_text.h"
+#include "tests/support/temp_folder.h"
 
 using cli_test::Cli;
 using cli_test::Result;
-
-namespace fs = std::filesystem;
 
 namespace {
 
 class CliScripts : public ::testing::Test {
  protected:
-  CliScripts() {
-    dir_ = fs::temp_directory_path() / ("ravelton-cli-scripts-" + std::to_string(::getpid()));
-    fs::create_directories(dir_);
-  }
-  ~CliScripts() override { fs::remove_all(dir_); }
-
   std::string Write(const std::string& name, const std::string& text) {
-    std::ofstream(dir_ / name, std::ios::binary) << text;
-    return (dir_ / name).string();
+    WriteWholeFile(dir_ / name, text);
+    return dir_ / name;
   }
   nlohmann::json Json(const std::string& args) {
-    const Result r = Cli(args + " --json --data " + dir_.string());
-    EXPECT_EQ(r.exitCode, 0) << args;
-    nlohmann::json j = nlohmann::json::parse(r.out, nullptr, false);
-    EXPECT_FALSE(j.is_discarded()) << r.out;
-    return j;
+    return cli_test::Json(args + " --json --data " + dir_.Path());
   }
 
-  fs::path dir_;
+  TempFolder dir_;
 };
 
 TEST_F(CliScripts, KnownDiceAnswersAndThePlayersTableInTheSummary) {
@@ -67,9 +53,7 @@ TEST_F(CliScripts, KnownDiceAnswersAndThePlayersTableInTheSummary) {
   EXPECT_EQ(j["messages"],
             nlohmann::json::parse(R"j([{"title":"Auto-Bet (Ann)","text":"Units?"},
                                       {"title":"Auto-Bet (Ann)","text":"Name?"}])j"));
-  std::ifstream in(dir_ / "rolls.txt");
-  const std::string rolls{std::istreambuf_iterator<char>(in), {}};
-  EXPECT_EQ(rolls, "34,34,22,61,");
+  EXPECT_EQ(ReadWholeFile(dir_ / "rolls.txt"), "34,34,22,61,");
 }
 
 TEST_F(CliScripts, AScriptThatDoesNotCompileStopsTheRunBeforeItStarts) {
@@ -108,7 +92,7 @@ TEST_F(CliScripts, AScriptsStopEndsTheRunWithItsReason) {
 TEST_F(CliScripts, BadScriptOptionsExitWithOne) {
   const std::string ok = Write("ok.bet", "cs1 = 1");
   for (const std::string& args : std::vector<std::string>{
-           "--player Ann --script Bob=" + ok, "--player Ann --script Ann=" + (dir_ / "no.bet").string(),
+           "--player Ann --script Bob=" + ok, "--player Ann --script Ann=" + (dir_ / "no.bet"),
         "--player Ann --script Ann", "--player Ann --dice 34,70", "--player Ann --dice 3",
         "--player Ann --dice 34,", "--player Ann --allow Ann:everything",
         "--player Ann --allow Bob:files", "--player Ann --data " + ok + "/below-a-file"})

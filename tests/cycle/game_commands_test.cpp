@@ -90,7 +90,7 @@ TEST_F(GameCommands, PromptsComeInOrderAndCancelStopsTheCommand) {
 }
 
 TEST_F(GameCommands, TheChooserRefusesEmptyNamesAndAsksBeforeOverwriting) {
-  Write(Path("Taken.rvg"), "x");
+  WriteWholeFile(Path("Taken.rvg"), "x");
   Type("   ");
   Answer(kAnswerOk);
   Type("Taken");
@@ -103,7 +103,7 @@ TEST_F(GameCommands, TheChooserRefusesEmptyNamesAndAsksBeforeOverwriting) {
   EXPECT_EQ(platform.messages[0].text, "Please enter a file name.");
   EXPECT_EQ(platform.messages[1].text,
             Path("Taken.rvg") + "\r\ris already on file.\r\rDo you want to overwrite it?");
-  EXPECT_EQ(Read(Path("Taken.rvg")).size(), GameFileLength(0, 0));
+  EXPECT_EQ(ReadWholeFile(Path("Taken.rvg")).size(), GameFileLength(0, 0));
   // Cancel in the chooser saves nothing.
   EXPECT_FALSE(SaveGameAsCommand(*game));
 }
@@ -168,11 +168,11 @@ TEST_F(GameCommands, ClosingSavesTheDefaultGameInTheDataFolder) {
   other.fixedTime = 0;
   other.clockStep = 1000;
   const std::string data = Path("data/deeper");
-  StartUp(*g, dir.string(), data);
+  StartUp(*g, dir.Path(), data);
   SeatPlayer(*g, 4, "Cy", Currency::FromWhole(70));
   g->roll.SessionDirty = false;
   std::filesystem::create_directories(Path("data/deeper"));
-  Write(Path("data/deeper/copyfile.rll"), "rolls");
+  WriteWholeFile(Path("data/deeper/copyfile.rll"), "rolls");
 
   // A script running and the user says No: the program stays open.
   g->scriptRun.ScriptRunning = true;

@@ -56,7 +56,7 @@ TEST_F(ProbabilityCommands, NewAsksFirstAndCancelKeepsTheTable) {
 TEST_F(ProbabilityCommands, FilesThatCannotBeOpenedAreToldAndChangeNothing) {
   Edit();
   ASSERT_TRUE(SaveProbabilityFile(*game, Path("mine.prb")));
-  Write(Path("notes.prb"), "Ravelton Probability File, Data Format 4.5\n");
+  WriteWholeFile(Path("notes.prb"), "Ravelton Probability File, Data Format 4.5\n");
   std::filesystem::create_directories(dir / "folder.prb");
   const ProbabilityState before = game->probability;
   struct Case {

@@ -46,10 +46,6 @@ std::vector<std::string> ModelLines(const std::string& log) {
   return lines;
 }
 
-void WriteFile(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-}
-
 class EventsLog : public RollFixture {
  protected:
   EventsLog() { g.roll.LogOn = true; }
@@ -142,31 +138,31 @@ TEST_F(EventsLog, AnIndexThatDoesNotFitItsLogIsRebuilt) {
        [](auto&, auto& index) { std::ofstream(index, std::ios::app | std::ios::binary) << 'x'; }},
       {"one record short", good,
        [](auto& log, auto& index) {
-         WriteFile(index, ModelIndex(ReadWholeFile(log)).substr(4));
+         WriteWholeFile(index, ModelIndex(ReadWholeFile(log)).substr(4));
          CopyModificationTime(log, index);
        }},
       {"garbage records, same length and stamp", good,
        [](auto& log, auto& index) {
-         WriteFile(index, std::string(20, '\x7f'));
+         WriteWholeFile(index, std::string(20, '\x7f'));
          CopyModificationTime(log, index);
        }},
       {"positions past the end", good,
        [](auto& log, auto& index) {
          std::string idx = ModelIndex(ReadWholeFile(log));
          PutLong32(reinterpret_cast<unsigned char*>(idx.data()) + 16, 1000);
-         WriteFile(index, idx);
+         WriteWholeFile(index, idx);
          CopyModificationTime(log, index);
        }},
       {"log appended by hand", good,
        [](auto& log, auto&) { std::ofstream(log, std::ios::app | std::ios::binary) << "six\r\n"; }},
       {"log without a last line end", "a\r\nb\r\nlast",
        [](auto&, auto& index) { RemoveFileIfPresent(index); }},
-      {"log emptied", "", [](auto&, auto& index) { WriteFile(index, std::string(8, '\0')); }},
+      {"log emptied", "", [](auto&, auto& index) { WriteWholeFile(index, std::string(8, '\0')); }},
       {"bare LF lines and a lone CR", "x\ny\r\rz\n",
-       [](auto&, auto& index) { WriteFile(index, "junk"); }},
+       [](auto&, auto& index) { WriteWholeFile(index, "junk"); }},
   };
   for (const Case& c : cases) {
-    WriteFile(LogPath(), c.log);
+    WriteWholeFile(LogPath(), c.log);
     ASSERT_TRUE([&] {
       std::string e;
       return BuildEventsLogRef(LogPath(), IndexPath(), e);
@@ -186,7 +182,7 @@ TEST_F(EventsLog, AnIndexThatDoesNotFitItsLogIsRebuilt) {
 }
 
 TEST_F(EventsLog, TheWriterRebuildsAnIndexThatCannotBelongBeforeAppending) {
-  WriteFile(LogPath(), "kept\r\nfrom before\r\n");
+  WriteWholeFile(LogPath(), "kept\r\nfrom before\r\n");
   RemoveFileIfPresent(IndexPath());
   WriteEventLine(g, "new");
   EXPECT_EQ(Index(), ModelIndex(Log()));
@@ -216,7 +212,7 @@ TEST_F(EventsLog, AMillionLinesArePagedFromTheMiddleByTheIndexAlone) {
 
 TEST_F(EventsLog, AHostileLineIsCutAndAMissingLogIsEmpty) {
   EXPECT_EQ(ReadEventLines(g, 1, 10).lineCount, 0);
-  WriteFile(LogPath(), std::string(200'000, 'A') + "\r\nshort\r\n");
+  WriteWholeFile(LogPath(), std::string(200'000, 'A') + "\r\nshort\r\n");
   const EventsLogPage page = ReadEventLines(g, 1, 10);
   ASSERT_EQ(page.lines.size(), 2u);
   EXPECT_EQ(page.lines[0], std::string(kEventsLogShownLine, 'A'));
@@ -320,7 +316,7 @@ TEST_F(EventsLog, NewOpenAndSaveAsMoveTheOneLogAndItsIndex) {
 
 TEST_F(EventsLog, AnUnwritableLogIsReportedAndTheGameGoesOn) {
   g.roll.EventsLogPath = folder / "no-such-folder-file/sub/Events Log.txt";
-  WriteFile(folder / "no-such-folder-file", "a file where a folder should be");
+  WriteWholeFile(folder / "no-such-folder-file", "a file where a folder should be");
   Roll(3, 4);
   EXPECT_NE(g.eventsLog.WriteError.find("no-such-folder-file"), std::string::npos)
       << g.eventsLog.WriteError;

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "core/message_dialog.h"
@@ -14,28 +13,21 @@
 #include "script/interpreter.h"
 #include "script_test_util.h"
 #include "tests/engine/roll_fixture.h"
+#include "tests/support/file_text.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-std::string ReadAll(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
 class Actions : public RollFixture {
  protected:
   Actions() {
-    folder_ = fs::temp_directory_path() / ("ravelton-actions-" + std::to_string(::getpid()));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_ / "data");
-    g.roll.DataFolder = (folder_ / "data").string() + "/";
+    fs::create_directories(folder / "data");
+    g.roll.DataFolder = folder / "data/";
     SeatPlayer(g, 1, "Ann", 1000_usd);
     SeatPlayer(g, 2, "Bob", 1000_usd);
     g.scriptRun.ShowSteps = true;  // notes are gathered; the editor is closed
   }
-  ~Actions() override { fs::remove_all(folder_); }
 
   // Runs one script of player p and returns the last statement's note.
   std::string Run(int p, std::string_view text) {
@@ -49,32 +41,30 @@ class Actions : public RollFixture {
     EXPECT_TRUE(InitializeScripts(g)) << g.scriptRun.FailedMessage;
     return platform.steps.empty() ? std::string() : platform.steps.back().note;
   }
-
-  fs::path folder_;
 };
 
 TEST_F(Actions, OutputFilesAppendAndClearInsideTheDataFolder) {
   Run(1, "open/clear file for output \"out.txt\" : output to file \"a\" & tab :\n"
          "output to file 1.5 & new line");
   Run(2, "open/append file for output \"out.txt\" : output to file \"b\" : output to file tab");
-  EXPECT_EQ(ReadAll(folder_ / "data/out.txt"), "a\t1.5\r\nb \t");
+  EXPECT_EQ(ReadWholeFile(folder / "data/out.txt"), "a\t1.5\r\nb \t");
   Run(1, "open/clear file for output \"out.txt\"");
-  EXPECT_EQ(ReadAll(folder_ / "data/out.txt"), "");
-  EXPECT_FALSE(fs::exists(folder_ / "data/out.txt.tmp"));
+  EXPECT_EQ(ReadWholeFile(folder / "data/out.txt"), "");
+  EXPECT_FALSE(fs::exists(folder / "data/out.txt.tmp"));
 }
 
 TEST_F(Actions, AFileOutsideTheDataFolderNeedsThePermission) {
-  const std::string outside = (folder_ / "outside.txt").string();
+  const std::string outside = folder / "outside.txt";
   for (const std::string& name : {std::string("../outside.txt"), outside}) {
     EXPECT_EQ(Run(1, "open/append file for output \"" + name + "\""),
               "Unable to take action.\rFile must be in the data folder.")
         << name;
-    EXPECT_FALSE(fs::exists(folder_ / "outside.txt"));
+    EXPECT_FALSE(fs::exists(folder / "outside.txt"));
   }
   EXPECT_EQ(Run(1, "output to file \"x\""), "Unable to take action.\rOutput file not open.");
   g.scriptRun.AllowAnyFolder(1) = true;
   Run(1, "open/append file for output \"" + outside + "\" : output to file \"x\"");
-  EXPECT_EQ(ReadAll(folder_ / "outside.txt"), "x");
+  EXPECT_EQ(ReadWholeFile(folder / "outside.txt"), "x");
 }
 
 TEST_F(Actions, PermissionsMoveWithThePlayerAndANewPlayerGetsTheDefaults) {
@@ -95,7 +85,7 @@ TEST_F(Actions, PermissionsMoveWithThePlayerAndANewPlayerGetsTheDefaults) {
 
 TEST_F(Actions, ProbabilityFilesComeFromTheDataFolder) {
   ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
-  ASSERT_TRUE(fs::exists(folder_ / "data/skew.prb"));
+  ASSERT_TRUE(fs::exists(folder / "data/skew.prb"));
   EXPECT_EQ(Run(1, "activate probability file \"none.prb\""),
             "Unable to take action.\rFile not found or file is not a valid probability file.");
   EXPECT_EQ(Run(1, "activate probability file \"../skew.prb\""),

@@ -6,25 +6,20 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "script/script_dump.h"
 #include "script_test_util.h"
+#include "tests/support/file_text.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-std::string ReadAll(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
 // What the CLI prints for the script, as dump or check, after seating the
 // players of the .args file in order.
 std::string Output(fs::path bet, bool dump) {
   auto game = std::make_unique<Game>();
-  std::istringstream args(ReadAll(fs::path(bet).replace_extension(".args")));
+  std::istringstream args(ReadWholeFile(fs::path(bet).replace_extension(".args")));
   int slot = 1, seat = 1;
   for (std::string word; args >> word;) {
     if (word == "--slot")
@@ -32,7 +27,7 @@ std::string Output(fs::path bet, bool dump) {
     else if (word == "--player" && args >> word && seat <= 8)
       game->PlayerName[seat++] = word;
   }
-  if (const auto error = CompileScript(*game, slot, script_test::Lines(ReadAll(bet))))
+  if (const auto error = CompileScript(*game, slot, script_test::Lines(ReadWholeFile(bet))))
     return FormatCompileFailure(bet.filename().string(), *error);
   return dump ? DumpScriptCode(game->scriptCode) : "Your script is properly structured.\n";
 }
@@ -50,7 +45,7 @@ TEST(ScriptCases, OutputMatchesTheExpectedFiles) {
     for (const bool dump : {true, false}) {
       const fs::path expected = fs::path(bet).replace_extension(dump ? ".dump" : ".check");
       if (!fs::exists(expected)) continue;
-      EXPECT_EQ(Output(bet, dump), ReadAll(expected)) << bet;
+      EXPECT_EQ(Output(bet, dump), ReadWholeFile(expected)) << bet;
       ++checked;
     }
   }
@@ -60,7 +55,7 @@ TEST(ScriptCases, OutputMatchesTheExpectedFiles) {
 TEST(ScriptCases, EveryExampleCompiles) {
   const auto examples = Scripts("examples");
   for (const fs::path& bet : examples) {
-    EXPECT_TRUE(ReadAll(bet).starts_with("'")) << bet << " needs a comment header";
+    EXPECT_TRUE(ReadWholeFile(bet).starts_with("'")) << bet << " needs a comment header";
     EXPECT_EQ(Output(bet, false), "Your script is properly structured.\n") << bet;
   }
   EXPECT_GE(examples.size(), 8u);

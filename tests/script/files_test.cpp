@@ -5,7 +5,6 @@
 #include "script/files.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -18,6 +17,8 @@
 
 #include "../cli/cli_util.h"
 #include "core/game.h"
+#include "tests/support/file_text.h"
+#include "tests/support/temp_folder.h"
 
 namespace fs = std::filesystem;
 
@@ -28,19 +29,13 @@ using Lines = std::vector<std::string>;
 struct FilesTest : ::testing::Test {
   std::unique_ptr<Game> game = std::make_unique<Game>();
   ScriptSource& ss = game->scriptSource;
-  fs::path dir;
-
-  void SetUp() override {
-    dir = fs::temp_directory_path() / ("ravelton_files_" + std::to_string(getpid()));
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-  }
-  void TearDown() override { fs::remove_all(dir); }
+  TempFolder folder;
+  const fs::path dir = folder.Path();
 
   std::string Write(const std::string& name, const std::string& bytes) {
     std::string path = (dir / name).string();
     fs::remove(path);  // a fresh file: truncating one in place can force a disk flush
-    std::ofstream(path, std::ios::binary) << bytes;
+    WriteWholeFile(path, bytes);
     return path;
   }
   Lines Script(int p = 1) { return {ss.ScriptLines[p].begin() + 1, ss.ScriptLines[p].end()}; }
@@ -81,8 +76,7 @@ TEST_F(FilesTest, PlainTextRoundTripsWithCrLf) {
   // Save through the editor's copy: every line ends in CR LF, nothing else.
   ss.EdLines[2] = "' typed";
   ASSERT_TRUE(SaveAutoBets(*game, 1));
-  std::ifstream saved(path, std::ios::binary);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(saved), {}),
+  EXPECT_EQ(ReadWholeFile(path),
             "' a comment: bet 5 on pass line\r\n' typed\r\n  If x = 1 Then\r\n\tbet 5 on \"pass "
             "line\"\r\nEndIf\r\n");
   EXPECT_EQ(std::distance(fs::directory_iterator(dir), {}), 1) << "temporary file left behind";

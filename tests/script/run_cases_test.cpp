@@ -37,15 +37,11 @@
 #include "script/interpreter.h"
 #include "script/script_text.h"
 #include "script_test_util.h"
+#include "tests/support/file_text.h"
 
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string ReadAll(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
 
 std::string Shown(std::string text) {
   for (char& c : text)
@@ -187,9 +183,10 @@ TEST(ScriptRuns, OutputMatchesTheExpectedFiles) {
     const fs::path bet = entry.path();
     if (bet.extension() != ".bet") continue;
     const fs::path steps = fs::path(bet).replace_extension(".steps");
-    const std::string expected = ReadAll(fs::path(bet).replace_extension(".out"));
+    const std::string expected = ReadWholeFile(fs::path(bet).replace_extension(".out"));
     Case c;
-    const std::string got = c.Play(ReadAll(bet), fs::exists(steps) ? ReadAll(steps) : "");
+    const std::string got =
+        c.Play(ReadWholeFile(bet), fs::exists(steps) ? ReadWholeFile(steps) : "");
     // RAVELTON_WRITE_RUNS=1 writes what a new case gives, for reading over.
     if (std::getenv("RAVELTON_WRITE_RUNS") && !fs::exists(fs::path(bet).replace_extension(".out")))
       std::ofstream(fs::path(bet).replace_extension(".out"), std::ios::binary) << got;

@@ -3,10 +3,7 @@
 // view's statistics over logs of one, two and many sessions.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "../engine/roll_fixture.h"
 #include "cycle/session.h"
@@ -19,26 +16,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Bytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-void WriteBytes(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-}
-
 class SessionsLog : public RollFixture {
  protected:
-  SessionsLog() {
-    dir_ = fs::temp_directory_path() / ("ravelton-slg-" + std::to_string(::getpid()) + "-" +
-                                        ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
-    g.roll.DataFolder = dir_.string() + "/";
-  }
-  ~SessionsLog() override { fs::remove_all(dir_); }
-
-  std::string Path(const std::string& name) const { return (dir_ / name).string(); }
+  std::string Path(const std::string& name) const { return folder / name; }
 
   // A log whose sessions have these nets (value 8) and handles of 100 each.
   std::string Log(std::initializer_list<double> nets, const std::string& name = "log.slg") {
@@ -64,13 +44,11 @@ class SessionsLog : public RollFixture {
       if (l == label) return s.text;
     return "(no " + label + ")";
   }
-
-  fs::path dir_;
 };
 
 TEST_F(SessionsLog, HeaderAndRecordBytes) {
   const std::string path = Log({12.5, -3});
-  const std::string b = Bytes(path);
+  const std::string b = ReadWholeFile(path);
   ASSERT_EQ(b.size(), 3u * 256);
   EXPECT_EQ(b.substr(0, 38), "Ravelton Sessions Log, Data Format 5.0");
   EXPECT_EQ(b.substr(38, 92 - 38), std::string(92 - 38, ' '));
@@ -87,7 +65,7 @@ TEST_F(SessionsLog, HeaderAndRecordBytes) {
     ASSERT_TRUE(in.Read(s, r));
     ASSERT_FALSE(AppendSessionRecord(Path("copy.slg"), r).has_value());
   }
-  EXPECT_EQ(Bytes(Path("copy.slg")), b);
+  EXPECT_EQ(ReadWholeFile(Path("copy.slg")), b);
   EXPECT_FALSE(fs::exists(path + ".~tmp"));
 }
 
@@ -114,12 +92,10 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   EXPECT_EQ(r[11], 500_usd);
   ASSERT_TRUE(log.Read(2, r));
   EXPECT_EQ(r[0], 1_usd);
-  EXPECT_EQ(SessionValueName(8), "$ Bets Won/Lost (Net)");
-  EXPECT_EQ(SessionValueName(31), "CheckStack #19");
 }
 
 TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
-  const std::string good = Bytes(Log({1, 2}));
+  const std::string good = ReadWholeFile(Log({1, 2}));
   std::string wrongText = good;
   wrongText.replace(0, 8, "Ravelto_");
   wrongText.replace(22, 15, "Data Format 4.0");
@@ -131,7 +107,7 @@ TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
                                good.substr(0, 256 + 100)};
   for (const std::string& bytes : cases) {
     const std::string path = Path("bad.slg");
-    WriteBytes(path, bytes);
+    WriteWholeFile(path, bytes);
     SessionsLogReader log(path);
     EXPECT_FALSE(log.ok()) << bytes.size();
     EXPECT_EQ(log.error(), path + "\ris either from an older version, has been corrupted, or is not a "
@@ -140,7 +116,7 @@ TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
     // A damaged log is never written over.
     SessionRecord r{};
     EXPECT_TRUE(AppendSessionRecord(path, r).has_value());
-    EXPECT_EQ(Bytes(path), bytes);
+    EXPECT_EQ(ReadWholeFile(path), bytes);
   }
   // A missing log is an empty one.
   SessionsLogReader missing(Path("none.slg"));

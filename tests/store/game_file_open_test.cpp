@@ -28,13 +28,13 @@ class OpenFailures : public StoreFixture {
   void SetUp() override {
     fill::FillGame(*game, {"House", "Ann", "", "Cy", "", "", "", "Gus", ""});
     ASSERT_TRUE(SaveGame(*game, Path("good.rvg")));
-    good = Read(Path("good.rvg"));
+    good = ReadWholeFile(Path("good.rvg"));
     before = GameFileBytes(*game);
     checksum = TablesChecksum(*game);
   }
   // Opens bytes written to a file; expects refusal and the game unchanged.
   void ExpectRefused(const std::string& bytes, const std::string& title, const std::string& text) {
-    Write(Path("bad.rvg"), bytes);
+    WriteWholeFile(Path("bad.rvg"), bytes);
     const std::size_t shown = platform.messages.size();
     EXPECT_FALSE(OpenGame(*game, Path("bad.rvg")));
     ASSERT_EQ(platform.messages.size(), shown + 1);
@@ -155,8 +155,8 @@ TEST_F(OpenFailures, AFailedSaveLeavesTheOldFileAndNoTemporary) {
   EXPECT_FALSE(SaveGame(*game, Path("good.rvg"), failHalfway));
   EXPECT_EQ(platform.messages.back().title, "Unable to Save Ravelton Game File");
   EXPECT_NE(platform.messages.back().text.find(Path("good.rvg")), std::string::npos);
-  EXPECT_TRUE(Read(Path("good.rvg")) == good);
-  for (const auto& e : std::filesystem::directory_iterator(dir)) {
+  EXPECT_TRUE(ReadWholeFile(Path("good.rvg")) == good);
+  for (const auto& e : std::filesystem::directory_iterator(dir.Path())) {
     EXPECT_EQ(e.path().filename().string().find(".tmp-"), std::string::npos) << e.path();
   }
   // Into a folder that does not exist.
@@ -168,7 +168,7 @@ TEST_F(OpenFailures, AFailedSaveLeavesTheOldFileAndNoTemporary) {
 // dice roll file, each missing or changed.
 TEST_F(StoreFixture, ReferencesThatAreMissingOrChangedAreTold) {
   const std::string script = Path("ann.bet");
-  Write(script, "If rolls > 3 Then\r\nEndIf\r\n");
+  WriteWholeFile(script, "If rolls > 3 Then\r\nEndIf\r\n");
   SeatPlayer(*game, 1, "Ann", Currency::FromWhole(100));
   SeatPlayer(*game, 2, "Bo", Currency::FromWhole(100));
   game->scriptSource.ScriptFile[1] = script;
@@ -176,7 +176,7 @@ TEST_F(StoreFixture, ReferencesThatAreMissingOrChangedAreTold) {
   game->roll.SessionLogPath[2] = Path("elsewhere/bo.slg");
   game->roll.EventsLogPath = Path("events.txt");
   game->diceFile.DiceFilePath = Path("dice.rol");
-  Write(Path("dice.rol"), std::string(10, '\x04'));
+  WriteWholeFile(Path("dice.rol"), std::string(10, '\x04'));
   game->diceFile.DiceFileMode = 2;
   game->diceFile.DiceFilePos = 5;
   ASSERT_TRUE(SaveGame(*game, Path("refs.rvg")));

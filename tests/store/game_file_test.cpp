@@ -222,7 +222,7 @@ TEST_F(GameFile, LoadingAndSavingAgainGivesTheSameBytes) {
   auto loaded = NewGame(other);
   ASSERT_TRUE(OpenGame(*loaded, Path("one.rvg")));
   ASSERT_TRUE(SaveGame(*loaded, Path("two.rvg")));
-  EXPECT_EQ(FirstDifference(Read(Path("one.rvg")), Read(Path("two.rvg"))), "same");
+  EXPECT_EQ(FirstDifference(ReadWholeFile(Path("one.rvg")), ReadWholeFile(Path("two.rvg"))), "same");
 }
 
 TEST_F(GameFile, LengthFollowsPlayersAndCheckImages) {
@@ -294,7 +294,7 @@ class ReadRepairs : public StoreFixture {
     std::string bytes = GameFileBytes(*game);
     PutLE(reinterpret_cast<unsigned char*>(bytes.data()) + (record - 1) * 256 + at,
           static_cast<std::uint64_t>(value), width);
-    Write(Path("r.rvg"), bytes);
+    WriteWholeFile(Path("r.rvg"), bytes);
     auto g = NewGame(other);
     EXPECT_TRUE(OpenGame(*g, Path("r.rvg"))) << other.messages.back().text;
     return g;

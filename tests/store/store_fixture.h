@@ -4,11 +4,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 
@@ -16,41 +12,28 @@
 #include "core/headless_platform.h"
 #include "cycle/startup.h"
 #include "engine/players.h"
+#include "tests/support/file_text.h"
+#include "tests/support/temp_folder.h"
 
 class StoreFixture : public ::testing::Test {
  protected:
-  StoreFixture() {
-    dir = std::filesystem::temp_directory_path() /
-          ("ravelton-store-" + std::to_string(::getpid()) + "-" +
-           ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    std::filesystem::remove_all(dir);
-    std::filesystem::create_directories(dir);
-    game = NewGame(platform);
-  }
-  ~StoreFixture() override { std::filesystem::remove_all(dir); }
+  StoreFixture() { game = NewGame(platform); }
 
   std::unique_ptr<Game> NewGame(HeadlessPlatform& on) {
     on.fixedTime = 0;
     on.clockStep = 1000;  // start-up's clock measure ends at once
     auto g = MakeGame(on);
-    StartUp(*g, dir.string());
+    StartUp(*g, dir.Path());
     return g;
   }
-  std::string Path(const std::string& name) const { return (dir / name).string(); }
-  static std::string Read(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
-  static void Write(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-  }
+  std::string Path(const std::string& name) const { return dir / name; }
   // The last message shown, as "title: text".
   std::string LastMessage() const {
     if (platform.messages.empty()) return "(none)";
     return platform.messages.back().title + ": " + platform.messages.back().text;
   }
 
-  std::filesystem::path dir;
+  TempFolder dir;
   HeadlessPlatform platform;
   std::unique_ptr<Game> game;
 };

@@ -2,19 +2,11 @@
 // CR LF turned into '\n', after the lines a roll still holds are written.
 #pragma once
 
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "core/game.h"
 #include "logs/events_log.h"
-
-inline std::string ReadWholeFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
+#include "tests/support/file_text.h"
 
 inline std::string EventsLogText(Game& g) {
   FlushEventsLog(g);

@@ -31,16 +31,6 @@ class ConfigureProbabilityTest : public QObject {
 
 namespace {
 
-// The form shown on a tab.
-ConfigureForm* OpenOn(DesktopTable& t, int tab) {
-  t.game->rules.ConfigureTab = tab;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
-  form->show();
-  QApplication::processEvents();
-  return form;
-}
-
 // The text of bet b's column c (1 EV/Roll .. 5 EV/Hour) on the Advantage tab.
 QString Figure(ConfigureForm& form, int b, int c) {
   return FormChild<QTableWidget>(form, "picAdvantage")->item(b - 1, c)->text();
@@ -61,7 +51,7 @@ std::string TempPath(const char* name) {
 
 void ConfigureProbabilityTest::advantageOfTheDefaults() {
   DesktopTable t;
-  ConfigureForm* form = OpenOn(t, kTabAdvantage);
+  ConfigureForm* form = t.OpenConfigure(kTabAdvantage);
   auto* table = FormChild<QTableWidget>(*form, "picAdvantage");
   QCOMPARE(table->rowCount(), kLastRealBet);
   QCOMPARE(table->item(bet::kPassLine - 1, 0)->text(), QString("Passline/Come"));
@@ -91,7 +81,7 @@ void ConfigureProbabilityTest::advantageOfTheDefaults() {
 
 void ConfigureProbabilityTest::advantageAnswersToVigAndDice() {
   DesktopTable t;
-  ConfigureForm* form = OpenOn(t, kTabAdvantage);
+  ConfigureForm* form = t.OpenConfigure(kTabAdvantage);
   const int buy4 = 37;
   const QString buyBefore = Figure(*form, buy4, 3);
   const QString passBefore = Figure(*form, bet::kPassLine, 3);
@@ -122,7 +112,7 @@ void ConfigureProbabilityTest::advantageAnswersToVigAndDice() {
 void ConfigureProbabilityTest::matrixEditsReachTheGame() {
   DesktopTable t;
   Game& g = *t.game;
-  ConfigureForm* form = OpenOn(t, kTabProbability);
+  ConfigureForm* form = t.OpenConfigure(kTabProbability);
   auto* box = FormChild<QLineEdit>(*form, "txtPercent");
   QCOMPARE(FormChild<QLabel>(*form, "lblPercentageDice")->text(), QString("Percentage Dice"));
   QCOMPARE(FormChild<QLabel>(*form, "lblPrbFileName")->text(), QString("untitled"));
@@ -171,7 +161,7 @@ void ConfigureProbabilityTest::matrixEditsReachTheGame() {
 void ConfigureProbabilityTest::invalidEntriesAreRefused() {
   DesktopTable t;
   Game& g = *t.game;
-  ConfigureForm* form = OpenOn(t, kTabProbability);
+  ConfigureForm* form = t.OpenConfigure(kTabProbability);
   auto* box = FormChild<QLineEdit>(*form, "txtPercent");
   ClickEntry(*form, TotalEntry(7));
   // Letters and a fourth decimal never reach the box.
@@ -208,7 +198,7 @@ void ConfigureProbabilityTest::invalidEntriesAreRefused() {
 void ConfigureProbabilityTest::axisPanelSkewsTheDice() {
   DesktopTable t;
   Game& g = *t.game;
-  ConfigureForm* form = OpenOn(t, kTabProbability);
+  ConfigureForm* form = t.OpenConfigure(kTabProbability);
   QTest::mouseClick(FormChild<QPushButton>(*form, "mnuAxes"), Qt::LeftButton);
   QVERIFY(FormChild<QWidget>(*form, "picAxis")->isVisible());
   TypeInto(FormChild<QLineEdit>(*form, "txtDie1SE"), "150");
@@ -238,7 +228,7 @@ void ConfigureProbabilityTest::prbSaveNewOpenRoundTrip() {
     names.pop_front();
     return name;
   };
-  ConfigureForm* form = OpenOn(t, kTabProbability);
+  ConfigureForm* form = t.OpenConfigure(kTabProbability);
   auto* box = FormChild<QLineEdit>(*form, "txtPercent");
   ClickEntry(*form, TotalEntry(7));
   TypeInto(box, "20");

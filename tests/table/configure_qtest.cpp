@@ -33,9 +33,7 @@ void ConfigureTest::opensOnTheGamesValues() {
   DesktopTable t;
   t.game->rules.MaxOddsBet = Currency::FromWhole(750);
   t.game->rules.BarNumber = 2;
-  t.game->rules.ConfigureTab = kTabBets;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
+  ConfigureForm* form = t.OpenConfigure(kTabBets);
   QCOMPARE(FormChild<QLineEdit>(*form, "txtMaxOddsBet")->text(), QString("750"));
   QVERIFY(FormChild<QRadioButton>(*form, "optBarDont0")->isChecked());
   QVERIFY(FormChild<QRadioButton>(*form, "optBuyVig0")->isChecked());
@@ -49,8 +47,7 @@ void ConfigureTest::opensOnTheGamesValues() {
 
 void ConfigureTest::eachKindOfControlReachesTheGame() {
   DesktopTable t;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
+  ConfigureForm* form = t.OpenConfigure();
   TypeInto(FormChild<QLineEdit>(*form, "txtMaxPlacardBet"), "2500");
   QCOMPARE(t.game->rules.MaxPlacardBet, Currency::FromWhole(2500));
   FormChild<QRadioButton>(*form, "optBarDont0")->setChecked(true);
@@ -79,10 +76,7 @@ void ConfigureTest::eachKindOfControlReachesTheGame() {
 
 void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
   DesktopTable t;
-  t.game->rules.ConfigureTab = kTabBets;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
-  form->show();
+  ConfigureForm* form = t.OpenConfigure(kTabBets);
   TypeInto(FormChild<QLineEdit>(*form, "txtMaxPlacardBet"), "0");  // below the minimum bet
   t.shown.clear();
   form->Tabs()->setCurrentIndex(kTabMisc);
@@ -98,8 +92,7 @@ void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
 void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
   DesktopTable t(1);
   t.game->Bet(1, bet::kFire) = Currency::FromWhole(1);
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
+  ConfigureForm* form = t.OpenConfigure();
   t.AnswerMessage(2);  // No
   FormChild<QCheckBox>(*form, "chkUseFireBet")->setChecked(false);
   QVERIFY(t.game->rules.UseFireBet);
@@ -109,8 +102,7 @@ void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
 
 void ConfigureTest::payoffDenominatorOfZeroIsRefused() {
   DesktopTable t;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
+  ConfigureForm* form = t.OpenConfigure();
   auto* list = FormChild<QListWidget>(*form, "lstPayoffs");
   list->setCurrentRow(0);
   const auto cell = PayoffCellOf(list->item(0)->data(Qt::UserRole).toInt());
@@ -129,8 +121,7 @@ void ConfigureTest::payoffDenominatorOfZeroIsRefused() {
 // it and shows it; Cancel at the prompt seeds nothing.
 void ConfigureTest::generatorBoxSelectsAndSeeds() {
   DesktopTable t;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
+  ConfigureForm* form = t.OpenConfigure();
   auto* list = FormChild<QComboBox>(*form, "cmbRNG");
   QCOMPARE(list->count(), kRngCount);
   QCOMPARE(list->currentIndex(), static_cast<int>(t.game->dice.RngIndex));
@@ -177,10 +168,7 @@ void ConfigureTest::generatorBoxSelectsAndSeeds() {
 // last in either list, and a Field fault brings its row back.
 void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
   DesktopTable t;
-  t.game->rules.ConfigureTab = kTabPayoffs;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
-  form->show();
+  ConfigureForm* form = t.OpenConfigure(kTabPayoffs);
   auto* field = FormChild<QListWidget>(*form, "lstField");
   QCOMPARE(field->count(), kFieldRows);
   auto* bets = FormChild<QListWidget>(*form, "lstPayoffs");

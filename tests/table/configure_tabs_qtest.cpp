@@ -39,20 +39,8 @@ class ConfigureTabsTest : public QObject {
 };
 
 namespace {
-template <typename T>
-T* Child(QWidget& form, const char* name) {
-  return FormChild<T>(form, name);
-}
-void Type(QLineEdit* box, const QString& text) { TypeInto(box, text); }
 void Press(QWidget& form, const char* button) {
-  QTest::mouseClick(Child<QPushButton>(form, button), Qt::LeftButton);
-}
-ConfigureForm* Open(DesktopTable& t, int tab) {
-  t.game->rules.ConfigureTab = tab;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
-  form->show();
-  return form;
+  QTest::mouseClick(FormChild<QPushButton>(form, button), Qt::LeftButton);
 }
 std::uint32_t Word(const Game& g, int w) { return static_cast<std::uint32_t>(g.rules.CompBets[w]); }
 }  // namespace
@@ -63,12 +51,12 @@ void ConfigureTabsTest::compsTabShowsTheGame() {
   t.game->rules.CompBase = kCompAverageAction;
   t.game->rules.CompsUseTrueProbs = false;
   SetCompBet(t.game->rules, bet::kField, false);
-  ConfigureForm* form = Open(t, kTabComps);
+  ConfigureForm* form = t.OpenConfigure(kTabComps);
   QCOMPARE(form->Tabs()->currentIndex(), kTabComps);
-  QCOMPARE(Child<QLineEdit>(*form, "txtCompRate")->text(), QString("45"));
-  QVERIFY(Child<QRadioButton>(*form, "optBaseComps2")->isChecked());
-  QVERIFY(!Child<QCheckBox>(*form, "chkCompsUseTrueProbs")->isChecked());
-  auto* list = Child<QListWidget>(*form, "lstCompBets");
+  QCOMPARE(FormChild<QLineEdit>(*form, "txtCompRate")->text(), QString("45"));
+  QVERIFY(FormChild<QRadioButton>(*form, "optBaseComps2")->isChecked());
+  QVERIFY(!FormChild<QCheckBox>(*form, "chkCompsUseTrueProbs")->isChecked());
+  auto* list = FormChild<QListWidget>(*form, "lstCompBets");
   QCOMPARE(list->count(), 85);  // bets 1 to 85, in id order
   QCOMPARE(list->item(bet::kDontComeOddsFirst - 1)->text(), QString("Don't Come 4 Odds - No"));
   QCOMPARE(list->item(bet::kField - 1)->text(), QString("Field - No"));
@@ -80,8 +68,8 @@ void ConfigureTabsTest::compsTabShowsTheGame() {
 
 void ConfigureTabsTest::compListButtonsSetTheBitWords() {
   DesktopTable t;
-  ConfigureForm* form = Open(t, kTabComps);
-  auto* list = Child<QListWidget>(*form, "lstCompBets");
+  ConfigureForm* form = t.OpenConfigure(kTabComps);
+  auto* list = FormChild<QListWidget>(*form, "lstCompBets");
   // Fire is bet 85: bit 22 of word 3.
   list->clearSelection();
   list->item(bet::kFire - 1)->setSelected(true);
@@ -117,18 +105,18 @@ void ConfigureTabsTest::compSettingsChangeTheComps() {
   const int slot = FrameIndex(0, kFrameCount - 1);                   // the table, all sessions
   g.StatAction(slot, bet::kPassLine, 1) = Currency::FromWhole(10);   // decisions
   g.StatAction(slot, bet::kPassLine, 2) = Currency::FromWhole(200);  // wagered
-  ConfigureForm* form = Open(t, kTabComps);
-  Type(Child<QLineEdit>(*form, "txtCompRate"), "12.5");
+  ConfigureForm* form = t.OpenConfigure(kTabComps);
+  TypeInto(FormChild<QLineEdit>(*form, "txtCompRate"), "12.5");
   QCOMPARE(g.rules.CompRate, Currency::FromRaw(125000));
-  Child<QRadioButton>(*form, "optBaseComps1")->setChecked(true);
+  FormChild<QRadioButton>(*form, "optBaseComps1")->setChecked(true);
   QCOMPARE(g.rules.CompBase, kCompTotalAction);
   CompFigures on;
   FigureComps(g, on, slot);
   QCOMPARE(on.value, 25.0);  // 12.5% of the 200 wagered
-  Child<QCheckBox>(*form, "chkCompsUseTrueProbs")->setChecked(false);
+  FormChild<QCheckBox>(*form, "chkCompsUseTrueProbs")->setChecked(false);
   QVERIFY(!g.rules.CompsUseTrueProbs);
   // Taking the Pass Line out of the comps leaves nothing to figure.
-  auto* list = Child<QListWidget>(*form, "lstCompBets");
+  auto* list = FormChild<QListWidget>(*form, "lstCompBets");
   list->clearSelection();
   list->item(bet::kPassLine - 1)->setSelected(true);
   Press(*form, "cmdNo");
@@ -141,7 +129,7 @@ void ConfigureTabsTest::compSettingsChangeTheComps() {
 void ConfigureTabsTest::bankrollTabWithNobodySaysSoAndStays() {
   DesktopTable t;
   // Asked to open on it, the form opens on the first tab instead.
-  ConfigureForm* form = Open(t, kTabBankroll);
+  ConfigureForm* form = t.OpenConfigure(kTabBankroll);
   QCOMPARE(form->Tabs()->currentIndex(), kTabChecksDice);
   t.shown.clear();
   form->Tabs()->setCurrentIndex(kTabBankroll);
@@ -159,21 +147,21 @@ void ConfigureTabsTest::bankrollTabWithNobodySaysSoAndStays() {
 void ConfigureTabsTest::atmMovesMoneyAndSaysWhatItCut() {
   DesktopTable t(1);
   Game& g = *t.game;
-  ConfigureForm* form = Open(t, kTabBankroll);
+  ConfigureForm* form = t.OpenConfigure(kTabBankroll);
   QCOMPARE(form->Tabs()->currentIndex(), kTabBankroll);
   QCOMPARE(g.betting.BankrollTabPlayer, 1);
-  Type(Child<QLineEdit>(*form, "txtAddSub"), "700");
+  TypeInto(FormChild<QLineEdit>(*form, "txtAddSub"), "700");
   QCOMPARE(g.betting.AtmAmount, Currency::FromWhole(700));
   Press(*form, "cmdAddSub0");
   QCOMPARE(g.Bet(1, 0), Currency::FromWhole(5700));
   QCOMPARE(g.InvestedBankroll(1), Currency::FromWhole(5700));
-  QCOMPARE(Child<QLabel>(*form, "lblCurrentBankroll")->text(), QString("5,700"));
-  QCOMPARE(Child<QLabel>(*form, "lblInvestedBankroll")->text(), QString("5,700"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblCurrentBankroll")->text(), QString("5,700"));
+  QCOMPARE(FormChild<QLabel>(*form, "lblInvestedBankroll")->text(), QString("5,700"));
   g.Bet(1, 0) += Currency::FromWhole(-200);  // lost at the table
   form->Fill();
-  QCOMPARE(Child<QLabel>(*form, "lblNet")->text(), QString("-200"));
-  QVERIFY(Child<QLabel>(*form, "lblNet")->styleSheet().contains("255,0,0"));
-  Type(Child<QLineEdit>(*form, "txtAddSub"), "9000");
+  QCOMPARE(FormChild<QLabel>(*form, "lblNet")->text(), QString("-200"));
+  QVERIFY(FormChild<QLabel>(*form, "lblNet")->styleSheet().contains("255,0,0"));
+  TypeInto(FormChild<QLineEdit>(*form, "txtAddSub"), "9000");
   Press(*form, "cmdAddSub1");
   QCOMPARE(g.Bet(1, 0), Currency{});  // only the free money goes
   QCOMPARE(t.shown.back().first, std::string("ATM Deposit"));
@@ -187,8 +175,8 @@ void ConfigureTabsTest::negativeBankrollCannotBeUncheckedUnderTheBets() {
   g.betting.AllowNegBankroll(1) = true;
   g.Bet(1, 0) = Currency::FromWhole(10);
   g.TotalBets(1) = Currency::FromWhole(25);
-  ConfigureForm* form = Open(t, kTabBankroll);
-  auto* box = Child<QCheckBox>(*form, "chkAllowNegBankroll");
+  ConfigureForm* form = t.OpenConfigure(kTabBankroll);
+  auto* box = FormChild<QCheckBox>(*form, "chkAllowNegBankroll");
   QVERIFY(box->isChecked());
   box->setChecked(false);
   QVERIFY(box->isChecked());
@@ -204,43 +192,43 @@ void ConfigureTabsTest::negativeBankrollCannotBeUncheckedUnderTheBets() {
 void ConfigureTabsTest::startRulesBelongToTheChosenPlayer() {
   DesktopTable t(2);
   Game& g = *t.game;
-  ConfigureForm* form = Open(t, kTabBankroll);
-  auto* player = Child<QComboBox>(*form, "cmbPlayer");
+  ConfigureForm* form = t.OpenConfigure(kTabBankroll);
+  auto* player = FormChild<QComboBox>(*form, "cmbPlayer");
   QCOMPARE(player->count(), 2);
   player->setCurrentIndex(player->findData(2));
   QCOMPARE(g.betting.BankrollTabPlayer, 2);
-  Child<QRadioButton>(*form, "optBankrollInitType3")->setChecked(true);
+  FormChild<QRadioButton>(*form, "optBankrollInitType3")->setChecked(true);
   QCOMPARE(g.betting.StartBankrollMode(2), static_cast<std::int32_t>(kStartCarryWithNet));
-  QVERIFY(!Child<QLineEdit>(*form, "txtBankrollInitAmount")->isEnabled());
-  Child<QRadioButton>(*form, "optBankrollInitType0")->setChecked(true);
-  Type(Child<QLineEdit>(*form, "txtBankrollInitAmount"), "750");
+  QVERIFY(!FormChild<QLineEdit>(*form, "txtBankrollInitAmount")->isEnabled());
+  FormChild<QRadioButton>(*form, "optBankrollInitType0")->setChecked(true);
+  TypeInto(FormChild<QLineEdit>(*form, "txtBankrollInitAmount"), "750");
   QCOMPARE(g.betting.StartBankroll(2), Currency::FromWhole(750));
-  Child<QRadioButton>(*form, "optBankrollInitType2")->setChecked(true);
+  FormChild<QRadioButton>(*form, "optBankrollInitType2")->setChecked(true);
   // The other player's rules were not touched, and the tab shows them.
   player->setCurrentIndex(player->findData(1));
   QCOMPARE(g.betting.StartBankrollMode(1), static_cast<std::int32_t>(kStartWithAmount));
-  QVERIFY(Child<QRadioButton>(*form, "optBankrollInitType0")->isChecked());
-  QCOMPARE(Child<QLineEdit>(*form, "txtBankrollInitAmount")->text(),
+  QVERIFY(FormChild<QRadioButton>(*form, "optBankrollInitType0")->isChecked());
+  QCOMPARE(FormChild<QLineEdit>(*form, "txtBankrollInitAmount")->text(),
            QString::fromStdString(FormatMoney(g.betting.StartBankroll(1))));
   QCOMPARE(g.betting.StartBankrollMode(2), static_cast<std::int32_t>(kStartCarry));
 }
 
 void ConfigureTabsTest::whatTheTabsSetSurvivesTheGameFile() {
   DesktopTable t(2);
-  ConfigureForm* form = Open(t, kTabComps);
-  Type(Child<QLineEdit>(*form, "txtCompRate"), "17");
-  Child<QRadioButton>(*form, "optBaseComps2")->setChecked(true);
-  auto* list = Child<QListWidget>(*form, "lstCompBets");
+  ConfigureForm* form = t.OpenConfigure(kTabComps);
+  TypeInto(FormChild<QLineEdit>(*form, "txtCompRate"), "17");
+  FormChild<QRadioButton>(*form, "optBaseComps2")->setChecked(true);
+  auto* list = FormChild<QListWidget>(*form, "lstCompBets");
   list->clearSelection();
   list->item(bet::kHorn - 1)->setSelected(true);
   Press(*form, "cmdNo");
   form->Tabs()->setCurrentIndex(kTabBankroll);
-  auto* player = Child<QComboBox>(*form, "cmbPlayer");
+  auto* player = FormChild<QComboBox>(*form, "cmbPlayer");
   player->setCurrentIndex(player->findData(2));
-  Child<QRadioButton>(*form, "optBankrollInitType1")->setChecked(true);
-  Type(Child<QLineEdit>(*form, "txtBankrollInitAmount"), "1234.5");
-  Child<QCheckBox>(*form, "chkAllowNegBankroll")->setChecked(true);
-  Type(Child<QLineEdit>(*form, "txtAddSub"), "250");
+  FormChild<QRadioButton>(*form, "optBankrollInitType1")->setChecked(true);
+  TypeInto(FormChild<QLineEdit>(*form, "txtBankrollInitAmount"), "1234.5");
+  FormChild<QCheckBox>(*form, "chkAllowNegBankroll")->setChecked(true);
+  TypeInto(FormChild<QLineEdit>(*form, "txtAddSub"), "250");
   QVERIFY(form->TryClose());
 
   const std::string bytes = GameFileBytes(*t.game);
@@ -262,36 +250,36 @@ void ConfigureTabsTest::whatTheTabsSetSurvivesTheGameFile() {
 void ConfigureTabsTest::colorControlsSetTheTablesColours() {
   DesktopTable t;
   TableState& table = t.game->table;
-  ConfigureForm* form = Open(t, kTabColors);
+  ConfigureForm* form = t.OpenConfigure(kTabColors);
   QCOMPARE(form->Tabs()->currentIndex(), kTabColors);
-  QVERIFY(Child<QRadioButton>(*form, "optTableColors0")->isChecked());
-  QCOMPARE(Child<QSlider>(*form, "hsbColor0")->value(), 18);  // the felt: 18, 128, 74
-  QCOMPARE(Child<QSlider>(*form, "hsbColor2")->value(), 74);
-  QVERIFY(Child<QAction>(*form, "mnuSetTableTraditionalGreen")->isChecked());
+  QVERIFY(FormChild<QRadioButton>(*form, "optTableColors0")->isChecked());
+  QCOMPARE(FormChild<QSlider>(*form, "hsbColor0")->value(), 18);  // the felt: 18, 128, 74
+  QCOMPARE(FormChild<QSlider>(*form, "hsbColor2")->value(), 74);
+  QVERIFY(FormChild<QAction>(*form, "mnuSetTableTraditionalGreen")->isChecked());
   // A bar changes one channel of the chosen part; the table is now a custom one.
-  Child<QSlider>(*form, "hsbColor2")->setValue(200);
+  FormChild<QSlider>(*form, "hsbColor2")->setValue(200);
   QCOMPARE(table.LayoutColor[kPartFelt], 0xC88012);
   QCOMPARE(table.TablePreset, 0);
-  QVERIFY(!Child<QAction>(*form, "mnuSetTableTraditionalGreen")->isChecked());
+  QVERIFY(!FormChild<QAction>(*form, "mnuSetTableTraditionalGreen")->isChecked());
   // Another part: the bars show its colour, a swatch colours it.
-  Child<QRadioButton>(*form, "optTableColors4")->setChecked(true);
-  QCOMPARE(Child<QSlider>(*form, "hsbColor0")->value(), 232);  // the gold highlights
-  QTest::mouseClick(Child<QToolButton>(*form, "picColorpal5"), Qt::LeftButton);
+  FormChild<QRadioButton>(*form, "optTableColors4")->setChecked(true);
+  QCOMPARE(FormChild<QSlider>(*form, "hsbColor0")->value(), 232);  // the gold highlights
+  QTest::mouseClick(FormChild<QToolButton>(*form, "picColorpal5"), Qt::LeftButton);
   QCOMPARE(table.LayoutColor[kPartHighlights], table.PaletteColor[5]);
   QCOMPARE(table.LayoutColor[kPartFelt], 0xC88012);  // the felt kept its own
   // A right-click keeps the colour shown in the swatch.
-  Child<QRadioButton>(*form, "optTableColors0")->setChecked(true);
-  emit Child<QToolButton>(*form, "picColorpal0")->customContextMenuRequested({});
+  FormChild<QRadioButton>(*form, "optTableColors0")->setChecked(true);
+  emit FormChild<QToolButton>(*form, "picColorpal0")->customContextMenuRequested({});
   QCOMPARE(table.PaletteColor[0], 0xC88012);
-  Child<QRadioButton>(*form, "optSpotlight1")->setChecked(true);
+  FormChild<QRadioButton>(*form, "optSpotlight1")->setChecked(true);
   QVERIFY(!table.Spotlight);
   // A skin sets every part and the spotlight, and is checked in the menu.
-  Child<QAction>(*form, "mnuSetTableBlackLight")->trigger();
+  FormChild<QAction>(*form, "mnuSetTableBlackLight")->trigger();
   QCOMPARE(table.LayoutColor, kTableSkin[7].colors);
   QCOMPARE(table.Spotlight, kTableSkin[7].spotlight);
   QCOMPARE(table.TablePreset, 8);
-  QVERIFY(Child<QAction>(*form, "mnuSetTableBlackLight")->isChecked());
-  QCOMPARE(Child<QSlider>(*form, "hsbColor1")->value(),
+  QVERIFY(FormChild<QAction>(*form, "mnuSetTableBlackLight")->isChecked());
+  QCOMPARE(FormChild<QSlider>(*form, "hsbColor1")->value(),
            ColorFromValue(kTableSkin[7].colors[0]).green());
   QVERIFY(t.game->roll.SessionDirty);
 }
@@ -317,7 +305,7 @@ void ConfigureTabsTest::theTableIsDrawnInItsColours() {
 
 void ConfigureTabsTest::altKeysOfTheseTabsLeaveTheTabKeysAlone() {
   DesktopTable t(1);
-  ConfigureForm* form = Open(t, kTabComps);
+  ConfigureForm* form = t.OpenConfigure(kTabComps);
   QString tabKeys;
   for (int i = 0; i < form->Tabs()->count(); ++i) {
     const QString caption = form->Tabs()->tabText(i);

@@ -16,6 +16,7 @@
 #include "core/game.h"
 #include "engine/players.h"
 #include "cycle/startup.h"
+#include "table/configure_form.h"
 #include "table/crap_table_window.h"
 #include "table/layout.h"
 #include "table/message_form.h"
@@ -72,6 +73,16 @@ struct DesktopTable {
   }
 
   TableView* View() { return window->View(); }
+
+  // frmConfigure filled and shown on `tab` (-1: on the tab the game holds).
+  ConfigureForm* OpenConfigure(int tab = -1) {
+    if (tab >= 0) game->rules.ConfigureTab = tab;
+    ConfigureForm* form = window->Configure();
+    form->Fill();
+    form->show();
+    QApplication::processEvents();
+    return form;
+  }
 
   // The screen pixel (as the mouse delivers it) of a layout point.
   QPoint Pixel(QPointF layout) { return View()->ToScreen(layout).toPoint(); }

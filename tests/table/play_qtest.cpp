@@ -231,7 +231,7 @@ void PlayTest::bankrollScaleButtonsClimbTheLadder() {
   QCOMPARE(g.graph.GraphPlayer, 1);
   const Currency before = g.roll.GraphScale;
   QTest::mouseClick(form->findChild<QPushButton*>("lblLarger"), Qt::LeftButton);
-  QCOMPARE(g.roll.GraphScale, graph_view::NextGraphScale(before, 1));
+  QCOMPARE(g.roll.GraphScale, NextGraphScale(before, 1));
   QCOMPARE(g.roll.GraphBaseScale, g.roll.GraphScale);
   QTest::mouseClick(form->findChild<QPushButton*>("lblSmaller"), Qt::LeftButton);
   QCOMPARE(g.roll.GraphScale, before);
@@ -295,4 +295,3 @@ void PlayTest::saveWritesTheGameAndTheCaptionNamesIt() {
 QTEST_MAIN(PlayTest)
 #include "play_qtest.moc"
 
-using namespace graph_view;

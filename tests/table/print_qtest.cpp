@@ -67,9 +67,7 @@ void PrintTest::configurePrintsOnlyPayoffsAndAdvantage() {
   DesktopTable t;
   const QString pdf = QString::fromStdString(folder_.Path() + "advantage.pdf");
   t.platform.printToFile = pdf;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
-  form->show();
+  ConfigureForm* form = t.OpenConfigure();
   auto* print = FormChild<QPushButton>(*form, "mnuPrintAdvPay");
   form->Tabs()->setCurrentIndex(kTabBets);
   QVERIFY(!print->isEnabled());

@@ -26,9 +26,7 @@ void SoundTabTest::listsFollowTheFamiliesAndWriteTheSelection() {
   g.rules.DiceSoundSet = 7;  // beyond the list: a random file
   g.rules.WinSoundSet = 1;
   g.rules.StickCallSet = 0;
-  g.rules.ConfigureTab = kTabSound;
-  ConfigureForm* form = t.window->Configure();
-  form->Fill();
+  ConfigureForm* form = t.OpenConfigure(kTabSound);
   auto* dice = form->findChild<QComboBox*>("cmbDiceSound");
   auto* wins = form->findChild<QComboBox*>("cmbWinSound");
   auto* stick = form->findChild<QComboBox*>("cmbStickPerson");
