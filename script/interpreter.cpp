@@ -71,6 +71,12 @@ class Runner {
   void Execute(int at, const StatementShape& shape);
   bool RunPlan(const StatementShape& shape);
   double ListFunction(const PlanOperand* o, int n);
+  // The amount on a plan's bet: a seat's own code needs no resolving.
+  double BetAmount(const PlanOperand& o) const {
+    int p = Code(o.Value);
+    if (p < 0 || p > 8) p = ResolvePlayer(g_, o.Value);
+    return p >= 1 && p <= 8 ? g_.Bet(p, o.Bet).ToDouble() : 0;
+  }
   void Note(const char* text) {
     if (notes_) AddStepNote(g_, text);
   }
@@ -476,11 +482,9 @@ double Runner::ListFunction(const PlanOperand* o, int n) {
       case kPlanNumber:
         w_[k++] = Number(o->Value);
         break;
-      case kPlanBetAmount: {
-        const int p = ResolvePlayer(g_, o->Value);
-        w_[k++] = Number(p >= 1 && p <= 8 ? g_.Bet(p, o->Bet).ToDouble() : 0);
+      case kPlanBetAmount:
+        w_[k++] = Number(BetAmount(*o));
         break;
-      }
       default:
         w_[k++] = VariableAt(g_, s + o->At, q);
         break;
@@ -508,12 +512,10 @@ bool Runner::RunPlan(const StatementShape& shape) {
         *v = o->Value;
         ++o;
         break;
-      case kPlanBetAmount: {
-        const int p = ResolvePlayer(g_, o->Value);
-        *v = p >= 1 && p <= 8 ? g_.Bet(p, o->Bet).ToDouble() : 0;
+      case kPlanBetAmount:
+        *v = BetAmount(*o);
         ++o;
         break;
-      }
       case kPlanAggregate:
         *v = ListFunction(o, shape.Count);
         o += 1 + o->Bet;
@@ -528,6 +530,11 @@ bool Runner::RunPlan(const StatementShape& shape) {
   for (const PlanStep* last = step + plan.Steps; step < last; ++step)
     value[step->Left] = CombineNumbers(g_, value[step->Left], step->Op, value[step->Right]);
   if (r_.RunFailed) return true;
+  if (inCondition_) {
+    conditionTrue_ = value[0] != 0;
+    Note(conditionTrue_ ? "Condition is true" : "Condition is false");
+    return true;
+  }
   // What the sweeps leave: the value alone.
   auto& work = r_.WorkStatement;
   w_ = work.data();
@@ -574,7 +581,7 @@ void Runner::ShowStep() {
 void Runner::Execute(int at, const StatementShape& shape) {
   const ScriptElement& head = r_.AllCompiled[static_cast<std::size_t>(at)];
   // The element behind a GoTo or GoSub, as the work table holds it.
-  const double behind = shape.Count >= 2 ? r_.AllCompiled[static_cast<std::size_t>(at) + 1].Value : 0;
+  auto behind = [&] { return shape.Count >= 2 ? (&head)[1].Value : 0.0; };
   switch (head.Kind) {
     case kIf:
       inCondition_ = true;
@@ -615,7 +622,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       Note("End of If/Then structure.");
       break;
     case kGoTo:
-      Jump(behind);
+      Jump(behind());
       Note("A jump will be made to the designated label.");
       Note("Label.");
       break;
@@ -640,7 +647,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       if (static_cast<std::size_t>(depth) >= stack.size()) stack.resize(stack.size() + kGosubStackGrowth);
       stack[0] = depth;
       stack[static_cast<std::size_t>(depth)] = r_.RunPos;
-      Jump(behind);
+      Jump(behind());
       Note("A jump will be made to the designated subroutine.");
       Note("Label.");
       break;
@@ -672,6 +679,9 @@ void Runner::Run() {
   r_.ScriptRunning = true;
   r_.RunFailed = false;
   r_.StatementsThisRun = 0;
+  // The statement limit is counted here and written back when the run ends.
+  const std::int64_t limit = r_.RunStatementLimit;
+  std::int64_t statements = 0;
   const bool hyper = g_.HyperDrive;
   // Outside Hyper-Drive the status line reads "Hot-Key" or "Auto-Betting"
   // while the run lasts; the window shows it when it redraws the table.
@@ -686,10 +696,10 @@ void Runner::Run() {
   const int last = static_cast<int>(r_.AllCompiled.size()) - 1;
   if (r_.Shapes.size() != r_.AllCompiled.size()) IndexStatements(r_);
 
-  const int size = static_cast<int>(r_.AllCompiled.size());
+  static constexpr StatementShape kNone;
   while (true) {
     const int at = r_.RunPos;
-    static const StatementShape kNone;
+    const int size = static_cast<int>(r_.AllCompiled.size());
     const StatementShape& shape = at >= 0 && at < size ? r_.Shapes[static_cast<std::size_t>(at)] : kNone;
     if (shape.Count > 0) {
       r_.RunPos += shape.Count;
@@ -698,7 +708,7 @@ void Runner::Run() {
       if (notes_ && r_.ScriptRunning && !r_.RunFailed) ShowStep();
       r_.CurStepNote.clear();
       if (r_.RunFailed || !r_.ScriptRunning) break;
-      if (r_.RunStatementLimit > 0 && ++r_.StatementsThisRun >= r_.RunStatementLimit) {
+      if (limit > 0 && ++statements >= limit) {
         // The headless stand-in for the user who interrupts a run.
         r_.ScriptRunning = false;
         g_.KeepRolling = false;
@@ -717,6 +727,7 @@ void Runner::Run() {
     ++r_.RunPos;
   }
 
+  r_.StatementsThisRun = statements;
   // Strings made during the run do not survive it; the entries keep their
   // buffers for the next run.
   r_.AllStringsCount = std::min(poolSize, r_.AllStringsCount);

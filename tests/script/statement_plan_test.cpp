@@ -79,7 +79,8 @@ TEST_F(StatementPlan, RandomConditionsGiveWhatTheSweepsGive) {
   int failures = 0, divisions = 0, taken = 0;
   for (int c = 0; c < kCases; ++c) {
     std::string condition = pick(operands);
-    const int n = std::uniform_int_distribution<int>(1, kMostOperands)(rng);
+    // A lone number after If reads as a label: two operands at least.
+    const int n = std::uniform_int_distribution<int>(2, kMostOperands)(rng);
     for (int k = 1; k < n; ++k) condition += " " + pick(operators) + " " + pick(operands);
     const Outcome planned = Run(condition);
     const Outcome swept = Run("(" + condition + ")");
