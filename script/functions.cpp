@@ -114,7 +114,8 @@ int Aggregate(Call& c, int n) {
   bool first = true;
   double best = 0, sum = 0;
   int count = 0;
-  auto passes = [&](double v) { return op == 0 || AutoBetCompare(c.g, v, op, filter) != 0; };
+  // The filter is always a comparison, which needs no call.
+  auto passes = [&](double v) { return op == 0 || CompareNumbers(v, op, filter) != 0; };
   for (int k = 1; k < term; ++k) {
     const ScriptElement& e = c.At(k);
     if (IsComparison(e.Kind)) {

@@ -9,6 +9,7 @@
 #include "script/actions.h"
 #include "script/compile_common.h"
 #include "script/script_text.h"
+#include "script/statement_plan.h"
 #include "script/variables.h"
 
 namespace {
@@ -19,9 +20,6 @@ constexpr double kNoItemYet = -2;        // a list result before any item counte
 constexpr int kAnyList = 2;              // list keyword Value: Any (3 is All)
 constexpr std::uint32_t kRunFloorMs = 300;  // a run outside Hyper-Drive takes this long at least
 constexpr int kHyperDriveEventEvery = 1024;  // statements between event pumps in Hyper-Drive
-// The doubles that round to a 32-bit integer lie strictly between these.
-constexpr double kLongLow = -2147483648.5;
-constexpr double kLongHigh = 2147483647.5;
 
 // A bit for each kind the sweeps look for: operators 50 to 75, then
 // functions, variables, list keywords and brackets.
@@ -69,8 +67,16 @@ class Runner {
     if (present_ & (KindBit(a) | KindBit(b))) BinarySweep(lo, a, b);
   }
 
-  void Fill();
-  void Execute();
+  void Fill(int at, int n);
+  void Execute(int at, const StatementShape& shape);
+  bool RunPlan(const StatementShape& shape);
+  double ListFunction(const PlanOperand* o, int n);
+  // The amount on a plan's bet: a seat's own code needs no resolving.
+  double BetAmount(const PlanOperand& o) const {
+    int p = Code(o.Value);
+    if (p < 0 || p > 8) p = ResolvePlayer(g_, o.Value);
+    return p >= 1 && p <= 8 ? g_.Bet(p, o.Bet).ToDouble() : 0;
+  }
   void Note(const char* text) {
     if (notes_) AddStepNote(g_, text);
   }
@@ -93,6 +99,7 @@ class Runner {
   void ResolveList(int list);
 
   void Expression();
+  void ExpressionEnd();
   void WalkTargets(int from, int to, int action, const ScriptElement& value);
   bool TargetPasses(int at, int op, const ScriptElement& qualifier);
 };
@@ -134,28 +141,16 @@ void Runner::ReadVariables(int lo) {
   CloseUp(to, from);
 }
 
-// Copies the statement at RunPos into WorkStatement, between empty bounds.
-void Runner::Fill() {
+// Copies the `n` elements of the statement at `at` into WorkStatement,
+// between empty bounds.
+void Runner::Fill(int at, int n) {
   auto& work = r_.WorkStatement;
-  const auto& s = r_.AllCompiled;
-  const int at = r_.RunPos;
-  const int n = at >= 0 && at < static_cast<int>(s.size())
-                    ? r_.Shapes[static_cast<std::size_t>(at)].Count
-                    : 0;
   // A statement longer than the table grows it.
   while (work.size() < static_cast<std::size_t>(n + 2)) work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
-  if (n > 0) {
-    // Most statements are one keyword: no block copy for those.
-    if (n == 1)
-      w_[1] = s[static_cast<std::size_t>(at)];
-    else
-      std::copy_n(&s[static_cast<std::size_t>(at)], n, w_ + 1);
-    present_ = r_.Shapes[static_cast<std::size_t>(at)].Kinds;
-    r_.RunPos += n;
-  } else {
-    present_ = 0;
-  }
+  const auto& s = r_.AllCompiled;
+  std::copy_n(&s[static_cast<std::size_t>(at)], n, w_ + 1);
+  present_ = r_.Shapes[static_cast<std::size_t>(at)].Kinds;
   w_[0] = ScriptElement{};
   w_[n + 1] = ScriptElement{};
   r_.WorkCount = n;
@@ -184,8 +179,7 @@ void Runner::Reduce() {
   ReduceRange(0);
 }
 
-// Every binary operator of kinds a or b, left to right, from the range's
-// second element to the one before its last.
+// Two operands of a binary operator other than a comparison, combined.
 ScriptElement Runner::Combine(const ScriptElement& left, std::int32_t op, const ScriptElement& right) {
   if (op == kConcat) {
     std::string& text = r_.TextA;
@@ -194,14 +188,7 @@ ScriptElement Runner::Combine(const ScriptElement& left, std::int32_t op, const 
     text += r_.TextB;
     return MakeRunString(g_, text);
   }
-  if (op >= kPower && op <= kMinus) return Number(AutoBetMath(g_, left.Value, op, right.Value));
-  const double l = left.Value, r = right.Value;
-  if (op >= kAnd && op <= kXor && l > kLongLow && l < kLongHigh && r > kLongLow && r < kLongHigh) {
-    // Whole numbers (truth values) need no rounding: as AutoBetCompare.
-    const auto a = static_cast<std::int32_t>(l), b = static_cast<std::int32_t>(r);
-    if (a == l && b == r) return Number(op == kAnd ? a & b : op == kOr ? a | b : a ^ b);
-  }
-  return Number(AutoBetCompare(g_, l, op, r));
+  return Number(CombineNumbers(g_, left.Value, op, right.Value));
 }
 
 // Every binary operator of kinds a or b, left to right, from the range's
@@ -445,6 +432,12 @@ void Runner::WalkTargets(int from, int to, int action, const ScriptElement& valu
 void Runner::Expression() {
   Reduce();
   if (r_.RunFailed) return;
+  ExpressionEnd();
+}
+
+// What is left of an expression statement after its reduction: a truth
+// value, an action, or targets and a value.
+void Runner::ExpressionEnd() {
   if (inCondition_) {
     conditionTrue_ = r_.WorkCount >= 1 && w_[1].Value != 0;
     Note(conditionTrue_ ? "Condition is true" : "Condition is false");
@@ -466,6 +459,91 @@ void Runner::Expression() {
   if (!notes_) return;
   std::string& note = r_.CurStepNote;
   if (!note.starts_with("Unable")) AddStepNote(g_, "Action taken.");
+}
+
+// The list function of a plan at `o` with its group, evaluated as the
+// sweeps would: the group's operands read into the work table behind the
+// function, then the function on them.
+double Runner::ListFunction(const PlanOperand* o, int n) {
+  auto& work = r_.WorkStatement;
+  while (work.size() < static_cast<std::size_t>(n + 2)) work.resize(work.size() + kWorkStatementGrowth);
+  w_ = work.data();
+  const ScriptElement* s = r_.AllCompiled.data();
+  w_[0] = ScriptElement{};
+  w_[1] = s[o->At];
+  int k = 2;
+  const PlanOperand* end = o + 1 + o->Bet;
+  for (++o; o < end; ++o) {
+    int q = 0;
+    switch (o->Source) {
+      case kPlanElement:
+        w_[k++] = s[o->At];
+        break;
+      case kPlanNumber:
+        w_[k++] = Number(o->Value);
+        break;
+      case kPlanBetAmount:
+        w_[k++] = Number(BetAmount(*o));
+        break;
+      default:
+        w_[k++] = VariableAt(g_, s + o->At, q);
+        break;
+    }
+  }
+  w_[k] = ScriptElement{};
+  r_.WorkCount = k;
+  EvaluateFunction(g_, 1);
+  return w_[1].Value;
+}
+
+// Runs the statement by its plan; false when the plan does not
+// apply (a comparison outside a condition).
+bool Runner::RunPlan(const StatementShape& shape) {
+  const StatementPlan& plan = r_.Plans[static_cast<std::size_t>(shape.Plan - 1)];
+  if (plan.Compares && !inCondition_) return false;
+  double value[kPlanOperandLimit];
+  const ScriptElement* s = r_.AllCompiled.data();
+  const PlanOperand* o = r_.PlanOperands.data() + plan.FirstOperand;
+  const PlanOperand* end = o + plan.Operands;
+  for (double* v = value; o < end; ++v) {
+    int q = 0;
+    switch (o->Source) {
+      case kPlanNumber:
+        *v = o->Value;
+        ++o;
+        break;
+      case kPlanBetAmount:
+        *v = BetAmount(*o);
+        ++o;
+        break;
+      case kPlanAggregate:
+        *v = ListFunction(o, shape.Count);
+        o += 1 + o->Bet;
+        break;
+      default:
+        *v = VariableAt(g_, s + o->At, q).Value;
+        ++o;
+        break;
+    }
+  }
+  const PlanStep* step = r_.PlanSteps.data() + plan.FirstStep;
+  for (const PlanStep* last = step + plan.Steps; step < last; ++step)
+    value[step->Left] = CombineNumbers(g_, value[step->Left], step->Op, value[step->Right]);
+  if (r_.RunFailed) return true;
+  if (inCondition_) {
+    conditionTrue_ = value[0] != 0;
+    Note(conditionTrue_ ? "Condition is true" : "Condition is false");
+    return true;
+  }
+  // What the sweeps leave: the value alone.
+  auto& work = r_.WorkStatement;
+  w_ = work.data();
+  w_[0] = ScriptElement{};
+  w_[1] = Number(value[0]);
+  w_[2] = ScriptElement{};
+  r_.WorkCount = 1;
+  ExpressionEnd();
+  return true;
 }
 
 void Runner::ShowStep() {
@@ -500,9 +578,11 @@ void Runner::ShowStep() {
   r_.StepWaiting = false;
 }
 
-void Runner::Execute() {
-  ScriptElement* w = w_;
-  switch (w[1].Kind) {
+void Runner::Execute(int at, const StatementShape& shape) {
+  const ScriptElement& head = r_.AllCompiled[static_cast<std::size_t>(at)];
+  // The element behind a GoTo or GoSub, as the work table holds it.
+  auto behind = [&] { return shape.Count >= 2 ? (&head)[1].Value : 0.0; };
+  switch (head.Kind) {
     case kIf:
       inCondition_ = true;
       Note("Beginning of condition block.");
@@ -516,7 +596,7 @@ void Runner::Execute() {
       }
       Note("Conditions were false, so next action block will be skipped.\r"
            "End of condition block and beginning of action block.");
-      Jump(w[1].Value);
+      Jump(head.Value);
       if (r_.RunPos > 0 && r_.RunPos < static_cast<int>(r_.AllCompiled.size())) {
         switch (r_.AllCompiled[static_cast<std::size_t>(r_.RunPos)].Kind) {
           case kElse:
@@ -534,7 +614,7 @@ void Runner::Execute() {
       break;
     case kElse:
     case kElseIf:
-      Jump(w[1].Value);
+      Jump(head.Value);
       Note("End of action block.");
       Note("End of If/Then structure.");
       break;
@@ -542,7 +622,7 @@ void Runner::Execute() {
       Note("End of If/Then structure.");
       break;
     case kGoTo:
-      Jump(w[2].Value);
+      Jump(behind());
       Note("A jump will be made to the designated label.");
       Note("Label.");
       break;
@@ -550,11 +630,11 @@ void Runner::Execute() {
       Note("Beginning of DO/LOOP structure.");
       break;
     case kLoop:
-      Jump(w[1].Value);
+      Jump(head.Value);
       Note("End of DO/LOOP structure.\rA jump will be made back to the associated DO statement.");
       break;
     case kExitDo:
-      Jump(w[1].Value);
+      Jump(head.Value);
       Note("Exit from DO/LOOP structure.");
       break;
     case kGoSub: {
@@ -567,7 +647,7 @@ void Runner::Execute() {
       if (static_cast<std::size_t>(depth) >= stack.size()) stack.resize(stack.size() + kGosubStackGrowth);
       stack[0] = depth;
       stack[static_cast<std::size_t>(depth)] = r_.RunPos;
-      Jump(w[2].Value);
+      Jump(behind());
       Note("A jump will be made to the designated subroutine.");
       Note("Label.");
       break;
@@ -582,10 +662,12 @@ void Runner::Execute() {
       Note("Label.");
       break;
     case kHead:
-      r_.ScriptBettor = Code(w[1].Value);
+      r_.ScriptBettor = Code(head.Value);
       if (r_.ScriptBettor == 0) r_.ScriptBettor = g_.betting.CurPlayer;
       break;
     default:
+      if (shape.Plan > 0 && RunPlan(shape)) break;
+      Fill(at, shape.Count);
       Expression();
       break;
   }
@@ -597,6 +679,9 @@ void Runner::Run() {
   r_.ScriptRunning = true;
   r_.RunFailed = false;
   r_.StatementsThisRun = 0;
+  // The statement limit is counted here and written back when the run ends.
+  const std::int64_t limit = r_.RunStatementLimit;
+  std::int64_t statements = 0;
   const bool hyper = g_.HyperDrive;
   // Outside Hyper-Drive the status line reads "Hot-Key" or "Auto-Betting"
   // while the run lasts; the window shows it when it redraws the table.
@@ -611,15 +696,19 @@ void Runner::Run() {
   const int last = static_cast<int>(r_.AllCompiled.size()) - 1;
   if (r_.Shapes.size() != r_.AllCompiled.size()) IndexStatements(r_);
 
+  static constexpr StatementShape kNone;
   while (true) {
-    Fill();
-    if (r_.WorkCount > 0) {
+    const int at = r_.RunPos;
+    const int size = static_cast<int>(r_.AllCompiled.size());
+    const StatementShape& shape = at >= 0 && at < size ? r_.Shapes[static_cast<std::size_t>(at)] : kNone;
+    if (shape.Count > 0) {
+      r_.RunPos += shape.Count;
       notes_ = r_.ShowSteps && !g_.HyperDrive;  // as StepNotesWanted
-      Execute();
+      Execute(at, shape);
       if (notes_ && r_.ScriptRunning && !r_.RunFailed) ShowStep();
       r_.CurStepNote.clear();
       if (r_.RunFailed || !r_.ScriptRunning) break;
-      if (r_.RunStatementLimit > 0 && ++r_.StatementsThisRun >= r_.RunStatementLimit) {
+      if (limit > 0 && ++statements >= limit) {
         // The headless stand-in for the user who interrupts a run.
         r_.ScriptRunning = false;
         g_.KeepRolling = false;
@@ -638,6 +727,7 @@ void Runner::Run() {
     ++r_.RunPos;
   }
 
+  r_.StatementsThisRun = statements;
   // Strings made during the run do not survive it; the entries keep their
   // buffers for the next run.
   r_.AllStringsCount = std::min(poolSize, r_.AllStringsCount);
@@ -677,6 +767,7 @@ void IndexStatements(ScriptRunState& run) {
     if (shape.Kinds & KindBit(kFunction)) shape.Kinds |= KindBit(kVariable);
     run.Shapes[k] = shape;
   }
+  PlanStatements(run);
 }
 
 void RunAutoBets(Game& game) {

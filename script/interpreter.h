@@ -7,7 +7,10 @@
 // bracket groups innermost first, until what is left is a truth value (in a
 // condition), an action, or targets and a value. The sweeps are the ones the
 // compiler's final check makes on types, so a statement that compiled never
-// meets an operand of the wrong type here.
+// meets an operand of the wrong type here. Keywords are read where they
+// stand, without the copy, and so is a plain statement that has a plan
+// (script/statement_plan.h): its operands are read and combined in the
+// order the sweeps would take them.
 //
 // What must stay true:
 // - Nothing in a run stops it but clearing ScriptRunning: a bad value gives

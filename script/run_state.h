@@ -47,8 +47,44 @@ inline constexpr int kGosubStackGrowth = 20;
 struct StatementShape {
   std::int32_t Count = 0;
   std::uint64_t Kinds = 0;
+  std::int32_t Plan = 0;  // 1 + the statement's index in Plans, 0 when it has none
 
   friend bool operator==(const StatementShape&, const StatementShape&) = default;
+};
+
+// Where a plan's operand comes from (see script/statement_plan.h).
+enum PlanSource : std::int32_t {
+  kPlanNumber = 0,     // a number written in the script: Value
+  kPlanBetAmount = 1,  // the amount on bet Bet of the player whose code is Value
+  kPlanVariable = 2,   // the variable at At with its qualifiers
+  kPlanAggregate = 3,  // the list function at At; Bet: how many of its group's follow
+  kPlanElement = 4,    // a comparison or comma of a list function's group, at At
+};
+
+struct PlanOperand {
+  std::int32_t Source = kPlanNumber;
+  std::int32_t At = 0;   // the element in AllCompiled
+  std::int32_t Bet = 0;  // a bet amount's bet
+  double Value = 0;      // a number, or a bet amount's player code
+
+  friend bool operator==(const PlanOperand&, const PlanOperand&) = default;
+};
+
+// One operator of a plan: the operands Left and Right combine into Left.
+struct PlanStep {
+  std::int32_t Left = 0, Op = 0, Right = 0;
+
+  friend bool operator==(const PlanStep&, const PlanStep&) = default;
+};
+
+// A plain statement precompiled: its operands in order, then its operators
+// in the order the sweeps would take them.
+struct StatementPlan {
+  std::int32_t FirstOperand = 0, Operands = 0;
+  std::int32_t FirstStep = 0, Steps = 0;
+  bool Compares = false;  // it holds a comparison (swept only in a condition)
+
+  friend bool operator==(const StatementPlan&, const StatementPlan&) = default;
 };
 
 struct ScriptRunState {
@@ -58,6 +94,10 @@ struct ScriptRunState {
   std::vector<StatementShape> Shapes{StatementShape{}};
   std::vector<PoolString> AllStrings{PoolString{}};
   int AllStringsCount = 0;
+  // The plans of plain statements, made with Shapes.
+  std::vector<StatementPlan> Plans;
+  std::vector<PlanOperand> PlanOperands;
+  std::vector<PlanStep> PlanSteps;
 
   // A run in progress.
   int RunPos = 0;

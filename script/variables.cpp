@@ -406,42 +406,42 @@ ScriptElement VariableValue(Game& g, int v, const ScriptElement* q) {
   return {kNumber, 0};
 }
 
-int ReadVariable(Game& g, int position) {
-  auto& w = g.scriptRun.WorkStatement;
-  const int v = Code(w[static_cast<std::size_t>(position)].Value);
+ScriptElement VariableAt(Game& g, const ScriptElement* e, int& qualifiers) {
+  const int v = Code(e[0].Value);
   // A bet with its four qualifiers, as the compiler writes them: the
   // common case, read without the general search.
   if (v >= 1 && v <= kLastRealBet) {
-    ScriptElement* e = &w[static_cast<std::size_t>(position)];
     auto qualifier = [](const ScriptElement& x) { return x.Kind <= kPlayerRef && x.Kind >= kStatField; };
     if (qualifier(e[1]) && qualifier(e[2]) && qualifier(e[3]) && qualifier(e[4])) {
+      qualifiers = 4;
       if (Code(e[4].Value) == kFieldAmount && Code(e[3].Value) == 1) {
         // The amount on the bet, the field scripts read most.
         const int p = ResolvePlayer(g, e[1].Value);
-        e[0] = {kNumber, p >= 1 && p <= 8 ? g.Bet(p, v).ToDouble() : 0};
-      } else {
-        e[0] = {kNumber, BetVariable(g, v, e + 1)};
+        return {kNumber, p >= 1 && p <= 8 ? g.Bet(p, v).ToDouble() : 0};
       }
-      return 4;
+      return {kNumber, BetVariable(g, v, e + 1)};
     }
   }
   const int cls = VariableClass(v);
   // The qualifiers the compiler put behind the variable; fewer only if a
   // qualifier function failed and left a number in its place.
   int q = 0;
-  while (q < cls && w[static_cast<std::size_t>(position + 1 + q)].Kind <= kPlayerRef &&
-         w[static_cast<std::size_t>(position + 1 + q)].Kind >= kStatField)
-    ++q;
-  const ScriptElement* qualifiers = &w[static_cast<std::size_t>(position + 1)];
+  while (q < cls && e[1 + q].Kind <= kPlayerRef && e[1 + q].Kind >= kStatField) ++q;
+  qualifiers = q;
+  if (q == cls) return VariableValue(g, v, e + 1);
   ScriptElement defaults[4];
-  if (q < cls) {
-    defaults[0] = {kPlayerRef, 0};
-    defaults[1] = {kFrame, 3};
-    defaults[2] = cls == 3 ? ScriptElement{kStatField, 0} : ScriptElement{kStatClass, 1};
-    defaults[3] = {kStatField, 33};
-    for (int k = 0; k < q; ++k) defaults[k] = qualifiers[k];
-    qualifiers = defaults;
-  }
-  w[static_cast<std::size_t>(position)] = VariableValue(g, v, qualifiers);
+  defaults[0] = {kPlayerRef, 0};
+  defaults[1] = {kFrame, 3};
+  defaults[2] = cls == 3 ? ScriptElement{kStatField, 0} : ScriptElement{kStatClass, 1};
+  defaults[3] = {kStatField, 33};
+  for (int k = 0; k < q; ++k) defaults[k] = e[1 + k];
+  return VariableValue(g, v, defaults);
+}
+
+int ReadVariable(Game& g, int position) {
+  ScriptElement* e = &g.scriptRun.WorkStatement[static_cast<std::size_t>(position)];
+  int q = 0;
+  const ScriptElement value = VariableAt(g, e, q);
+  e[0] = value;
   return q;
 }

@@ -26,6 +26,10 @@ int ResolvePlayer(const Game& game, double code);
 // at q[0..]: a number, or for 800..899 a string element.
 ScriptElement VariableValue(Game& game, int v, const ScriptElement* q);
 
+// The value of the variable at e[0] with the qualifiers the compiler put
+// behind it; `qualifiers` is set to how many of them it took.
+ScriptElement VariableAt(Game& game, const ScriptElement* e, int& qualifiers);
+
 // The variable at WorkStatement(position) is read in place; returns the
 // number of qualifier elements behind it, which the caller removes.
 int ReadVariable(Game& game, int position);
