@@ -42,6 +42,7 @@
 #include "table/new_form.h"
 #include "table/path_form.h"
 #include "table/qt_platform.h"
+#include "table/roll_pad_form.h"
 #include "table/table_view.h"
 
 namespace {
@@ -77,6 +78,8 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
     if (bankroll_ && (what == static_cast<int>(Redraw::Graph) ||
                       what == static_cast<int>(Redraw::OpenViews)))
       bankroll_->Refresh();
+    if (rollPad_ && rollPad_->isVisible() && what == static_cast<int>(Redraw::OpenViews))
+      rollPad_->Refresh();
   });
   platform.SetMainWindow(this);
   BuildMenus();
@@ -259,7 +262,8 @@ void CrapTableWindow::BuildMenus() {
     a->setCheckable(true);
     connect(a, &QAction::triggered, this, key(t.key));
   }
-  Unbuilt(action, "mnuRollYourOwnNumbers", "Roll your o&wn numbers\tF12", "Opens the roll pad; not built yet.");
+  connect(Item(action, "mnuRollYourOwnNumbers", "Roll your o&wn numbers\tF12"), &QAction::triggered,
+          this, guarded([this] { RollPad()->show(); }));
 
   QMenu* stats = menuBar()->addMenu("&Statistics");
   stats->setToolTipsVisible(true);
@@ -338,7 +342,8 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (digit >= 0 && (mods & Qt::ControlModifier)) return RestoreView(digit);
   if (key == Qt::Key_Z) Move()->show();
   if (key == Qt::Key_F3) AutoPlay()->show();
-  // F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
+  if (key == Qt::Key_F12) RollPad()->show();
+  // F4, F8, Esc and Ctrl+letters open forms that are not built yet.
 }
 
 ConfigureForm* CrapTableWindow::Configure() {
@@ -379,6 +384,19 @@ AutoPlayForm* CrapTableWindow::AutoPlay() {
   }
   autoPlay_->Refresh();
   return autoPlay_;
+}
+
+RollPadForm* CrapTableWindow::RollPad() {
+  if (!rollPad_) {
+    rollPad_ = new RollPadForm(game_, this);
+    connect(rollPad_, &RollPadForm::rolled, this, [this] {
+      view_->PlaceDice();
+      RefreshMenus();
+      view_->update();
+    });
+    connect(rollPad_, &RollPadForm::tableKey, view_, &TableView::HandleTableKey);
+  }
+  return rollPad_;
 }
 
 void CrapTableWindow::closeEvent(QCloseEvent* event) {

@@ -13,6 +13,7 @@ class ConfigureForm;
 class MoveForm;
 class CheckStacksForm;
 class AutoPlayForm;
+class RollPadForm;
 class WindowKeeper;
 struct Game;
 
@@ -31,6 +32,8 @@ class CrapTableWindow : public QMainWindow {
   CheckStacksForm* CheckStacks();
   // frmAutoPlay, made on first use (F3, mnuAutoPlay).
   AutoPlayForm* AutoPlay();
+  // frmRYON, the roll pad, made on first use (F12, mnuRollYourOwnNumbers).
+  RollPadForm* RollPad();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -62,4 +65,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<MoveForm> move_;
   QPointer<CheckStacksForm> checkStacks_;
   QPointer<AutoPlayForm> autoPlay_;
+  QPointer<RollPadForm> rollPad_;
 };

@@ -33,6 +33,7 @@
 #include "table/path_form.h"
 #include "table/print_pages.h"
 #include "table/qt_platform.h"
+#include "table/roll_pad_form.h"
 #include "table/table_view.h"
 
 namespace {
@@ -130,7 +131,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], pad[:OPTIONS:WxH], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -250,6 +251,16 @@ int main(int argc, char** argv) {
     QWidget* form = window.AutoPlay();
     form->show();
     form->adjustSize();
+    target = form;
+  } else if (o.view.rfind("pad", 0) == 0) {
+    // pad or pad:OPTIONS:WxH, OPTIONS the roll pad's option bits, WxH its size
+    RollPadForm* form = window.RollPad();
+    const std::size_t colon = o.view.find(':');
+    if (colon != std::string::npos) game->pad.PadOptions = std::atoi(o.view.c_str() + colon + 1);
+    const std::size_t size = o.view.find(':', colon == std::string::npos ? 0 : colon + 1);
+    int w = 0, h = 0;
+    form->show();
+    if (size != std::string::npos && ParseSize(o.view.substr(size + 1), w, h)) form->resize(w, h);
     target = form;
   }
   QApplication::processEvents();
