@@ -83,6 +83,9 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-pad-triangle.png --view pad:18:330x560 --rolls 120 $(DEMO_PLAYER)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-pad-totals.png --view pad:113:600x200
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-pad-faces.png --view pad:8:420x220
+	rm -f $(BUILD)/screenshot-files.rol
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/dice-roll-files.png --view dicefiles \
+	  --dice-file $(BUILD)/screenshot-files.rol --rolls 200 $(DEMO_PLAYER)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

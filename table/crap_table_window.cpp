@@ -37,6 +37,7 @@
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
+#include "table/dice_files_form.h"
 #include "table/move_form.h"
 #include "table/window_keeper.h"
 #include "table/new_form.h"
@@ -80,6 +81,10 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
       bankroll_->Refresh();
     if (rollPad_ && rollPad_->isVisible() && what == static_cast<int>(Redraw::OpenViews))
       rollPad_->Refresh();
+    // A roll moves the file's positions; opening, closing and the recorder redraw the table.
+    if (diceFiles_ && diceFiles_->isVisible() &&
+        (what == static_cast<int>(Redraw::OpenViews) || what == static_cast<int>(Redraw::Table)))
+      diceFiles_->Refresh();
   });
   platform.SetMainWindow(this);
   BuildMenus();
@@ -229,7 +234,8 @@ void CrapTableWindow::BuildMenus() {
           &QAction::triggered, this, key(Qt::Key_F2));
   connect(Item(action, "mnuPassDice", "Pass the dice\tP"), &QAction::triggered, this,
           key(Qt::Key_P));
-  Unbuilt(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8", "Opens the dice roll files; not built yet.");
+  connect(Item(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8"), &QAction::triggered, this,
+          guarded([this] { DiceFiles()->show(); }));
   connect(Item(action, "mnuAutoPlay", "Auto-&Play ...\tF3"), &QAction::triggered, this,
           guarded([this] { AutoPlay()->show(); }));
   Unbuilt(action, "mnuAutoBet", "Auto-&Bet ...\tF4", "Opens the script editor; not built yet.");
@@ -343,7 +349,8 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (key == Qt::Key_Z) Move()->show();
   if (key == Qt::Key_F3) AutoPlay()->show();
   if (key == Qt::Key_F12) RollPad()->show();
-  // F4, F8, Esc and Ctrl+letters open forms that are not built yet.
+  if (key == Qt::Key_F8) DiceFiles()->show();
+  // F4, Esc and Ctrl+letters open forms that are not built yet.
 }
 
 ConfigureForm* CrapTableWindow::Configure() {
@@ -384,6 +391,17 @@ AutoPlayForm* CrapTableWindow::AutoPlay() {
   }
   autoPlay_->Refresh();
   return autoPlay_;
+}
+
+DiceFilesForm* CrapTableWindow::DiceFiles() {
+  if (!diceFiles_) {
+    diceFiles_ = new DiceFilesForm(game_, this);
+    connect(diceFiles_, &DiceFilesForm::changed, this, [this] {
+      RefreshMenus();
+      view_->update();
+    });
+  }
+  return diceFiles_;
 }
 
 RollPadForm* CrapTableWindow::RollPad() {

@@ -14,6 +14,7 @@ class MoveForm;
 class CheckStacksForm;
 class AutoPlayForm;
 class RollPadForm;
+class DiceFilesForm;
 class WindowKeeper;
 struct Game;
 
@@ -34,6 +35,8 @@ class CrapTableWindow : public QMainWindow {
   AutoPlayForm* AutoPlay();
   // frmRYON, the roll pad, made on first use (F12, mnuRollYourOwnNumbers).
   RollPadForm* RollPad();
+  // frmDiceRollFiles, made on first use (F8, mnuDiceRollFiles).
+  DiceFilesForm* DiceFiles();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -66,4 +69,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<CheckStacksForm> checkStacks_;
   QPointer<AutoPlayForm> autoPlay_;
   QPointer<RollPadForm> rollPad_;
+  QPointer<DiceFilesForm> diceFiles_;
 };

@@ -145,6 +145,8 @@ RollPadForm::RollPadForm(Game& game, QWidget* parent) : QDialog(parent), game_(g
   for (QWidget* w : {static_cast<QWidget*>(random_), static_cast<QWidget*>(hyperDrive_),
                      static_cast<QWidget*>(throttle_)})
     w->setFocusPolicy(Qt::NoFocus);
+  random_->setAutoDefault(false);
+  hyperDrive_->setAutoDefault(false);
   setFocusPolicy(Qt::StrongFocus);
 
   auto* buttons = new QHBoxLayout;

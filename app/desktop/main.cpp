@@ -18,6 +18,7 @@
 #include "automation/autoplay_selection.h"
 #include "cycle/hyperdrive.h"
 #include "dice/dice_file.h"
+#include "dice/dice_file_edit.h"
 #include "dice/rng.h"
 #include "engine/check_stacks_print.h"
 #include "core/game.h"
@@ -27,6 +28,7 @@
 #include "table/check_stacks_form.h"
 #include "table/auto_play_form.h"
 #include "table/configure_form.h"
+#include "table/dice_files_form.h"
 #include "table/table_colors.h"
 #include "table/crap_table_window.h"
 #include "table/new_form.h"
@@ -131,7 +133,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], pad[:OPTIONS:WxH], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, pad[:OPTIONS:WxH], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -251,6 +253,18 @@ int main(int argc, char** argv) {
     QWidget* form = window.AutoPlay();
     form->show();
     form->adjustSize();
+    target = form;
+  } else if (o.view == "dicefiles") {
+    // Rolls 5 to 9 selected and the sevens highlighted, to show both.
+    if (!game->diceFile.DiceFilePath.empty()) {
+      game->diceFile.DiceFilePos = 5;
+      game->diceFile.DiceSelEnd = 9;
+      ToggleHighlightTotal(*game, 7);
+    }
+    DiceFilesForm* form = window.DiceFiles();
+    form->show();
+    form->resize(form->sizeHint().width(), 560);
+    form->Refresh();
     target = form;
   } else if (o.view.rfind("pad", 0) == 0) {
     // pad or pad:OPTIONS:WxH, OPTIONS the roll pad's option bits, WxH its size
