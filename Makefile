@@ -86,6 +86,9 @@ screenshots: build
 	rm -f $(BUILD)/screenshot-files.rol
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/dice-roll-files.png --view dicefiles \
 	  --dice-file $(BUILD)/screenshot-files.rol --rolls 200 $(DEMO_PLAYER)
+	rm -f $(BUILD)/screenshot-events.txt
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/events-log.png --view eventslog \
+	  --events-log $(BUILD)/screenshot-events.txt --rolls 40 $(DEMO_PLAYER)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -38,6 +38,7 @@
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
 #include "table/dice_files_form.h"
+#include "table/events_log_form.h"
 #include "table/move_form.h"
 #include "table/window_keeper.h"
 #include "table/new_form.h"
@@ -85,6 +86,8 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
     if (diceFiles_ && diceFiles_->isVisible() &&
         (what == static_cast<int>(Redraw::OpenViews) || what == static_cast<int>(Redraw::Table)))
       diceFiles_->Refresh();
+    if (eventsLog_ && eventsLog_->isVisible() && what == static_cast<int>(Redraw::OpenViews))
+      eventsLog_->Refresh();
   });
   platform.SetMainWindow(this);
   BuildMenus();
@@ -275,7 +278,8 @@ void CrapTableWindow::BuildMenus() {
   stats->setToolTipsVisible(true);
   const QString later = QStringLiteral("Opens this statistics view; not built yet.");
   Unbuilt(stats, "mnuSessionsLog", "&Sessions Log ...", later);
-  Unbuilt(stats, "mnuEventsLog", "E&vents Log ...", later);
+  connect(Item(stats, "mnuEventsLog", "E&vents Log ..."), &QAction::triggered, this,
+          guarded([this] { EventsLog()->show(); }));
   Unbuilt(stats, "mnuSummary", "&Summary ...", later);
   Unbuilt(stats, "mnuHands", "&Hands ...", later);
   connect(Item(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
@@ -402,6 +406,11 @@ DiceFilesForm* CrapTableWindow::DiceFiles() {
     });
   }
   return diceFiles_;
+}
+
+EventsLogForm* CrapTableWindow::EventsLog() {
+  if (!eventsLog_) eventsLog_ = new EventsLogForm(game_, this);
+  return eventsLog_;
 }
 
 RollPadForm* CrapTableWindow::RollPad() {

@@ -15,6 +15,7 @@ class CheckStacksForm;
 class AutoPlayForm;
 class RollPadForm;
 class DiceFilesForm;
+class EventsLogForm;
 class WindowKeeper;
 struct Game;
 
@@ -37,6 +38,8 @@ class CrapTableWindow : public QMainWindow {
   RollPadForm* RollPad();
   // frmDiceRollFiles, made on first use (F8, mnuDiceRollFiles).
   DiceFilesForm* DiceFiles();
+  // frmEventsLog, made on first use (mnuEventsLog).
+  EventsLogForm* EventsLog();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -70,4 +73,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<AutoPlayForm> autoPlay_;
   QPointer<RollPadForm> rollPad_;
   QPointer<DiceFilesForm> diceFiles_;
+  QPointer<EventsLogForm> eventsLog_;
 };

@@ -20,6 +20,7 @@
 #include "dice/dice_file.h"
 #include "dice/dice_file_edit.h"
 #include "dice/rng.h"
+#include "logs/events_log_view.h"
 #include "engine/check_stacks_print.h"
 #include "core/game.h"
 #include "cycle/startup.h"
@@ -29,6 +30,7 @@
 #include "table/auto_play_form.h"
 #include "table/configure_form.h"
 #include "table/dice_files_form.h"
+#include "table/events_log_form.h"
 #include "table/table_colors.h"
 #include "table/crap_table_window.h"
 #include "table/new_form.h"
@@ -53,6 +55,7 @@ struct Options {
   int bettor = 0;
   bool fullTable = false;
   std::string diceFile;
+  std::string eventsLog;
   int graphAdjust = -1;
   int graphAverage = -1;
   int skin = 0;
@@ -133,7 +136,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, pad[:OPTIONS:WxH], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, pad[:OPTIONS:WxH], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -141,6 +144,7 @@ int main(int argc, char** argv) {
   cli.add_option("--seed", o.seed, "Seed of the dice");
   cli.add_option("--bettor", o.bettor, "Seat of the selected player");
   cli.add_option("--dice-file", o.diceFile, "Open (or create) a dice roll file and record to it");
+  cli.add_option("--events-log", o.eventsLog, "Record every kind of event into this events log file");
   cli.add_flag("--full-table", o.fullTable, "Seat eight players with bets of every kind");
   cli.add_option("--graph-adjust", o.graphAdjust, "Bankroll graph: 0 manual, 1 auto-shift, 2 expanding, 3 snap-back")
       ->check(CLI::Range(0, 3));
@@ -194,6 +198,10 @@ int main(int argc, char** argv) {
   if (!o.diceFile.empty() &&
       !(OpenDiceRollFile(*game, o.diceFile) && SetDiceFileMode(*game, kDiceFileRecording)))
     return 1;
+  if (!o.eventsLog.empty()) {
+    OpenEventsLog(*game, o.eventsLog);
+    game->roll.LogOn = true;
+  }
   // A loaded game keeps its own view unless an option says otherwise.
   const bool fresh = o.load.empty();
   if (fresh || cli.count("--rotate")) game->table.TableRotation = ((o.rotate % 360) + 360) % 360;
@@ -264,6 +272,12 @@ int main(int argc, char** argv) {
     DiceFilesForm* form = window.DiceFiles();
     form->show();
     form->resize(form->sizeHint().width(), 560);
+    form->Refresh();
+    target = form;
+  } else if (o.view == "eventslog") {
+    EventsLogForm* form = window.EventsLog();
+    form->show();
+    form->resize(720, 520);
     form->Refresh();
     target = form;
   } else if (o.view.rfind("pad", 0) == 0) {
