@@ -89,6 +89,9 @@ screenshots: build
 	rm -f $(BUILD)/screenshot-events.txt
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/events-log.png --view eventslog \
 	  --events-log $(BUILD)/screenshot-events.txt --rolls 40 $(DEMO_PLAYER)
+	rm -f $(BUILD)/screenshot-sessions.slg
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/sessions-log.png --view sessionslog \
+	  --sessions-log $(BUILD)/screenshot-sessions.slg --sessions 60 --rolls 150 $(DEMO_PLAYER)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

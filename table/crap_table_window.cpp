@@ -39,6 +39,7 @@
 #include "table/configure_form.h"
 #include "table/dice_files_form.h"
 #include "table/events_log_form.h"
+#include "table/sessions_log_form.h"
 #include "table/move_form.h"
 #include "table/window_keeper.h"
 #include "table/new_form.h"
@@ -277,7 +278,8 @@ void CrapTableWindow::BuildMenus() {
   QMenu* stats = menuBar()->addMenu("&Statistics");
   stats->setToolTipsVisible(true);
   const QString later = QStringLiteral("Opens this statistics view; not built yet.");
-  Unbuilt(stats, "mnuSessionsLog", "&Sessions Log ...", later);
+  connect(Item(stats, "mnuSessionsLog", "&Sessions Log ..."), &QAction::triggered, this,
+          guarded([this] { SessionsLog()->show(); }));
   connect(Item(stats, "mnuEventsLog", "E&vents Log ..."), &QAction::triggered, this,
           guarded([this] { EventsLog()->show(); }));
   Unbuilt(stats, "mnuSummary", "&Summary ...", later);
@@ -406,6 +408,11 @@ DiceFilesForm* CrapTableWindow::DiceFiles() {
     });
   }
   return diceFiles_;
+}
+
+SessionsLogForm* CrapTableWindow::SessionsLog() {
+  if (!sessionsLog_) sessionsLog_ = new SessionsLogForm(game_, this);
+  return sessionsLog_;
 }
 
 EventsLogForm* CrapTableWindow::EventsLog() {

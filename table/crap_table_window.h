@@ -16,6 +16,7 @@ class AutoPlayForm;
 class RollPadForm;
 class DiceFilesForm;
 class EventsLogForm;
+class SessionsLogForm;
 class WindowKeeper;
 struct Game;
 
@@ -40,6 +41,8 @@ class CrapTableWindow : public QMainWindow {
   DiceFilesForm* DiceFiles();
   // frmEventsLog, made on first use (mnuEventsLog).
   EventsLogForm* EventsLog();
+  // frmGames, the sessions log, made on first use (mnuSessionsLog).
+  SessionsLogForm* SessionsLog();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -74,4 +77,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<RollPadForm> rollPad_;
   QPointer<DiceFilesForm> diceFiles_;
   QPointer<EventsLogForm> eventsLog_;
+  QPointer<SessionsLogForm> sessionsLog_;
 };
