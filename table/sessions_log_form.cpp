@@ -23,6 +23,7 @@
 #include "core/money.h"
 #include "core/data_folder.h"
 #include "stats/number_format.h"
+#include "stats/sessions_find.h"
 #include "stats/sessions_log.h"
 #include "store/file_chooser.h"
 
@@ -316,7 +317,7 @@ void SessionsLogForm::BuildMenus(QLayout* layout) {
     a->setData(kBarWidths[i]);
     group->addAction(a);
   }
-  unbuilt(options, "mnuFind", "&Find ...", later);
+  add(options, "mnuFind", "&Find ...", [this] { Find(); });
 }
 
 std::string SessionsLogForm::LogPath() const {
@@ -468,6 +469,33 @@ void SessionsLogForm::DeleteAllSessions() {
                            " sessions in the file\r\"" + std::string(FileNameOf(path)) + "\"\rwhich is currently displayed.";
   if (ShowNotice(game_, text, "Delete All Sessions", 0, kMsgYes | kMsgNo | kMsgPicQmark) != kAnswerYes) return;
   if (const auto error = CreateSessionsLog(path)) ShowNotice(game_, *error, "Delete All Sessions", 0, kMsgOk);
+  Refresh();
+}
+
+void SessionsLogForm::Find() {
+  const std::string path = LogPath();
+  if (path.empty()) return;
+  const ViewsState& v = game_.views;
+  MessageState& msg = game_.msg;
+  msg.MsgInput1.clear();
+  if (ShowNotice(game_,
+                 "If found, the line will appear at the top of the data box.\r\r"
+                 "Enter the value you'd like to find for:" + SessionValueName(v.SessionsView),
+                 "Find", 0, kMsgOk | kMsgCancel | kMsgInput1 | kMsgSignedInput | kMsgPicQmark) != kAnswerOk)
+    return;
+  SessionsRequest rq;
+  rq.path = path;
+  rq.value = v.SessionsView;
+  rq.filter = v.SessionsFilter;
+  rq.breakLow = v.BreakLow;
+  rq.breakHigh = v.BreakHigh;
+  rq.rawTop = v.RawTop;
+  const std::int32_t hit = FindSessionValue(rq, CurFromDouble(LeadingValue(msg.MsgInput1)), 1);
+  if (hit == 0) {
+    ShowNotice(game_, "Value not found.", "Search Results", 0, kMsgOk);
+    return;
+  }
+  game_.views.RawTop = hit;
   Refresh();
 }
 

@@ -57,6 +57,8 @@ class SessionsLogForm : public QDialog {
   void DeleteSomeSessions();
   void DeleteAllSessions();
   void OpenLog();
+  // mnuFind: the data list's top moves to the next session with the typed value.
+  void Find();
   // The range boxes: a typed value clears its deviation box and the reverse.
   void RangeEdited(int box, bool deviation);
 

@@ -88,6 +88,15 @@ void SessionsLogTest::theLogShowsItsClassesAndResults() {
   QVERIFY(t.Text("lblRaw0").simplified() == "1 50.0");
   QVERIFY(t.Text("lblRaw1").simplified() == "2 0");
   QVERIFY(t.Text("lblRaw2").isEmpty());
+
+  // Find moves the list's top to the session with the value.
+  t.AnswerMessage(0, "0");
+  t.Trigger("mnuFind");
+  QCOMPARE(t.game->views.RawTop, 2);
+  QVERIFY(t.Text("lblRaw0").simplified() == "2 0");
+  t.AnswerMessage(0, "-20");  // the lost session is left out
+  t.Trigger("mnuFind");
+  QCOMPARE(t.shown.back(), std::make_pair(std::string("Search Results"), std::string("Value not found.")));
 }
 
 void SessionsLogTest::theBreakPointReclassesTheSessions() {
