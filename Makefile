@@ -79,6 +79,19 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-advantage.png --view configure:9
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-checkstacks.png --view print:checkstacks --full-table
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-advantage.png --view print:advantage
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-pad-box.png --view pad:84:330x360 --rolls 120 $(DEMO_PLAYER)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-pad-triangle.png --view pad:18:330x560 --rolls 120 $(DEMO_PLAYER)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-pad-totals.png --view pad:113:600x200
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-pad-faces.png --view pad:8:420x220
+	rm -f $(BUILD)/screenshot-files.rol
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/dice-roll-files.png --view dicefiles \
+	  --dice-file $(BUILD)/screenshot-files.rol --rolls 200 $(DEMO_PLAYER)
+	rm -f $(BUILD)/screenshot-events.txt
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/events-log.png --view eventslog \
+	  --events-log $(BUILD)/screenshot-events.txt --rolls 40 $(DEMO_PLAYER)
+	rm -f $(BUILD)/screenshot-sessions.slg
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/sessions-log.png --view sessionslog \
+	  --sessions-log $(BUILD)/screenshot-sessions.slg --sessions 60 --rolls 150 $(DEMO_PLAYER)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -37,11 +37,15 @@
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
+#include "table/dice_files_form.h"
+#include "table/events_log_form.h"
+#include "table/sessions_log_form.h"
 #include "table/move_form.h"
 #include "table/window_keeper.h"
 #include "table/new_form.h"
 #include "table/path_form.h"
 #include "table/qt_platform.h"
+#include "table/roll_pad_form.h"
 #include "table/table_view.h"
 
 namespace {
@@ -77,6 +81,14 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
     if (bankroll_ && (what == static_cast<int>(Redraw::Graph) ||
                       what == static_cast<int>(Redraw::OpenViews)))
       bankroll_->Refresh();
+    if (rollPad_ && rollPad_->isVisible() && what == static_cast<int>(Redraw::OpenViews))
+      rollPad_->Refresh();
+    // A roll moves the file's positions; opening, closing and the recorder redraw the table.
+    if (diceFiles_ && diceFiles_->isVisible() &&
+        (what == static_cast<int>(Redraw::OpenViews) || what == static_cast<int>(Redraw::Table)))
+      diceFiles_->Refresh();
+    if (eventsLog_ && eventsLog_->isVisible() && what == static_cast<int>(Redraw::OpenViews))
+      eventsLog_->Refresh();
   });
   platform.SetMainWindow(this);
   BuildMenus();
@@ -226,7 +238,8 @@ void CrapTableWindow::BuildMenus() {
           &QAction::triggered, this, key(Qt::Key_F2));
   connect(Item(action, "mnuPassDice", "Pass the dice\tP"), &QAction::triggered, this,
           key(Qt::Key_P));
-  Unbuilt(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8", "Opens the dice roll files; not built yet.");
+  connect(Item(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8"), &QAction::triggered, this,
+          guarded([this] { DiceFiles()->show(); }));
   connect(Item(action, "mnuAutoPlay", "Auto-&Play ...\tF3"), &QAction::triggered, this,
           guarded([this] { AutoPlay()->show(); }));
   Unbuilt(action, "mnuAutoBet", "Auto-&Bet ...\tF4", "Opens the script editor; not built yet.");
@@ -259,13 +272,16 @@ void CrapTableWindow::BuildMenus() {
     a->setCheckable(true);
     connect(a, &QAction::triggered, this, key(t.key));
   }
-  Unbuilt(action, "mnuRollYourOwnNumbers", "Roll your o&wn numbers\tF12", "Opens the roll pad; not built yet.");
+  connect(Item(action, "mnuRollYourOwnNumbers", "Roll your o&wn numbers\tF12"), &QAction::triggered,
+          this, guarded([this] { RollPad()->show(); }));
 
   QMenu* stats = menuBar()->addMenu("&Statistics");
   stats->setToolTipsVisible(true);
   const QString later = QStringLiteral("Opens this statistics view; not built yet.");
-  Unbuilt(stats, "mnuSessionsLog", "&Sessions Log ...", later);
-  Unbuilt(stats, "mnuEventsLog", "E&vents Log ...", later);
+  connect(Item(stats, "mnuSessionsLog", "&Sessions Log ..."), &QAction::triggered, this,
+          guarded([this] { SessionsLog()->show(); }));
+  connect(Item(stats, "mnuEventsLog", "E&vents Log ..."), &QAction::triggered, this,
+          guarded([this] { EventsLog()->show(); }));
   Unbuilt(stats, "mnuSummary", "&Summary ...", later);
   Unbuilt(stats, "mnuHands", "&Hands ...", later);
   connect(Item(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
@@ -338,7 +354,9 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (digit >= 0 && (mods & Qt::ControlModifier)) return RestoreView(digit);
   if (key == Qt::Key_Z) Move()->show();
   if (key == Qt::Key_F3) AutoPlay()->show();
-  // F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
+  if (key == Qt::Key_F12) RollPad()->show();
+  if (key == Qt::Key_F8) DiceFiles()->show();
+  // F4, Esc and Ctrl+letters open forms that are not built yet.
 }
 
 ConfigureForm* CrapTableWindow::Configure() {
@@ -379,6 +397,40 @@ AutoPlayForm* CrapTableWindow::AutoPlay() {
   }
   autoPlay_->Refresh();
   return autoPlay_;
+}
+
+DiceFilesForm* CrapTableWindow::DiceFiles() {
+  if (!diceFiles_) {
+    diceFiles_ = new DiceFilesForm(game_, this);
+    connect(diceFiles_, &DiceFilesForm::changed, this, [this] {
+      RefreshMenus();
+      view_->update();
+    });
+  }
+  return diceFiles_;
+}
+
+SessionsLogForm* CrapTableWindow::SessionsLog() {
+  if (!sessionsLog_) sessionsLog_ = new SessionsLogForm(game_, this);
+  return sessionsLog_;
+}
+
+EventsLogForm* CrapTableWindow::EventsLog() {
+  if (!eventsLog_) eventsLog_ = new EventsLogForm(game_, this);
+  return eventsLog_;
+}
+
+RollPadForm* CrapTableWindow::RollPad() {
+  if (!rollPad_) {
+    rollPad_ = new RollPadForm(game_, this);
+    connect(rollPad_, &RollPadForm::rolled, this, [this] {
+      view_->PlaceDice();
+      RefreshMenus();
+      view_->update();
+    });
+    connect(rollPad_, &RollPadForm::tableKey, view_, &TableView::HandleTableKey);
+  }
+  return rollPad_;
 }
 
 void CrapTableWindow::closeEvent(QCloseEvent* event) {

@@ -13,6 +13,10 @@ class ConfigureForm;
 class MoveForm;
 class CheckStacksForm;
 class AutoPlayForm;
+class RollPadForm;
+class DiceFilesForm;
+class EventsLogForm;
+class SessionsLogForm;
 class WindowKeeper;
 struct Game;
 
@@ -31,6 +35,14 @@ class CrapTableWindow : public QMainWindow {
   CheckStacksForm* CheckStacks();
   // frmAutoPlay, made on first use (F3, mnuAutoPlay).
   AutoPlayForm* AutoPlay();
+  // frmRYON, the roll pad, made on first use (F12, mnuRollYourOwnNumbers).
+  RollPadForm* RollPad();
+  // frmDiceRollFiles, made on first use (F8, mnuDiceRollFiles).
+  DiceFilesForm* DiceFiles();
+  // frmEventsLog, made on first use (mnuEventsLog).
+  EventsLogForm* EventsLog();
+  // frmGames, the sessions log, made on first use (mnuSessionsLog).
+  SessionsLogForm* SessionsLog();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -62,4 +74,8 @@ class CrapTableWindow : public QMainWindow {
   QPointer<MoveForm> move_;
   QPointer<CheckStacksForm> checkStacks_;
   QPointer<AutoPlayForm> autoPlay_;
+  QPointer<RollPadForm> rollPad_;
+  QPointer<DiceFilesForm> diceFiles_;
+  QPointer<EventsLogForm> eventsLog_;
+  QPointer<SessionsLogForm> sessionsLog_;
 };

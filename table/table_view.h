@@ -37,6 +37,8 @@ class TableView : public QWidget {
   void MoveTable(int dx, int dy);
   // Rolls the dice (right click, F2, mnuRollDice) unless a roll is in progress.
   void Roll();
+  // Lays the dice of the last roll on the table (after a roll made elsewhere).
+  void PlaceDice();
   // The status line's text by PendingAction and Hyper-Drive.
   std::string StatusLineText() const;
   // Opens txtEnterBet over bet b (key-in amounts); commits an open one.
@@ -77,7 +79,6 @@ class TableView : public QWidget {
   void PaintStatusBoxes(QPainter& p);
   void ShowHoverAmount();
   void StepRing();
-  void PlaceDice();
   void MoveEnterBet(int key);
 
   Game& game_;

@@ -220,6 +220,10 @@ double Money(Currency a) { return a.ToDouble(); }
 
 }  // namespace
 
+bool PlacePlayerBets(Game& game, const PlayerOptions& o, std::string& error) {
+  return PlaceAll(game, o.bets, error);
+}
+
 void AddPlayerOptions(CLI::App& cmd, PlayerOptions& o) {
   cmd.add_option("--player", o.players,
                  "Seat a player: NAME[=BANKROLL][@SEAT] (bankroll 1000; without a seat, the "

@@ -34,6 +34,8 @@ void AddPlayerOptions(CLI::App& cmd, PlayerOptions& options);
 // Seats the players and places their bets; false with `error` on bad usage.
 // A bet the rules refuse or cut is reported on stderr and the run goes on.
 bool SetUpPlayerOptions(Game& game, const PlayerOptions& options, std::string& error);
+// Places the --bet bets again (at the start of a further session).
+bool PlacePlayerBets(Game& game, const PlayerOptions& options, std::string& error);
 // One object per seated player: name, seat, money, and the decided bets of the session.
 nlohmann::json PlayersJson(const Game& game);
 // The same for people: each seated player's money, then one line per decided

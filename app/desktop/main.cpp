@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -17,8 +18,11 @@
 #include "app/desktop/scene.h"
 #include "automation/autoplay_selection.h"
 #include "cycle/hyperdrive.h"
+#include "cycle/session.h"
 #include "dice/dice_file.h"
+#include "dice/dice_file_edit.h"
 #include "dice/rng.h"
+#include "logs/events_log_view.h"
 #include "engine/check_stacks_print.h"
 #include "core/game.h"
 #include "cycle/startup.h"
@@ -27,12 +31,16 @@
 #include "table/check_stacks_form.h"
 #include "table/auto_play_form.h"
 #include "table/configure_form.h"
+#include "table/dice_files_form.h"
+#include "table/events_log_form.h"
+#include "table/sessions_log_form.h"
 #include "table/table_colors.h"
 #include "table/crap_table_window.h"
 #include "table/new_form.h"
 #include "table/path_form.h"
 #include "table/print_pages.h"
 #include "table/qt_platform.h"
+#include "table/roll_pad_form.h"
 #include "table/table_view.h"
 
 namespace {
@@ -50,6 +58,9 @@ struct Options {
   int bettor = 0;
   bool fullTable = false;
   std::string diceFile;
+  std::string eventsLog;
+  std::string sessionsLog;
+  int sessions = 0;
   int graphAdjust = -1;
   int graphAverage = -1;
   int skin = 0;
@@ -130,7 +141,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -138,6 +149,10 @@ int main(int argc, char** argv) {
   cli.add_option("--seed", o.seed, "Seed of the dice");
   cli.add_option("--bettor", o.bettor, "Seat of the selected player");
   cli.add_option("--dice-file", o.diceFile, "Open (or create) a dice roll file and record to it");
+  cli.add_option("--events-log", o.eventsLog, "Record every kind of event into this events log file");
+  cli.add_option("--sessions-log", o.sessionsLog, "The first seated player's sessions log file");
+  cli.add_option("--sessions", o.sessions, "Play this many sessions of --rolls rolls first, each recorded in the sessions logs")
+      ->check(CLI::Range(0, 100000));
   cli.add_flag("--full-table", o.fullTable, "Seat eight players with bets of every kind");
   cli.add_option("--graph-adjust", o.graphAdjust, "Bankroll graph: 0 manual, 1 auto-shift, 2 expanding, 3 snap-back")
       ->check(CLI::Range(0, 3));
@@ -191,6 +206,16 @@ int main(int argc, char** argv) {
   if (!o.diceFile.empty() &&
       !(OpenDiceRollFile(*game, o.diceFile) && SetDiceFileMode(*game, kDiceFileRecording)))
     return 1;
+  if (!o.sessionsLog.empty())
+    for (int p = 1; p <= 8; ++p)
+      if (!game->PlayerName[static_cast<std::size_t>(p)].empty()) {
+        game->roll.SessionLogPath[static_cast<std::size_t>(p)] = o.sessionsLog;
+        break;
+      }
+  if (!o.eventsLog.empty()) {
+    OpenEventsLog(*game, o.eventsLog);
+    game->roll.LogOn = true;
+  }
   // A loaded game keeps its own view unless an option says otherwise.
   const bool fresh = o.load.empty();
   if (fresh || cli.count("--rotate")) game->table.TableRotation = ((o.rotate % 360) + 360) % 360;
@@ -211,9 +236,16 @@ int main(int argc, char** argv) {
 
   QApplication::processEvents();
   window.View()->AutoSize();
-  if (o.rolls > 0) {
-    game->hyper.RunRollLimit = o.rolls;
-    RunHyperDrive(*game);
+  for (int n = 0; n < std::max(o.sessions, 1); ++n) {
+    if (o.rolls > 0) {
+      game->hyper.RunRollLimit = o.rolls;
+      RunHyperDrive(*game);
+    }
+    // A new session writes the one just played into the sessions logs.
+    if (o.sessions > 0) {
+      NewSession(*game, true, true, true, 2);
+      if (!PlacePlayerBets(*game, o.players, error)) std::cerr << "ravelton: " << error << "\n";
+    }
   }
   if (o.view.rfind("print:", 0) == 0) return SavePrintPreview(*game, o.view.substr(6), o.screenshot);
   QWidget* target = &window;
@@ -250,6 +282,39 @@ int main(int argc, char** argv) {
     QWidget* form = window.AutoPlay();
     form->show();
     form->adjustSize();
+    target = form;
+  } else if (o.view == "dicefiles") {
+    // Rolls 5 to 9 selected and the sevens highlighted, to show both.
+    if (!game->diceFile.DiceFilePath.empty()) {
+      game->diceFile.DiceFilePos = 5;
+      game->diceFile.DiceSelEnd = 9;
+      ToggleHighlightTotal(*game, 7);
+    }
+    DiceFilesForm* form = window.DiceFiles();
+    form->show();
+    form->resize(form->sizeHint().width(), 560);
+    form->Refresh();
+    target = form;
+  } else if (o.view == "sessionslog") {
+    SessionsLogForm* form = window.SessionsLog();
+    form->show();
+    form->adjustSize();
+    target = form;
+  } else if (o.view == "eventslog") {
+    EventsLogForm* form = window.EventsLog();
+    form->show();
+    form->resize(720, 520);
+    form->Refresh();
+    target = form;
+  } else if (o.view.rfind("pad", 0) == 0) {
+    // pad or pad:OPTIONS:WxH, OPTIONS the roll pad's option bits, WxH its size
+    RollPadForm* form = window.RollPad();
+    const std::size_t colon = o.view.find(':');
+    if (colon != std::string::npos) game->pad.PadOptions = std::atoi(o.view.c_str() + colon + 1);
+    const std::size_t size = o.view.find(':', colon == std::string::npos ? 0 : colon + 1);
+    int w = 0, h = 0;
+    form->show();
+    if (size != std::string::npos && ParseSize(o.view.substr(size + 1), w, h)) form->resize(w, h);
     target = form;
   }
   QApplication::processEvents();

@@ -1,0 +1,84 @@
+// frmGames, the Sessions Log: one player's log read as a sample of any one
+// of its 32 values, the classes of sessions by the break-point, the fifteen
+// results, the histogram of 525 columns with the mean, the deviations and
+// the range lines marked, or the list of the sessions' values. The figures
+// come whole from FigureSessionsLog (stats/sessions_stats.h), which streams
+// the file; the form keeps only what its range boxes hold.
+#pragma once
+
+#include <QDialog>
+#include <array>
+#include <optional>
+
+#include "stats/sessions_stats.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QRadioButton;
+class QScrollBar;
+class QStackedWidget;
+struct Game;
+
+// picHistogram: 525 columns by 224 rows.
+class SessionsHistogram : public QWidget {
+  Q_OBJECT
+ public:
+  explicit SessionsHistogram(QWidget* parent = nullptr);
+  void Show(const SessionsFigures* figures, int barWidth);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  const SessionsFigures* figures_ = nullptr;
+  int barWidth_ = 5;
+};
+
+class SessionsLogForm : public QDialog {
+  Q_OBJECT
+ public:
+  explicit SessionsLogForm(Game& game, QWidget* parent = nullptr);
+  // UpdateSessionsLog: reads the player's log and shows every figure.
+  void Refresh();
+  const SessionsFigures& Figures() const { return figures_; }
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void BuildMenus(QLayout* layout);
+  QWidget* BuildResults();
+  // The log of the player shown ("" when nobody is seated).
+  std::string LogPath() const;
+  void SetBreakPoint();
+  void DeleteSomeSessions();
+  void DeleteAllSessions();
+  void OpenLog();
+  // mnuFind: the data list's top moves to the next session with the typed value.
+  void Find();
+  // The range boxes: a typed value clears its deviation box and the reverse.
+  void RangeEdited(int box, bool deviation);
+
+  Game& game_;
+  SessionsFigures figures_;
+  QComboBox* player_;
+  QComboBox* view_;
+  std::array<QCheckBox*, 3> include_{};
+  std::array<QLabel*, 4> games_{}, gamesPct_{};
+  std::array<QLabel*, 15> resultNames_{}, results_{};
+  QRadioButton* histogramOption_;
+  QRadioButton* dataOption_;
+  QStackedWidget* shown_;
+  SessionsHistogram* histogram_;
+  QLabel* vertAxis_;
+  std::array<QLabel*, kDataListRows> rows_{};
+  QScrollBar* raw_;
+  std::array<QLineEdit*, 2> valueBox_{}, sdBox_{};
+  QLabel* rangeCount_;
+  QLabel* rangeShare_;
+  std::array<std::optional<double>, 2> rangeValue_, rangeSd_;
+  bool filling_ = false;
+};

@@ -1,0 +1,139 @@
+// frmGames under the offscreen platform: the menu opens the player's log
+// with its classes and results, the include boxes and the break-point
+// re-class the sessions, the data list shows the values, and deletions
+// reach the file or are refused with their message.
+#include <QCheckBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "desktop_fixture.h"
+#include "stats/sessions_log.h"
+#include "table/sessions_log_form.h"
+
+class SessionsLogTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void theLogShowsItsClassesAndResults();
+  void theBreakPointReclassesTheSessions();
+  void deletionsReachTheFileOrAreRefused();
+};
+
+namespace {
+
+struct SessionsLogTable : DesktopTable {
+  QTemporaryDir dir;
+  std::string path;
+  SessionsLogForm* form = nullptr;
+
+  // Ann's log: three sessions with a net of +50, 0 and -20 on a handle of 100 each.
+  SessionsLogTable() : DesktopTable(1) {
+    game->roll.DataFolder = dir.path().toStdString() + "/";
+    path = game->roll.DataFolder + "ann.slg";
+    game->roll.SessionLogPath[1] = path;
+    for (int net : {50, 0, -20}) {
+      SessionRecord r{};
+      r[kHandleValue] = Currency::FromWhole(100);
+      r[kNetValue] = Currency::FromWhole(net);
+      if (const auto error = AppendSessionRecord(path, r)) qFatal("%s", error->c_str());
+    }
+    window->findChild<QAction*>("mnuSessionsLog")->trigger();
+    form = window->SessionsLog();
+    if (!form->isVisible()) qFatal("the menu did not open the sessions log");
+  }
+  QString Text(const char* name) { return FormChild<QLabel>(*form, name)->text(); }
+  // The value shown beside the result named `name`.
+  QString Result(const QString& name) {
+    for (int i = 0; i < 15; ++i)
+      if (Text(qPrintable(QString("lblResultName%1").arg(i))) == name)
+        return Text(qPrintable(QString("lblResult%1").arg(i)));
+    qFatal("no result %s", qPrintable(name));
+  }
+  void Trigger(const char* name) { FormChild<QAction>(*form, name)->trigger(); }
+  // Answers the next two-box prompt with OK.
+  void AnswerTwo(const QString& first, const QString& second) {
+    answers.push_back([first, second](QDialog& d) {
+      auto* m = dynamic_cast<MessageForm*>(&d);
+      QVERIFY(m && m->Input(0) && m->Input(1));
+      m->Input(0)->setText(first);
+      m->Input(1)->setText(second);
+      QTest::mouseClick(m->Button(0), Qt::LeftButton);
+    });
+  }
+};
+
+}  // namespace
+
+void SessionsLogTest::theLogShowsItsClassesAndResults() {
+  SessionsLogTable t;
+  QCOMPARE(t.form->windowTitle(), QString("Sessions Log (ann.slg)"));
+  QCOMPARE(t.Text("lblGames0"), QString("1"));
+  QCOMPARE(t.Text("lblGames1"), QString("1"));
+  QCOMPARE(t.Text("lblGames2"), QString("1"));
+  QCOMPARE(t.Text("lblGames3"), QString("3"));
+  QCOMPARE(t.Result("Mean"), QString("10.0"));
+  QCOMPARE(t.Result("Median"), QString("0"));
+  QCOMPARE(t.Result("Advantage"), QString("10.0 %"));
+
+  // The lost session left out: the class still counts, the sample does not.
+  QTest::mouseClick(FormChild<QCheckBox>(*t.form, "chkInclude2"), Qt::LeftButton, {}, QPoint(8, 8));
+  QCOMPARE(t.game->views.SessionsFilter & kIncludeLost, 0);
+  QCOMPARE(t.Text("lblGames2"), QString("1"));
+  QCOMPARE(t.Result("Mean"), QString("25.0"));
+
+  // The data list shows the included sessions' values.
+  QTest::mouseClick(FormChild<QRadioButton>(*t.form, "optDisplay1"), Qt::LeftButton, {}, QPoint(8, 8));
+  QVERIFY(t.game->views.SessionsFilter & kShowDataList);
+  QVERIFY(t.Text("lblRaw0").simplified() == "1 50.0");
+  QVERIFY(t.Text("lblRaw1").simplified() == "2 0");
+  QVERIFY(t.Text("lblRaw2").isEmpty());
+
+  // Find moves the list's top to the session with the value.
+  t.AnswerMessage(0, "0");
+  t.Trigger("mnuFind");
+  QCOMPARE(t.game->views.RawTop, 2);
+  QVERIFY(t.Text("lblRaw0").simplified() == "2 0");
+  t.AnswerMessage(0, "-20");  // the lost session is left out
+  t.Trigger("mnuFind");
+  QCOMPARE(t.shown.back(), std::make_pair(std::string("Search Results"), std::string("Value not found.")));
+}
+
+void SessionsLogTest::theBreakPointReclassesTheSessions() {
+  SessionsLogTable t;
+  t.AnswerTwo("10", "-30");
+  t.Trigger("mnuSetBreakPoint");
+  QCOMPARE(t.game->views.BreakLow, Currency::FromWhole(-30));
+  QCOMPARE(t.game->views.BreakHigh, Currency::FromWhole(10));
+  QCOMPARE(FormChild<QCheckBox>(*t.form, "chkInclude0")->text(), QString("> 10"));
+  QCOMPARE(FormChild<QCheckBox>(*t.form, "chkInclude1")->text(), QString("-30 - 10"));
+  QCOMPARE(t.Text("lblGames0"), QString("1"));
+  QCOMPARE(t.Text("lblGames1"), QString("2"));
+  QCOMPARE(t.Text("lblGames2"), QString("0"));
+}
+
+void SessionsLogTest::deletionsReachTheFileOrAreRefused() {
+  SessionsLogTable t;
+  t.AnswerTwo("9", "");
+  t.Trigger("mnuDelete");
+  QCOMPARE(t.shown.back().second, std::string("No sessions deleted.  Entry out of range."));
+  QCOMPARE(SessionsLogReader(t.path).count(), 3);
+
+  // A range given backwards is read in order.
+  t.AnswerTwo("3", "2");
+  t.Trigger("mnuDelete");
+  QCOMPARE(SessionsLogReader(t.path).count(), 1);
+  QCOMPARE(t.Text("lblGames3"), QString("1"));
+
+  t.AnswerMessage(2);  // No: nothing deleted
+  t.Trigger("mnuDeleteAll");
+  QCOMPARE(t.shown.back().first, std::string("Delete All Sessions"));
+  QCOMPARE(SessionsLogReader(t.path).count(), 1);
+  t.AnswerMessage(1);
+  t.Trigger("mnuDeleteAll");
+  QCOMPARE(SessionsLogReader(t.path).count(), 0);
+  QCOMPARE(t.Text("lblGames3"), QString("0"));
+}
+
+QTEST_MAIN(SessionsLogTest)
+#include "sessions_log_qtest.moc"
