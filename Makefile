@@ -46,6 +46,9 @@ demo: build
 SHOTS := docs/screenshots
 DEMO_PLAYER := --player Alice=1000 --bet 'Alice:Pass Line=10' --take-odds Alice \
                --win-rule Alice:2 --lose-rule Alice:2 --allow-negative Alice --seed 20261122
+# Two players with decisions of several kinds, for the statistics views.
+STATS_GAME := $(DEMO_PLAYER) --player Ben=2000 --bet 'Ben:Pass Line=5' --bet 'Ben:Field=5' \
+              --win-rule Ben:2 --lose-rule Ben:2
 
 screenshots: build
 	mkdir -p $(SHOTS)
@@ -79,6 +82,8 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-advantage.png --view configure:9
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-checkstacks.png --view print:checkstacks --full-table
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-advantage.png --view print:advantage
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/summary.png --view summary:6 --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-totals.png --view totals --rolls 500 $(STATS_GAME)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -42,6 +42,7 @@
 #include "table/new_form.h"
 #include "table/path_form.h"
 #include "table/qt_platform.h"
+#include "table/stats_views.h"
 #include "table/table_view.h"
 
 namespace {
@@ -61,6 +62,7 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
   setWindowTitle(Caption());
   view_ = new TableView(game, platform, this);
   mainKeeper_ = new WindowKeeper(game, KeptWindow::Main, *this);
+  statsViews_ = new StatsViews(game, this);
   setCentralWidget(view_);
   view_->onWindowKey = [this](int key, Qt::KeyboardModifiers mods) { WindowKey(key, mods); };
   connect(view_, &TableView::gameChanged, this, &CrapTableWindow::RefreshMenus);
@@ -77,6 +79,7 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
     if (bankroll_ && (what == static_cast<int>(Redraw::Graph) ||
                       what == static_cast<int>(Redraw::OpenViews)))
       bankroll_->Refresh();
+    if (what == static_cast<int>(Redraw::OpenViews)) statsViews_->RefreshOpen();
   });
   platform.SetMainWindow(this);
   BuildMenus();
@@ -266,11 +269,15 @@ void CrapTableWindow::BuildMenus() {
   const QString later = QStringLiteral("Opens this statistics view; not built yet.");
   Unbuilt(stats, "mnuSessionsLog", "&Sessions Log ...", later);
   Unbuilt(stats, "mnuEventsLog", "E&vents Log ...", later);
-  Unbuilt(stats, "mnuSummary", "&Summary ...", later);
+  auto view = [this, stats](const char* name, const QString& caption, StatsView which) {
+    connect(Item(stats, name, caption), &QAction::triggered, this,
+            [this, which] { statsViews_->Open(which); });
+  };
+  view("mnuSummary", "&Summary ...", StatsView::Summary);
   Unbuilt(stats, "mnuHands", "&Hands ...", later);
   connect(Item(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
           guarded([this] { Bankroll()->show(); }));
-  Unbuilt(stats, "mnuRollTotals", "Roll &Totals ...", later);
+  view("mnuRollTotals", "Roll &Totals ...", StatsView::RollTotals);
   Unbuilt(stats, "mnuRollFreqs", "Roll &Frequencies ...", later);
   Unbuilt(stats, "mnuBetResults", "Bet R&esults ...", later);
   Unbuilt(stats, "mnuBetTrends", "Bet T&rends ...", later);
@@ -304,6 +311,7 @@ void CrapTableWindow::RefreshMenus() {
   if (checkStacks_) checkStacks_->Refresh();
   if (bankroll_) bankroll_->Refresh();
   if (autoPlay_) autoPlay_->Refresh();
+  statsViews_->RefreshOpen();
 }
 
 void CrapTableWindow::SaveView(int n) {

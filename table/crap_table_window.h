@@ -14,6 +14,7 @@ class MoveForm;
 class CheckStacksForm;
 class AutoPlayForm;
 class WindowKeeper;
+class StatsViews;
 struct Game;
 
 class CrapTableWindow : public QMainWindow {
@@ -31,6 +32,8 @@ class CrapTableWindow : public QMainWindow {
   CheckStacksForm* CheckStacks();
   // frmAutoPlay, made on first use (F3, mnuAutoPlay).
   AutoPlayForm* AutoPlay();
+  // The statistics views (Summary, Hands, Roll Totals, ...).
+  StatsViews& Views() { return *statsViews_; }
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -62,4 +65,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<MoveForm> move_;
   QPointer<CheckStacksForm> checkStacks_;
   QPointer<AutoPlayForm> autoPlay_;
+  StatsViews* statsViews_ = nullptr;
 };

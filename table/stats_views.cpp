@@ -1,0 +1,33 @@
+#include "table/stats_views.h"
+
+#include "table/stats_form.h"
+#include "table/roll_totals_form.h"
+#include "table/summary_form.h"
+
+StatsViews::StatsViews(Game& game, QWidget* parent) : QObject(parent), game_(game), parent_(parent) {}
+
+StatsForm* StatsViews::Form(StatsView which) {
+  QPointer<StatsForm>& form = forms_[static_cast<std::size_t>(which)];
+  if (form) return form;
+  switch (which) {
+    case StatsView::Summary: form = new SummaryForm(game_, parent_); break;
+    case StatsView::RollTotals: form = new RollTotalsForm(game_, parent_); break;
+    default: return nullptr;
+  }
+  return form;
+}
+
+StatsForm* StatsViews::Open(StatsView which) {
+  StatsForm* form = Form(which);
+  if (form == nullptr) return nullptr;
+  form->show();
+  form->raise();
+  form->activateWindow();
+  form->Refresh();
+  return form;
+}
+
+void StatsViews::RefreshOpen() {
+  for (QPointer<StatsForm>& form : forms_)
+    if (form && form->isVisible()) form->Refresh();
+}

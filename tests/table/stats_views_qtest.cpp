@@ -1,0 +1,168 @@
+// The statistics views under the offscreen platform: each opens from its
+// menu item on the game's figures, follows the rolls while open, and keeps
+// its frame, selection and options in the game.
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QTableWidget>
+#include <QRadioButton>
+#include <QTest>
+
+#include "core/catalogue.h"
+#include "cycle/hyperdrive.h"
+#include "desktop_fixture.h"
+#include "engine/place.h"
+#include "stats/roll_categories.h"
+#include "table/stats_form.h"
+#include "table/stats_views.h"
+
+class StatsViewsTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void summaryShowsTheGameAndFollowsRolls();
+  void summarySelectionChangesTheBankrollBlock();
+  void rollTotalsKindsListTheirCategories();
+};
+
+namespace {
+
+constexpr int kRolls = 120;
+
+// A table of two players, Ann with a Field bet, after kRolls rolls.
+void PlayedTable(std::unique_ptr<DesktopTable>& t) {
+  t = std::make_unique<DesktopTable>(2);
+  Game& g = *t->game;
+  g.rules.BetRequirement = kNoBetRequired;
+  g.rules.NoticeFlags = 0;
+  g.betting.CurPlayer = 1;
+  g.BetRequest = Currency::FromWhole(10);
+  PlaceBet(g, 1, bet::kField);
+  QVERIFY(g.Bet(1, bet::kField) > Currency{});
+  g.hyper.RunRollLimit = kRolls;
+  RunHyperDrive(g);
+}
+
+StatsForm* OpenByMenu(DesktopTable& t, const char* item, const char* form) {
+  QAction* a = t.window->findChild<QAction*>(item);
+  if (a == nullptr || !a->isEnabled()) qFatal("menu item %s missing or disabled", item);
+  a->trigger();
+  auto* f = t.window->findChild<StatsForm*>(form);
+  if (f == nullptr) qFatal("no form %s", form);
+  return f;
+}
+
+QString Text(QWidget& form, const char* label) { return FormChild<QLabel>(form, label)->text(); }
+QColor Ink(QWidget& form, const char* label) {
+  return FormChild<QLabel>(form, label)->palette().color(QPalette::WindowText);
+}
+void Pick(QWidget& form, int slot) {
+  auto* list = FormChild<QListWidget>(form, "lstPlayer");
+  for (int r = 0; r < list->count(); ++r)
+    if (list->item(r)->data(Qt::UserRole).toInt() == slot) {
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(r)).center());
+      return;
+    }
+  qFatal("no player in slot %d", slot);
+}
+void DoubleClick(QWidget& form, const char* label) {
+  QTest::mouseDClick(FormChild<QLabel>(form, label), Qt::LeftButton);
+}
+
+}  // namespace
+
+void StatsViewsTest::summaryShowsTheGameAndFollowsRolls() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  StatsForm* form = OpenByMenu(*t, "mnuSummary", "frmSummary");
+  QVERIFY(form->isVisible());
+  QVERIFY(!form->isModal());
+  QCOMPARE(form->windowTitle(), QString("Session Summary"));
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls));
+  QCOMPARE(Text(*form, "lblTotalHands"), QString::number(g.HandsTally(18)));
+  // A roll at the table reaches the open view.
+  t->View()->Roll();
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls + 1));
+  // Another frame is kept in the game; the table's roll count stays.
+  FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(4);
+  QCOMPARE(g.views.SummaryFrame, 4);
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollsAtTable(36)));
+}
+
+void StatsViewsTest::summarySelectionChangesTheBankrollBlock() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  g.Bet(1, 0) = Currency::FromWhole(1234);
+  g.Bet(2, 0) = Currency::FromWhole(-40);  // Bo owes the house
+  StatsForm* form = OpenByMenu(*t, "mnuSummary", "frmSummary");
+  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("0"));
+  QCOMPARE(Text(*form, "lblNumBetsDecided"), QString("0"));
+
+  Pick(*form, 2);
+  QCOMPARE(g.views.SummaryPlayers, 1 << 2);
+  QCOMPARE(Text(*form, "lblPlayer"), QString("1 Player selected"));
+  QCOMPARE(Text(*form, "lblSummary6"), QString("Current bankroll"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("-40"));
+  QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(192, 0, 0));
+
+  Pick(*form, 1);  // Ann, who bet on the Field every roll
+  QCOMPARE(Text(*form, "lblPlayer"), QString("Both players selected"));
+  QCOMPARE(Text(*form, "lblSummary6"), QString("Sum bankrolls"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("1,194"));
+  QCOMPARE(Text(*form, "lblBankrollLow"), QString("-40"));  // the smaller present bankroll
+  QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(0, 0, 192));
+  QVERIFY(Text(*form, "lblNumBetsDecided").toInt() > 0);
+
+  DoubleClick(*form, "lblPlayer");
+  QCOMPARE(g.views.SummaryPlayers, 0);
+  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
+  QCOMPARE(FormChild<QListWidget>(*form, "lstPlayer")->selectedItems().size(), 0);
+}
+
+void StatsViewsTest::rollTotalsKindsListTheirCategories() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  StatsForm* form = OpenByMenu(*t, "mnuRollTotals", "frmRollTotals");
+  auto* grid = FormChild<QTableWidget>(*form, "grdTotals");
+  auto countSum = [grid] {
+    long n = 0;
+    for (int r = 0; r < grid->rowCount(); ++r) n += grid->item(r, 3)->text().remove(',').toLong();
+    return n;
+  };
+  auto kind = [form](int k) {
+    for (QAction* a : form->findChildren<QAction*>("mnuDisplayTotals"))
+      if (a->data().toInt() == k) a->trigger();
+  };
+  // Every roll has one total and one face on each die.
+  QCOMPARE(grid->rowCount(), 11);
+  QCOMPARE(countSum(), long{kRolls});
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls));
+  kind(3);
+  QCOMPARE(g.views.RollTotalsKind, 3);
+  QCOMPARE(grid->rowCount(), 12);
+  QCOMPARE(countSum(), long{2 * kRolls});
+  kind(2);
+  QCOMPARE(grid->rowCount(), 36);
+  QCOMPARE(grid->item(1, 0)->text(), QString::fromStdString(CategoryText(22)));
+  // Rolls since last exist only for the session-wide frames.
+  QVERIFY(grid->item(0, 4)->text() != "---");
+  FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
+  QCOMPARE(g.views.RollTotalsFrame, 1);
+  QCOMPARE(grid->item(0, 4)->text(), QString("---"));
+  // The colour menus are the game's.
+  for (QAction* a : form->findChildren<QAction*>("mnuGraphColor"))
+    if (a->data().toInt() == 7) a->trigger();
+  QCOMPARE(g.gamefile.RollTotalsGraphColor, 7);
+  FormChild<QRadioButton>(*form, "optShowProb0")->click();
+  QVERIFY(g.views.RollTotalsVsSkewed);
+}
+
+QTEST_MAIN(StatsViewsTest)
+#include "stats_views_qtest.moc"
