@@ -84,6 +84,8 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-advantage.png --view print:advantage
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/summary.png --view summary:6 --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-totals.png --view totals --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-results.png --view results:6 --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hands.png --view hands --rolls 500 $(STATS_GAME)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

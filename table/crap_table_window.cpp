@@ -274,12 +274,12 @@ void CrapTableWindow::BuildMenus() {
             [this, which] { statsViews_->Open(which); });
   };
   view("mnuSummary", "&Summary ...", StatsView::Summary);
-  Unbuilt(stats, "mnuHands", "&Hands ...", later);
+  view("mnuHands", "&Hands ...", StatsView::Hands);
   connect(Item(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
           guarded([this] { Bankroll()->show(); }));
   view("mnuRollTotals", "Roll &Totals ...", StatsView::RollTotals);
   Unbuilt(stats, "mnuRollFreqs", "Roll &Frequencies ...", later);
-  Unbuilt(stats, "mnuBetResults", "Bet R&esults ...", later);
+  view("mnuBetResults", "Bet R&esults ...", StatsView::BetResults);
   Unbuilt(stats, "mnuBetTrends", "Bet T&rends ...", later);
   connect(Item(stats, "mnuCheckStacks", "&CheckStacks ..."), &QAction::triggered, this,
           guarded([this] {

@@ -1,6 +1,8 @@
 #include "table/stats_views.h"
 
 #include "table/stats_form.h"
+#include "table/bet_results_form.h"
+#include "table/hands_form.h"
 #include "table/roll_totals_form.h"
 #include "table/summary_form.h"
 
@@ -11,6 +13,8 @@ StatsForm* StatsViews::Form(StatsView which) {
   if (form) return form;
   switch (which) {
     case StatsView::Summary: form = new SummaryForm(game_, parent_); break;
+    case StatsView::BetResults: form = new BetResultsForm(game_, parent_); break;
+    case StatsView::Hands: form = new HandsForm(game_, parent_); break;
     case StatsView::RollTotals: form = new RollTotalsForm(game_, parent_); break;
     default: return nullptr;
   }

@@ -23,6 +23,8 @@ class StatsViewsTest : public QObject {
   void summaryShowsTheGameAndFollowsRolls();
   void summarySelectionChangesTheBankrollBlock();
   void rollTotalsKindsListTheirCategories();
+  void betResultsFollowTheBetSelection();
+  void handsShowCountsOrPercents();
 };
 
 namespace {
@@ -162,6 +164,75 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
   QCOMPARE(g.gamefile.RollTotalsGraphColor, 7);
   FormChild<QRadioButton>(*form, "optShowProb0")->click();
   QVERIFY(g.views.RollTotalsVsSkewed);
+}
+
+void StatsViewsTest::betResultsFollowTheBetSelection() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  g.views.BetResultsPlayers = 1 << 1;
+  StatsForm* form = OpenByMenu(*t, "mnuBetResults", "frmBetResults");
+  auto* bets = FormChild<QListWidget>(*form, "lstBets");
+  QCOMPARE(bets->count(), 85);
+  QCOMPARE(bets->selectedItems().size(), 85);
+  QCOMPARE(Text(*form, "lblBets"), QString("All bets selected"));
+  // Ann's only bet was the Field, so all bets and the Field alone agree.
+  const QString decided = Text(*form, "lblWagers1");
+  QVERIFY(decided.toInt() > 0);
+  QCOMPARE(Text(*form, "lblCurrentNum"), QString(g.Bet(1, bet::kField) > Currency{} ? "1" : "0"));
+  const bool lost = Text(*form, "lblNet2").startsWith('-');
+  QCOMPARE(Ink(*form, "lblNet2"), lost ? QColor(192, 0, 0) : QColor(0, 0, 192));
+  QCOMPARE(Ink(*form, "lblNetPct2"), Ink(*form, "lblNet2"));
+  // The Field's edge makes the expected value a loss.
+  QVERIFY(Text(*form, "lblNet11").startsWith('-'));
+
+  DoubleClick(*form, "lblBets");
+  QCOMPARE(g.views.BetResultsSelection, std::string(85, '0'));
+  QCOMPARE(Text(*form, "lblBets"), QString("No bets selected"));
+  QCOMPARE(Text(*form, "lblWagers1"), QString("0"));
+  QCOMPARE(Text(*form, "lblNetPct2"), QString("0"));
+
+  QListWidgetItem* field = bets->item(bet::kField - 1);
+  QTest::mouseClick(bets->viewport(), Qt::LeftButton, {}, bets->visualItemRect(field).center());
+  QCOMPARE(g.views.BetResultsSelection[bet::kField - 1], 'S');
+  QCOMPARE(Text(*form, "lblBets"), QString("1 bet selected"));
+  QCOMPARE(Text(*form, "lblWagers1"), decided);
+  // Bo made no bet.
+  Pick(*form, 1);
+  Pick(*form, 2);
+  QCOMPARE(g.views.BetResultsPlayers, 1 << 2);
+  QCOMPARE(Text(*form, "lblWagers1"), QString("0"));
+}
+
+void StatsViewsTest::handsShowCountsOrPercents() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  StatsForm* form = OpenByMenu(*t, "mnuHands", "frmHands");
+  // Every come-out roll is one of the eleven totals.
+  long comeouts = 0;
+  for (int n = 2; n <= 12; ++n) comeouts += Text(*form, qPrintable(QString("lblNumComeoutRolls%1").arg(n))).toLong();
+  QVERIFY(comeouts > 0);
+  QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString::number(comeouts));
+  // A come-out 7 can't miss and a 2 can't pass.
+  QVERIFY(!FormChild<QLabel>(*form, "lblNumMisses7")->isVisible());
+  QVERIFY(!FormChild<QLabel>(*form, "lblNumPasses2")->isVisible());
+  QVERIFY(FormChild<QLabel>(*form, "lblNumPasses7")->isVisible());
+  QCOMPARE(Text(*form, "lblHandTotal"), QString::number(g.HandsTally(18)));
+
+  auto* units = FormChild<QPushButton>(*form, "cmdUnits");
+  units->click();
+  QVERIFY(g.views.HandsShowPercent);
+  QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString("100.00"));
+  units->click();
+  QVERIFY(!g.views.HandsShowPercent);
+  QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString::number(comeouts));
+  // A hand frame counts the rolls of the hand.
+  FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
+  QCOMPARE(g.views.HandsFrame, 1);
+  QCOMPARE(Text(*form, "lblHandTotal"), QString::number(g.RollTally(9, 0)));
 }
 
 QTEST_MAIN(StatsViewsTest)
