@@ -86,6 +86,9 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-totals.png --view totals --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-results.png --view results:6 --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hands.png --view hands --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-frequencies.png --view freqs --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-trends.png --view trends:1 --full-table --rolls 300 \
+	  --seed 20261122
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

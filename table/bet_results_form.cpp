@@ -124,8 +124,6 @@ void BetResultsForm::ShowFigures() {
   for (int b = 1; b <= kBetCount; ++b)
     if (bets_->item(b - 1)->isSelected() != want[static_cast<std::size_t>(b)])
       bets_->item(b - 1)->setSelected(want[static_cast<std::size_t>(b)]);
-  if (!listShown_) bets_->scrollToTop();  // the list opens on the first bets
-  listShown_ = true;
   filling_ = false;
 
   const BetResultsFigures f = FigureBetResults(game_, v.BetResultsFrame, v.BetResultsPlayers, chosen);

@@ -24,7 +24,6 @@ class BetResultsForm : public StatsForm {
 
   QListWidget* bets_;
   QLabel* betsLabel_;
-  bool listShown_ = false;
   std::array<QLabel*, 4> onTable_{};
   // Rows 1..11 by column (index 0 unused; row 11 only Net and Net %).
   std::array<std::array<QLabel*, kResultColumns>, kResultRows + 1> rows_{};

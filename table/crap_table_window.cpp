@@ -278,9 +278,9 @@ void CrapTableWindow::BuildMenus() {
   connect(Item(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
           guarded([this] { Bankroll()->show(); }));
   view("mnuRollTotals", "Roll &Totals ...", StatsView::RollTotals);
-  Unbuilt(stats, "mnuRollFreqs", "Roll &Frequencies ...", later);
+  view("mnuRollFreqs", "Roll &Frequencies ...", StatsView::RollFreqs);
   view("mnuBetResults", "Bet R&esults ...", StatsView::BetResults);
-  Unbuilt(stats, "mnuBetTrends", "Bet T&rends ...", later);
+  view("mnuBetTrends", "Bet T&rends ...", StatsView::BetTrends);
   connect(Item(stats, "mnuCheckStacks", "&CheckStacks ..."), &QAction::triggered, this,
           guarded([this] {
             CheckStacks()->Refresh();

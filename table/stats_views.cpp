@@ -2,7 +2,9 @@
 
 #include "table/stats_form.h"
 #include "table/bet_results_form.h"
+#include "table/bet_trends_form.h"
 #include "table/hands_form.h"
+#include "table/roll_freqs_form.h"
 #include "table/roll_totals_form.h"
 #include "table/summary_form.h"
 
@@ -14,9 +16,11 @@ StatsForm* StatsViews::Form(StatsView which) {
   switch (which) {
     case StatsView::Summary: form = new SummaryForm(game_, parent_); break;
     case StatsView::BetResults: form = new BetResultsForm(game_, parent_); break;
+    case StatsView::BetTrends: form = new BetTrendsForm(game_, parent_); break;
+    case StatsView::RollFreqs: form = new RollFreqsForm(game_, parent_); break;
     case StatsView::Hands: form = new HandsForm(game_, parent_); break;
     case StatsView::RollTotals: form = new RollTotalsForm(game_, parent_); break;
-    default: return nullptr;
+    case StatsView::kCount: return nullptr;
   }
   return form;
 }

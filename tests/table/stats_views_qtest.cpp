@@ -25,6 +25,8 @@ class StatsViewsTest : public QObject {
   void rollTotalsKindsListTheirCategories();
   void betResultsFollowTheBetSelection();
   void handsShowCountsOrPercents();
+  void rollFreqsShowTheGapsOfTheChosenCategory();
+  void betTrendsShowOnePlayersStreaks();
 };
 
 namespace {
@@ -233,6 +235,54 @@ void StatsViewsTest::handsShowCountsOrPercents() {
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
   QCOMPARE(g.views.HandsFrame, 1);
   QCOMPARE(Text(*form, "lblHandTotal"), QString::number(g.RollTally(9, 0)));
+}
+
+void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  StatsForm* form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
+  auto* category = FormChild<QComboBox>(*form, "cmbFreqNum");
+  category->setCurrentIndex(category->findData(6));
+  QCOMPARE(g.views.RollFreqCategory, 6);
+  QCOMPARE(Text(*form, "lblTotalRollsAll"), QString::number(kRolls));
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollTally(18, 6)));
+  QCOMPARE(Text(*form, "lblLastRolled"), QString::number(g.RollsSince(6)));
+  // Every showing of the 6 closes one gap: the gap counts add up to its count.
+  auto* gaps = FormChild<QTableWidget>(*form, "grdFreqs");
+  long closed = 0;
+  for (int r = 0; r < gaps->rowCount(); ++r)
+    for (int c = 1; c < gaps->columnCount(); c += 2) closed += gaps->item(r, c)->text().toLong();
+  QCOMPARE(closed, long{g.RollTally(18, 6)});
+  QCOMPARE(FormChild<QPushButton>(*form, "cmdProbable")->text(), QString("True probable %:"));
+  QCOMPARE(Text(*form, "lblIdealPercent"), QString("13.89"));
+  // The next roll reaches the open view.
+  t->View()->Roll();
+  QCOMPARE(Text(*form, "lblTotalRollsAll"), QString::number(kRolls + 1));
+}
+
+void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
+  DesktopTable t(2);
+  Game& g = *t.game;
+  g.BetTrend(2, bet::kField, 1) = -3;
+  g.BetTrend(2, bet::kPassLine, 1) = 2;
+  g.views.BetTrendsPlayer = 7;  // an empty seat moves to the first player
+  StatsForm* form = OpenByMenu(t, "mnuBetTrends", "frmBetTrends");
+  QCOMPARE(form->windowTitle(), QString("Bet Trends "));
+  QCOMPARE(g.views.BetTrendsPlayer, 1);
+  auto* trends = FormChild<QTableWidget>(*form, "picBetTrends");
+  QCOMPARE(trends->rowCount(), 85);
+  QCOMPARE(trends->item(bet::kField - 1, 1)->text().trimmed(), QString());
+  auto* player = FormChild<QComboBox>(*form, "cmbPlayer");
+  player->setCurrentIndex(player->findData(2));
+  QCOMPARE(g.views.BetTrendsPlayer, 2);
+  QTableWidgetItem* field = trends->item(bet::kField - 1, 1);
+  QCOMPARE(trends->item(bet::kField - 1, 0)->text(), QString::fromStdString(std::string(BetName(bet::kField))));
+  QCOMPARE(field->text().trimmed(), QString("-3"));
+  QCOMPARE(field->foreground().color(), QColor(255, 0, 0));
+  QCOMPARE(trends->item(bet::kPassLine - 1, 1)->text().trimmed(), QString("2"));
+  QCOMPARE(trends->item(bet::kPassLine - 1, 1)->foreground().color(), QColor(0, 0, 255));
 }
 
 QTEST_MAIN(StatsViewsTest)
