@@ -87,8 +87,9 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-results.png --view results:6 --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hands.png --view hands --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-frequencies.png --view freqs --rolls 500 $(STATS_GAME)
-	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-trends.png --view trends:1 --full-table --rolls 300 \
-	  --seed 20261122
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-trends.png --view trends:2 --rolls 500 $(DEMO_PLAYER) \
+	  --player Ben=2000 --bet 'Ben:Pass Line=5' --bet 'Ben:Lay 4=20' --bet 'Ben:Lay 5=20' \
+	  --bet 'Ben:Lay 9=20' --bet 'Ben:Lay 10=20' --win-rule Ben:2 --lose-rule Ben:2
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

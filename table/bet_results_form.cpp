@@ -12,6 +12,7 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "stats/view_printouts.h"
 
 namespace {
 
@@ -102,7 +103,7 @@ BetResultsForm::BetResultsForm(Game& game, QWidget* parent)
   body->addWidget(decisionsBox);
   body->addStretch(1);
   auto* outer = new QHBoxLayout(this);
-  outer->setMenuBar(MakeMenuBar());
+  outer->setMenuBar(MakeMenuBar(PrintBetResults));
   outer->addLayout(side);
   outer->addLayout(body, 1);
 }

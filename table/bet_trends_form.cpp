@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "core/game.h"
+#include "stats/view_printouts.h"
 #include "stats/bet_results.h"
 #include "table/player_list.h"
 
@@ -50,7 +51,7 @@ BetTrendsForm::BetTrendsForm(Game& game, QWidget* parent)
   top->addWidget(new QLabel("Player:"));
   top->addWidget(player_, 1);
   auto* outer = new QVBoxLayout(this);
-  outer->setMenuBar(MakeMenuBar());
+  outer->setMenuBar(MakeMenuBar(PrintBetTrends));
   outer->addLayout(top);
   outer->addWidget(new QLabel("Wins in a row (losses shown as negative numbers):"));
   outer->addWidget(trends_, 1);

@@ -424,4 +424,5 @@ void CrapTableWindow::RestoreWindowPlaces() {
     if (form != nullptr)
       if (auto* keeper = form->findChild<WindowKeeper*>(QString(), Qt::FindDirectChildrenOnly))
         keeper->Restore();
+  statsViews_->RestorePlaces();
 }

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include "core/game.h"
+#include "stats/view_printouts.h"
 #include "stats/roll_totals.h"
 
 namespace {
@@ -143,7 +144,7 @@ class TotalsHeader : public QHeaderView {
 RollTotalsForm::RollTotalsForm(Game& game, QWidget* parent)
     : StatsForm(game, "frmRollTotals", "Roll Totals", parent) {
   ViewsState& v = game.views;
-  QMenuBar* bar = MakeMenuBar();
+  QMenuBar* bar = MakeMenuBar(PrintRollTotals);
   MakeMenus(bar);
   QComboBox* frames = MakeFrameList(v.RollTotalsFrame);
   QListWidget* players = MakePlayerList(v.RollTotalsPlayers);
@@ -266,12 +267,11 @@ void RollTotalsForm::MakeMenus(QMenuBar* bar) {
 
 void RollTotalsForm::ShowFigures() {
   const ViewsState& v = game_.views;
-  for (const char* name : {"mnuDisplayTotals", "mnuBackgroundColor", "mnuGraphColor"}) {
-    const int chosen = name[3] == 'D' ? v.RollTotalsKind
-                       : name[3] == 'B' ? game_.gamefile.RollTotalsBackColor
-                                        : game_.gamefile.RollTotalsGraphColor;
+  const std::pair<const char*, int> menus[] = {{"mnuDisplayTotals", v.RollTotalsKind},
+                                               {"mnuBackgroundColor", game_.gamefile.RollTotalsBackColor},
+                                               {"mnuGraphColor", game_.gamefile.RollTotalsGraphColor}};
+  for (const auto& [name, chosen] : menus)
     for (QAction* a : findChildren<QAction*>(name)) a->setChecked(a->data().toInt() == chosen);
-  }
   filling_ = true;
   showProb_->button(v.RollTotalsVsSkewed ? 0 : 1)->setChecked(true);
   filling_ = false;

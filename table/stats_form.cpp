@@ -14,6 +14,7 @@
 
 namespace {
 constexpr int kMinPlayerRows = 2;  // an empty table still shows a list
+constexpr int kListPadding = 4;
 }  // namespace
 
 StatsForm::StatsForm(Game& game, const char* name, const QString& caption, QWidget* parent)
@@ -105,7 +106,7 @@ void StatsForm::FillPlayerList() {
                                                              : fontMetrics().height() + 2;
     playerList_->setFixedHeight(std::max<int>(kMinPlayerRows, static_cast<int>(names.size())) *
                                     rowHeight +
-                                2 * playerList_->frameWidth());
+                                2 * playerList_->frameWidth() + kListPadding);
   }
   for (int r = 0; r < playerList_->count(); ++r) {
     QListWidgetItem* item = playerList_->item(r);
@@ -127,15 +128,19 @@ void StatsForm::ClearOnDoubleClick(QLabel* label, std::function<void()> clear) {
   label->installEventFilter(this);
 }
 
-QMenuBar* StatsForm::MakeMenuBar() {
+QMenuBar* StatsForm::MakeMenuBar(bool (*print)(Game&)) {
   auto* bar = new QMenuBar(this);
   QMenu* file = bar->addMenu("&File");
   file->setToolTipsVisible(true);
-  QAction* print = file->addAction("&Print ...");
-  print->setObjectName("mnuPrint");
-  print->setEnabled(false);
-  print->setToolTip("Printing this view is not built yet.");
-  print->setStatusTip(print->toolTip());
+  QAction* item = file->addAction("&Print ...");
+  item->setObjectName("mnuPrint");
+  if (print != nullptr) {
+    connect(item, &QAction::triggered, this, [this, print] { print(game_); });
+  } else {
+    item->setEnabled(false);
+    item->setToolTip("Printing this view is not built yet.");
+    item->setStatusTip(item->toolTip());
+  }
   return bar;
 }
 

@@ -52,8 +52,9 @@ class StatsForm : public QDialog {
   QLabel* PlayerLabel() const { return playerLabel_; }
   // A double click on `label` runs `clear` and refreshes.
   void ClearOnDoubleClick(QLabel* label, std::function<void()> clear);
-  // The form's menu bar with File > Print (not built yet).
-  QMenuBar* MakeMenuBar();
+  // The form's menu bar with File > Print, which runs `print` on the game;
+  // without one the item stays disabled as not built yet.
+  QMenuBar* MakeMenuBar(bool (*print)(Game&) = nullptr);
 
   // A right-aligned figure box named `name`.
   static QLabel* MakeFigure(const char* name, int minWidth = 90);

@@ -1,12 +1,20 @@
 #include "table/stats_views.h"
 
 #include "table/stats_form.h"
+#include "table/window_keeper.h"
 #include "table/bet_results_form.h"
 #include "table/bet_trends_form.h"
 #include "table/hands_form.h"
 #include "table/roll_freqs_form.h"
 #include "table/roll_totals_form.h"
 #include "table/summary_form.h"
+
+namespace {
+// Where each view's place is kept, in StatsView order.
+constexpr KeptWindow kKept[] = {KeptWindow::BetResults, KeptWindow::RollTotals, KeptWindow::RollFreqs,
+                                KeptWindow::Summary,    KeptWindow::BetTrends,  KeptWindow::Hands};
+static_assert(std::size(kKept) == static_cast<std::size_t>(StatsView::kCount));
+}  // namespace
 
 StatsViews::StatsViews(Game& game, QWidget* parent) : QObject(parent), game_(game), parent_(parent) {}
 
@@ -22,6 +30,7 @@ StatsForm* StatsViews::Form(StatsView which) {
     case StatsView::RollTotals: form = new RollTotalsForm(game_, parent_); break;
     case StatsView::kCount: return nullptr;
   }
+  new WindowKeeper(game_, kKept[static_cast<std::size_t>(which)], *form);
   return form;
 }
 
@@ -38,4 +47,10 @@ StatsForm* StatsViews::Open(StatsView which) {
 void StatsViews::RefreshOpen() {
   for (QPointer<StatsForm>& form : forms_)
     if (form && form->isVisible()) form->Refresh();
+}
+
+void StatsViews::RestorePlaces() {
+  for (QPointer<StatsForm>& form : forms_)
+    if (form)
+      if (auto* keeper = form->findChild<WindowKeeper*>(QString(), Qt::FindDirectChildrenOnly)) keeper->Restore();
 }

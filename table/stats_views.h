@@ -24,6 +24,8 @@ class StatsViews : public QObject {
   StatsForm* Open(StatsView which);
   // Refreshes every open view.
   void RefreshOpen();
+  // Puts the views made so far where the game's layout has them.
+  void RestorePlaces();
 
  private:
   Game& game_;

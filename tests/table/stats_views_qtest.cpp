@@ -7,6 +7,8 @@
 #include <QListWidget>
 #include <QTableWidget>
 #include <QRadioButton>
+#include <QFileInfo>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "core/catalogue.h"
@@ -27,6 +29,7 @@ class StatsViewsTest : public QObject {
   void handsShowCountsOrPercents();
   void rollFreqsShowTheGapsOfTheChosenCategory();
   void betTrendsShowOnePlayersStreaks();
+  void viewsKeepTheirPlacesInTheGame();
 };
 
 namespace {
@@ -283,6 +286,39 @@ void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
   QCOMPARE(field->foreground().color(), QColor(255, 0, 0));
   QCOMPARE(trends->item(bet::kPassLine - 1, 1)->text().trimmed(), QString("2"));
   QCOMPARE(trends->item(bet::kPassLine - 1, 1)->foreground().color(), QColor(0, 0, 255));
+  // File > Print hands the printout to the printer.
+  QTemporaryDir dir;
+  t.platform.printToFile = dir.filePath("trends.pdf");
+  form->findChild<QAction*>("mnuPrint")->trigger();
+  QCOMPARE(t.platform.documentsPrinted, 1);
+  QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
+  // Views whose printout is not built keep the item disabled.
+  StatsForm* summary = OpenByMenu(t, "mnuSummary", "frmSummary");
+  QVERIFY(!summary->findChild<QAction*>("mnuPrint")->isEnabled());
+}
+
+void StatsViewsTest::viewsKeepTheirPlacesInTheGame() {
+  DesktopTable t(1);
+  const auto& layout = t.game->gamefile.LayoutB;
+  // frmRollTotals keeps Singles 20..24 of record 3: shown, Top, Left, Height, Width.
+  StatsForm* totals = t.window->Views().Open(StatsView::RollTotals);
+  totals->resize(1100, 640);
+  totals->move(130, 70);
+  QApplication::processEvents();
+  QCOMPARE(layout[20], 1.0f);
+  QCOMPARE(layout[21], 70.0f);
+  QCOMPARE(layout[22], 130.0f);
+  QCOMPARE(layout[23], 640.0f);
+  QCOMPARE(layout[24], 1100.0f);
+  totals->hide();
+  QCOMPARE(layout[20], 0.0f);
+  // frmHands keeps Singles 45..47 and opens where a saved game had it.
+  DesktopTable other(1);
+  other.game->gamefile.LayoutB[46] = 60;
+  other.game->gamefile.LayoutB[47] = 150;
+  StatsForm* hands = other.window->Views().Open(StatsView::Hands);
+  QApplication::processEvents();
+  QCOMPARE(hands->pos(), QPoint(150, 60));
 }
 
 QTEST_MAIN(StatsViewsTest)
