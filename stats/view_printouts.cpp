@@ -31,7 +31,8 @@ std::string Joined(const std::vector<std::string>& parts) {
 
 std::string PlayerNames(const Game& game, std::int32_t players) {
   std::vector<std::string> names;
-  for (int p : SelectedSlots(game, players)) names.push_back(game.PlayerName[static_cast<std::size_t>(p)]);
+  for (int p : SelectedSlots(game, players))
+    names.push_back(game.PlayerName[static_cast<std::size_t>(p)]);
   return Joined(names);
 }
 
@@ -69,8 +70,10 @@ PrintDocument RollTotalsPrintout(const Game& game, const RollTotalsFigures& f, s
   doc.lines.push_back(std::move(under));
   for (const RollTotalsRow& row : f.rows) {
     PrintLine line;
-    line.cells = {{row.text, 0, kPrintBlack, false}, Right(row.probablePct.text, kTotalsEnds[0]),
-                  Right(row.actualPct.text, kTotalsEnds[1]), Right(row.count.text, kTotalsEnds[2]),
+    line.cells = {{row.text, 0, kPrintBlack, false},
+                  Right(row.probablePct.text, kTotalsEnds[0]),
+                  Right(row.actualPct.text, kTotalsEnds[1]),
+                  Right(row.count.text, kTotalsEnds[2]),
                   Right(row.rollsSince.text, kTotalsEnds[3])};
     doc.lines.push_back(std::move(line));
   }
@@ -91,8 +94,9 @@ PrintDocument BetResultsPrintout(const Game& game, const BetResultsFigures& f, s
   doc.AddText(PlayerNames(game, players));
   std::vector<std::string> bets;
   for (int b : f.bets) bets.emplace_back(BetName(b));
-  doc.AddText(bets.size() == 1 ? " Data for the following bet:"
-                               : " Data for the following " + std::to_string(bets.size()) + " bets:");
+  doc.AddText(bets.size() == 1
+                  ? " Data for the following bet:"
+                  : " Data for the following " + std::to_string(bets.size()) + " bets:");
   doc.AddText(Joined(bets));
   doc.AddBlank();
   const char* const onTable[4] = {"Current #", "Current $", "Last roll #", "Last roll $"};
@@ -118,7 +122,8 @@ PrintDocument BetResultsPrintout(const Game& game, const BetResultsFigures& f, s
     for (int k = 0; k < kResultColumns; ++k) {
       const Shown& s = f.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(k)];
       if (s.none) continue;
-      line.cells.push_back(Right(s.text, kResultEnds[k], k >= kNetCol ? ColourOf(game, s) : kPrintBlack));
+      line.cells.push_back(
+          Right(s.text, kResultEnds[k], k >= kNetCol ? ColourOf(game, s) : kPrintBlack));
     }
     doc.lines.push_back(std::move(line));
   }
@@ -130,7 +135,8 @@ PrintDocument BetTrendsPrintout(const Game& game, int p, const CalendarDate& tod
   doc.jobName = "Ravelton Bet Trends";
   doc.AddText("Ravelton Bet Trends", true, true);
   doc.AddText(MediumDate(today), true);
-  doc.AddText("Player:  " + (SeatTaken(game, p) ? game.PlayerName[static_cast<std::size_t>(p)] : std::string()),
+  doc.AddText("Player:  " + (SeatTaken(game, p) ? game.PlayerName[static_cast<std::size_t>(p)]
+                                                : std::string()),
               true);
   doc.AddBlank();
   doc.AddText("Recent Won / Lost trend for bets actually made (losses shown as negative numbers).");
@@ -138,7 +144,8 @@ PrintDocument BetTrendsPrintout(const Game& game, int p, const CalendarDate& tod
   for (const BetTrendRow& row : FigureBetTrends(game, p)) {
     if (row.trend.value == 0) continue;
     PrintLine line;
-    line.cells = {{row.name, 0, kPrintBlack, false}, Right(row.trend.text, kTrendEnd, ColourOf(game, row.trend))};
+    line.cells = {{row.name, 0, kPrintBlack, false},
+                  Right(row.trend.text, kTrendEnd, ColourOf(game, row.trend))};
     doc.lines.push_back(std::move(line));
   }
   return doc;
@@ -147,10 +154,10 @@ PrintDocument BetTrendsPrintout(const Game& game, int p, const CalendarDate& tod
 bool PrintRollTotals(Game& game) {
   if (game.platform == nullptr) return false;
   const ViewsState& v = game.views;
-  const RollTotalsFigures f =
-      FigureRollTotals(game, v.RollTotalsKind, v.RollTotalsFrame, v.RollTotalsPlayers, v.RollTotalsVsSkewed);
-  return game.platform->Print(
-      RollTotalsPrintout(game, f, v.RollTotalsPlayers, game.platform->Today(), game.gamefile.GameFilePath));
+  const RollTotalsFigures f = FigureRollTotals(game, v.RollTotalsKind, v.RollTotalsFrame,
+                                               v.RollTotalsPlayers, v.RollTotalsVsSkewed);
+  return game.platform->Print(RollTotalsPrintout(
+      game, f, v.RollTotalsPlayers, game.platform->Today(), game.gamefile.GameFilePath));
 }
 
 bool PrintBetResults(Game& game) {
@@ -163,11 +170,12 @@ bool PrintBetResults(Game& game) {
     return false;
   }
   const BetResultsFigures f = FigureBetResults(game, v.BetResultsFrame, v.BetResultsPlayers, bets);
-  return game.platform->Print(
-      BetResultsPrintout(game, f, v.BetResultsPlayers, game.platform->Today(), game.gamefile.GameFilePath));
+  return game.platform->Print(BetResultsPrintout(
+      game, f, v.BetResultsPlayers, game.platform->Today(), game.gamefile.GameFilePath));
 }
 
 bool PrintBetTrends(Game& game) {
   if (game.platform == nullptr || !SeatTaken(game, game.views.BetTrendsPlayer)) return false;
-  return game.platform->Print(BetTrendsPrintout(game, game.views.BetTrendsPlayer, game.platform->Today()));
+  return game.platform->Print(
+      BetTrendsPrintout(game, game.views.BetTrendsPlayer, game.platform->Today()));
 }

@@ -6,8 +6,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QScrollBar>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "core/catalogue.h"
@@ -42,8 +42,9 @@ BetResultsForm::BetResultsForm(Game& game, QWidget* parent)
   for (int b = 1; b <= kBetCount; ++b) new QListWidgetItem(Q(BetName(b)), bets_);
   bets_->setFixedHeight(kBetListHeight);
   bets_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  bets_->setMinimumWidth(bets_->sizeHintForColumn(0) + bets_->verticalScrollBar()->sizeHint().width() +
-                         2 * bets_->frameWidth() + 4);
+  bets_->setMinimumWidth(bets_->sizeHintForColumn(0) +
+                         bets_->verticalScrollBar()->sizeHint().width() + 2 * bets_->frameWidth() +
+                         4);
   connect(bets_, &QListWidget::itemSelectionChanged, this, [this] {
     if (filling_) return;
     ReadBetSelection();
@@ -52,9 +53,8 @@ BetResultsForm::BetResultsForm(Game& game, QWidget* parent)
   betsLabel_ = new QLabel;
   betsLabel_->setObjectName("lblBets");
   betsLabel_->setToolTip("Double-click to clear the selection");
-  ClearOnDoubleClick(betsLabel_, [this] {
-    game_.views.BetResultsSelection.assign(kBetCount, kNotSelected);
-  });
+  ClearOnDoubleClick(betsLabel_,
+                     [this] { game_.views.BetResultsSelection.assign(kBetCount, kNotSelected); });
 
   auto* side = new QVBoxLayout;
   side->addWidget(new QLabel("Time period:"));
@@ -75,7 +75,8 @@ BetResultsForm::BetResultsForm(Game& game, QWidget* parent)
   wagersHead->setAlignment(Qt::AlignCenter);
   table->addWidget(wagersHead, 0, 1);
   for (int r = 0; r < 4; ++r)
-    AddRow(table, r + 1, kOnTableRows[r], onTable_[static_cast<std::size_t>(r)] = MakeFigure(kOnTableNames[r]));
+    AddRow(table, r + 1, kOnTableRows[r],
+           onTable_[static_cast<std::size_t>(r)] = MakeFigure(kOnTableNames[r]));
 
   auto* decisionsBox = new QGroupBox("Decisions");
   auto* decisions = new QGridLayout(decisionsBox);
@@ -127,7 +128,8 @@ void BetResultsForm::ShowFigures() {
       bets_->item(b - 1)->setSelected(want[static_cast<std::size_t>(b)]);
   filling_ = false;
 
-  const BetResultsFigures f = FigureBetResults(game_, v.BetResultsFrame, v.BetResultsPlayers, chosen);
+  const BetResultsFigures f =
+      FigureBetResults(game_, v.BetResultsFrame, v.BetResultsPlayers, chosen);
   betsLabel_->setText(QString::fromStdString(f.betsLabel));
   for (std::size_t k = 0; k < onTable_.size(); ++k) SetShown(onTable_[k], f.onTable[k]);
   for (std::size_t row = 1; row <= kResultRows; ++row)

@@ -10,8 +10,8 @@
 #include <QVBoxLayout>
 
 #include "core/game.h"
-#include "stats/view_printouts.h"
 #include "stats/bet_results.h"
+#include "stats/view_printouts.h"
 #include "table/player_list.h"
 
 namespace {
@@ -43,7 +43,8 @@ BetTrendsForm::BetTrendsForm(Game& game, QWidget* parent)
   trends_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   trends_->setColumnWidth(0, kNameWidth);
   trends_->setColumnWidth(1, kTrendWidth);
-  trends_->setMinimumSize(kNameWidth + kTrendWidth + trends_->verticalScrollBar()->sizeHint().width() +
+  trends_->setMinimumSize(kNameWidth + kTrendWidth +
+                              trends_->verticalScrollBar()->sizeHint().width() +
                               2 * trends_->frameWidth(),
                           kVisibleRows * kRowHeight + 2 * trends_->frameWidth());
 
@@ -70,7 +71,8 @@ void BetTrendsForm::ShowFigures() {
       QTableWidgetItem* item = trends_->item(r, col);
       if (item == nullptr) {
         item = new QTableWidgetItem;
-        item->setTextAlignment(col == 0 ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignRight | Qt::AlignVCenter);
+        item->setTextAlignment(col == 0 ? Qt::AlignLeft | Qt::AlignVCenter
+                                        : Qt::AlignRight | Qt::AlignVCenter);
         trends_->setItem(r, col, item);
       }
       return item;

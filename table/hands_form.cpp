@@ -17,7 +17,7 @@ namespace {
 const char* const kCellNames[3] = {"lblNumComeoutRolls", "lblNumPasses", "lblNumMisses"};
 const char* const kCellHeads[3] = {"Come-out rolls", "Passes", "Misses"};
 constexpr int kFirstRow = 2;
-constexpr int kTotalRow = 13;        // "Total", then "Naturals" and "Points"
+constexpr int kTotalRow = 13;          // "Total", then "Naturals" and "Points"
 constexpr int kFirstSessionFrame = 2;  // the frames that count hands, not one hand's rolls
 
 }  // namespace

@@ -82,7 +82,8 @@ RollFreqsForm::RollFreqsForm(Game& game, QWidget* parent)
       item->setTextAlignment(col % 2 == 0 ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
       gaps_->setItem(r, col, item);
     }
-  gaps_->setFixedSize(width + 2 * gaps_->frameWidth(), kGapRows * kGapRowHeight + 2 * gaps_->frameWidth());
+  gaps_->setFixedSize(width + 2 * gaps_->frameWidth(),
+                      kGapRows * kGapRowHeight + 2 * gaps_->frameWidth());
 
   auto* right = new QVBoxLayout;
   right->addWidget(new QLabel("Number of rolls it took (blue) and how many times:"));

@@ -17,8 +17,8 @@
 #include <QVBoxLayout>
 
 #include "core/game.h"
-#include "stats/view_printouts.h"
 #include "stats/roll_totals.h"
+#include "stats/view_printouts.h"
 
 namespace {
 
@@ -31,9 +31,9 @@ constexpr int kVisibleRows = 21;  // the window opens tall enough for 21 rows
 
 const char* const kBackCaptions[] = {"&Black", "&Cyan", "&White", "&Gray"};
 const QColor kBackColors[] = {Qt::black, Qt::cyan, Qt::white, QColor(128, 128, 128)};
-const char* const kGraphCaptions[] = {"&Multi-Color",     "&Black",        "&White",
-                                      "&Red",             "&Yellow",       "B&lack and Blue",
-                                      "Bl&ack and Red",   "R&ed and Blue", "Yell&ow and Blue"};
+const char* const kGraphCaptions[] = {"&Multi-Color",   "&Black",        "&White",
+                                      "&Red",           "&Yellow",       "B&lack and Blue",
+                                      "Bl&ack and Red", "R&ed and Blue", "Yell&ow and Blue"};
 constexpr int kMultiColor = 0, kFirstPair = 5;
 // The single colours (schemes 1..4) and the pairs (5..8): probable, actual.
 const QColor kSingleColors[] = {Qt::black, Qt::white, QColor(255, 0, 0), QColor(255, 255, 0)};
@@ -43,8 +43,8 @@ const QColor kPairColors[][2] = {{Qt::black, Qt::blue},
                                  {QColor(255, 255, 0), Qt::blue}};
 // Multi-colour: the probable bars grey, the actual bars by row.
 const QColor kMultiProbable(170, 170, 170);
-const QColor kMultiActual[] = {QColor(255, 64, 64),  QColor(255, 160, 0), QColor(240, 240, 0),
-                               QColor(0, 200, 0),    QColor(0, 200, 255), QColor(80, 110, 255),
+const QColor kMultiActual[] = {QColor(255, 64, 64), QColor(255, 160, 0), QColor(240, 240, 0),
+                               QColor(0, 200, 0),   QColor(0, 200, 255), QColor(80, 110, 255),
                                QColor(200, 90, 255)};
 
 struct BarColors {
@@ -71,7 +71,8 @@ QColor BackOf(int back) { return kBackColors[std::clamp(back, 0, 3)]; }
 class BarDelegate : public QStyledItemDelegate {
  public:
   BarDelegate(const Game& game, QObject* parent) : QStyledItemDelegate(parent), game_(game) {}
-  void paint(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+  void paint(QPainter* p, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
     const QRect r = option.rect;
     p->fillRect(r, BackOf(game_.gamefile.RollTotalsBackColor));
     p->setPen(QColor(128, 128, 128));
@@ -104,7 +105,8 @@ class BarDelegate : public QStyledItemDelegate {
 // The header above the graph column shows the axis marks in place.
 class TotalsHeader : public QHeaderView {
  public:
-  TotalsHeader(const Game& game, QWidget* parent) : QHeaderView(Qt::Horizontal, parent), game_(game) {}
+  TotalsHeader(const Game& game, QWidget* parent)
+      : QHeaderView(Qt::Horizontal, parent), game_(game) {}
   void SetScale(double top, const std::array<double, 4>& marks) {
     top_ = top;
     marks_ = marks;
@@ -121,7 +123,8 @@ class TotalsHeader : public QHeaderView {
     p->fillRect(r, BackOf(game_.gamefile.RollTotalsBackColor));
     const QColor ink = game_.gamefile.RollTotalsBackColor == 0 ? Qt::white : Qt::black;
     p->setPen(ink);
-    p->drawText(r.adjusted(kBarMargin, 2, 0, -r.height() / 2), Qt::AlignLeft | Qt::AlignTop, "Percent");
+    p->drawText(r.adjusted(kBarMargin, 2, 0, -r.height() / 2), Qt::AlignLeft | Qt::AlignTop,
+                "Percent");
     const int y = r.bottom() - 2;
     p->drawText(r.left() + kBarMargin - 3, y, "0");
     if (top_ > 0)
@@ -192,7 +195,8 @@ RollTotalsForm::RollTotalsForm(Game& game, QWidget* parent)
   grid_->setObjectName("grdTotals");
   header_ = new TotalsHeader(game, grid_);
   grid_->setHorizontalHeader(header_);
-  grid_->setHorizontalHeaderLabels({"", "Prob %", "Actual %", "# of rolls", "# of rolls since last", ""});
+  grid_->setHorizontalHeaderLabels(
+      {"", "Prob %", "Actual %", "# of rolls", "# of rolls since last", ""});
   header_->setDefaultAlignment(Qt::Alignment(Qt::AlignCenter | Qt::TextWordWrap));
   header_->setSectionResizeMode(QHeaderView::Fixed);
   header_->setMinimumHeight(2 * fontMetrics().height() + 8);
@@ -254,7 +258,8 @@ void RollTotalsForm::MakeMenus(QMenuBar* bar) {
     }
   };
   QStringList kinds;
-  for (int k = 0; k < kRollTotalsKinds; ++k) kinds << QString::fromUtf8(KindCaption(k).data(), static_cast<int>(KindCaption(k).size()));
+  for (int k = 0; k < kRollTotalsKinds; ++k)
+    kinds << QString::fromUtf8(KindCaption(k).data(), static_cast<int>(KindCaption(k).size()));
   radio(display, "mnuDisplayTotals", kinds, game_.views.RollTotalsKind);
   QMenu* colors = bar->addMenu("&Colors");
   QStringList backs, graphs;
@@ -262,22 +267,24 @@ void RollTotalsForm::MakeMenus(QMenuBar* bar) {
   for (const char* c : kGraphCaptions) graphs << c;
   radio(colors->addMenu("&Background Color"), "mnuBackgroundColor", backs,
         game_.gamefile.RollTotalsBackColor);
-  radio(colors->addMenu("&Graph Color"), "mnuGraphColor", graphs, game_.gamefile.RollTotalsGraphColor);
+  radio(colors->addMenu("&Graph Color"), "mnuGraphColor", graphs,
+        game_.gamefile.RollTotalsGraphColor);
 }
 
 void RollTotalsForm::ShowFigures() {
   const ViewsState& v = game_.views;
-  const std::pair<const char*, int> menus[] = {{"mnuDisplayTotals", v.RollTotalsKind},
-                                               {"mnuBackgroundColor", game_.gamefile.RollTotalsBackColor},
-                                               {"mnuGraphColor", game_.gamefile.RollTotalsGraphColor}};
+  const std::pair<const char*, int> menus[] = {
+      {"mnuDisplayTotals", v.RollTotalsKind},
+      {"mnuBackgroundColor", game_.gamefile.RollTotalsBackColor},
+      {"mnuGraphColor", game_.gamefile.RollTotalsGraphColor}};
   for (const auto& [name, chosen] : menus)
     for (QAction* a : findChildren<QAction*>(name)) a->setChecked(a->data().toInt() == chosen);
   filling_ = true;
   showProb_->button(v.RollTotalsVsSkewed ? 0 : 1)->setChecked(true);
   filling_ = false;
 
-  const RollTotalsFigures f =
-      FigureRollTotals(game_, v.RollTotalsKind, v.RollTotalsFrame, v.RollTotalsPlayers, v.RollTotalsVsSkewed);
+  const RollTotalsFigures f = FigureRollTotals(game_, v.RollTotalsKind, v.RollTotalsFrame,
+                                               v.RollTotalsPlayers, v.RollTotalsVsSkewed);
   SetShown(totalRolls_, f.totalRolls);
   explain_->setText(QString::fromStdString(f.explanation));
   header_->SetScale(f.graphTop, f.axisMarks);
@@ -286,9 +293,11 @@ void RollTotalsForm::ShowFigures() {
   auto key = [&](QLabel* label, const QColor& c, bool hollow, const char* text) {
     const QString back = BackOf(game_.gamefile.RollTotalsBackColor).name();
     const QString fill = hollow ? back : c.name();
-    label->setText(QStringLiteral("<span style='background:%1'>&nbsp;<span style='background:%2; "
-                                  "color:%2; border:1px solid %3'>&#9608;&#9608;&#9608;</span>&nbsp;</span> %4")
-                       .arg(back, fill, c.name(), text));
+    label->setText(
+        QStringLiteral(
+            "<span style='background:%1'>&nbsp;<span style='background:%2; "
+            "color:%2; border:1px solid %3'>&#9608;&#9608;&#9608;</span>&nbsp;</span> %4")
+            .arg(back, fill, c.name(), text));
   };
   key(probableKey_, colors.probable, colors.hollowProbable, "Probable");
   key(actualKey_, colors.actual, false, "Actual");
@@ -298,7 +307,8 @@ void RollTotalsForm::ShowFigures() {
     QTableWidgetItem* item = grid_->item(row, col);
     if (item == nullptr) {
       item = new QTableWidgetItem;
-      item->setTextAlignment(col == kColText ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignRight | Qt::AlignVCenter);
+      item->setTextAlignment(col == kColText ? Qt::AlignLeft | Qt::AlignVCenter
+                                             : Qt::AlignRight | Qt::AlignVCenter);
       grid_->setItem(row, col, item);
     }
     return item;

@@ -54,7 +54,9 @@ QComboBox* StatsForm::MakeFrameList(std::int32_t& frame) {
   frame_ = &frame;
   frameList_ = new QComboBox;
   frameList_->setObjectName("cmbHand");
-  for (int t = 0; t < kFrameCount; ++t) frameList_->addItem(QString::fromUtf8(FrameName(t).data(), static_cast<int>(FrameName(t).size())));
+  for (int t = 0; t < kFrameCount; ++t)
+    frameList_->addItem(
+        QString::fromUtf8(FrameName(t).data(), static_cast<int>(FrameName(t).size())));
   connect(frameList_, &QComboBox::currentIndexChanged, this, [this](int t) {
     if (filling_ || t < 0) return;
     *frame_ = t;
@@ -118,7 +120,8 @@ void StatsForm::FillPlayerList() {
 
 void StatsForm::ReadPlayerSelection() {
   std::int32_t bits = 0;
-  for (QListWidgetItem* item : playerList_->selectedItems()) bits |= 1 << item->data(Qt::UserRole).toInt();
+  for (QListWidgetItem* item : playerList_->selectedItems())
+    bits |= 1 << item->data(Qt::UserRole).toInt();
   *players_ = bits;
   game_.roll.SessionDirty = true;
 }

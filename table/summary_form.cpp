@@ -127,5 +127,6 @@ void SummaryForm::ShowFigures() {
     SetShown(comps_[k], f.comps[k], k == kCompVig || k == kCompValue);
   }
   for (std::size_t row = 0; row < 2; ++row)
-    for (std::size_t k = 0; k < 5; ++k) SetShown(decisions_[row][k], f.decisions[row][k], k == kNetColumn);
+    for (std::size_t k = 0; k < 5; ++k)
+      SetShown(decisions_[row][k], f.decisions[row][k], k == kNetColumn);
 }

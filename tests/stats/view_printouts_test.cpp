@@ -1,10 +1,11 @@
 // The views' printouts on a few fixed rolls: the headings, the selection
 // lines, the rows as the views show them, the loss colour, and the refusal
 // of a bet results printout without a bet.
+#include "stats/view_printouts.h"
+
 #include <gtest/gtest.h>
 
 #include "../engine/table_fixture.h"
-#include "stats/view_printouts.h"
 
 namespace {
 
@@ -94,7 +95,8 @@ TEST_F(Printouts, BetResultsNameTheBetsAndColourTheNet) {
   g.views.BetResultsSelection[kField - 1] = 'S';
   ASSERT_TRUE(PrintBetResults(g));
   EXPECT_TRUE(Has(platform.printed[1], " Data for the following 2 bets:"));
-  EXPECT_TRUE(Has(platform.printed[1], std::string(BetName(kPassLine)) + ", " + std::string(BetName(kField))));
+  EXPECT_TRUE(Has(platform.printed[1],
+                  std::string(BetName(kPassLine)) + ", " + std::string(BetName(kField))));
 }
 
 TEST_F(Printouts, BetTrendsListOnlyTheBetsWithAStreak) {

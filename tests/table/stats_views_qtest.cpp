@@ -3,11 +3,11 @@
 // its frame, selection and options in the game.
 #include <QAction>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
-#include <QTableWidget>
 #include <QRadioButton>
-#include <QFileInfo>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -67,7 +67,8 @@ void Pick(QWidget& form, int slot) {
   auto* list = FormChild<QListWidget>(form, "lstPlayer");
   for (int r = 0; r < list->count(); ++r)
     if (list->item(r)->data(Qt::UserRole).toInt() == slot) {
-      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(r)).center());
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                        list->visualItemRect(list->item(r)).center());
       return;
     }
   qFatal("no player in slot %d", slot);
@@ -218,7 +219,8 @@ void StatsViewsTest::handsShowCountsOrPercents() {
   StatsForm* form = OpenByMenu(*t, "mnuHands", "frmHands");
   // Every come-out roll is one of the eleven totals.
   long comeouts = 0;
-  for (int n = 2; n <= 12; ++n) comeouts += Text(*form, qPrintable(QString("lblNumComeoutRolls%1").arg(n))).toLong();
+  for (int n = 2; n <= 12; ++n)
+    comeouts += Text(*form, qPrintable(QString("lblNumComeoutRolls%1").arg(n))).toLong();
   QVERIFY(comeouts > 0);
   QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString::number(comeouts));
   // A come-out 7 can't miss and a 2 can't pass.
@@ -281,7 +283,8 @@ void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
   player->setCurrentIndex(player->findData(2));
   QCOMPARE(g.views.BetTrendsPlayer, 2);
   QTableWidgetItem* field = trends->item(bet::kField - 1, 1);
-  QCOMPARE(trends->item(bet::kField - 1, 0)->text(), QString::fromStdString(std::string(BetName(bet::kField))));
+  QCOMPARE(trends->item(bet::kField - 1, 0)->text(),
+           QString::fromStdString(std::string(BetName(bet::kField))));
   QCOMPARE(field->text().trimmed(), QString("-3"));
   QCOMPARE(field->foreground().color(), QColor(255, 0, 0));
   QCOMPARE(trends->item(bet::kPassLine - 1, 1)->text().trimmed(), QString("2"));
