@@ -46,6 +46,9 @@ demo: build
 SHOTS := docs/screenshots
 DEMO_PLAYER := --player Alice=1000 --bet 'Alice:Pass Line=10' --take-odds Alice \
                --win-rule Alice:2 --lose-rule Alice:2 --allow-negative Alice --seed 20261122
+# Two players with decisions of several kinds, for the statistics views.
+STATS_GAME := $(DEMO_PLAYER) --player Ben=2000 --bet 'Ben:Pass Line=5' --bet 'Ben:Field=5' \
+              --win-rule Ben:2 --lose-rule Ben:2
 
 screenshots: build
 	mkdir -p $(SHOTS)
@@ -92,6 +95,14 @@ screenshots: build
 	rm -f $(BUILD)/screenshot-sessions.slg
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/sessions-log.png --view sessionslog \
 	  --sessions-log $(BUILD)/screenshot-sessions.slg --sessions 60 --rolls 150 $(DEMO_PLAYER)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/summary.png --view summary:6 --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-totals.png --view totals --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-results.png --view results:6 --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hands.png --view hands --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/roll-frequencies.png --view freqs --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-trends.png --view trends:2 --rolls 500 $(DEMO_PLAYER) \
+	  --player Ben=2000 --bet 'Ben:Pass Line=5' --bet 'Ben:Lay 4=20' --bet 'Ben:Lay 5=20' \
+	  --bet 'Ben:Lay 9=20' --bet 'Ben:Lay 10=20' --win-rule Ben:2 --lose-rule Ben:2
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -18,6 +18,7 @@
 #include "core/text.h"
 #include "dice/probability_file.h"
 #include "script/files.h"
+#include "stats/roll_categories.h"
 #include "store/file_stamp.h"
 #include "store/game_file_check.h"
 #include "store/game_file_records.h"
@@ -190,6 +191,8 @@ void DeriveAfterReading(Game& g) {
   FigureProperUnits(g);
   SetLineOddsPayoffs(g);
   g.PlayerCount = NamedSeats(g);
+  // A file that never chose a frequencies category opens on the 7.
+  if (CategoryText(g.views.RollFreqCategory).empty()) g.views.RollFreqCategory = ViewsState{}.RollFreqCategory;
 }
 
 }  // namespace

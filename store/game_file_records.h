@@ -276,14 +276,14 @@ void ViewRecords(IO& io, Game& g) {
   io.Long(12, f.RollTotalsGraphColor);
   io.Long(16, f.RollTotalsScrollX);
   io.Long(20, f.RollTotalsScrollY);
-  io.Long(24, f.RollTotalsShowProb);
+  io.Long(24, v.RollTotalsVsSkewed);
   io.Long(28, v.RollTotalsFrame);
   io.Long(32, v.RollTotalsPlayers);
   io.Long(36, v.BetResultsFrame);
   io.Long(40, g.ComeoutsThisHand);
   io.Long(44, g.PassesThisHand);
   io.Long(48, g.MissesThisHand);
-  io.Long(52, f.HandsUnits);
+  io.Long(52, v.HandsShowPercent);
   io.Long(56, v.HandsFrame);
   io.Long(60, v.SummaryFrame);
 
@@ -300,7 +300,7 @@ void ViewRecords(IO& io, Game& g) {
   io.Long(28, g.betting.DisplayZeroStacks);
   io.Long(32, f.CheckStacksScroll);
   io.Long(36, f.CheckStacksFontSize);
-  io.Long(40, f.FreqNum);
+  io.Long(40, v.RollFreqCategory);
   io.Long(44, v.SessionsFilter);
   io.Long(48, v.SessionsView);
   io.Long(52, f.RyonKind);

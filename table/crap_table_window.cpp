@@ -46,6 +46,7 @@
 #include "table/path_form.h"
 #include "table/qt_platform.h"
 #include "table/roll_pad_form.h"
+#include "table/stats_views.h"
 #include "table/table_view.h"
 
 namespace {
@@ -65,6 +66,7 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
   setWindowTitle(Caption());
   view_ = new TableView(game, platform, this);
   mainKeeper_ = new WindowKeeper(game, KeptWindow::Main, *this);
+  statsViews_ = new StatsViews(game, this);
   setCentralWidget(view_);
   view_->onWindowKey = [this](int key, Qt::KeyboardModifiers mods) { WindowKey(key, mods); };
   connect(view_, &TableView::gameChanged, this, &CrapTableWindow::RefreshMenus);
@@ -89,6 +91,7 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
       diceFiles_->Refresh();
     if (eventsLog_ && eventsLog_->isVisible() && what == static_cast<int>(Redraw::OpenViews))
       eventsLog_->Refresh();
+    if (what == static_cast<int>(Redraw::OpenViews)) statsViews_->RefreshOpen();
   });
   platform.SetMainWindow(this);
   BuildMenus();
@@ -277,19 +280,22 @@ void CrapTableWindow::BuildMenus() {
 
   QMenu* stats = menuBar()->addMenu("&Statistics");
   stats->setToolTipsVisible(true);
-  const QString later = QStringLiteral("Opens this statistics view; not built yet.");
   connect(Item(stats, "mnuSessionsLog", "&Sessions Log ..."), &QAction::triggered, this,
           guarded([this] { SessionsLog()->show(); }));
   connect(Item(stats, "mnuEventsLog", "E&vents Log ..."), &QAction::triggered, this,
           guarded([this] { EventsLog()->show(); }));
-  Unbuilt(stats, "mnuSummary", "&Summary ...", later);
-  Unbuilt(stats, "mnuHands", "&Hands ...", later);
+  auto view = [this, stats](const char* name, const QString& caption, StatsView which) {
+    connect(Item(stats, name, caption), &QAction::triggered, this,
+            [this, which] { statsViews_->Open(which); });
+  };
+  view("mnuSummary", "&Summary ...", StatsView::Summary);
+  view("mnuHands", "&Hands ...", StatsView::Hands);
   connect(Item(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
           guarded([this] { Bankroll()->show(); }));
-  Unbuilt(stats, "mnuRollTotals", "Roll &Totals ...", later);
-  Unbuilt(stats, "mnuRollFreqs", "Roll &Frequencies ...", later);
-  Unbuilt(stats, "mnuBetResults", "Bet R&esults ...", later);
-  Unbuilt(stats, "mnuBetTrends", "Bet T&rends ...", later);
+  view("mnuRollTotals", "Roll &Totals ...", StatsView::RollTotals);
+  view("mnuRollFreqs", "Roll &Frequencies ...", StatsView::RollFreqs);
+  view("mnuBetResults", "Bet R&esults ...", StatsView::BetResults);
+  view("mnuBetTrends", "Bet T&rends ...", StatsView::BetTrends);
   connect(Item(stats, "mnuCheckStacks", "&CheckStacks ..."), &QAction::triggered, this,
           guarded([this] {
             CheckStacks()->Refresh();
@@ -320,6 +326,7 @@ void CrapTableWindow::RefreshMenus() {
   if (checkStacks_) checkStacks_->Refresh();
   if (bankroll_) bankroll_->Refresh();
   if (autoPlay_) autoPlay_->Refresh();
+  statsViews_->RefreshOpen();
 }
 
 void CrapTableWindow::SaveView(int n) {
@@ -468,4 +475,5 @@ void CrapTableWindow::RestoreWindowPlaces() {
     if (form != nullptr)
       if (auto* keeper = form->findChild<WindowKeeper*>(QString(), Qt::FindDirectChildrenOnly))
         keeper->Restore();
+  statsViews_->RestorePlaces();
 }

@@ -18,6 +18,7 @@ class DiceFilesForm;
 class EventsLogForm;
 class SessionsLogForm;
 class WindowKeeper;
+class StatsViews;
 struct Game;
 
 class CrapTableWindow : public QMainWindow {
@@ -43,6 +44,8 @@ class CrapTableWindow : public QMainWindow {
   EventsLogForm* EventsLog();
   // frmGames, the sessions log, made on first use (mnuSessionsLog).
   SessionsLogForm* SessionsLog();
+  // The statistics views (Summary, Hands, Roll Totals, ...).
+  StatsViews& Views() { return *statsViews_; }
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -78,4 +81,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<DiceFilesForm> diceFiles_;
   QPointer<EventsLogForm> eventsLog_;
   QPointer<SessionsLogForm> sessionsLog_;
+  StatsViews* statsViews_ = nullptr;
 };

@@ -31,6 +31,18 @@ LayoutSlot SlotOf(KeptWindow which) {
       return {false, 40, true};  // bytes 160-179 of record 3
     case KeptWindow::Move:
       return {false, 59, false};  // bytes 236-247 of record 3
+    case KeptWindow::Summary:
+      return {false, 10, false};  // bytes 40-51 of record 3
+    case KeptWindow::RollTotals:
+      return {false, 20, true};  // bytes 80-99 of record 3
+    case KeptWindow::RollFreqs:
+      return {false, 25, false};  // bytes 100-111 of record 3
+    case KeptWindow::BetResults:
+      return {false, 30, false};  // bytes 120-131 of record 3
+    case KeptWindow::BetTrends:
+      return {false, 35, true};  // bytes 140-159 of record 3
+    case KeptWindow::Hands:
+      return {false, 45, false};  // bytes 180-191 of record 3
   }
   return {true, 0, true};
 }

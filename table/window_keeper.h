@@ -17,7 +17,10 @@ struct Game;
 class QWidget;
 
 // The windows whose places the game keeps.
-enum class KeptWindow { Main, AutoPlay, Bankroll, CheckStacks, Move };
+enum class KeptWindow {
+  Main, AutoPlay, Bankroll, CheckStacks, Move,
+  Summary, RollTotals, RollFreqs, BetResults, BetTrends, Hands
+};
 
 class WindowKeeper : public QObject {
   Q_OBJECT

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/cli/player_options.h"
@@ -41,6 +42,8 @@
 #include "table/print_pages.h"
 #include "table/qt_platform.h"
 #include "table/roll_pad_form.h"
+#include "table/stats_form.h"
+#include "table/stats_views.h"
 #include "table/table_view.h"
 
 namespace {
@@ -133,6 +136,31 @@ void AnswerDialogsByDefault(QtPlatform& platform) {
   };
 }
 
+// The statistics view of a --view name.
+std::optional<StatsView> StatsViewNamed(const std::string& name) {
+  const std::pair<const char*, StatsView> kNames[] = {
+      {"summary", StatsView::Summary},       {"hands", StatsView::Hands},
+      {"totals", StatsView::RollTotals},     {"freqs", StatsView::RollFreqs},
+      {"results", StatsView::BetResults},    {"trends", StatsView::BetTrends}};
+  for (const auto& [word, view] : kNames)
+    if (name == word) return view;
+  return std::nullopt;
+}
+
+// The selection a statistics view opens with: a player bit set, or for the
+// bet trends the seat shown.
+void SelectForView(Game& game, StatsView view, int n) {
+  ViewsState& v = game.views;
+  switch (view) {
+    case StatsView::Summary: v.SummaryPlayers = n; break;
+    case StatsView::Hands: v.HandsPlayers = n; break;
+    case StatsView::RollTotals: v.RollTotalsPlayers = n; break;
+    case StatsView::BetResults: v.BetResultsPlayers = n; break;
+    case StatsView::BetTrends: v.BetTrendsPlayer = n; break;
+    default: break;
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -141,7 +169,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, or print:checkstacks|advantage|payoffs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -273,6 +301,17 @@ int main(int argc, char** argv) {
     QDialog* form = o.view == "new" ? static_cast<QDialog*>(new NewForm(*game, &window))
                                     : new PathForm(*game, &window);
     form->show();
+    form->adjustSize();
+    target = form;
+  } else if (const auto shown = StatsViewNamed(o.view.substr(0, o.view.find(':')))) {
+    // NAME:N selects the players of bit set N (the player of seat N in trends)
+    const std::size_t colon = o.view.find(':');
+    if (colon != std::string::npos) SelectForView(*game, *shown, std::atoi(o.view.c_str() + colon + 1));
+    StatsForm* form = window.Views().Open(*shown);
+    if (form == nullptr) {
+      std::cerr << "ravelton: the " << o.view << " view is not built yet\n";
+      return 1;
+    }
     form->adjustSize();
     target = form;
   } else if (o.view.rfind("autoplay", 0) == 0) {

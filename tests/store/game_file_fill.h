@@ -156,10 +156,10 @@ inline void FillGame(Game& g, const std::array<const char*, 9>& names) {
   next(tv.PaletteColor), next(tv.LayoutColor), next(tv.TablePreset);
   tv.Spotlight = false;
   for (auto* x : {&v.RollTotalsKind, &f.RollTotalsBackColor, &f.RollTotalsGraphColor,
-                  &f.RollTotalsScrollX, &f.RollTotalsScrollY, &f.RollTotalsShowProb,
-                  &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame, &f.HandsUnits,
+                  &f.RollTotalsScrollX, &f.RollTotalsScrollY,
+                  &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame,
                   &v.HandsFrame, &v.SummaryFrame, &tv.StatusView, &f.CheckStacksScroll,
-                  &f.CheckStacksFontSize, &f.FreqNum, &v.SessionsFilter, &v.SessionsView,
+                  &f.CheckStacksFontSize, &v.SessionsFilter, &v.SessionsView,
                   &f.RyonKind, &f.RyonColor, &f.DiceFilesFontSize, &f.BankrollReferenceLines,
                   &f.BankrollColor, &f.BankrollAdjustType, &f.BankrollGraphType,
                   &f.BankrollGridLines, &f.BankrollAverageSpan, &f.EditorStepsWindow,
@@ -167,6 +167,8 @@ inline void FillGame(Game& g, const std::array<const char*, 9>& names) {
                   &f.EditorHighlight, &f.EditorItalic, &f.EditorBold, &f.EditorFontSize})
     next(*x);
   v.BetResultsSelection = "Pass Line, Field";
+  v.RollTotalsVsSkewed = true, v.HandsShowPercent = true;
+  v.RollFreqCategory = 33;
   tv.AutoSize = true, tv.DisplayBetAmounts = true, tv.HopBetsShown = true;
   f.EnterBetId = 102;
   f.CheckStacksItalic = true, f.CheckStacksBold = false;

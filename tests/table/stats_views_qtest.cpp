@@ -1,0 +1,328 @@
+// The statistics views under the offscreen platform: each opens from its
+// menu item on the game's figures, follows the rolls while open, and keeps
+// its frame, selection and options in the game.
+#include <QAction>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "core/catalogue.h"
+#include "cycle/hyperdrive.h"
+#include "desktop_fixture.h"
+#include "engine/place.h"
+#include "stats/roll_categories.h"
+#include "table/stats_form.h"
+#include "table/stats_views.h"
+
+class StatsViewsTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void summaryShowsTheGameAndFollowsRolls();
+  void summarySelectionChangesTheBankrollBlock();
+  void rollTotalsKindsListTheirCategories();
+  void betResultsFollowTheBetSelection();
+  void handsShowCountsOrPercents();
+  void rollFreqsShowTheGapsOfTheChosenCategory();
+  void betTrendsShowOnePlayersStreaks();
+  void viewsKeepTheirPlacesInTheGame();
+};
+
+namespace {
+
+constexpr int kRolls = 120;
+
+// A table of two players, Ann with a Field bet, after kRolls rolls.
+void PlayedTable(std::unique_ptr<DesktopTable>& t) {
+  t = std::make_unique<DesktopTable>(2);
+  Game& g = *t->game;
+  g.rules.BetRequirement = kNoBetRequired;
+  g.rules.NoticeFlags = 0;
+  g.betting.CurPlayer = 1;
+  g.BetRequest = Currency::FromWhole(10);
+  PlaceBet(g, 1, bet::kField);
+  QVERIFY(g.Bet(1, bet::kField) > Currency{});
+  g.hyper.RunRollLimit = kRolls;
+  RunHyperDrive(g);
+}
+
+StatsForm* OpenByMenu(DesktopTable& t, const char* item, const char* form) {
+  QAction* a = t.window->findChild<QAction*>(item);
+  if (a == nullptr || !a->isEnabled()) qFatal("menu item %s missing or disabled", item);
+  a->trigger();
+  auto* f = t.window->findChild<StatsForm*>(form);
+  if (f == nullptr) qFatal("no form %s", form);
+  return f;
+}
+
+QString Text(QWidget& form, const char* label) { return FormChild<QLabel>(form, label)->text(); }
+QColor Ink(QWidget& form, const char* label) {
+  return FormChild<QLabel>(form, label)->palette().color(QPalette::WindowText);
+}
+void Pick(QWidget& form, int slot) {
+  auto* list = FormChild<QListWidget>(form, "lstPlayer");
+  for (int r = 0; r < list->count(); ++r)
+    if (list->item(r)->data(Qt::UserRole).toInt() == slot) {
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                        list->visualItemRect(list->item(r)).center());
+      return;
+    }
+  qFatal("no player in slot %d", slot);
+}
+void DoubleClick(QWidget& form, const char* label) {
+  QTest::mouseDClick(FormChild<QLabel>(form, label), Qt::LeftButton);
+}
+
+}  // namespace
+
+void StatsViewsTest::summaryShowsTheGameAndFollowsRolls() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  StatsForm* form = OpenByMenu(*t, "mnuSummary", "frmSummary");
+  QVERIFY(form->isVisible());
+  QVERIFY(!form->isModal());
+  QCOMPARE(form->windowTitle(), QString("Session Summary"));
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls));
+  QCOMPARE(Text(*form, "lblTotalHands"), QString::number(g.HandsTally(18)));
+  // A roll at the table reaches the open view.
+  t->View()->Roll();
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls + 1));
+  // Another frame is kept in the game; the table's roll count stays.
+  FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(4);
+  QCOMPARE(g.views.SummaryFrame, 4);
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollsAtTable(36)));
+}
+
+void StatsViewsTest::summarySelectionChangesTheBankrollBlock() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  g.Bet(1, 0) = Currency::FromWhole(1234);
+  g.Bet(2, 0) = Currency::FromWhole(-40);  // Bo owes the house
+  StatsForm* form = OpenByMenu(*t, "mnuSummary", "frmSummary");
+  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("0"));
+  QCOMPARE(Text(*form, "lblNumBetsDecided"), QString("0"));
+
+  Pick(*form, 2);
+  QCOMPARE(g.views.SummaryPlayers, 1 << 2);
+  QCOMPARE(Text(*form, "lblPlayer"), QString("1 Player selected"));
+  QCOMPARE(Text(*form, "lblSummary6"), QString("Current bankroll"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("-40"));
+  QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(192, 0, 0));
+
+  Pick(*form, 1);  // Ann, who bet on the Field every roll
+  QCOMPARE(Text(*form, "lblPlayer"), QString("Both players selected"));
+  QCOMPARE(Text(*form, "lblSummary6"), QString("Sum bankrolls"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("1,194"));
+  QCOMPARE(Text(*form, "lblBankrollLow"), QString("-40"));  // the smaller present bankroll
+  QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(0, 0, 192));
+  QVERIFY(Text(*form, "lblNumBetsDecided").toInt() > 0);
+
+  DoubleClick(*form, "lblPlayer");
+  QCOMPARE(g.views.SummaryPlayers, 0);
+  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
+  QCOMPARE(FormChild<QListWidget>(*form, "lstPlayer")->selectedItems().size(), 0);
+}
+
+void StatsViewsTest::rollTotalsKindsListTheirCategories() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  StatsForm* form = OpenByMenu(*t, "mnuRollTotals", "frmRollTotals");
+  auto* grid = FormChild<QTableWidget>(*form, "grdTotals");
+  auto countSum = [grid] {
+    long n = 0;
+    for (int r = 0; r < grid->rowCount(); ++r) n += grid->item(r, 3)->text().remove(',').toLong();
+    return n;
+  };
+  auto kind = [form](int k) {
+    for (QAction* a : form->findChildren<QAction*>("mnuDisplayTotals"))
+      if (a->data().toInt() == k) a->trigger();
+  };
+  // Every roll has one total and one face on each die.
+  QCOMPARE(grid->rowCount(), 11);
+  QCOMPARE(countSum(), long{kRolls});
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls));
+  kind(3);
+  QCOMPARE(g.views.RollTotalsKind, 3);
+  QCOMPARE(grid->rowCount(), 12);
+  QCOMPARE(countSum(), long{2 * kRolls});
+  kind(2);
+  QCOMPARE(grid->rowCount(), 36);
+  QCOMPARE(grid->item(1, 0)->text(), QString::fromStdString(CategoryText(22)));
+  // Rolls since last exist only for the session-wide frames.
+  QVERIFY(grid->item(0, 4)->text() != "---");
+  FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
+  QCOMPARE(g.views.RollTotalsFrame, 1);
+  QCOMPARE(grid->item(0, 4)->text(), QString("---"));
+  // The colour menus are the game's.
+  for (QAction* a : form->findChildren<QAction*>("mnuGraphColor"))
+    if (a->data().toInt() == 7) a->trigger();
+  QCOMPARE(g.gamefile.RollTotalsGraphColor, 7);
+  FormChild<QRadioButton>(*form, "optShowProb0")->click();
+  QVERIFY(g.views.RollTotalsVsSkewed);
+}
+
+void StatsViewsTest::betResultsFollowTheBetSelection() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  g.views.BetResultsPlayers = 1 << 1;
+  StatsForm* form = OpenByMenu(*t, "mnuBetResults", "frmBetResults");
+  auto* bets = FormChild<QListWidget>(*form, "lstBets");
+  QCOMPARE(bets->count(), 85);
+  QCOMPARE(bets->selectedItems().size(), 85);
+  QCOMPARE(Text(*form, "lblBets"), QString("All bets selected"));
+  // Ann's only bet was the Field, so all bets and the Field alone agree.
+  const QString decided = Text(*form, "lblWagers1");
+  QVERIFY(decided.toInt() > 0);
+  QCOMPARE(Text(*form, "lblCurrentNum"), QString(g.Bet(1, bet::kField) > Currency{} ? "1" : "0"));
+  const bool lost = Text(*form, "lblNet2").startsWith('-');
+  QCOMPARE(Ink(*form, "lblNet2"), lost ? QColor(192, 0, 0) : QColor(0, 0, 192));
+  QCOMPARE(Ink(*form, "lblNetPct2"), Ink(*form, "lblNet2"));
+  // The Field's edge makes the expected value a loss.
+  QVERIFY(Text(*form, "lblNet11").startsWith('-'));
+
+  DoubleClick(*form, "lblBets");
+  QCOMPARE(g.views.BetResultsSelection, std::string(85, '0'));
+  QCOMPARE(Text(*form, "lblBets"), QString("No bets selected"));
+  QCOMPARE(Text(*form, "lblWagers1"), QString("0"));
+  QCOMPARE(Text(*form, "lblNetPct2"), QString("0"));
+
+  QListWidgetItem* field = bets->item(bet::kField - 1);
+  QTest::mouseClick(bets->viewport(), Qt::LeftButton, {}, bets->visualItemRect(field).center());
+  QCOMPARE(g.views.BetResultsSelection[bet::kField - 1], 'S');
+  QCOMPARE(Text(*form, "lblBets"), QString("1 bet selected"));
+  QCOMPARE(Text(*form, "lblWagers1"), decided);
+  // Bo made no bet.
+  Pick(*form, 1);
+  Pick(*form, 2);
+  QCOMPARE(g.views.BetResultsPlayers, 1 << 2);
+  QCOMPARE(Text(*form, "lblWagers1"), QString("0"));
+}
+
+void StatsViewsTest::handsShowCountsOrPercents() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  StatsForm* form = OpenByMenu(*t, "mnuHands", "frmHands");
+  // Every come-out roll is one of the eleven totals.
+  long comeouts = 0;
+  for (int n = 2; n <= 12; ++n)
+    comeouts += Text(*form, qPrintable(QString("lblNumComeoutRolls%1").arg(n))).toLong();
+  QVERIFY(comeouts > 0);
+  QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString::number(comeouts));
+  // A come-out 7 can't miss and a 2 can't pass.
+  QVERIFY(!FormChild<QLabel>(*form, "lblNumMisses7")->isVisible());
+  QVERIFY(!FormChild<QLabel>(*form, "lblNumPasses2")->isVisible());
+  QVERIFY(FormChild<QLabel>(*form, "lblNumPasses7")->isVisible());
+  QCOMPARE(Text(*form, "lblHandTotal"), QString::number(g.HandsTally(18)));
+
+  auto* units = FormChild<QPushButton>(*form, "cmdUnits");
+  units->click();
+  QVERIFY(g.views.HandsShowPercent);
+  QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString("100.00"));
+  units->click();
+  QVERIFY(!g.views.HandsShowPercent);
+  QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString::number(comeouts));
+  // A hand frame counts the rolls of the hand.
+  FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
+  QCOMPARE(g.views.HandsFrame, 1);
+  QCOMPARE(Text(*form, "lblHandTotal"), QString::number(g.RollTally(9, 0)));
+}
+
+void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
+  std::unique_ptr<DesktopTable> t;
+  PlayedTable(t);
+  if (QTest::currentTestFailed()) return;
+  Game& g = *t->game;
+  StatsForm* form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
+  auto* category = FormChild<QComboBox>(*form, "cmbFreqNum");
+  category->setCurrentIndex(category->findData(6));
+  QCOMPARE(g.views.RollFreqCategory, 6);
+  QCOMPARE(Text(*form, "lblTotalRollsAll"), QString::number(kRolls));
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollTally(18, 6)));
+  QCOMPARE(Text(*form, "lblLastRolled"), QString::number(g.RollsSince(6)));
+  // Every showing of the 6 closes one gap: the gap counts add up to its count.
+  auto* gaps = FormChild<QTableWidget>(*form, "grdFreqs");
+  long closed = 0;
+  for (int r = 0; r < gaps->rowCount(); ++r)
+    for (int c = 1; c < gaps->columnCount(); c += 2) closed += gaps->item(r, c)->text().toLong();
+  QCOMPARE(closed, long{g.RollTally(18, 6)});
+  QCOMPARE(FormChild<QPushButton>(*form, "cmdProbable")->text(), QString("True probable %:"));
+  QCOMPARE(Text(*form, "lblIdealPercent"), QString("13.89"));
+  // The next roll reaches the open view.
+  t->View()->Roll();
+  QCOMPARE(Text(*form, "lblTotalRollsAll"), QString::number(kRolls + 1));
+}
+
+void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
+  DesktopTable t(2);
+  Game& g = *t.game;
+  g.BetTrend(2, bet::kField, 1) = -3;
+  g.BetTrend(2, bet::kPassLine, 1) = 2;
+  g.views.BetTrendsPlayer = 7;  // an empty seat moves to the first player
+  StatsForm* form = OpenByMenu(t, "mnuBetTrends", "frmBetTrends");
+  QCOMPARE(form->windowTitle(), QString("Bet Trends "));
+  QCOMPARE(g.views.BetTrendsPlayer, 1);
+  auto* trends = FormChild<QTableWidget>(*form, "picBetTrends");
+  QCOMPARE(trends->rowCount(), 85);
+  QCOMPARE(trends->item(bet::kField - 1, 1)->text().trimmed(), QString());
+  auto* player = FormChild<QComboBox>(*form, "cmbPlayer");
+  player->setCurrentIndex(player->findData(2));
+  QCOMPARE(g.views.BetTrendsPlayer, 2);
+  QTableWidgetItem* field = trends->item(bet::kField - 1, 1);
+  QCOMPARE(trends->item(bet::kField - 1, 0)->text(),
+           QString::fromStdString(std::string(BetName(bet::kField))));
+  QCOMPARE(field->text().trimmed(), QString("-3"));
+  QCOMPARE(field->foreground().color(), QColor(255, 0, 0));
+  QCOMPARE(trends->item(bet::kPassLine - 1, 1)->text().trimmed(), QString("2"));
+  QCOMPARE(trends->item(bet::kPassLine - 1, 1)->foreground().color(), QColor(0, 0, 255));
+  // File > Print hands the printout to the printer.
+  QTemporaryDir dir;
+  t.platform.printToFile = dir.filePath("trends.pdf");
+  form->findChild<QAction*>("mnuPrint")->trigger();
+  QCOMPARE(t.platform.documentsPrinted, 1);
+  QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
+  // Views whose printout is not built keep the item disabled.
+  StatsForm* summary = OpenByMenu(t, "mnuSummary", "frmSummary");
+  QVERIFY(!summary->findChild<QAction*>("mnuPrint")->isEnabled());
+}
+
+void StatsViewsTest::viewsKeepTheirPlacesInTheGame() {
+  DesktopTable t(1);
+  const auto& layout = t.game->gamefile.LayoutB;
+  // frmRollTotals keeps Singles 20..24 of record 3: shown, Top, Left, Height, Width.
+  StatsForm* totals = t.window->Views().Open(StatsView::RollTotals);
+  totals->resize(1100, 640);
+  totals->move(130, 70);
+  QApplication::processEvents();
+  QCOMPARE(layout[20], 1.0f);
+  QCOMPARE(layout[21], 70.0f);
+  QCOMPARE(layout[22], 130.0f);
+  QCOMPARE(layout[23], 640.0f);
+  QCOMPARE(layout[24], 1100.0f);
+  totals->hide();
+  QCOMPARE(layout[20], 0.0f);
+  // frmHands keeps Singles 45..47 and opens where a saved game had it.
+  DesktopTable other(1);
+  other.game->gamefile.LayoutB[46] = 60;
+  other.game->gamefile.LayoutB[47] = 150;
+  StatsForm* hands = other.window->Views().Open(StatsView::Hands);
+  QApplication::processEvents();
+  QCOMPARE(hands->pos(), QPoint(150, 60));
+}
+
+QTEST_MAIN(StatsViewsTest)
+#include "stats_views_qtest.moc"
