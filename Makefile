@@ -79,6 +79,9 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-advantage.png --view configure:9
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-checkstacks.png --view print:checkstacks --full-table
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-advantage.png --view print:advantage
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/auto-bet.png --player Alice=1000 \
+	  --view autobet:examples/three_point_molly.bet
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hot-keys.png --view hotkeys
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -22,6 +22,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QMessageBox>
 
@@ -31,11 +32,14 @@
 #include "cycle/hyperdrive.h"
 #include "core/game.h"
 #include "cycle/player_names.h"
+#include "script/hot_keys.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
+#include "table/auto_bet_form.h"
 #include "table/auto_play_form.h"
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
+#include "table/hot_keys_form.h"
 #include "table/configure_form.h"
 #include "table/move_form.h"
 #include "table/window_keeper.h"
@@ -63,6 +67,7 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
   mainKeeper_ = new WindowKeeper(game, KeptWindow::Main, *this);
   setCentralWidget(view_);
   view_->onWindowKey = [this](int key, Qt::KeyboardModifiers mods) { WindowKey(key, mods); };
+  view_->installEventFilter(this);
   connect(view_, &TableView::gameChanged, this, &CrapTableWindow::RefreshMenus);
   connect(&platform, &QtPlatform::redrawRequested, this, [this](int what) {
     view_->update();
@@ -147,7 +152,11 @@ void CrapTableWindow::BuildMenus() {
     PathForm form(game_, this);
     form.exec();
   });
-  Unbuilt(gameMenu, "mnuHotKeys", "&Hot-Keys ...", "Opens the Hot-Keys form; not built yet.");
+  connect(Item(gameMenu, "mnuHotKeys", "&Hot-Keys ..."), &QAction::triggered, this,
+          guarded([this] {
+            HotKeysForm form(game_, this);
+            form.exec();
+          }));
   QMenu* position = gameMenu->addMenu("&Table Position");
   position->setObjectName("mnuTablePosition");
   connect(Item(position, "mnuAutoSize", "&Auto-size/center"), &QAction::triggered, this,
@@ -229,7 +238,8 @@ void CrapTableWindow::BuildMenus() {
   Unbuilt(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8", "Opens the dice roll files; not built yet.");
   connect(Item(action, "mnuAutoPlay", "Auto-&Play ...\tF3"), &QAction::triggered, this,
           guarded([this] { AutoPlay()->show(); }));
-  Unbuilt(action, "mnuAutoBet", "Auto-&Bet ...\tF4", "Opens the script editor; not built yet.");
+  connect(Item(action, "mnuAutoBet", "Auto-&Bet ...\tF4"), &QAction::triggered, this,
+          guarded([this] { ShowAutoBet(); }));
   action->addSeparator();
   connect(Item(action, "mnuBuyPlaceBet", "B&uy Place bet\tF5"), &QAction::triggered, this,
           key(Qt::Key_F5));
@@ -304,6 +314,7 @@ void CrapTableWindow::RefreshMenus() {
   if (checkStacks_) checkStacks_->Refresh();
   if (bankroll_) bankroll_->Refresh();
   if (autoPlay_) autoPlay_->Refresh();
+  if (autoBet_ && autoBet_->isVisible()) autoBet_->Refresh();
 }
 
 void CrapTableWindow::SaveView(int n) {
@@ -338,6 +349,7 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (digit >= 0 && (mods & Qt::ControlModifier)) return RestoreView(digit);
   if (key == Qt::Key_Z) Move()->show();
   if (key == Qt::Key_F3) AutoPlay()->show();
+  if (key == Qt::Key_F4) ShowAutoBet();
   // F4, F8, F12, Esc and Ctrl+letters open forms that are not built yet.
 }
 
@@ -379,6 +391,40 @@ AutoPlayForm* CrapTableWindow::AutoPlay() {
   }
   autoPlay_->Refresh();
   return autoPlay_;
+}
+
+AutoBetForm* CrapTableWindow::AutoBet() {
+  if (!autoBet_) {
+    autoBet_ = new AutoBetForm(game_, this);
+    platform_.onScriptStep = [this](const ScriptStep& step) {
+      return autoBet_ ? autoBet_->ShowStep(step) : true;
+    };
+    connect(autoBet_, &AutoBetForm::changed, view_, qOverload<>(&QWidget::update));
+  }
+  return autoBet_;
+}
+
+void CrapTableWindow::ShowAutoBet() {
+  AutoBet()->show();
+  autoBet_->raise();
+  autoBet_->activateWindow();
+}
+
+bool CrapTableWindow::eventFilter(QObject* watched, QEvent* event) {
+  // Ctrl and a letter, nothing else held: a Hot-Key, before the table's own
+  // keys; a letter without a Hot-Key goes on to them.
+  if (watched == view_ && event->type() == QEvent::KeyPress && !game_.HyperDrive &&
+      !game_.scriptRun.ScriptRunning) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->modifiers() == Qt::ControlModifier && key->key() >= Qt::Key_A &&
+        key->key() <= Qt::Key_Z &&
+        FireHotKey(game_, static_cast<char>('A' + (key->key() - Qt::Key_A)))) {
+      RefreshMenus();
+      view_->update();
+      return true;
+    }
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void CrapTableWindow::closeEvent(QCloseEvent* event) {

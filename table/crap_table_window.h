@@ -13,6 +13,7 @@ class ConfigureForm;
 class MoveForm;
 class CheckStacksForm;
 class AutoPlayForm;
+class AutoBetForm;
 class WindowKeeper;
 struct Game;
 
@@ -31,6 +32,9 @@ class CrapTableWindow : public QMainWindow {
   CheckStacksForm* CheckStacks();
   // frmAutoPlay, made on first use (F3, mnuAutoPlay).
   AutoPlayForm* AutoPlay();
+  // frmAutoBet, the script editor, made on first use (F4, mnuAutoBet).
+  AutoBetForm* AutoBet();
+  void ShowAutoBet();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -42,6 +46,8 @@ class CrapTableWindow : public QMainWindow {
   QString Caption() const;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  // Ctrl and a letter on the table fires a Hot-Key.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void BuildMenus();
@@ -62,4 +68,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<MoveForm> move_;
   QPointer<CheckStacksForm> checkStacks_;
   QPointer<AutoPlayForm> autoPlay_;
+  QPointer<AutoBetForm> autoBet_;
 };
