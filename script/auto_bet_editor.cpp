@@ -231,17 +231,37 @@ std::vector<std::int32_t> BandMarks(const std::vector<std::string>& lines,
   return marks;
 }
 
+std::vector<std::int32_t> BlockLevels(const std::vector<std::string>& lines) {
+  std::vector<std::int32_t> levels(lines.size(), 0);
+  int depth = 0;
+  for (std::size_t l = 1; l < lines.size(); ++l) {
+    const std::string text = LowerCase(Trim(lines[l])) + " ";
+    auto opens = [&](std::string_view head, std::string_view closer) {
+      if (!text.starts_with(head)) return false;
+      const std::string body(Trim(text));
+      return body.find(closer) == std::string::npos || body.ends_with(closer);
+    };
+    if (opens("if ", "then") || opens("do ", "loop")) {
+      levels[l] = ++depth;
+    } else if (text.starts_with("if ")) {
+      levels[l] = depth + 1;  // a one-line If stands at the level of its block
+    } else if (text.starts_with("endif ") || text.starts_with("loop ")) {
+      levels[l] = depth;
+      depth = std::max(0, depth - 1);
+    } else {
+      levels[l] = depth;
+    }
+  }
+  return levels;
+}
+
 void ApplyCompiledIndents(Game& game, bool reindent) {
   ScriptSource& ss = game.scriptSource;
-  const auto& levels = game.scriptCode.LineIndent;
   FitEditorArrays(ss);
-  for (std::size_t l = 1; l < ss.EdLines.size(); ++l)
-    ss.EdIndent[l] = l < levels.size() && levels[l] > 0 ? levels[l] : 0;
+  ss.EdIndent = BlockLevels(ss.EdLines);
   if (reindent) {
     std::vector<std::string> lines = ss.EdLines;
-    std::vector<std::int32_t> known(levels.begin(), levels.end());
-    known.resize(lines.size(), -1);
-    IndentScriptLines(lines, known);
+    IndentScriptLines(lines, ss.EdIndent);
     if (lines != ss.EdLines) {
       lines.erase(lines.begin());
       SetEditorText(game, lines, true);

@@ -65,7 +65,12 @@ bool CapitalizeStructureWords(std::string& line);
 // ends, as the indents of the last compile say.
 std::vector<std::int32_t> BandMarks(const std::vector<std::string>& lines,
                                     const std::vector<std::int32_t>& indent);
-// After a compile: EdIndent from the compiler's indent levels and EdBandMark
-// from them; with `reindent` the lines are rewritten with 3 blanks a level
-// (Auto-Indent), which counts as a change of the text when it changes one.
+// The block level of each line of a script that compiled (1-based): a line
+// inside n blocks is at level n, and the lines that open, divide or close a
+// block (If ... Then, Else, EndIf, Do, Loop) at the level of its inside.
+std::vector<std::int32_t> BlockLevels(const std::vector<std::string>& lines);
+// After a successful compile: EdIndent from the block levels and EdBandMark
+// from them; with `reindent` the lines are rewritten with 3 blanks a level,
+// the structure words one level out (Auto-Indent), which counts as a change
+// of the text when it changes one.
 void ApplyCompiledIndents(Game& game, bool reindent);

@@ -10,6 +10,7 @@
 #include "core/headless_platform.h"
 #include "cycle/startup.h"
 #include "script/auto_bet_find.h"
+#include "script/compile_script.h"
 #include "script/picklists.h"
 #include "script/script_printouts.h"
 
@@ -147,6 +148,21 @@ TEST_F(AutoBetEditor, FindGoesFromTheCaretAndWrapsOnceRoundTheScript) {
   EXPECT_EQ(ss.ScriptLines[1][2], "bet 55 on big6");
   EXPECT_EQ(ReplacementsMadeText(1), "1 replacement was made.");
   EXPECT_EQ(ReplacementsMadeText(0), "0 replacements were made.");
+}
+
+TEST_F(AutoBetEditor, AutoIndentNestsBlocksAndTheBandsFollowTheTopLevel) {
+  SetEditorText(g, {"bet 5 on field :", "If point = 0 Then", "If point = 4 Then", "bet 5 on come :",
+                    "EndIf", "Do", "ExitDo", "Loop", "EndIf", "bet 5 on big6 :"},
+                false);
+  ASSERT_FALSE(CompileScript(g, 1, ss.EdLines)) << g.msg.MsgText;
+  ApplyCompiledIndents(g, true);
+  EXPECT_EQ(EditorText(g),
+            (std::vector<std::string>{"bet 5 on field :", "If point = 0 Then", "   If point = 4 Then",
+                                      "      bet 5 on come :", "   EndIf", "   Do", "      ExitDo",
+                                      "   Loop", "EndIf", "bet 5 on big6 :"}));
+  EXPECT_EQ(ss.EdBandMark, (std::vector<std::int32_t>{0, 1, 2, 2, 2, 2, 2, 2, 2, 2, 1}));
+  EXPECT_EQ(ss.ScriptLines[1][3], "   If point = 4 Then");
+  EXPECT_TRUE(ss.ScriptDirty[1]);
 }
 
 TEST(StructureWords, AreCapitalizedOutsideQuotesAndComments) {
