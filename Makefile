@@ -103,6 +103,9 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/bet-trends.png --view trends:2 --rolls 500 $(DEMO_PLAYER) \
 	  --player Ben=2000 --bet 'Ben:Pass Line=5' --bet 'Ben:Lay 4=20' --bet 'Ben:Lay 5=20' \
 	  --bet 'Ben:Lay 9=20' --bet 'Ben:Lay 10=20' --win-rule Ben:2 --lose-rule Ben:2
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/auto-bet.png --player Alice=1000 \
+	  --view autobet:examples/three_point_molly.bet
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hot-keys.png --view hotkeys
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

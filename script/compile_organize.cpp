@@ -137,6 +137,9 @@ bool Resolve(Game& game, Reference& r) {
 }
 
 // Appends the canonical run of a resolved reference to `out`.
+// The player code of "autobettor": whoever the script bets for when it runs.
+constexpr double kAutobettorCode = 14;
+
 void WriteBack(const Elements& s, const Reference& r, Elements& out, int p) {
   auto copy = [&](const Run& run) {
     out.insert(out.end(), s.begin() + static_cast<std::ptrdiff_t>(run.begin),
@@ -150,7 +153,10 @@ void WriteBack(const Elements& s, const Reference& r, Elements& out, int p) {
     if (!r.player.Empty())
       copy(r.player);
     else
-      out.push_back({kPlayerRef, (cls == 3 || pointsVar) ? 0.0 : static_cast<double>(p)});
+      // A Hot-Key's script (slot 0) bets for the player current when it runs.
+      out.push_back({kPlayerRef, (cls == 3 || pointsVar) ? 0.0
+                                 : p == 0                  ? kAutobettorCode
+                                                           : static_cast<double>(p)});
   }
   if (cls >= 2) out.push_back({kFrame, r.frame.value_or(3)});
   if (cls == 3) out.push_back({kStatField, r.field.value_or(0)});

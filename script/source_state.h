@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "script/hot_key_state.h"
+
 constexpr int kScriptSlots = 9;
 
 struct ScriptSource {
@@ -56,6 +58,9 @@ struct ScriptSource {
   std::int32_t EdSelEndLine = 1;
   std::int32_t EdCaretLine = 1;
   std::int32_t EdCaretColumn = 0;
+
+  // The Hot-Keys, in the order they are searched (HotKeyCount = size()).
+  std::vector<HotKeyRow> HotKeyTable;
 
   bool PastingScript = false;  // the editor pastes a file at its caret
   bool HotKeyRunning = false;  // a Hot-Key is prepared or run: ScriptFile untouched

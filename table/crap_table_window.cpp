@@ -22,6 +22,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QMessageBox>
 
@@ -31,11 +32,14 @@
 #include "cycle/hyperdrive.h"
 #include "core/game.h"
 #include "cycle/player_names.h"
+#include "script/hot_keys.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
+#include "table/auto_bet_form.h"
 #include "table/auto_play_form.h"
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
+#include "table/hot_keys_form.h"
 #include "table/configure_form.h"
 #include "table/dice_files_form.h"
 #include "table/events_log_form.h"
@@ -69,6 +73,7 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
   statsViews_ = new StatsViews(game, this);
   setCentralWidget(view_);
   view_->onWindowKey = [this](int key, Qt::KeyboardModifiers mods) { WindowKey(key, mods); };
+  view_->installEventFilter(this);
   connect(view_, &TableView::gameChanged, this, &CrapTableWindow::RefreshMenus);
   connect(&platform, &QtPlatform::redrawRequested, this, [this](int what) {
     view_->update();
@@ -162,7 +167,11 @@ void CrapTableWindow::BuildMenus() {
     PathForm form(game_, this);
     form.exec();
   });
-  Unbuilt(gameMenu, "mnuHotKeys", "&Hot-Keys ...", "Opens the Hot-Keys form; not built yet.");
+  connect(Item(gameMenu, "mnuHotKeys", "&Hot-Keys ..."), &QAction::triggered, this,
+          guarded([this] {
+            HotKeysForm form(game_, this);
+            form.exec();
+          }));
   QMenu* position = gameMenu->addMenu("&Table Position");
   position->setObjectName("mnuTablePosition");
   connect(Item(position, "mnuAutoSize", "&Auto-size/center"), &QAction::triggered, this,
@@ -245,7 +254,8 @@ void CrapTableWindow::BuildMenus() {
           guarded([this] { DiceFiles()->show(); }));
   connect(Item(action, "mnuAutoPlay", "Auto-&Play ...\tF3"), &QAction::triggered, this,
           guarded([this] { AutoPlay()->show(); }));
-  Unbuilt(action, "mnuAutoBet", "Auto-&Bet ...\tF4", "Opens the script editor; not built yet.");
+  connect(Item(action, "mnuAutoBet", "Auto-&Bet ...\tF4"), &QAction::triggered, this,
+          guarded([this] { ShowAutoBet(); }));
   action->addSeparator();
   connect(Item(action, "mnuBuyPlaceBet", "B&uy Place bet\tF5"), &QAction::triggered, this,
           key(Qt::Key_F5));
@@ -327,6 +337,7 @@ void CrapTableWindow::RefreshMenus() {
   if (bankroll_) bankroll_->Refresh();
   if (autoPlay_) autoPlay_->Refresh();
   statsViews_->RefreshOpen();
+  if (autoBet_ && autoBet_->isVisible()) autoBet_->Refresh();
 }
 
 void CrapTableWindow::SaveView(int n) {
@@ -363,7 +374,7 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (key == Qt::Key_F3) AutoPlay()->show();
   if (key == Qt::Key_F12) RollPad()->show();
   if (key == Qt::Key_F8) DiceFiles()->show();
-  // F4, Esc and Ctrl+letters open forms that are not built yet.
+  if (key == Qt::Key_F4) ShowAutoBet();
 }
 
 ConfigureForm* CrapTableWindow::Configure() {
@@ -438,6 +449,40 @@ RollPadForm* CrapTableWindow::RollPad() {
     connect(rollPad_, &RollPadForm::tableKey, view_, &TableView::HandleTableKey);
   }
   return rollPad_;
+}
+
+AutoBetForm* CrapTableWindow::AutoBet() {
+  if (!autoBet_) {
+    autoBet_ = new AutoBetForm(game_, this);
+    platform_.onScriptStep = [this](const ScriptStep& step) {
+      return autoBet_ ? autoBet_->ShowStep(step) : true;
+    };
+    connect(autoBet_, &AutoBetForm::changed, view_, qOverload<>(&QWidget::update));
+  }
+  return autoBet_;
+}
+
+void CrapTableWindow::ShowAutoBet() {
+  AutoBet()->show();
+  autoBet_->raise();
+  autoBet_->activateWindow();
+}
+
+bool CrapTableWindow::eventFilter(QObject* watched, QEvent* event) {
+  // Ctrl and a letter, nothing else held: a Hot-Key, before the table's own
+  // keys; a letter without a Hot-Key goes on to them.
+  if (watched == view_ && event->type() == QEvent::KeyPress && !game_.HyperDrive &&
+      !game_.scriptRun.ScriptRunning) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->modifiers() == Qt::ControlModifier && key->key() >= Qt::Key_A &&
+        key->key() <= Qt::Key_Z &&
+        FireHotKey(game_, static_cast<char>('A' + (key->key() - Qt::Key_A)))) {
+      RefreshMenus();
+      view_->update();
+      return true;
+    }
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void CrapTableWindow::closeEvent(QCloseEvent* event) {

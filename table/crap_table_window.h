@@ -17,6 +17,7 @@ class RollPadForm;
 class DiceFilesForm;
 class EventsLogForm;
 class SessionsLogForm;
+class AutoBetForm;
 class WindowKeeper;
 class StatsViews;
 struct Game;
@@ -46,6 +47,9 @@ class CrapTableWindow : public QMainWindow {
   SessionsLogForm* SessionsLog();
   // The statistics views (Summary, Hands, Roll Totals, ...).
   StatsViews& Views() { return *statsViews_; }
+  // frmAutoBet, the script editor, made on first use (F4, mnuAutoBet).
+  AutoBetForm* AutoBet();
+  void ShowAutoBet();
   // mnuSaveView(n) and mnuRestoreView(n).
   void SaveView(int n);
   void RestoreView(int n);
@@ -57,6 +61,8 @@ class CrapTableWindow : public QMainWindow {
   QString Caption() const;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  // Ctrl and a letter on the table fires a Hot-Key.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void BuildMenus();
@@ -82,4 +88,5 @@ class CrapTableWindow : public QMainWindow {
   QPointer<EventsLogForm> eventsLog_;
   QPointer<SessionsLogForm> sessionsLog_;
   StatsViews* statsViews_ = nullptr;
+  QPointer<AutoBetForm> autoBet_;
 };

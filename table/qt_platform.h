@@ -46,6 +46,12 @@ class QtPlatform : public QObject, public Platform {
   // The printer dialog, then the document's pages on the chosen printer;
   // with printToFile set, straight into that PDF file instead.
   bool Print(const PrintDocument& document) override;
+  // A step of a script run goes to onScriptStep when set (the script
+  // editor's Steps view); without it the run goes on.
+  bool ShowScriptStep(const ScriptStep& step) override {
+    return onScriptStep ? onScriptStep(step) : true;
+  }
+  std::function<bool(const ScriptStep&)> onScriptStep;
 
   // Called with every modal dialog just after it is shown (tests answer
   // dialogs through it by clicking their real buttons); empty in play.

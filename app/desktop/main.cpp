@@ -27,10 +27,14 @@
 #include "engine/check_stacks_print.h"
 #include "core/game.h"
 #include "cycle/startup.h"
+#include "script/files.h"
+#include "script/hot_keys.h"
 #include "store/game_file.h"
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
+#include "table/auto_bet_form.h"
 #include "table/auto_play_form.h"
+#include "table/hot_keys_form.h"
 #include "table/configure_form.h"
 #include "table/dice_files_form.h"
 #include "table/events_log_form.h"
@@ -169,7 +173,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, or print:checkstacks|advantage|payoffs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, or print:checkstacks|advantage|payoffs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -215,6 +219,7 @@ int main(int argc, char** argv) {
   StartUp(*game);
   platform.SetGame(game.get());
   if (!o.screenshot.empty()) AnswerDialogsByDefault(platform);
+  LoadHotKeys(*game);
   // A game that does not open has told why in its message.
   if (!o.load.empty() && !OpenGame(*game, o.load)) return 1;
   if (o.seed > 0) SeedRngWith(*game, o.seed);
@@ -313,6 +318,31 @@ int main(int argc, char** argv) {
       return 1;
     }
     form->adjustSize();
+  } else if (o.view.rfind("autobet", 0) == 0) {
+    // autobet or autobet:FILE, FILE a script loaded for the first seated
+    // player, shown with its line numbers, lists and bands after a check
+    const std::size_t colon = o.view.find(':');
+    int seat = 1;
+    while (seat < 8 && game->PlayerName[static_cast<std::size_t>(seat)].empty()) ++seat;
+    game->scriptSource.EdPlayer = seat;
+    if (colon != std::string::npos && !OpenAutoBets(*game, seat, o.view.substr(colon + 1))) {
+      std::cerr << "ravelton: cannot read " << o.view.substr(colon + 1) << "\n";
+      return 1;
+    }
+    game->gamefile.EditorLineNumbers = game->gamefile.EditorSyntaxLists = -1;
+    game->gamefile.EditorHighlight = -1;
+    AutoBetForm* form = window.AutoBet();
+    form->show();
+    form->CheckScriptClicked();
+    target = form;
+  } else if (o.view == "hotkeys") {
+    // A fixed table of two examples, so the picture does not depend on the
+    // user's HotKeys.dta.
+    game->scriptSource.HotKeyTable = {
+          {'M', "examples/three_point_molly.bet", "Three Point Molly", false},
+          {'I', "examples/iron_cross.bet", "Iron Cross once", false}};
+    auto* form = new HotKeysForm(*game, &window);
+    form->show();
     target = form;
   } else if (o.view.rfind("autoplay", 0) == 0) {
     // autoplay or autoplay:BITS, BITS the selected players (bit p for player p)
