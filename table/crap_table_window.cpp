@@ -170,6 +170,7 @@ void CrapTableWindow::BuildMenus() {
   connect(Item(gameMenu, "mnuHotKeys", "&Hot-Keys ..."), &QAction::triggered, this,
           guarded([this] {
             HotKeysForm form(game_, this);
+            new WindowKeeper(game_, KeptWindow::HotKeys, form);
             form.exec();
           }));
   QMenu* position = gameMenu->addMenu("&Table Position");
@@ -420,6 +421,7 @@ AutoPlayForm* CrapTableWindow::AutoPlay() {
 DiceFilesForm* CrapTableWindow::DiceFiles() {
   if (!diceFiles_) {
     diceFiles_ = new DiceFilesForm(game_, this);
+    new WindowKeeper(game_, KeptWindow::DiceFiles, *diceFiles_);
     connect(diceFiles_, &DiceFilesForm::changed, this, [this] {
       RefreshMenus();
       view_->update();
@@ -429,18 +431,25 @@ DiceFilesForm* CrapTableWindow::DiceFiles() {
 }
 
 SessionsLogForm* CrapTableWindow::SessionsLog() {
-  if (!sessionsLog_) sessionsLog_ = new SessionsLogForm(game_, this);
+  if (!sessionsLog_) {
+    sessionsLog_ = new SessionsLogForm(game_, this);
+    new WindowKeeper(game_, KeptWindow::SessionsLog, *sessionsLog_);
+  }
   return sessionsLog_;
 }
 
 EventsLogForm* CrapTableWindow::EventsLog() {
-  if (!eventsLog_) eventsLog_ = new EventsLogForm(game_, this);
+  if (!eventsLog_) {
+    eventsLog_ = new EventsLogForm(game_, this);
+    new WindowKeeper(game_, KeptWindow::EventsLog, *eventsLog_);
+  }
   return eventsLog_;
 }
 
 RollPadForm* CrapTableWindow::RollPad() {
   if (!rollPad_) {
     rollPad_ = new RollPadForm(game_, this);
+    new WindowKeeper(game_, KeptWindow::RollPad, *rollPad_);
     connect(rollPad_, &RollPadForm::rolled, this, [this] {
       view_->PlaceDice();
       RefreshMenus();
@@ -454,6 +463,7 @@ RollPadForm* CrapTableWindow::RollPad() {
 AutoBetForm* CrapTableWindow::AutoBet() {
   if (!autoBet_) {
     autoBet_ = new AutoBetForm(game_, this);
+    new WindowKeeper(game_, KeptWindow::AutoBet, *autoBet_);
     platform_.onScriptStep = [this](const ScriptStep& step) {
       return autoBet_ ? autoBet_->ShowStep(step) : true;
     };
@@ -515,8 +525,12 @@ void CrapTableWindow::changeEvent(QEvent* event) {
 
 void CrapTableWindow::RestoreWindowPlaces() {
   mainKeeper_->Restore();
-  for (QWidget* form : {static_cast<QWidget*>(bankroll_), static_cast<QWidget*>(move_),
-                        static_cast<QWidget*>(checkStacks_), static_cast<QWidget*>(autoPlay_)})
+  for (QWidget* form :
+       {static_cast<QWidget*>(bankroll_), static_cast<QWidget*>(move_),
+        static_cast<QWidget*>(checkStacks_), static_cast<QWidget*>(autoPlay_),
+        static_cast<QWidget*>(diceFiles_), static_cast<QWidget*>(autoBet_),
+        static_cast<QWidget*>(rollPad_), static_cast<QWidget*>(sessionsLog_),
+        static_cast<QWidget*>(eventsLog_)})
     if (form != nullptr)
       if (auto* keeper = form->findChild<WindowKeeper*>(QString(), Qt::FindDirectChildrenOnly))
         keeper->Restore();

@@ -43,6 +43,18 @@ LayoutSlot SlotOf(KeptWindow which) {
       return {false, 35, true};  // bytes 140-159 of record 3
     case KeptWindow::Hands:
       return {false, 45, false};  // bytes 180-191 of record 3
+    case KeptWindow::DiceFiles:
+      return {true, 5, true};  // bytes 20-39 of record 2
+    case KeptWindow::AutoBet:
+      return {true, 15, true};  // bytes 60-79 of record 2
+    case KeptWindow::RollPad:
+      return {true, 20, true};  // bytes 80-99 of record 2
+    case KeptWindow::SessionsLog:
+      return {false, 0, false};  // bytes 0-11 of record 3
+    case KeptWindow::EventsLog:
+      return {false, 5, true};  // bytes 20-39 of record 3
+    case KeptWindow::HotKeys:
+      return {false, 50, false};  // bytes 200-211 of record 3
   }
   return {true, 0, true};
 }

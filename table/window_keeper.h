@@ -19,7 +19,8 @@ class QWidget;
 // The windows whose places the game keeps.
 enum class KeptWindow {
   Main, AutoPlay, Bankroll, CheckStacks, Move,
-  Summary, RollTotals, RollFreqs, BetResults, BetTrends, Hands
+  Summary, RollTotals, RollFreqs, BetResults, BetTrends, Hands,
+  DiceFiles, AutoBet, RollPad, SessionsLog, EventsLog, HotKeys
 };
 
 class WindowKeeper : public QObject {

@@ -3,15 +3,23 @@
 // game that holds a place opens there, and a place off the screen is
 // pulled back onto it.
 #include <QScreen>
+#include <QTimer>
+#include <functional>
 
 #include "desktop_fixture.h"
+#include "table/auto_bet_form.h"
 #include "table/check_stacks_form.h"
+#include "table/dice_files_form.h"
+#include "table/events_log_form.h"
+#include "table/roll_pad_form.h"
+#include "table/sessions_log_form.h"
 
 class WindowPlacesTest : public QObject {
   Q_OBJECT
  private slots:
   void aFormWritesItsPlaceAndOpensThere();
   void aPlaceOffTheScreenIsPulledBack();
+  void theToolWindowsKeepTheirSlots();
 };
 
 namespace {
@@ -57,6 +65,78 @@ void WindowPlacesTest::aPlaceOffTheScreenIsPulledBack() {
   form->show();
   QApplication::processEvents();
   QVERIFY(form->screen()->availableGeometry().contains(form->pos()));
+}
+
+namespace {
+
+// A tool window's slot in the layout and how the main window opens it; the
+// check runs while the window is open (inside the dialog's loop for a modal one).
+struct ToolSlot {
+  const char* name;
+  bool recordTwo;
+  int first;  // the shown flag; Top, Left, Height, Width follow
+  bool sized;
+  std::function<void(DesktopTable&, const std::function<void(QWidget&)>&)> open;
+};
+
+void HotKeysShown(DesktopTable& t, const std::function<void(QWidget&)>& check) {
+  QTimer::singleShot(0, [&] {
+    QWidget* form = QApplication::activeModalWidget();
+    if (form == nullptr || form->objectName() != "frmHotKeys") qFatal("Hot-Keys did not open");
+    check(*form);
+    form->close();
+  });
+  t.window->findChild<QAction*>("mnuHotKeys")->trigger();
+}
+
+}  // namespace
+
+void WindowPlacesTest::theToolWindowsKeepTheirSlots() {
+  auto open = [](auto make) {
+    return [make](DesktopTable& t, const std::function<void(QWidget&)>& check) {
+      QWidget* form = make(*t.window);
+      form->show();
+      QApplication::processEvents();
+      check(*form);
+      form->close();
+    };
+  };
+  const ToolSlot tools[] = {
+      {"frmDiceRollFiles", true, 5, true, open([](CrapTableWindow& w) -> QWidget* { return w.DiceFiles(); })},
+      {"frmAutoBet", true, 15, true, open([](CrapTableWindow& w) -> QWidget* { return w.AutoBet(); })},
+      {"frmRYON", true, 20, true, open([](CrapTableWindow& w) -> QWidget* { return w.RollPad(); })},
+      {"frmGames", false, 0, false, open([](CrapTableWindow& w) -> QWidget* { return w.SessionsLog(); })},
+      {"frmEventsLog", false, 5, true, open([](CrapTableWindow& w) -> QWidget* { return w.EventsLog(); })},
+      {"frmHotKeys", false, 50, false, HotKeysShown},
+  };
+  const QPoint place(120, 70);
+  for (const ToolSlot& slot : tools) {
+    QSize size(600, 460);
+    const QByteArray why = QByteArray(slot.name) + " keeps its place";
+    DesktopTable t(1);
+    const auto& v = slot.recordTwo ? t.game->gamefile.LayoutA : t.game->gamefile.LayoutB;
+    const auto at = [&](int k) { return v[static_cast<std::size_t>(slot.first + k)]; };
+    slot.open(t, [&](QWidget& form) {
+      // Not below what the form's controls need.
+      size = size.expandedTo(form.minimumSizeHint());
+      if (slot.sized) form.resize(size);
+      form.move(place);
+      QApplication::processEvents();
+      QVERIFY2(at(0) == 1.0f, why.constData());
+      QVERIFY2(at(1) == 70.0f && at(2) == 120.0f, why.constData());
+      if (slot.sized)
+        QVERIFY2(at(3) == float(size.height()) && at(4) == float(size.width()), why.constData());
+    });
+    QVERIFY2(at(0) == 0.0f, why.constData());  // closed; the place stays for the reopening
+
+    DesktopTable other(1);
+    other.game->gamefile.LayoutA = t.game->gamefile.LayoutA;  // as a saved game brings them
+    other.game->gamefile.LayoutB = t.game->gamefile.LayoutB;
+    slot.open(other, [&](QWidget& again) {
+      QVERIFY2(again.pos() == place, why.constData());
+      if (slot.sized) QVERIFY2(again.size() == size, why.constData());
+    });
+  }
 }
 
 QTEST_MAIN(WindowPlacesTest)
