@@ -4,6 +4,7 @@
 #include "core/message_dialog.h"
 #include "cycle/roll.h"
 #include "dice/roll_pad.h"
+#include "script/activation.h"
 
 namespace {
 
@@ -11,15 +12,20 @@ namespace {
 constexpr int kPadQuestionStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusNo;
 constexpr int kHyperDriveHelp = 540;
 
-// During Hyper-Drive a click asks to stop the run and never rolls. (A run
-// of scripts asks "Do you want to interrupt auto-betting?" here in the same
-// way once the interpreter keeps its running flag.)
+// During Hyper-Drive a click asks to stop the run, and during a script run
+// to interrupt auto-betting; either way, whatever the answer, it never rolls.
 bool BusyWithARun(Game& g) {
-  if (!g.HyperDrive) return false;
-  if (ShowNotice(g, "Do you want to stop Hyper-Drive?", "Hyper-Drive Active", kHyperDriveHelp,
-                 kPadQuestionStyle) == kAnswerYes)
-    g.KeepRolling = false;
-  return true;
+  if (g.HyperDrive) {
+    if (ShowNotice(g, "Do you want to stop Hyper-Drive?", "Hyper-Drive Active", kHyperDriveHelp,
+                   kPadQuestionStyle) == kAnswerYes)
+      g.KeepRolling = false;
+    return true;
+  }
+  if (g.scriptRun.ScriptRunning) {
+    AskInterruptAutoBetting(g);
+    return true;
+  }
+  return false;
 }
 
 }  // namespace

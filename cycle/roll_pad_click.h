@@ -1,8 +1,8 @@
 // The roll pad's two ways to roll: a click on a cell (PadClick) rolls the
 // dice of that cell through the ordinary roll cycle; "&Random Roll"
 // (PadRandomRoll) rolls from the usual source. Both first offer to stop a
-// Hyper-Drive run in progress instead of rolling, and do nothing while a
-// roll is busy.
+// Hyper-Drive run, or to interrupt a script run, instead of rolling, and do
+// nothing while a roll is busy.
 #pragma once
 
 struct Game;

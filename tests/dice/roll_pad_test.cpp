@@ -153,4 +153,32 @@ TEST_F(PadRolls, DuringHyperDriveAClickAsksToStopAndNeverRolls) {
   EXPECT_FALSE(PadRandomRoll(g));
 }
 
+TEST_F(PadRolls, DuringAScriptRunAClickOffersToInterruptAndNeverRolls) {
+  g.pad.PadOptions = 1 << static_cast<int>(PadKind::BoxCombos);
+  g.scriptRun.ScriptRunning = g.KeepRolling = true;
+  EXPECT_EQ(PadClick(g, true, 10, 30, 600, 600, 0.0), PadClickOutcome::ShowMenu);
+  // No keeps the run going; Yes stops it; neither rolls the clicked cell.
+  MessageReply no, yes;
+  no.answer = kAnswerNo;
+  yes.answer = kAnswerYes;
+  platform.queuedReplies.push_back(no);
+  EXPECT_EQ(PadClick(g, false, 350, 150, 600, 600, 0.0), PadClickOutcome::Nothing);
+  EXPECT_TRUE(g.scriptRun.ScriptRunning);
+  platform.queuedReplies.push_back(yes);
+  EXPECT_FALSE(PadRandomRoll(g));
+  ASSERT_EQ(platform.messages.size(), 2u);
+  for (const auto& m : platform.messages) {
+    EXPECT_EQ(m.text, "Do you want to interrupt auto-betting?");
+    EXPECT_EQ(m.title, "Auto-Bet Active");
+    EXPECT_EQ(m.helpId, 640);
+    EXPECT_EQ(m.style, 0x2406);
+  }
+  EXPECT_FALSE(g.scriptRun.ScriptRunning);
+  EXPECT_FALSE(g.KeepRolling);
+  EXPECT_FALSE(g.pad.PadRollPending);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
+  // With the run over the pad rolls again.
+  EXPECT_EQ(PadClick(g, false, 350, 150, 600, 600, 0.0), PadClickOutcome::Rolled);
+}
+
 }  // namespace
