@@ -96,6 +96,10 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
       diceFiles_->Refresh();
     if (eventsLog_ && eventsLog_->isVisible() && what == static_cast<int>(Redraw::OpenViews))
       eventsLog_->Refresh();
+    // A new session writes the ending one's records, a cash-out its player's.
+    if (sessionsLog_ && sessionsLog_->isVisible() &&
+        (what == static_cast<int>(Redraw::OpenViews) || what == static_cast<int>(Redraw::Table)))
+      sessionsLog_->RefreshIfLogChanged();
     if (what == static_cast<int>(Redraw::OpenViews)) statsViews_->RefreshOpen();
   });
   platform.SetMainWindow(this);

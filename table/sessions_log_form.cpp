@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 #include "core/game.h"
 #include "core/message_dialog.h"
@@ -31,6 +32,13 @@ namespace {
 
 constexpr int kHistogramRows = 224;
 constexpr std::int64_t kRawScrollRange = 30000;
+
+// The length of the log at `path`; 0 when there is none yet.
+std::uintmax_t LogLength(const std::string& path) {
+  std::error_code ec;
+  const std::uintmax_t n = path.empty() ? 0 : std::filesystem::file_size(path, ec);
+  return ec ? 0 : n;
+}
 const QColor kBlue(0, 0, 255), kRed(255, 0, 0), kDarkBlue(0, 0, 128), kGrey(160, 160, 160);
 const QColor kRangeLine(0, 150, 0);
 const char* const kBarCaption[4] = {"&Fine", "&Medium", "&Wide", "&Extra Wide"};
@@ -326,6 +334,11 @@ std::string SessionsLogForm::LogPath() const {
   return SessionLogPathOf(game_, p);
 }
 
+void SessionsLogForm::RefreshIfLogChanged() {
+  const std::string path = LogPath();
+  if (path != readPath_ || LogLength(path) != readSize_) Refresh();
+}
+
 void SessionsLogForm::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   Refresh();
@@ -352,6 +365,8 @@ void SessionsLogForm::Refresh() {
   for (QAction* a : findChildren<QAction*>("mnuGraphBarWidth")) a->setChecked(a->data().toInt() == v.BarWidth);
 
   const std::string path = LogPath();
+  readPath_ = path;
+  readSize_ = LogLength(path);
   SessionsRequest rq;
   rq.path = path;
   rq.value = v.SessionsView;

@@ -8,6 +8,7 @@
 
 #include <QDialog>
 #include <array>
+#include <cstdint>
 #include <optional>
 
 #include "stats/sessions_stats.h"
@@ -43,6 +44,10 @@ class SessionsLogForm : public QDialog {
   explicit SessionsLogForm(Game& game, QWidget* parent = nullptr);
   // UpdateSessionsLog: reads the player's log and shows every figure.
   void Refresh();
+  // Reloads when the log shown is another file or another length than at
+  // the last reading: a session's end appends its records, a player leaving
+  // changes whose log is shown.
+  void RefreshIfLogChanged();
   const SessionsFigures& Figures() const { return figures_; }
 
  protected:
@@ -81,4 +86,7 @@ class SessionsLogForm : public QDialog {
   QLabel* rangeShare_;
   std::array<std::optional<double>, 2> rangeValue_, rangeSd_;
   bool filling_ = false;
+  // The log's path and length at the last reading.
+  std::string readPath_;
+  std::uintmax_t readSize_ = 0;
 };

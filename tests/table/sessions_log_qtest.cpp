@@ -8,6 +8,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "config/settings_state.h"
+#include "cycle/roll.h"
+#include "cycle/session.h"
 #include "desktop_fixture.h"
 #include "stats/sessions_log.h"
 #include "table/sessions_log_form.h"
@@ -18,6 +21,7 @@ class SessionsLogTest : public QObject {
   void theLogShowsItsClassesAndResults();
   void theBreakPointReclassesTheSessions();
   void deletionsReachTheFileOrAreRefused();
+  void theOpenLogReloadsWhenASessionEnds();
 };
 
 namespace {
@@ -133,6 +137,17 @@ void SessionsLogTest::deletionsReachTheFileOrAreRefused() {
   t.Trigger("mnuDeleteAll");
   QCOMPARE(SessionsLogReader(t.path).count(), 0);
   QCOMPARE(t.Text("lblGames3"), QString("0"));
+}
+
+void SessionsLogTest::theOpenLogReloadsWhenASessionEnds() {
+  SessionsLogTable t;
+  QCOMPARE(t.Text("lblGames3"), QString("3"));
+  t.game->rules.BetRequirement = kNoBetRequired;
+  RollDice(*t.game);
+  QCOMPARE(t.Text("lblGames3"), QString("3"));  // a roll writes no record
+  NewSession(*t.game, true, false, true, 2);
+  QCOMPARE(t.Text("lblGames3"), QString("4"));
+  QCOMPARE(t.Text("lblGames1"), QString("2"));  // the new record broke even
 }
 
 QTEST_MAIN(SessionsLogTest)
