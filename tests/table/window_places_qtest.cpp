@@ -102,11 +102,15 @@ void WindowPlacesTest::theToolWindowsKeepTheirSlots() {
     };
   };
   const ToolSlot tools[] = {
-      {"frmDiceRollFiles", true, 5, true, open([](CrapTableWindow& w) -> QWidget* { return w.DiceFiles(); })},
-      {"frmAutoBet", true, 15, true, open([](CrapTableWindow& w) -> QWidget* { return w.AutoBet(); })},
+      {"frmDiceRollFiles", true, 5, true,
+       open([](CrapTableWindow& w) -> QWidget* { return w.DiceFiles(); })},
+      {"frmAutoBet", true, 15, true,
+       open([](CrapTableWindow& w) -> QWidget* { return w.AutoBet(); })},
       {"frmRYON", true, 20, true, open([](CrapTableWindow& w) -> QWidget* { return w.RollPad(); })},
-      {"frmGames", false, 0, false, open([](CrapTableWindow& w) -> QWidget* { return w.SessionsLog(); })},
-      {"frmEventsLog", false, 5, true, open([](CrapTableWindow& w) -> QWidget* { return w.EventsLog(); })},
+      {"frmGames", false, 0, false,
+       open([](CrapTableWindow& w) -> QWidget* { return w.SessionsLog(); })},
+      {"frmEventsLog", false, 5, true,
+       open([](CrapTableWindow& w) -> QWidget* { return w.EventsLog(); })},
       {"frmHotKeys", false, 50, false, HotKeysShown},
   };
   const QPoint place(120, 70);
