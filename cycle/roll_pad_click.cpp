@@ -1,6 +1,7 @@
 #include "cycle/roll_pad_click.h"
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "cycle/roll.h"
 #include "dice/roll_pad.h"
@@ -9,7 +10,7 @@ namespace {
 
 // Yes, No, the question mark, the focus on No.
 constexpr int kPadQuestionStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusNo;
-constexpr int kHyperDriveHelp = 540;
+constexpr int kHyperDriveHelp = kHelpHyperDrive;
 
 // During Hyper-Drive a click asks to stop the run and never rolls. (A run
 // of scripts asks "Do you want to interrupt auto-betting?" here in the same
