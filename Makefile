@@ -106,6 +106,8 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/auto-bet.png --player Alice=1000 \
 	  --view autobet:examples/three_point_molly.bet
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hot-keys.png --view hotkeys
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/help.png --view help
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/help-payoffs.png --view help:138
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

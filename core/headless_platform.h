@@ -36,6 +36,11 @@ class HeadlessPlatform : public Platform {
     printed.push_back(document);
     return true;
   }
+  // Records the topic; there is no window to show it in.
+  bool ShowHelp(int topic) override {
+    helpTopics.push_back(topic);
+    return false;
+  }
   CalendarDate Today() override { return fixedDate ? *fixedDate : Platform::Today(); }
 
   // Default answer of a message style: the first button the style shows
@@ -56,6 +61,7 @@ class HeadlessPlatform : public Platform {
   std::vector<Sound> sounds;
   std::vector<ScriptStep> steps;
   std::vector<PrintDocument> printed;
+  std::vector<int> helpTopics;  // the topics help was asked for
   bool printerAvailable = true;
   std::optional<CalendarDate> fixedDate;  // a fixed day for tests
   long eventPumps = 0;

@@ -18,3 +18,5 @@ constexpr int kHelpScriptEmpty = 556;       // Check Script on an empty script
 constexpr int kHelpScriptSteps = 630;       // the Steps view
 constexpr int kHelpScriptActivation = 640;  // switching scripts on, interrupting them
 constexpr int kHelpHotKeys = 110;           // Hot-Keys
+constexpr int kHelpProbabilities = 105;     // probability files (loaded dice)
+constexpr int kHelpSaveFiles = 600;         // saving scripts and probabilities

@@ -99,6 +99,12 @@ class Platform {
     (void)document;
     return false;
   }
+  // Opens the help on a topic's page (core/help_topics.h); false when no
+  // help can be shown here.
+  virtual bool ShowHelp(int topic) {
+    (void)topic;
+    return false;
+  }
   // Today's date on the local calendar.
   virtual CalendarDate Today();
 };

@@ -4,13 +4,14 @@
 
 #include "core/atomic_file.h"
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "script/auto_bet_editor.h"
 #include "script/files.h"
 
 namespace {
 
-constexpr int kSaveQuestionHelpId = 600;
+constexpr int kSaveQuestionHelpId = kHelpSaveFiles;
 constexpr int kSaveQuestionStyle = kMsgYes | kMsgNo | kMsgCancel | kMsgPicQmark | kMsgFocusYes;
 constexpr int kFailureStyle = kMsgOk | kMsgPicStop;
 

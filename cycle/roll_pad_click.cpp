@@ -1,6 +1,7 @@
 #include "cycle/roll_pad_click.h"
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "cycle/roll.h"
 #include "dice/roll_pad.h"
@@ -10,7 +11,7 @@ namespace {
 
 // Yes, No, the question mark, the focus on No.
 constexpr int kPadQuestionStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusNo;
-constexpr int kHyperDriveHelp = 540;
+constexpr int kHyperDriveHelp = kHelpHyperDrive;
 
 // During Hyper-Drive a click asks to stop the run, and during a script run
 // to interrupt auto-betting; either way, whatever the answer, it never rolls.

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "dice/probability.h"
 
@@ -19,8 +20,8 @@ constexpr std::size_t kRecords = 5;
 constexpr int kEntries = 2 * 8 * 14;  // k 0..1, a 0..7, b 0..13
 // Bytes a reader needs: record 1 and the 224 entries; the end of record 5 is ignored.
 constexpr std::size_t kNeededBytes = kRecordBytes + kEntries * 4;
-constexpr int kNoticeHelp = 105;
-constexpr int kSaveQuestionHelp = 600;
+constexpr int kNoticeHelp = kHelpProbabilities;
+constexpr int kSaveQuestionHelp = kHelpSaveFiles;
 constexpr std::string_view kDefaultFileName = "default.prb";
 
 using Table = decltype(ProbabilityState{}.ProbabilityTable);

@@ -6,6 +6,7 @@
 
 #include "core/message_dialog.h"
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/text.h"
 #include "script/compile_common.h"
 #include "script/compile_script.h"
@@ -15,8 +16,8 @@
 
 namespace {
 
-constexpr int kActivationHelpId = 640;
-constexpr int kEmptyScriptHelpId = 556;
+constexpr int kActivationHelpId = kHelpScriptActivation;
+constexpr int kEmptyScriptHelpId = kHelpScriptEmpty;
 constexpr int kErrorStyle = kMsgOk | kMsgPicStop;                                    // 0x201
 constexpr int kActivateStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusYes;       // 0x1406
 constexpr int kInterruptStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusNo;       // 0x2406

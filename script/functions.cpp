@@ -6,6 +6,7 @@
 #include "core/message_dialog.h"
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/platform.h"
 #include "script/compile_common.h"
 #include "stats/bankroll_graph.h"
@@ -20,7 +21,7 @@ namespace {
 constexpr std::size_t kMaxRunText = 65'535;
 constexpr int kInputNumberStyle = kMsgOk | kMsgPicQmark | kMsgInput1 | kMsgSignedInput;  // 0x461
 constexpr int kInputTextStyle = kMsgOk | kMsgPicQmark | kMsgInput1;                      // 0x441
-constexpr int kScriptHelpId = 550;
+constexpr int kScriptHelpId = kHelpScriptMessages;
 constexpr int kBetFamilyElements = 5;  // a bet family's number and its four qualifiers
 
 struct Call {

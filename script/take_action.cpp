@@ -5,6 +5,7 @@
 #include "config/settings.h"
 #include "engine/bankroll.h"
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "dice/probability_file.h"
 #include "core/text.h"
 #include "core/money.h"
@@ -17,7 +18,7 @@
 
 namespace {
 
-constexpr int kScriptHelpId = 550;
+constexpr int kScriptHelpId = kHelpScriptMessages;
 constexpr int kMessageStyle = kMsgOk | kMsgHideScript;          // 0x80001
 constexpr int kQuestionStyle = kMsgYes | kMsgNo | kMsgPicQmark;  // 0x406
 constexpr int kWaitSound = 2;  // synchronous, no default sound

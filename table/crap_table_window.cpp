@@ -319,7 +319,8 @@ void CrapTableWindow::BuildMenus() {
 
   QMenu* help = menuBar()->addMenu("&Help");
   help->setToolTipsVisible(true);
-  Unbuilt(help, "mnuContents", "&Contents ...", "The help file ravelton.chm is not installed.");
+  connect(Item(help, "mnuContents", "&Contents ..."), &QAction::triggered, this,
+          [this] { platform_.ShowHelp(kHelpNone); });
   connect(Item(help, "mnuAboutCraps", "&About Ravelton ..."), &QAction::triggered, this, [this] {
     QMessageBox::about(this, "About Ravelton",
                        "Ravelton\nA casino craps simulator and betting-strategy laboratory.");
@@ -380,6 +381,7 @@ void CrapTableWindow::WindowKey(int key, Qt::KeyboardModifiers mods) {
   if (key == Qt::Key_F12) RollPad()->show();
   if (key == Qt::Key_F8) DiceFiles()->show();
   if (key == Qt::Key_F4) ShowAutoBet();
+  if (key == Qt::Key_F1) platform_.ShowHelp(kHelpNone);
 }
 
 ConfigureForm* CrapTableWindow::Configure() {

@@ -97,10 +97,8 @@ MessageForm::MessageForm(const MessageRequest& request, QWidget* parent)
     if (i == 4) {
       const int topic = request.helpId;
       connect(button, &QPushButton::clicked, this, [this, topic] {
-        QMessageBox::information(this, windowTitle(),
-                                 QStringLiteral("Help topic %1 lies in the help file "
-                                                "ravelton.chm, which is not installed.")
-                                     .arg(topic));
+        if (showHelp_) return showHelp_(topic);
+        QMessageBox::information(this, windowTitle(), "Help is not available here.");
       });
     } else {
       const int answer = kButtons[i].answer;

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
 
 #include "core/platform.h"
 
@@ -25,6 +26,8 @@ class MessageForm : public QDialog {
   QPushButton* Button(int index) const { return buttons_[static_cast<std::size_t>(index)]; }
   QLineEdit* Input(int index) const { return index == 0 ? input1_ : input2_; }
   QCheckBox* HideBox() const { return hide_; }
+  // What the Help button does with the message's topic (the help window).
+  void SetHelp(std::function<void(int)> showHelp) { showHelp_ = std::move(showHelp); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -39,4 +42,5 @@ class MessageForm : public QDialog {
   QLineEdit* input1_ = nullptr;
   QLineEdit* input2_ = nullptr;
   QCheckBox* hide_ = nullptr;
+  std::function<void(int)> showHelp_;
 };

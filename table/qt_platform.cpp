@@ -1,5 +1,6 @@
 #include "table/qt_platform.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDialog>
 #include <QFileDialog>
@@ -9,6 +10,9 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "core/game.h"
+#include "core/help.h"
+#include "table/help_window.h"
 #include "table/message_form.h"
 #include "table/print_pages.h"
 #include "table/settle_form.h"
@@ -23,6 +27,16 @@ int QtPlatform::RunModal(QDialog& dialog) {
   return dialog.exec();
 }
 
+bool QtPlatform::ShowHelp(int topic) {
+  if (!game_) return false;
+  QWidget* owner = QApplication::activeModalWidget();
+  if (!owner) owner = mainWindow_;
+  const std::string folder = HelpFolder(game_->roll.AppPath);
+  HelpWindow::Open(owner, QString::fromStdString(folder),
+                   QString::fromStdString(HelpPageName(topic)));
+  return true;
+}
+
 MessageReply QtPlatform::ShowMessage(const MessageRequest& request) {
   ++messagesShown;
   lastMessageText = request.text;
@@ -30,6 +44,7 @@ MessageReply QtPlatform::ShowMessage(const MessageRequest& request) {
   if (!request.modal) {
     // A message that does not wait: shown, and answered as its default.
     auto* form = new MessageForm(request, mainWindow_);
+    form->SetHelp([this](int topic) { ShowHelp(topic); });
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->show();
     MessageReply reply;
@@ -39,6 +54,7 @@ MessageReply QtPlatform::ShowMessage(const MessageRequest& request) {
     return reply;
   }
   MessageForm form(request, mainWindow_);
+  form.SetHelp([this](int topic) { ShowHelp(topic); });
   RunModal(form);
   return form.Reply();
 }

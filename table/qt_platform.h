@@ -46,6 +46,9 @@ class QtPlatform : public QObject, public Platform {
   // The printer dialog, then the document's pages on the chosen printer;
   // with printToFile set, straight into that PDF file instead.
   bool Print(const PrintDocument& document) override;
+  // The help window on the topic's page, over the modal dialog open (so
+  // that it takes input) or else the main window.
+  bool ShowHelp(int topic) override;
   // A step of a script run goes to onScriptStep when set (the script
   // editor's Steps view); without it the run goes on.
   bool ShowScriptStep(const ScriptStep& step) override {

@@ -35,6 +35,8 @@
 #include "table/auto_bet_form.h"
 #include "table/auto_play_form.h"
 #include "table/hot_keys_form.h"
+#include "table/help_window.h"
+#include "core/help.h"
 #include "table/configure_form.h"
 #include "table/dice_files_form.h"
 #include "table/events_log_form.h"
@@ -173,7 +175,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, or print:checkstacks|advantage|payoffs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -335,6 +337,12 @@ int main(int argc, char** argv) {
     form->show();
     form->CheckScriptClicked();
     target = form;
+  } else if (o.view.rfind("help", 0) == 0) {
+    // help or help:TOPIC, the help window on that topic's page
+    const std::size_t colon = o.view.find(':');
+    const int topic = colon == std::string::npos ? 0 : std::atoi(o.view.c_str() + colon + 1);
+    target = HelpWindow::Open(&window, QString::fromStdString(HelpFolder(game->roll.AppPath)),
+                              QString::fromStdString(HelpPageName(topic)));
   } else if (o.view == "hotkeys") {
     // A fixed table of two examples, so the picture does not depend on the
     // user's HotKeys.dta.
