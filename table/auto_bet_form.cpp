@@ -17,6 +17,7 @@
 #include <algorithm>
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/platform.h"
 #include "cycle/auto_bet_commands.h"
 #include "core/message_dialog.h"
@@ -49,7 +50,6 @@ constexpr int kFontStepMin = -4;
 constexpr int kFontStepMax = 10;
 constexpr int kPicklistRows = 24;  // rows a picklist shows before it scrolls
 const char* const kSeparatorText = "────────────";
-const char* const kHelpMissing = "The help file ravelton.chm is not installed.";
 
 // A stored option is -1 when on.
 bool On(Long value) { return value != 0; }
@@ -148,11 +148,6 @@ QAction* AutoBetForm::Option(QMenu* menu, const char* name, const QString& capti
 }
 
 void AutoBetForm::BuildMenus(QMenuBar* bar) {
-  auto unbuilt = [](QAction* a, const QString& why) {
-    a->setEnabled(false);
-    a->setToolTip(why);
-    a->setStatusTip(why);
-  };
   QMenu* file = bar->addMenu("&File");
   file->setToolTipsVisible(true);
   connect(Item(file, "mnuNew", "&New"), &QAction::triggered, this,
@@ -278,7 +273,8 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
 
   QMenu* help = bar->addMenu("&Help");
   help->setToolTipsVisible(true);
-  unbuilt(Item(help, "mnuHelp", "&Help"), kHelpMissing);
+  connect(Item(help, "mnuHelp", "&Help"), &QAction::triggered, this,
+          [this] { game_.platform->ShowHelp(kHelpScriptEmpty); });
 }
 
 void AutoBetForm::showEvent(QShowEvent* event) {

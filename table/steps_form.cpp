@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/platform.h"
 #include "script/activation.h"
 
@@ -35,8 +36,8 @@ StepsForm::StepsForm(Game& game, QWidget* parent) : QWidget(parent, Qt::Tool), g
   });
   QAction* help = bar->addAction("&Help");
   help->setObjectName("mnuHelp");
-  help->setEnabled(false);
-  help->setToolTip("The help file ravelton.chm is not installed.");
+  connect(help, &QAction::triggered, this,
+          [this] { game_.platform->ShowHelp(kHelpScriptSteps); });
 
   status_ = new QLabel;
   status_->setObjectName("lblStatus");
