@@ -28,14 +28,14 @@ TEST_F(AutoBetCommands, SaveAsThenSaveWriteTheEditorsTextAndClearTheChange) {
   EXPECT_EQ(platform.fileChoosers.back().caption, "Save Auto-Bet File As");
   const std::string path = ss.ScriptFile[1];
   EXPECT_TRUE(path.ends_with("/field.bet")) << path;
-  EXPECT_EQ(Read(path), "bet 5 on field\r\n' a note\r\n");
+  EXPECT_EQ(ReadWholeFile(path), "bet 5 on field\r\n' a note\r\n");
   EXPECT_FALSE(ss.ScriptDirty[1]);
   EXPECT_EQ(ss.EditorCaption, "Auto-Bet (field.bet)");
 
   SetEditorText(*game, {"bet 6 on field"}, true);
   ASSERT_TRUE(SaveAutoBetCommand(*game));
   EXPECT_EQ(platform.fileChoosers.size(), 1u);  // the file is known now
-  EXPECT_EQ(Read(path), "bet 6 on field\r\n");
+  EXPECT_EQ(ReadWholeFile(path), "bet 6 on field\r\n");
 }
 
 TEST_F(AutoBetCommands, UnsavedChangesAreAskedAboutAndCancelChangesNothing) {
@@ -59,7 +59,7 @@ TEST_F(AutoBetCommands, UnsavedChangesAreAskedAboutAndCancelChangesNothing) {
 }
 
 TEST_F(AutoBetCommands, OpenLoadsTheFileAndAMissingOrUnreadableOneIsTold) {
-  Write(Path("molly.bet"), "bet 10 on passline\r\nbet 10 on come\r\n");
+  WriteWholeFile(Path("molly.bet"), "bet 10 on passline\r\nbet 10 on come\r\n");
   Type(Path("molly.bet"));
   ASSERT_TRUE(OpenAutoBetCommand(*game));
   EXPECT_EQ(platform.fileChoosers.back().caption, "Open Auto-Bet File");
@@ -79,7 +79,7 @@ TEST_F(AutoBetCommands, OpenLoadsTheFileAndAMissingOrUnreadableOneIsTold) {
 
 TEST_F(AutoBetCommands, PasteInsertsAtTheCaretAndCopyWritesTheSelection) {
   // The file's first and last lines join the caret's line at the caret.
-  Write(Path("part.bet"), "\nbet 1 on big6\n\n");
+  WriteWholeFile(Path("part.bet"), "\nbet 1 on big6\n\n");
   SetEditorText(*game, {"If point = 0 Then", "EndIf"}, false);
   SetEditorSelection(*game, {2, 0, 2, 0, 2, 0, 1, 0});
   Type(Path("part.bet"));
@@ -92,7 +92,7 @@ TEST_F(AutoBetCommands, PasteInsertsAtTheCaretAndCopyWritesTheSelection) {
   SetEditorSelection(*game, {3, 4, 4, 3, 4, 3, 1, 0});
   Type(Path("copy.txt"));
   ASSERT_TRUE(CopyToFileCommand(*game));
-  EXPECT_EQ(Read(Path("copy.txt")), "1 on big6\r\nEnd\r\n");
+  EXPECT_EQ(ReadWholeFile(Path("copy.txt")), "1 on big6\r\nEnd\r\n");
 }
 
 }  // namespace

@@ -89,13 +89,13 @@ class HotKeys : public StoreFixture {
 TEST_F(HotKeys, TheFileIsWrittenAtomicallyAndReadBackAtStartUp) {
   game->scriptSource.HotKeyTable = TwoRows();
   ASSERT_TRUE(SaveHotKeys(*game));
-  for (const auto& entry : std::filesystem::directory_iterator(dir))
+  for (const auto& entry : std::filesystem::directory_iterator(dir.Path()))
     EXPECT_FALSE(IsAtomicTemporaryName(entry.path().filename().string()));
   game->scriptSource.HotKeyTable.clear();
   ASSERT_TRUE(LoadHotKeys(*game));
   EXPECT_EQ(game->scriptSource.HotKeyTable, TwoRows());
 
-  Write(HotKeysPath(*game), "Ravelton");
+  WriteWholeFile(HotKeysPath(*game), "Ravelton");
   EXPECT_FALSE(LoadHotKeys(*game));
   EXPECT_TRUE(game->scriptSource.HotKeyTable.empty());
   EXPECT_NE(LastMessage().find(HotKeysPath(*game)), std::string::npos) << LastMessage();
@@ -104,7 +104,7 @@ TEST_F(HotKeys, TheFileIsWrittenAtomicallyAndReadBackAtStartUp) {
 }
 
 TEST_F(HotKeys, AKeyRunsItsScriptOnceForTheCurrentPlayerAndTouchesNoPlayersScript) {
-  Write(Path("field.bet"), "bet 5 on field\r\n");
+  WriteWholeFile(Path("field.bet"), "bet 5 on field\r\n");
   game->scriptSource.HotKeyTable = {{'F', Path("field.bet"), "", false}};
   SetEditorText(*game, {"bet 1 on big6"}, false);
   game->roll.ScriptsOK = true;
@@ -128,7 +128,7 @@ TEST_F(HotKeys, AKeyRunsItsScriptOnceForTheCurrentPlayerAndTouchesNoPlayersScrip
 }
 
 TEST_F(HotKeys, AMissingFileOrAScriptWithAnErrorChangesNothingAtTheTable) {
-  Write(Path("broken.bet"), "If dice total = 7\r\nbet 5 on field\r\n");
+  WriteWholeFile(Path("broken.bet"), "If dice total = 7\r\nbet 5 on field\r\n");
   game->scriptSource.HotKeyTable = {{'M', Path("missing.bet"), "", false},
                                     {'B', Path("broken.bet"), "", false}};
   EXPECT_TRUE(FireHotKey(*game, 'M'));
