@@ -106,6 +106,9 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/auto-bet.png --player Alice=1000 \
 	  --view autobet:examples/three_point_molly.bet
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hot-keys.png --view hotkeys
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-summary.png --view print:summary --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-hands.png --view print:hands --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-freqs.png --view print:freqs --rolls 500 $(STATS_GAME)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
