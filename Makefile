@@ -108,6 +108,9 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hot-keys.png --view hotkeys
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/help.png --view help
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/help-payoffs.png --view help:138
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-summary.png --view print:summary --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-hands.png --view print:hands --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-freqs.png --view print:freqs --rolls 500 $(STATS_GAME)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

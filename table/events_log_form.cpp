@@ -10,6 +10,7 @@
 
 #include "core/game.h"
 #include "core/message_dialog.h"
+#include "logs/events_log_print.h"
 #include "logs/events_log_view.h"
 #include "store/file_chooser.h"
 
@@ -150,9 +151,7 @@ void EventsLogForm::BuildMenus() {
     if (target && SaveEventsLogAs(game_, *target)) Refresh();
   });
   file->addSeparator();
-  QAction* print = add(file, "mnuPrint", "&Print ...", [] {});
-  print->setEnabled(false);
-  print->setToolTip("Printing the events log is not built yet.");
+  add(file, "mnuPrint", "&Print ...", [this] { PrintEventsLog(game_); });
   file->addSeparator();
   add(file, "mnuHide", "&Hide", [this] { close(); });
 

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "core/game.h"
+#include "stats/summary_printouts.h"
 
 namespace {
 
@@ -96,7 +97,7 @@ HandsForm::HandsForm(Game& game, QWidget* parent) : StatsForm(game, "frmHands", 
   right->addWidget(averagesBox);
   right->addStretch(1);
   auto* outer = new QHBoxLayout(this);
-  outer->setMenuBar(MakeMenuBar());
+  outer->setMenuBar(MakeMenuBar(PrintHands));
   outer->addLayout(side);
   outer->addWidget(tallyBox, 1, Qt::AlignTop);
   outer->addLayout(right);

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "core/game.h"
+#include "stats/summary_printouts.h"
 #include "stats/roll_totals.h"
 
 namespace {
@@ -89,7 +90,7 @@ RollFreqsForm::RollFreqsForm(Game& game, QWidget* parent)
   right->addWidget(new QLabel("Number of rolls it took (blue) and how many times:"));
   right->addWidget(gaps_);
   auto* outer = new QHBoxLayout(this);
-  outer->setMenuBar(MakeMenuBar());
+  outer->setMenuBar(MakeMenuBar(PrintRollFreqs));
   outer->addLayout(side);
   outer->addLayout(right);
 }

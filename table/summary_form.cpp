@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "core/game.h"
+#include "stats/summary_printouts.h"
 #include "stats/summary.h"
 
 namespace {
@@ -103,7 +104,7 @@ SummaryForm::SummaryForm(Game& game, QWidget* parent)
   body->addLayout(figures);
   body->addWidget(decisionsBox);
   auto* outer = new QHBoxLayout(this);
-  outer->setMenuBar(MakeMenuBar());
+  outer->setMenuBar(MakeMenuBar(PrintSummary));
   outer->addLayout(selection);
   outer->addLayout(body, 1);
 }

@@ -25,6 +25,7 @@
 #include "dice/rng.h"
 #include "logs/events_log_view.h"
 #include "engine/check_stacks_print.h"
+#include "stats/summary_printouts.h"
 #include "core/game.h"
 #include "cycle/startup.h"
 #include "script/files.h"
@@ -111,6 +112,13 @@ int SavePrintPreview(Game& game, const std::string& what, const std::string& pat
     doc = AdvantagePrintout(game, today, "Tuesday.rvg");
   } else if (what == "payoffs") {
     doc = PayoffsPrintout(game, today, "Tuesday.rvg");
+  } else if (what == "summary") {
+    // The two seated players of the demonstration game.
+    doc = SummaryPrintout(game, FigureSummary(game, 2, 6), today, "Tuesday.rvg");
+  } else if (what == "hands") {
+    doc = HandsPrintout(FigureHands(game, 2, 0, false), today, "Tuesday.rvg");
+  } else if (what == "freqs") {
+    doc = RollFreqsPrintout(FigureRollFreqs(game, 7, false), today, "Tuesday.rvg");
   } else {
     std::cerr << "ravelton: no printout named " << what << "\n";
     return 1;
@@ -175,7 +183,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or print:checkstacks|advantage|payoffs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or print:checkstacks|advantage|payoffs|summary|hands|freqs (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");

@@ -2,8 +2,9 @@
 // chooser names the title and shows its lines from the top, Find moves the
 // top line or says the text is not there, a roll with "Scroll New Rolls To
 // Top" brings its line to the top of the open view, the switches reach the
-// game, and a log longer than the scroll bar's range still scrolls to its
+// game, the log prints, and a log longer than the scroll bar's range still scrolls to its
 // last line.
+#include <QFileInfo>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -68,6 +69,12 @@ void EventsLogTest::anOpenedLogShowsItsLinesAndFindMovesTheTop() {
   t.Trigger("mnuFind");
   QCOMPARE(t.shown.back(), std::make_pair(std::string("Search Results"), std::string("Text not found.")));
   QCOMPARE(t.game->eventsLog.LogTopLine, 37);
+
+  // File > Print sends the opened log to the printer.
+  t.platform.printToFile = t.dir.filePath("log.pdf");
+  t.Trigger("mnuPrint");
+  QCOMPARE(t.platform.documentsPrinted, 1);
+  QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
 }
 
 void EventsLogTest::aRollBringsItsLineToTheTopOfTheOpenView() {

@@ -295,9 +295,16 @@ void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
   form->findChild<QAction*>("mnuPrint")->trigger();
   QCOMPARE(t.platform.documentsPrinted, 1);
   QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
-  // Views whose printout is not built keep the item disabled.
-  StatsForm* summary = OpenByMenu(t, "mnuSummary", "frmSummary");
-  QVERIFY(!summary->findChild<QAction*>("mnuPrint")->isEnabled());
+  // The summary, hands and frequency views print through the same item.
+  int printed = 1;
+  for (auto [menu, name] : {std::pair{"mnuSummary", "frmSummary"}, {"mnuHands", "frmHands"},
+                            {"mnuRollFreqs", "frmRollFreqs"}}) {
+    StatsForm* view = OpenByMenu(t, menu, name);
+    QAction* item = view->findChild<QAction*>("mnuPrint");
+    QVERIFY(item->isEnabled());
+    item->trigger();
+    QCOMPARE(t.platform.documentsPrinted, ++printed);
+  }
 }
 
 void StatsViewsTest::viewsKeepTheirPlacesInTheGame() {
