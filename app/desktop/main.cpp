@@ -328,6 +328,7 @@ int main(int argc, char** argv) {
       return 1;
     }
     form->adjustSize();
+    target = form;
   } else if (o.view.rfind("autobet", 0) == 0) {
     // autobet or autobet:FILE, FILE a script loaded for the first seated
     // player, shown with its line numbers, lists and bands after a check
