@@ -56,13 +56,7 @@ BetResultsForm::BetResultsForm(Game& game, QWidget* parent)
   ClearOnDoubleClick(betsLabel_,
                      [this] { game_.views.BetResultsSelection.assign(kBetCount, kNotSelected); });
 
-  auto* side = new QVBoxLayout;
-  side->addWidget(new QLabel("Time period:"));
-  side->addWidget(frames);
-  side->addSpacing(8);
-  side->addWidget(new QLabel("Players:"));
-  side->addWidget(players);
-  side->addWidget(PlayerLabel());
+  QVBoxLayout* side = SelectionColumn(frames, players);
   side->addSpacing(8);
   side->addWidget(new QLabel("Bets:"));
   side->addWidget(bets_);

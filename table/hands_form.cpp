@@ -40,13 +40,7 @@ HandsForm::HandsForm(Game& game, QWidget* parent) : StatsForm(game, "frmHands", 
   explain_->setFixedWidth(180);
   explain_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
 
-  auto* side = new QVBoxLayout;
-  side->addWidget(new QLabel("Time period:"));
-  side->addWidget(frames);
-  side->addSpacing(8);
-  side->addWidget(new QLabel("Players:"));
-  side->addWidget(players);
-  side->addWidget(PlayerLabel());
+  QVBoxLayout* side = SelectionColumn(frames, players);
   side->addSpacing(8);
   side->addWidget(units_);
   side->addWidget(explain_);

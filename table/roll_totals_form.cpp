@@ -176,13 +176,7 @@ RollTotalsForm::RollTotalsForm(Game& game, QWidget* parent)
   explain_->setFixedWidth(220);
   explain_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
 
-  auto* side = new QVBoxLayout;
-  side->addWidget(new QLabel("Time period:"));
-  side->addWidget(frames);
-  side->addSpacing(8);
-  side->addWidget(new QLabel("Players:"));
-  side->addWidget(players);
-  side->addWidget(PlayerLabel());
+  QVBoxLayout* side = SelectionColumn(frames, players);
   side->addSpacing(8);
   side->addWidget(skewed);
   side->addWidget(truth);

@@ -15,6 +15,7 @@
 namespace {
 constexpr int kMinPlayerRows = 2;  // an empty table still shows a list
 constexpr int kListPadding = 4;
+constexpr int kSelectionGap = 8;   // between the time period and the players
 }  // namespace
 
 StatsForm::StatsForm(Game& game, const char* name, const QString& caption, QWidget* parent)
@@ -145,6 +146,17 @@ QMenuBar* StatsForm::MakeMenuBar(bool (*print)(Game&)) {
     item->setStatusTip(item->toolTip());
   }
   return bar;
+}
+
+QVBoxLayout* StatsForm::SelectionColumn(QComboBox* frames, QListWidget* players) {
+  auto* column = new QVBoxLayout;
+  column->addWidget(new QLabel("Time period:"));
+  column->addWidget(frames);
+  column->addSpacing(kSelectionGap);
+  column->addWidget(new QLabel("Players:"));
+  column->addWidget(players);
+  column->addWidget(playerLabel_);
+  return column;
 }
 
 QLabel* StatsForm::MakeFigure(const char* name, int minWidth) {

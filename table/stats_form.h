@@ -23,6 +23,7 @@
 class QComboBox;
 class QGridLayout;
 class QLabel;
+class QVBoxLayout;
 class QListWidget;
 class QMenuBar;
 struct Game;
@@ -50,6 +51,9 @@ class StatsForm : public QDialog {
   // lstPlayer and lblPlayer, the selection kept in `players`.
   QListWidget* MakePlayerList(std::int32_t& players);
   QLabel* PlayerLabel() const { return playerLabel_; }
+  // The side column every view opens with: "Time period:" over `frames`,
+  // then "Players:" over `players` and the players label.
+  QVBoxLayout* SelectionColumn(QComboBox* frames, QListWidget* players);
   // A double click on `label` runs `clear` and refreshes.
   void ClearOnDoubleClick(QLabel* label, std::function<void()> clear);
   // The form's menu bar with File > Print, which runs `print` on the game;

@@ -35,13 +35,7 @@ SummaryForm::SummaryForm(Game& game, QWidget* parent)
   QComboBox* frames = MakeFrameList(v.SummaryFrame);
   QListWidget* players = MakePlayerList(v.SummaryPlayers);
 
-  auto* selection = new QVBoxLayout;
-  selection->addWidget(new QLabel("Time period:"));
-  selection->addWidget(frames);
-  selection->addSpacing(8);
-  selection->addWidget(new QLabel("Players:"));
-  selection->addWidget(players);
-  selection->addWidget(PlayerLabel());
+  QVBoxLayout* selection = SelectionColumn(frames, players);
   selection->addStretch(1);
 
   auto* totalsBox = new QGroupBox("Totals");
