@@ -89,19 +89,8 @@ void ChangeEditorPlayer(Game& game, int p) {
   if (p < 1 || p > 8) return;
   if (ss.EditorOpen) StoreEdLines(game);
   ss.EdPlayer = p;
-  const auto& lines = ss.ScriptLines[static_cast<std::size_t>(p)];
-  if (lines.size() <= 1) {
-    ss.EdLines.assign(2, std::string());
-    ss.EdIndent.assign(2, 0);
-    ss.EdBandMark.assign(2, 0);
-    ss.EdLineCount = 1;
-  } else {
-    ss.EdLines = lines;
-    ss.EdIndent = ss.ScriptIndent[static_cast<std::size_t>(p)];
-    ss.EdBandMark = ss.ScriptBandMark[static_cast<std::size_t>(p)];
-    ss.EdLineCount = static_cast<std::int32_t>(lines.size() - 1);
-    FitEditorArrays(ss);
-  }
+  RefreshEditor(ss, p);
+  FitEditorArrays(ss);  // a slot's indents and marks may be shorter than its lines
   const auto u = static_cast<std::size_t>(p);
   ss.EdTopLine = ss.ScriptTopLine[u];
   ss.EdLeftColumn = ss.ScriptLeftColumn[u];

@@ -39,22 +39,6 @@ std::string FileNameOnly(std::string_view path) {
   return std::string(slash == std::string_view::npos ? path : path.substr(slash + 1));
 }
 
-// The editor's arrays from the slot; an empty script shows one empty line.
-void RefreshEditor(ScriptSource& ss, int p) {
-  const auto& lines = ss.ScriptLines[p];
-  if (lines.size() <= 1) {
-    ss.EdLines.assign(2, std::string());
-    ss.EdIndent.assign(2, 0);
-    ss.EdBandMark.assign(2, 0);
-    ss.EdLineCount = 1;
-  } else {
-    ss.EdLines = lines;
-    ss.EdIndent = ss.ScriptIndent[p];
-    ss.EdBandMark = ss.ScriptBandMark[p];
-    ss.EdLineCount = static_cast<std::int32_t>(lines.size() - 1);
-  }
-}
-
 void ResetEditorView(ScriptSource& ss) {
   ss.EdTopLine = 1;
   ss.EdLeftColumn = 0;
@@ -109,6 +93,21 @@ std::vector<std::string> PasteAtCaret(const std::vector<std::string>& target,
 }
 
 }  // namespace
+
+void RefreshEditor(ScriptSource& ss, int p) {
+  const auto& lines = ss.ScriptLines[p];
+  if (lines.size() <= 1) {
+    ss.EdLines.assign(2, std::string());
+    ss.EdIndent.assign(2, 0);
+    ss.EdBandMark.assign(2, 0);
+    ss.EdLineCount = 1;
+  } else {
+    ss.EdLines = lines;
+    ss.EdIndent = ss.ScriptIndent[p];
+    ss.EdBandMark = ss.ScriptBandMark[p];
+    ss.EdLineCount = static_cast<std::int32_t>(lines.size() - 1);
+  }
+}
 
 bool HasLegacyHeader(std::string_view bytes) {
   return std::any_of(std::begin(kHeaders), std::end(kHeaders),

@@ -21,6 +21,8 @@
 
 #include "script/translate.h"
 
+struct ScriptSource;
+
 struct Game;
 
 // Loads the file into slot p, or with PastingScript inserts it at the
@@ -32,6 +34,9 @@ bool SaveAutoBets(Game& game, int p);
 void ClearScript(Game& game, int p);
 // Copies the editor's lines, indents and marks and its six positions to EdPlayer.
 void StoreEdLines(Game& game);
+// The editor's lines, indents and marks from slot p; an empty script shows
+// one empty line.
+void RefreshEditor(ScriptSource& ss, int p);
 
 // The result of reading a script file's bytes.
 struct ScriptFileContent {
