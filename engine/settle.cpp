@@ -197,32 +197,34 @@ void SettleNotWorking(Game& g, int p) {
     g.BetComesDown = true;
   const int stored = flat != 0 && g.BetTrend(p, flat, 1) >= 2 ? g.autoplay.HandleWinningBets(p)
                                                               : g.autoplay.HandleLosingBets(p);
+  // Either table's number is acted on as the winning table names it: the
+  // off bet is no decision, so the losing table's own actions do not apply.
   const int rule = EffectiveRule(g, stored);
-  if (ReadsPressUnit(rule, 0, 3)) FigurePressUnit(g, p, b);
-  if (rule == 0) {
+  if (ReadsPressUnit(rule, kWinManual, kWinPressUnit)) FigurePressUnit(g, p, b);
+  if (rule == kWinManual) {
     FillSettleLines(g, p, SettleKind::NotWorking);
     ShowDialogOf(g, p, SettleKind::NotWorking);
     return;
   }
-  if (rule == 1 || g.BetComesDown) {
+  if (rule == kWinTakeDown || g.BetComesDown) {
     TakeBetDown(g, p);
     return;
   }
   switch (rule) {
-    case 2:
+    case kWinSameBet:
       SameBet(g, p);
       break;
-    case 3:
+    case kWinPressUnit:
       PressOneUnit(g, p);
       break;
-    case 4:
-    case 5:
+    case kWinPressDouble:
+    case kWinParlay:
       PressDouble(g, p);
       break;
-    case 6:
+    case kWinAdjust:
       AdjustSameBet(g, p, kAdjustAutoLoseSame);
       break;
-    case 7:
+    case kWinSetAmount:
       SetBetAmount(g, p, kAdjustAutoLoseBet);
       break;
     default:
