@@ -156,8 +156,8 @@ void CrapTableWindow::BuildMenus() {
   auto fileCommand = [this, guarded](bool (*command)(Game&)) {
     return guarded([this, command] {
       const bool done = command(game_);
-      // An opened game brings its windows' places with it.
-      if (done && command == OpenGameCommand) RestoreWindowPlaces();
+      // An opened game brings its windows with it, open or closed.
+      if (done && command == OpenGameCommand) RestoreWindows();
       if (bankroll_) bankroll_->Refresh();
     });
   };
@@ -529,16 +529,23 @@ void CrapTableWindow::changeEvent(QEvent* event) {
   }
 }
 
-void CrapTableWindow::RestoreWindowPlaces() {
+void CrapTableWindow::RestoreWindows() {
   mainKeeper_->Restore();
-  for (QWidget* form :
-       {static_cast<QWidget*>(bankroll_), static_cast<QWidget*>(move_),
-        static_cast<QWidget*>(checkStacks_), static_cast<QWidget*>(autoPlay_),
-        static_cast<QWidget*>(diceFiles_), static_cast<QWidget*>(autoBet_),
-        static_cast<QWidget*>(rollPad_), static_cast<QWidget*>(sessionsLog_),
-        static_cast<QWidget*>(eventsLog_)})
-    if (form != nullptr)
-      if (auto* keeper = form->findChild<WindowKeeper*>(QString(), Qt::FindDirectChildrenOnly))
-        keeper->Restore();
-  statsViews_->RestorePlaces();
+  // A window the game has open is made if need be; one it has closed is
+  // closed only if it exists.
+  const auto restore = [this](KeptWindow which, QWidget* existing, auto make) {
+    const bool shown = KeptWindowShown(game_, which);
+    QWidget* form = shown ? static_cast<QWidget*>((this->*make)()) : existing;
+    if (form != nullptr) RestoreKeptWindow(*form, shown);
+  };
+  restore(KeptWindow::Bankroll, bankroll_, &CrapTableWindow::Bankroll);
+  restore(KeptWindow::Move, move_, &CrapTableWindow::Move);
+  restore(KeptWindow::CheckStacks, checkStacks_, &CrapTableWindow::CheckStacks);
+  restore(KeptWindow::AutoPlay, autoPlay_, &CrapTableWindow::AutoPlay);
+  restore(KeptWindow::DiceFiles, diceFiles_, &CrapTableWindow::DiceFiles);
+  restore(KeptWindow::AutoBet, autoBet_, &CrapTableWindow::AutoBet);
+  restore(KeptWindow::RollPad, rollPad_, &CrapTableWindow::RollPad);
+  restore(KeptWindow::SessionsLog, sessionsLog_, &CrapTableWindow::SessionsLog);
+  restore(KeptWindow::EventsLog, eventsLog_, &CrapTableWindow::EventsLog);
+  statsViews_->RestoreShown();
 }

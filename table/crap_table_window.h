@@ -75,7 +75,7 @@ class CrapTableWindow : public QMainWindow {
   QtPlatform& platform_;
   TableView* view_;
   // Puts the main window and the open forms where the game's layout has them.
-  void RestoreWindowPlaces();
+  void RestoreWindows();
 
   WindowKeeper* mainKeeper_ = nullptr;
   QPointer<BankrollForm> bankroll_;

@@ -64,9 +64,12 @@ void StatsViews::RefreshOpen() {
     if (form && form->isVisible()) form->Refresh();
 }
 
-void StatsViews::RestorePlaces() {
-  for (QPointer<StatsForm>& form : forms_)
-    if (form)
-      if (auto* keeper = form->findChild<WindowKeeper*>(QString(), Qt::FindDirectChildrenOnly))
-        keeper->Restore();
+void StatsViews::RestoreShown() {
+  for (std::size_t i = 0; i < forms_.size(); ++i) {
+    const bool shown = KeptWindowShown(game_, kKept[i]);
+    StatsForm* form = shown ? Form(static_cast<StatsView>(i)) : forms_[i].data();
+    if (form == nullptr) continue;
+    RestoreKeptWindow(*form, shown);
+    if (shown) form->Refresh();
+  }
 }

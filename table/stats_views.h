@@ -24,8 +24,8 @@ class StatsViews : public QObject {
   StatsForm* Open(StatsView which);
   // Refreshes every open view.
   void RefreshOpen();
-  // Puts the views made so far where the game's layout has them.
-  void RestorePlaces();
+  // Opens or closes each view as the game's layout has it, at its place.
+  void RestoreShown();
 
  private:
   Game& game_;

@@ -69,6 +69,20 @@ std::array<float, 64>& Singles(Game& game, const LayoutSlot& slot) {
 
 }  // namespace
 
+bool KeptWindowShown(const Game& game, KeptWindow which) {
+  const LayoutSlot slot = SlotOf(which);
+  const auto& v = slot.recordTwo ? game.gamefile.LayoutA : game.gamefile.LayoutB;
+  return which != KeptWindow::Main && v[slot.first] != 0.0f;
+}
+
+void RestoreKeptWindow(QWidget& window, bool shown) {
+  // Placed first, so that a window being closed stores the game's place,
+  // not the one it had on the screen.
+  if (auto* keeper = window.findChild<WindowKeeper*>(QString(), Qt::FindDirectChildrenOnly))
+    keeper->Restore();
+  window.setVisible(shown);
+}
+
 WindowKeeper::WindowKeeper(Game& game, KeptWindow which, QWidget& window)
     : QObject(&window), game_(game), which_(which), window_(window) {
   window.installEventFilter(this);

@@ -23,6 +23,11 @@ enum class KeptWindow {
   DiceFiles, AutoBet, RollPad, SessionsLog, EventsLog, HotKeys
 };
 
+// Whether the game's layout has a tool window open (its shown flag).
+bool KeptWindowShown(const Game& game, KeptWindow which);
+// Puts a kept window at the game's place for it, then opens or closes it.
+void RestoreKeptWindow(QWidget& window, bool shown);
+
 class WindowKeeper : public QObject {
   Q_OBJECT
  public:

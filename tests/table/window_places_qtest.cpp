@@ -2,6 +2,8 @@
 // place and its open flag into the game's window layout, a form shown in a
 // game that holds a place opens there, and a place off the screen is
 // pulled back onto it.
+#include <QCoreApplication>
+#include <QDir>
 #include <QScreen>
 #include <QTimer>
 #include <functional>
@@ -13,6 +15,8 @@
 #include "table/events_log_form.h"
 #include "table/roll_pad_form.h"
 #include "table/sessions_log_form.h"
+#include "table/summary_form.h"
+#include "store/game_file.h"
 
 class WindowPlacesTest : public QObject {
   Q_OBJECT
@@ -20,6 +24,7 @@ class WindowPlacesTest : public QObject {
   void aFormWritesItsPlaceAndOpensThere();
   void aPlaceOffTheScreenIsPulledBack();
   void theToolWindowsKeepTheirSlots();
+  void anOpenedGameOpensAndClosesItsWindows();
 };
 
 namespace {
@@ -141,6 +146,38 @@ void WindowPlacesTest::theToolWindowsKeepTheirSlots() {
       if (slot.sized) QVERIFY2(again.size() == size, why.constData());
     });
   }
+}
+
+// A game saved with Check Stacks and the Summary open and the Events Log
+// closed brings them back so when opened, whatever is open at the time.
+void WindowPlacesTest::anOpenedGameOpensAndClosesItsWindows() {
+  DesktopTable t(1);
+  CheckStacksForm* stacks = t.window->CheckStacks();
+  stacks->show();
+  stacks->move(140, 90);
+  t.window->findChild<QAction*>("mnuSummary")->trigger();
+  QApplication::processEvents();
+  const std::string path =
+      QDir::temp()
+          .filePath(QString("ravelton-places-%1.rvg").arg(QCoreApplication::applicationPid()))
+          .toStdString();
+  QVERIFY(SaveGame(*t.game, path));
+
+  stacks->hide();
+  stacks->move(300, 200);
+  t.window->findChild<SummaryForm*>()->hide();
+  EventsLogForm* log = t.window->EventsLog();
+  log->show();
+  QApplication::processEvents();
+  t.platform.onChooseFile = [&](const FileChooserRequest&) { return std::optional(path); };
+  t.window->findChild<QAction*>("mnuOpen")->trigger();
+  QApplication::processEvents();
+  std::remove(path.c_str());
+
+  QVERIFY(stacks->isVisible());
+  QCOMPARE(stacks->pos(), QPoint(140, 90));
+  QVERIFY(t.window->findChild<SummaryForm*>()->isVisible());
+  QVERIFY(!log->isVisible());
 }
 
 QTEST_MAIN(WindowPlacesTest)
