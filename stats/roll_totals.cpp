@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/game.h"
+#include "dice/probability.h"
 #include "stats/number_format.h"
 
 namespace {
@@ -19,10 +20,23 @@ double GraphTop(double largest) {
 }  // namespace
 
 std::optional<SkewedDice> GameSkewedDice(const Game& game) {
-  // The table of skewed probabilities belongs to the probability dice; until
-  // a game holds one, the true probabilities stand.
-  (void)game;
-  return std::nullopt;
+  if (!game.dice.ProbabilityDiceOn) return std::nullopt;
+  // The probability table's values (row k = 1), read by pair, total and face.
+  constexpr int kValues = 1;
+  const auto& t = game.probability.ProbabilityTable;
+  SkewedDice d;
+  for (int die1 = 1; die1 <= 6; ++die1)
+    for (int die2 = 1; die2 <= 6; ++die2) {
+      const ProbEntry cell = CellOfDice(die1, die2);
+      d.pair[static_cast<std::size_t>(6 * (die1 - 1) + die2 - 1)] = t(kValues, cell.a, cell.b);
+    }
+  for (int b = 1; b <= kLastTotalColumn; ++b)
+    d.total[static_cast<std::size_t>(b - 1)] = t(kValues, kTotalRow, b);
+  for (int a = kFirstCellRow; a <= kLastCellRow; ++a) {
+    d.face1[static_cast<std::size_t>(a - kFirstCellRow)] = t(kValues, a, kFirstDieColumn);
+    d.face2[static_cast<std::size_t>(a - kFirstCellRow)] = t(kValues, a, kSecondDieColumn);
+  }
+  return d;
 }
 
 RollTotalsFigures FigureRollTotals(const Game& game, int kind, int frame, std::int32_t players,
@@ -31,8 +45,7 @@ RollTotalsFigures FigureRollTotals(const Game& game, int kind, int frame, std::i
   f.kind = std::clamp(kind, 0, kRollTotalsKinds - 1);
   f.frame = std::clamp(frame, 0, kFrameCount - 1);
   f.selectionLabel = SelectedPlayersLabel(game, players);
-  const std::optional<SkewedDice> dice =
-      vsSkewed && game.dice.ProbabilityDiceOn ? GameSkewedDice(game) : std::nullopt;
+  const std::optional<SkewedDice> dice = vsSkewed ? GameSkewedDice(game) : std::nullopt;
   f.skewed = dice.has_value();
 
   std::vector<int> indices;
@@ -100,8 +113,7 @@ RollFreqFigures FigureRollFreqs(const Game& game, int c, bool skewed) {
   const double average = gaps > 0 ? rolls / gaps : 0;
   f.average = ShowValue(average, FormatNumber(average, fmt_pattern::kStandard));
 
-  const std::optional<SkewedDice> dice =
-      skewed && game.dice.ProbabilityDiceOn ? GameSkewedDice(game) : std::nullopt;
+  const std::optional<SkewedDice> dice = skewed ? GameSkewedDice(game) : std::nullopt;
   const double probable = ProbablePercent(c, dice ? &*dice : nullptr);
   f.probablePct = ShowValue(probable, FormatNumber(probable, fmt_pattern::kStandard));
   f.probableCaption = dice ? "Skewed probable %:" : "True probable %:";

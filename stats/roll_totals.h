@@ -58,8 +58,8 @@ struct RollFreqFigures {
 
 constexpr double kBarLength = 223;
 
-// The skewed dice of the game, when probability dice are on and the table of
-// skewed probabilities is loaded; none otherwise.
+// The skewed dice of the game's probability table when probability dice are
+// on; none otherwise.
 std::optional<SkewedDice> GameSkewedDice(const Game& game);
 
 // RefreshRollTotals: kind 0..3, frame 0..4, the selection bit set, and the

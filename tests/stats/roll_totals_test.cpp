@@ -7,6 +7,7 @@
 
 #include "../engine/roll_fixture.h"
 #include "engine/players.h"
+#include "dice/probability.h"
 #include "stats/roll_totals.h"
 
 namespace {
@@ -160,3 +161,22 @@ TEST_F(RollTotals, ADicePassWithinAHandIsExplained) {
 }
 
 }  // namespace
+
+// With probability dice on, "vs. skewed" reads the game's probability table:
+// die 1 showing 6 a quarter of the time makes 12 a 1-in-24 roll.
+TEST_F(RollTotals, SkewedProbabilitiesComeFromTheProbabilityTable) {
+  constexpr int kSixOfDie1 = kLastCellRow;
+  SetProbabilityCell(g, kSixOfDie1, kFirstDieColumn, 25'000, true);
+  EXPECT_FALSE(FigureRollTotals(g, 0, 2, 0, true).skewed);  // dice still fair
+  EXPECT_NEAR(Row(FigureRollTotals(g, 0, 2, 0, true), 12).probablePct.value, 2.78, 0.005);
+
+  g.dice.ProbabilityDiceOn = true;
+  const RollTotalsFigures vsSkewed = FigureRollTotals(g, 0, 2, 0, true);
+  EXPECT_TRUE(vsSkewed.skewed);
+  EXPECT_NEAR(Row(vsSkewed, 12).probablePct.value, 100.0 / 24, 0.001);
+  EXPECT_NEAR(Row(FigureRollTotals(g, 0, 2, 0, false), 12).probablePct.value, 2.78, 0.005);
+  const RollFreqFigures twelve = FigureRollFreqs(g, 12, true);
+  EXPECT_EQ(twelve.probableCaption, "Skewed probable %:");
+  EXPECT_NEAR(twelve.probablePct.value, 100.0 / 24, 0.001);
+  EXPECT_NEAR(FigureRollFreqs(g, 83, true).probablePct.value, 25.0, 0.001);  // die 1 shows 6
+}
