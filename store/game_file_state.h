@@ -59,14 +59,14 @@ struct GameFileState {
 
   // View state (record 409).
   L RollTotalsBackColor = 0, RollTotalsGraphColor = 0, RollTotalsScrollX = 0;
-  L RollTotalsScrollY = 0, RollTotalsShowProb = 0, HandsUnits = 0;
+  L RollTotalsScrollY = 0;
 
   // Table options and views (record 411).
   L EnterBetId = 1;  // the bet under the keyed-in amount box
   L CheckStacksScroll = 0, CheckStacksFontSize = 0;
   bool CheckStacksItalic = false, CheckStacksBold = false;
   L RyonKind = 0, RyonColor = 0;
-  L FreqNum = 0, DiceFilesFontSize = 0;
+  L DiceFilesFontSize = 0;
   L BankrollReferenceLines = 0, BankrollColor = 0, BankrollAdjustType = 0, BankrollGraphType = 0;
   L BankrollGridLines = 0, BankrollAverageSpan = 0;
 

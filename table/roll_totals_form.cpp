@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QTimer>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -209,6 +210,9 @@ RollTotalsForm::RollTotalsForm(Game& game, QWidget* parent)
   grid_->setMinimumWidth(width + grid_->verticalScrollBar()->sizeHint().width() + 4);
   grid_->setMinimumHeight(kVisibleRows * kRowHeight + header_->minimumHeight() + 4);
   grid_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // The list's scroll position is kept with the game.
+  connect(grid_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+          [this](int y) { game_.gamefile.RollTotalsScrollY = y; });
 
   // "Probable" and "Actual": which bar is which.
   auto* legend = new QHBoxLayout;
@@ -318,5 +322,9 @@ void RollTotalsForm::ShowFigures() {
     bars->setData(kProbableRole, row.probableBar);
     bars->setData(kActualRole, row.actualBar);
   }
+  // Put back once the list has laid out its new rows and knows its range.
+  QTimer::singleShot(0, grid_, [this] {
+    grid_->verticalScrollBar()->setValue(game_.gamefile.RollTotalsScrollY);
+  });
   grid_->viewport()->update();
 }

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -159,6 +160,14 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
   kind(2);
   QCOMPARE(grid->rowCount(), 36);
   QCOMPARE(grid->item(1, 0)->text(), QString::fromStdString(CategoryText(22)));
+  // The list's scroll position is the game's, both ways.
+  QApplication::processEvents();
+  grid->verticalScrollBar()->setValue(4);
+  QCOMPARE(g.gamefile.RollTotalsScrollY, 4);
+  g.gamefile.RollTotalsScrollY = 2;  // as an opened game brings it
+  form->Refresh();
+  QApplication::processEvents();
+  QCOMPARE(grid->verticalScrollBar()->value(), 2);
   // Rolls since last exist only for the session-wide frames.
   QVERIFY(grid->item(0, 4)->text() != "---");
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
