@@ -113,29 +113,16 @@ TEST_F(Bankroll, EachStartRuleSetsTheNewSessionsBankroll) {
   EXPECT_EQ(s.StartBankroll(3), 2500_usd);
 }
 
-TEST_F(Bankroll, CheckStacksGridAndVisibleSpots) {
+// The grid, the check of the visible stacks and Delete All are the
+// CheckStacks form's tests' business; here the rail spots and their amounts.
+TEST_F(Bankroll, VisibleCheckStackSpotsAndTheirAmounts) {
   SetCheckStackValue(g, 1, 7, "-12.5");
-  SetCheckStackName(g, 1, 9, "goal");
-  SetCheckStackValue(g, 1, 20, "3");
-  auto rows = ShowCheckStacks(g, 1);
-  ASSERT_EQ(rows.size(), 3u);
-  EXPECT_EQ(rows[1].name, "goal");  // a name shows with a value of 0
-  const int twice[4] = {5, 6, 5, 7};
-  EXPECT_FALSE(SetVisibleCheckStacks(g, 1, twice));
-  EXPECT_EQ(LastText(), "Each CheckStack entry should be a different number.");
   const int spots[4] = {7, 0, 99, 20};
   EXPECT_TRUE(SetVisibleCheckStacks(g, 1, spots));
   EXPECT_EQ(CheckStackSpotName(g, 1, 1), "CheckStack #7");
   // A click with the first rail stack selected lays its amount down.
   g.rules.SelectedCheck = 7;
   EXPECT_EQ(SelectedAmount(g, 1), Usd(-12.5));
-
-  Reply(kAnswerYes);
-  EXPECT_TRUE(DeleteAllCheckStacks(g, 1, StackClear::Values));
-  EXPECT_EQ(LastText(), "Are you sure you want to delete all the CheckStack values for P1?");
-  EXPECT_TRUE(g.Bet(1, kCheckStackFirst + 7).IsZero());
-  EXPECT_EQ(g.CheckStackName(1, 9), "goal");
-
   EXPECT_EQ(ConvertNonPrinting(std::string("a\tb~\x7f")), std::string("a\0b~\0", 5));
 }
 
