@@ -147,7 +147,7 @@ TEST_F(AutoPlaySelection, EveryOptionReachesTheSelectedPlayersOnly) {
   EXPECT_EQ(g.autoplay.HandleWinningBets(2), 0);
 }
 
-TEST_F(AutoPlaySelection, AnEmptySeatInTheSelectionIsLeftAlone) {
+TEST_F(AutoPlaySelection, EmptySeatsAreLeftOutAndALonePlayerIsAlwaysSelected) {
   SetAutoPlayOption(g, (1 << 2) | (1 << 6), AutoPlayOption::kPassDice, 1);
   EXPECT_TRUE(g.autoplay.AutoPassDice(2));
   EXPECT_FALSE(g.autoplay.AutoPassDice(6));
@@ -155,9 +155,7 @@ TEST_F(AutoPlaySelection, AnEmptySeatInTheSelectionIsLeftAlone) {
   EXPECT_EQ(g.autoplay.SelectedPlayers, 1 << 2);
   EXPECT_EQ(FirstSelectedPlayer(g, (1 << 6) | (1 << 3)), 3);
   EXPECT_EQ(FirstSelectedPlayer(g, 1 << 6), 0);
-}
 
-TEST_F(AutoPlaySelection, ALonePlayerIsAlwaysSelected) {
   g.autoplay.SelectedPlayers = 0;
   EXPECT_EQ(EffectiveAutoPlaySelection(g), 0);
   g.autoplay.SelectedPlayers = 1 << 2;

@@ -295,15 +295,13 @@ TEST_F(RollLog, ALostBetIsNotReportedAsRemovedAndItsReturnIsANewBet) {
 
 using StartedGame = RollFixture;
 
-TEST_F(StartedGame, FoldersAndTheClockMeasure) {
+TEST_F(StartedGame, FoldersTheClockMeasureAndAMissingGeneratorsFallback) {
   EXPECT_EQ(g.roll.DataFolder, folder.Path());
   EXPECT_EQ(g.roll.EventsLogPath, folder / "Events Log.txt");
   // The clock advances 1 ms per read: 99 calls fit in 100 ms.
   EXPECT_EQ(g.roll.LoopsPerTick, 9);
   EXPECT_EQ(g.dice.RngIndex, 0);  // the last generator seeded stays selected
-}
-
-TEST_F(StartedGame, AMissingGeneratorFallsBackAndTheGameStillRolls) {
+  // A missing generator falls back, and the game still rolls.
   g.dice.MissingDllMask = 3;
   g.dice.RngIndex = 0;
   RollDice(g);
