@@ -1,10 +1,13 @@
 // Auto-Play: a new player's defaults, the come-out working list, the form's
-// heading, and the standing rules as they act on a settled bet.
+// heading, and the standing options as they act on the table; the form's
+// writes reach every selected seated player and nobody else, and a group
+// agrees only when every selected player has the first one's value.
 #include "automation/autoplay.h"
 
 #include <algorithm>
 #include <string>
 
+#include "automation/autoplay_selection.h"
 #include "engine/place.h"
 #include "engine/settle.h"
 #include "tests/engine/table_fixture.h"
@@ -13,7 +16,9 @@ namespace {
 
 using namespace bet;
 
-class AutoPlay : public TableFixture {};
+constexpr std::int32_t kOneAndThree = (1 << 1) | (1 << 3);
+
+using AutoPlay = TableFixture;
 
 TEST_F(AutoPlay, ANewPlayerTakesTheDefaultsAndTheTablesWorkingRow) {
   AutoPlayState& a = g.autoplay;
@@ -82,27 +87,106 @@ TEST_F(AutoPlay, FullOddsOnTheRollThatSetsThePoint) {
   EXPECT_EQ(g.Bet(3, ComeId(4) + 6), 20_usd);
 }
 
+// The form's switches act on the table at once, for the selected players only.
 TEST_F(AutoPlay, SwitchingAnOptionOnActsAtOnce) {
   PointOn(8);
-  Put(1, kPassLine, 10);
-  Put(1, ComeId(5), 10);
-  Put(1, PlaceId(5), 10);
-  Put(1, PlaceId(8), 12);
-  Put(1, PlaceId(9), 10);
-  ChangeAutoDownPlaceBets(g, 1, true);
-  EXPECT_TRUE(g.Bet(1, PlaceId(5)).IsZero() && g.Bet(1, PlaceId(8)).IsZero());
+  for (int p = 1; p <= 3; ++p)
+    Put({{p, kPassLine, 10},
+         {p, ComeId(5), 10},
+         {p, PlaceId(5), 10},
+         {p, PlaceId(8), 12},
+         {p, PlaceId(9), 10}});
+  SetAutoPlayOption(g, kOneAndThree, AutoPlayOption::kDownPlaceBets, 1);
+  EXPECT_TRUE(g.Bet(1, PlaceId(5)).IsZero() && g.Bet(3, PlaceId(8)).IsZero());
   EXPECT_EQ(g.Bet(1, PlaceId(9)), 10_usd);
+  EXPECT_EQ(g.Bet(2, PlaceId(8)), 12_usd);
 
-  ChangeAutoTakeFullOdds(g, 1, true);
+  SetAutoPlayOption(g, kOneAndThree, AutoPlayOption::kTakeFullOdds, 1);
   EXPECT_EQ(g.Bet(1, kPassLineOdds), 25_usd);
-  EXPECT_EQ(g.Bet(1, ComeId(5) + 6), 20_usd);
+  EXPECT_EQ(g.Bet(3, ComeId(5) + 6), 20_usd);
+  EXPECT_TRUE(g.Bet(2, kPassLineOdds).IsZero());
 
   // A Place 6 of 7 comes to its proper 6 when minor correction is switched on.
   g.autoplay.PlaceBias(2) = 0;
   Put(2, PlaceId(6), 7);
-  ChangeAutoAdjustMode(g, 2, 1);
+  const Currency total = g.TotalBets(2);
+  SetAutoPlayOption(g, 1 << 2, AutoPlayOption::kAdjustMode, 1);
   EXPECT_EQ(g.Bet(2, PlaceId(6)), 6_usd);
-  EXPECT_EQ(g.TotalBets(2), 6_usd);
+  EXPECT_EQ(g.TotalBets(2), total - 1_usd);
+}
+
+using AutoPlaySelection = TableFixture;
+
+TEST_F(AutoPlaySelection, EveryOptionReachesTheSelectedPlayersOnly) {
+  struct Case {
+    AutoPlayOption option;
+    int value;
+  };
+  const Case cases[] = {
+      {AutoPlayOption::kTakeFullOdds, 1},  {AutoPlayOption::kLayFullOdds, 1},
+      {AutoPlayOption::kDownPlaceBets, 1}, {AutoPlayOption::kPassDice, 1},
+      {AutoPlayOption::kAdjustMode, 1},    {AutoPlayOption::kLayBias, 2},
+      {AutoPlayOption::kPlaceBias, 0},     {AutoPlayOption::kDoBias, 1},
+      {AutoPlayOption::kDontBias, 2},      {AutoPlayOption::kHandleWinning, 6},
+      {AutoPlayOption::kHandleLosing, 7},
+  };
+  for (const Case& c : cases) {
+    const int before = AutoPlayValue(g, 2, c.option);
+    ASSERT_NE(before, c.value) << static_cast<int>(c.option);
+    g.roll.SessionDirty = false;
+    SetAutoPlayOption(g, kOneAndThree, c.option, c.value);
+    EXPECT_EQ(AutoPlayValue(g, 1, c.option), c.value) << static_cast<int>(c.option);
+    EXPECT_EQ(AutoPlayValue(g, 3, c.option), c.value) << static_cast<int>(c.option);
+    EXPECT_EQ(AutoPlayValue(g, 2, c.option), before) << static_cast<int>(c.option);
+    EXPECT_TRUE(g.roll.SessionDirty);
+    EXPECT_TRUE(AutoPlayAgrees(g, kOneAndThree, c.option));
+    EXPECT_FALSE(AutoPlayAgrees(g, kOneAndThree | (1 << 2), c.option));
+  }
+  // A value out of range is stored as 0, never as the stray number.
+  SetAutoPlayOption(g, 1 << 2, AutoPlayOption::kHandleWinning, 9);
+  EXPECT_EQ(g.autoplay.HandleWinningBets(2), 0);
+}
+
+TEST_F(AutoPlaySelection, EmptySeatsAreLeftOutAndALonePlayerIsAlwaysSelected) {
+  SetAutoPlayOption(g, (1 << 2) | (1 << 6), AutoPlayOption::kPassDice, 1);
+  EXPECT_TRUE(g.autoplay.AutoPassDice(2));
+  EXPECT_FALSE(g.autoplay.AutoPassDice(6));
+  SetAutoPlaySelection(g, (1 << 2) | (1 << 6));
+  EXPECT_EQ(g.autoplay.SelectedPlayers, 1 << 2);
+  EXPECT_EQ(FirstSelectedPlayer(g, (1 << 6) | (1 << 3)), 3);
+  EXPECT_EQ(FirstSelectedPlayer(g, 1 << 6), 0);
+
+  g.autoplay.SelectedPlayers = 0;
+  EXPECT_EQ(EffectiveAutoPlaySelection(g), 0);
+  g.autoplay.SelectedPlayers = 1 << 2;
+  EXPECT_EQ(EffectiveAutoPlaySelection(g), 1 << 2);
+  g.PlayerName[1].clear();
+  g.PlayerName[2].clear();
+  g.PlayerCount = 1;
+  EXPECT_EQ(EffectiveAutoPlaySelection(g), 1 << 3);
+}
+
+TEST_F(AutoPlaySelection, TheSameBetRowsStepAndStoreForTheSelection) {
+  g.autoplay.AdjustOperator(1, kAdjustAutoWinSame) = 3;
+  // The first player's value is stepped and given to all.
+  EXPECT_EQ(StepAdjustOperator(g, kOneAndThree, kAdjustAutoWinSame), 0);
+  EXPECT_EQ(g.autoplay.AdjustOperator(3, kAdjustAutoWinSame), 0);
+  EXPECT_EQ(StepAdjustOperator(g, kOneAndThree, kAdjustAutoWinSame), 1);
+  EXPECT_TRUE(AdjustAgrees(g, kOneAndThree, kAdjustAutoWinSame, AdjustPart::kOperator));
+  EXPECT_FALSE(AdjustAgrees(g, 0b1110, kAdjustAutoWinSame, AdjustPart::kOperator));
+
+  EXPECT_EQ(StepAdjustUnits(g, kOneAndThree, kAdjustAutoLoseSame), 1);
+  EXPECT_EQ(StepAdjustUnits(g, kOneAndThree, kAdjustAutoLoseSame), 0);
+  EXPECT_EQ(StepAdjustUnits(g, 1 << 1, kAdjustAutoLoseSame), 1);
+  EXPECT_EQ(g.autoplay.AdjustUnits(1, kAdjustAutoLoseSame), 1_usd);
+  EXPECT_FALSE(AdjustAgrees(g, kOneAndThree, kAdjustAutoLoseSame, AdjustPart::kUnits));
+
+  SetAdjustAmount(g, kOneAndThree, kAdjustAutoWinBet, 25_usd);
+  EXPECT_EQ(g.autoplay.AdjustAmount(3, kAdjustAutoWinBet), 25_usd);
+  EXPECT_EQ(g.autoplay.AdjustAmount(2, kAdjustAutoWinBet), Currency{});
+  SetAdjustAmount(g, 1 << 2, kAdjustAutoWinBet, -5_usd);
+  EXPECT_EQ(g.autoplay.AdjustAmount(2, kAdjustAutoWinBet), Currency{});
+  EXPECT_FALSE(AdjustAgrees(g, 0b1110, kAdjustAutoWinBet, AdjustPart::kAmount));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The bench workloads carry what they claim: every base bet of the eight
 // players is decided again and again, the Auto-Play rules move the amounts,
 // the ledgers stay whole, and the checksum sees every per-seat table.
+#include "cycle/bench_workload.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -12,7 +14,6 @@
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "core/seats.h"
-#include "cycle/bench_workload.h"
 #include "cycle/hyperdrive.h"
 #include "cycle/startup.h"
 #include "engine/place.h"
@@ -52,25 +53,16 @@ TEST(BenchWorkload, EveryPlayerDecidesEveryKindOfBetAndKeepsAWholeLedger) {
     EXPECT_NE(g.Bet(p, 0), g.InvestedBankroll(p)) << g.PlayerName[p];
   }
   using namespace bet;
-  for (int id : {kPassLine, kPassLineOdds, kDontPass, kDontPassOdds, kCome, kDontCome,
-                 ComeId(6), ComeId(6) + 6, DontComeId(8), DontComeId(8) + 6, PlaceId(6),
-                 BuyId(4), LayId(4), kField, kBig6, kHard8, kSeven, kCraps, kHorn, kWorld,
-                 kCandE, HopId(3, 6), kMidway, kFire})
+  for (int id : {kPassLine,  kPassLineOdds, kDontPass,     kDontPassOdds, kCome,
+                 kDontCome,  ComeId(6),     ComeId(6) + 6, DontComeId(8), DontComeId(8) + 6,
+                 PlaceId(6), BuyId(4),      LayId(4),      kField,        kBig6,
+                 kHard8,     kSeven,        kCraps,        kHorn,         kWorld,
+                 kCandE,     HopId(3, 6),   kMidway,       kFire})
     EXPECT_TRUE(decided.contains(id)) << BetName(id);
   // The rules moved amounts away from the base bets: a press, a parlay, a double.
   const int i = FrameIndex(1, kFrameCurrentSession);
   EXPECT_GT(g.StatAction(i, kPassLine, kStatLargest), 10_usd);
   EXPECT_GT(g.StatAction(FrameIndex(4, kFrameCurrentSession), kField, kStatLargest), 5_usd);
-}
-
-TEST(BenchWorkload, TheSameRollsGiveTheSameTables) {
-  for (BenchWorkload w :
-       {BenchWorkload::EmptyTable, BenchWorkload::PassLine, BenchWorkload::EightPlayers}) {
-    BenchGame a(w, 2000), b(w, 2000);
-    EXPECT_EQ(TablesChecksum(*a.game), TablesChecksum(*b.game));
-    BenchGame c(w, 2001);
-    EXPECT_NE(TablesChecksum(*a.game), TablesChecksum(*c.game));
-  }
 }
 
 // A figure changed in any per-seat table of the visitor changes the checksum.
@@ -83,22 +75,18 @@ TEST(BenchWorkload, TheChecksumCoversEveryPerSeatFigure) {
       [&](const char* name, auto axis, SeatReset, auto& table) {
         auto row = SeatRow(table, 5, SeatFrames(axis) - 1);
         using Cell = std::remove_reference_t<decltype(row[0])>;
-        if constexpr (std::is_same_v<Cell, Currency>) {
+        const Cell kept = row[0];
+        if constexpr (std::is_same_v<Cell, Currency>)
           row[0].raw += 1;
-          EXPECT_NE(TablesChecksum(g), before) << name;
-          row[0].raw -= 1;
-          ++tables;
-        } else if constexpr (std::is_same_v<Cell, bool>) {
+        else if constexpr (std::is_same_v<Cell, bool>)
           row[0] = !row[0];
-          EXPECT_NE(TablesChecksum(g), before) << name;
-          row[0] = !row[0];
-          ++tables;
-        } else if constexpr (std::is_integral_v<Cell>) {
+        else if constexpr (std::is_integral_v<Cell>)
           row[0] = static_cast<Cell>(row[0] + 1);
-          EXPECT_NE(TablesChecksum(g), before) << name;
-          row[0] = static_cast<Cell>(row[0] - 1);
-          ++tables;
-        }
+        else
+          return;
+        EXPECT_NE(TablesChecksum(g), before) << name;
+        row[0] = kept;
+        ++tables;
       },
       g);
   EXPECT_EQ(TablesChecksum(g), before);

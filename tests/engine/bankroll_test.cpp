@@ -1,12 +1,17 @@
 // Money in and out: the ATM's limits and notices, the negative-bankroll
-// switch, the start rules of a new session, and the CheckStacks grid and
-// visible spots.
+// switch, the start rules of a new session, the CheckStacks grid and visible
+// spots; the printouts the engine composes (CheckStacks, advantage table,
+// payoff list); and the settings whose change acts on the bets standing.
 #include "engine/bankroll.h"
 
 #include <string>
 
+#include "analysis/advantage_print.h"
+#include "config/payoffs.h"
 #include "core/message_dialog.h"
+#include "engine/check_stacks_print.h"
 #include "engine/place.h"
+#include "engine/setting_changes.h"
 #include "table_fixture.h"
 
 namespace {
@@ -17,7 +22,17 @@ class Bankroll : public TableFixture {
  protected:
   Bankroll() {
     g.HyperDrive = false;
+    platform.fixedDate = CalendarDate{2026, 11, 3};
     for (int p = 1; p <= 3; ++p) g.InvestedBankroll(p) = kStake;
+  }
+  void AnswerRange(int answer, const std::string& first, const std::string& last) {
+    platform.queuedReplies.push_back(MessageReply{answer, first, last, false});
+  }
+  // The text of every cell of line i, joined by '|'.
+  static std::string Cells(const PrintDocument& doc, std::size_t i) {
+    std::string joined;
+    for (const PrintCell& c : doc.lines.at(i).cells) joined += (joined.empty() ? "" : "|") + c.text;
+    return joined;
   }
 };
 
@@ -98,30 +113,237 @@ TEST_F(Bankroll, EachStartRuleSetsTheNewSessionsBankroll) {
   EXPECT_EQ(s.StartBankroll(3), 2500_usd);
 }
 
-TEST_F(Bankroll, CheckStacksGridAndVisibleSpots) {
+// The grid, the check of the visible stacks and Delete All are the
+// CheckStacks form's tests' business; here the rail spots and their amounts.
+TEST_F(Bankroll, VisibleCheckStackSpotsAndTheirAmounts) {
   SetCheckStackValue(g, 1, 7, "-12.5");
-  SetCheckStackName(g, 1, 9, "goal");
-  SetCheckStackValue(g, 1, 20, "3");
-  auto rows = ShowCheckStacks(g, 1);
-  ASSERT_EQ(rows.size(), 3u);
-  EXPECT_EQ(rows[1].name, "goal");  // a name shows with a value of 0
-  const int twice[4] = {5, 6, 5, 7};
-  EXPECT_FALSE(SetVisibleCheckStacks(g, 1, twice));
-  EXPECT_EQ(LastText(), "Each CheckStack entry should be a different number.");
   const int spots[4] = {7, 0, 99, 20};
   EXPECT_TRUE(SetVisibleCheckStacks(g, 1, spots));
   EXPECT_EQ(CheckStackSpotName(g, 1, 1), "CheckStack #7");
   // A click with the first rail stack selected lays its amount down.
   g.rules.SelectedCheck = 7;
   EXPECT_EQ(SelectedAmount(g, 1), Usd(-12.5));
-
-  Reply(kAnswerYes);
-  EXPECT_TRUE(DeleteAllCheckStacks(g, 1, StackClear::Values));
-  EXPECT_EQ(LastText(), "Are you sure you want to delete all the CheckStack values for P1?");
-  EXPECT_TRUE(g.Bet(1, kCheckStackFirst + 7).IsZero());
-  EXPECT_EQ(g.CheckStackName(1, 9), "goal");
-
   EXPECT_EQ(ConvertNonPrinting(std::string("a\tb~\x7f")), std::string("a\0b~\0", 5));
+}
+
+using Printouts = Bankroll;
+
+TEST_F(Printouts, CheckStacksPrintTheAskedRangeInItsOrderAndColours) {
+  SetCheckStackValue(g, 1, 3, "25");
+  SetCheckStackName(g, 1, 3, "press");
+  SetCheckStackValue(g, 1, 7, "-10.5");
+  SetCheckStackName(g, 1, 50, "later");
+  SetCheckStackValue(g, 1, 90, "5");
+  SetCheckStackValue(g, 2, 4, "1");   // another player's stack never prints
+  AnswerRange(kAnswerOk, "60", "2");  // given backwards
+  ASSERT_TRUE(PrintCheckStacks(g, 1, "/home/ann/games/Tuesday.rvg"));
+  ASSERT_EQ(platform.messages.back().title, "Print Range");
+  EXPECT_EQ(platform.messages.back().input1, "0");
+  EXPECT_EQ(platform.messages.back().input2, "99");
+  ASSERT_EQ(platform.printed.size(), 1u);
+  const PrintDocument& doc = platform.printed[0];
+  EXPECT_EQ(Cells(doc, 0), "Ravelton CheckStack values and names for P1");
+  EXPECT_EQ(Cells(doc, 1), "03-Nov-26");
+  EXPECT_EQ(Cells(doc, 2), "Game File:  Tuesday.rvg");
+  ASSERT_EQ(doc.lines.size(), 8u);  // head, blank, titles, stacks 3, 7 and 50
+  EXPECT_EQ(Cells(doc, 5), "3|25|press");
+  EXPECT_EQ(Cells(doc, 6), "7|-10.50|");
+  EXPECT_EQ(Cells(doc, 7), "50|0|later");
+  EXPECT_EQ(doc.lines[5].cells[1].colour, 9);
+  EXPECT_EQ(doc.lines[6].cells[1].colour, 12);
+  EXPECT_EQ(doc.lines[7].cells[1].colour, kPrintBlack);
+}
+
+TEST_F(Printouts, CheckStacksRangeBoundsCancelAndNoPrinter) {
+  SetCheckStackValue(g, 1, 0, "1");
+  SetCheckStackValue(g, 1, 99, "2");
+  g.rules.PrintColors = {0, 0, 0};  // a printer without colour
+  AnswerRange(kAnswerOk, "not a number", "400");
+  ASSERT_TRUE(PrintCheckStacks(g, 1, ""));
+  const PrintDocument& doc = platform.printed.back();
+  EXPECT_EQ(Cells(doc, 2), "Game File:  untitled");
+  ASSERT_EQ(doc.lines.size(), 7u);
+  EXPECT_EQ(Cells(doc, 5), "0|1|");
+  EXPECT_EQ(Cells(doc, 6), "99|2|");
+  EXPECT_EQ(doc.lines[5].cells[1].colour, kPrintBlack);
+
+  AnswerRange(kAnswerCancel, "0", "99");
+  EXPECT_FALSE(PrintCheckStacks(g, 1, ""));
+  platform.printerAvailable = false;
+  AnswerRange(kAnswerOk, "0", "99");
+  EXPECT_FALSE(PrintCheckStacks(g, 1, ""));
+  EXPECT_EQ(platform.printed.size(), 1u);
+}
+
+TEST_F(Printouts, AdvantagePrintsEveryBetWithBothViews) {
+  const PrintDocument doc = AdvantagePrintout(g, *platform.fixedDate, "");
+  EXPECT_EQ(Cells(doc, 0), "Game File:  untitled");
+  EXPECT_EQ(Cells(doc, 2), "Figured using true probabilities");
+  ASSERT_EQ(doc.lines.size(), 5u + kLastRealBet);
+  EXPECT_EQ(Cells(doc, 4),
+            "Bet|EV/Roll|StDev/Roll|EV/Dec|StDev/Dec|EV/Hour|Rolls/Dec|Dec/Roll|Dec/Hour|Dec/Min|"
+            "Time/Dec");
+  // The figures and their colours are the Advantage table's; here the row
+  // of the Pass Line stands at its place with every column.
+  const PrintLine& passLine = doc.lines[4 + bet::kPassLine];
+  ASSERT_EQ(passLine.cells.size(), 11u);
+  EXPECT_EQ(passLine.cells[3].text, "-1.41");
+  // Columns stand in order, each right of the one before.
+  for (std::size_t c = 2; c < passLine.cells.size(); ++c)
+    EXPECT_LT(passLine.cells[c - 1].column, passLine.cells[c].column);
+}
+
+TEST_F(Printouts, PayoffsPrintTheListWithTheFieldBesideIt) {
+  SetFieldPreset(g, static_cast<FieldPreset>(0));  // 2x on Two and Twelve
+  const PrintDocument doc = PayoffsPrintout(g, *platform.fixedDate, "x/Weekend.rvg");
+  EXPECT_EQ(Cells(doc, 0), "Game File:  Weekend.rvg");
+  ASSERT_EQ(doc.lines.size(), 4u + kPayoffListRows);
+  int headings = 0;
+  for (int i = 0; i < kPayoffListRows; ++i) {
+    const PrintLine& line = doc.lines[4 + i];
+    const std::size_t own = IsPayoffHeading(PayoffRowCode(i)) ? 1 : 2;
+    headings += own == 1;
+    EXPECT_EQ(line.cells.size(), own + (i < kFieldRows ? 2 : 0)) << line.cells[0].text;
+  }
+  EXPECT_EQ(headings, 2);
+  EXPECT_EQ(doc.lines[4].cells.back().text, "2 to 1");  // the Field's Two
+  EXPECT_EQ(doc.lines[5].cells.back().text, "1 to 1");  // the Field's Three
+  EXPECT_EQ(doc.lines[8].cells.back().text, "loses");   // the Field's Five
+}
+
+TEST(MediumDate, DayMonthAndTwoDigitYear) {
+  EXPECT_EQ(MediumDate({2007, 1, 5}), "05-Jan-07");
+  EXPECT_EQ(MediumDate({2026, 12, 31}), "31-Dec-26");
+  EXPECT_EQ(MediumDate({2000, 13, 1}), "01-Jan-00");  // an impossible month reads as January
+}
+
+class SettingChanges : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    SetDefaultSettings(g);
+    SetDefaultPayoffs(g);
+    g.platform = &platform;
+    g.PlayerName[1] = "Ann";
+    g.PlayerCount = 1;
+  }
+  void TearDown() override { g.platform = nullptr; }
+  void Answer(int answer) { platform.queuedReplies.push_back({answer, "", "", false}); }
+  // Puts an amount straight on a bet, the ledger kept in step.
+  void Stake(int p, int b, Currency amount) {
+    g.Bet(p, b) += amount;
+    g.TotalBets(p) += amount;
+  }
+  HeadlessPlatform platform;
+  std::unique_ptr<Game> owner = std::make_unique<Game>();
+  Game& g = *owner;
+};
+
+TEST_F(SettingChanges, FireOffAnsweredNoKeepsEverything) {
+  g.Bet(1, 0) = 100_usd;
+  Stake(1, bet::kFire, 5_usd);
+  Answer(kAnswerNo);
+  EXPECT_FALSE(ChangeBetSwitch(g, BetSwitch::Fire, false));
+  EXPECT_TRUE(g.rules.UseFireBet && g.Bet(1, bet::kFire) == 5_usd);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].text,
+            "There are presently wagers on the Fire bet which will be removed if you continue with "
+            "this operation.  Would you like to continue?");
+}
+
+TEST_F(SettingChanges, BigSixEightOffAnsweredYesRemovesEveryonesBets) {
+  g.PlayerName[3] = "Bo";
+  g.PlayerCount = 2;
+  g.Bet(1, 0) = 100_usd;
+  g.Bet(3, 0) = 100_usd;
+  Stake(1, bet::kBig6, 10_usd);
+  Stake(3, bet::kBig8, 6_usd);
+  Stake(3, bet::kField, 4_usd);
+  Answer(kAnswerYes);
+  EXPECT_TRUE(ChangeBetSwitch(g, BetSwitch::Big68, false));
+  EXPECT_FALSE(g.rules.UseBig68);
+  EXPECT_TRUE(g.Bet(1, bet::kBig6).IsZero() && g.Bet(3, bet::kBig8).IsZero());
+  EXPECT_TRUE(g.Bet(3, bet::kField) == 4_usd && g.TotalBets(3) == 4_usd);
+  EXPECT_EQ(platform.messages.size(), 1u);
+  EXPECT_GT(platform.redraws[static_cast<int>(Redraw::Table)], 0);
+}
+
+TEST_F(SettingChanges, SwitchesWithoutBetsDontAsk) {
+  EXPECT_TRUE(ChangeBetSwitch(g, BetSwitch::Midway, false));
+  Stake(1, bet::kMidway, 5_usd);  // switching on never asks
+  EXPECT_FALSE(g.rules.UseMidwayBet);
+  EXPECT_TRUE(ChangeBetSwitch(g, BetSwitch::Midway, true) && g.rules.UseMidwayBet);
+  EXPECT_TRUE(platform.messages.empty());
+}
+
+// A Buy 4 of 100 whose vig of 5 is charged on a win only, with 104 in all.
+class VigChanges : public SettingChanges {
+ protected:
+  void SetUp() override {
+    SettingChanges::SetUp();
+    g.rules.BuyVigUpFront = false;
+    g.Bet(1, 0) = 104_usd;
+    Stake(1, BuyId(4), 100_usd);
+    g.BuyVig(1, 0) = 5_usd;
+  }
+};
+
+TEST_F(VigChanges, ChargingUpFrontAgainNeedsTheBankroll) {
+  EXPECT_FALSE(ChangeVigUpFront(g, VigSide::Buy, true));
+  EXPECT_TRUE(!g.rules.BuyVigUpFront && g.TotalBets(1) == 100_usd) << "option 1 stands again";
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].text,
+            "You're not allowed to change this setting at this time because you don't have enough "
+            "bankroll remaining to pay the added up-front vig that would be required.\r\r"
+            "You can remedy this by doing one or more of the following:\r\r"
+            " -- Make a withdrawal from the ATM\r"
+            " -- Reduce the amount on current bets\r"
+            " -- Check \"Allow negative bankroll amounts\"");
+  g.betting.AllowNegBankroll(1) = true;
+  EXPECT_TRUE(ChangeVigUpFront(g, VigSide::Buy, true));
+  EXPECT_TRUE(g.rules.BuyVigUpFront && g.TotalBets(1) == 105_usd);
+}
+
+TEST_F(VigChanges, RateAndRoundingRefigureTheVig) {
+  EXPECT_TRUE(
+      ChangeVigRate(g, VigSide::Buy, Currency::FromRaw(1000)));  // charged on a win: no limit
+  EXPECT_EQ(g.BuyVig(1, 0), 10_usd);
+  EXPECT_TRUE(ChangeVigRate(g, VigSide::Buy, Currency::FromRaw(500)));
+  g.Bet(1, 0) = 106_usd;
+  ASSERT_TRUE(ChangeVigUpFront(g, VigSide::Buy, true));
+  EXPECT_EQ(g.TotalBets(1), 105_usd);
+  // 4.5% of 100 is 4.50: rounded up it is 5, rounded normally 4.
+  EXPECT_TRUE(ChangeVigRate(g, VigSide::Buy, Currency::FromRaw(450)));
+  EXPECT_EQ(g.BuyVig(1, 0), 4_usd);
+  EXPECT_TRUE(ChangeVigRounding(g, VigSide::Buy, kVigRoundUp));
+  EXPECT_EQ(g.BuyVig(1, 0), 5_usd);
+  // 7% would take the rail below zero: refused, the old rate and vig stand.
+  EXPECT_FALSE(ChangeVigRate(g, VigSide::Buy, Currency::FromRaw(700)));
+  EXPECT_EQ(g.rules.BuyVigRate, Currency::FromRaw(450));
+  EXPECT_TRUE(g.BuyVig(1, 0) == 5_usd && g.TotalBets(1) == 105_usd);
+  EXPECT_EQ(platform.messages.size(), 1u);
+}
+
+TEST_F(SettingChanges, LayVigIsTheTwin) {
+  g.Bet(1, 0) = 40_usd;
+  g.rules.LayVigUpFront = false;
+  Stake(1, LayId(4), 40_usd);
+  g.LayVig(1, 0) = 1_usd;
+  EXPECT_FALSE(ChangeVigUpFront(g, VigSide::Lay, true));
+  EXPECT_TRUE(!g.rules.LayVigUpFront && platform.messages.size() == 1u);
+  EXPECT_TRUE(ChangeVigRate(g, VigSide::Lay, Currency::FromRaw(1000)));
+  EXPECT_EQ(g.LayVig(1, 0), 2_usd);  // 10% of the win of 20
+}
+
+// Restoring puts back the bet's own default: off for Place bets, on for the Field.
+TEST_F(SettingChanges, RestoringAWorkingDefault) {
+  for (const auto& [b, restored] : {std::pair{PlaceId(6), 0}, {bet::kField, 1}}) {
+    SetTableWorkingDefault(g, b, 1 - restored);
+    ASSERT_EQ(g.BetWorkingDefault(0, b), 1 - restored);
+    RestoreTableWorkingDefault(g, b);
+    EXPECT_EQ(g.BetWorkingDefault(0, b), restored) << b;
+  }
+  SetTableWorkingDefault(g, 99, 1);  // not a bet: nothing
+  EXPECT_EQ(g.BetWorkingDefault(0, 99), 0);
 }
 
 }  // namespace

@@ -7,12 +7,13 @@
 #include <cmath>
 #include <cstdlib>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "analysis/advantage.h"
+#include "core/money.h"
 #include "cycle/hyperdrive.h"
 #include "dice/rng.h"
-#include "core/money.h"
 #include "engine/place.h"
 #include "stats/bet_results.h"
 #include "table_fixture.h"
@@ -47,29 +48,17 @@ class HouseEdge : public TableFixture {
   void KeepBets() {
     // The line players' odds are Auto-Play's full odds; the Come and Don't
     // Come players' odds follow their bets as they travel.
-    Keep(1, kPassLine, 10);
-    Keep(2, kDontPass, 10);
+    const std::tuple<int, int, long> kept[] = {
+        {1, kPassLine, 10}, {2, kDontPass, 10}, {3, PlaceId(6), 12},  {3, PlaceId(5), 10},
+        {3, BuyId(4), 20},  {3, LayId(10), 40}, {4, kField, 10},      {4, kSeven, 10},
+        {4, kCraps, 10},    {4, kMidway, 10},   {5, kHard6, 10},      {5, kHard4, 10},
+        {5, kBig6, 10},     {5, kOver7, 10},    {8, HopId(1, 4), 10}, {8, HopId(2, 2), 10},
+        {8, kHorn, 4},      {8, kCandE, 2},     {8, kWorld, 5}};
+    for (auto [p, b, amount] : kept) Keep(p, b, amount);
     if (g.Point > 0) {
       Keep(6, kCome, 10);
       Keep(7, kDontCome, 10);
     }
-    Keep(3, PlaceId(6), 12);
-    Keep(3, PlaceId(5), 10);
-    Keep(3, BuyId(4), 20);
-    Keep(3, LayId(10), 40);
-    Keep(4, kField, 10);
-    Keep(4, kSeven, 10);
-    Keep(4, kCraps, 10);
-    Keep(4, kMidway, 10);
-    Keep(5, kHard6, 10);
-    Keep(5, kHard4, 10);
-    Keep(5, kBig6, 10);
-    Keep(5, kOver7, 10);
-    Keep(8, 68, 10);  // Hop 14
-    Keep(8, 71, 10);  // Hop 22
-    Keep(8, kHorn, 4);
-    Keep(8, kCandE, 2);
-    Keep(8, kWorld, 5);
     for (int p = 1; p <= 8; ++p)
       if (g.Bet(p, 0) < 1'000'000_usd) g.Bet(p, 0) += 1'000'000_usd;
   }
@@ -148,8 +137,8 @@ TEST_F(HouseEdge, EachMainBetLosesItsKnownShareOfTheAction) {
   ExpectEdge("Come Odds", 6, {25, 26, 27, 28, 29, 30}, kPassLineOdds, 0);
   ExpectEdge("Don't Come", 7, {kDontCome, 7, 8, 9, 10, 11, 12}, kDontPass, 27.0 / 1925);
   ExpectEdge("Don't Come Odds", 7, {13, 14, 15, 16, 17, 18}, kDontPassOdds, 0);
-  ExpectEdge("Hop 14", 8, {68}, 68, 1.0 / 9);
-  ExpectEdge("Hop 22", 8, {71}, 71, 5.0 / 36);
+  ExpectEdge("Hop 14", 8, {HopId(1, 4)}, HopId(1, 4), 1.0 / 9);
+  ExpectEdge("Hop 22", 8, {HopId(2, 2)}, HopId(2, 2), 5.0 / 36);
   ExpectEdge("Horn", 8, {kHorn}, kHorn, 0.125);
   ExpectEdge("C and E", 8, {kCandE}, kCandE, 1.0 / 9);
   // World's seven is a push, which is no decision.

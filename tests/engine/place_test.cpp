@@ -1,12 +1,22 @@
 // The bet gate: steps of a check, the contract rules of craps, the table's
-// limits, the bankroll and the vig, with the exact notices they show; and
-// the operations round it. After every change the ledger must still agree.
+// limits, the bankroll and the vig, with the exact notices they show, and
+// the operations round it; after every change the ledger must still agree.
+// Then the players at the rail: names, joining, moving seats with the dice,
+// cashing out with abandoned bets and the pass of the dice; and the gate on
+// the roll path, which allocates nothing in Hyper-Drive.
 #include "engine/place.h"
 
 #include <random>
 #include <string>
 
+#include "core/message_dialog.h"
+#include "cycle/hyperdrive.h"
+#include "cycle/player_names.h"
+#include "dice/rng.h"
+#include "engine/players.h"
+#include "roll_fixture.h"
 #include "table_fixture.h"
+#include "tests/support/count_allocations.h"
 
 namespace {
 
@@ -14,7 +24,10 @@ using namespace bet;
 
 class Place : public TableFixture {
  protected:
-  Place() { g.HyperDrive = false; }  // notices are recorded
+  Place() {
+    g.HyperDrive = false;  // notices are recorded
+    g.roll.LogOn = true;
+  }
 
   // Asks for a change of bet b of player p; returns what was applied.
   Currency Ask(int p, int b, Currency amount) {
@@ -32,6 +45,15 @@ class Place : public TableFixture {
   }
 
   size_t Shown() const { return platform.messages.size(); }
+
+  // The last line of the events log, without its newline.
+  std::string LastLog() {
+    const std::string t = EventsLogText(g);
+    if (t.size() < 2) return {};
+    const auto nl = t.rfind('\n', t.size() - 2);
+    const size_t start = nl == std::string::npos ? 0 : nl + 1;
+    return t.substr(start, t.size() - 1 - start);
+  }
 };
 
 TEST_F(Place, ChangesAreSteppedInTheSmallestCheckAndNeverGoBelowZero) {
@@ -77,26 +99,21 @@ TEST_F(Place, AContractBetAboveALoweredMaximumStaysWhereItWasEstablished) {
             "allowed on the Configuration screen, it must remain unchanged until it resolves.");
 }
 
-TEST_F(Place, LineBetsFollowThePoint) {
+TEST_F(Place, LineBetsFollowThePointAndOddsNeedWhatTheyHangOn) {
+  EXPECT_TRUE(Ask(1, kDontCome, 5).IsZero());
+  EXPECT_TRUE(Ask(1, kPassLineOdds, 5).IsZero());
+  EXPECT_TRUE(Ask(1, ComeId(4) + 6, 5).IsZero());
   Ask(1, kPassLine, 10);
   EXPECT_EQ(Ask(1, kPassLine, -4), -4_usd);  // free on the come-out
   PointOn(5);
   FixContracts();
   EXPECT_TRUE(Ask(1, kPassLine, -6).IsZero());
-  EXPECT_EQ(Ask(1, kPassLine, 4), 4_usd);     // a Put bet
-  EXPECT_EQ(Ask(1, kPassLine, -10), -4_usd);  // only what stands above the contract
+  EXPECT_EQ(Ask(1, kPassLine, 4), 4_usd);        // a Put bet
+  EXPECT_EQ(Ask(1, kPassLine, -10), -4_usd);     // only what stands above the contract
+  EXPECT_EQ(Ask(1, kPassLineOdds, 15), 12_usd);  // twice the flat on the five
 
   g.rules.AllowPutBets = false;
   EXPECT_TRUE(Ask(2, ComeId(9), 5).IsZero());
-}
-
-TEST_F(Place, ComeBoxesAndOddsNeedWhatTheyHangOn) {
-  EXPECT_TRUE(Ask(1, kDontCome, 5).IsZero());
-  EXPECT_TRUE(Ask(1, kPassLineOdds, 5).IsZero());
-  EXPECT_TRUE(Ask(1, ComeId(4) + 6, 5).IsZero());
-  PointOn(8);
-  Ask(1, kPassLine, 10);
-  EXPECT_EQ(Ask(1, kPassLineOdds, 20), 20_usd);
 }
 
 TEST_F(Place, RemovedDontAndFireBetsMayBeRestoredUpToTheirContractOnly) {
@@ -272,6 +289,7 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
   std::mt19937 rng(20261123);
   const int points[] = {0, 4, 5, 6, 8, 9, 10};
   g.Bet(1, 0) = 300_usd;
+  g.roll.LogOn = false;
   for (int i = 0; i < 20000; ++i) {
     const int r = static_cast<int>(rng() % 100);
     if (r == 0) PointOn(points[rng() % 7]);
@@ -297,12 +315,13 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
   EXPECT_GT(g.TotalBets(1), 0_usd);
 }
 
-TEST_F(Place, ClicksOnTheTable) {
+TEST_F(Place, ClicksOnTheTableAndTheRail) {
   ClickOnBet(g, kField, BetClick::Plain);
   EXPECT_EQ(Shown(), 1u);  // nobody selected: a notice, no bet
   EXPECT_TRUE(g.TotalBets(1).IsZero());
 
-  g.betting.CurPlayer = 2;
+  ClickOnRail(g, 2);
+  EXPECT_EQ(g.betting.CurPlayer, 2);
   g.rules.SelectedCheck = 3;  // the 25 check
   ClickOnBet(g, kDontPass, BetClick::Plain);
   ClickOnBet(g, kDontPass, BetClick::Plain);
@@ -325,6 +344,201 @@ TEST_F(Place, ClicksOnTheTable) {
   EXPECT_EQ(g.Bet(2, BuyId(5)), 10_usd);
   EXPECT_EQ(g.betting.PendingAction, kPendingNone);
   EXPECT_TRUE(CheckBetLedger(g, 2));
+
+  // A click on a seat after Move moves the player there; an open seat offers a new player.
+  const size_t before = Shown();
+  StartMovePlayer(g);
+  ClickOnRail(g, 7);
+  EXPECT_EQ(g.PlayerName[7], "P2");
+  EXPECT_EQ(g.betting.CurPlayer, 7);
+  Reply(kAnswerNo);
+  ClickOnRail(g, 5);
+  EXPECT_EQ(Shown(), before + 1);
+  EXPECT_TRUE(g.PlayerName[5].empty());
+}
+
+using Players = Place;
+
+TEST_F(Players, NamesMustDifferFromOthersAndHoldNoScriptWord) {
+  EXPECT_NE(PlayerNameProblem(g, "p2", 0), "");
+  EXPECT_EQ(PlayerNameProblem(g, "p2", 2), "");  // a player may change the case of the own name
+  EXPECT_NE(PlayerNameProblem(g, "Bet Smith", 0).find("contains a word, phrase, or symbol"),
+            std::string::npos);
+
+  EXPECT_EQ(RenamePlayerTo(g, 2, "p2"), "");
+  EXPECT_EQ(LastLog(), "    P2's name changed to p2");
+  EXPECT_NE(RenamePlayerTo(g, 2, "P1"), "");
+  EXPECT_EQ(g.PlayerName[2], "p2");
+
+  // Through the dialog: a change of case alone doesn't touch the sessions log.
+  bool chooseFile = true;
+  Reply(kAnswerOk, "P2");
+  ASSERT_TRUE(RenamePlayer(g, 2, &chooseFile));
+  EXPECT_FALSE(chooseFile);
+  Reply(kAnswerOk, " Tess ");
+  Reply(kAnswerYes);
+  ASSERT_TRUE(RenamePlayer(g, 2, &chooseFile));
+  EXPECT_TRUE(chooseFile);
+  EXPECT_EQ(g.PlayerName[2], "Tess");
+}
+
+TEST_F(Players, JoiningAsksUntilTheAnswersAreGood) {
+  Reply(kAnswerYes);
+  Reply(kAnswerOk, " p1 ");
+  Reply(kAnswerOk, "Zed");
+  Reply(kAnswerOk, "20000000");
+  Reply(kAnswerOk, "750.5");
+  ASSERT_TRUE(AddPlayer(g, 8));
+  ASSERT_EQ(platform.messages.size(), 5u);
+  EXPECT_EQ(platform.messages[2].text,
+            "A player named p1 is already at the table.\r\rPlease enter a different name.\r\r"
+            "What's the new player's name?\r");
+  EXPECT_EQ(g.PlayerCount, 4);
+  EXPECT_EQ(g.InvestedBankroll(8), Usd(750.5));
+  EXPECT_EQ(g.Shooter, 8);  // nobody held the dice
+  EXPECT_EQ(g.betting.CheckStackSlot(8, 4), 104);
+  EXPECT_EQ(LastLog(), "    Zed joined the game at stick 4-right with $750.5");
+
+  // A cancelled prompt adds nobody; a taken seat is not offered.
+  Reply(kAnswerYes);
+  Reply(kAnswerCancel);
+  EXPECT_FALSE(AddPlayer(g, 7));
+  EXPECT_TRUE(g.PlayerName[7].empty());
+  EXPECT_FALSE(AddPlayer(g, 8));
+}
+
+// What a move trades is the seats tests' business; here, where the dice go.
+TEST_F(Players, AMoveCarriesTheDiceOnlyToANeighbour) {
+  g.autoplay.AutoPassDice(1) = true;
+  g.Shooter = g.HandShooter = 1;
+  MovePlayer(g, 1, 4);  // seats 2 and 3 lie between, upward only: the dice follow
+  EXPECT_EQ(g.Shooter, 4);
+
+  // Across players both ways: the dice pass on, below the old seat.
+  SeatPlayer(g, 7, "Gus", 100_usd);
+  MovePlayer(g, 4, 6);  // nobody between upward (5 is open): the dice follow
+  EXPECT_EQ(g.Shooter, 6);
+  g.Shooter = 3;
+  MovePlayer(g, 3, 5);  // 4 open between upward, 2 ... downward: the dice follow
+  EXPECT_EQ(g.Shooter, 5);
+  g.RollTally(kTableHand, kEventRolls) = 3;  // mid-hand
+  MovePlayer(g, 5, 8);  // 6 and 7 upward, 4..1 downward: a pass from seat 5 down
+  EXPECT_EQ(g.Shooter, 2);
+  // When nobody can take the dice, they stay with the player who moved.
+  for (int p = 1; p <= 8; ++p) g.autoplay.AutoPassDice(p) = true;
+  MovePlayer(g, 2, 4);  // 3 is open: the dice follow
+  MovePlayer(g, 4, 1);  // players upward only (6, 7, 8): the dice follow
+  MovePlayer(g, 1, 7);  // 6 one way, 8 the other: a pass that finds nobody
+  EXPECT_EQ(g.Shooter, 7);
+  EXPECT_EQ(g.PlayerName[7], "P2");
+}
+
+TEST_F(Players, CashingOutAbandonsTheBetsThatCantComeDown) {
+  Put(1, kPassLine, 10);
+  Put(1, ComeId(6), 15);
+  Put(1, ComeId(9), 5);
+  Put(1, kField, 5);
+  g.Point = 4;
+  for (int p = 1; p <= 3; ++p) g.InvestedBankroll(p) = kStake;
+  g.Bet(1, 0) = 900_usd;  // lost 100 so far
+  g.betting.CurPlayer = 1;
+  g.Shooter = g.HandShooter = 1;
+  ASSERT_TRUE(CashOutPlayer(g));
+  EXPECT_EQ(platform.messages.back().text,
+            "Would you like to remove P1?\r\rP1 still has an active Pass Line bet and 2 active "
+            "Come bets that can't be removed and will be abandoned.\r(Total abandoned: $30)");
+  EXPECT_EQ(LastLog(), "    P1 cashed out with $870 (net loss: $130 includes $30 abandoned)");
+  EXPECT_TRUE(g.Bet(1, kPassLine).IsZero());
+  EXPECT_EQ(g.PlayerCount, 2);
+  EXPECT_EQ(g.Shooter, 3);      // the walk below seat 1 wraps to 8 and finds 3
+  EXPECT_EQ(g.HandShooter, 3);  // no roll yet: the hand goes with the dice
+  EXPECT_EQ(g.betting.CurPlayer, 3);
+
+  // No answer Yes, no change.
+  g.betting.CurPlayer = 2;
+  Reply(kAnswerNo);
+  EXPECT_FALSE(CashOutPlayer(g));
+  EXPECT_EQ(g.PlayerName[2], "P2");
+}
+
+TEST_F(Players, PassingTheDiceWalksDownwardAndSaysWhyItCant) {
+  g.Shooter = g.HandShooter = 1;
+  SeatPlayer(g, 6, "Fay", 100_usd);
+  PassDice(g, true);  // before the hand's first roll: the hand goes along, silently
+  EXPECT_EQ(g.Shooter, 6);
+  EXPECT_EQ(g.HandShooter, 6);
+  EXPECT_TRUE(platform.messages.empty());
+  EXPECT_EQ(LastLog(), "    P1 passed the dice to Fay");
+
+  g.RollTally(kTableHand, kEventRolls) = 5;  // mid-hand
+  PassDice(g, true);
+  EXPECT_EQ(g.Shooter, 3);
+  EXPECT_EQ(LastText(),
+            "Fay is passing the dice to P3 who may finish the current hand and then roll his/her "
+            "own hand.");
+  // Put bets off with a point on: players without a line bet are counted as blocked.
+  g.Shooter = 6;
+  g.Point = 6;
+  g.rules.AllowPutBets = false;
+  PassDice(g, true);
+  EXPECT_NE(LastText().find("There are 3 other players who want to shoot but can't"),
+            std::string::npos);
+  EXPECT_EQ(g.Shooter, 6);
+  Put(2, kDontPass, 5);
+  PassDice(g, false);
+  EXPECT_EQ(g.Shooter, 2);
+
+  // Nobody else shoots: told when asked, silent from the roll.
+  platform.messages.clear();
+  g.Point = 0;
+  g.RollTally(kTableHand, kEventRolls) = 0;
+  g.PlayerName[3].clear();
+  g.PlayerName[6].clear();
+  g.PlayerCount -= 2;
+  g.autoplay.AutoPassDice(1) = true;
+  PassDice(g, true);
+  EXPECT_EQ(g.Shooter, 2);
+  EXPECT_EQ(LastText(), "Unable to pass the dice at this time.\r\rP1 doesn't want to shoot.");
+  PassDice(g, false);
+  EXPECT_EQ(platform.messages.size(), 1u);
+}
+
+TEST_F(RollFixture, PlayersBettingInHyperDriveAllocateNothing) {
+  g.dice.RngIndex = 0;
+  SeedRngWith(g, 4711);
+  const char* names[] = {"Ann", "Bob", "Cy", "Dee"};
+  for (int p = 1; p <= 4; ++p) {
+    SeatPlayer(g, p, names[p - 1], Currency::FromWhole(p == 4 ? 40 : 5000));
+    g.autoplay.HandleWinningBets(p) = 4;  // press double: the maximum and the bankroll cut it
+    g.autoplay.HandleLosingBets(p) = 2;   // same bet: a broke player's bets come down
+  }
+  g.autoplay.AutoTakeFullOdds(1) = true;
+  g.autoplay.AutoLayFullOdds(2) = true;
+  for (auto [p, b, amount] : {std::tuple{1, kPassLine, 10},
+                              {2, kDontPass, 10},
+                              {3, BuyId(4), 20},
+                              {3, LayId(10), 40},
+                              {4, kField, 20},
+                              {4, kHard8, 5}}) {
+    g.BetRequest = Currency::FromWhole(amount);
+    PlaceBet(g, p, b);
+  }
+  RenamePlayerTo(g, 2, std::string(40, 'x'));  // beyond any short-string buffer
+
+  g.hyper.RunRollLimit = 500;
+  RunHyperDrive(g);  // warm up
+  const long before = gAllocations.load();
+  g.hyper.RunRollLimit = 20'000;
+  RunHyperDrive(g);
+  EXPECT_EQ(gAllocations.load() - before, 0);
+  for (int p = 1; p <= 4; ++p) {
+    EXPECT_TRUE(CheckBetLedger(g, p)) << p;
+    EXPECT_LE(g.TotalBets(p), g.Bet(p, 0)) << p;
+  }
+  // The run did what it claims: odds were taken and laid, vig was charged.
+  EXPECT_GT(g.StatAction(FrameIndex(1, 2), kPassLineOdds, 1), Currency{});
+  EXPECT_GT(g.StatAction(FrameIndex(2, 2), kDontPassOdds, 1), Currency{});
+  EXPECT_GT(g.StatAction(FrameIndex(3, 2), BuyId(4), 1), Currency{});
 }
 
 }  // namespace

@@ -1,8 +1,15 @@
+// The roll: the tallies and gaps each roll counts, the hand's state
+// machine and its frames, the graph's history, the checks before a roll with
+// their exact texts, the events-log lines of a roll, the start-up and what a
+// new session keeps and clears.
 #include <gtest/gtest.h>
 
 #include <set>
 
+#include "core/catalogue.h"
 #include "core/money.h"
+#include "cycle/session.h"
+#include "cycle/startup.h"
 #include "tests/engine/roll_fixture.h"
 
 namespace {
@@ -17,24 +24,12 @@ TEST_F(RollTallies, FourOneCountsItsTenEventsInEveryLiveFrame) {
   EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
 }
 
-TEST_F(RollTallies, GapsAreMeasuredFromTheLastShowing) {
-  Roll(3, 4);  // a seven after one roll: gap 1
-  Roll(2, 2);
-  Roll(1, 1);
-  Roll(6, 1);  // three rolls later
-  EXPECT_EQ(g.GapTally(7, 1), 1);
-  EXPECT_EQ(g.GapTally(7, 3), 1);
+// The gaps themselves are the roll totals tests' business; category 0
+// counts every roll.
+TEST_F(RollTallies, RollsSinceCountsFromTheLastShowing) {
+  for (auto [a, b] : {std::pair{3, 4}, {2, 2}, {1, 1}, {6, 1}}) Roll(a, b);
   EXPECT_EQ(g.RollsSince(4), 2);
-  EXPECT_EQ(g.RollsSince(0), 4);  // category 0 counts every roll
-
-  g.RollsSince(7) = 199;  // the next seven comes back after 200 rolls: a long gap
-  Roll(5, 2);
-  EXPECT_EQ(g.GapTally(7, 200), 1);
-  EXPECT_EQ(g.GapTally(7, 0), 200);
-  g.RollsSince(7) = 198;  // after 199 rolls: an ordinary gap
-  Roll(5, 2);
-  EXPECT_EQ(g.GapTally(7, 199), 1);
-  EXPECT_EQ(g.GapTally(7, 200), 1);
+  EXPECT_EQ(g.RollsSince(0), 4);
 }
 
 using StateMachine = RollFixture;
@@ -159,6 +154,266 @@ TEST_F(GraphHistory, EveryRollAddsAColumnAndAutoPrintMarksAFullPage) {
   EXPECT_EQ(g.GraphBankroll(1, 525), Currency::FromWhole(320));
   EXPECT_EQ(g.GraphHigh(1), Currency::FromWhole(320));
   EXPECT_TRUE(g.roll.GraphPrintDue);
+}
+
+class RollChecks : public RollFixture {
+ protected:
+  const MessageRequest& LastMessage() {
+    EXPECT_FALSE(platform.messages.empty());
+    return platform.messages.back();
+  }
+  const std::string kReset = "Select \"New\" from the \"Game\" menu to reset the table.";
+};
+
+TEST_F(RollChecks, ABetRequirementWithoutPlayersStopsBeforeTheDice) {
+  g.rules.BetRequirement = kLineBetRequired;
+  ASSERT_TRUE(QueueDice(g, 5, 5));
+  RollDice(g);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
+  EXPECT_EQ(g.roll.QueuedCount, 1);
+  EXPECT_FALSE(g.RollBusy);
+  EXPECT_EQ(LastMessage().text,
+            "No players are available to bet.\r\rPlease enter a player or change the requirement "
+            "to make a bet on the 'Bets tab' of the configuration screen.");
+}
+
+TEST_F(RollChecks, ALineBetRequirementNamesTheShooter) {
+  g.rules.BetRequirement = kLineBetRequired;
+  Seat(1, "Ann");
+  Seat(2, "Bob");
+  g.Shooter = g.HandShooter = 1;
+  RollDice(g);
+  EXPECT_NE(LastMessage().text.find("Ann must make a Pass Line bet"), std::string::npos);
+  g.Point = 6;
+  RollDice(g);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
+
+  // A Don't Pass bet is enough; a Place bet is not.
+  g.Point = 0;
+  g.Bet(1, PlaceId(6)) = Currency::FromWhole(6);
+  RollDice(g);
+  g.Bet(1, bet::kDontPass) = Currency::FromWhole(5);
+  const auto shown = platform.messages.size();
+  Roll(2, 3);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
+  EXPECT_EQ(platform.messages.size(), shown);
+
+  // Any bet: a CheckStack is no bet.
+  g.rules.BetRequirement = kAnyBetRequired;
+  g.Bet(1, bet::kDontPass) = g.Bet(1, PlaceId(6)) = Currency{};
+  g.Bet(1, 120) = Currency::FromWhole(50);
+  RollDice(g);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
+}
+
+TEST_F(RollChecks, TheRollAndBankrollLimitsStopTheNextRoll) {
+  g.RollTally(kTableSession, kEventRolls) = 99'999'999;
+  Roll(2, 3);
+  EXPECT_TRUE(platform.messages.empty());
+  RollDice(g);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 100'000'000);
+  EXPECT_EQ(LastMessage().text,
+            "Sorry ... the maximum limit of 100,000,000 rolls has been reached.\r\r" + kReset);
+
+  g.RollTally(kTableSession, kEventRolls) = 0;
+  Seat(1, "Ann");
+  g.Bet(1, 0) = Currency::FromWhole(9'999'999);
+  Roll(1, 2);  // exactly the limit still rolls
+  const auto shown = platform.messages.size();
+  g.Bet(1, 0) = Currency::FromWhole(9'999'999) + Currency::FromRaw(1);
+  RollDice(g);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
+  EXPECT_EQ(platform.messages.size(), shown + 1);
+  EXPECT_EQ(LastMessage().text,
+            "Congratulations!\r\rAnn broke the bank limit of $9,999,999\r\r" + kReset);
+
+  g.Bet(1, 0) = -Currency::FromWhole(9'999'999);
+  Roll(1, 2);
+  g.Bet(1, 0) = -(Currency::FromWhole(9'999'999) + Currency::FromRaw(1));
+  RollDice(g);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 2);
+}
+
+TEST_F(RollChecks, BankrollRecordsFollowEveryRoll) {
+  Seat(2, "Bob");
+  g.Bet(2, 0) = Currency::FromWhole(100);
+  g.BankrollHigh(2) = g.BankrollLow(2) = g.BankrollSum(2) = Currency::FromWhole(100);
+  for (long bank : {100, 40, 140}) {
+    g.Bet(2, 0) = Currency::FromWhole(bank);
+    Roll(1, 2);
+  }
+  EXPECT_EQ(g.BankrollSum(2), Currency::FromWhole(380));
+  EXPECT_EQ(g.BankrollHigh(2), Currency::FromWhole(140));
+  EXPECT_EQ(g.BankrollLow(2), Currency::FromWhole(40));
+  EXPECT_EQ(g.RailAtRoll(2), Currency::FromWhole(140));
+}
+
+using RollLog = RollFixture;
+
+TEST_F(RollLog, RollPassAndShooterLines) {
+  Roll(4, 1);
+  EXPECT_TRUE(EventsLogText(g).empty());  // logging off
+  g.roll.LogOn = true;
+  Roll(3, 2);
+  Roll(6, 1);  // natural
+  Roll(2, 2);
+  Roll(5, 2);  // seven-out
+  EXPECT_EQ(EventsLogText(g),
+            " Roll #2:  5 (3.2) from manual roll pad\n"
+            "    Pass (point rolled)\n"
+            " Roll #3:  7 (6.1) from manual roll pad\n"
+            "    Pass (natural)\n"
+            " Roll #4:  4 (2.2) from manual roll pad\n"
+            "    Point established\n"
+            " Roll #5:  7 (5.2) from manual roll pad\n"
+            "    Miss (seven-out)\n"
+            "----New hand, come-out roll----------\n");
+}
+
+// Each line's format is the events log tests' business; here, a roll with
+// the kinds of lines switched off, and a bet lost and laid again.
+TEST_F(RollLog, ALostBetIsNotReportedAsRemovedAndItsReturnIsANewBet) {
+  Seat(1, "Ann");
+  g.Bet(1, 0) = Currency::FromWhole(100);
+  g.HyperDrive = true;  // settle by rule, no dialog
+  g.roll.LogOn = true;
+  g.roll.LogRolls = g.roll.LogPasses = g.roll.LogWins = g.roll.LogLosses = false;
+  g.roll.LogBankroll = false;
+  Roll(1, 2);
+  EXPECT_TRUE(EventsLogText(g).empty());
+  auto betField = [&] { g.Bet(1, bet::kField) = g.TotalBets(1) = Currency::FromWhole(5); };
+  betField();
+  Roll(2, 3);  // the Field loses on 5 and comes down
+  ASSERT_EQ(g.Bet(1, bet::kField), Currency());
+  ClearEventsLogText(g);
+  Roll(2, 2);
+  EXPECT_EQ(EventsLogText(g), "");
+  betField();
+  Roll(1, 2);
+  EXPECT_EQ(EventsLogText(g), "    Bets:\n      Ann bet $5 on Field\n");
+}
+
+using StartedGame = RollFixture;
+
+TEST_F(StartedGame, FoldersTheClockMeasureAndAMissingGeneratorsFallback) {
+  EXPECT_EQ(g.roll.DataFolder, folder.Path());
+  EXPECT_EQ(g.roll.EventsLogPath, folder / "Events Log.txt");
+  // The clock advances 1 ms per read: 99 calls fit in 100 ms.
+  EXPECT_EQ(g.roll.LoopsPerTick, 9);
+  EXPECT_EQ(g.dice.RngIndex, 0);  // the last generator seeded stays selected
+  // A missing generator falls back, and the game still rolls.
+  g.dice.MissingDllMask = 3;
+  g.dice.RngIndex = 0;
+  RollDice(g);
+  EXPECT_EQ(g.dice.RngIndex, 3);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
+  EXPECT_GE(g.Die1, 1);
+  EXPECT_LE(g.Die2, 6);
+}
+
+class Session : public RollFixture {
+ protected:
+  // A few hands of rolls: the session frame and the all-sessions frame fill.
+  void PlaySomeRolls() {
+    for (auto [a, b] : {std::pair{2, 2}, {1, 3}, {3, 3}, {6, 1}, {5, 6}, {1, 1}, {4, 4}, {2, 3}})
+      Roll(a, b);
+  }
+};
+
+TEST_F(Session, PreservedGamesMoveTheSessionToTheLastSessionFrame) {
+  PlaySomeRolls();
+  auto before = std::make_unique<Game>(g);
+  ASSERT_GT(before->RollTally(kTableSession, kEventRolls), 0);
+  NewSession(g, true, false, true, 0);
+  for (int k = 0; k <= 90; ++k) {
+    EXPECT_EQ(g.RollTally(27, k), before->RollTally(18, k)) << k;
+    EXPECT_EQ(g.RollTally(36, k), before->RollTally(36, k)) << k;
+    for (int i = 0; i <= 26; ++i) ASSERT_EQ(g.RollTally(i, k), 0) << i << ' ' << k;
+  }
+  for (int t = 2; t <= 12; ++t)
+    for (int c = 1; c <= 3; ++c) EXPECT_EQ(g.TotalsTally(27, t, c), before->TotalsTally(18, t, c));
+  EXPECT_EQ(g.HandsTally(27), before->HandsTally(kTableSession));
+  EXPECT_EQ(g.MostRollsHand(27), before->MostRollsHand(18));
+  EXPECT_EQ(g.MostRollsHand(18), 0);
+
+  // A second new session with no roll in between leaves the last session alone.
+  NewSession(g, true, false, true, 0);
+  EXPECT_EQ(g.RollTally(27, 0), 8);
+  EXPECT_EQ(g.RollTally(36, 0), 8);
+
+  // Without preserving, every frame starts again.
+  NewSession(g, false, false, true, 0);
+  EXPECT_EQ(g.RollTally(27, 0), 0);
+  EXPECT_EQ(g.RollTally(36, 0), 0);
+}
+
+TEST_F(Session, TheGameInHandAndTheGapTablesStartAgain) {
+  Seat(2, "Bob");
+  g.Shooter = 2;
+  PlaySomeRolls();
+  Roll(5, 5);  // a point stands
+  ASSERT_GT(g.Point, 0);
+  g.Bet(2, PlaceId(8)) = Currency::FromWhole(12);
+  g.TotalBets(2) = Currency::FromWhole(12);
+  g.BuyVig(2, 1) = Currency::FromWhole(1);
+  g.Bet(2, 107) = Currency::FromWhole(9);
+  g.CheckStackName(2, 7) = "rent";
+  g.BetWorking(2, PlaceId(8)) = -1;
+  g.PointsMade = 2;
+  NewSession(g, true, true, true, 0);
+  EXPECT_EQ(g.Point, 0);
+  EXPECT_EQ(g.PointsMade, 0);
+  EXPECT_EQ(g.RollsSince, decltype(g.RollsSince){});
+  EXPECT_EQ(g.GapTally, decltype(g.GapTally){});
+  EXPECT_EQ(g.BuyVig(2, 1), Currency());
+  EXPECT_EQ(g.BetWorking(2, PlaceId(8)), 0);  // back to the come-out default
+  // Kept CheckStacks keep their amounts and names.
+  EXPECT_EQ(g.Bet(2, 107), Currency::FromWhole(9));
+  EXPECT_EQ(g.CheckStackName(2, 7), "rent");
+  NewSession(g, true, false, true, 0);
+  EXPECT_EQ(g.Bet(2, 107), Currency());
+  EXPECT_EQ(g.CheckStackName(2, 7), "");
+}
+
+// Each start rule itself is the bankroll tests' business; here a new session
+// applies it after the session's bets are settled, and skips open seats.
+TEST_F(Session, BankrollsComeFromEachPlayersStartRule) {
+  Seat(5, "Eve");
+  g.betting.StartBankrollMode(5) = kStartCarry;
+  g.Bet(5, 0) = Currency::FromWhole(250);
+  g.Bet(5, bet::kPassLine) = Currency::FromWhole(10);
+  g.TotalBets(5) = Currency::FromWhole(10);
+  g.HyperDrive = true;  // winners settle by rule
+  PlaySomeRolls();
+  const Currency carried = g.Bet(5, 0);  // the session's end, the Pass Line's results in it
+  ASSERT_NE(carried, Currency::FromWhole(250));
+  NewSession(g, false, false, true, 0);
+  EXPECT_EQ(g.Bet(5, 0), carried);
+  EXPECT_EQ(g.Bet(5, bet::kPassLine), Currency());
+  EXPECT_EQ(g.GraphLow(5), carried);
+  EXPECT_EQ(g.Bet(3, 0), Currency());  // an open seat stays empty
+}
+
+TEST_F(Session, TheGraphStartsAtItsFirstPage) {
+  for (int i = 0; i < 600; ++i) Roll(1 + i % 6, 1 + (i / 6) % 6);
+  g.roll.GraphScale = Currency::FromWhole(40);
+  NewSession(g, false, false, true, 0);
+  EXPECT_EQ(g.GraphRollCount, 0);
+  EXPECT_EQ(g.roll.GraphScale, Currency::FromWhole(1));
+  for (int p = 1; p <= 8; ++p) EXPECT_EQ(g.GraphBankroll(p, 600), Currency());
+}
+
+TEST_F(Session, TheLogOpensTheSessionWithTheShooterLine) {
+  g.roll.LogOn = true;
+  NewSession(g, false, false, true, 0);
+  const std::string log = EventsLogText(g);
+  EXPECT_EQ(log.find(" New session started "), 0u);
+  EXPECT_NE(log.find("\n----New hand, come-out roll----------\n"), std::string::npos);
+  EXPECT_EQ(log.find("===="), std::string::npos);  // nothing was logged before
+  NewSession(g, false, false, true, 0);
+  EXPECT_NE(
+      EventsLogText(g).find("============================================\n New session started "),
+      std::string::npos);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <tuple>
 
 #include "config/payoffs.h"
 #include "core/catalogue.h"
@@ -73,6 +74,10 @@ class TableFixture : public ::testing::Test {
     }
   }
   void Put(int p, int b, long whole) { Put(p, b, Currency::FromWhole(whole)); }
+  // Lays each {player, bet, whole amount} in turn.
+  void Put(std::initializer_list<std::tuple<int, int, long>> bets) {
+    for (auto [p, b, whole] : bets) Put(p, b, whole);
+  }
 
   // Decides the dice (d1, d2) with `point` standing when they fell.
   void Decide(int d1, int d2, int point) {
