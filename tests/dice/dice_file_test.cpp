@@ -126,18 +126,6 @@ class DiceFile : public RollFixture {
   Model m;
 };
 
-TEST(DiceRollByte, DieOneInBitsTwoToFourDieTwoInFiveToSeven) {
-  struct Case {
-    int die1, die2;
-    unsigned char byte;
-  };
-  for (const Case c : {Case{1, 1, 36}, Case{1, 2, 68}, Case{2, 1, 40}, Case{6, 6, 216}}) {
-    EXPECT_EQ(DiceRollByte(c.die1, c.die2), c.byte);
-    EXPECT_EQ(DieOneOf(c.byte), c.die1);
-    EXPECT_EQ(DieTwoOf(c.byte), c.die2);
-  }
-}
-
 TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
   WriteBytes(Path(), {36, 68, 0, 216});  // 0 has its low bits clear
   EXPECT_TRUE(IsDiceRollFile(Path()));
