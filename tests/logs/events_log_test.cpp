@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -138,57 +139,45 @@ TEST_F(EventsLog, TheTopLineFollowsRollLinesOnlyWhenAsked) {
 // and the new index are those of the log as it is.
 TEST_F(EventsLog, AnIndexThatDoesNotFitItsLogIsRebuilt) {
   const std::string good = "one\r\ntwo\r\n\r\nfour\r\nfive\r\n";
+  std::string pastTheEnd = ModelIndex(good);
+  PutLong32(reinterpret_cast<unsigned char*>(pastTheEnd.data()) + 16, 1000);
   struct Case {
     const char* what;
     std::string log;
-    std::function<void(const std::string& log, const std::string& index)> spoil;
+    std::optional<std::string> index;  // none: no index file
+    bool sameStamp = false;            // the index gets the log's time stamp
+    const char* logTail = "";          // then appended to the log
   };
-  const std::vector<Case> cases = {
-      {"missing index", good, [](auto&, auto& index) { RemoveFileIfPresent(index); }},
-      {"part of a record", good,
-       [](auto&, auto& index) { std::ofstream(index, std::ios::app | std::ios::binary) << 'x'; }},
-      {"one record short", good,
-       [](auto& log, auto& index) {
-         WriteWholeFile(index, ModelIndex(ReadWholeFile(log)).substr(4));
-         CopyModificationTime(log, index);
-       }},
-      {"garbage records, same length and stamp", good,
-       [](auto& log, auto& index) {
-         WriteWholeFile(index, std::string(20, '\x7f'));
-         CopyModificationTime(log, index);
-       }},
-      {"positions past the end", good,
-       [](auto& log, auto& index) {
-         std::string idx = ModelIndex(ReadWholeFile(log));
-         PutLong32(reinterpret_cast<unsigned char*>(idx.data()) + 16, 1000);
-         WriteWholeFile(index, idx);
-         CopyModificationTime(log, index);
-       }},
-      {"log appended by hand", good,
-       [](auto& log, auto&) { std::ofstream(log, std::ios::app | std::ios::binary) << "six\r\n"; }},
-      {"log without a last line end", "a\r\nb\r\nlast",
-       [](auto&, auto& index) { RemoveFileIfPresent(index); }},
-      {"log emptied", "", [](auto&, auto& index) { WriteWholeFile(index, std::string(8, '\0')); }},
-      {"bare LF lines and a lone CR", "x\ny\r\rz\n",
-       [](auto&, auto& index) { WriteWholeFile(index, "junk"); }},
+  const Case cases[] = {
+      {"missing index", good, std::nullopt},
+      {"part of a record", good, ModelIndex(good) + 'x'},
+      {"one record short", good, ModelIndex(good).substr(4), true},
+      {"garbage records, same length and stamp", good, std::string(20, '\x7f'), true},
+      {"positions past the end", good, pastTheEnd, true},
+      {"log appended by hand", good, ModelIndex(good), false, "six\r\n"},
+      {"log without a last line end", "a\r\nb\r\nlast", std::nullopt},
+      {"log emptied, same stamp", "", std::string(8, '\0'), true},
+      {"bare LF lines and a lone CR", "x\ny\r\rz\n", "junk"},
   };
   for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
     WriteWholeFile(LogPath(), c.log);
-    ASSERT_TRUE([&] {
-      std::string e;
-      return BuildEventsLogRef(LogPath(), IndexPath(), e);
-    }());
-    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
-    c.spoil(LogPath(), IndexPath());
+    std::string error;
+    ASSERT_TRUE(BuildEventsLogRef(LogPath(), IndexPath(), error));
+    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
+    RemoveFileIfPresent(IndexPath());
+    if (c.index) WriteWholeFile(IndexPath(), *c.index);
+    if (c.sameStamp) CopyModificationTime(LogPath(), IndexPath());
+    std::ofstream(LogPath(), std::ios::app | std::ios::binary) << c.logTail;
     const std::string log = Log();
-    EXPECT_FALSE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
+    EXPECT_FALSE(EventsLogIndexMatches(LogPath(), IndexPath()));
     const auto want = ModelLines(log);
     const EventsLogPage page = ReadEventLines(g, 1, 100);
-    EXPECT_TRUE(page.error.empty()) << c.what << ": " << page.error;
-    EXPECT_EQ(page.lineCount, static_cast<std::int64_t>(want.size())) << c.what;
-    EXPECT_EQ(page.lines, want) << c.what;
-    EXPECT_EQ(Index(), ModelIndex(log)) << c.what;
-    EXPECT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
+    EXPECT_TRUE(page.error.empty()) << page.error;
+    EXPECT_EQ(page.lineCount, static_cast<std::int64_t>(want.size()));
+    EXPECT_EQ(page.lines, want);
+    EXPECT_EQ(Index(), ModelIndex(log));
+    EXPECT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
   }
 }
 
