@@ -351,10 +351,10 @@ TEST_F(DiceFile, RollFilesAndTextFilesPasteIn) {
   Start(RandomRolls(kBlock + 40, 4));
   const Bytes other = RandomRolls(kBlock + 1, 5);
   WriteBytes(folder / "other.rol", other);
+  WriteBytes(folder / "bad.rol", {36, 37});
   // Another roll file, the open file itself, and a file that is not a dice
   // roll file (refused, nothing changed).
   for (const std::string& from : {folder / "other.rol", Path(), folder / "bad.rol"}) {
-    WriteBytes(folder / "bad.rol", {36, 37});
     const std::int64_t at = from == Path() ? 3 : kBlock - 1;
     Select(at, at);
     if (from == folder / "bad.rol") {
