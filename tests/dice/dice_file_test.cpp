@@ -1,11 +1,17 @@
 // Dice roll files in play: the one-byte format, the check on opening,
 // recording and playback through the roll cycle with their stop reasons,
 // the rewind question, the recorder's buttons and a new session's choice.
+// Then the editor on files larger than its 30,000-byte buffer: every
+// operation is checked byte for byte against a plain in-memory copy of the
+// file that the test edits the simple way.
 #include "dice/dice_file.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 
-#include <fstream>
+#include <filesystem>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -13,43 +19,111 @@
 #include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
 #include "cycle/session.h"
+#include "dice/dice_file_edit.h"
+#include "dice/dice_file_text.h"
 #include "tests/engine/roll_fixture.h"
 
 namespace {
 
-void WriteBytes(const std::string& path, const std::vector<unsigned char>& bytes) {
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(reinterpret_cast<const char*>(bytes.data()),
-            static_cast<std::streamsize>(bytes.size()));
-}
+using Bytes = std::vector<unsigned char>;
 
-std::vector<unsigned char> ReadBytes(const std::string& path) {
+void WriteBytes(const std::string& path, const Bytes& bytes) {
+  WriteWholeFile(path, std::string(bytes.begin(), bytes.end()));
+}
+Bytes ReadBytes(const std::string& path) {
   const std::string s = ReadWholeFile(path);
   return {s.begin(), s.end()};
 }
-
-TEST(DiceRollByte, DieOneInBitsTwoToFourDieTwoInFiveToSeven) {
-  struct Case {
-    int die1, die2;
-    unsigned char byte;
-  };
-  for (const Case c : {Case{1, 1, 36}, Case{1, 2, 68}, Case{2, 1, 40}, Case{6, 6, 216}}) {
-    EXPECT_EQ(DiceRollByte(c.die1, c.die2), c.byte);
-    EXPECT_EQ(DieOneOf(c.byte), c.die1);
-    EXPECT_EQ(DieTwoOf(c.byte), c.die2);
-  }
+Bytes RandomRolls(std::size_t n, std::uint32_t seed) {
+  std::mt19937 rng(seed);
+  Bytes b(n);
+  for (auto& x : b)
+    x = DiceRollByte(static_cast<int>(rng() % 6) + 1, static_cast<int>(rng() % 6) + 1);
+  return b;
 }
+
+// The file and the selection as the editor should leave them.
+struct Model {
+  Bytes file, clipboard;
+  std::int64_t pos = 1, selEnd = 1;
+  std::int64_t Size() const { return static_cast<std::int64_t>(file.size()); }
+  std::int64_t First() const { return std::min(pos, selEnd); }
+  std::int64_t Last() const { return std::min(std::max(pos, selEnd), Size()); }
+  void Insert(std::int64_t at, const Bytes& bytes) {
+    file.insert(file.begin() + (at - 1), bytes.begin(), bytes.end());
+  }
+  Bytes Selected() const {
+    if (Last() < First()) return {};
+    return Bytes(file.begin() + (First() - 1), file.begin() + Last());
+  }
+};
 
 class DiceFile : public RollFixture {
  protected:
+  static constexpr std::int64_t kBlock = kDiceFileBlock;
   std::string Path() const { return folder / "rolls.rol"; }
-  void Open(const std::vector<unsigned char>& bytes) {
-    WriteBytes(Path(), bytes);
-    ASSERT_TRUE(OpenDiceRollFile(g, Path()));
-  }
   std::string LastMessage() const {
     return platform.messages.empty() ? "" : platform.messages.back().text;
   }
+  void Reply(int answer) { platform.queuedReplies.push_back({answer, "", "", false}); }
+
+  void Start(const Bytes& bytes) {
+    m.file = bytes;
+    WriteBytes(Path(), bytes);
+    ASSERT_TRUE(OpenDiceRollFile(g, Path()));
+  }
+  void Select(std::int64_t pos, std::int64_t selEnd) {
+    g.diceFile.DiceFilePos = static_cast<std::int32_t>(pos);
+    g.diceFile.DiceSelEnd = static_cast<std::int32_t>(selEnd);
+    m.pos = pos;
+    m.selEnd = selEnd;
+  }
+  void Check(const std::string& what) {
+    EXPECT_EQ(ReadBytes(Path()), m.file) << what;
+    EXPECT_EQ(g.diceFile.DiceFilePos, m.pos) << what;
+    EXPECT_EQ(g.diceFile.DiceSelEnd, m.selEnd) << what;
+    EXPECT_EQ(CountSelectedDiceRolls(g), static_cast<std::int64_t>(m.Selected().size())) << what;
+  }
+
+  // The operations, on the game and on the model.
+  void Key(int k, bool insert) {
+    g.diceFile.optInsertRolls = insert;
+    ASSERT_TRUE(KeyDiceRoll(g, k));
+    const unsigned char b = DiceRollByte(k / 6 + 1, k % 6 + 1);
+    if (m.pos > m.Size())
+      m.file.push_back(b);
+    else if (insert)
+      m.Insert(m.pos, {b});
+    else
+      m.file[static_cast<std::size_t>(m.pos - 1)] = b;
+    m.selEnd = ++m.pos;
+  }
+  void Copy() {
+    ASSERT_TRUE(CopyDiceRolls(g));
+    m.clipboard = m.Selected();
+    EXPECT_EQ(ReadBytes(DiceClipboardPath(g)), m.clipboard);
+  }
+  void Delete() {
+    ASSERT_TRUE(DeleteDiceRolls(g));
+    if (m.Last() < m.First()) return;
+    const auto first = m.First();
+    m.file.erase(m.file.begin() + (first - 1), m.file.begin() + m.Last());
+    m.pos = m.selEnd = std::min(first, m.Size() + 1);
+  }
+  void Paste() {
+    ASSERT_TRUE(PasteDiceRolls(g));
+    if (m.clipboard.empty()) return;
+    m.Insert(m.pos, m.clipboard);
+    m.selEnd = m.pos + static_cast<std::int64_t>(m.clipboard.size()) - 1;
+  }
+  // c copy, x cut, v paste, d delete.
+  void Do(char op) {
+    if (op == 'c' || op == 'x') Copy();
+    if (op == 'x' || op == 'd') Delete();
+    if (op == 'v') Paste();
+  }
+
+  Model m;
 };
 
 TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
@@ -59,7 +133,7 @@ TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
   EXPECT_TRUE(IsDiceRollFile(folder / "empty.rol"));
   EXPECT_FALSE(IsDiceRollFile(folder / "missing.rol"));
   for (int odd : {1, 2, 3, 217}) {
-    std::vector<unsigned char> bytes(70'000, 36);  // the bad byte in the third block
+    Bytes bytes(70'000, 36);  // the bad byte in the third block
     bytes[65'432] = static_cast<unsigned char>(odd);
     WriteBytes(Path(), bytes);
     EXPECT_FALSE(IsDiceRollFile(Path())) << odd;
@@ -80,15 +154,12 @@ TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
 }
 
 TEST_F(DiceFile, RecordingOverwritesAtThePositionAndGrowsTheFile) {
-  Open({36, 36, 36});
+  Start({36, 36, 36});
   ASSERT_TRUE(SetDiceFileMode(g, kDiceFileRecording));
   g.diceFile.DiceFilePos = 2;
-  Roll(3, 4);
-  Roll(6, 5);
-  Roll(1, 2);
-  EXPECT_EQ(
-      ReadBytes(Path()),
-      (std::vector<unsigned char>{36, DiceRollByte(3, 4), DiceRollByte(6, 5), DiceRollByte(1, 2)}));
+  for (const auto& [a, b] : {std::pair{3, 4}, {6, 5}, {1, 2}}) Roll(a, b);
+  EXPECT_EQ(ReadBytes(Path()),
+            (Bytes{36, DiceRollByte(3, 4), DiceRollByte(6, 5), DiceRollByte(1, 2)}));
   EXPECT_EQ(g.diceFile.DiceFileLast, 4);
   EXPECT_EQ(g.diceFile.DiceFilePos, 5);
   EXPECT_EQ(g.diceFile.DiceSelEnd, 5);
@@ -98,11 +169,11 @@ TEST_F(DiceFile, AHyperDriveRunRecordsEveryRollAndPlaybackRepeatsThem) {
   constexpr int kRolls = 100'000;  // several windows of the roll's buffer
   ASSERT_TRUE(OpenDiceRollFile(g, Path()));
   ASSERT_TRUE(SetDiceFileMode(g, kDiceFileRecording));
-  std::vector<unsigned char> rolled;
+  Bytes rolled;
   g.hyper.RunRollLimit = kRolls;
   g.hyper.RollObserverContext = &rolled;
   g.hyper.RollObserver = [](void* c, const Game& game) {
-    static_cast<std::vector<unsigned char>*>(c)->push_back(DiceRollByte(game.Die1, game.Die2));
+    static_cast<Bytes*>(c)->push_back(DiceRollByte(game.Die1, game.Die2));
   };
   RunHyperDrive(g);
   ASSERT_EQ(rolled.size(), static_cast<std::size_t>(kRolls));
@@ -111,7 +182,7 @@ TEST_F(DiceFile, AHyperDriveRunRecordsEveryRollAndPlaybackRepeatsThem) {
   // Playback from roll 1: the same dice, then the end of the file stops the run.
   ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
   g.diceFile.DiceFilePos = 1;
-  std::vector<unsigned char> played;
+  Bytes played;
   g.hyper.RollObserverContext = &played;
   g.hyper.RunRollLimit = 0;
   platform.minimized = true;  // no rewind question
@@ -127,7 +198,7 @@ TEST_F(DiceFile, AHyperDriveRunRecordsEveryRollAndPlaybackRepeatsThem) {
 TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
   for (unsigned char bad : {static_cast<unsigned char>(0), DiceRollByte(7, 1), DiceRollByte(3, 0),
                             DiceRollByte(2, 7)}) {
-    Open({DiceRollByte(2, 3), bad, DiceRollByte(4, 4)});
+    Start({DiceRollByte(2, 3), bad, DiceRollByte(4, 4)});
     ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
     Roll(6, 6);  // a pad roll comes before the file
     RollDice(g);
@@ -139,13 +210,13 @@ TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
     EXPECT_EQ(g.diceFile.DiceFileMode, kDiceFileInactive);
     ASSERT_EQ(platform.messages.size(), 1u);
     EXPECT_EQ(platform.messages[0].title, "Dice Roll File Error");
-    EXPECT_EQ(platform.messages[0].text,
+    EXPECT_EQ(LastMessage(),
               "A dice roll value has been found to be out of limits. \r\rPlayback of this Dice "
               "Roll File has ceased so that you can check the file or continue without it.");
     EXPECT_EQ(g.diceFile.DiceFilePath, Path()) << "the file stays open";
   }
   // In Hyper-Drive the run stops with the reason instead of the message.
-  Open({DiceRollByte(2, 3), 0});
+  Start({DiceRollByte(2, 3), 0});
   ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
   platform.minimized = true;
   platform.messages.clear();
@@ -155,8 +226,7 @@ TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
 }
 
 TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
-  Open({DiceRollByte(1, 3)});
-  ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
+  Start({DiceRollByte(1, 3)});
   struct Case {
     int answer;
     std::int32_t mode, pos;
@@ -166,13 +236,11 @@ TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
         Case{kAnswerYes, kDiceFilePlayback, 1}}) {
     g.diceFile.DiceFileMode = kDiceFilePlayback;
     g.diceFile.DiceFilePos = 2;
-    MessageReply reply;
-    reply.answer = c.answer;
-    platform.queuedReplies.push_back(reply);
+    Reply(c.answer);
     platform.messages.clear();
     RollDice(g);
     ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text, "Playback stopped.\rRewind for playback?");
+    EXPECT_EQ(LastMessage(), "Playback stopped.\rRewind for playback?");
     EXPECT_EQ(platform.messages[0].title, "Dice Roll File");
     EXPECT_EQ(g.diceFile.DiceFileMode, c.mode) << c.answer;
     EXPECT_EQ(g.diceFile.DiceFilePos, c.pos) << c.answer;
@@ -180,7 +248,7 @@ TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
   }
   g.diceFile.DiceFileMode = kDiceFileRecording;
   AskRewindDiceFile(g);
-  EXPECT_EQ(platform.messages.back().text, "Recording stopped.\rRewind for playback?");
+  EXPECT_EQ(LastMessage(), "Recording stopped.\rRewind for playback?");
 }
 
 TEST_F(DiceFile, TheRecorderNeedsAFileAndLogsPlayback) {
@@ -191,7 +259,7 @@ TEST_F(DiceFile, TheRecorderNeedsAFileAndLogsPlayback) {
   EXPECT_EQ(LastMessage(), "You need to open a file first.");
 
   g.roll.LogOn = true;
-  Open({DiceRollByte(5, 6), DiceRollByte(2, 2)});
+  Start({DiceRollByte(5, 6), DiceRollByte(2, 2)});
   ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
   RollDice(g);
   ApplyNewSessionDiceMode(g, 1);  // rewind: the same roll again
@@ -201,8 +269,7 @@ TEST_F(DiceFile, TheRecorderNeedsAFileAndLogsPlayback) {
   EXPECT_EQ(g.diceFile.DiceFilePath, "");
   const std::string log = EventsLogText(g);
   EXPECT_EQ(log.find("    Dice roll file playback activated (" + Path() +
-                     ")\n Roll #1:  11 (5.6) "
-                     "from roll file\n"),
+                     ")\n Roll #1:  11 (5.6) from roll file\n"),
             0u)
       << log;
   EXPECT_NE(log.find("    Dice roll file playback active (" + Path() +
@@ -210,6 +277,246 @@ TEST_F(DiceFile, TheRecorderNeedsAFileAndLogsPlayback) {
                      "file\n"),
             std::string::npos)
       << log;
+}
+
+// Selections across and on the buffer's edges, in both orders; cut and
+// paste, copy and paste at the end, deletes of the head and the tail.
+TEST_F(DiceFile, CutCopyPasteAndDeleteMatchTheModelAcrossBlockEdges) {
+  Start(RandomRolls(3 * kBlock + 17, 1));
+  struct Step {
+    const char* what;
+    std::int64_t pos, selEnd;
+    char op;
+  };
+  const std::int64_t b = kBlock;
+  const Step steps[] = {
+      {"copy two blocks and a bit", 5, 2 * b + 9, 'c'},
+      {"paste at a block's edge", b, b, 'v'},
+      {"cut reversed across an edge", 2 * b + 3, b - 2, 'x'},
+      {"paste one past the edge", b + 1, b + 1, 'v'},
+      {"paste at the very end", 4 * b + 100, 4 * b + 100, 'v'},
+      {"delete the first roll", 1, 1, 'd'},
+      {"delete a block exactly", b + 1, 2 * b, 'd'},
+      {"copy the tail past the end", 3 * b, 9 * b, 'c'},
+      {"paste at the start", 1, 1, 'v'},
+      {"delete the tail", 2 * b, 99 * b, 'd'},
+      {"delete at the end: nothing", 99 * b, 99 * b, 'd'},
+  };
+  for (const Step& s : steps) {
+    const auto end = m.Size() + 1;
+    Select(std::min(s.pos, end), std::min(s.selEnd, end));
+    Do(s.op);
+    Check(s.what);
+    if (HasFailure()) return;
+  }
+  ASSERT_TRUE(IsDiceRollFile(Path()));
+
+  // Then a random run of every operation, keys included.
+  std::mt19937 rng(77);
+  for (int i = 0; i < 120 && !HasFailure(); ++i) {
+    const auto end = m.Size() + 1;
+    Select(static_cast<std::int64_t>(rng() % end) + 1, static_cast<std::int64_t>(rng() % end) + 1);
+    const char op = "cdvkx"[rng() % 5];
+    if (op == 'k')
+      Key(static_cast<int>(rng() % 36), rng() % 2 == 0);
+    else
+      Do(op);
+    Check("step " + std::to_string(i));
+  }
+}
+
+TEST_F(DiceFile, KeyedRollsInsertOrTypeOverAndRunPastTheEnd) {
+  Start(RandomRolls(kBlock + 2, 2));
+  for (const auto& [pos, insert] : {std::pair<std::int64_t, bool>{kBlock, true},
+                                    {kBlock, false},
+                                    {1, true},
+                                    {kBlock + 3, true},
+                                    {kBlock + 3, false}}) {
+    Select(pos, pos);
+    for (int k : {0, 35, 13}) Key(k, insert);
+    Check("keying at " + std::to_string(pos) + (insert ? " insert" : " type over"));
+  }
+  // A random roll is a valid roll at the caret.
+  Select(7, 7);
+  ASSERT_TRUE(KeyRandomDiceRoll(g));
+  EXPECT_TRUE(DiceWithinLimits(ReadBytes(Path()).at(6)));
+  EXPECT_EQ(g.diceFile.DiceFilePos, 8);
+  // Without a file nothing is keyed.
+  CloseDiceRollFile(g);
+  EXPECT_FALSE(KeyDiceRoll(g, 3));
+  EXPECT_EQ(platform.messages.back().title, "Record Dice Rolls");
+}
+
+TEST_F(DiceFile, RollFilesAndTextFilesPasteIn) {
+  Start(RandomRolls(kBlock + 40, 4));
+  const Bytes other = RandomRolls(kBlock + 1, 5);
+  WriteBytes(folder / "other.rol", other);
+  WriteBytes(folder / "bad.rol", {36, 37});
+  // Another roll file, the open file itself, and a file that is not a dice
+  // roll file (refused, nothing changed).
+  for (const std::string& from : {folder / "other.rol", Path(), folder / "bad.rol"}) {
+    const std::int64_t at = from == Path() ? 3 : kBlock - 1;
+    Select(at, at);
+    if (from == folder / "bad.rol") {
+      EXPECT_FALSE(PasteFromRollFile(g, from));
+    } else {
+      const Bytes in = from == Path() ? m.file : other;
+      ASSERT_TRUE(PasteFromRollFile(g, from));
+      m.Insert(at, in);
+      m.selEnd = at + static_cast<std::int64_t>(in.size()) - 1;
+    }
+    Check("paste from " + from);
+  }
+
+  // Text: the digits 1..6 in pairs, everything else ignored, a last odd digit dropped.
+  WriteWholeFile(folder / "rolls.txt", "3-4, 1 6x2");
+  Select(1, 1);
+  ASSERT_TRUE(PasteFromTextFile(g, folder / "rolls.txt"));
+  m.Insert(1, {DiceRollByte(3, 4), DiceRollByte(1, 6)});
+  m.selEnd = 2;
+  Check("the two rolls of a short text");
+  EXPECT_FALSE(FileExists(DiceConversionPath(g))) << "the temporary conversion is deleted";
+
+  // A long text of random bytes, digits and garbage alike, across many blocks.
+  std::mt19937 rng(9);
+  std::string text(5 * kDiceFileBlock + 3, '\0');
+  for (char& c : text) c = static_cast<char>(rng() % 4 == 0 ? '0' + rng() % 10 : rng() % 256);
+  Bytes model;
+  int pending = 0;
+  for (const char c : text) {
+    if (c < '1' || c > '6') continue;
+    if (pending == 0) {
+      pending = c - '0';
+    } else {
+      model.push_back(DiceRollByte(pending, c - '0'));
+      pending = 0;
+    }
+  }
+  WriteWholeFile(folder / "long.txt", text);
+  std::string error;
+  EXPECT_EQ(ConvertTextToDiceRolls(folder / "long.txt", folder / "long.rol", error),
+            static_cast<std::int64_t>(model.size()))
+      << error;
+  EXPECT_EQ(ReadBytes(folder / "long.rol"), model);
+  EXPECT_LT(ConvertTextToDiceRolls(folder / "missing.txt", folder / "x.rol", error), 0);
+  EXPECT_NE(error.find("missing.txt"), std::string::npos);
+  EXPECT_FALSE(FileExists(folder / "x.rol"));
+}
+
+TEST_F(DiceFile, CopyingOutRefusesTheOpenFileAndAsksBeforeReplacing) {
+  Start(RandomRolls(kBlock * 2, 6));
+  Select(kBlock + 5, 10);
+  EXPECT_FALSE(CopyToRollFile(g, Path()));
+  EXPECT_EQ(LastMessage(),
+            "Can't use the \"Copy To Dice Roll File\" command to copy rolls to a file that's open "
+            "and in use.\r\rPlease select another file name or use the \"Copy\" and \"Paste\" "
+            "commands to modify the open file.");
+  WriteBytes(folder / "out.rol", {36});
+  Reply(kAnswerNo);
+  EXPECT_FALSE(CopyToRollFile(g, folder / "out.rol"));
+  EXPECT_EQ(LastMessage(), "Do you want to copy over it?");
+  EXPECT_EQ(ReadBytes(folder / "out.rol"), Bytes{36});
+  EXPECT_TRUE(CopyToRollFile(g, folder / "out.rol"));  // Yes by default
+  EXPECT_EQ(ReadBytes(folder / "out.rol"), m.Selected());
+}
+
+TEST_F(DiceFile, TextOutputFollowsTheTemplate) {
+  Start({DiceRollByte(3, 4), DiceRollByte(6, 6), DiceRollByte(1, 2)});
+  struct Case {
+    const char* format;
+    std::int64_t number;
+    unsigned char roll;
+    const char* line;
+  };
+  for (const Case c : {Case{"Roll# (Die1.Die2) Total", 1234, DiceRollByte(3, 4), "1,234 (3.4) 7"},
+                       Case{"  ", 5, DiceRollByte(6, 6), "5 (6.6) 12"},
+                       Case{"TOTAL=total, Die2", 1, DiceRollByte(1, 2), "3=3, 2"},
+                       Case{"roll#roll#die1", 1'000'000, DiceRollByte(5, 1), "1,000,0001,000,0005"},
+                       Case{"die", 1, DiceRollByte(5, 1), "die"}}) {
+    std::string out;
+    AppendDiceRollText(out, PrepareDiceOutputFormat(c.format), c.number, c.roll);
+    EXPECT_EQ(out, c.line) << c.format;
+  }
+  EXPECT_FALSE(HasDiceInformation("Roll# only"));
+  EXPECT_TRUE(HasDiceInformation(""));  // the default has all three
+
+  g.diceFile.DiceOutputFormat = "roll#";
+  EXPECT_FALSE(CopyToTextFile(g, folder / "out.txt"));
+  EXPECT_EQ(platform.messages.back().title, "Copy Dice Rolls To Text File");
+  g.diceFile.DiceOutputFormat = "Roll#: Die1-Die2";
+  Select(2, 3);
+  Reply(kAnswerNo);
+  ASSERT_TRUE(CopyToTextFile(g, folder / "out.txt"));
+  EXPECT_EQ(ReadWholeFile(folder / "out.txt"), "2: 6-6\r\n3: 1-2\r\n");
+  ASSERT_TRUE(CopyToTextFile(g, folder / "out.txt"));  // Yes renumbers from 1
+  EXPECT_EQ(ReadWholeFile(folder / "out.txt"), "1: 6-6\r\n2: 1-2\r\n");
+
+  platform.queuedReplies.push_back({kAnswerOk, std::string(300, 'x'), "", false});
+  ASSERT_TRUE(AskDiceOutputFormat(g));
+  EXPECT_EQ(g.diceFile.DiceOutputFormat.size(), kMaxDiceOutputFormat);
+}
+
+TEST_F(DiceFile, RowsClicksAndTheSelection) {
+  Start(RandomRolls(50, 7));
+  g.diceFile.DiceSelStart = 41;
+  ClickDiceRow(g, 3, false);
+  EXPECT_EQ(g.diceFile.DiceFilePos, 44);
+  EXPECT_EQ(g.diceFile.DiceSelEnd, 44);
+  ClickDiceRow(g, 1, true);  // Shift: the old caret stays the other end
+  EXPECT_EQ(g.diceFile.DiceFilePos, 42);
+  EXPECT_EQ(g.diceFile.DiceSelEnd, 44);
+  EXPECT_EQ(CountSelectedDiceRolls(g), 3);
+  ClickDiceRow(g, 30, false);  // below the last roll: one past it
+  EXPECT_EQ(g.diceFile.DiceFilePos, 51);
+  EXPECT_EQ(CountSelectedDiceRolls(g), 0);
+  SetNextRollNumber(g, -5);
+  EXPECT_EQ(g.diceFile.DiceFilePos, 1);
+  SetNextRollNumber(g, 1000);
+  EXPECT_EQ(g.diceFile.DiceFilePos, 51);
+  SelectAllDiceRolls(g);
+  EXPECT_EQ(CountSelectedDiceRolls(g), 50);
+  EXPECT_EQ(ReadDiceRolls(g, 49, 10), (Bytes{m.file[48], m.file[49]}));
+}
+
+// A write that fails half-way (here: the process may not write files past
+// a size) leaves the old file whole and no temporary file behind.
+TEST_F(DiceFile, AFailedRewriteLeavesTheOldFileWhole) {
+  Start(RandomRolls(3 * kBlock, 8));
+  Select(2, 2 * kBlock);
+  Copy();
+  rlimit old{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+  const auto oldHandler = signal(SIGXFSZ, SIG_IGN);
+  rlimit small = old;
+  small.rlim_cur = kBlock + 100;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  Select(kBlock, kBlock);
+  const bool pasted = PasteDiceRolls(g);
+  Select(1, 1);
+  const bool deleted = DeleteDiceRolls(g);  // the rest is still larger than the limit
+  setrlimit(RLIMIT_FSIZE, &old);
+  signal(SIGXFSZ, oldHandler);
+  EXPECT_FALSE(pasted);
+  EXPECT_FALSE(deleted);
+  EXPECT_NE(LastMessage().find(Path()), std::string::npos);
+  EXPECT_EQ(ReadBytes(Path()), m.file);
+  for (const auto& e : std::filesystem::directory_iterator(folder.Path()))
+    EXPECT_FALSE(e.path().filename().string().starts_with(".rolls.rol")) << "a temporary is left";
+}
+
+TEST_F(DiceFile, HighlightsByPairAndByTotal) {
+  ToggleHighlightPair(g, 3, 4);
+  EXPECT_TRUE(g.diceFile.HighlightCombo(3, 4));
+  EXPECT_FALSE(TotalHighlighted(g, 7));
+  ToggleHighlightTotal(g, 7);  // not all set: all become set
+  for (int d = 1; d <= 6; ++d) EXPECT_TRUE(g.diceFile.HighlightCombo(d, 7 - d));
+  EXPECT_TRUE(TotalHighlighted(g, 7));
+  ToggleHighlightTotal(g, 7);  // all set: all cleared
+  EXPECT_FALSE(g.diceFile.HighlightCombo(3, 4));
+  ToggleHighlightTotal(g, 12);
+  ToggleHighlightPair(g, 0, 9);  // out of range: nothing
+  ClearHighlights(g);
+  EXPECT_FALSE(TotalHighlighted(g, 12));
 }
 
 }  // namespace

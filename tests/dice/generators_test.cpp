@@ -1,12 +1,22 @@
-// The raw generators against their published definitions.
+// The generators: the raw ones against their published definitions; dice
+// from each (range, uniformity, the alternating generators, the
+// single-draw generator, the missing-library fallback and the 1.0 edge);
+// seeding (given seeds, clock seeds, the user's prompt, limits, the log
+// line and the start-up order).
 #include "dice/generators.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <random>
 #include <vector>
+
+#include "core/headless_platform.h"
+#include "dice/rng.h"
+#include "tests/support/events_log_text.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -102,6 +112,288 @@ TEST(Rng3, RangeAndFullPeriod) {
   const Long big = Rng3(state, 100000);
   EXPECT_TRUE(big >= 1 && big <= 100000) << big;
   EXPECT_LT(state, 714025);
+}
+
+// A game with its events log in a folder of its own and a fixed clock.
+struct Dice : ::testing::Test {
+  TempFolder folder;
+  HeadlessPlatform platform;
+  std::unique_ptr<Game> game = NewGame();
+  Game& g = *game;
+
+  std::unique_ptr<Game> NewGame() {
+    platform.fixedTime = 123456;
+    auto fresh = std::make_unique<Game>();
+    fresh->platform = &platform;
+    fresh->roll.DataFolder = folder.Path();
+    InitEventsLog(*fresh);
+    return fresh;
+  }
+
+  void Select(Long index, double seed) {
+    g.dice.RngIndex = index;
+    ASSERT_TRUE(SeedRngWith(g, seed));
+  }
+  std::array<Long, 2> Roll() {
+    DrawDice(g);
+    return {g.Die1, g.Die2};
+  }
+  // n rolls, as 10 x die 1 + die 2, each at its session roll count.
+  std::vector<Long> Rolls(int n) {
+    std::vector<Long> dice;
+    for (int i = 0; i < n; ++i) {
+      g.RollTally(kTableSession, kEventRolls) = i;
+      const auto [d1, d2] = Roll();
+      dice.push_back(d1 * 10 + d2);
+    }
+    return dice;
+  }
+};
+
+bool SameTwister(const MtState& a, const MtState& b) { return a.mt == b.mt && a.mti == b.mti; }
+
+// Pearson's statistic of observed counts against equal expectations.
+template <std::size_t N>
+double ChiSquare(const std::array<long, N>& counts, long total) {
+  const double expected = static_cast<double>(total) / N;
+  double chi = 0;
+  for (long c : counts) chi += (c - expected) * (c - expected) / expected;
+  return chi;
+}
+
+// 300,000 rolls per generator: each die's faces (5 degrees of freedom) and
+// the 36 ordered pairs (35) must look uniform. The bounds are far out in the
+// tails (p below 1e-6), so a fixed seed passes for good, while a biased face,
+// a lost face or dice tied to each other fail by orders of magnitude. The
+// first 50,000 rolls also draw a probability number, which must reach both
+// ends of its range.
+TEST_F(Dice, EveryGeneratorGivesUniformDiceInRange) {
+  constexpr long kRolls = 300'000;
+  for (Long index = 0; index < kRngCount; ++index) {
+    Select(index, 240611);
+    std::array<long, 6> die1{}, die2{};
+    std::array<long, 36> pairs{};
+    const Long top = (index >= 3 && index <= 6) ? 100001 : 100000;
+    Long lowest = top, highest = 1;
+    for (long i = 0; i < kRolls; ++i) {
+      g.RollTally(kTableSession, kEventRolls) = static_cast<Long>(i);
+      const auto [d1, d2] = Roll();
+      ASSERT_TRUE(d1 >= 1 && d1 <= 6 && d2 >= 1 && d2 <= 6) << index << ": " << d1 << d2;
+      if (i < 50000) {
+        const Long k = DrawProbabilityNumber(g);
+        ASSERT_TRUE(k >= 1 && k <= top) << index << ": " << k;
+        lowest = std::min(lowest, k);
+        highest = std::max(highest, k);
+      }
+      ++die1[d1 - 1];
+      ++die2[d2 - 1];
+      ++pairs[(d1 - 1) * 6 + d2 - 1];
+    }
+    EXPECT_TRUE(ChiSquare(die1, kRolls) < 40 && ChiSquare(die2, kRolls) < 40 &&
+                ChiSquare(pairs, kRolls) < 100)
+        << "RNG #" << index + 1;
+    EXPECT_TRUE(lowest < 100 && highest > 99900) << index;
+  }
+}
+
+// Generators 5 and 6 take both dice of an even-counted roll from the
+// shuffled generator, of an odd one from the Mersenne Twister, and each
+// source goes on in its own sequence.
+TEST_F(Dice, AlternatingGeneratorsFollowSessionRollCount) {
+  struct Case {
+    Long mixed, shuffled, twister;
+  };
+  for (const Case c : {Case{5, 4, 0}, Case{6, 3, 1}}) {
+    Select(c.mixed, 4242);
+    const MtState twisterBefore = c.twister == 0 ? g.dice.mt19937 : g.dice.mtSecond;
+    for (Long count = 0; count < 40; ++count) {
+      g.RollTally(kTableSession, kEventRolls) = count;
+      auto alone = std::make_unique<Game>(g);
+      alone->dice.RngIndex = (count % 2 == 0) ? c.shuffled : c.twister;
+      DrawDice(*alone);
+      DrawDice(g);
+      ASSERT_EQ(std::make_pair(g.Die1, g.Die2), std::make_pair(alone->Die1, alone->Die2))
+          << c.mixed << " " << count;
+      if (count == 0) {
+        EXPECT_EQ((c.twister == 0 ? g.dice.mt19937 : g.dice.mtSecond).mti, twisterBefore.mti)
+            << "even roll touched the twister";
+      }
+    }
+  }
+}
+
+// The single-draw generator: x = Int(U x 36) gives Die2 = Int(x / 6) + 1,
+// which is the die the same first draw gives generator 0, and Die1 the
+// finer part. Each roll costs one word of the twister.
+TEST_F(Dice, SingleDrawGeneratorSharesFirstDrawWithGeneratorOne) {
+  int differentRolls = 0;
+  for (double seed : {1.0, 77.0, 31337.0, 2147483647.0}) {
+    Select(0, seed);
+    const auto one = Roll();
+    Select(7, seed);
+    MtState oneWordOn = g.dice.mt19937;
+    genrand_int32(oneWordOn);
+    const auto eight = Roll();
+    EXPECT_TRUE(SameTwister(g.dice.mt19937, oneWordOn));
+    EXPECT_EQ(eight[1], one[0]) << seed;
+    differentRolls += eight != one;
+  }
+  EXPECT_GT(differentRolls, 0);
+}
+
+TEST_F(Dice, FallbackMovesOnlyGeneratorsOfAMissingLibrary) {
+  // Expected index after the fallback, by mask (rows) and selected index.
+  const Long expected[4][kRngCount] = {
+      {0, 1, 2, 3, 4, 5, 6, 7},  // both present
+      {3, 1, 2, 3, 4, 3, 6, 3},  // the first twister missing
+      {0, 3, 2, 3, 4, 5, 3, 7},  // the second missing
+      {3, 3, 2, 3, 4, 3, 3, 3},  // both missing
+  };
+  for (Long mask = 0; mask < 4; ++mask)
+    for (Long index = 0; index < kRngCount; ++index) {
+      g.dice.MissingDllMask = mask;
+      g.dice.RngIndex = index;
+      ApplyGeneratorFallback(g);
+      EXPECT_EQ(g.dice.RngIndex, expected[mask][index]) << mask << " " << index;
+    }
+}
+
+// A shuffle table full of values that rounded to 1.0 must still give sixes,
+// and the one probability number above 100,000.
+TEST_F(Dice, DrawOfExactlyOneMakesASix) {
+  for (const Long index : {4, 5}) {
+    Select(index, 99);
+    g.dice.ran1.r.fill(1.0f);
+    g.RollTally(kTableSession, kEventRolls) = 2;  // even: generator 5 draws from Ran1
+    EXPECT_EQ(Roll(), (std::array<Long, 2>{6, 6})) << index;
+  }
+  Select(4, 3);
+  g.dice.ran1.r.fill(1.0f);
+  EXPECT_EQ(DrawProbabilityNumber(g), 100001);
+}
+
+TEST_F(Dice, SameSeedSameDiceOtherSeedOtherDice) {
+  for (Long index = 0; index < kRngCount; ++index) {
+    Select(index, 8675);
+    const auto first = Rolls(200);
+    Rolls(37);  // wander off, then come back by reseeding
+    Select(index, 8675);
+    EXPECT_EQ(Rolls(200), first) << "RNG #" << index + 1;
+    Select(index, 8676);
+    EXPECT_NE(Rolls(200), first) << "RNG #" << index + 1;
+  }
+  // Seeding one generator leaves every other generator's sequence alone, so
+  // returning to a generator goes on where it stopped.
+  Select(0, 11);
+  Rolls(3);
+  const MtState twister = g.dice.mt19937;
+  for (const Long other : {1, 3, 4, 6}) {
+    Select(other, 500 + other);
+    Rolls(5);
+  }
+  EXPECT_TRUE(SameTwister(g.dice.mt19937, twister));
+}
+
+// The first roll after seeding Ran2 with 1234 uses the second and third
+// values of the sequence that starts at -1234: the seeding call's own value
+// is dropped.
+TEST_F(Dice, SeedingDrawDropsTheFirstValue) {
+  Select(3, 1234);
+  DrawDice(g);
+  Ran2State reference;
+  std::int32_t idum = -1234;
+  Ran2(reference, idum, nullptr);
+  idum = 1;  // Ran2 reseeds while idum is negative
+  EXPECT_EQ(g.Die1, static_cast<Long>(Ran2(reference, idum, nullptr) * 6) + 1);
+  EXPECT_EQ(g.Die2, static_cast<Long>(Ran2(reference, idum, nullptr) * 6) + 1);
+}
+
+// A refused seed keeps the last one; a given seed is rounded to nearest,
+// ties to even; every seeding sets Rng3's state too (which Rng3's own
+// seeding then moves on). Below 1 the clock seeds, even one that has run
+// for weeks.
+TEST_F(Dice, LimitsRefuseAndKeepLastSeed) {
+  struct Case {
+    Long index;
+    double seed;
+    bool ok;
+    Long last;
+  };
+  const Case cases[] = {{2, 999999, true, 999999},
+                        {2, 1000000, false, 999999},
+                        {0, 2147483647.0, true, 2147483647},
+                        {0, 2147483648.0, false, 2147483647},
+                        {0, 7.5, true, 8},
+                        {0, 6.5, true, 6},
+                        {0, 0, true, 123456}};
+  for (const Case& c : cases) {
+    g.dice.RngIndex = c.index;
+    EXPECT_EQ(SeedRngWith(g, c.seed), c.ok) << c.seed;
+    EXPECT_EQ(g.dice.LastSeed, c.last) << c.seed;
+    if (c.index == 0) {
+      EXPECT_EQ(g.dice.Rng3State, c.last) << c.seed;
+    }
+  }
+  platform.fixedTime = 4'000'000'000u;
+  ASSERT_TRUE(SeedRng(g));
+  EXPECT_GE(g.dice.LastSeed, 1);
+  g.dice.RngIndex = 2;
+  ASSERT_TRUE(SeedRng(g));
+  EXPECT_LE(g.dice.LastSeed, 999999);
+}
+
+TEST_F(Dice, UserSeedPromptRepeatsUntilWithinLimits) {
+  g.dice.RngIndex = 2;
+  g.dice.UserSeedMode = true;
+  g.dice.LastSeed = 42;
+  platform.queuedReplies = {{1, "1000000", "", false}, {1, "999999", "", false}};
+  ASSERT_TRUE(SeedRng(g));
+  EXPECT_EQ(g.dice.LastSeed, 999999);
+  ASSERT_EQ(platform.messages.size(), 2u);
+  EXPECT_EQ(platform.messages[0].input1, "42");
+  EXPECT_EQ(platform.messages[0].text,
+            "Please enter a whole number between 1 and 999,999 to seed the random number "
+            "generator:\r");
+  EXPECT_TRUE(platform.messages[1].text.starts_with("Your seed value is out of limits."));
+
+  // Cancel seeds nothing.
+  platform.queuedReplies = {{2, "", "", false}};
+  EXPECT_FALSE(SeedRng(g));
+  EXPECT_EQ(g.dice.LastSeed, 999999);
+  // A platform that keeps answering with a bad value does not hang the game.
+  g.dice.LastSeed = 0;
+  EXPECT_FALSE(SeedRng(g));
+
+  // A script's given seed never prompts.
+  platform.messages.clear();
+  EXPECT_TRUE(SeedRngWith(g, 17));
+  EXPECT_TRUE(platform.messages.empty());
+}
+
+TEST_F(Dice, StartUpSeedsAllAndSelectsByLibraries) {
+  struct Case {
+    Long mask, selected;
+  };
+  for (const Case c : {Case{0, 0}, Case{kMissingSecondMt, 0}, Case{kMissingFirstMt, 1},
+                       Case{kMissingFirstMt | kMissingSecondMt, 3}}) {
+    auto fresh = NewGame();
+    fresh->dice.MissingDllMask = c.mask;
+    SeedGeneratorsAtStartUp(*fresh);
+    EXPECT_EQ(fresh->dice.RngIndex, c.selected) << c.mask;
+    EXPECT_TRUE(fresh->dice.ran1.initialised && fresh->dice.ran2.initialised);
+    EXPECT_TRUE(EventsLogText(*fresh).empty()) << "a log line only with the log on";
+    EXPECT_EQ(fresh->dice.mt19937.mti == kMtWords + 1, (c.mask & kMissingFirstMt) != 0);
+    EXPECT_EQ(fresh->dice.mtSecond.mti == kMtWords + 1, (c.mask & kMissingSecondMt) != 0);
+  }
+  // Five seedings within one millisecond: no two neighbours share a seed.
+  g.roll.LogOn = true;
+  SeedGeneratorsAtStartUp(g);
+  EXPECT_EQ(EventsLogText(g),
+            "    RNG #3 seeded: 1235\n"
+            "    RNG #5 seeded: 123456\n"
+            "    RNG #4 seeded: 123457\n"
+            "    RNG #2 seeded: 123456\n"
+            "    RNG #1 seeded: 123457\n");
 }
 
 }  // namespace

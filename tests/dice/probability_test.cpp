@@ -1,22 +1,31 @@
 // The probability table: every kind of set against tables worked by hand,
-// the locks between them, the undo of a set that can't be balanced, the
-// display modes, the axis dialog and the pick of a pair from k.
+// the locks, the undo of a set that can't be balanced, the display modes,
+// the axis dialog, the pick of a pair from k and, in the large, the pairs a
+// Hyper-Drive run draws; editing as the tab does; and probability files,
+// their bytes, round trip and the files that must be refused.
 #include "dice/probability.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <array>
-#include <memory>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <optional>
 #include <string>
 
-#include "core/headless_platform.h"
-#include "cycle/startup.h"
+#include "core/message_dialog.h"
+#include "cycle/hyperdrive.h"
+#include "dice/probability_edit.h"
+#include "dice/probability_file.h"
+#include "dice/rng.h"
+#include "tests/engine/roll_fixture.h"
 
 namespace {
 
-// Cells by dice: grid[die1 - 1][die2 - 1].
-using Grid = std::array<std::array<Long, 6>, 6>;
-using Totals = std::array<Long, 11>;  // totals 2..12
+namespace fs = std::filesystem;
+
+using Grid = std::array<std::array<Long, 6>, 6>;  // cells by dice: [die1 - 1][die2 - 1]
+using Totals = std::array<Long, 11>;              // totals 2..12
 using Faces = std::array<Long, 6>;
 
 Grid Uniform(Long v) {
@@ -25,38 +34,31 @@ Grid Uniform(Long v) {
   return g;
 }
 
-// A started-up game and readers of its probability table.
-struct TableUnderTest {
-  HeadlessPlatform platform;
-  std::unique_ptr<Game> owner = MakeGame(platform);
-  Game& g = *owner;
+void ExpectMessage(const MessageRequest& m, const std::string& text, const std::string& title,
+                   int helpId, int style) {
+  EXPECT_EQ(m.text, text);
+  EXPECT_EQ(m.title, title);
+  EXPECT_EQ(m.helpId, helpId);
+  EXPECT_EQ(m.style, style);
+}
 
-  TableUnderTest() {
-    platform.fixedTime = 0;
-    platform.clockStep = 1000;
-    StartUp(g, "/tmp/ravelton-tests");
-  }
-
+class Probability : public RollFixture {
+ protected:
+  Long Value(ProbEntry e) const { return ProbValue(g, e.a, e.b); }
   Grid Cells() const {
     Grid grid{};
     for (int d1 = 1; d1 <= 6; ++d1)
-      for (int d2 = 1; d2 <= 6; ++d2) {
-        const ProbEntry e = CellOfDice(d1, d2);
-        grid[d1 - 1][d2 - 1] = ProbValue(g, e.a, e.b);
-      }
+      for (int d2 = 1; d2 <= 6; ++d2) grid[d1 - 1][d2 - 1] = Value(CellOfDice(d1, d2));
     return grid;
   }
   Totals TotalValues() const {
     Totals t{};
-    for (int n = 2; n <= 12; ++n) t[n - 2] = ProbValue(g, kTotalRow, n - 1);
+    for (int n = 2; n <= 12; ++n) t[n - 2] = Value(TotalEntry(n));
     return t;
   }
   Faces FaceValues(int die) const {
     Faces f{};
-    for (int face = 1; face <= 6; ++face) {
-      const ProbEntry e = FaceEntry(die, face);
-      f[face - 1] = ProbValue(g, e.a, e.b);
-    }
+    for (int face = 1; face <= 6; ++face) f[face - 1] = Value(FaceEntry(die, face));
     return f;
   }
   bool Locked(ProbEntry e) const { return ProbFlag(g, e.a, e.b) == kProbLocked; }
@@ -68,24 +70,17 @@ struct TableUnderTest {
   }
   void Set(ProbEntry e, double units) { SetProbabilityCell(g, e.a, e.b, units, true); }
   void Lock(ProbEntry e) { FlipProbabilityLock(g, e.a, e.b); }
+  // Every cell 0, as a file may hold: nothing can be hit.
+  void EmptyCells() {
+    for (int a = 2; a <= 7; ++a)
+      for (int b = a - 1; b <= 13 - a; ++b) ProbValue(g, a, b) = 0;
+  }
+  void ExpectDiceInRange(const std::string& where) {
+    ASSERT_TRUE(g.Die1 >= 1 && g.Die1 <= 6 && g.Die2 >= 1 && g.Die2 <= 6) << where;
+  }
 };
 
-struct ProbabilityFixture : ::testing::Test, TableUnderTest {};
-
-TEST(ProbabilityGeometry, CellsAndDiceMapBothWaysAndFacesHoldSixCells) {
-  int cells = 0;
-  for (int a = 0; a <= 7; ++a)
-    for (int b = 0; b <= 13; ++b) {
-      if (!IsProbabilityCell(a, b)) continue;
-      ++cells;
-      const DicePair d = CellDice(a, b);
-      EXPECT_EQ(d.die1 + d.die2, b + 1);
-      EXPECT_EQ(CellOfDice(d.die1, d.die2), (ProbEntry{a, b}));
-    }
-  EXPECT_EQ(cells, 36);
-}
-
-TEST_F(ProbabilityFixture, TotalSetSharesItsValueInItsColumnAndTheRestOutside) {
+TEST_F(Probability, TotalSetSharesItsValueInItsColumnAndTheRestOutside) {
   SetProbabilityCell(g, kTotalRow, 6, 20000, false);  // 20 percent typed in mode 0
   Grid expected = Uniform(2667);
   for (int d1 = 1; d1 <= 6; ++d1) expected[d1 - 1][6 - d1] = 3333;
@@ -98,25 +93,25 @@ TEST_F(ProbabilityFixture, TotalSetSharesItsValueInItsColumnAndTheRestOutside) {
   EXPECT_EQ(LockedCount(), 1);
   EXPECT_TRUE(IsFreeFormDice(g));
   EXPECT_TRUE(g.probability.ProbDirty);
-}
 
-TEST_F(ProbabilityFixture, RoundingGoesToTheEvenUnitOnATie) {
-  Set(TotalEntry(3), 5001);  // (5001 - 0) / 2 = 2500.5
+  // Rounding goes to the even unit on a tie: (5001 - 0) / 2 = 2500.5.
+  NewProbabilities(g);
+  Set(TotalEntry(3), 5001);
   EXPECT_EQ(Cells()[0][1], 2500);
   EXPECT_EQ(Cells()[1][0], 2500);
   EXPECT_EQ(Cells()[0][0], 2794);  // Round(94999 / 34)
-  EXPECT_EQ(ProbValue(g, kTotalRow, 2), 5001);
-}
+  EXPECT_EQ(Value(TotalEntry(3)), 5001);
 
-TEST_F(ProbabilityFixture, ATotalAboveCertaintyIsCutAndLeavesTheOthersEmpty) {
+  // A total above certainty is cut and leaves the others empty.
+  NewProbabilities(g);
   Set(TotalEntry(12), 150000);
-  Grid expected = Uniform(0);
+  expected = Uniform(0);
   expected[5][5] = 100000;
   EXPECT_EQ(Cells(), expected);
-  EXPECT_EQ(ProbValue(g, kTotalRow, 11), 100000);
+  EXPECT_EQ(Value(TotalEntry(12)), 100000);
 }
 
-TEST_F(ProbabilityFixture, FaceSetWithNothingLockedKeepsTheDiceIndependent) {
+TEST_F(Probability, FaceSetWithNothingLockedKeepsTheDiceIndependent) {
   const ProbEntry six = FaceEntry(1, 6);
   SetProbabilityCell(g, six.a, six.b, 20000, false);
   EXPECT_EQ(FaceValues(1), (Faces{16000, 16000, 16000, 16000, 16000, 20000}));
@@ -124,12 +119,12 @@ TEST_F(ProbabilityFixture, FaceSetWithNothingLockedKeepsTheDiceIndependent) {
   Grid expected = Uniform(2667);  // Round(16000 x 16667 x 0.00001) = Round(2666.72)
   expected[5].fill(3333);         // Round(20000 x 16667 x 0.00001) = Round(3333.4)
   EXPECT_EQ(Cells(), expected);
-  EXPECT_EQ(ProbValue(g, kTotalRow, 6), 5 * 2667 + 3333);
+  EXPECT_EQ(Value(TotalEntry(7)), 5 * 2667 + 3333);
   EXPECT_FALSE(IsFreeFormDice(g));
   EXPECT_TRUE(Locked(six));
 }
 
-TEST_F(ProbabilityFixture, FaceSetWithALockedCellSpreadsOverTheFaceAndTheFreeCells) {
+TEST_F(Probability, FaceSetWithALockedCellSpreadsOverTheFaceAndTheFreeCells) {
   Lock(CellOfDice(1, 1));
   Set(FaceEntry(1, 1), 20000);
   Grid expected = Uniform(2667);                       // Round(80000 / 30)
@@ -143,77 +138,64 @@ TEST_F(ProbabilityFixture, FaceSetWithALockedCellSpreadsOverTheFaceAndTheFreeCel
   EXPECT_EQ(LockedCount(), 2);
 }
 
-TEST_F(ProbabilityFixture, CellSetInsideALockedTotalRebalancesTheTotalFirst) {
+TEST_F(Probability, CellSetsAreHeldByTheirLockedTotalAndFace) {
   Lock(TotalEntry(7));
   Set(CellOfDice(1, 6), 5000);
   Grid expected = Uniform(2778);  // Round((100000 - 11665 - 5000) / 30) = Round(2777.83)
   for (int d1 = 1; d1 <= 6; ++d1) expected[d1 - 1][6 - d1] = 2333;  // Round(11667 / 5)
   expected[0][5] = 5000;
   EXPECT_EQ(Cells(), expected);
-  EXPECT_EQ(ProbValue(g, kTotalRow, 6), 16667);
+  EXPECT_EQ(Value(TotalEntry(7)), 16667);
   EXPECT_EQ(FaceValues(1), (Faces{5000 + 5 * 2778, 2333 + 5 * 2778, 2333 + 5 * 2778,
                                   2333 + 5 * 2778, 2333 + 5 * 2778, 2333 + 5 * 2778}));
-}
 
-TEST_F(ProbabilityFixture, CellSetIsLimitedByWhatItsLockedFaceHasLeft) {
   // Face 1 of the first die locked at 16667 with four of its cells locked at
   // 2778: the two free cells share 16667 - 11112 = 5555.
+  NewProbabilities(g);
   Lock(FaceEntry(1, 1));
   for (int d2 = 2; d2 <= 5; ++d2) Lock(CellOfDice(1, d2));
   Set(CellOfDice(1, 1), 9000);
   const Grid cells = Cells();
   EXPECT_EQ(cells[0][0], 5555);  // min(9000, 5555)
   EXPECT_EQ(cells[0][5], 0);     // Round((16667 - 5555 - 11112) / 1)
-  // The 30 other cells share the rest: Round((88888 - 5555) / 30).
-  EXPECT_EQ(cells[3][3], 2778);
+  EXPECT_EQ(cells[3][3], 2778);  // the 30 others share Round((88888 - 5555) / 30)
 }
 
-TEST_F(ProbabilityFixture, UnbalanceableSetsAreUndoneButStayLocked) {
+TEST_F(Probability, UnbalanceableSetsAreUndoneButStayLocked) {
   struct Case {
     const char* why;
-    void (*prepare)(TableUnderTest&);
+    std::vector<ProbEntry> locks;
     ProbEntry entry;
   };
+  std::vector<ProbEntry> allButDieOne1, dieOne1Others = {FaceEntry(1, 1)};
+  for (int d1 = 2; d1 <= 6; ++d1)
+    for (int d2 = 1; d2 <= 6; ++d2) allButDieOne1.push_back(CellOfDice(d1, d2));
+  for (int d2 = 2; d2 <= 6; ++d2) dieOne1Others.push_back(CellOfDice(1, d2));
   const Case cases[] = {
-      {"a total whose only cell is locked", [](TableUnderTest& f) { f.Lock(CellOfDice(1, 1)); },
-       TotalEntry(2)},
+      {"a total whose only cell is locked", {CellOfDice(1, 1)}, TotalEntry(2)},
       {"a face with the five others of its die locked",
-       [](TableUnderTest& f) {
-         for (int face = 1; face <= 5; ++face) f.Lock(FaceEntry(2, face));
-       },
+       {FaceEntry(2, 1), FaceEntry(2, 2), FaceEntry(2, 3), FaceEntry(2, 4), FaceEntry(2, 5)},
        FaceEntry(2, 6)},
-      {"a cell whose locked face has every other cell locked",
-       [](TableUnderTest& f) {
-         f.Lock(FaceEntry(1, 1));
-         for (int d2 = 2; d2 <= 6; ++d2) f.Lock(CellOfDice(1, d2));
-       },
-       CellOfDice(1, 1)},
-      {"a face with something locked and no free cell outside it",
-       [](TableUnderTest& f) {
-         for (int d1 = 2; d1 <= 6; ++d1)
-           for (int d2 = 1; d2 <= 6; ++d2) f.Lock(CellOfDice(d1, d2));
-       },
-       FaceEntry(1, 1)},
+      {"a cell whose locked face has every other cell locked", dieOne1Others, CellOfDice(1, 1)},
+      {"a face with something locked and no free cell outside it", allButDieOne1, FaceEntry(1, 1)},
   };
   for (const Case& c : cases) {
-    TableUnderTest f;
-    c.prepare(f);
-    const Grid before = f.Cells();
-    const Long old = ProbValue(f.g, c.entry.a, c.entry.b);
-    f.Set(c.entry, 50000);
-    EXPECT_EQ(f.Cells(), before) << c.why;
-    EXPECT_EQ(ProbValue(f.g, c.entry.a, c.entry.b), old) << c.why;
-    EXPECT_TRUE(f.Locked(c.entry)) << c.why;
-    EXPECT_FALSE(f.g.probability.ProbDirty) << c.why;
+    SCOPED_TRACE(c.why);
+    NewProbabilities(g);
+    for (const ProbEntry e : c.locks) Lock(e);
+    const Grid before = Cells();
+    const Long old = Value(c.entry);
+    Set(c.entry, 50000);
+    EXPECT_EQ(Cells(), before);
+    EXPECT_EQ(Value(c.entry), old);
+    EXPECT_TRUE(Locked(c.entry));
+    EXPECT_FALSE(g.probability.ProbDirty);
     for (int a = 1; a <= 7; ++a)
-      for (int b = 1; b <= 13; ++b) {
-        const Long flag = ProbFlag(f.g, a, b);
-        EXPECT_TRUE(flag == 0 || flag == kProbLocked) << c.why;
-      }
+      for (int b = 1; b <= 13; ++b) EXPECT_TRUE(ProbFlag(g, a, b) == 0 || Locked({a, b})) << a << b;
   }
 }
 
-TEST_F(ProbabilityFixture, LocksFlipAndClear) {
+TEST_F(Probability, LocksFlipAndClear) {
   Lock(TotalEntry(4));
   Lock(FaceEntry(2, 3));
   EXPECT_FALSE(NoCellLocked(g));
@@ -225,7 +207,7 @@ TEST_F(ProbabilityFixture, LocksFlipAndClear) {
   EXPECT_EQ(Cells(), Uniform(2778));  // a lock never rebalances
 }
 
-TEST_F(ProbabilityFixture, AxisDialogMakesPercentageDiceAboutTheAxis) {
+TEST_F(Probability, AxisDialogMakesPercentageDiceAboutTheAxis) {
   SetAxisProbabilities(g, 0, 100, 0, 100);
   for (int die = 1; die <= 2; ++die)
     EXPECT_EQ(FaceValues(die), (Faces{0, 25000, 25000, 25000, 25000, 0}));
@@ -246,7 +228,7 @@ TEST_F(ProbabilityFixture, AxisDialogMakesPercentageDiceAboutTheAxis) {
   EXPECT_EQ(FaceValues(2), (Faces{16666, 16667, 16666, 16666, 16667, 16666}));
 }
 
-TEST_F(ProbabilityFixture, CellTextFollowsTheDisplayMode) {
+TEST_F(Probability, CellTextFollowsTheDisplayMode) {
   Set(TotalEntry(7), 20000);
   struct Case {
     Long mode;
@@ -283,46 +265,39 @@ TEST_F(ProbabilityFixture, CellTextFollowsTheDisplayMode) {
   EXPECT_EQ(ProbabilityCellText(g, 0, 0), "");
 }
 
-TEST_F(ProbabilityFixture, PickScansTheCellsRowByRow) {
-  struct Case {
-    Long k;
-    DicePair dice;
-  };
+TEST_F(Probability, PickScansTheCellsRowByRowAndAlwaysEnds) {
   // Row 2 holds 1-1, 1-2 .. 1-6, 2-6 .. 6-6; row 3 starts with 2-1.
-  const Case cases[] = {{1, {1, 1}},
-                        {2778, {1, 1}},
-                        {2779, {1, 2}},
-                        {6 * 2778, {1, 6}},
-                        {6 * 2778 + 1, {2, 6}},
-                        {11 * 2778, {6, 6}},
-                        {11 * 2778 + 1, {2, 1}},
-                        {100000, {6, 1}},
-                        {100001, {6, 1}}};
-  for (const Case& c : cases) {
-    PickProbabilityDice(g, c.k);
-    EXPECT_EQ((DicePair{g.Die1, g.Die2}), c.dice) << c.k;
+  const std::pair<Long, DicePair> cases[] = {{1, {1, 1}},
+                                             {2778, {1, 1}},
+                                             {2779, {1, 2}},
+                                             {6 * 2778, {1, 6}},
+                                             {6 * 2778 + 1, {2, 6}},
+                                             {11 * 2778, {6, 6}},
+                                             {11 * 2778 + 1, {2, 1}},
+                                             {100000, {6, 1}},
+                                             {100001, {6, 1}}};
+  for (const auto& [k, dice] : cases) {
+    PickProbabilityDice(g, k);
+    EXPECT_EQ((DicePair{g.Die1, g.Die2}), dice) << k;
   }
-}
-
-TEST_F(ProbabilityFixture, PickDrawsAgainBeyondTheSumAndEndsOnAnEmptyTable) {
+  // Beyond the sum k is drawn again.
   Set(TotalEntry(12), 100000);  // all on 6-6, the cells sum to exactly 100000
   for (int i = 0; i < 20; ++i) {
     PickProbabilityDice(g, 100001);
     EXPECT_EQ((DicePair{g.Die1, g.Die2}), (DicePair{6, 6}));
   }
-  // A table whose cells are all 0 (as a file may hold) can't be hit.
-  for (int a = 2; a <= 7; ++a)
-    for (int b = a - 1; b <= 13 - a; ++b) ProbValue(g, a, b) = 0;
+  // A table whose cells can't be hit gives fair dice.
+  EmptyCells();
   std::array<int, 7> seen{};
   for (int i = 0; i < 600; ++i) {
     PickProbabilityDice(g, 1);
-    ASSERT_TRUE(g.Die1 >= 1 && g.Die1 <= 6 && g.Die2 >= 1 && g.Die2 <= 6);
+    ExpectDiceInRange("empty table");
     ++seen[g.Die1];
   }
   for (int face = 1; face <= 6; ++face) EXPECT_GT(seen[face], 50) << face;
 }
 
-TEST_F(ProbabilityFixture, KindSwitchesRebuildWhatTheKindImplies) {
+TEST_F(Probability, KindSwitchesRebuildWhatTheKindImplies) {
   Set(CellOfDice(3, 3), 10000);
   EXPECT_TRUE(IsFreeFormDice(g));
   UnlockAllProbabilities(g);
@@ -349,6 +324,405 @@ TEST_F(ProbabilityFixture, KindSwitchesRebuildWhatTheKindImplies) {
   EXPECT_EQ(Cells(), Uniform(2778));
   EXPECT_FALSE(IsFreeFormDice(g));
   EXPECT_FALSE(g.probability.ProbDirty);
+}
+
+// Skewed dice in the large: a long Hyper-Drive run with probability dice on
+// shows each pair as often as its cell says (Pearson's chi-square over the
+// pairs); the events log names the table. The draw reads the cells alone,
+// whatever the kind of dice, so one skewed Free Form table with a pair that
+// never comes serves both kinds.
+class ProbabilityDraw : public Probability {
+ protected:
+#ifdef NDEBUG
+  static constexpr std::int64_t kRolls = 10'000'000;
+#else
+  static constexpr std::int64_t kRolls = 300'000;  // a smoke run; the check proper needs Release
+#endif
+  // The 0.999 quantile of chi-square with 34 degrees of freedom.
+  static constexpr double kChiSquare999With34 = 65.247;
+  using Counts = std::array<std::array<std::int64_t, 6>, 6>;
+
+  ProbabilityDraw() {
+    g.dice.RngIndex = 0;
+    SeedRngWith(g, 20261123);
+  }
+
+  // Each pair's chance under the draw: k is uniform on 1..100000 and picks
+  // the first cell (in row order) whose running sum reaches it; a k beyond
+  // the cells' sum is drawn again, so only the first 100000 units count.
+  std::array<std::array<double, 6>, 6> Expected() const {
+    std::array<std::array<double, 6>, 6> p{};
+    std::int64_t sum = 0;
+    double reachable = 0;
+    for (int a = 2; a <= 7; ++a)
+      for (int b = a - 1; b <= 13 - a; ++b) {
+        const std::int64_t lo = std::min<std::int64_t>(sum, kProbCertain);
+        sum += ProbValue(g, a, b);
+        const std::int64_t hi = std::min<std::int64_t>(sum, kProbCertain);
+        const DicePair d = CellDice(a, b);
+        p[d.die1 - 1][d.die2 - 1] = static_cast<double>(hi - lo);
+        reachable += static_cast<double>(hi - lo);
+      }
+    for (auto& row : p)
+      for (double& x : row) x /= reachable;
+    return p;
+  }
+
+  // Runs Hyper-Drive and checks Pearson's statistic over the pairs that can
+  // come against its 0.999 quantile (a fit fails by chance once in a
+  // thousand runs) with the given degrees of freedom.
+  void RunAndFit(int degrees, double quantile999) {
+    Counts counts{};
+    g.dice.ProbabilityDiceOn = true;
+    g.hyper.RunRollLimit = kRolls;
+    g.hyper.RollObserver = [](void* c, const Game& game) {
+      (*static_cast<Counts*>(c))[game.Die1 - 1][game.Die2 - 1]++;
+    };
+    g.hyper.RollObserverContext = &counts;
+    RunHyperDrive(g);
+    EXPECT_EQ(g.hyper.RollsThisRun, kRolls) << g.StopMessage;
+    const auto p = Expected();
+    double chi = 0;
+    int free = -1;
+    for (int i = 0; i < 6; ++i)
+      for (int j = 0; j < 6; ++j) {
+        if (p[i][j] == 0) {
+          EXPECT_EQ(counts[i][j], 0) << i + 1 << "-" << j + 1;
+          continue;
+        }
+        const double expected = p[i][j] * static_cast<double>(kRolls);
+        const double d = static_cast<double>(counts[i][j]) - expected;
+        chi += d * d / expected;
+        ++free;
+      }
+    std::printf("chi-square %.2f with %d degrees of freedom over %lld rolls\n", chi, free,
+                static_cast<long long>(kRolls));
+    EXPECT_EQ(free, degrees);
+    EXPECT_LT(chi, quantile999);
+  }
+};
+
+TEST_F(ProbabilityDraw, FreeFormDiceFitTheirTable) {
+  Set(TotalEntry(7), 25000);
+  Set(CellOfDice(3, 3), 6000);
+  Set(CellOfDice(1, 2), 0);  // a pair that never comes
+  ASSERT_TRUE(IsFreeFormDice(g));
+  RunAndFit(34, kChiSquare999With34);
+}
+
+TEST_F(ProbabilityDraw, TheEventsLogNamesTheTableInUse) {
+  Set(TotalEntry(12), 100000);  // every roll 6-6
+  g.dice.ProbabilityDiceOn = true;
+  g.roll.LogOn = true;
+  ClearEventsLog(g);
+  g.hyper.RunRollLimit = 2;
+  RunHyperDrive(g);
+  g.probability.ProbFilePath = "/data/boxcars.prb";
+  g.hyper.RunRollLimit = 1;
+  RunHyperDrive(g);
+  const std::string log = EventsLogText(g);
+  EXPECT_NE(log.find(" Roll #2:  12 (6.6) from RNG #1 using untitled probability matrix\n"),
+            std::string::npos)
+      << log;
+  EXPECT_NE(
+      log.find(" Roll #3:  12 (6.6) from RNG #1 using probability matrix: /data/boxcars.prb\n"),
+      std::string::npos)
+      << log;
+}
+
+// Editing as the tab does.
+TEST(ProbabilityEditMoves, ArrowsStayOnEntriesAndStopAtTheEdge) {
+  struct Case {
+    ProbEntry from;
+    int rows, columns;
+    ProbEntry to;
+  };
+  const Case cases[] = {
+      {{1, 1}, -1, 0, {1, 1}},    // the totals row is the top
+      {{1, 5}, 1, 0, {2, 5}},     // from total 6 down into its cells
+      {{2, 1}, 1, 0, {2, 1}},     // total 2 has a single cell
+      {{7, 6}, 1, 0, {7, 6}},     // the bottom of the longest column
+      {{7, 6}, 0, 1, {7, 12}},    // row 7 skips the short columns to the faces
+      {{7, 12}, 0, -1, {7, 6}},   // and back
+      {{7, 12}, 0, 1, {7, 13}},   // first die to second die
+      {{7, 13}, 0, 1, {7, 13}},   // the right edge
+      {{1, 11}, 0, 1, {1, 11}},   // no face in the totals row
+      {{2, 1}, 0, -1, {2, 1}},    // the left edge
+      {{3, 12}, -1, 0, {2, 12}},  // face 2 up to face 1
+      {{2, 12}, -1, 0, {2, 12}},  // no total above a face
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(MoveProbabilityEntry(c.from, c.rows, c.columns), c.to)
+        << c.from.a << "," << c.from.b << " by " << c.rows << "," << c.columns;
+}
+
+TEST(ProbabilityEditText, OnlyPlainNumbersAreRead) {
+  const std::pair<const char*, std::optional<double>> cases[] = {
+      {"20", 20.0},          {"12.345", 12.345},    {"-1.5", -1.5},
+      {".5", 0.5},           {"7.", 7.0},           {"", std::nullopt},
+      {"-", std::nullopt},   {".", std::nullopt},   {"1.2.3", std::nullopt},
+      {"abc", std::nullopt}, {"1e5", std::nullopt}, {"5-", std::nullopt},
+      {" 5", std::nullopt},
+  };
+  for (const auto& [text, want] : cases) EXPECT_EQ(ParseProbabilityText(text), want) << text;
+}
+
+TEST_F(Probability, TheSelectionIsAlwaysAnEntryAndTheCaptionNamesTheFile) {
+  EXPECT_EQ(SelectedProbabilityEntry(g), TotalEntry(2));
+  SelectProbabilityEntry(g, FaceEntry(2, 4));
+  EXPECT_EQ(SelectedProbabilityEntry(g), FaceEntry(2, 4));
+  SelectProbabilityEntry(g, {1, 12});  // not an entry: the selection stays
+  EXPECT_EQ(SelectedProbabilityEntry(g), FaceEntry(2, 4));
+  // A file may bring any selection; one that names no entry reads as total 2.
+  ProbFlag(g, 0, 1) = 99;
+  ProbFlag(g, 0, 2) = -4;
+  EXPECT_EQ(SelectedProbabilityEntry(g), TotalEntry(2));
+
+  EXPECT_EQ(ProbabilityFileCaption(g), "untitled");
+  g.probability.ProbFilePath = "/some/folder/Loaded Sevens.prb";
+  EXPECT_EQ(ProbabilityFileCaption(g), "Loaded Sevens.prb");
+}
+
+TEST_F(Probability, ATypedValueIsReadInTheDisplayModeAndABadOneChangesNothing) {
+  const ProbEntry seven = TotalEntry(7);
+  const ProbabilityState before = g.probability;
+  EXPECT_FALSE(EnterProbabilityText(g, seven, "2O"));
+  EXPECT_FALSE(EnterProbabilityText(g, seven, ""));
+  EXPECT_FALSE(EnterProbabilityText(g, {1, 12}, "20"));  // no entry there
+  EXPECT_EQ(g.probability, before);
+  struct Case {
+    Long mode;
+    double rollsOutOf;
+    const char* text;
+    Long total;  // total 7 after the set
+  };
+  const Case cases[] = {
+      {kShowPercentage, 36, "20", 20000},
+      {kShowPercentFromTrue, 36, "1.5", 18167},  // 16666.67 + 1500
+      {kShowRollsOutOf, 36, "7", 19444},         // 7 x 100000 / 36
+      {kShowRollsOutOf, 100, "25", 25000},
+      {kShowRollsFromTrue, 36, "-1", 13889},  // 6 - 1 rolls out of 36
+      {kShowRollsFromTrue, 100, "1", 17667},  // 1 x 100000 / 100 + 16666.67
+      {kShowPercentFromTrue, 36, "-50", 0},   // below true by more than all of it
+  };
+  for (const Case& c : cases) {
+    NewProbabilities(g);
+    g.probability.ProbDisplayMode = c.mode;
+    g.probability.RollsOutOf = c.rollsOutOf;
+    ASSERT_TRUE(EnterProbabilityText(g, seven, c.text)) << c.text;
+    EXPECT_EQ(Value(seven), c.total) << "mode " << c.mode << " " << c.text;
+    EXPECT_TRUE(Locked(seven));
+    EXPECT_TRUE(g.probability.ProbDirty);
+  }
+}
+
+TEST_F(Probability, RollsOutOfMustBeAboveZero) {
+  for (const char* bad : {"0", "-3", "0.0000", "", "x"}) {
+    EXPECT_FALSE(EnterRollsOutOf(g, bad)) << bad;
+    EXPECT_EQ(g.probability.RollsOutOf, 36) << bad;
+  }
+  ASSERT_TRUE(EnterRollsOutOf(g, "36.25"));
+  EXPECT_EQ(RollsOutOfText(g), "36.25");
+  g.probability.ProbDisplayMode = kShowRollsOutOf;
+  EXPECT_EQ(ProbabilityModeCaption(g), "Shown as number of rolls out of 36.25");
+  ASSERT_TRUE(EnterRollsOutOf(g, "100"));
+  EXPECT_EQ(RollsOutOfText(g), "100");
+  EXPECT_EQ(ProbabilityCellText(g, 1, 6), "16.667");  // a cell reads as its share of N
+}
+
+// Probability files.
+constexpr std::size_t kFileBytes = 5 * 256;
+constexpr std::size_t kTableEnd = 256 + 224 * 4;  // the bytes a whole table needs
+
+std::int32_t EntryAt(const std::string& bytes, std::size_t offset) {
+  std::uint32_t u = 0;
+  for (int i = 3; i >= 0; --i) u = u << 8 | static_cast<unsigned char>(bytes[offset + i]);
+  return static_cast<std::int32_t>(u);
+}
+void PutEntry(std::string& bytes, std::size_t offset, std::int32_t v) {
+  for (int i = 0; i < 4; ++i) bytes[offset + i] = static_cast<char>((v >> (8 * i)) & 0xFF);
+}
+// Byte offset of entry (k, a, b) in a file.
+std::size_t Offset(int k, int a, int b) { return 256 + 4 * (k * 112 + a * 14 + b); }
+
+class ProbabilityFile : public Probability {
+ protected:
+  // A skewed, partly locked table to save.
+  void Skew() {
+    Set(TotalEntry(7), 20000);
+    Set(CellOfDice(2, 5), 4000);
+    ProbFlag(g, 0, 1) = 3;  // the selected entry
+    ProbFlag(g, 0, 2) = 4;
+  }
+};
+
+TEST_F(ProbabilityFile, SavedBytesHoldTheHeaderThenFlagsThenValuesInFileOrder) {
+  Skew();
+  ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
+  const std::string bytes = ReadWholeFile(folder / "skew.prb");
+  ASSERT_EQ(bytes.size(), kFileBytes);
+  EXPECT_EQ(bytes.substr(0, 200), std::string(kProbabilityFileHeader) +
+                                      std::string(200 - kProbabilityFileHeader.size(), ' '));
+  EXPECT_EQ(EntryAt(bytes, Offset(0, 0, 0)), kFreeFormDice);
+  EXPECT_EQ(EntryAt(bytes, Offset(0, 0, 1)), 3);
+  EXPECT_EQ(EntryAt(bytes, Offset(0, 0, 2)), 4);
+  EXPECT_EQ(EntryAt(bytes, Offset(0, 1, 6)), kProbLocked);  // total 7
+  EXPECT_EQ(EntryAt(bytes, Offset(1, 1, 6)), 20000);
+  const ProbEntry cell = CellOfDice(2, 5);
+  EXPECT_EQ(EntryAt(bytes, Offset(1, cell.a, cell.b)), 4000);
+  EXPECT_EQ(EntryAt(bytes, Offset(1, 7, 13)), ProbValue(g, 7, 13));  // the last entry
+  EXPECT_EQ(Offset(1, 7, 13) + 4, kTableEnd);
+  EXPECT_EQ(bytes.substr(kTableEnd), std::string(128, '\0'));
+  EXPECT_EQ(g.probability.ProbFilePath, folder / "skew.prb");
+  EXPECT_FALSE(g.probability.ProbDirty);
+  EXPECT_FALSE(fs::exists(folder / "skew.prb.~prb"));
+}
+
+TEST_F(ProbabilityFile, RoundTripRestoresTheWholeTableAndLeavesTheDiceSwitchAlone) {
+  Skew();
+  ASSERT_TRUE(SaveProbabilityFile(g, folder / "round.prb"));
+  const auto saved = g.probability.ProbabilityTable;
+  NewProbabilities(g);
+  g.probability.ProbDirty = true;
+  g.dice.ProbabilityDiceOn = true;
+  ASSERT_TRUE(LoadProbabilityFile(g, "round.prb"));  // a bare name: the data folder
+  EXPECT_EQ(g.probability.ProbabilityTable, saved);
+  EXPECT_EQ(g.probability.ProbFilePath, folder / "round.prb");
+  EXPECT_FALSE(g.probability.ProbDirty);
+  EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+  // The record's ignored tail may be missing: 1152 bytes are a whole table.
+  WriteWholeFile(folder / "short-tail.prb",
+                 ReadWholeFile(folder / "round.prb").substr(0, kTableEnd));
+  NewProbabilities(g);
+  EXPECT_TRUE(LoadProbabilityFile(g, folder / "short-tail.prb"));
+  EXPECT_EQ(g.probability.ProbabilityTable, saved);
+}
+
+TEST_F(ProbabilityFile, BadFilesAreRefusedAndTheTableInUseStays) {
+  Skew();
+  ASSERT_TRUE(SaveProbabilityFile(g, "good.prb"));
+  const std::string good = ReadWholeFile(folder / "good.prb");
+  NewProbabilities(g);
+  Set(TotalEntry(2), 9000);
+  const auto inUse = g.probability.ProbabilityTable;
+  const std::string path = g.probability.ProbFilePath;
+
+  auto with = [&](std::size_t offset, std::int32_t v) {
+    std::string b = good;
+    PutEntry(b, offset, v);
+    return b;
+  };
+  std::string otherHeader = good, olderFormat = good;
+  otherHeader.replace(0, 6, "Bogus ");
+  olderFormat.replace(kProbabilityFileHeader.size() - 3, 3, "4.5");
+  const std::pair<const char*, std::string> cases[] = {
+      {"empty", ""},
+      {"one byte short", good.substr(0, kTableEnd - 1)},
+      {"another header", otherHeader},
+      {"an older format", olderFormat},
+      {"a negative cell", with(Offset(1, 2, 1), -5)},
+      {"a mark left in a flag", with(Offset(0, 2, 1), 4)},
+      {"an unknown kind of dice", with(Offset(0, 0, 0), 7)},
+      {"random bytes", std::string(kFileBytes, '\xA5')},
+  };
+  for (const auto& [why, bytes] : cases) {
+    SCOPED_TRACE(why);
+    WriteWholeFile(folder / "bad.prb", bytes);
+    EXPECT_EQ(ReadProbabilityFile(g, "bad.prb"), ProbFileStatus::NotProbabilityFile);
+    EXPECT_EQ(g.probability.ProbabilityTable, inUse);
+    EXPECT_EQ(g.probability.ProbFilePath, path);
+    EXPECT_TRUE(g.probability.ProbDirty);
+  }
+  EXPECT_TRUE(platform.messages.empty());  // from a game file or a script: silent
+  EXPECT_EQ(ReadProbabilityFile(g, "missing.prb"), ProbFileStatus::NotFound);
+  EXPECT_FALSE(fs::exists(folder / "missing.prb"));
+  EXPECT_EQ(ReadProbabilityFile(g, folder.Path()), ProbFileStatus::Unreadable);
+  EXPECT_EQ(g.probability.ProbabilityTable, inUse);
+
+  // Picked by hand, the user is told.
+  EXPECT_FALSE(LoadProbabilityFile(g, folder / "bad.prb", true));
+  ASSERT_EQ(platform.messages.size(), 1u);
+  ExpectMessage(platform.messages[0],
+                folder / "bad.prb" +
+                    "\ris either from an older version, has been corrupted, or is not a "
+                    "true Ravelton Probability File.",
+                "Unable to Open Probability File", 105, kMsgOk | kMsgPicStop);
+}
+
+TEST_F(ProbabilityFile, ASaveThatCannotWriteLeavesTheOldFileAndNoTemporary) {
+  ASSERT_TRUE(SaveProbabilityFile(g, "kept.prb"));
+  const std::string before = ReadWholeFile(folder / "kept.prb");
+  Set(TotalEntry(7), 30000);
+  EXPECT_FALSE(SaveProbabilityFile(g, folder / "no-such-folder/x.prb"));
+  EXPECT_TRUE(g.probability.ProbDirty);
+  EXPECT_EQ(g.probability.ProbFilePath, folder / "kept.prb");
+  fs::create_directories(folder / "kept-dir.prb");  // a folder in the way of the rename
+  EXPECT_FALSE(SaveProbabilityFile(g, folder / "kept-dir.prb"));
+  EXPECT_FALSE(fs::exists(folder / "kept-dir.prb.~prb"));
+  EXPECT_EQ(ReadWholeFile(folder / "kept.prb"), before);
+}
+
+TEST_F(ProbabilityFile, UnsavedNumbersAreAskedAboutBeforeNewOrOpen) {
+  EXPECT_EQ(AskToSaveProbabilities(g), ProbSaveChoice::Go);  // nothing unsaved: no question
+  EXPECT_TRUE(platform.messages.empty());
+  Set(TotalEntry(7), 20000);
+  const struct {
+    int answer;
+    const char* path;
+    ProbSaveChoice choice;
+    bool dirtyAfter;
+  } cases[] = {
+      {kAnswerCancel, "", ProbSaveChoice::Cancel, true},
+      {kAnswerNo, "", ProbSaveChoice::Go, true},
+      {kAnswerYes, "", ProbSaveChoice::SaveAs, true},
+      {kAnswerYes, "default.prb", ProbSaveChoice::SaveAs, true},
+      {kAnswerYes, "mine.prb", ProbSaveChoice::Go, false},
+  };
+  for (const auto& c : cases) {
+    g.probability.ProbDirty = true;
+    g.probability.ProbFilePath = c.path[0] ? folder / c.path : "";
+    platform.queuedReplies.push_back({c.answer, "", "", false});
+    EXPECT_EQ(AskToSaveProbabilities(g), c.choice) << c.answer << c.path;
+    EXPECT_EQ(g.probability.ProbDirty, c.dirtyAfter) << c.answer << c.path;
+  }
+  EXPECT_TRUE(fs::exists(folder / "mine.prb"));
+  ASSERT_EQ(platform.messages.size(), 5u);
+  ExpectMessage(platform.messages[0],
+                "These numbers have not been saved.\r\rDo you want to save them now?",
+                "Save Probabilities?", 600, kMsgYes | kMsgNo | kMsgCancel | kMsgFocusYes);
+}
+
+TEST_F(ProbabilityFile, HostileTablesThatPassTheChecksStillDrawAndBalance) {
+  // Files with the right header and random entries, most of them refused;
+  // what is accepted must still give dice in range and take any set.
+  ASSERT_TRUE(SaveProbabilityFile(g, "base.prb"));
+  const std::string base = ReadWholeFile(folder / "base.prb");
+  std::uint32_t state = 12345;
+  auto next = [&] { return state = state * 1664525u + 1013904223u; };
+  int accepted = 0;
+  for (int file = 0; file < 200; ++file) {
+    std::string bytes = base;
+    const int changes = 1 + static_cast<int>(next() % 40);
+    for (int i = 0; i < changes; ++i) {
+      const std::size_t entry = next() % 224;
+      // Values: anything, or small ones that keep the table legal.
+      const std::int32_t v = (next() & 1) ? static_cast<std::int32_t>(next())
+                                          : static_cast<std::int32_t>(next() % 200000);
+      PutEntry(bytes, 256 + 4 * entry, entry < 112 ? ((next() & 1) ? 0 : kProbLocked) : v);
+    }
+    WriteWholeFile(folder / "hostile.prb", bytes);
+    if (!LoadProbabilityFile(g, "hostile.prb")) continue;
+    ++accepted;
+    for (Long k : {1, 50000, 100000, 100001}) {
+      PickProbabilityDice(g, k);
+      ExpectDiceInRange("file " + std::to_string(file));
+    }
+    const ProbEntry e = (file % 3 == 0)   ? TotalEntry(2 + file % 11)
+                        : (file % 3 == 1) ? FaceEntry(1 + file % 2, 1 + file % 6)
+                                          : CellOfDice(1 + file % 6, 1 + (file / 6) % 6);
+    Set(e, static_cast<double>(next() % 150000));
+  }
+  EXPECT_GT(accepted, 10);
 }
 
 }  // namespace

@@ -131,53 +131,50 @@ TEST_F(PadRolls, AClickRollsThroughTheCycleAheadOfAPlayingFile) {
             " Roll #3:  9 (6.3) from manual roll pad\n");
 }
 
-TEST_F(PadRolls, DuringHyperDriveAClickAsksToStopAndNeverRolls) {
-  g.HyperDrive = g.KeepRolling = true;
-  EXPECT_EQ(PadClick(g, true, 10, 10, 600, 600, 0.0), PadClickOutcome::ShowMenu);
-  EXPECT_TRUE(platform.messages.empty()) << "the right button only opens the menu";
-  MessageReply yes;
-  yes.answer = kAnswerYes;
-  platform.queuedReplies.push_back(yes);
-  EXPECT_EQ(PadClick(g, false, 10, 30, 600, 600, 0.0), PadClickOutcome::Nothing);
-  ASSERT_EQ(platform.messages.size(), 1u);
-  EXPECT_EQ(platform.messages[0].text, "Do you want to stop Hyper-Drive?");
-  EXPECT_EQ(platform.messages[0].title, "Hyper-Drive Active");
-  EXPECT_EQ(platform.messages[0].helpId, 540);
-  EXPECT_EQ(platform.messages[0].style, 9222);
-  EXPECT_FALSE(g.KeepRolling);
-  EXPECT_FALSE(g.pad.PadRollPending);
-  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
-  g.HyperDrive = false;
-  g.RollBusy = true;
-  EXPECT_EQ(PadClick(g, false, 10, 30, 600, 600, 0.0), PadClickOutcome::Nothing);
-  EXPECT_FALSE(PadRandomRoll(g));
-}
-
-TEST_F(PadRolls, DuringAScriptRunAClickOffersToInterruptAndNeverRolls) {
+// During a Hyper-Drive or a script run a click asks to stop it, whatever
+// the answer it never rolls, and the right button only opens the menu.
+TEST_F(PadRolls, DuringARunAClickAsksToStopAndNeverRolls) {
+  struct Case {
+    bool& (*running)(Game&);
+    bool runningAfterYes;
+    const char *text, *title;
+    int helpId, style;
+  };
+  const Case cases[] = {
+      {[](Game& g) -> bool& { return g.HyperDrive; }, true, "Do you want to stop Hyper-Drive?",
+       "Hyper-Drive Active", 540, 9222},
+      {[](Game& g) -> bool& { return g.scriptRun.ScriptRunning; }, false,
+       "Do you want to interrupt auto-betting?", "Auto-Bet Active", 640, 0x2406},
+  };
   g.pad.PadOptions = 1 << static_cast<int>(PadKind::BoxCombos);
-  g.scriptRun.ScriptRunning = g.KeepRolling = true;
-  EXPECT_EQ(PadClick(g, true, 10, 30, 600, 600, 0.0), PadClickOutcome::ShowMenu);
-  // No keeps the run going; Yes stops it; neither rolls the clicked cell.
-  MessageReply no, yes;
-  no.answer = kAnswerNo;
-  yes.answer = kAnswerYes;
-  platform.queuedReplies.push_back(no);
-  EXPECT_EQ(PadClick(g, false, 350, 150, 600, 600, 0.0), PadClickOutcome::Nothing);
-  EXPECT_TRUE(g.scriptRun.ScriptRunning);
-  platform.queuedReplies.push_back(yes);
-  EXPECT_FALSE(PadRandomRoll(g));
-  ASSERT_EQ(platform.messages.size(), 2u);
-  for (const auto& m : platform.messages) {
-    EXPECT_EQ(m.text, "Do you want to interrupt auto-betting?");
-    EXPECT_EQ(m.title, "Auto-Bet Active");
-    EXPECT_EQ(m.helpId, 640);
-    EXPECT_EQ(m.style, 0x2406);
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.title);
+    c.running(g) = g.KeepRolling = true;
+    platform.messages.clear();
+    EXPECT_EQ(PadClick(g, true, 350, 150, 600, 600, 0.0), PadClickOutcome::ShowMenu);
+    EXPECT_TRUE(platform.messages.empty());
+    platform.queuedReplies.push_back({kAnswerNo, "", "", false});
+    EXPECT_EQ(PadClick(g, false, 350, 150, 600, 600, 0.0), PadClickOutcome::Nothing);
+    EXPECT_TRUE(c.running(g) && g.KeepRolling) << "No keeps the run going";
+    platform.queuedReplies.push_back({kAnswerYes, "", "", false});
+    EXPECT_FALSE(PadRandomRoll(g));
+    ASSERT_EQ(platform.messages.size(), 2u);
+    for (const auto& m : platform.messages) {
+      EXPECT_EQ(m.text, c.text);
+      EXPECT_EQ(m.title, c.title);
+      EXPECT_EQ(m.helpId, c.helpId);
+      EXPECT_EQ(m.style, c.style);
+    }
+    EXPECT_EQ(c.running(g), c.runningAfterYes);
+    EXPECT_FALSE(g.KeepRolling);
+    EXPECT_FALSE(g.pad.PadRollPending);
+    EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
+    c.running(g) = false;
   }
-  EXPECT_FALSE(g.scriptRun.ScriptRunning);
-  EXPECT_FALSE(g.KeepRolling);
-  EXPECT_FALSE(g.pad.PadRollPending);
-  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
-  // With the run over the pad rolls again.
+  g.RollBusy = true;
+  EXPECT_EQ(PadClick(g, false, 350, 150, 600, 600, 0.0), PadClickOutcome::Nothing);
+  EXPECT_FALSE(PadRandomRoll(g));
+  g.RollBusy = false;  // with the run over the pad rolls again
   EXPECT_EQ(PadClick(g, false, 350, 150, 600, 600, 0.0), PadClickOutcome::Rolled);
 }
 

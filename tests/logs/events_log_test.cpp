@@ -1,21 +1,33 @@
 // The events log file and its index: the writer keeps one record per line,
 // a reader rebuilds any index that does not fit its log, pages come from the
 // middle of a large log by the index alone, Find wraps, and the viewer's
-// scroll bar reaches every line.
+// scroll bar reaches every line. The printout: every line of the file in
+// order under the heading, an empty log refused. And with the log on for
+// every kind and a dice roll file recording, a Hyper-Drive roll allocates
+// nothing once the log's buffers exist.
 #include "logs/events_log.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "core/catalogue.h"
 #include "core/file_io.h"
 #include "core/message_dialog.h"
+#include "cycle/hyperdrive.h"
 #include "cycle/session.h"
+#include "dice/dice_file.h"
+#include "dice/rng.h"
+#include "engine/place.h"
+#include "engine/players.h"
 #include "logs/events_log_index.h"
+#include "logs/events_log_print.h"
 #include "logs/events_log_view.h"
 #include "tests/engine/roll_fixture.h"
+#include "tests/support/count_allocations.h"
 
 namespace {
 
@@ -127,57 +139,45 @@ TEST_F(EventsLog, TheTopLineFollowsRollLinesOnlyWhenAsked) {
 // and the new index are those of the log as it is.
 TEST_F(EventsLog, AnIndexThatDoesNotFitItsLogIsRebuilt) {
   const std::string good = "one\r\ntwo\r\n\r\nfour\r\nfive\r\n";
+  std::string pastTheEnd = ModelIndex(good);
+  PutLong32(reinterpret_cast<unsigned char*>(pastTheEnd.data()) + 16, 1000);
   struct Case {
     const char* what;
     std::string log;
-    std::function<void(const std::string& log, const std::string& index)> spoil;
+    std::optional<std::string> index;  // none: no index file
+    bool sameStamp = false;            // the index gets the log's time stamp
+    const char* logTail = "";          // then appended to the log
   };
-  const std::vector<Case> cases = {
-      {"missing index", good, [](auto&, auto& index) { RemoveFileIfPresent(index); }},
-      {"part of a record", good,
-       [](auto&, auto& index) { std::ofstream(index, std::ios::app | std::ios::binary) << 'x'; }},
-      {"one record short", good,
-       [](auto& log, auto& index) {
-         WriteWholeFile(index, ModelIndex(ReadWholeFile(log)).substr(4));
-         CopyModificationTime(log, index);
-       }},
-      {"garbage records, same length and stamp", good,
-       [](auto& log, auto& index) {
-         WriteWholeFile(index, std::string(20, '\x7f'));
-         CopyModificationTime(log, index);
-       }},
-      {"positions past the end", good,
-       [](auto& log, auto& index) {
-         std::string idx = ModelIndex(ReadWholeFile(log));
-         PutLong32(reinterpret_cast<unsigned char*>(idx.data()) + 16, 1000);
-         WriteWholeFile(index, idx);
-         CopyModificationTime(log, index);
-       }},
-      {"log appended by hand", good,
-       [](auto& log, auto&) { std::ofstream(log, std::ios::app | std::ios::binary) << "six\r\n"; }},
-      {"log without a last line end", "a\r\nb\r\nlast",
-       [](auto&, auto& index) { RemoveFileIfPresent(index); }},
-      {"log emptied", "", [](auto&, auto& index) { WriteWholeFile(index, std::string(8, '\0')); }},
-      {"bare LF lines and a lone CR", "x\ny\r\rz\n",
-       [](auto&, auto& index) { WriteWholeFile(index, "junk"); }},
+  const Case cases[] = {
+      {"missing index", good, std::nullopt},
+      {"part of a record", good, ModelIndex(good) + 'x'},
+      {"one record short", good, ModelIndex(good).substr(4), true},
+      {"garbage records, same length and stamp", good, std::string(20, '\x7f'), true},
+      {"positions past the end", good, pastTheEnd, true},
+      {"log appended by hand", good, ModelIndex(good), false, "six\r\n"},
+      {"log without a last line end", "a\r\nb\r\nlast", std::nullopt},
+      {"log emptied, same stamp", "", std::string(8, '\0'), true},
+      {"bare LF lines and a lone CR", "x\ny\r\rz\n", "junk"},
   };
   for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
     WriteWholeFile(LogPath(), c.log);
-    ASSERT_TRUE([&] {
-      std::string e;
-      return BuildEventsLogRef(LogPath(), IndexPath(), e);
-    }());
-    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
-    c.spoil(LogPath(), IndexPath());
+    std::string error;
+    ASSERT_TRUE(BuildEventsLogRef(LogPath(), IndexPath(), error));
+    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
+    RemoveFileIfPresent(IndexPath());
+    if (c.index) WriteWholeFile(IndexPath(), *c.index);
+    if (c.sameStamp) CopyModificationTime(LogPath(), IndexPath());
+    std::ofstream(LogPath(), std::ios::app | std::ios::binary) << c.logTail;
     const std::string log = Log();
-    EXPECT_FALSE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
+    EXPECT_FALSE(EventsLogIndexMatches(LogPath(), IndexPath()));
     const auto want = ModelLines(log);
     const EventsLogPage page = ReadEventLines(g, 1, 100);
-    EXPECT_TRUE(page.error.empty()) << c.what << ": " << page.error;
-    EXPECT_EQ(page.lineCount, static_cast<std::int64_t>(want.size())) << c.what;
-    EXPECT_EQ(page.lines, want) << c.what;
-    EXPECT_EQ(Index(), ModelIndex(log)) << c.what;
-    EXPECT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath())) << c.what;
+    EXPECT_TRUE(page.error.empty()) << page.error;
+    EXPECT_EQ(page.lineCount, static_cast<std::int64_t>(want.size()));
+    EXPECT_EQ(page.lines, want);
+    EXPECT_EQ(Index(), ModelIndex(log));
+    EXPECT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
   }
 }
 
@@ -321,6 +321,73 @@ TEST_F(EventsLog, AnUnwritableLogIsReportedAndTheGameGoesOn) {
   EXPECT_NE(g.eventsLog.WriteError.find("no-such-folder-file"), std::string::npos)
       << g.eventsLog.WriteError;
   EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
+}
+
+TEST_F(EventsLog, ThePrintoutHasEveryLineInTheViewersColoursAndAnEmptyLogIsRefused) {
+  platform.fixedDate = CalendarDate{2026, 11, 23};
+  g.rules.PrintColors = {9, 12, 13};
+  EXPECT_FALSE(PrintEventsLog(g));
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].text, "There are no logged events to print.");
+  EXPECT_EQ(platform.messages[0].title, "Print Events Log");
+  EXPECT_TRUE(platform.printed.empty());
+
+  Seat(1, "Ann");
+  g.Bet(1, 0) = Currency::FromWhole(100);
+  for (auto [a, b] : {std::pair{3, 4}, {2, 2}, {5, 6}}) Roll(a, b);
+  NewSession(g, false, false, true, 0);
+  WriteEventLine(g, "a note of the player's");
+  ASSERT_TRUE(PrintEventsLog(g));
+  ASSERT_EQ(platform.printed.size(), 1u);
+  const PrintDocument& doc = platform.printed[0];
+  constexpr std::size_t kHeadingLines = 4;  // title, date, file, blank
+  EXPECT_EQ(doc.lines[0].cells[0].text, "Ravelton Events Log");
+  EXPECT_EQ(doc.lines[1].cells[0].text, "23-Nov-26");
+  EXPECT_EQ(doc.lines[2].cells[0].text, "Events Log File:  Events Log.txt");
+  const std::vector<std::string> expected = ModelLines(Log());
+  ASSERT_EQ(doc.lines.size(), kHeadingLines + expected.size());
+  bool sawSession = false;
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    const PrintCell& cell = doc.lines[kHeadingLines + i].cells.at(0);
+    EXPECT_EQ(cell.text, expected[i]);
+    if (cell.text.find(" New session started ") != std::string::npos) {
+      sawSession = true;
+      EXPECT_EQ(cell.colour, 9);
+    }
+  }
+  EXPECT_TRUE(sawSession);
+  EXPECT_EQ(doc.lines.back().cells[0].text, "a note of the player's");
+  EXPECT_EQ(doc.lines.back().cells[0].colour, kPrintBlack);
+}
+
+// Each line is built in the reused line buffer and appended to a batch that
+// is written out in blocks.
+TEST_F(EventsLog, LoggingAndRecordingInHyperDriveAllocateNothing) {
+  g.dice.RngIndex = 0;
+  SeedRngWith(g, 99);
+  SeatPlayer(g, 1, "Ann", Currency::FromWhole(5000));
+  SeatPlayer(g, 2, "Bob", Currency::FromWhole(5000));
+  for (int p = 1; p <= 2; ++p) {
+    g.autoplay.HandleWinningBets(p) = 2;
+    g.autoplay.HandleLosingBets(p) = 2;
+    g.autoplay.AutoTakeFullOdds(p) = true;
+  }
+  for (auto [p, b] : {std::pair{1, bet::kPassLine}, {2, bet::kField}, {2, PlaceId(6)}}) {
+    g.BetRequest = Currency::FromWhole(12);
+    PlaceBet(g, p, b);
+  }
+  ASSERT_TRUE(OpenDiceRollFile(g, folder / "run.rol"));
+  ASSERT_TRUE(SetDiceFileMode(g, kDiceFileRecording));
+  platform.minimized = true;
+  g.hyper.RunRollLimit = 2000;
+  RunHyperDrive(g);  // the buffers grow to their size here
+  const long before = gAllocations.load();
+  g.hyper.RunRollLimit = 20'000;
+  RunHyperDrive(g);
+  EXPECT_EQ(gAllocations.load() - before, 0);
+  EXPECT_EQ(g.hyper.RollsThisRun, 20'000);
+  EXPECT_TRUE(g.eventsLog.WriteError.empty()) << g.eventsLog.WriteError;
+  EXPECT_GT(EventsLogText(g).size(), 20'000u * 40);
 }
 
 }  // namespace
