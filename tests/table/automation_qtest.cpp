@@ -24,6 +24,7 @@
 #include <QTimer>
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
 #include "automation/autoplay_state.h"
 #include "core/catalogue.h"
@@ -341,6 +342,18 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   QCOMPARE(t.game->autoplay.SelectedPlayers, kAnnAndCy);
   QCOMPARE(FormChild<QLabel>(form, "lblSettingsFor")->text(),
            QString("Settings for these 2\nselected players:"));
+  // Each player's values as one row: Ann and Cy take every change, Bo, not
+  // selected, keeps his defaults.
+  const AutoPlayState& a = t.game->autoplay;
+  const auto values = [&](int p) {
+    return std::tuple(a.AutoPassDice(p), a.AutoAdjustMode(p), a.HandleLosingBets(p), a.DontBias(p),
+                      a.AdjustOperator(p, kAdjustAutoLoseSame),
+                      a.AdjustUnits(p, kAdjustAutoLoseSame), a.AdjustAmount(p, kAdjustAutoLoseSame),
+                      a.AdjustAmount(p, kAdjustAutoWinBet),
+                      t.game->BetWorkingDefault(p, PlaceId(6)),
+                      t.game->BetWorkingDefault(p, bet::kField));
+  };
+  const auto bo = values(2);
 
   Press(FormChild<QCheckBox>(form, "chkAutoPassDice"));
   Press(FormChild<QRadioButton>(form, "optAutoAdjustBetAmounts0"));
@@ -355,28 +368,12 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   WorkingRow(form, bet::kField)->setSelected(true);
   QTest::mouseClick(FormChild<QPushButton>(form, "cmdYes"), Qt::LeftButton);
 
-  const AutoPlayState& a = t.game->autoplay;
-  for (int p : {1, 3}) {
-    QVERIFY(a.AutoPassDice(p));
-    QCOMPARE(a.AutoAdjustMode(p), 0);
-    QCOMPARE(a.HandleLosingBets(p), int{kLoseAdjust});
-    QCOMPARE(a.DontBias(p), 1);
-    QCOMPARE(a.AdjustOperator(p, kAdjustAutoLoseSame), 2);  // "+" -> "-" -> "x"
-    QCOMPARE(a.AdjustUnits(p, kAdjustAutoLoseSame), Currency::FromWhole(1));
-    QCOMPARE(a.AdjustAmount(p, kAdjustAutoLoseSame), Currency::FromRaw(75000));
-    QCOMPARE(a.AdjustAmount(p, kAdjustAutoWinBet), Currency::FromWhole(40));
-    QCOMPARE(t.game->BetWorkingDefault(p, PlaceId(6)), 1);
-    QCOMPARE(t.game->BetWorkingDefault(p, bet::kField), 1);
-  }
-  // Bo, not selected, keeps every default.
-  QVERIFY(!a.AutoPassDice(2));
-  QCOMPARE(a.AutoAdjustMode(2), 2);
-  QCOMPARE(a.HandleLosingBets(2), int{kLoseTakeDown});
-  QCOMPARE(a.DontBias(2), 0);
-  QCOMPARE(a.AdjustOperator(2, kAdjustAutoLoseSame), 0);
-  QCOMPARE(a.AdjustAmount(2, kAdjustAutoLoseSame), Currency{});
-  QCOMPARE(a.AdjustAmount(2, kAdjustAutoWinBet), Currency{});
-  QCOMPARE(t.game->BetWorkingDefault(2, PlaceId(6)), 0);
+  // "+" -> "-" -> "x" is operator 2.
+  const auto changed = std::tuple(true, 0, int{kLoseAdjust}, 1, 2, Currency::FromWhole(1),
+                                  Currency::FromRaw(75000), Currency::FromWhole(40), 1, 1);
+  QVERIFY(values(1) == changed);
+  QVERIFY(values(3) == changed);
+  QVERIFY(values(2) == bo);
   QVERIFY(t.game->roll.SessionDirty);
 
   // A double click turns the row over; Default brings back the table's row.
