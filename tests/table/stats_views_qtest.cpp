@@ -37,17 +37,18 @@ namespace {
 constexpr int kRolls = 120;
 
 // A table of two players, Ann with a Field bet, after kRolls rolls.
-void PlayedTable(std::unique_ptr<DesktopTable>& t) {
-  t = std::make_unique<DesktopTable>(2);
+std::unique_ptr<DesktopTable> PlayedTable() {
+  auto t = std::make_unique<DesktopTable>(2);
   Game& g = *t->game;
   g.rules.BetRequirement = kNoBetRequired;
   g.rules.NoticeFlags = 0;
   g.betting.CurPlayer = 1;
   g.BetRequest = Currency::FromWhole(10);
   PlaceBet(g, 1, bet::kField);
-  QVERIFY(g.Bet(1, bet::kField) > Currency{});
+  if (g.Bet(1, bet::kField) <= Currency{}) qFatal("the Field bet was not made");
   g.hyper.RunRollLimit = kRolls;
   RunHyperDrive(g);
+  return t;
 }
 
 StatsForm* OpenByMenu(DesktopTable& t, const char* item, const char* form) {
@@ -80,9 +81,7 @@ void DoubleClick(QWidget& form, const char* label) {
 }  // namespace
 
 void StatsViewsTest::summaryFollowsRollsFramesAndTheSelection() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   g.Bet(1, 0) = Currency::FromWhole(1234);
   g.Bet(2, 0) = Currency::FromWhole(-40);  // Bo owes the house
@@ -120,9 +119,7 @@ void StatsViewsTest::summaryFollowsRollsFramesAndTheSelection() {
 }
 
 void StatsViewsTest::rollTotalsKindsListTheirCategories() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuRollTotals", "frmRollTotals");
   auto* grid = FormChild<QTableWidget>(*form, "grdTotals");
@@ -160,9 +157,7 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
 }
 
 void StatsViewsTest::betResultsFollowTheBetSelection() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   g.views.BetResultsPlayers = 1 << 1;
   StatsForm* form = OpenByMenu(*t, "mnuBetResults", "frmBetResults");
@@ -199,9 +194,7 @@ void StatsViewsTest::betResultsFollowTheBetSelection() {
 }
 
 void StatsViewsTest::handsShowCountsOrPercents() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuHands", "frmHands");
   // Every come-out roll is one of the eleven totals.
@@ -230,9 +223,7 @@ void StatsViewsTest::handsShowCountsOrPercents() {
 }
 
 void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
   auto* category = FormChild<QComboBox>(*form, "cmbFreqNum");

@@ -53,9 +53,7 @@ class TableViewTest : public QObject {
   void keysAct();
   void pendingActionsAndToolsActOnTheNextClick();
   void keyedAmountsAndTheirArrowKeys();
-  void flashingHidesTheBettorsChecksEveryOtherRound();
-  void tabMovesTheBettorAndWraps();
-  void savedViewsRestoreOnlyWhenSaved();
+  void keysMoveTheBettorFlashAndRecallViews();
   void hotSpotsFollowZoomAndRotation_data();
   void hotSpotsFollowZoomAndRotation();
   void hoverRulesAndAmounts();
@@ -288,18 +286,10 @@ void TableViewTest::keyedAmountsAndTheirArrowKeys() {
   QVERIFY((t.View()->EnterBetBox()->geometry().center() - field).manhattanLength() > 20);
 }
 
-void TableViewTest::flashingHidesTheBettorsChecksEveryOtherRound() {
-  DesktopTable t(1);
-  Game& g = *t.game;
-  g.betting.CurPlayer = 1;
-  QTest::keyClick(t.View(), Qt::Key_Space);
-  QVERIFY(g.table.FlashBets);
-  QVERIFY(QTest::qWaitFor([&t] { return t.View()->paint.flashOff; }, 3000));
-  QTest::keyClick(t.View(), Qt::Key_Space);
-  QVERIFY(!t.View()->paint.flashOff);
-}
-
-void TableViewTest::tabMovesTheBettorAndWraps() {
+// Tab moves the bettor round the seats taken, Shift+Tab back; Space flashes
+// the bettor's checks; Shift and a digit save the view, Ctrl and the digit
+// bring it back (a view never saved does nothing).
+void TableViewTest::keysMoveTheBettorFlashAndRecallViews() {
   DesktopTable t(0);
   Game& g = *t.game;
   for (int p : {2, 5, 8}) SeatPlayer(g, p, std::string(1, char('a' + p)), 100_usd);
@@ -310,11 +300,13 @@ void TableViewTest::tabMovesTheBettorAndWraps() {
     QTest::keyClick(t.View(), Qt::Key_Tab, mods);
     QCOMPARE(g.betting.CurPlayer, want);
   }
-}
+  QTest::keyClick(t.View(), Qt::Key_Space);
+  QVERIFY(g.table.FlashBets);
+  QVERIFY(QTest::qWaitFor([&t] { return t.View()->paint.flashOff; }, 3000));
+  QTest::keyClick(t.View(), Qt::Key_Space);
+  QVERIFY(!t.View()->paint.flashOff);
 
-void TableViewTest::savedViewsRestoreOnlyWhenSaved() {
-  DesktopTable t(0);
-  TableState& s = t.game->table;
+  TableState& s = g.table;
   s.TableZoom = 900;
   s.TableRotation = 30;
   QTest::keyClick(t.View(), Qt::Key_3, Qt::ShiftModifier);
