@@ -26,10 +26,8 @@ class CheckStacksTest : public QObject {
  private slots:
   void gridShowsStacksByTheDisplayRule();
   void typingInACellReachesTheGameAtOnce();
-  void clipboardItemsWorkOnTheCurrentCell();
-  void deleteAllAsksFirst();
+  void clipboardItemsAndDeleteAllWorkOnTheGame();
   void visibleStacksMustDiffer();
-  void theMenuItemOpensTheForm();
   void fontItemsAreKeptByTheGame();
   void printGoesToThePrinter();
   void longPrintoutsBreakIntoPages();
@@ -126,7 +124,7 @@ void CheckStacksTest::typingInACellReachesTheGameAtOnce() {
   QCOMPARE(grid->currentRow(), 99);
 }
 
-void CheckStacksTest::clipboardItemsWorkOnTheCurrentCell() {
+void CheckStacksTest::clipboardItemsAndDeleteAllWorkOnTheGame() {
   DesktopTable t(1);
   Game& g = *t.game;
   Stack(g, 1, 2) = Currency::FromRaw(255000);  // 25.5
@@ -147,14 +145,9 @@ void CheckStacksTest::clipboardItemsWorkOnTheCurrentCell() {
   Trigger(form, "mnuDelete");
   QCOMPARE(g.CheckStackName(1, 2), std::string());
   QCOMPARE(Cell(form, 2, kValue), QString());  // nothing left to show
-}
-
-void CheckStacksTest::deleteAllAsksFirst() {
-  DesktopTable t(1);
-  Game& g = *t.game;
+  // Delete All Values asks first, and keeps the names.
   Stack(g, 1, 0) = Currency::FromWhole(5);
   g.CheckStackName(1, 0) = "Keep";
-  CheckStacksForm* form = Open(t);
   t.AnswerMessage(2);  // No
   Trigger(form, "mnuDeleteAllValues");
   QCOMPARE(t.shown.back().first, std::string("Delete All Values"));
@@ -164,14 +157,22 @@ void CheckStacksTest::deleteAllAsksFirst() {
   t.AnswerMessage(1);  // Yes
   Trigger(form, "mnuDeleteAllValues");
   QVERIFY(Stack(g, 1, 0).IsZero());
+  QVERIFY(Stack(g, 1, 9).IsZero());
   QCOMPARE(g.CheckStackName(1, 0), std::string("Keep"));
   QCOMPARE(Cell(form, 0, kValue), QString("0"));
 }
 
+// Opened from its menu item on the bettor's stacks; the rail's four stacks
+// are chosen, and must differ.
 void CheckStacksTest::visibleStacksMustDiffer() {
   DesktopTable t(1);
   Game& g = *t.game;
-  CheckStacksForm* form = Open(t);
+  QAction* item = t.window->findChild<QAction*>("mnuCheckStacks");
+  QVERIFY(item->isEnabled());
+  item->trigger();
+  CheckStacksForm* form = t.window->CheckStacks();
+  QVERIFY(form->isVisible());
+  QCOMPARE(g.betting.CheckStacksPlayer, 1);
   Trigger(form, "mnuSetStacks");
   QCOMPARE(form->findChild<QLineEdit*>("txtStackNum0")->text(), QString("1"));
   const char* numbers[4] = {"7", "12", "7", "40"};
@@ -194,15 +195,6 @@ void CheckStacksTest::visibleStacksMustDiffer() {
   QCOMPARE(g.betting.CheckStackSlot(1, 3), 199);
   QCOMPARE(g.betting.CheckStackSlot(1, 4), 140);
   QVERIFY(!form->findChild<QFrame*>("picSetStacks")->isVisible());
-}
-
-void CheckStacksTest::theMenuItemOpensTheForm() {
-  DesktopTable t(1);
-  QAction* item = t.window->findChild<QAction*>("mnuCheckStacks");
-  QVERIFY(item->isEnabled());
-  item->trigger();
-  QVERIFY(t.window->CheckStacks()->isVisible());
-  QCOMPARE(t.game->betting.CheckStacksPlayer, 1);
 }
 
 void CheckStacksTest::fontItemsAreKeptByTheGame() {
