@@ -43,8 +43,7 @@ class DialogsTest : public QObject {
   void settleDialogPaysByTheButtonPressed();
   void bankrollFormScalesAndRunsHyperDrive();
   void aClickDuringHyperDriveOffersToStopIt();
-  void helpOpensOnTheContentsAndFollowsLinks();
-  void messageHelpButtonOpensItsTopic();
+  void helpOpensOnTheContentsOrTheMessagesTopic();
   void showPathListsThePathsInUse();
   void theChoicesReachTheNewSession();
   void cancelChangesNothing();
@@ -77,7 +76,7 @@ void UseSourcePages(DesktopTable& t) { t.game->roll.AppPath = RAVELTON_SOURCE_DI
 
 }  // namespace
 
-void DialogsTest::helpOpensOnTheContentsAndFollowsLinks() {
+void DialogsTest::helpOpensOnTheContentsOrTheMessagesTopic() {
   DesktopTable t;
   UseSourcePages(t);
   QTest::keyClick(t.View(), Qt::Key_F1);
@@ -104,6 +103,27 @@ void DialogsTest::helpOpensOnTheContentsAndFollowsLinks() {
   contents->trigger();
   QCOMPARE(help->CurrentPage(), QString("index.html"));
   QCOMPARE(t.window->findChildren<HelpWindow*>().size(), 1);
+  // A message's Help button opens the help on the message's topic.
+  QString page;
+  bool isWindow = false;
+  t.answers.push_back([&](QDialog& d) {
+    auto* form = dynamic_cast<MessageForm*>(&d);
+    QVERIFY(form && form->Button(4));
+    QTest::mouseClick(form->Button(4), Qt::LeftButton);
+    if (auto* help = form->findChild<HelpWindow*>("frmHelp")) {
+      page = help->CurrentPage();
+      isWindow = help->isWindow() && help->isVisible();
+    }
+    d.done(0);
+  });
+  MessageRequest request;
+  request.text = "You may only buy Place bets.";
+  request.title = "Action not allowed";
+  request.helpId = kHelpBuyBets;
+  request.style = kMsgOk | kMsgHelp;
+  t.platform.ShowMessage(request);
+  QCOMPARE(page, QString("buy-bets.html"));
+  QVERIFY(isWindow);
 }
 
 void DialogsTest::messageStylesShowTheirControls_data() {
@@ -304,31 +324,6 @@ void DialogsTest::aClickDuringHyperDriveOffersToStopIt() {
   QVERIFY(g.hyper.RollsThisRun > 0);
   QVERIFY(g.hyper.RollsThisRun < 50'000'000);
   QVERIFY(g.StopMessage.empty());  // the user's stop has no message
-}
-
-void DialogsTest::messageHelpButtonOpensItsTopic() {
-  DesktopTable t;
-  UseSourcePages(t);
-  QString page;
-  bool isWindow = false;
-  t.answers.push_back([&](QDialog& d) {
-    auto* form = dynamic_cast<MessageForm*>(&d);
-    QVERIFY(form && form->Button(4));
-    QTest::mouseClick(form->Button(4), Qt::LeftButton);
-    if (auto* help = form->findChild<HelpWindow*>("frmHelp")) {
-      page = help->CurrentPage();
-      isWindow = help->isWindow() && help->isVisible();
-    }
-    d.done(0);
-  });
-  MessageRequest request;
-  request.text = "You may only buy Place bets.";
-  request.title = "Action not allowed";
-  request.helpId = kHelpBuyBets;
-  request.style = kMsgOk | kMsgHelp;
-  t.platform.ShowMessage(request);
-  QCOMPARE(page, QString("buy-bets.html"));
-  QVERIFY(isWindow);
 }
 
 void DialogsTest::showPathListsThePathsInUse() {
