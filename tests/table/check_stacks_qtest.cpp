@@ -1,28 +1,36 @@
 // frmCheckStacks under the offscreen platform: the grid shows the game's
 // stacks by the display rule, typing in a cell reaches the game at once,
-// the clipboard items and Delete All work on the game, and the rail's four
-// stacks are chosen or refused.
+// the clipboard items and Delete All work on the game, the rail's four
+// stacks are chosen or refused, and the stacks print to a real printer (a
+// PDF file here) in pages that each carry their own lines.
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
 #include <QTableWidget>
 #include <QTest>
 
 #include "core/catalogue.h"
 #include "desktop_fixture.h"
 #include "table/check_stacks_form.h"
+#include "table/print_pages.h"
+#include "tests/support/temp_folder.h"
 
 class CheckStacksTest : public QObject {
   Q_OBJECT
+  TempFolder folder_;
+
  private slots:
   void gridShowsStacksByTheDisplayRule();
   void typingInACellReachesTheGameAtOnce();
-  void clipboardItemsWorkOnTheCurrentCell();
-  void deleteAllAsksFirst();
+  void clipboardItemsAndDeleteAllWorkOnTheGame();
   void visibleStacksMustDiffer();
-  void theMenuItemOpensTheForm();
   void fontItemsAreKeptByTheGame();
+  void printGoesToThePrinter();
+  void longPrintoutsBreakIntoPages();
 };
 
 namespace {
@@ -49,6 +57,19 @@ void Trigger(CheckStacksForm* form, const char* name) {
   if (a == nullptr) qFatal("no menu item %s", name);
   a->trigger();
 }
+// Non-white pixels of page `index` painted on a white image.
+int InkOn(const PrintPages& pages, int index, QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  pages.Paint(painter, index);
+  painter.end();
+  int ink = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) ink += image.pixel(x, y) != qRgb(255, 255, 255);
+  return ink;
+}
+
 }  // namespace
 
 void CheckStacksTest::gridShowsStacksByTheDisplayRule() {
@@ -103,7 +124,7 @@ void CheckStacksTest::typingInACellReachesTheGameAtOnce() {
   QCOMPARE(grid->currentRow(), 99);
 }
 
-void CheckStacksTest::clipboardItemsWorkOnTheCurrentCell() {
+void CheckStacksTest::clipboardItemsAndDeleteAllWorkOnTheGame() {
   DesktopTable t(1);
   Game& g = *t.game;
   Stack(g, 1, 2) = Currency::FromRaw(255000);  // 25.5
@@ -124,14 +145,9 @@ void CheckStacksTest::clipboardItemsWorkOnTheCurrentCell() {
   Trigger(form, "mnuDelete");
   QCOMPARE(g.CheckStackName(1, 2), std::string());
   QCOMPARE(Cell(form, 2, kValue), QString());  // nothing left to show
-}
-
-void CheckStacksTest::deleteAllAsksFirst() {
-  DesktopTable t(1);
-  Game& g = *t.game;
+  // Delete All Values asks first, and keeps the names.
   Stack(g, 1, 0) = Currency::FromWhole(5);
   g.CheckStackName(1, 0) = "Keep";
-  CheckStacksForm* form = Open(t);
   t.AnswerMessage(2);  // No
   Trigger(form, "mnuDeleteAllValues");
   QCOMPARE(t.shown.back().first, std::string("Delete All Values"));
@@ -141,14 +157,22 @@ void CheckStacksTest::deleteAllAsksFirst() {
   t.AnswerMessage(1);  // Yes
   Trigger(form, "mnuDeleteAllValues");
   QVERIFY(Stack(g, 1, 0).IsZero());
+  QVERIFY(Stack(g, 1, 9).IsZero());
   QCOMPARE(g.CheckStackName(1, 0), std::string("Keep"));
   QCOMPARE(Cell(form, 0, kValue), QString("0"));
 }
 
+// Opened from its menu item on the bettor's stacks; the rail's four stacks
+// are chosen, and must differ.
 void CheckStacksTest::visibleStacksMustDiffer() {
   DesktopTable t(1);
   Game& g = *t.game;
-  CheckStacksForm* form = Open(t);
+  QAction* item = t.window->findChild<QAction*>("mnuCheckStacks");
+  QVERIFY(item->isEnabled());
+  item->trigger();
+  CheckStacksForm* form = t.window->CheckStacks();
+  QVERIFY(form->isVisible());
+  QCOMPARE(g.betting.CheckStacksPlayer, 1);
   Trigger(form, "mnuSetStacks");
   QCOMPARE(form->findChild<QLineEdit*>("txtStackNum0")->text(), QString("1"));
   const char* numbers[4] = {"7", "12", "7", "40"};
@@ -171,15 +195,6 @@ void CheckStacksTest::visibleStacksMustDiffer() {
   QCOMPARE(g.betting.CheckStackSlot(1, 3), 199);
   QCOMPARE(g.betting.CheckStackSlot(1, 4), 140);
   QVERIFY(!form->findChild<QFrame*>("picSetStacks")->isVisible());
-}
-
-void CheckStacksTest::theMenuItemOpensTheForm() {
-  DesktopTable t(1);
-  QAction* item = t.window->findChild<QAction*>("mnuCheckStacks");
-  QVERIFY(item->isEnabled());
-  item->trigger();
-  QVERIFY(t.window->CheckStacks()->isVisible());
-  QCOMPARE(t.game->betting.CheckStacksPlayer, 1);
 }
 
 void CheckStacksTest::fontItemsAreKeptByTheGame() {
@@ -205,6 +220,35 @@ void CheckStacksTest::fontItemsAreKeptByTheGame() {
   QCOMPARE(form->Grid()->font().pointSizeF(), normal - 2);
   QVERIFY(form->Grid()->font().italic());
   QVERIFY(!form->Grid()->font().bold());
+}
+
+void CheckStacksTest::printGoesToThePrinter() {
+  DesktopTable t(1);
+  Stack(*t.game, 1, 4) = Currency::FromWhole(75);
+  const QString pdf = QString::fromStdString(folder_ / "stacks.pdf");
+  t.platform.printToFile = pdf;
+  CheckStacksForm* form = Open(t);
+  t.AnswerMessage(0);  // the range as offered: 0 to 99
+  Trigger(form, "mnuPrint");
+  QCOMPARE(t.shown.size(), std::size_t{1});
+  QCOMPARE(t.shown[0].first, std::string("Print Range"));
+  QCOMPARE(t.platform.documentsPrinted, 1);
+  QFile file(pdf);
+  QVERIFY(file.open(QIODevice::ReadOnly) && file.read(5) == "%PDF-" && file.size() > 1000);
+}
+
+void CheckStacksTest::longPrintoutsBreakIntoPages() {
+  PrintDocument doc;
+  for (int i = 0; i < 300; ++i) doc.AddText("line " + std::to_string(i));
+  const QSize size(600, 800);
+  const PrintPages pages(doc, QRect(QPoint(0, 0), size), 96);
+  QVERIFY(pages.PageCount() >= 3);
+  for (int i = 0; i < pages.PageCount(); ++i) QVERIFY(InkOn(pages, i, size) > 0);
+  QCOMPARE(InkOn(pages, pages.PageCount(), size), 0);  // no page beyond the last
+  // The last page holds fewer lines than a full one.
+  QVERIFY(InkOn(pages, pages.PageCount() - 1, size) < InkOn(pages, 0, size));
+  const PrintDocument empty;
+  QCOMPARE(PrintPages(empty, QRect(QPoint(0, 0), size), 96).PageCount(), 1);
 }
 
 QTEST_MAIN(CheckStacksTest)

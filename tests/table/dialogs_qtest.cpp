@@ -1,22 +1,39 @@
-// The dialogs the game opens through QtPlatform: the message dialog by
-// style, the settle dialog answered by its real buttons, and Hyper-Drive
-// started from frmBankroll, stopped by Auto-Stop or by a click.
+// The dialogs of the game under the offscreen platform: the message dialog
+// by style, the settle dialog answered by its real buttons, frmBankroll's
+// scale, average and Hyper-Drive (stopped by Auto-Stop or by a click), the
+// help window, Game > Show Path, and frmNew, whose choices reach the new
+// session.
 #include <QLabel>
+#include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
+#include <QToolButton>
 
-#include "cycle/hyperdrive.h"
-#include "core/message_dialog.h"
 #include "core/catalogue.h"
+#include "core/frames.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
-#include "engine/place.h"
+#include "cycle/hyperdrive.h"
 #include "cycle/roll.h"
-#include "table/bankroll_form.h"
 #include "desktop_fixture.h"
+#include "dice/dice_file.h"
+#include "engine/place.h"
+#include "stats/graph_view.h"
+#include "table/bankroll_form.h"
+#include "table/help_window.h"
+#include "table/new_form.h"
+#include "table/path_form.h"
+#include "tests/support/temp_folder.h"
 
 class DialogsTest : public QObject {
   Q_OBJECT
+  TempFolder data_;  // sessions logs a new session writes land here
+
  private slots:
+  void initTestCase() { qputenv("RAVELTON_DATA", QByteArray::fromStdString(data_.Path() + "/")); }
   void messageStylesShowTheirControls_data();
   void messageStylesShowTheirControls();
   void hideBoxClearsItsNoticeClass();
@@ -24,9 +41,90 @@ class DialogsTest : public QObject {
   void numericBoxesFilterKeys();
   void settleDialogPaysByTheButtonPressed_data();
   void settleDialogPaysByTheButtonPressed();
-  void hyperDriveStopsOnAutoStopWithItsMessage();
+  void bankrollFormScalesAndRunsHyperDrive();
   void aClickDuringHyperDriveOffersToStopIt();
+  void helpOpensOnTheContentsOrTheMessagesTopic();
+  void showPathListsThePathsInUse();
+  void theChoicesReachTheNewSession();
+  void cancelChangesNothing();
+  void theDiceOptionsFollowTheFileInUse();
+  void theMenuAsksFirstThenShowsTheForm();
 };
+
+namespace {
+
+constexpr int kEvent = 7;  // a total of 7 in the roll tallies
+const Currency kStart = Currency::FromWhole(5000);
+
+// A session that has been played: a bankroll moved, bets and a CheckStack
+// standing, tallies in every frame, a script switched on.
+void PlaySome(Game& g) {
+  g.Bet(1, 0) = Currency::FromWhole(4200);
+  g.Bet(1, bet::kField) = Currency::FromWhole(25);
+  g.Bet(1, 101) = Currency::FromWhole(300);
+  for (int t = 0; t < kFrameCount; ++t) g.RollTally(FrameIndex(kHouse, t), kEvent) = 10 + t;
+  g.RollTally(kTableSession, 0) = 40;  // the session has rolls
+  g.roll.ScriptActive[1] = true;
+}
+
+void Press(QAbstractButton* button) {
+  QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+}
+
+// The help pages of the source tree, so the test does not depend on the copy.
+void UseSourcePages(DesktopTable& t) { t.game->roll.AppPath = RAVELTON_SOURCE_DIR "/"; }
+
+}  // namespace
+
+void DialogsTest::helpOpensOnTheContentsOrTheMessagesTopic() {
+  DesktopTable t;
+  UseSourcePages(t);
+  QTest::keyClick(t.View(), Qt::Key_F1);
+  auto* help = t.window->findChild<HelpWindow*>("frmHelp");
+  QVERIFY(help && help->isVisible());
+  QCOMPARE(help->CurrentPage(), QString("index.html"));
+  QVERIFY(help->Browser()->toPlainText().contains("Hyper-Drive"));
+  // A click on a link resolves it against the page shown; Back and Contents return.
+  help->Browser()->setSource(help->Browser()->source().resolved(QUrl("hyper-drive.html")));
+  QCOMPARE(help->CurrentPage(), QString("hyper-drive.html"));
+  QVERIFY(help->Browser()->toPlainText().contains("100 million rolls"));
+  QCOMPARE(help->windowTitle(), QString("Hyper-Drive"));
+  auto* back = FormChild<QToolButton>(*help, "cmdBack");
+  QVERIFY(back->isEnabled());
+  QTest::mouseClick(back, Qt::LeftButton);
+  QCOMPARE(help->CurrentPage(), QString("index.html"));
+  help->ShowPage("players.html");
+  QTest::mouseClick(FormChild<QToolButton>(*help, "cmdContents"), Qt::LeftButton);
+  QCOMPARE(help->CurrentPage(), QString("index.html"));
+  // Help > Contents shows the contents again in the one window.
+  help->ShowPage("players.html");
+  QAction* contents = t.window->findChild<QAction*>("mnuContents");
+  QVERIFY(contents && contents->isEnabled());
+  contents->trigger();
+  QCOMPARE(help->CurrentPage(), QString("index.html"));
+  QCOMPARE(t.window->findChildren<HelpWindow*>().size(), 1);
+  // A message's Help button opens the help on the message's topic.
+  QString page;
+  bool isWindow = false;
+  t.answers.push_back([&](QDialog& d) {
+    auto* form = dynamic_cast<MessageForm*>(&d);
+    QVERIFY(form && form->Button(4));
+    QTest::mouseClick(form->Button(4), Qt::LeftButton);
+    if (auto* help = form->findChild<HelpWindow*>("frmHelp")) {
+      page = help->CurrentPage();
+      isWindow = help->isWindow() && help->isVisible();
+    }
+    d.done(0);
+  });
+  MessageRequest request;
+  request.text = "You may only buy Place bets.";
+  request.title = "Action not allowed";
+  request.helpId = kHelpBuyBets;
+  request.style = kMsgOk | kMsgHelp;
+  t.platform.ShowMessage(request);
+  QCOMPARE(page, QString("buy-bets.html"));
+  QVERIFY(isWindow);
+}
 
 void DialogsTest::messageStylesShowTheirControls_data() {
   QTest::addColumn<int>("style");
@@ -164,13 +262,36 @@ void DialogsTest::settleDialogPaysByTheButtonPressed() {
   QVERIFY(CheckBetLedger(g, 1));
 }
 
-void DialogsTest::hyperDriveStopsOnAutoStopWithItsMessage() {
-  DesktopTable t;
+// frmBankroll: the scale buttons climb the ladder, the moving average's
+// span and the throttle reach the game, and Hyper-Drive started from the
+// form stops on Auto-Stop with its message.
+void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
+  DesktopTable t(1);
   Game& g = *t.game;
   g.rules.BetRequirement = kNoBetRequired;
-  SeatPlayer(g, 1, "Ann", 1000_usd);
   BankrollForm* form = t.window->Bankroll();
   form->show();
+  QCOMPARE(g.graph.GraphPlayer, 1);
+  const Currency before = g.roll.GraphScale;
+  QTest::mouseClick(form->findChild<QPushButton*>("lblLarger"), Qt::LeftButton);
+  QCOMPARE(g.roll.GraphScale, NextGraphScale(before, 1));
+  QCOMPARE(g.roll.GraphBaseScale, g.roll.GraphScale);
+  QTest::mouseClick(form->findChild<QPushButton*>("lblSmaller"), Qt::LeftButton);
+  QCOMPARE(g.roll.GraphScale, before);
+  QCOMPARE(form->findChild<QLabel*>("lblScale0")->text(),
+           QString::fromStdString(FormatMoney(g.roll.GraphTop)));
+  // The moving average's span is held to 0..525; Cancel keeps it.
+  const std::pair<QString, int> spans[] = {{"600", 525}, {"", 525}, {"-3", 0}, {"50", 50}};
+  for (const auto& [typed, want] : spans) {
+    if (typed.isEmpty())
+      t.AnswerMessage(3);
+    else
+      t.AnswerMessage(0, typed);
+    form->findChild<QAction*>("mnuSetAverage")->trigger();
+    QCOMPARE(g.graph.GraphAverageSpan, want);
+  }
+  form->findChild<QScrollBar*>("hsbThrottle")->setValue(7);
+  QCOMPARE(g.hyper.HyperThrottle, 7);
   // Set Hyper-Drive Auto-Stop ... typed into its real prompt.
   t.AnswerMessage(0, "250");
   form->findChild<QAction*>("mnuSetAutoStop")->trigger();
@@ -179,8 +300,8 @@ void DialogsTest::hyperDriveStopsOnAutoStopWithItsMessage() {
   QTest::mouseClick(form->HyperDriveButton(), Qt::LeftButton);
   QCOMPARE(g.RollTally(18, 0), 250);
   QVERIFY(!g.HyperDrive);
-  QCOMPARE(t.shown.back().first, std::string("Hyper-Drive Stopped"));
-  QCOMPARE(t.shown.back().second, std::string("Stopped by Auto-Stop."));
+  QCOMPARE(t.shown.back(), std::make_pair(std::string("Hyper-Drive Stopped"),
+                                          std::string("Stopped by Auto-Stop.")));
   QCOMPARE(form->HyperDriveButton()->text(), QString("Start Hyper-&Drive"));
   QCOMPARE(g.GraphRollCount, 250);
 }
@@ -198,11 +319,130 @@ void DialogsTest::aClickDuringHyperDriveOffersToStopIt() {
   });
   RunHyperDrive(g);
   QVERIFY(!g.HyperDrive);
-  QCOMPARE(t.shown.front().first, std::string("Hyper-Drive Active"));
-  QCOMPARE(t.shown.front().second, std::string("Do you want to stop the Hyper-Drive?"));
+  QCOMPARE(t.shown.front(), std::make_pair(std::string("Hyper-Drive Active"),
+                                           std::string("Do you want to stop the Hyper-Drive?")));
   QVERIFY(g.hyper.RollsThisRun > 0);
   QVERIFY(g.hyper.RollsThisRun < 50'000'000);
   QVERIFY(g.StopMessage.empty());  // the user's stop has no message
+}
+
+void DialogsTest::showPathListsThePathsInUse() {
+  DesktopTable t(2);
+  t.game->gamefile.GameFilePath = "/games/friday.rvg";
+  t.game->diceFile.DiceFilePath = "/games/friday.rll";
+  t.game->roll.SessionLogPath[2] = "/logs/bo.slg";
+  QStringList lines;
+  QTimer::singleShot(0, [&] {
+    auto* form = t.window->findChild<PathForm*>("frmPath");
+    QVERIFY(form);
+    lines = form->Text().split('\n');
+    form->accept();
+  });
+  t.window->findChild<QAction*>("mnuShowPath")->trigger();
+  const auto after = [&lines](const QString& caption) {
+    const qsizetype i = lines.indexOf(caption);
+    return i >= 0 && i + 1 < lines.size() ? lines[i + 1].trimmed() : QString("(missing)");
+  };
+  // Which groups there are and what each holds is the store's, tested there.
+  QCOMPARE(after("Game File:"), QString("/games/friday.rvg"));
+  QCOMPARE(after("Dice Roll File:"), QString("/games/friday.rll"));
+  QVERIFY(lines.contains("    Bo: /logs/bo.slg"));
+}
+
+void DialogsTest::theChoicesReachTheNewSession() {
+  struct Case {
+    bool keepStats, keepStacks, keepScripts;
+  };
+  for (const Case c : {Case{true, true, true}, Case{false, false, false}}) {
+    DesktopTable t(2);
+    PlaySome(*t.game);
+    NewForm form(*t.game, t.window.get());
+    form.show();
+    if (!c.keepStats) Press(FormChild<QCheckBox>(form, "chkPreserveGames"));
+    if (!c.keepStacks) Press(FormChild<QCheckBox>(form, "chkPreserveCheckstacks"));
+    if (!c.keepScripts) Press(FormChild<QCheckBox>(form, "chkRetainAutoBets"));
+    QCOMPARE(FormChild<QCheckBox>(form, "chkInitialize")->isEnabled(), c.keepScripts);
+    QTest::mouseClick(FormChild<QPushButton>(form, "cmdOK"), Qt::LeftButton);
+
+    const Game& g = *t.game;
+    QCOMPARE(g.Bet(1, 0), kStart);  // the start rule's bankroll
+    QCOMPARE(g.Bet(1, bet::kField), Currency{});
+    QCOMPARE(g.RollTally(kTableSession, kEvent), Long{0});
+    // Kept: this session becomes the last one and all sessions keep adding up.
+    QCOMPARE(g.RollTally(kTableLastSession, kEvent), Long{c.keepStats ? 12 : 0});
+    QCOMPARE(g.RollTally(kTableAllSessions, kEvent), Long{c.keepStats ? 14 : 0});
+    QCOMPARE(g.Bet(1, 101), c.keepStacks ? Currency::FromWhole(300) : Currency{});
+    QCOMPARE(g.roll.ScriptActive[1], c.keepScripts);
+    QVERIFY(!g.roll.SessionDirty);
+  }
+}
+
+void DialogsTest::cancelChangesNothing() {
+  DesktopTable t(2);
+  PlaySome(*t.game);
+  t.game->roll.SessionDirty = true;
+  const auto before = std::make_unique<Game>(*t.game);
+  NewForm form(*t.game, t.window.get());
+  form.show();
+  Press(FormChild<QCheckBox>(form, "chkPreserveGames"));
+  Press(FormChild<QCheckBox>(form, "chkRetainAutoBets"));
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdCancel"), Qt::LeftButton);
+  QVERIFY(!form.isVisible());
+  QVERIFY(*t.game == *before);
+}
+
+void DialogsTest::theDiceOptionsFollowTheFileInUse() {
+  DesktopTable t(1);
+  {
+    NewForm form(*t.game, t.window.get());
+    QVERIFY(!FormChild<QCheckBox>(form, "chkRetainDiceRollFile")->isEnabled());
+    QVERIFY(!FormChild<QCheckBox>(form, "chkRetainDiceRollFile")->isChecked());
+    QVERIFY(!FormChild<QRadioButton>(form, "optRewind0")->isEnabled());
+    QVERIFY(!FormChild<QRadioButton>(form, "optRewind1")->isChecked());
+    QCOMPARE(form.Choice().diceMode, 0);
+  }
+  TempFolder folder;
+  QVERIFY(OpenDiceRollFile(*t.game, folder.Path() + "/rolls.rll"));
+  QVERIFY(SetDiceFileMode(*t.game, kDiceFileRecording));
+  t.game->diceFile.DiceFilePos = 9;
+  NewForm form(*t.game, t.window.get());
+  form.show();
+  QCOMPARE(FormChild<QRadioButton>(form, "optRewind1")->text(),
+           QString(" Continue recording as is"));
+  QVERIFY(FormChild<QRadioButton>(form, "optRewind1")->isChecked());
+  QCOMPARE(form.Choice().diceMode, 2);
+  // Rewind: the file plays back from its first roll.
+  Press(FormChild<QRadioButton>(form, "optRewind0"));
+  QTest::mouseClick(FormChild<QPushButton>(form, "cmdOK"), Qt::LeftButton);
+  QCOMPARE(t.game->diceFile.DiceFileMode, kDiceFilePlayback);
+  QCOMPARE(t.game->diceFile.DiceFilePos, 1);
+}
+
+void DialogsTest::theMenuAsksFirstThenShowsTheForm() {
+  DesktopTable t(1);
+  PlaySome(*t.game);
+  t.game->roll.SessionDirty = true;
+  t.game->gamefile.GameFilePath = "/games/old.rvg";
+  t.AnswerMessage(2);  // "Save Session": No
+  bool formSeen = false;
+  QTimer poll;
+  QObject::connect(&poll, &QTimer::timeout, [&] {
+    auto* form = t.window->findChild<NewForm*>("frmNew");
+    if (!form || !form->isVisible()) return;
+    formSeen = true;
+    poll.stop();
+    // The question came before the form.
+    QCOMPARE(t.shown.size(), std::size_t{1});
+    QCOMPARE(t.shown[0].first, std::string("Save Session"));
+    QTest::mouseClick(FormChild<QPushButton>(*form, "cmdOK"), Qt::LeftButton);
+  });
+  poll.start(5);
+  t.window->findChild<QAction*>("mnuNew")->trigger();
+  QVERIFY(formSeen);
+  QCOMPARE(t.game->Bet(1, 0), kStart);
+  QCOMPARE(t.game->gamefile.GameFilePath, std::string());
+  QVERIFY(!t.game->roll.SessionDirty);
+  QCOMPARE(t.shown.size(), std::size_t{1});  // nothing asked after the form
 }
 
 QTEST_MAIN(DialogsTest)

@@ -1,6 +1,8 @@
 // The statistics views under the offscreen platform: each opens from its
-// menu item on the game's figures, follows the rolls while open, and keeps
-// its frame, selection and options in the game.
+// menu item on the game's figures, follows the rolls while open, keeps its
+// frame, selection and options in the game, and prints. The figures and
+// their captions are the stats library's, tested there; here the views show
+// them and pass the user's choices on. (Their places: tool_windows_qtest.)
 #include <QAction>
 #include <QComboBox>
 #include <QFileInfo>
@@ -23,14 +25,12 @@
 class StatsViewsTest : public QObject {
   Q_OBJECT
  private slots:
-  void summaryShowsTheGameAndFollowsRolls();
-  void summarySelectionChangesTheBankrollBlock();
+  void summaryFollowsRollsFramesAndTheSelection();
   void rollTotalsKindsListTheirCategories();
   void betResultsFollowTheBetSelection();
   void handsShowCountsOrPercents();
   void rollFreqsShowTheGapsOfTheChosenCategory();
   void betTrendsShowOnePlayersStreaks();
-  void viewsKeepTheirPlacesInTheGame();
 };
 
 namespace {
@@ -38,17 +38,18 @@ namespace {
 constexpr int kRolls = 120;
 
 // A table of two players, Ann with a Field bet, after kRolls rolls.
-void PlayedTable(std::unique_ptr<DesktopTable>& t) {
-  t = std::make_unique<DesktopTable>(2);
+std::unique_ptr<DesktopTable> PlayedTable() {
+  auto t = std::make_unique<DesktopTable>(2);
   Game& g = *t->game;
   g.rules.BetRequirement = kNoBetRequired;
   g.rules.NoticeFlags = 0;
   g.betting.CurPlayer = 1;
   g.BetRequest = Currency::FromWhole(10);
   PlaceBet(g, 1, bet::kField);
-  QVERIFY(g.Bet(1, bet::kField) > Currency{});
+  if (g.Bet(1, bet::kField) <= Currency{}) qFatal("the Field bet was not made");
   g.hyper.RunRollLimit = kRolls;
   RunHyperDrive(g);
+  return t;
 }
 
 StatsForm* OpenByMenu(DesktopTable& t, const char* item, const char* form) {
@@ -80,63 +81,46 @@ void DoubleClick(QWidget& form, const char* label) {
 
 }  // namespace
 
-void StatsViewsTest::summaryShowsTheGameAndFollowsRolls() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+void StatsViewsTest::summaryFollowsRollsFramesAndTheSelection() {
+  const auto t = PlayedTable();
   Game& g = *t->game;
+  g.Bet(1, 0) = Currency::FromWhole(1234);
+  g.Bet(2, 0) = Currency::FromWhole(-40);  // Bo owes the house
   StatsForm* form = OpenByMenu(*t, "mnuSummary", "frmSummary");
   QVERIFY(form->isVisible());
   QVERIFY(!form->isModal());
   QCOMPARE(form->windowTitle(), QString("Session Summary"));
   QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls));
   QCOMPARE(Text(*form, "lblTotalHands"), QString::number(g.HandsTally(18)));
+  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("0"));
   // A roll at the table reaches the open view.
   t->View()->Roll();
   QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls + 1));
+
+  Pick(*form, 2);
+  QCOMPARE(g.views.SummaryPlayers, 1 << 2);
+  QCOMPARE(Text(*form, "lblPlayer"), QString("1 Player selected"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("-40"));
+  QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(192, 0, 0));
+  Pick(*form, 1);  // Ann, who bet on the Field every roll
+  QCOMPARE(Text(*form, "lblSummary6"), QString("Sum bankrolls"));
+  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("1,194"));
+  QCOMPARE(Text(*form, "lblBankrollLow"), QString("-40"));  // the smaller present bankroll
+  QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(0, 0, 192));
+  QVERIFY(Text(*form, "lblNumBetsDecided").toInt() > 0);
+  DoubleClick(*form, "lblPlayer");
+  QCOMPARE(g.views.SummaryPlayers, 0);
+  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
+  QCOMPARE(FormChild<QListWidget>(*form, "lstPlayer")->selectedItems().size(), 0);
   // Another frame is kept in the game; the table's roll count stays.
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(4);
   QCOMPARE(g.views.SummaryFrame, 4);
   QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollsAtTable(36)));
 }
 
-void StatsViewsTest::summarySelectionChangesTheBankrollBlock() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
-  Game& g = *t->game;
-  g.Bet(1, 0) = Currency::FromWhole(1234);
-  g.Bet(2, 0) = Currency::FromWhole(-40);  // Bo owes the house
-  StatsForm* form = OpenByMenu(*t, "mnuSummary", "frmSummary");
-  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
-  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("0"));
-  QCOMPARE(Text(*form, "lblNumBetsDecided"), QString("0"));
-
-  Pick(*form, 2);
-  QCOMPARE(g.views.SummaryPlayers, 1 << 2);
-  QCOMPARE(Text(*form, "lblPlayer"), QString("1 Player selected"));
-  QCOMPARE(Text(*form, "lblSummary6"), QString("Current bankroll"));
-  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("-40"));
-  QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(192, 0, 0));
-
-  Pick(*form, 1);  // Ann, who bet on the Field every roll
-  QCOMPARE(Text(*form, "lblPlayer"), QString("Both players selected"));
-  QCOMPARE(Text(*form, "lblSummary6"), QString("Sum bankrolls"));
-  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("1,194"));
-  QCOMPARE(Text(*form, "lblBankrollLow"), QString("-40"));  // the smaller present bankroll
-  QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(0, 0, 192));
-  QVERIFY(Text(*form, "lblNumBetsDecided").toInt() > 0);
-
-  DoubleClick(*form, "lblPlayer");
-  QCOMPARE(g.views.SummaryPlayers, 0);
-  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
-  QCOMPARE(FormChild<QListWidget>(*form, "lstPlayer")->selectedItems().size(), 0);
-}
-
 void StatsViewsTest::rollTotalsKindsListTheirCategories() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuRollTotals", "frmRollTotals");
   auto* grid = FormChild<QTableWidget>(*form, "grdTotals");
@@ -182,9 +166,7 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
 }
 
 void StatsViewsTest::betResultsFollowTheBetSelection() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   g.views.BetResultsPlayers = 1 << 1;
   StatsForm* form = OpenByMenu(*t, "mnuBetResults", "frmBetResults");
@@ -221,9 +203,7 @@ void StatsViewsTest::betResultsFollowTheBetSelection() {
 }
 
 void StatsViewsTest::handsShowCountsOrPercents() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuHands", "frmHands");
   // Every come-out roll is one of the eleven totals.
@@ -252,9 +232,7 @@ void StatsViewsTest::handsShowCountsOrPercents() {
 }
 
 void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
-  std::unique_ptr<DesktopTable> t;
-  PlayedTable(t);
-  if (QTest::currentTestFailed()) return;
+  const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
   auto* category = FormChild<QComboBox>(*form, "cmbFreqNum");
@@ -314,30 +292,6 @@ void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
     item->trigger();
     QCOMPARE(t.platform.documentsPrinted, ++printed);
   }
-}
-
-void StatsViewsTest::viewsKeepTheirPlacesInTheGame() {
-  DesktopTable t(1);
-  const auto& layout = t.game->gamefile.LayoutB;
-  // frmRollTotals keeps Singles 20..24 of record 3: shown, Top, Left, Height, Width.
-  StatsForm* totals = t.window->Views().Open(StatsView::RollTotals);
-  totals->resize(1100, 640);
-  totals->move(130, 70);
-  QApplication::processEvents();
-  QCOMPARE(layout[20], 1.0f);
-  QCOMPARE(layout[21], 70.0f);
-  QCOMPARE(layout[22], 130.0f);
-  QCOMPARE(layout[23], 640.0f);
-  QCOMPARE(layout[24], 1100.0f);
-  totals->hide();
-  QCOMPARE(layout[20], 0.0f);
-  // frmHands keeps Singles 45..47 and opens where a saved game had it.
-  DesktopTable other(1);
-  other.game->gamefile.LayoutB[46] = 60;
-  other.game->gamefile.LayoutB[47] = 150;
-  StatsForm* hands = other.window->Views().Open(StatsView::Hands);
-  QApplication::processEvents();
-  QCOMPARE(hands->pos(), QPoint(150, 60));
 }
 
 QTEST_MAIN(StatsViewsTest)

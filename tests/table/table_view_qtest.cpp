@@ -1,14 +1,19 @@
 // The drawn table under the mouse and the keyboard: every bet's hot-spot
-// places that bet for every player, the right button rolls, the keys act,
-// and the hot-spots stay where the bets are at any angle and zoom.
+// places that bet for every player and lies well inside it at any angle and
+// zoom, Ctrl, Shift and Alt change what a click does, the rail chooses the
+// bettor and the check, the keys and tools act, the hover rules, the
+// players' menu, and the status boxes and stacks drawn on the felt.
+#include <QDir>
+#include <QFile>
 #include <QTest>
 
 #include "core/catalogue.h"
-#include "engine/place.h"
+#include "core/money.h"
 #include "cycle/roll.h"
+#include "desktop_fixture.h"
+#include "engine/place.h"
 #include "table/check_images.h"
 #include "table/status_box.h"
-#include "desktop_fixture.h"
 
 namespace {
 
@@ -18,32 +23,66 @@ bool HiddenBy(bool hops, int b) {
   return b >= bet::kWorld && b <= bet::kHopLast;
 }
 
+// The game made ready for plain play by `bettor`: no notices, no bet needed
+// to shoot.
+Game& Ready(DesktopTable& t, int bettor) {
+  t.game->rules.NoticeFlags = 0;
+  t.game->rules.BetRequirement = kNoBetRequired;
+  t.game->betting.CurPlayer = bettor;
+  return *t.game;
+}
+
+// Player p's bet b of `amount`, made as the game makes it.
+void Place(Game& g, int p, int b, Currency amount) {
+  g.BetRequest = amount;
+  PlaceBet(g, p, b);
+}
+
 }  // namespace
 
 class TableViewTest : public QObject {
   Q_OBJECT
  private slots:
+  void everyBaseLiesWellInsideItsBet();
   void clickOnEveryBetPlacesItForEveryPlayer();
   void clickOnTheOtherHalfDoesNothing();
-  void rightClickCancelsAPendingActionAndRolls();
+  void switchedOffBetsAnswerNoHotSpot();
+  void modifiersChangeWhatAClickDoes();
+  void theRailChoosesTheBettorAndTheCheck();
   void keysAct_data();
   void keysAct();
-  void tabMovesTheBettorAndWraps();
-  void savedViewsRestoreOnlyWhenSaved();
+  void pendingActionsAndToolsActOnTheNextClick();
+  void keyedAmountsAndTheirArrowKeys();
+  void keysMoveTheBettorFlashAndRecallViews();
   void hotSpotsFollowZoomAndRotation_data();
   void hotSpotsFollowZoomAndRotation();
-  void openSeatOffersAPlayerAndNoKeepsTheBettor();
-  void altDragMovesABet();
+  void hoverRulesAndAmounts();
+  void theRailSeatsAndNamesTheBettor();
+  void moveAndCashOutFromThePlayersMenu();
+  void saveWritesTheGameAndTheCaptionNamesIt();
   void stacksStopAtThirteenChecks();
   void statusBoxesFormatAmounts();
   void statusBoxesNearPlayersNeverOverlap();
 };
 
+void TableViewTest::everyBaseLiesWellInsideItsBet() {
+  for (int p = 1; p <= 8; ++p)
+    for (int b = 1; b <= kLastRealBet; ++b) {
+      const QRectF r = BetRect(p, b);
+      const QPointF c = BasePosition(p, b);
+      QVERIFY2(r.adjusted(kBaseMargin, kBaseMargin, -kBaseMargin, -kBaseMargin).contains(c),
+               qPrintable(QString("player %1 bet %2").arg(p).arg(b)));
+      QVERIFY(OnPlayersHalf(p, c.x()));
+    }
+  // No two players share a base on the same bet.
+  for (int b = 1; b <= kLastRealBet; ++b)
+    for (int p = 1; p <= 8; ++p)
+      for (int q = p + 1; q <= 8; ++q) QVERIFY(BasePosition(p, b) != BasePosition(q, b));
+}
+
 void TableViewTest::clickOnEveryBetPlacesItForEveryPlayer() {
   DesktopTable t(8);
-  Game& g = *t.game;
-  g.rules.NoticeFlags = 0;
-  g.rules.BetRequirement = kNoBetRequired;
+  Game& g = Ready(t, 1);
   QueueDice(g, 3, 3);
   t.View()->Roll();  // a point, so that odds and Come bets can be made
   QCOMPARE(g.Point, 6);
@@ -56,7 +95,6 @@ void TableViewTest::clickOnEveryBetPlacesItForEveryPlayer() {
       for (int b = 1; b <= kLastRealBet; ++b) {
         if (HiddenBy(hops, b) || (hops && b == bet::kCandE)) continue;
         const QPointF base = BasePosition(p, b);
-        QCOMPARE(t.View()->HotSpotAtScreen(t.Pixel(base)), b);
         // What the game does for a click on this bet, worked out on a copy.
         Game expected = g;
         ClickOnBet(expected, t.View()->MapHotSpot(b), BetClick::Plain);
@@ -90,31 +128,78 @@ void TableViewTest::clickOnTheOtherHalfDoesNothing() {
   }
 }
 
-void TableViewTest::rightClickCancelsAPendingActionAndRolls() {
+void TableViewTest::switchedOffBetsAnswerNoHotSpot() {
+  DesktopTable t;
+  Game& g = *t.game;
+  const struct {
+    bool TableSettings::*rule;
+    int bet;
+  } cases[] = {{&TableSettings::UseBig68, bet::kBig6},
+               {&TableSettings::UseBig68, bet::kBig8},
+               {&TableSettings::UseMidwayBet, bet::kMidway},
+               {&TableSettings::UseFireBet, bet::kFire}};
+  for (const auto& c : cases) {
+    const QPointF at = BasePosition(2, c.bet);
+    g.rules.*c.rule = true;
+    QCOMPARE(HotSpotAt(g, at), c.bet);
+    g.rules.*c.rule = false;
+    QVERIFY(HotSpotAt(g, at) != c.bet);
+    g.rules.*c.rule = true;
+  }
+}
+
+// Ctrl takes a check off, Shift the whole bet, and Alt drags a bet to
+// another.
+void TableViewTest::modifiersChangeWhatAClickDoes() {
   DesktopTable t(1);
+  Game& g = Ready(t, 1);
+  g.rules.SelectedCheck = 2;  // 5
+  const QPointF field = BasePosition(1, bet::kField);
+  for (int i = 0; i < 3; ++i) t.Click(field);
+  QCOMPARE(g.Bet(1, bet::kField), 15_usd);
+  t.Click(field, Qt::LeftButton, Qt::ControlModifier);
+  QCOMPARE(g.Bet(1, bet::kField), 10_usd);
+  t.Click(field, Qt::LeftButton, Qt::ShiftModifier);
+  QCOMPARE(g.Bet(1, bet::kField), Currency{});
+  QCOMPARE(g.TotalBets(1), Currency{});
+  Place(g, 1, bet::kField, 30_usd);
+  const QPoint from = t.Pixel(field), to = t.Pixel(BasePosition(1, bet::kBig6));
+  QTest::mousePress(t.View(), Qt::LeftButton, Qt::AltModifier, from);
+  QTest::mouseMove(t.View(), to);
+  QTest::mouseRelease(t.View(), Qt::LeftButton, Qt::AltModifier, to);
+  QCOMPARE(g.Bet(1, bet::kField), Currency{});
+  QCOMPARE(g.Bet(1, bet::kBig6), 30_usd);
+}
+
+void TableViewTest::theRailChoosesTheBettorAndTheCheck() {
+  DesktopTable t(3);
   Game& g = *t.game;
   g.betting.CurPlayer = 1;
-  g.rules.BetRequirement = kNoBetRequired;
-  g.betting.PendingAction = kPendingCallOn;
-  QueueDice(g, 2, 5);
-  t.Click(FeltRect().center(), Qt::RightButton);
-  QCOMPARE(g.betting.PendingAction, static_cast<int>(kPendingNone));
-  QCOMPARE(g.RollTally(18, 0), 1);
-  QCOMPARE(g.Die1 + g.Die2, 7);
-  QVERIFY(t.View()->paint.diceOnTable);
+  t.Click(RailCheckRect(3, 4).center());
+  QCOMPARE(g.betting.CurPlayer, 3);
+  QCOMPARE(g.rules.SelectedCheck, 4);
+  // A stack spot as the source of amounts, then as the target of a bet.
+  g.Bet(3, 101) = 40_usd;
+  t.Click(RailStackLabelRect(3, 1).center());
+  QCOMPARE(g.rules.SelectedCheck, 7);
+  t.Click(BasePosition(3, bet::kField));
+  QCOMPARE(g.Bet(3, bet::kField), 40_usd);
+  g.rules.SelectedCheck = 1;
+  t.Click(RailStackRect(3, 2).center());
+  QCOMPARE(g.Bet(3, 102), 1_usd);
+  // Another player's stack as a target is ignored.
+  t.Click(RailStackRect(2, 2).center());
+  QCOMPARE(g.Bet(2, 102), Currency{});
+  QCOMPARE(g.betting.CurPlayer, 3);
 }
 
 void TableViewTest::keysAct_data() {
   QTest::addColumn<int>("key");
   QTest::addColumn<int>("mods");
   QTest::addColumn<QString>("what");
-  QTest::newRow("F5 buy") << int(Qt::Key_F5) << 0 << "pending 3";
   QTest::newRow("F6 call on") << int(Qt::Key_F6) << 0 << "pending 1";
   QTest::newRow("F7 call off") << int(Qt::Key_F7) << 0 << "pending 2";
-  QTest::newRow("Del remove") << int(Qt::Key_Delete) << 0 << "pending 4";
-  QTest::newRow("F9 key-in") << int(Qt::Key_F9) << 0 << "keyin";
   QTest::newRow("F11 numbers") << int(Qt::Key_F11) << 0 << "numbers";
-  QTest::newRow("Space flash") << int(Qt::Key_Space) << 0 << "flash";
   QTest::newRow("H hops") << int(Qt::Key_H) << 0 << "hops";
   QTest::newRow("F2 roll") << int(Qt::Key_F2) << 0 << "roll";
   QTest::newRow("P pass") << int(Qt::Key_P) << 0 << "pass";
@@ -127,21 +212,15 @@ void TableViewTest::keysAct() {
   QFETCH(int, mods);
   QFETCH(QString, what);
   DesktopTable t(2);
-  Game& g = *t.game;
-  g.betting.CurPlayer = 1;
+  Game& g = Ready(t, 1);
   g.Shooter = 1;
-  g.rules.NoticeFlags = 0;
-  g.BetRequest = 10_usd;
-  PlaceBet(g, 1, bet::kPassLine);
-  g.BetRequest = 10_usd;
-  PlaceBet(g, 1, bet::kField);
+  Place(g, 1, bet::kPassLine, 10_usd);
+  Place(g, 1, bet::kField, 10_usd);
   QueueDice(g, 2, 2);
   t.View()->setFocus();
   QTest::keyClick(t.View(), static_cast<Qt::Key>(key), Qt::KeyboardModifiers(mods));
   if (what.startsWith("pending")) QCOMPARE(g.betting.PendingAction, what.mid(8).toInt());
-  if (what == "keyin") QVERIFY(g.betting.KeyInBetAmounts);
   if (what == "numbers") QVERIFY(g.table.DisplayBetAmounts);
-  if (what == "flash") QVERIFY(g.table.FlashBets);
   if (what == "hops") QVERIFY(g.table.HopBetsShown);
   if (what == "roll") QCOMPARE(g.Point, 4);
   if (what == "pass") QCOMPARE(g.Shooter, 2);
@@ -149,7 +228,68 @@ void TableViewTest::keysAct() {
   if (what == "calls off") QCOMPARE(g.BetWorking(1, bet::kField), -1);
 }
 
-void TableViewTest::tabMovesTheBettorAndWraps() {
+// A pending action or a tool acts on the next click; the right button
+// cancels it and rolls.
+void TableViewTest::pendingActionsAndToolsActOnTheNextClick() {
+  DesktopTable t(1);
+  Game& g = Ready(t, 1);
+  QueueDice(g, 4, 4);
+  t.View()->Roll();
+  Place(g, 1, PlaceId(6), 30_usd);
+  Place(g, 1, bet::kField, 10_usd);
+  QTest::keyClick(t.View(), Qt::Key_F5);
+  QCOMPARE(t.View()->StatusLineText(), std::string("Click the bet to buy"));
+  t.Click(BasePosition(1, PlaceId(6)));
+  QCOMPARE(g.Bet(1, PlaceId(6)), Currency{});
+  QCOMPARE(g.Bet(1, BuyId(6)), 30_usd);
+  QCOMPARE(g.betting.PendingAction, static_cast<int>(kPendingNone));
+  QTest::keyClick(t.View(), Qt::Key_Delete);
+  QCOMPARE(t.View()->StatusLineText(), std::string("Click the bet to remove"));
+  t.Click(BasePosition(1, bet::kField));
+  QCOMPARE(g.Bet(1, bet::kField), Currency{});
+  // The call-off tool on the back rail, then a click on the Buy bet.
+  t.Click(ToolRect(hot::kToolCallOff).center());
+  QCOMPARE(g.rules.SelectedCheck, int(hot::kToolCallOff));
+  t.Click(BasePosition(1, BuyId(6)));
+  QCOMPARE(g.BetWorking(1, BuyId(6)), -1);
+  g.betting.PendingAction = kPendingCallOn;
+  QueueDice(g, 2, 5);
+  t.Click(FeltRect().center(), Qt::RightButton);
+  QCOMPARE(g.betting.PendingAction, static_cast<int>(kPendingNone));
+  QCOMPARE(g.RollTally(18, 0), 2);
+  QCOMPARE(g.Die1 + g.Die2, 7);
+  QVERIFY(t.View()->paint.diceOnTable);
+}
+
+void TableViewTest::keyedAmountsAndTheirArrowKeys() {
+  DesktopTable t(1);
+  Game& g = Ready(t, 1);
+  QTest::keyClick(t.View(), Qt::Key_F9);
+  QVERIFY(g.betting.KeyInBetAmounts);
+  t.Click(BasePosition(1, bet::kField));
+  QLineEdit* box = t.View()->EnterBetBox();
+  QVERIFY(box && box->isVisible());
+  box->clear();
+  QTest::keyClicks(box, "25");
+  QTest::keyClick(box, Qt::Key_Return);
+  QCOMPARE(g.Bet(1, bet::kField), 25_usd);
+  // The arrow keys carry the box to the neighbouring bet: Come lies above the Field.
+  t.Click(BasePosition(1, bet::kField));
+  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Up);
+  const QPoint come = t.Pixel(BasePosition(1, bet::kCome));
+  QVERIFY((t.View()->EnterBetBox()->geometry().center() - come).manhattanLength() < 20);
+  // Turned by 180 degrees, Up on the screen points the other way on the table.
+  g.table.TableRotation = 180;
+  t.View()->AutoSize();
+  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Down);
+  const QPoint field = t.Pixel(BasePosition(1, bet::kField));
+  QVERIFY((t.View()->EnterBetBox()->geometry().center() - field).manhattanLength() > 20);
+}
+
+// Tab moves the bettor round the seats taken, Shift+Tab back; Space flashes
+// the bettor's checks; Shift and a digit save the view, Ctrl and the digit
+// bring it back (a view never saved does nothing).
+void TableViewTest::keysMoveTheBettorFlashAndRecallViews() {
   DesktopTable t(0);
   Game& g = *t.game;
   for (int p : {2, 5, 8}) SeatPlayer(g, p, std::string(1, char('a' + p)), 100_usd);
@@ -160,11 +300,13 @@ void TableViewTest::tabMovesTheBettorAndWraps() {
     QTest::keyClick(t.View(), Qt::Key_Tab, mods);
     QCOMPARE(g.betting.CurPlayer, want);
   }
-}
+  QTest::keyClick(t.View(), Qt::Key_Space);
+  QVERIFY(g.table.FlashBets);
+  QVERIFY(QTest::qWaitFor([&t] { return t.View()->paint.flashOff; }, 3000));
+  QTest::keyClick(t.View(), Qt::Key_Space);
+  QVERIFY(!t.View()->paint.flashOff);
 
-void TableViewTest::savedViewsRestoreOnlyWhenSaved() {
-  DesktopTable t(0);
-  TableState& s = t.game->table;
+  TableState& s = g.table;
   s.TableZoom = 900;
   s.TableRotation = 30;
   QTest::keyClick(t.View(), Qt::Key_3, Qt::ShiftModifier);
@@ -220,16 +362,48 @@ void TableViewTest::hotSpotsFollowZoomAndRotation() {
   QCOMPARE(v->HotSpotAtScreen(t.Pixel(QPointF(kStickX, 600))), int(hot::kNone));
 }
 
-void TableViewTest::openSeatOffersAPlayerAndNoKeepsTheBettor() {
+void TableViewTest::hoverRulesAndAmounts() {
   DesktopTable t(1);
+  Game& g = Ready(t, 1);
+  TableView* v = t.View();
+  QCOMPARE(v->MapHotSpot(13), 7);  // empty Don't Come odds: the flat bet
+  QCOMPARE(v->MapHotSpot(1011), 101);  // own rail stack spot 1 as a target
+  Place(g, 1, bet::kDontPass, 10_usd);
+  QCOMPARE(v->MapHotSpot(bet::kDontPass), int(bet::kDontPass));  // no point yet
+  QueueDice(g, 5, 5);
+  v->Roll();
+  QCOMPARE(v->MapHotSpot(bet::kDontPass), int(bet::kDontPassOdds));
+  LayFullOdds(g, 1);
+  QCOMPARE(v->HoverText(bet::kDontPass), QString("Flat 10   Odds 40"));
+  Place(g, 1, LayId(4), 40_usd);
+  QCOMPARE(v->HoverText(LayId(4)), QString("40   vig 1"));
+  Place(g, 1, PlaceId(9), 30_usd);
+  BuyPlaceBet(g, 1, PlaceId(9));
+  QCOMPARE(v->MapHotSpot(PlaceId(9)), BuyId(9));
+  QCOMPARE(v->HoverText(bet::kField), QString());
+}
+
+// A click on a bet with nobody to bet says who is missing; a click on an
+// open seat offers a player, and No keeps the bettor.
+void TableViewTest::theRailSeatsAndNamesTheBettor() {
+  DesktopTable t;
   Game& g = *t.game;
-  g.betting.CurPlayer = 1;
+  t.Click(BasePosition(1, bet::kField));
+  QCOMPARE(t.shown.back().first, std::string("No Players Present"));
+  QCOMPARE(t.shown.back().second, std::string("If you'd like to make a bet, please click an\r"
+                                              "open position on the rail to add a player."));
+  SeatPlayer(g, 2, "Bo", 100_usd);
+  g.betting.CurPlayer = 0;
+  t.Click(BasePosition(1, bet::kField));
+  QCOMPARE(t.shown.back().first, std::string("Bettor Not Selected"));
+  g.betting.CurPlayer = 2;
+  t.shown.clear();
   t.AnswerMessage(2);  // No
   t.Click(NamePlateRect(6).center());
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(t.shown[0].first, std::string("Add New Player?"));
   QCOMPARE(t.shown[0].second, std::string("Would you like to add a player here?"));
-  QCOMPARE(g.betting.CurPlayer, 1);
+  QCOMPARE(g.betting.CurPlayer, 2);
   QVERIFY(g.PlayerName[6].empty());
   // Yes, a name and a buy-in seat the player.
   t.AnswerMessage(1);
@@ -240,20 +414,43 @@ void TableViewTest::openSeatOffersAPlayerAndNoKeepsTheBettor() {
   QCOMPARE(g.Bet(6, 0), 750_usd);
 }
 
-void TableViewTest::altDragMovesABet() {
-  DesktopTable t(1);
+void TableViewTest::moveAndCashOutFromThePlayersMenu() {
+  DesktopTable t(2);
   Game& g = *t.game;
   g.betting.CurPlayer = 1;
-  g.rules.NoticeFlags = 0;
-  g.BetRequest = 30_usd;
-  PlaceBet(g, 1, bet::kField);
-  const QPoint from = t.Pixel(BasePosition(1, bet::kField));
-  const QPoint to = t.Pixel(BasePosition(1, bet::kBig6));
-  QTest::mousePress(t.View(), Qt::LeftButton, Qt::AltModifier, from);
-  QTest::mouseMove(t.View(), to);
-  QTest::mouseRelease(t.View(), Qt::LeftButton, Qt::AltModifier, to);
-  QCOMPARE(g.Bet(1, bet::kField), Currency{});
-  QCOMPARE(g.Bet(1, bet::kBig6), 30_usd);
+  t.window->findChild<QAction*>("mnuPlayerMove")->trigger();
+  QCOMPARE(t.View()->StatusLineText(), std::string("Click the rail where you want Ann to move"));
+  t.Click(NamePlateRect(7).center());
+  QCOMPARE(g.PlayerName[7], std::string("Ann"));
+  QVERIFY(g.PlayerName[1].empty());
+  QCOMPARE(g.betting.CurPlayer, 7);
+  t.AnswerMessage(1);  // Yes
+  t.window->findChild<QAction*>("mnuPlayerDelete")->trigger();
+  QCOMPARE(t.shown.back().second, std::string("Would you like to remove Ann?"));
+  QVERIFY(g.PlayerName[7].empty());
+  QCOMPARE(g.PlayerCount, 1);
+  t.window->findChild<QAction*>("mnuPassDice")->trigger();
+  QCOMPARE(t.shown.back().second,
+           std::string("Unable to pass the dice.\r\rThere are no other players at the table."));
+}
+
+// Game > Save with a file in play writes it without a chooser, and the
+// caption then names the file.
+void TableViewTest::saveWritesTheGameAndTheCaptionNamesIt() {
+  DesktopTable t(2);
+  Game& g = *t.game;
+  QVERIFY(t.window->findChild<QAction*>("mnuOpen")->isEnabled());
+  QVERIFY(t.window->findChild<QAction*>("mnuSaveAs")->isEnabled());
+  const QString path =
+      QDir::temp().filePath(QString("ravelton-qtest-%1.rvg").arg(QCoreApplication::applicationPid()));
+  g.gamefile.GameFilePath = path.toStdString();
+  g.roll.SessionDirty = true;
+  t.window->findChild<QAction*>("mnuSave")->trigger();
+  QVERIFY(QFile::exists(path));
+  QVERIFY(!g.roll.SessionDirty);
+  QCOMPARE(t.window->windowTitle(), QString::fromStdString(g.gamefile.WindowTitle));
+  QVERIFY(t.window->windowTitle().endsWith(".rvg)"));
+  QFile::remove(path);
 }
 
 void TableViewTest::stacksStopAtThirteenChecks() {
@@ -286,8 +483,7 @@ void TableViewTest::statusBoxesFormatAmounts() {
   DesktopTable t(2);
   Game& g = *t.game;
   g.rules.NoticeFlags = 0;
-  g.BetRequest = 25_usd;
-  PlaceBet(g, 1, bet::kField);
+  Place(g, 1, bet::kField, 25_usd);
   StatusBoxText box = StatusBoxLines(g, 1, StatusBoxesUseFractions(g));
   QCOMPARE(box.lines[0], std::string("Rail:  4,975"));
   QCOMPARE(box.lines[1], std::string("1 Bet:  25"));

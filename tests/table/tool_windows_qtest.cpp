@@ -1,0 +1,349 @@
+// The tool windows under the offscreen platform. Each keeps its place in
+// the game's window layout (moved and resized, it writes its place and open
+// flag; shown in a game that holds a place, it opens there; a place off the
+// screen is pulled back). frmRYON: a click on a drawn cell rolls those dice,
+// single faces wait for both dice, the right button opens the display menu,
+// and a click during Hyper-Drive asks instead. frmEventsLog: an opened log
+// shows its lines, Find moves the top line, a roll brings its line to the
+// top, the switches reach the game, and a log longer than the scroll bar's
+// range still scrolls to its last line.
+#include <QFileInfo>
+#include <QMenu>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <fstream>
+#include <functional>
+
+#include "config/settings_state.h"
+#include "core/frames.h"
+#include "desktop_fixture.h"
+#include "dice/roll_pad.h"
+#include "table/auto_bet_form.h"
+#include "table/check_stacks_form.h"
+#include "table/dice_files_form.h"
+#include "table/events_log_form.h"
+#include "table/roll_pad_form.h"
+#include "table/sessions_log_form.h"
+#include "table/stats_form.h"
+#include "table/stats_views.h"
+
+class ToolWindowsTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void theWindowsKeepTheirPlaces();
+  void aPlaceOffTheScreenIsPulledBack();
+  void aClickOnABoxCellRollsThoseDice();
+  void facesWaitForBothDice();
+  void theRightButtonOpensTheMenuWhoseChoicesReachTheGame();
+  void aClickDuringHyperDriveAsksInsteadOfRolling();
+  void anOpenedLogShowsItsLinesAndFindMovesTheTop();
+  void theSwitchesReachTheGameAndARollComesToTheTop();
+  void aLogLongerThanTheBarScrollsToItsLastLine();
+};
+
+namespace {
+
+// A window's slot in the layout and how the main window opens it; the check
+// runs while the window is open (inside the dialog's loop for a modal one).
+struct ToolSlot {
+  const char* name;
+  bool recordTwo;
+  int first;  // the shown flag; Top, Left, Height, Width follow
+  bool sized;
+  std::function<void(DesktopTable&, const std::function<void(QWidget&)>&)> open;
+};
+
+void HotKeysShown(DesktopTable& t, const std::function<void(QWidget&)>& check) {
+  QTimer::singleShot(0, [&] {
+    QWidget* form = QApplication::activeModalWidget();
+    if (form == nullptr || form->objectName() != "frmHotKeys") qFatal("Hot-Keys did not open");
+    check(*form);
+    form->close();
+  });
+  t.window->findChild<QAction*>("mnuHotKeys")->trigger();
+}
+
+template <typename Make>
+auto OpenedBy(Make make) {
+  return [make](DesktopTable& t, const std::function<void(QWidget&)>& check) {
+    QWidget* form = make(*t.window);
+    form->show();
+    QApplication::processEvents();
+    check(*form);
+    form->close();
+  };
+}
+
+long Rolls(DesktopTable& t) { return t.game->RollTally(kTableSession, kEventRolls); }
+
+RollPadForm& OpenPad(DesktopTable& t, std::int32_t options, QSize size) {
+  t.game->pad.PadOptions = options;
+  t.game->rules.BetRequirement = kNoBetRequired;
+  QTest::keyClick(t.View(), Qt::Key_F12);
+  RollPadForm* form = t.window->RollPad();
+  if (!form->isVisible()) qFatal("F12 did not open the pad");
+  form->resize(size);
+  QApplication::processEvents();
+  return *form;
+}
+
+// The centre of cell (r, c) of a rows x columns pad below a strip `top` high.
+QPoint Centre(PadWidget* pad, int rows, int columns, int r, int c, int top) {
+  const double cw = double(pad->width()) / columns, ch = double(pad->height() - top) / rows;
+  return QPoint(static_cast<int>(cw * (c - 0.5)), top + static_cast<int>(ch * (r - 0.5)));
+}
+
+struct EventsLogTable : DesktopTable {
+  QTemporaryDir dir;
+  std::string path;
+  EventsLogForm* form = nullptr;
+
+  EventsLogTable() : DesktopTable(1) {
+    game->roll.DataFolder = dir.path().toStdString() + "/";
+    game->eventsLog.IndexPath = game->roll.DataFolder + "Events Log.ref";
+    game->roll.EventsLogPath = game->roll.DataFolder + "Events Log.txt";
+    game->rules.BetRequirement = kNoBetRequired;
+    path = dir.filePath("mine.txt").toStdString();
+    platform.onChooseFile = [this](const FileChooserRequest&) -> std::optional<std::string> { return path; };
+    window->findChild<QAction*>("mnuEventsLog")->trigger();
+    form = window->EventsLog();
+    if (!form->isVisible()) qFatal("the menu did not open the events log");
+  }
+  void WriteLog(int lines) {
+    std::ofstream out(path, std::ios::binary);
+    for (int n = 1; n <= lines; ++n) out << " Roll #" << n << ":  7 (3.4) from RNG #1\r\n";
+  }
+  void Trigger(const char* name) { FormChild<QAction>(*form, name)->trigger(); }
+  QScrollBar* Bar() { return FormChild<QScrollBar>(*form, "vscrEventsLog"); }
+};
+
+}  // namespace
+
+void ToolWindowsTest::theWindowsKeepTheirPlaces() {
+  using W = CrapTableWindow;
+  const ToolSlot tools[] = {
+      {"frmDiceRollFiles", true, 5, true, OpenedBy([](W& w) -> QWidget* { return w.DiceFiles(); })},
+      {"frmAutoBet", true, 15, true, OpenedBy([](W& w) -> QWidget* { return w.AutoBet(); })},
+      {"frmRYON", true, 20, true, OpenedBy([](W& w) -> QWidget* { return w.RollPad(); })},
+      {"frmGames", false, 0, false, OpenedBy([](W& w) -> QWidget* { return w.SessionsLog(); })},
+      {"frmEventsLog", false, 5, true, OpenedBy([](W& w) -> QWidget* { return w.EventsLog(); })},
+      {"frmRollTotals", false, 20, true,
+       OpenedBy([](W& w) -> QWidget* { return w.Views().Open(StatsView::RollTotals); })},
+      {"frmCheckStacks", false, 40, true, OpenedBy([](W& w) -> QWidget* { return w.CheckStacks(); })},
+      {"frmHands", false, 45, false,
+       OpenedBy([](W& w) -> QWidget* { return w.Views().Open(StatsView::Hands); })},
+      {"frmHotKeys", false, 50, false, HotKeysShown},
+  };
+  const QPoint place(120, 70);
+  for (const ToolSlot& slot : tools) {
+    QSize size(600, 460);
+    const QByteArray why = QByteArray(slot.name) + " keeps its place";
+    DesktopTable t(1);
+    const auto& v = slot.recordTwo ? t.game->gamefile.LayoutA : t.game->gamefile.LayoutB;
+    const auto at = [&](int k) { return v[static_cast<std::size_t>(slot.first + k)]; };
+    slot.open(t, [&](QWidget& form) {
+      // Not below what the form's controls need.
+      size = size.expandedTo(form.minimumSizeHint());
+      if (slot.sized) form.resize(size);
+      form.move(place);
+      QApplication::processEvents();
+      QVERIFY2(at(0) == 1.0f, why.constData());
+      QVERIFY2(at(1) == 70.0f && at(2) == 120.0f, why.constData());
+      if (slot.sized)
+        QVERIFY2(at(3) == float(size.height()) && at(4) == float(size.width()), why.constData());
+    });
+    QVERIFY2(at(0) == 0.0f, why.constData());  // closed; the place stays for the reopening
+
+    DesktopTable other(1);
+    other.game->gamefile.LayoutA = t.game->gamefile.LayoutA;  // as a saved game brings them
+    other.game->gamefile.LayoutB = t.game->gamefile.LayoutB;
+    slot.open(other, [&](QWidget& again) {
+      QVERIFY2(again.pos() == place, why.constData());
+      if (slot.sized) QVERIFY2(again.size() == size, why.constData());
+    });
+  }
+}
+
+void ToolWindowsTest::aPlaceOffTheScreenIsPulledBack() {
+  DesktopTable t(1);
+  auto& layout = t.game->gamefile.LayoutB;
+  layout[41] = layout[42] = 40000;  // frmCheckStacks: Top, Left, Height, Width
+  layout[43] = 400;
+  layout[44] = 500;
+  CheckStacksForm* form = t.window->CheckStacks();
+  form->show();
+  QApplication::processEvents();
+  QVERIFY(form->screen()->availableGeometry().contains(form->pos()));
+}
+
+void ToolWindowsTest::aClickOnABoxCellRollsThoseDice() {
+  DesktopTable t(1);
+  const std::int32_t box = 1 << static_cast<int>(PadKind::BoxCombos);
+  RollPadForm& form = OpenPad(t, box | kPadRollCounter, QSize(330, 330));
+  QCOMPARE(form.windowTitle(), QString("Dice Rolls"));
+  const long before = Rolls(t);
+  QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, Centre(form.Pad(), 6, 6, 3, 5, kPadCounterHeight));
+  QCOMPARE(Rolls(t), before + 1);
+  QCOMPARE(t.game->Die1, 3);
+  QCOMPARE(t.game->Die2, 5);
+  QVERIFY(!t.game->pad.PadRollPending);
+  // The counter strip above the cells rolls nothing.
+  QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, QPoint(40, kPadCounterHeight / 2));
+  QCOMPARE(Rolls(t), before + 1);
+  // The menu item opens the same pad.
+  form.close();
+  t.window->findChild<QAction*>("mnuRollYourOwnNumbers")->trigger();
+  QVERIFY(form.isVisible());
+}
+
+void ToolWindowsTest::facesWaitForBothDice() {
+  DesktopTable t(1);
+  // A wide pad: the faces in two rows, die 1 above die 2.
+  RollPadForm& form = OpenPad(t, 1 << static_cast<int>(PadKind::DiceFaces), QSize(480, 200));
+  PadWidget* pad = form.Pad();
+  const long before = Rolls(t);
+  QTest::mouseClick(pad, Qt::LeftButton, {}, Centre(pad, 2, 6, 1, 2, 0));
+  QTest::mouseClick(pad, Qt::LeftButton, {}, Centre(pad, 2, 6, 1, 5, 0));
+  QCOMPARE(Rolls(t), before);
+  QCOMPARE(t.game->pad.PadFacePick1, 5);
+  QTest::mouseClick(pad, Qt::LeftButton, {}, Centre(pad, 2, 6, 2, 6, 0));
+  QCOMPARE(Rolls(t), before + 1);
+  QCOMPARE(t.game->Die1, 5);
+  QCOMPARE(t.game->Die2, 6);
+  QCOMPARE(t.game->pad.PadFacePick1, 0);
+
+  // A pick is forgotten when the pad closes.
+  QTest::mouseClick(pad, Qt::LeftButton, {}, Centre(pad, 2, 6, 2, 1, 0));
+  form.close();
+  QCOMPARE(t.game->pad.PadFacePick2, 0);
+
+}
+
+void ToolWindowsTest::theRightButtonOpensTheMenuWhoseChoicesReachTheGame() {
+  DesktopTable t(1);
+  RollPadForm& form = OpenPad(t, 1 << static_cast<int>(PadKind::BoxCombos), QSize(330, 330));
+  t.game->roll.SessionDirty = false;
+  const long before = Rolls(t);
+  QTest::mouseClick(form.Pad(), Qt::RightButton, {}, Centre(form.Pad(), 6, 6, 1, 1, 0));
+  QVERIFY(form.DisplayMenu()->isVisible());
+  QCOMPARE(Rolls(t), before);
+  form.DisplayMenu()->close();
+
+  auto* random = FormChild<QPushButton>(form, "cmdRandomRoll");
+  QVERIFY(!random->isVisible());
+  form.DisplayMenu()->findChild<QAction*>("mnuRandomButton")->trigger();
+  QVERIFY(random->isVisible());
+  QTest::mouseClick(random, Qt::LeftButton);
+  QCOMPARE(Rolls(t), before + 1);
+
+  QAction* basic = nullptr;
+  for (QAction* a : form.DisplayMenu()->findChildren<QAction*>("mnuDisplayRYON"))
+    if (a->text() == "&11 Basic Numbers") basic = a;
+  QVERIFY(basic);
+  basic->trigger();
+  QCOMPARE(PadKindOf(t.game->pad.PadOptions), PadKind::BasicNumbers);
+  QVERIFY(t.game->pad.PadOptions & kPadRandomButton);
+  // Changed options mark the session unsaved when the pad closes; unchanged ones do not.
+  t.game->roll.SessionDirty = false;
+  form.close();
+  QVERIFY(t.game->roll.SessionDirty);
+  t.game->roll.SessionDirty = false;
+  form.show();
+  form.close();
+  QVERIFY(!t.game->roll.SessionDirty);
+}
+
+void ToolWindowsTest::aClickDuringHyperDriveAsksInsteadOfRolling() {
+  DesktopTable t(1);
+  RollPadForm& form = OpenPad(t, 1 << static_cast<int>(PadKind::BoxCombos), QSize(330, 330));
+  t.game->HyperDrive = true;
+  t.game->KeepRolling = true;
+  const long before = Rolls(t);
+  // The right button still only opens the menu.
+  QTest::mouseClick(form.Pad(), Qt::RightButton, {}, Centre(form.Pad(), 6, 6, 2, 2, 0));
+  QVERIFY(t.shown.empty());
+  form.DisplayMenu()->close();
+  t.AnswerMessage(1);  // Yes
+  QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, Centre(form.Pad(), 6, 6, 2, 2, 0));
+  QCOMPARE(t.shown.size(), std::size_t{1});
+  QCOMPARE(t.shown[0].first, std::string("Hyper-Drive Active"));
+  QCOMPARE(t.shown[0].second, std::string("Do you want to stop Hyper-Drive?"));
+  QVERIFY(!t.game->KeepRolling);
+  QCOMPARE(Rolls(t), before);
+  t.game->HyperDrive = false;
+}
+
+void ToolWindowsTest::anOpenedLogShowsItsLinesAndFindMovesTheTop() {
+  EventsLogTable t;
+  t.WriteLog(50);
+  t.Trigger("mnuOpen");
+  QCOMPARE(t.form->windowTitle(), QString("Events Log (mine.txt)"));
+  QCOMPARE(t.Bar()->maximum(), 50);
+  QCOMPARE(t.game->eventsLog.LogTopLine, 1);
+  t.Bar()->setValue(10);
+  QCOMPARE(t.game->eventsLog.LogTopLine, 10);
+
+  t.AnswerMessage(0, "ROLL #37:");
+  t.Trigger("mnuFind");
+  QCOMPARE(t.game->eventsLog.LogTopLine, 37);
+  QCOMPARE(t.Bar()->value(), 37);
+  t.AnswerMessage(0, "seven-out");
+  t.Trigger("mnuFind");
+  QCOMPARE(t.shown.back(), std::make_pair(std::string("Search Results"), std::string("Text not found.")));
+  QCOMPARE(t.game->eventsLog.LogTopLine, 37);
+
+  // File > Print sends the opened log to the printer.
+  t.platform.printToFile = t.dir.filePath("log.pdf");
+  t.Trigger("mnuPrint");
+  QCOMPARE(t.platform.documentsPrinted, 1);
+  QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
+}
+
+// The switches reach the game; with "Scroll New Rolls To Top" a roll brings
+// its line to the top of the open view.
+void ToolWindowsTest::theSwitchesReachTheGameAndARollComesToTheTop() {
+  EventsLogTable t;
+  t.WriteLog(5);
+  t.Trigger("mnuOpen");
+  const RollState& r = t.game->roll;
+  t.game->roll.SessionDirty = false;
+  t.Trigger("mnuDeselectAllEvents");
+  QVERIFY(!r.LogRolls && !r.LogBets && !r.LogWins && !r.LogLosses && !r.LogStacks && !r.LogPasses &&
+          !r.LogNewHand && !r.LogBankroll);
+  QVERIFY(r.SessionDirty);
+  QVERIFY(!FormChild<QAction>(*t.form, "mnuRecordBetsWon")->isChecked());
+  t.Trigger("mnuRecordBetsWon");
+  QVERIFY(r.LogWins && !r.LogLosses);
+  t.Trigger("mnuRecordRolls");
+  t.Trigger("mnuRecordEventsActive");
+  QVERIFY(r.LogOn && r.LogRolls);
+  t.Trigger("mnuKeepLatestRollOnTop");
+  QVERIFY(r.LogRollOnTop);
+  QTest::keyClick(t.View(), Qt::Key_F2);
+  QApplication::processEvents();
+  // The new roll line follows the five written: its number is the top line.
+  QVERIFY(t.game->eventsLog.LogTopLine > 5);
+  QCOMPARE(t.Bar()->value(), t.game->eventsLog.LogTopLine);
+  std::ifstream in(t.path);
+  std::string line;
+  for (int n = 0; n < t.game->eventsLog.LogTopLine; ++n) std::getline(in, line);
+  QVERIFY(line.starts_with(" Roll #1:"));
+}
+
+void ToolWindowsTest::aLogLongerThanTheBarScrollsToItsLastLine() {
+  EventsLogTable t;
+  t.WriteLog(30001);
+  t.Trigger("mnuOpen");
+  QCOMPARE(t.Bar()->maximum(), 30000);
+  t.Bar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+  QCOMPARE(t.game->eventsLog.LogTopLine, 2);
+  t.Bar()->triggerAction(QAbstractSlider::SliderToMaximum);
+  t.Bar()->triggerAction(QAbstractSlider::SliderToMaximum);
+  QCOMPARE(t.game->eventsLog.LogTopLine, 30001);
+  QCOMPARE(t.Bar()->value(), 30000);
+}
+
+QTEST_MAIN(ToolWindowsTest)
+#include "tool_windows_qtest.moc"
