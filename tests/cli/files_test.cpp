@@ -58,16 +58,16 @@ TEST_F(CliFiles, ARunSplitBySaveAndLoadEndsAsTheStraightRun) {
 }
 
 TEST_F(CliFiles, ALoadedGameKeepsItsSettingsUnlessAnOptionIsGiven) {
-  ASSERT_EQ(Run("--rolls 0 --require any --auto-stop 50 --rng 5 --save '" + Path("g.rvg") + "'")
-                .exitCode,
-            0);
+  ASSERT_EQ(
+      Run("--rolls 0 --require any --auto-stop 50 --rng 5 --save '" + Path("g.rvg") + "'").exitCode,
+      0);
   auto info = Info("g.rvg");
   EXPECT_EQ(info["settings"]["bet_requirement"], "Any bet required to shoot");
   EXPECT_EQ(info["settings"]["rng"], 5);
-  ASSERT_EQ(Run("--load '" + Path("g.rvg") + "' --rolls 0 --require line --save '" +
-                Path("h.rvg") + "'")
-                .exitCode,
-            0);
+  ASSERT_EQ(
+      Run("--load '" + Path("g.rvg") + "' --rolls 0 --require line --save '" + Path("h.rvg") + "'")
+          .exitCode,
+      0);
   info = Info("h.rvg");
   EXPECT_EQ(info["settings"]["bet_requirement"], "Line bet required to shoot");
   EXPECT_EQ(info["settings"]["rng"], 5);
@@ -99,8 +99,8 @@ TEST_F(CliFiles, PlayersSitWhereTheyAskOrInTheLowestOpenSeats) {
   const auto summary = nlohmann::json::parse(r.out);
   for (const auto& p : summary["players"]) seats[p["name"]] = p["seat"];
   EXPECT_EQ(seats, (std::map<std::string, int>{{"Ann", 5}, {"Bo", 2}, {"Cy", 1}, {"Di", 3}}));
-  for (const char* bad : {"--player Ann@9", "--player Ann@0", "--player Ann@5 --player Bo@5",
-                          "--player Ann@x"})
+  for (const char* bad :
+       {"--player Ann@9", "--player Ann@0", "--player Ann@5 --player Bo@5", "--player Ann@x"})
     EXPECT_EQ(Run(std::string("--rolls 0 ") + bad).exitCode, 1) << bad;
   // Seats a loaded game holds are taken.
   ASSERT_EQ(Run("--rolls 0 --player Ann@2 --save '" + Path("a.rvg") + "'").exitCode, 0);
@@ -164,7 +164,8 @@ TEST_F(CliFiles, ARecordedRunPlayedBackIsTheSameGameAndEndsWithItsFile) {
   EXPECT_EQ(recorded.summary["rolls"], 100'000);
 
   // Other seed, other generator: only the file's dice count.
-  const Traced played = Split(Run("--rolls 300000 --playback '" + file + "' --rng 5 --seed 1" + kTable));
+  const Traced played =
+      Split(Run("--rolls 300000 --playback '" + file + "' --rng 5 --seed 1" + kTable));
   ASSERT_TRUE(played.summary.is_object());
   EXPECT_EQ(played.trace, recorded.trace);
   EXPECT_EQ(played.summary["stop"], std::string(kEndOfDiceFileStop));
@@ -192,10 +193,10 @@ TEST_F(CliFiles, ADiceFileThatIsNotOneIsRefusedAndABadValueStopsTheRun) {
   EXPECT_EQ(r.out, "ravelton-cli run: " + odd +
                        " is either from an earlier version, has been corrupted, or is not a true "
                        "Ravelton dice roll file.\n");
-  for (const std::string& bad : {"--playback '" + Path("none.rol") + "'",
-                                 std::string("--record a.rol --playback b.rol"),
-                                 std::string("--from-roll 3"), std::string("--rolls 3 --log dice"),
-                                 std::string("--rolls 3 --log-file x.txt")})
+  for (const std::string& bad :
+       {"--playback '" + Path("none.rol") + "'", std::string("--record a.rol --playback b.rol"),
+        std::string("--from-roll 3"), std::string("--rolls 3 --log dice"),
+        std::string("--rolls 3 --log-file x.txt")})
     EXPECT_EQ(Run(bad).exitCode, 1) << bad;
 
   const std::string bad = Path("bad.rol");

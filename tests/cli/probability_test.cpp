@@ -173,9 +173,10 @@ TEST_F(CliProbability, RunPlaysWithTheFilesDice) {
 
 // A saved game figures with its own dice; one that does not open is told.
 TEST_F(CliProbability, AdvantageOfASavedGameUsesItsDice) {
-  ASSERT_EQ(Cli("probability --set-pair 11=0 --set-pair 66=9000 --save " + File("skew.prb")).exitCode,
+  ASSERT_EQ(
+      Cli("probability --set-pair 11=0 --set-pair 66=9000 --save " + File("skew.prb")).exitCode, 0);
+  ASSERT_EQ(Cli("run --rolls 0 --prb " + File("skew.prb") + " --save " + File("g.rvg")).exitCode,
             0);
-  ASSERT_EQ(Cli("run --rolls 0 --prb " + File("skew.prb") + " --save " + File("g.rvg")).exitCode, 0);
   const nlohmann::json loaded = Json("advantage --load " + File("g.rvg") + " --json");
   EXPECT_EQ(loaded, Json("advantage --prb " + File("skew.prb") + " --json"));
   EXPECT_NE(loaded, Json("advantage --json"));

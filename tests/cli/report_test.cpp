@@ -30,14 +30,16 @@ TEST(ReportCli, RunThenTotalsAsOneObject) {
   }
   EXPECT_EQ(counted, 300);
   // The current hand has no "rolls since" column: null.
-  const json hand = Json("run --rolls 20 --seed 11 --report totals --frame current-hand --kind unique --json");
+  const json hand =
+      Json("run --rolls 20 --seed 11 --report totals --frame current-hand --kind unique --json");
   EXPECT_EQ(hand["report"]["rows"].size(), 36u);
   EXPECT_TRUE(hand["report"]["rows"][0]["rolls_since"].is_null());
 }
 
 TEST(ReportCli, FreqsResultsAndBankrollOfARun) {
-  const std::string run = "run --rolls 400 --seed 5 --player Ann=1000 --bet Ann:\"Pass Line\"=10 "
-                          "--win-rule Ann:2 --lose-rule Ann:2 ";
+  const std::string run =
+      "run --rolls 400 --seed 5 --player Ann=1000 --bet Ann:\"Pass Line\"=10 "
+      "--win-rule Ann:2 --lose-rule Ann:2 ";
   const json freqs = Json(run + "--report freqs --category 7 --json")["report"];
   ASSERT_EQ(freqs["rows"].size(), 1u);
   const json& seven = freqs["rows"][0];
@@ -82,7 +84,9 @@ TEST(ReportCli, SessionsOfALogFileAndASavedGame) {
   EXPECT_EQ(j["rows"][0]["label"], "Sum");
   EXPECT_DOUBLE_EQ(j["rows"][0]["value"].get<double>(), 10);
   EXPECT_EQ(j["rows"][2]["label"], "   Median *");
-  EXPECT_EQ(Json("report sessions --file " + path + " --break-point 15 --json")["classes"][0]["count"], 2);
+  EXPECT_EQ(
+      Json("report sessions --file " + path + " --break-point 15 --json")["classes"][0]["count"],
+      2);
   std::ofstream(path, std::ios::trunc) << "not a log";
   const cli_test::Result bad = Cli("report sessions --file " + path, true);
   EXPECT_EQ(bad.exitCode, 1);
@@ -90,8 +94,9 @@ TEST(ReportCli, SessionsOfALogFileAndASavedGame) {
 
   // A saved game reports what the run that made it reported.
   const std::string game = dir / "report.rvg";
-  const std::string run = "run --rolls 250 --seed 8 --player Ann=1000 --bet Ann:\"Pass Line\"=10 "
-                          "--win-rule Ann:2 --lose-rule Ann:2 ";
+  const std::string run =
+      "run --rolls 250 --seed 8 --player Ann=1000 --bet Ann:\"Pass Line\"=10 "
+      "--win-rule Ann:2 --lose-rule Ann:2 ";
   const json ran = Json(run + "--report results --players Ann --json --save " + game)["report"];
   EXPECT_GT(ran["rows"][0]["wagers"].get<double>(), 50);
   EXPECT_EQ(Json("report results --players Ann --json --load " + game), ran);

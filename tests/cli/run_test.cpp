@@ -33,7 +33,8 @@ TEST(CliRun, SameOptionsGiveTheSameSummaryButTheTime) {
   EXPECT_LE(a["passes"].get<long>() + a["misses"].get<long>(), a["comeouts"].get<long>());
   // A clock-seeded run reports the seed that reproduces it.
   const nlohmann::json c = Json("run --rolls 3000 --rng 5 --json");
-  EXPECT_EQ(c, Json("run --rolls 3000 --rng 5 --json --seed " + std::to_string(c.value("seed", 0L))));
+  EXPECT_EQ(c,
+            Json("run --rolls 3000 --rng 5 --json --seed " + std::to_string(c.value("seed", 0L))));
 }
 
 TEST(CliRun, AutoStopAndRequirementEndTheRunWithTheirMessage) {
@@ -130,22 +131,23 @@ TEST_F(CliTest, BadUsageExitsWithOne) {
   for (const std::string& players : std::vector<std::string>{
            "--player Ann --player ANN", "--player Ann=lots", "--player Ann=10000000",
            "--player Ann --bet Bob:field=5", "--player Ann --bet Ann:nowhere=5",
-           "--player Ann --win-rule Ann:8", "--player 'Bet Smith'", "--player Ann --script Bob=" + ok,
-           "--player Ann --script Ann=" + (dir_ / "no.bet"), "--player Ann --script Ann",
-           "--player Ann --dice 34,70", "--player Ann --dice 3", "--player Ann --dice 34,",
-           "--player Ann --allow Ann:everything", "--player Ann --allow Bob:files",
-           "--player Ann --data " + ok + "/below-a-file"})
+           "--player Ann --win-rule Ann:8", "--player 'Bet Smith'",
+           "--player Ann --script Bob=" + ok, "--player Ann --script Ann=" + (dir_ / "no.bet"),
+           "--player Ann --script Ann", "--player Ann --dice 34,70", "--player Ann --dice 3",
+           "--player Ann --dice 34,", "--player Ann --allow Ann:everything",
+           "--player Ann --allow Bob:files", "--player Ann --data " + ok + "/below-a-file"})
     EXPECT_EQ(Cli("run --rolls 10 " + players).exitCode, 1) << players;
   EXPECT_EQ(Cli("run --rolls 10 --player Ann --take-odds Ann").exitCode, 0);
 }
 
 TEST_F(CliTest, KnownDiceAnswersAndThePlayersTableInTheSummary) {
-  const std::string bet = Write("a.bet",
-                                "If initializing script Then cs1 = input(\"Units?\") : "
-                                "csn2 = input$(\"Name?\") EndIf\n"
-                                "If next roll is a comeout roll Then bet cs1 on passline EndIf\n"
-                                "cs3 = dice total : add 1 to cs4 :\n"
-                                "open/append file for output \"rolls.txt\" : output to file die1 & die2 & \",\"\n");
+  const std::string bet =
+      Write("a.bet",
+            "If initializing script Then cs1 = input(\"Units?\") : "
+            "csn2 = input$(\"Name?\") EndIf\n"
+            "If next roll is a comeout roll Then bet cs1 on passline EndIf\n"
+            "cs3 = dice total : add 1 to cs4 :\n"
+            "open/append file for output \"rolls.txt\" : output to file die1 & die2 & \",\"\n");
   const nlohmann::json j = Json("run --rolls 3 --seed 5 --player Ann=100 --script Ann=" + bet +
                                 " --dice 34,22,61 --answer 15 --answer Zed --win-rule Ann:2");
   ASSERT_EQ(j["players"].size(), 1u);
@@ -160,8 +162,7 @@ TEST_F(CliTest, KnownDiceAnswersAndThePlayersTableInTheSummary) {
   EXPECT_TRUE(ann["win_rule"] == 2 && ann["lose_rule"] == 1 && ann["take_odds"] == false &&
               ann["script_active"] == true)
       << ann;
-  EXPECT_EQ(j["messages"],
-            nlohmann::json::parse(R"j([{"title":"Auto-Bet (Ann)","text":"Units?"},
+  EXPECT_EQ(j["messages"], nlohmann::json::parse(R"j([{"title":"Auto-Bet (Ann)","text":"Units?"},
                                       {"title":"Auto-Bet (Ann)","text":"Name?"}])j"));
   EXPECT_EQ(ReadWholeFile(dir_ / "rolls.txt"), "34,34,22,61,");
 }
@@ -178,9 +179,10 @@ TEST_F(CliTest, AScriptThatDoesNotCompileStopsTheRunBeforeItStarts) {
 }
 
 TEST_F(CliTest, NewSessionsAndStopsAScriptMakesWithinTheCountedRolls) {
-  const std::string bet = Write("s.bet",
-                                "If # rolls = 25 Then start new session (preserve checkstacks) EndIf\n"
-                                "If # rolls = 0 Then add 1 to cs1 EndIf");
+  const std::string bet =
+      Write("s.bet",
+            "If # rolls = 25 Then start new session (preserve checkstacks) EndIf\n"
+            "If # rolls = 0 Then add 1 to cs1 EndIf");
   const nlohmann::json j = Json("run --rolls 100 --seed 1 --player Ann --script Ann=" + bet);
   EXPECT_EQ(j["rolls"], 0);  // the session just begun
   EXPECT_EQ(j["players"][0]["checkstacks"], nlohmann::json({{"1", 5.0}}));
@@ -193,13 +195,15 @@ TEST_F(CliTest, NewSessionsAndStopsAScriptMakesWithinTheCountedRolls) {
   const nlohmann::json k = Json("run --rolls 100 --seed 1 --player Ann --script Ann=" + stop);
   EXPECT_EQ(k["rolls"], 4);
   EXPECT_EQ(k["stop"], "Stopped by Auto-Bet command.");
-  EXPECT_EQ(k["messages"], nlohmann::json::parse(
-                               R"j([{"title":"Hyper-Drive Stopped","text":"Stopped by Auto-Bet command."}])j"));
+  EXPECT_EQ(k["messages"],
+            nlohmann::json::parse(
+                R"j([{"title":"Hyper-Drive Stopped","text":"Stopped by Auto-Bet command."}])j"));
 
   // In a batch, such a session ends as a game stop with the game's stop text.
-  const std::string path = Write("batch_stop.bet",
-                                 "If dice total = 7 Then\n   Stop AutoRolling/HyperDrive\nEndIf\n");
-  const auto r = Cli(kAnn + "--sessions 4 --rolls 500 --seed 5 --csv --per-session --script Ann=" + path);
+  const std::string path =
+      Write("batch_stop.bet", "If dice total = 7 Then\n   Stop AutoRolling/HyperDrive\nEndIf\n");
+  const auto r =
+      Cli(kAnn + "--sessions 4 --rolls 500 --seed 5 --csv --per-session --script Ann=" + path);
   ASSERT_EQ(r.exitCode, 0);
   std::istringstream lines(r.out);
   std::string line;
@@ -243,9 +247,10 @@ TEST_F(CliTest, BadBatchOptionsExitOneBeforeAnySession) {
 // Threads are the batch library's (whose tests hold one against two); here
 // the option reaches it and every session gets its line.
 TEST(CliBatch, OneAndTwoThreadsReportTheSame) {
-  const std::string args = kAnn +
-                           "--player Bo=200 --bet Bo:field=5 --win-rule Bo:2 --lose-rule Bo:2 "
-                           "--sessions 300 --rolls 120 --stop-win Ann:100 --seed 42 --csv --per-session";
+  const std::string args =
+      kAnn +
+      "--player Bo=200 --bet Bo:field=5 --win-rule Bo:2 --lose-rule Bo:2 "
+      "--sessions 300 --rolls 120 --stop-win Ann:100 --seed 42 --csv --per-session";
   const auto two = Cli(args + " --threads 2");
   ASSERT_EQ(two.exitCode, 0);
   EXPECT_EQ(two.out, Cli(args + " --threads 1").out);

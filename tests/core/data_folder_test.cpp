@@ -1,6 +1,8 @@
 // The data folder and the files in it: where the folder is, names typed by
 // the user made into paths, and whole files written so that a failure or a
 // crash never leaves a cut file or a stray temporary.
+#include "core/data_folder.h"
+
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/wait.h>
@@ -12,7 +14,6 @@
 #include <string>
 
 #include "core/atomic_file.h"
-#include "core/data_folder.h"
 #include "tests/support/file_text.h"
 #include "tests/support/temp_folder.h"
 
@@ -32,13 +33,16 @@ class ScopedEnv {
     for (std::size_t i = 0; i < kNames.size(); ++i) Put(kNames[i], values[i]);
   }
   ~ScopedEnv() {
-    for (std::size_t i = 0; i < kNames.size(); ++i) Put(kNames[i], saved_[i] ? saved_[i]->c_str() : nullptr);
+    for (std::size_t i = 0; i < kNames.size(); ++i)
+      Put(kNames[i], saved_[i] ? saved_[i]->c_str() : nullptr);
   }
 
  private:
   static void Put(const char* name, const char* value) {
-    if (value) ::setenv(name, value, 1);
-    else ::unsetenv(name);
+    if (value)
+      ::setenv(name, value, 1);
+    else
+      ::unsetenv(name);
   }
   std::array<std::optional<std::string>, 3> saved_;
 };
@@ -93,7 +97,8 @@ TEST(DataFolder, TypedNamesBecomePathsWithCaseKept) {
       {"", ""},
       {"   ", ""},
   };
-  for (const auto& c : cases) EXPECT_EQ(ChosenFilePath(c.typed, "/cur", ".rvg"), c.expected) << c.typed;
+  for (const auto& c : cases)
+    EXPECT_EQ(ChosenFilePath(c.typed, "/cur", ".rvg"), c.expected) << c.typed;
   EXPECT_EQ(ChosenFilePath("a", "/cur/", ".prb"), "/cur/a.prb");
 }
 
@@ -165,9 +170,11 @@ TEST_F(AtomicFile, AProcessKilledInTheMiddleOfAWriteLeavesTheOldFile) {
   EXPECT_EQ(WEXITSTATUS(status), 9);
   EXPECT_EQ(ReadWholeFile(target), oldBytes);
   // The dead writer's temporary is recognisable for cleaning up.
-  for (const auto& e : fs::directory_iterator(dir.Path()))
-    if (e.path().filename() != "Game.rvg")
+  for (const auto& e : fs::directory_iterator(dir.Path())) {
+    if (e.path().filename() != "Game.rvg") {
       EXPECT_TRUE(IsAtomicTemporaryName(e.path().filename().string())) << e.path();
+    }
+  }
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 // graph (the arithmetic both graphs share, then what the desktop view and the
 // report each do with it, histories laid straight into the tables); and the
 // number texts of every pattern the views use.
+#include "stats/roll_totals.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,12 +17,12 @@
 #include "stats/bankroll_graph.h"
 #include "stats/graph_view.h"
 #include "stats/number_format.h"
-#include "stats/roll_totals.h"
 
 namespace {
 
 const RollTotalsRow& Row(const RollTotalsFigures& f, int c) {
-  return *std::find_if(f.rows.begin(), f.rows.end(), [c](const RollTotalsRow& r) { return r.category == c; });
+  return *std::find_if(f.rows.begin(), f.rows.end(),
+                       [c](const RollTotalsRow& r) { return r.category == c; });
 }
 
 class RollTotals : public RollFixture {
@@ -55,7 +57,8 @@ TEST_F(RollTotals, Hard4CountsItsNumberAndGroupsButNotTheEasyPair) {
   Roll(2, 2);
   std::array<int, 12> cats{};
   const int n = RollCategories(2, 2, cats);
-  EXPECT_EQ(std::set<int>(cats.begin(), cats.begin() + n), (std::set<int>{4, 13, 21, 17, 19, 67, 71, 79, 85}));
+  EXPECT_EQ(std::set<int>(cats.begin(), cats.begin() + n),
+            (std::set<int>{4, 13, 21, 17, 19, 67, 71, 79, 85}));
   const RollTotalsFigures f = FigureRollTotals(g, 0, 2, 0, false);
   EXPECT_EQ(Row(f, 4).count.text, "1");
   EXPECT_EQ(Row(f, 4).actualPct.text, "100.00");
@@ -63,15 +66,15 @@ TEST_F(RollTotals, Hard4CountsItsNumberAndGroupsButNotTheEasyPair) {
 }
 
 TEST(ProbablePercent, TruePercentsByPairsAndSkewedBySums) {
-  const std::pair<int, double> expected[] = {{2, 2.78},  {3, 5.56},  {7, 16.67}, {13, 2.78},
-                                             {26, 5.56}, {22, 2.78}, {17, 66.67}, {21, 44.44},
-                                             {18, 50.0}, {19, 38.89}, {73, 27.78}, {65, 33.33},
-                                             {78, 16.67}, {89, 16.67}};
+  const std::pair<int, double> expected[] = {
+      {2, 2.78},   {3, 5.56},  {7, 16.67},  {13, 2.78},  {26, 5.56},  {22, 2.78},  {17, 66.67},
+      {21, 44.44}, {18, 50.0}, {19, 38.89}, {73, 27.78}, {65, 33.33}, {78, 16.67}, {89, 16.67}};
   for (auto [c, pct] : expected) EXPECT_DOUBLE_EQ(ProbablePercent(c, nullptr), pct) << c;
   SkewedDice dice;
-  for (int i = 0; i < 36; ++i) dice.pair[static_cast<std::size_t>(i)] = 1000 + i;  // 1.000% + i/1000
-  dice.total[5] = 20000;   // total 7
-  dice.face1[0] = 25000;   // die 1 shows 1
+  for (int i = 0; i < 36; ++i)
+    dice.pair[static_cast<std::size_t>(i)] = 1000 + i;  // 1.000% + i/1000
+  dice.total[5] = 20000;                                // total 7
+  dice.face1[0] = 25000;                                // die 1 shows 1
   EXPECT_DOUBLE_EQ(ProbablePercent(7, &dice), 20.0);
   EXPECT_DOUBLE_EQ(ProbablePercent(78, &dice), 25.0);
   // Number 2 is pair 1-1 (index 0); Numbers 2,12 add pair 6-6 (index 35).
@@ -381,7 +384,8 @@ TEST(FormatNumber, ThePatternsOfTheViews) {
       {0.00001, "#,0.0###;-#,#;0", "0"},
       {std::numeric_limits<double>::quiet_NaN(), "#,#;-#,#;0", "0"},
   };
-  for (const FormatCase& c : cases) EXPECT_EQ(FormatNumber(c.x, c.pattern), c.text) << c.x << " in " << c.pattern;
+  for (const FormatCase& c : cases)
+    EXPECT_EQ(FormatNumber(c.x, c.pattern), c.text) << c.x << " in " << c.pattern;
 }
 
 TEST(FormatNumber, WholeValuesTakeTheFirstPattern) {

@@ -3,15 +3,15 @@
 // printouts: the headings, the selection lines, the rows as the views show
 // them, the loss colour and the refusal of a bet results printout without a
 // bet. (Each bet's expected value itself is the advantage tests'.)
-#include "stats/bet_results.h"
-#include "stats/summary.h"
-#include "stats/summary_printouts.h"
 #include "stats/view_printouts.h"
 
 #include <gtest/gtest.h>
 
 #include "../engine/table_fixture.h"
 #include "analysis/advantage.h"
+#include "stats/bet_results.h"
+#include "stats/summary.h"
+#include "stats/summary_printouts.h"
 
 namespace {
 
@@ -67,14 +67,17 @@ class Views : public TableFixture {
 TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
   ThreeComeOuts();
   const BetResultsFigures f = FigureBetResults(g, 2, kP1, {kPassLine});
-  auto cell = [&](int row, int col) { return f.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text; };
+  auto cell = [&](int row, int col) {
+    return f.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text;
+  };
   EXPECT_EQ(f.selectionLabel, "1 Player selected");
   EXPECT_EQ(f.betsLabel, "1 bet selected");
   EXPECT_EQ(f.onTable[0].text, "1");
   EXPECT_EQ(f.onTable[1].text, "10");
   // Wagers: 3 decisions of 10; wins 2 of 10, losses 1 of 10.
   const char* wagers[] = {"", "3", "30", "10", "10", "10", "10", "1", "10", "120", "1,200"};
-  for (int row = 1; row <= 10; ++row) EXPECT_EQ(cell(row, kWagersCol), wagers[row]) << ResultRowLabel(row);
+  for (int row = 1; row <= 10; ++row)
+    EXPECT_EQ(cell(row, kWagersCol), wagers[row]) << ResultRowLabel(row);
   EXPECT_EQ(cell(1, kWinsCol), "2");
   EXPECT_EQ(cell(2, kLossesCol), "10");
   EXPECT_EQ(cell(1, kNetCol), "1");
@@ -125,7 +128,8 @@ TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
   EXPECT_EQ(both.rows[8][kWagersCol].text, "0");
   EXPECT_EQ(both.rows[1][kWagersCol].text, "3");
   // Nobody or no bet selected: every figure 0, the percents "0".
-  for (const BetResultsFigures& f : {FigureBetResults(g, 2, 0, {kPassLine}), FigureBetResults(g, 2, kP1, {})}) {
+  for (const BetResultsFigures& f :
+       {FigureBetResults(g, 2, 0, {kPassLine}), FigureBetResults(g, 2, kP1, {})}) {
     EXPECT_EQ(f.rows[2][kWagersCol].text, "0");
     EXPECT_EQ(f.rows[1][kNetPctCol].text, "0");
     EXPECT_EQ(f.rows[11][kNetPctCol].text, "0");
@@ -147,7 +151,8 @@ TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
   // Low $ is the smallest amount among bets that have a decision.
   g.StatAction(i, kField, 4) = 5_usd;
   g.StatAction(i, PlaceId(6), 4) = 12_usd;
-  EXPECT_EQ(FigureBetResults(g, 2, kP1, {kField, PlaceId(6), kHard4}).rows[4][kWagersCol].text, "5");
+  EXPECT_EQ(FigureBetResults(g, 2, kP1, {kField, PlaceId(6), kHard4}).rows[4][kWagersCol].text,
+            "5");
   // Ids outside the bets have no expected value.
   EXPECT_EQ(ExpectedValuePerDecision(g, 0), 0);
   EXPECT_EQ(ExpectedValuePerDecision(g, 93), 0);
@@ -159,7 +164,7 @@ TEST_F(Views, TrendsListEveryBetWithItsStreak) {
   ASSERT_EQ(rows.size(), 85u);
   EXPECT_EQ(rows[kPassLine - 1].name, "Pass Line");
   EXPECT_EQ(rows[kPassLine - 1].trend.text, " 1");  // the last decision, a win, starts a run
-  EXPECT_EQ(rows[kField - 1].trend.text, " ");     // no streak: an empty number field
+  EXPECT_EQ(rows[kField - 1].trend.text, " ");      // no streak: an empty number field
   EXPECT_TRUE(FigureBetTrends(g, 7).empty());
 }
 
@@ -249,16 +254,11 @@ TEST_F(Views, HandsByNumberAndTheirPrintout) {
   EXPECT_EQ(doc.lines[0].cells[0].text, "Ravelton Hands");
   const std::vector<Texts> rows = {
       {"7", "1", "1", ""},  // the cells that cannot be print empty
-      {"2", "1", "", "1"},
-      {"4", "1", "1", "0"},
-      {"6", "1", "0", "1"},
-      {"Total", "4", "2", "2"},
-      {"Naturals", "2", "1", "1"},
-      {"Points", "2", "1", "1"},
-      {"Total hands", "1"},
-      {"Total rolls", "6"},
-      {"Most rolls in a hand", "6"},
-      {"Most c/o rolls in a hand", "4"},
+      {"2", "1", "", "1"},           {"4", "1", "1", "0"},
+      {"6", "1", "0", "1"},          {"Total", "4", "2", "2"},
+      {"Naturals", "2", "1", "1"},   {"Points", "2", "1", "1"},
+      {"Total hands", "1"},          {"Total rolls", "6"},
+      {"Most rolls in a hand", "6"}, {"Most c/o rolls in a hand", "4"},
   };
   for (const Texts& row : rows) EXPECT_EQ(Cells(doc, row[0]), row);
   g.views.HandsShowPercent = true;

@@ -689,7 +689,8 @@ TEST_F(OpenFailures, AFailedSaveLeavesTheOldFile) {
   EXPECT_FALSE(SaveGame(*game, Path("good.rvg"), failHalfway));
   EXPECT_EQ(platform.messages.back().title, "Unable to Save Ravelton Game File");
   EXPECT_NE(platform.messages.back().text.find(Path("good.rvg")), std::string::npos);
-  EXPECT_TRUE(ReadWholeFile(Path("good.rvg")) == good);  // no temporary left: the atomic writer's tests
+  // The old file stays (that no temporary is left is the atomic writer's test).
+  EXPECT_TRUE(ReadWholeFile(Path("good.rvg")) == good);
   // Into a folder that does not exist.
   EXPECT_FALSE(SaveGame(*game, Path("no/such/folder/x.rvg")));
   EXPECT_NE(platform.messages.back().text.find(Path("no/such/folder/x.rvg")), std::string::npos);
