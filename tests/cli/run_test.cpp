@@ -25,9 +25,7 @@ TEST(CliRun, SameOptionsGiveTheSameSummaryButTheTime) {
   EXPECT_EQ(a, Json("run --rolls 20000 --rng 3 --seed 4242 --json"));
   EXPECT_NE(a, Json("run --rolls 20000 --rng 3 --seed 4243 --json"));
   EXPECT_TRUE(a["rolls"] == 20000 && a["rng"] == 3 && a["seed"] == 4242 && a["stop"] == "") << a;
-  long sum = 0;
-  for (int t = 2; t <= 12; ++t) sum += a["totals"][std::to_string(t)].get<long>();
-  EXPECT_EQ(sum, 20000);
+  // The totals are held against the report's rows (ReportCli.RunThenTotalsAsOneObject).
   // Every hand ends in a miss, so passes and misses split the decided come-outs.
   EXPECT_GT(a["hands"].get<long>(), 0);
   EXPECT_LE(a["passes"].get<long>() + a["misses"].get<long>(), a["comeouts"].get<long>());

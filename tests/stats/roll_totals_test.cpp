@@ -243,7 +243,7 @@ TEST_F(Graph, MovingAverageWrapsIntoThePageBefore) {
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 0), 100_usd);
 }
 
-TEST_F(Graph, TrendColumnsAndTheirLabel) {
+TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
   History({1010, 990, 1030});
   g.RollsAtTable(19) = 3;
   g.BankrollSum(1) = Currency::FromWhole(1000 + 1010 + 990 + 1030);
@@ -259,12 +259,7 @@ TEST_F(Graph, TrendColumnsAndTheirLabel) {
   EXPECT_EQ(GraphTrendColumns(g, 1, 2)[3], 1010_usd);  // (990 + 1030) / 2
   EXPECT_EQ(GraphTrendLabel(0), "All rolls average");
   EXPECT_EQ(GraphTrendLabel(2), "2 roll moving average");
-}
-
-// The desktop view: its trend goes into the game, and its scale and top
-// follow the adjust type.
-TEST_F(Graph, ViewRebuildsTheTrendAndTheRange) {
-  History({1010, 990, 1030});
+  // The desktop view puts its trend and range into the game.
   g.Bet(1, 0) = 1030_usd;
   g.graph.GraphAverageSpan = 2;
   RebuildGraphTrend(g);
@@ -274,6 +269,7 @@ TEST_F(Graph, ViewRebuildsTheTrendAndTheRange) {
   EXPECT_EQ(g.GraphLow(1), 990_usd);
 }
 
+// The desktop view's scale and top follow the adjust type.
 TEST_F(Graph, AutoShiftMovesOneBlockAtATimeAndManualNever) {
   g.roll.GraphScale = 1_usd;
   g.roll.GraphTop = 150_usd;
