@@ -1,19 +1,29 @@
-// Roll totals and frequencies on fixed dice: counts, percents, gaps and the
-// graph's scale worked out by hand.
+// The roll views on fixed dice: roll totals and frequencies (counts,
+// percents, gaps and the graph's scale worked out by hand); the bankroll
+// graph (the arithmetic both graphs share, then what the desktop view and the
+// report each do with it, histories laid straight into the tables); and the
+// number texts of every pattern the views use.
+#include "stats/roll_totals.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <set>
 
 #include "../engine/roll_fixture.h"
+#include "core/money.h"
 #include "engine/players.h"
 #include "dice/probability.h"
-#include "stats/roll_totals.h"
+#include "stats/bankroll_graph.h"
+#include "stats/graph_view.h"
+#include "stats/number_format.h"
 
 namespace {
 
 const RollTotalsRow& Row(const RollTotalsFigures& f, int c) {
-  return *std::find_if(f.rows.begin(), f.rows.end(), [c](const RollTotalsRow& r) { return r.category == c; });
+  return *std::find_if(f.rows.begin(), f.rows.end(),
+                       [c](const RollTotalsRow& r) { return r.category == c; });
 }
 
 class RollTotals : public RollFixture {
@@ -48,7 +58,8 @@ TEST_F(RollTotals, Hard4CountsItsNumberAndGroupsButNotTheEasyPair) {
   Roll(2, 2);
   std::array<int, 12> cats{};
   const int n = RollCategories(2, 2, cats);
-  EXPECT_EQ(std::set<int>(cats.begin(), cats.begin() + n), (std::set<int>{4, 13, 21, 17, 19, 67, 71, 79, 85}));
+  EXPECT_EQ(std::set<int>(cats.begin(), cats.begin() + n),
+            (std::set<int>{4, 13, 21, 17, 19, 67, 71, 79, 85}));
   const RollTotalsFigures f = FigureRollTotals(g, 0, 2, 0, false);
   EXPECT_EQ(Row(f, 4).count.text, "1");
   EXPECT_EQ(Row(f, 4).actualPct.text, "100.00");
@@ -56,15 +67,15 @@ TEST_F(RollTotals, Hard4CountsItsNumberAndGroupsButNotTheEasyPair) {
 }
 
 TEST(ProbablePercent, TruePercentsByPairsAndSkewedBySums) {
-  const std::pair<int, double> expected[] = {{2, 2.78},  {3, 5.56},  {7, 16.67}, {13, 2.78},
-                                             {26, 5.56}, {22, 2.78}, {17, 66.67}, {21, 44.44},
-                                             {18, 50.0}, {19, 38.89}, {73, 27.78}, {65, 33.33},
-                                             {78, 16.67}, {89, 16.67}};
+  const std::pair<int, double> expected[] = {
+      {2, 2.78},   {3, 5.56},  {7, 16.67},  {13, 2.78},  {26, 5.56},  {22, 2.78},  {17, 66.67},
+      {21, 44.44}, {18, 50.0}, {19, 38.89}, {73, 27.78}, {65, 33.33}, {78, 16.67}, {89, 16.67}};
   for (auto [c, pct] : expected) EXPECT_DOUBLE_EQ(ProbablePercent(c, nullptr), pct) << c;
   SkewedDice dice;
-  for (int i = 0; i < 36; ++i) dice.pair[static_cast<std::size_t>(i)] = 1000 + i;  // 1.000% + i/1000
-  dice.total[5] = 20000;   // total 7
-  dice.face1[0] = 25000;   // die 1 shows 1
+  for (int i = 0; i < 36; ++i)
+    dice.pair[static_cast<std::size_t>(i)] = 1000 + i;  // 1.000% + i/1000
+  dice.total[5] = 20000;                                // total 7
+  dice.face1[0] = 25000;                                // die 1 shows 1
   EXPECT_DOUBLE_EQ(ProbablePercent(7, &dice), 20.0);
   EXPECT_DOUBLE_EQ(ProbablePercent(78, &dice), 25.0);
   // Number 2 is pair 1-1 (index 0); Numbers 2,12 add pair 6-6 (index 35).
@@ -158,6 +169,225 @@ TEST_F(RollTotals, ADicePassWithinAHandIsExplained) {
             "the dice, the current hand is being credited to another player who started the hand "
             "but is no longer at the table.");
   EXPECT_EQ(HandCreditExplanation(g, 2), "");
+}
+
+class Graph : public RollFixture {
+ protected:
+  Graph() {
+    Seat(1, "Ann");
+    g.graph.GraphPlayer = g.views.GraphPlayer = 1;
+  }
+  // Columns 1..n of player 1 hold `values` one after the other.
+  void History(std::initializer_list<long> values) {
+    int x = 0;
+    for (long v : values) g.GraphBankroll(1, ++x) = Currency::FromWhole(v);
+    g.GraphRollCount = x;
+  }
+  // Column x of this page holds x, column 525 + x of the page before 1000 + x.
+  void TwoPages(int columns) {
+    for (int x = 1; x <= 525; ++x) g.GraphBankroll(1, 525 + x) = Currency::FromWhole(1000 + x);
+    for (int x = 1; x <= columns; ++x) g.GraphBankroll(1, x) = Currency::FromWhole(x);
+    g.GraphRollCount = columns;
+    g.RollTally(18, 0) = 525 + columns;
+  }
+};
+
+TEST_F(Graph, ScaleClimbsTheLadderAndStaysAtItsEnds) {
+  const struct {
+    double from;
+    int dir;
+    double to;
+  } cases[] = {{1, 1, 2},          {2, 1, 4},           {4, 1, 10},
+               {0.4, 1, 1},        {0.1, -1, 0.04},     {0.02, -1, 0.02},
+               {40000, 1, 100000}, {100000, 1, 100000}, {100000, -1, 40000}};
+  for (const auto& c : cases) {
+    const Currency from = Currency::FromRaw(static_cast<std::int64_t>(c.from * 10000));
+    EXPECT_EQ(NextGraphScale(from, c.dir).ToDouble(), c.to) << c.from << " " << c.dir;
+  }
+  Currency s = Currency::FromRaw(200);
+  int rungs = 0;
+  for (Currency up = NextGraphScale(s, 1); up != s; up = NextGraphScale(s, 1)) {
+    s = up;
+    ++rungs;
+  }
+  EXPECT_EQ(s, 100'000_usd);
+  EXPECT_EQ(rungs, 20);
+}
+
+TEST_F(Graph, RowsCountDownFromTheTopAndHalfRowsRoundAway) {
+  g.roll.GraphTop = 1200_usd;
+  g.roll.GraphScale = 2_usd;
+  EXPECT_EQ(GraphRow(g, 1200_usd), 0);
+  EXPECT_EQ(GraphRow(g, 600_usd), 300);
+  EXPECT_EQ(GraphRow(g, 1300_usd), -50);
+  EXPECT_EQ(GraphRow(g, 1199_usd), 1);   // 0.5
+  EXPECT_EQ(GraphRow(g, 1201_usd), -1);  // -0.5
+  EXPECT_EQ(GraphRow(g, 1195_usd), 3);   // 2.5
+  g.roll.GraphScale = Currency{};
+  EXPECT_EQ(GraphRow(g, 600_usd), 0);
+}
+
+TEST_F(Graph, MovingAverageWrapsIntoThePageBefore) {
+  TwoPages(3);
+  // Columns 3, 2, 1, then 1050 .. 1044: (3 + 2 + 1 + 1525 + ... + 1519) / 10.
+  EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 10), 1066_usd);
+  EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 526), MovingBankrollAverage(g, 1, 3, 525));
+  EXPECT_EQ(MovingBankrollAverage(g, 1, 0, 2),
+            Currency::FromRaw(1524'5000));  // column 0 begins at 1050
+  // In the first page a span beyond the rolls averages what exists.
+  g.RollTally(18, 0) = 3;
+  EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 10), 2_usd);
+  EXPECT_EQ(MovingBankrollAverage(g, 1, 0, 10), Currency{});
+  // Span 0: the sum over the rolls and the beginning bankroll.
+  g.BankrollSum(1) = 400_usd;
+  g.RollsAtTable(19) = 3;
+  EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 0), 100_usd);
+}
+
+TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
+  History({1010, 990, 1030});
+  g.RollsAtTable(19) = 3;
+  g.BankrollSum(1) = Currency::FromWhole(1000 + 1010 + 990 + 1030);
+  // All rolls: s / n walking back from the newest column.
+  const std::vector<Currency> all = GraphTrendColumns(g, 1, 0);
+  ASSERT_EQ(all.size(), 4u);
+  EXPECT_EQ(all[3], Currency::FromRaw(1343'3333));
+  EXPECT_EQ(all[2], 1500_usd);  // (1000 + 1010 + 990) / 2
+  EXPECT_EQ(all[1], 2010_usd);  // (1000 + 1010) / 1
+  // A player with no rolls yet divides by nothing.
+  g.RollsAtTable(19) = 0;
+  EXPECT_EQ(GraphTrendColumns(g, 1, 0)[3], g.BankrollSum(1));
+  EXPECT_EQ(GraphTrendColumns(g, 1, 2)[3], 1010_usd);  // (990 + 1030) / 2
+  EXPECT_EQ(GraphTrendLabel(0), "All rolls average");
+  EXPECT_EQ(GraphTrendLabel(2), "2 roll moving average");
+  // The desktop view puts its trend and range into the game.
+  g.Bet(1, 0) = 1030_usd;
+  g.graph.GraphAverageSpan = 2;
+  RebuildGraphTrend(g);
+  EXPECT_EQ(g.GraphTrend(1, 3), 1010_usd);
+  EXPECT_EQ(g.GraphTrend(1, 2), 1000_usd);
+  EXPECT_EQ(g.GraphHigh(1), 1030_usd);
+  EXPECT_EQ(g.GraphLow(1), 990_usd);
+}
+
+// The desktop view's scale and top follow the adjust type.
+TEST_F(Graph, AutoShiftMovesOneBlockAtATimeAndManualNever) {
+  g.roll.GraphScale = 1_usd;
+  g.roll.GraphTop = 150_usd;
+  g.Bet(1, 0) = 1000_usd;
+  g.graph.GraphAdjustType = 0;
+  FigureGraphScale(g, false);
+  EXPECT_EQ(g.roll.GraphTop, 150_usd);
+  g.graph.GraphAdjustType = 1;
+  FigureGraphScale(g, false);
+  EXPECT_EQ(g.roll.GraphTop, 200_usd);
+  FigureGraphScale(g, true);  // recentred: 50 x (Int(1000 / 50) + 3)
+  EXPECT_EQ(g.roll.GraphTop, 1150_usd);
+}
+
+TEST_F(Graph, ExpansionClimbsUntilTheRangeFitsAndSnapBackReturns) {
+  g.graph.GraphAdjustType = 2;
+  g.roll.GraphScale = 1_usd;
+  g.Bet(1, 0) = 1000_usd;
+  History({1000, 1600, 700});
+  FigureGraphRange(g, 1);
+  FigureGraphScale(g, false);
+  EXPECT_EQ(g.roll.GraphScale, 4_usd);  // a range of 900 needs 4 a row for 250 rows
+  // Placed above the high (200 x (Int(1600 / 200) + 3) = 2200), then one
+  // block down because the low lies below the bottom row.
+  EXPECT_EQ(g.roll.GraphTop, 2000_usd);
+  // A range of 250 rows keeps its scale; 251 climbs one rung.
+  g.GraphHigh(1) = 1250_usd;
+  g.GraphLow(1) = 1000_usd;
+  g.roll.GraphScale = 1_usd;
+  FigureGraphScale(g, false);
+  EXPECT_EQ(g.roll.GraphScale, 1_usd);
+  g.GraphLow(1) = 999_usd;
+  FigureGraphScale(g, false);
+  EXPECT_EQ(g.roll.GraphScale, 2_usd);
+  EXPECT_EQ(g.roll.GraphTop, 1500_usd);  // 100 x (Int(1250 / 100) + 3)
+  // Snap-back returns to the chosen scale on an empty page.
+  g.graph.GraphAdjustType = 3;
+  g.roll.GraphBaseScale = 1_usd;
+  g.GraphHigh(1) = g.GraphLow(1) = 1000_usd;
+  g.GraphRollCount = 0;
+  FigureGraphScale(g, false);
+  EXPECT_EQ(g.roll.GraphScale, 1_usd);
+}
+
+// The report: the figures beside the graph, from the views' settings.
+TEST_F(Graph, ReportFiguresBesideTheGraph) {
+  g.Bet(1, 0) = g.BankrollHigh(1) = 1010_usd;
+  g.BankrollLow(1) = Currency::FromRaw(9'905'000);
+  g.InvestedBankroll(1) = 1000_usd;
+  g.GraphBankroll(1, 0) = 1_usd;
+  g.GraphBankroll(1, 1) = 1010_usd;
+  g.GraphRollCount = 1;
+  g.RollTally(18, 0) = 1;
+  g.roll.GraphTop = 1150_usd;
+  BankrollGraphFigures f = FigureBankrollGraph(g, 1);
+  EXPECT_EQ(f.high.text, "1,010.00");  // one figure not whole: all with cents
+  EXPECT_EQ(f.low.text, "990.50");
+  EXPECT_EQ(f.scaleLabels[6].text, "850");
+  EXPECT_EQ(f.rollsRight.text, "525");
+  EXPECT_EQ(f.simHours.text, "0.0083");  // 1 roll at 120 an hour
+  ASSERT_EQ(f.columns.size(), 1u);
+  EXPECT_EQ(f.columns[0].row, 140);
+  EXPECT_EQ(f.columns[0].lineRow, 150);
+  EXPECT_FALSE(f.columns[0].bandBelow);
+  // Reference lines: both beyond the roll count leave the bankroll line blank.
+  g.views.GraphShowRefLines = true;
+  g.views.RefLine1 = 0;
+  g.views.RefLine2 = 7;
+  f = FigureBankrollGraph(g, 1);
+  EXPECT_EQ(f.refRolls, "Rolls:  7");
+  EXPECT_EQ(f.refBankroll, "");
+  g.views.RefLine2 = 0;
+  g.views.RefLine2OnAverage = true;  // bankroll against the beginning bankroll
+  EXPECT_EQ(FigureBankrollGraph(g, 1).refBankroll, "Bankroll:  10");
+  EXPECT_EQ(FormatSimHours(0.00001), "< 0.0001");
+  EXPECT_EQ(FormatSimHours(1234.56), "1,234.6");
+  EXPECT_EQ(FormatSimHours(3), "3");
+}
+
+struct FormatCase {
+  double x;
+  const char* pattern;
+  const char* text;
+};
+
+TEST(FormatNumber, ThePatternsOfTheViews) {
+  const FormatCase cases[] = {
+      {1234567, "#,#;-#,#;0", "1,234,567"},
+      {-1234, "#,#;-#,#;0", "-1,234"},
+      {0, "#,#;-#,#;0", "0"},
+      {0.4, "#,#;-#,#;0", "0"},  // rounds to nothing: the zero section
+      {16.6667, "#,#.00;-#,#;0", "16.67"},
+      {0.5, "#,#.00;-#,#;0", ".50"},
+      {-3.7, "#,#.00;-#,#;0", "-4"},
+      {2.5, "#,0.####;-#,0.####;0", "2.5"},
+      {-0.42426, "#,0.####;-#,0.####;0", "-0.4243"},
+      {100.5, "Standard", "100.50"},
+      {-1234.5, "Standard", "-1,234.50"},
+      {0, "Standard", "0.00"},
+      {12.25, "#,##0.0###;-#,##0.0###;0", "12.25"},
+      {12, "#,##0.0###;-#,##0.0###;0", "12.0"},
+      {-0.01414, "#,##0.0# %;-#,##0.0# %;0 %", "-1.41 %"},
+      {0, "#,##0.0# %;-#,##0.0# %;0 %", "0 %"},
+      {33.3333, "0.0#;-0.0#;0", "33.33"},
+      {-5, " #,#;-#,#", "-5"},
+      {0, " #,#;-#,#", " "},
+      {7, " #,#;-#,#", " 7"},
+      {0.00001, "#,0.0###;-#,#;0", "0"},
+      {std::numeric_limits<double>::quiet_NaN(), "#,#;-#,#;0", "0"},
+  };
+  for (const FormatCase& c : cases)
+    EXPECT_EQ(FormatNumber(c.x, c.pattern), c.text) << c.x << " in " << c.pattern;
+}
+
+TEST(FormatNumber, WholeValuesTakeTheFirstPattern) {
+  EXPECT_EQ(FormatWholeOr(30, "#,#;-#,#;0", "#,0.####;-#,0.####;0"), "30");
+  EXPECT_EQ(FormatWholeOr(33.33333, "#,#;-#,#;0", "#,0.####;-#,0.####;0"), "33.3333");
 }
 
 }  // namespace

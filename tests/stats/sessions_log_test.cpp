@@ -1,15 +1,18 @@
 // Sessions logs: the file's bytes, records written by a new session and a
-// cash-out, damaged files refused with their message, deletions, and the
-// view's statistics over logs of one, two and many sessions.
+// cash-out, damaged files refused with their message, deletions, the view's
+// statistics over logs of one, two and many sessions, and Find in the data
+// list.
+#include "stats/sessions_log.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "../engine/roll_fixture.h"
-#include "cycle/session.h"
 #include "core/message_dialog.h"
+#include "cycle/session.h"
 #include "engine/players.h"
-#include "stats/sessions_log.h"
+#include "stats/sessions_find.h"
 #include "stats/sessions_stats.h"
 
 namespace {
@@ -32,7 +35,8 @@ class SessionsLog : public RollFixture {
     return path;
   }
 
-  static SessionsFigures Figures(const std::string& path, std::int32_t filter = 7, int barWidth = 1) {
+  static SessionsFigures Figures(const std::string& path, std::int32_t filter = 7,
+                                 int barWidth = 1) {
     SessionsRequest rq;
     rq.path = path;
     rq.filter = filter;
@@ -103,15 +107,16 @@ TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
   shortCount[92] = 5;
   std::string negative = good;
   negative[95] = '\x80';
-  const std::string cases[] = {"", good.substr(0, 100), wrongText, shortCount, negative,
-                               good.substr(0, 256 + 100)};
+  const std::string cases[] = {"",       good.substr(0, 100),      wrongText, shortCount,
+                               negative, good.substr(0, 256 + 100)};
   for (const std::string& bytes : cases) {
     const std::string path = Path("bad.slg");
     WriteWholeFile(path, bytes);
     SessionsLogReader log(path);
     EXPECT_FALSE(log.ok()) << bytes.size();
-    EXPECT_EQ(log.error(), path + "\ris either from an older version, has been corrupted, or is not a "
-                                  "true Ravelton Sessions Log.");
+    EXPECT_EQ(log.error(), path +
+                               "\ris either from an older version, has been corrupted, or is not a "
+                               "true Ravelton Sessions Log.");
     EXPECT_EQ(Figures(path).error, log.error());
     // A damaged log is never written over.
     SessionRecord r{};
@@ -228,6 +233,31 @@ TEST_F(SessionsLog, BreakPointsAndRangeBoxes) {
   f = FigureSessionsLog(rq);
   EXPECT_EQ(f.rangeValue[0], -30);
   EXPECT_EQ(f.rangeValue[1], 20);
+}
+
+// Find, forward and backward from the top session with wrapping: the top
+// session itself tested last, sessions outside the included classes skipped.
+TEST_F(SessionsLog, FindWalksFromTheTopWrappingAndSkipsClassesLeftOut) {
+  SessionsRequest rq;
+  rq.path = Log({10, -5, 10, 0, 7});
+  rq.value = kNetValue;
+  auto find = [&rq](int wanted, int direction, std::int32_t top) {
+    rq.rawTop = top;
+    return FindSessionValue(rq, Currency::FromWhole(wanted), direction);
+  };
+  EXPECT_EQ(find(10, 1, 1), 3);
+  EXPECT_EQ(find(10, 1, 3), 1);  // past the end, round to the start
+  EXPECT_EQ(find(10, -1, 3), 1);
+  EXPECT_EQ(find(10, -1, 1), 3);  // before the start, round to the end
+  EXPECT_EQ(find(7, 1, 5), 5);    // only the top itself holds it
+  EXPECT_EQ(find(99, 1, 2), 0);
+  rq.filter = kIncludeLost | kIncludeEven;  // the won sessions left out
+  EXPECT_EQ(find(10, 1, 1), 0);
+  EXPECT_EQ(find(-5, 1, 1), 2);
+  rq.filter = kIncludeWon | kIncludeLost;
+  EXPECT_EQ(find(0, 1, 1), 0);
+  rq.path += ".missing";
+  EXPECT_EQ(find(10, 1, 1), 0);
 }
 
 }  // namespace
