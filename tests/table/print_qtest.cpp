@@ -1,7 +1,9 @@
 // Printing under the offscreen platform: the CheckStacks form's Print and
 // Configure's print command reach a real printer (a PDF file here), only
 // the Payoffs and Advantage tabs offer printing, and long printouts break
-// into pages that each carry their own lines.
+// into pages that each carry their own lines, a document that fixes its
+// lines per page gets exactly that many on a sheet, and a picture lands
+// scaled in its place.
 #include <QAction>
 #include <QFile>
 #include <QImage>
@@ -23,6 +25,7 @@ class PrintTest : public QObject {
   void checkStacksPrintToThePrinter();
   void configurePrintsOnlyPayoffsAndAdvantage();
   void longPrintoutsBreakIntoPages();
+  void fixedPagesAndPicturesLayOut();
 };
 
 namespace {
@@ -92,6 +95,49 @@ void PrintTest::longPrintoutsBreakIntoPages() {
   QVERIFY(InkOn(pages, pages.PageCount() - 1, size) < InkOn(pages, 0, size));
   const PrintDocument empty;
   QCOMPARE(PrintPages(empty, QRect(QPoint(0, 0), size), 96).PageCount(), 1);
+}
+
+void PrintTest::fixedPagesAndPicturesLayOut() {
+  // 80 lines to a page on a sheet that holds about 40 at the usual size:
+  // the font shrinks, and the pages are exactly the lines over 80.
+  const QSize size(600, 800);
+  const QRect sheet(QPoint(0, 0), size);
+  PrintDocument doc;
+  doc.linesPerPage = 80;
+  for (int i = 0; i < 240; ++i) doc.AddText("row " + std::to_string(i));
+  QCOMPARE(PrintPages(doc, sheet, 96).PageCount(), 3);
+  doc.AddText("row 240");
+  const PrintPages four(doc, sheet, 96);
+  QCOMPARE(four.PageCount(), 4);
+  QVERIFY(InkOn(four, 3, size) > 0);
+
+  // A picture 100 x 50 with its right half red, in 10 line heights under a
+  // line of text: it keeps its shape, centred, so the red lies right of
+  // the sheet's middle.
+  PrintDocument pic;
+  PrintGraph graph;
+  graph.width = 100;
+  graph.height = 50;
+  graph.lines = 10;
+  graph.rects.push_back({50, 0, 50, 50, 12});
+  pic.AddText("above");
+  pic.AddGraph(graph);
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  PrintPages(pic, sheet, 96).Paint(painter, 0);
+  painter.end();
+  int red = 0, leftmost = size.width(), lowest = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixel(x, y) == qRgb(255, 0, 0)) {
+        ++red;
+        leftmost = std::min(leftmost, x);
+        lowest = std::max(lowest, y);
+      }
+  QVERIFY(red > 1000);
+  QVERIFY(leftmost >= size.width() / 2 - 1);
+  QVERIFY(lowest < size.height() / 2);  // 10 lines, not the page
 }
 
 QTEST_MAIN(PrintTest)
