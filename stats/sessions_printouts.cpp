@@ -28,7 +28,7 @@ constexpr int kClassCount = 30, kClassPct = 40;
 constexpr int kResultsPerColumn = 8;
 constexpr int kResultName[2] = {0, 36}, kResultEnd[2] = {30, 66};
 // A raw data column: the session number and the value end here.
-constexpr int kRawWidth = 30, kRawNumberEnd = 8, kRawValueEnd = 26;
+constexpr int kRawWidth = 30, kRawNumberEnd = 9, kRawValueEnd = 27;
 constexpr int kRawHeadingLines = 6;
 
 PrintCell Right(std::string text, int column, int colour = kPrintBlack) {

@@ -122,15 +122,16 @@ void PrintPages::PaintGraph(QPainter& painter, const PrintGraph& graph, QRect ar
   const double width = graph.width * scale;
   const QPointF origin(area.left() + (area.width() - width) / 2, area.top());
   painter.save();
+  // The frame first, so that a rule on the picture's edge shows over it.
+  painter.setPen(QPen(Qt::black, 0));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(origin, QSizeF(width, graph.height * scale)));
   for (const PrintRect& r : graph.rects) {
     // A rule stays visible however small the scale.
     const QRectF box(origin.x() + r.left * scale, origin.y() + r.top * scale,
                      std::max(1.0, r.width * scale), std::max(1.0, r.height * scale));
     painter.fillRect(box, BasicColour(r.colour));
   }
-  painter.setPen(QPen(Qt::black, 0));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRect(QRectF(origin, QSizeF(width, graph.height * scale)));
   painter.restore();
 }
 
