@@ -3,7 +3,9 @@
 // results, the histogram of 525 columns with the mean, the deviations and
 // the range lines marked, or the list of the sessions' values. The figures
 // come whole from FigureSessionsLog (stats/sessions_stats.h), which streams
-// the file; the form keeps only what its range boxes hold.
+// the file; the printouts from stats/sessions_printouts.h and the file
+// commands from store/sessions_log_files.h. The form keeps only what its
+// range boxes hold.
 #pragma once
 
 #include <QDialog>

@@ -1,7 +1,7 @@
 // The dice roll file printout: rolls written by the output template down
 // each column of a page, as many columns as the template's width allows,
 // a heading on every page and as many pages as the confirmation said,
-// highlighted pairs marked, and the refusals and questions before it.
+// highlighted pairs marked, and the questions before it.
 #include "dice/dice_file_print.h"
 
 #include <gtest/gtest.h>
@@ -86,15 +86,9 @@ TEST_F(DicePrint, PagesRunDownTheColumnsUnderTheirHeadings) {
   EXPECT_EQ(Cells(doc.lines.back()), "450 (3.6) 9");
 }
 
-TEST_F(DicePrint, RefusalsQuestionsAndTheConfirmation) {
-  EXPECT_FALSE(PrintDiceRolls(g));
-  EXPECT_EQ(platform.messages.back().title, "Print Dice Rolls");
-  EXPECT_EQ(platform.messages.back().text, "There are no dice rolls to print.");
+TEST_F(DicePrint, TheRenumberingQuestionAndTheConfirmation) {
+  // The refusals without rolls or a selection go through the form's test.
   Open(300);
-  Select(301, 301);  // the caret after the last roll: nothing selected
-  EXPECT_FALSE(PrintDiceRolls(g));
-  EXPECT_EQ(platform.messages.back().text, "You haven't selected any dice rolls to print.");
-
   // Rolls 240..201 (the selection's ends in either order), renumbered from 1.
   Select(240, 201);
   Answer(kAnswerYes);
