@@ -111,6 +111,13 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-summary.png --view print:summary --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-hands.png --view print:hands --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-freqs.png --view print:freqs --rolls 500 $(STATS_GAME)
+	rm -f $(BUILD)/screenshot-print.slg $(BUILD)/screenshot-print.rol
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-sessions-histogram.png --view print:sessions \
+	  --sessions-log $(BUILD)/screenshot-print.slg --sessions 60 --rolls 150 $(DEMO_PLAYER)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-sessions-raw.png --view print:sessionsraw \
+	  --sessions-log $(BUILD)/screenshot-print.slg $(DEMO_PLAYER)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-dice-file.png --view print:dicefile \
+	  --dice-file $(BUILD)/screenshot-print.rol --rolls 260 $(DEMO_PLAYER)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

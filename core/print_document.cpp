@@ -1,6 +1,7 @@
 #include "core/print_document.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "core/data_folder.h"
 
@@ -22,6 +23,20 @@ void PrintDocument::AddText(std::string text, bool centred, bool bold) {
 }
 
 void PrintDocument::AddBlank() { lines.emplace_back(); }
+
+int PrintDocument::HeightOf(const PrintLine& line) const {
+  if (line.graph < 0 || line.graph >= static_cast<int>(graphs.size())) return 1;
+  return graphs[static_cast<std::size_t>(line.graph)].lines > 1
+             ? graphs[static_cast<std::size_t>(line.graph)].lines
+             : 1;
+}
+
+void PrintDocument::AddGraph(PrintGraph graph) {
+  PrintLine line;
+  line.graph = static_cast<int>(graphs.size());
+  graphs.push_back(std::move(graph));
+  lines.push_back(std::move(line));
+}
 
 int PrintColourOfSign(const std::array<Long, 3>& printColors, int sign) {
   if (sign > 0) return static_cast<int>(printColors[kPositiveSlot]);

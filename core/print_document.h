@@ -9,6 +9,9 @@
 // - Colours are numbers of the sixteen basic colours (0 black, 9 blue, 12
 //   red, 13 magenta); PrintColors of the rules chooses them, so a printer
 //   without colour gets all black.
+// - A document that sets linesPerPage gets exactly that many line heights
+//   on every page (the font shrinks until they fit), so the page count it
+//   promises before printing is the count that prints.
 #pragma once
 
 #include <array>
@@ -27,16 +30,37 @@ struct PrintCell {
   bool alignRight = false;
 };
 
+// A picture across the page: filled rectangles in the picture's own units
+// (x from the left, y from the top of a width x height area), scaled to the
+// page's width and drawn in a frame. A rectangle one unit wide is a rule.
+struct PrintRect {
+  int left = 0, top = 0, width = 1, height = 1;
+  int colour = kPrintBlack;
+};
+struct PrintGraph {
+  int width = 1, height = 1;
+  int lines = 1;  // the line heights it takes on the page
+  std::vector<PrintRect> rects;
+};
+
 struct PrintLine {
   std::vector<PrintCell> cells;
   bool centred = false;  // one cell centred across the page (headings)
   bool bold = false;
+  int graph = -1;  // index in PrintDocument::graphs: the line is that picture
 };
 
 struct PrintDocument {
   std::string jobName;  // the print job's name, e.g. "Ravelton CheckStacks"
   bool landscape = false;  // wide tables print across the long side
   std::vector<PrintLine> lines;
+  std::vector<PrintGraph> graphs;
+  int linesPerPage = 0;  // 0: as many as the page holds
+
+  // The line heights a line takes: a picture's, else 1.
+  int HeightOf(const PrintLine& line) const;
+  // Appends a picture as a line of its own.
+  void AddGraph(PrintGraph graph);
 
   // Appends a line of one cell at column 0, or centred.
   void AddText(std::string text, bool centred = false, bool bold = false);

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "core/file_io.h"
 #include "core/game.h"
 #include "core/message_dialog.h"
 #include "core/money.h"
@@ -145,7 +146,10 @@ std::string SessionValueName(int index) {
 
 std::string SessionLogPathOf(const Game& game, int p) {
   const std::string& path = game.roll.SessionLogPath[static_cast<std::size_t>(p)];
-  if (!path.empty()) return path;
+  return path.empty() ? DefaultSessionLogPath(game, p) : path;
+}
+
+std::string DefaultSessionLogPath(const Game& game, int p) {
   return game.roll.DataFolder + LowerCase(game.PlayerName[static_cast<std::size_t>(p)]) + ".slg";
 }
 
@@ -202,6 +206,27 @@ void WriteSessionRecords(Game& g) {
 
 std::optional<std::string> CreateSessionsLog(const std::string& path) {
   return Rewrite(path, LogShape{}, HeaderRecord(0), [](std::ofstream&, std::ifstream&) {});
+}
+
+std::optional<std::string> CopySessionsLog(const std::string& from, const std::string& to) {
+  std::string error;
+  const std::optional<LogShape> shape = ReadShape(from, error);
+  if (!shape) return error;
+  if (!shape->exists) return CreateSessionsLog(to);
+  const std::string failure = "The sessions log could not be written:\r\r" + to;
+  FileHandle in = OpenForReading(from);
+  TempFileBeside out(to);
+  if (!in.IsOpen() || !out.IsOpen()) return failure;
+  std::vector<char> chunk(kCopyChunk);
+  for (std::int64_t at = 0;;) {
+    const std::int64_t got = ReadAt(in, at, chunk.data(), chunk.size());
+    if (got < 0) return failure;
+    if (got == 0) break;
+    if (!WriteAll(out.File(), chunk.data(), static_cast<std::size_t>(got))) return failure;
+    at += got;
+  }
+  if (!out.Commit(error)) return failure;
+  return std::nullopt;
 }
 
 std::string DeleteSessions(const std::string& path, long a, long b) {

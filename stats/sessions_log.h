@@ -47,9 +47,10 @@ constexpr int kNetValue = 8;     // "$ Bets Won/Lost (Net)"
 // The cmbView text of value 0..31: "# Rolls" ... "CheckStack #19".
 std::string SessionValueName(int index);
 
-// The player's log: SessionLogPath(p), or the data folder, the lower-cased
-// name and ".slg" when the player has none.
+// The player's log: SessionLogPath(p), or the default when the player has none.
 std::string SessionLogPathOf(const Game& game, int p);
+// The player's default log: the data folder, the lower-cased name and ".slg".
+std::string DefaultSessionLogPath(const Game& game, int p);
 // The record of player p's current session (FigureBetTotals fills bet slot 0).
 SessionRecord SessionRecordOf(Game& game, int p);
 // The message for a file that is not a readable sessions log.
@@ -67,6 +68,10 @@ void WriteSessionRecordShown(Game& game, int p);
 std::optional<std::string> AppendSessionRecord(const std::string& path, const SessionRecord& record);
 // A new log with a header and no sessions (mnuNew, mnuDeleteAll).
 std::optional<std::string> CreateSessionsLog(const std::string& path);
+// mnuSaveAs: the log at `from`, byte for byte, to `to` (through a temporary
+// file beside it); a log not yet written gives a log of no sessions. A
+// damaged `from` is refused with its message.
+std::optional<std::string> CopySessionsLog(const std::string& from, const std::string& to);
 // mnuDelete: sessions a..b (in either order). Returns the message: empty on
 // success, "No sessions deleted.  Entry out of range." or the damaged text.
 std::string DeleteSessions(const std::string& path, long a, long b);

@@ -273,3 +273,20 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
                 "You should be able to view the actual data by selecting \"Display Data\"";
   return f;
 }
+
+bool IncludedSession(const SessionsRequest& rq, Currency net) {
+  const int cls = net < rq.breakLow ? kLost : net > rq.breakHigh ? kWon : kEven;
+  return (rq.filter >> cls) & 1;
+}
+
+double ValueAtColumn(const SessionsFigures& f, int column) {
+  const int c = std::clamp(column, 0, kLastColumn);
+  return f.low.ToDouble() + f.range.ToDouble() * c / kLastColumn;
+}
+
+int RangeLineNear(const SessionsFigures& f, int x, int reach) {
+  if (f.included <= 0) return -1;
+  const int d0 = std::abs(x - f.rangeLineColumns[0]), d1 = std::abs(x - f.rangeLineColumns[1]);
+  if (std::min(d0, d1) > reach) return -1;
+  return d1 < d0 ? 1 : 0;
+}

@@ -76,3 +76,11 @@ struct SessionsFigures {
 
 // UpdateSessionsLog: reads the log of the request and figures the view.
 SessionsFigures FigureSessionsLog(const SessionsRequest& request);
+// Whether the request's filter includes a session of this net (value 8).
+bool IncludedSession(const SessionsRequest& request, Currency net);
+// The value at a column of the histogram, as a range line dragged there
+// gives its box: Low + Range x column / 524, Low when Range is 0.
+double ValueAtColumn(const SessionsFigures& f, int column);
+// The range line (0 or 1) within `reach` columns of x, the nearer one
+// first; -1 when none is, or when nothing is included.
+int RangeLineNear(const SessionsFigures& f, int x, int reach);

@@ -22,6 +22,7 @@
 #include "core/game.h"
 #include "dice/dice_file.h"
 #include "dice/dice_file_edit.h"
+#include "dice/dice_file_print.h"
 #include "dice/dice_file_text.h"
 #include "store/file_chooser.h"
 
@@ -228,11 +229,7 @@ QMenu* DiceFilesForm::BuildFileMenu(QMenu* m) {
   });
   m->addSeparator();
   add("mnuFormatOutput", "F&ormat Output ...", [this] { AskDiceOutputFormat(game_); });
-  QAction* print = add("mnuPrint", "&Print ...", [] {});
-  print->setEnabled(false);
-  print->setToolTip("Printing dice rolls is not built yet.");
-  print->setStatusTip(print->toolTip());
-  m->setToolTipsVisible(true);
+  add("mnuPrint", "&Print ...", [this] { PrintDiceRolls(game_); });
   m->addSeparator();
   add("mnuHide", "&Hide", [this] { close(); });
   return m;

@@ -26,24 +26,43 @@ QColor BasicColour(int number) {
 PrintPages::PrintPages(const PrintDocument& document, QRect page, int dpi)
     : document_(document), page_(page) {
   // Sized in the device's pixels, so the columns measured here land where
-  // they print; a document wider than the page gets a smaller font.
+  // they print; a document wider than the page, or with more lines to a
+  // page than the page holds, gets a smaller font.
   double pixels = kPointSize * dpi / 72.0;
-  for (int fit = 0; fit < 2; ++fit) {
+  for (int fit = 0; fit < 3; ++fit) {
     font_ = QFont("DejaVu Sans");
     font_.setPixelSize(std::max(1, static_cast<int>(pixels)));
     bold_ = font_;
     bold_.setBold(true);
     charWidth_ = QFontMetricsF(font_).averageCharWidth();
-    const double wanted = WidestLine();
-    if (wanted <= page_.width()) break;
-    pixels *= page_.width() / wanted;
+    const double height = QFontMetricsF(font_).height() * kLineSpacing;
+    double scale = std::min(1.0, page_.width() / std::max(1.0, WidestLine()));
+    if (document_.linesPerPage > 0)
+      scale = std::min(scale, page_.height() / ((document_.linesPerPage + kFooterLines) * height + 1));
+    if (scale >= 1.0) break;
+    pixels *= scale;
   }
   const QFontMetricsF metrics(font_);
   lineHeight_ = std::max(1, static_cast<int>(metrics.height() * kLineSpacing));
   footerHeight_ = kFooterLines * lineHeight_;
-  const int perPage = std::max(1, (page_.height() - footerHeight_) / lineHeight_);
+  const int perPage = LinesPerPage();
   const int lines = static_cast<int>(document_.lines.size());
-  for (int first = 0; first < std::max(lines, 1); first += perPage) firstLine_.push_back(first);
+  firstLine_.push_back(0);
+  int used = 0;
+  for (int i = 0; i < lines; ++i) {
+    const int height = document_.HeightOf(document_.lines[static_cast<std::size_t>(i)]);
+    if (used > 0 && used + height > perPage) {
+      firstLine_.push_back(i);
+      used = 0;
+    }
+    used += height;
+  }
+  firstLine_.push_back(lines);
+}
+
+int PrintPages::LinesPerPage() const {
+  const int fits = std::max(1, (page_.height() - footerHeight_) / lineHeight_);
+  return document_.linesPerPage > 0 ? std::min(fits, document_.linesPerPage) : fits;
 }
 
 double PrintPages::WidestLine() const {
@@ -63,12 +82,15 @@ double PrintPages::WidestLine() const {
 
 void PrintPages::Paint(QPainter& painter, int index) const {
   if (index < 0 || index >= PageCount()) return;
-  const int perPage = std::max(1, (page_.height() - footerHeight_) / lineHeight_);
-  const int first = firstLine_[index];
-  const int last = std::min<int>(first + perPage, static_cast<int>(document_.lines.size()));
+  const int first = firstLine_[static_cast<std::size_t>(index)];
+  const int last = firstLine_[static_cast<std::size_t>(index) + 1];
   int y = page_.top();
-  for (int i = first; i < last; ++i, y += lineHeight_) {
-    const PrintLine& line = document_.lines[i];
+  for (int i = first; i < last; ++i) {
+    const PrintLine& line = document_.lines[static_cast<std::size_t>(i)];
+    const int height = document_.HeightOf(line) * lineHeight_;
+    if (line.graph >= 0 && line.graph < static_cast<int>(document_.graphs.size()))
+      PaintGraph(painter, document_.graphs[static_cast<std::size_t>(line.graph)],
+                 QRect(page_.left(), y, page_.width(), height));
     painter.setFont(line.bold ? bold_ : font_);
     const QFontMetricsF metrics(painter.font());
     for (const PrintCell& cell : line.cells) {
@@ -80,6 +102,7 @@ void PrintPages::Paint(QPainter& painter, int index) const {
       else if (cell.alignRight) x -= width;
       painter.drawText(QPointF(x, y + metrics.ascent()), text);
     }
+    y += height;
   }
   painter.setFont(font_);
   painter.setPen(Qt::black);
@@ -88,6 +111,28 @@ void PrintPages::Paint(QPainter& painter, int index) const {
   painter.drawText(QPointF(page_.left() + (page_.width() - metrics.horizontalAdvance(number)) / 2,
                            page_.bottom() - lineHeight_ + metrics.ascent()),
                    number);
+}
+
+void PrintPages::PaintGraph(QPainter& painter, const PrintGraph& graph, QRect area) const {
+  // The picture keeps its shape: as wide as the page allows at the height
+  // it was given, centred, with a line height's gap below it.
+  const double height = std::max(1, area.height() - lineHeight_);
+  const double scale = std::min(area.width() / double(std::max(1, graph.width)),
+                                height / double(std::max(1, graph.height)));
+  const double width = graph.width * scale;
+  const QPointF origin(area.left() + (area.width() - width) / 2, area.top());
+  painter.save();
+  // The frame first, so that a rule on the picture's edge shows over it.
+  painter.setPen(QPen(Qt::black, 0));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(origin, QSizeF(width, graph.height * scale)));
+  for (const PrintRect& r : graph.rects) {
+    // A rule stays visible however small the scale.
+    const QRectF box(origin.x() + r.left * scale, origin.y() + r.top * scale,
+                     std::max(1.0, r.width * scale), std::max(1.0, r.height * scale));
+    painter.fillRect(box, BasicColour(r.colour));
+  }
+  painter.restore();
 }
 
 bool PaintDocument(const PrintDocument& document, QPagedPaintDevice& device) {

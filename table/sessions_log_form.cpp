@@ -26,11 +26,14 @@
 #include "stats/number_format.h"
 #include "stats/sessions_find.h"
 #include "stats/sessions_log.h"
+#include "stats/sessions_printouts.h"
 #include "store/file_chooser.h"
+#include "store/sessions_log_files.h"
 
 namespace {
 
 constexpr int kHistogramRows = 224;
+constexpr int kLineReach = 3;  // columns either side of a range line that grab it
 constexpr std::int64_t kRawScrollRange = 30000;
 
 // The length of the log at `path`; 0 when there is none yet.
@@ -87,13 +90,36 @@ void SessionsHistogram::paintEvent(QPaintEvent*) {
     if (height > 0)
       p.fillRect(QRect(first, kHistogramRows - height, std::min(barWidth_, kHistogramColumns - first), height),
                  QColor(0, 128, 128));
-  for (int column : f.rangeLineColumns) vertical(column, kRangeLine);
+  for (int box = 0; box < 2; ++box)
+    vertical(box == dragging_ ? dragColumn_ : f.rangeLineColumns[static_cast<std::size_t>(box)], kRangeLine);
+}
+
+void SessionsHistogram::mousePressEvent(QMouseEvent* event) {
+  if (!figures_ || event->button() != Qt::LeftButton) return;
+  const int x = static_cast<int>(event->position().x());
+  dragging_ = RangeLineNear(*figures_, x, kLineReach);
+  dragColumn_ = std::clamp(x, 0, kHistogramColumns - 1);
+  if (dragging_ >= 0) update();
+}
+
+void SessionsHistogram::mouseReleaseEvent(QMouseEvent* event) {
+  if (dragging_ < 0) return;
+  const int box = dragging_;
+  dragColumn_ = std::clamp(static_cast<int>(event->position().x()), 0, kHistogramColumns - 1);
+  dragging_ = -1;
+  emit rangeLineMoved(box, dragColumn_);
 }
 
 void SessionsHistogram::mouseMoveEvent(QMouseEvent* event) {
-  // The bar under the pointer: its values, its sessions and their share.
   if (!figures_ || figures_->included == 0) return;
   const int x = std::clamp(static_cast<int>(event->position().x()), 0, kHistogramColumns - 1);
+  if (dragging_ >= 0) {
+    dragColumn_ = x;
+    update();
+    return;
+  }
+  setCursor(RangeLineNear(*figures_, x, kLineReach) >= 0 ? Qt::SizeHorCursor : Qt::ArrowCursor);
+  // The bar under the pointer: its values, its sessions and their share.
   const int first = x / barWidth_ * barWidth_;
   std::int64_t n = 0;
   Currency lo, hi;
@@ -190,6 +216,12 @@ SessionsLogForm::SessionsLogForm(Game& game, QWidget* parent) : QDialog(parent),
 
   // The histogram with its vertical axis, or the data list.
   histogram_ = new SessionsHistogram;
+  connect(histogram_, &SessionsHistogram::rangeLineMoved, this, [this](int box, int column) {
+    // The dropped line rewrites its value box; its deviation box follows.
+    rangeValue_[static_cast<std::size_t>(box)] = ValueAtColumn(figures_, column);
+    rangeSd_[static_cast<std::size_t>(box)].reset();
+    Refresh();
+  });
   vertAxis_ = new QLabel;
   vertAxis_->setObjectName("lblVertAxis");
   auto* histoPage = new QWidget;
@@ -296,18 +328,21 @@ void SessionsLogForm::BuildMenus(QLayout* layout) {
   };
   QMenu* file = bar->addMenu("&File");
   file->setToolTipsVisible(true);
-  const QString later = "Not built yet.";
-  unbuilt(file, "mnuNew", "&New", later);
-  unbuilt(file, "mnuNewAll", "New for A&ll Players", later);
+  add(file, "mnuNew", "&New", [this] {
+    FileCommand([this] { return NewSessionsLog(game_, game_.views.SessionsPlayer); });
+  });
+  add(file, "mnuNewAll", "New for A&ll Players", [this] { FileCommand([this] { return NewSessionsLogs(game_); }); });
   add(file, "mnuOpen", "&Open ...", [this] { OpenLog(); });
-  unbuilt(file, "mnuSaveAs", "Save &As ...", later);
+  add(file, "mnuSaveAs", "Save &As ...", [this] {
+    FileCommand([this] { return SaveSessionsLogAs(game_, game_.views.SessionsPlayer); });
+  });
   unbuilt(file, "mnuMerge", "&Merge ...", "This command has no action.");
   file->addSeparator();
   add(file, "mnuDelete", "&Delete Sessions ...", [this] { DeleteSomeSessions(); });
   add(file, "mnuDeleteAll", "Delete All Sessi&ons ...", [this] { DeleteAllSessions(); });
   file->addSeparator();
-  unbuilt(file, "mnuPrintHistogram", "&Print Histogram ...", "Printing the sessions log is not built yet.");
-  unbuilt(file, "mnuPrintRawData", "Print &Raw Data ...", "Printing the sessions log is not built yet.");
+  add(file, "mnuPrintHistogram", "&Print Histogram ...", [this] { PrintSessionsHistogram(game_, Request(), figures_); });
+  add(file, "mnuPrintRawData", "Print &Raw Data ...", [this] { PrintSessionsRawData(game_, Request(), figures_); });
   file->addSeparator();
   add(file, "mnuHide", "&Hide", [this] { close(); });
 
@@ -367,17 +402,7 @@ void SessionsLogForm::Refresh() {
   const std::string path = LogPath();
   readPath_ = path;
   readSize_ = LogLength(path);
-  SessionsRequest rq;
-  rq.path = path;
-  rq.value = v.SessionsView;
-  rq.filter = v.SessionsFilter;
-  rq.breakLow = v.BreakLow;
-  rq.breakHigh = v.BreakHigh;
-  rq.barWidth = v.BarWidth;
-  rq.rangeValue = rangeValue_;
-  rq.rangeSd = rangeSd_;
-  rq.rawTop = v.RawTop;
-  figures_ = path.empty() ? SessionsFigures{} : FigureSessionsLog(rq);
+  figures_ = path.empty() ? SessionsFigures{} : FigureSessionsLog(Request());
   const SessionsFigures& f = figures_;
   setWindowTitle(path.empty() ? QString("Sessions Log")
                               : QString("Sessions Log (%1)").arg(QString::fromStdString(std::string(FileNameOf(path)))));
@@ -498,14 +523,7 @@ void SessionsLogForm::Find() {
                  "Enter the value you'd like to find for:" + SessionValueName(v.SessionsView),
                  "Find", 0, kMsgOk | kMsgCancel | kMsgInput1 | kMsgSignedInput | kMsgPicQmark) != kAnswerOk)
     return;
-  SessionsRequest rq;
-  rq.path = path;
-  rq.value = v.SessionsView;
-  rq.filter = v.SessionsFilter;
-  rq.breakLow = v.BreakLow;
-  rq.breakHigh = v.BreakHigh;
-  rq.rawTop = v.RawTop;
-  const std::int32_t hit = FindSessionValue(rq, CurFromDouble(LeadingValue(msg.MsgInput1)), 1);
+  const std::int32_t hit = FindSessionValue(Request(), CurFromDouble(LeadingValue(msg.MsgInput1)), 1);
   if (hit == 0) {
     ShowNotice(game_, "Value not found.", "Search Results", 0, kMsgOk);
     return;
@@ -528,5 +546,19 @@ void SessionsLogForm::OpenLog() {
   game_.roll.SessionLogPath[static_cast<std::size_t>(p)] = *path;
   game_.roll.SessionDirty = true;
   rangeValue_ = rangeSd_ = {};
+  Refresh();
+}
+
+SessionsRequest SessionsLogForm::Request() const {
+  SessionsRequest rq = SessionsRequestOf(game_, LogPath());
+  rq.rangeValue = rangeValue_;
+  rq.rangeSd = rangeSd_;
+  return rq;
+}
+
+template <typename F>
+void SessionsLogForm::FileCommand(F command) {
+  if (LogPath().empty()) return;
+  if (command()) rangeValue_ = rangeSd_ = {};
   Refresh();
 }

@@ -3,7 +3,9 @@
 // results, the histogram of 525 columns with the mean, the deviations and
 // the range lines marked, or the list of the sessions' values. The figures
 // come whole from FigureSessionsLog (stats/sessions_stats.h), which streams
-// the file; the form keeps only what its range boxes hold.
+// the file; the printouts from stats/sessions_printouts.h and the file
+// commands from store/sessions_log_files.h. The form keeps only what its
+// range boxes hold.
 #pragma once
 
 #include <QDialog>
@@ -22,20 +24,29 @@ class QScrollBar;
 class QStackedWidget;
 struct Game;
 
-// picHistogram: 525 columns by 224 rows.
+// picHistogram: 525 columns by 224 rows. Either range line can be dragged
+// along the columns; letting it go tells the form where it now stands.
 class SessionsHistogram : public QWidget {
   Q_OBJECT
  public:
   explicit SessionsHistogram(QWidget* parent = nullptr);
   void Show(const SessionsFigures* figures, int barWidth);
 
+ signals:
+  // Range line `box` (0 or 1) was dropped on `column`.
+  void rangeLineMoved(int box, int column);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   const SessionsFigures* figures_ = nullptr;
   int barWidth_ = 5;
+  int dragging_ = -1;  // the range line being dragged, -1 for none
+  int dragColumn_ = 0;
 };
 
 class SessionsLogForm : public QDialog {
@@ -62,6 +73,11 @@ class SessionsLogForm : public QDialog {
   void DeleteSomeSessions();
   void DeleteAllSessions();
   void OpenLog();
+  // mnuNew, mnuNewAll, mnuSaveAs: the file commands, then a fresh reading.
+  template <typename F>
+  void FileCommand(F command);
+  // The view's request for the log shown, range boxes included.
+  SessionsRequest Request() const;
   // mnuFind: the data list's top moves to the next session with the typed value.
   void Find();
   // The range boxes: a typed value clears its deviation box and the reverse.

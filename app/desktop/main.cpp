@@ -22,9 +22,12 @@
 #include "cycle/session.h"
 #include "dice/dice_file.h"
 #include "dice/dice_file_edit.h"
+#include "dice/dice_file_print.h"
 #include "dice/rng.h"
 #include "logs/events_log_view.h"
 #include "engine/check_stacks_print.h"
+#include "stats/sessions_log.h"
+#include "stats/sessions_printouts.h"
 #include "stats/summary_printouts.h"
 #include "core/game.h"
 #include "cycle/startup.h"
@@ -119,6 +122,21 @@ int SavePrintPreview(Game& game, const std::string& what, const std::string& pat
     doc = HandsPrintout(FigureHands(game, 2, 0, false), today, "Tuesday.rvg");
   } else if (what == "freqs") {
     doc = RollFreqsPrintout(FigureRollFreqs(game, 7, false), today, "Tuesday.rvg");
+  } else if (what == "sessions" || what == "sessionsraw") {
+    // The first seated player's sessions log, all sessions included.
+    int p = 1;
+    while (p < 8 && game.PlayerName[static_cast<std::size_t>(p)].empty()) ++p;
+    game.views.SessionsPlayer = p;
+    const std::string& name = game.PlayerName[static_cast<std::size_t>(p)];
+    const SessionsRequest rq = SessionsRequestOf(game, SessionLogPathOf(game, p));
+    std::string error;
+    doc = what == "sessions" ? SessionsHistogramPrintout(game, FigureSessionsLog(rq), name, rq.path, today)
+                             : SessionsRawDataPrintout(game, rq, name, today, error);
+  } else if (what == "dicefile") {
+    // The whole file, the sevens highlighted.
+    ToggleHighlightTotal(game, 7);
+    std::string error;
+    doc = DiceRollsPrintout(game, 1, DiceRollTotal(game), 1, today, error);
   } else {
     std::cerr << "ravelton: no printout named " << what << "\n";
     return 1;
@@ -183,7 +201,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or print:checkstacks|advantage|payoffs|summary|hands|freqs (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or print:checkstacks|advantage|payoffs|summary|hands|freqs|sessions|sessionsraw|dicefile (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");

@@ -2,7 +2,9 @@
 // stacks by the display rule, typing in a cell reaches the game at once,
 // the clipboard items and Delete All work on the game, the rail's four
 // stacks are chosen or refused, and the stacks print to a real printer (a
-// PDF file here) in pages that each carry their own lines.
+// PDF file here) in pages that each carry their own lines; a printout that
+// fixes its lines per page gets that many a sheet, and a picture lands
+// scaled in its place.
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -31,6 +33,7 @@ class CheckStacksTest : public QObject {
   void fontItemsAreKeptByTheGame();
   void printGoesToThePrinter();
   void longPrintoutsBreakIntoPages();
+  void fixedPagesAndPicturesLayOut();
 };
 
 namespace {
@@ -249,6 +252,49 @@ void CheckStacksTest::longPrintoutsBreakIntoPages() {
   QVERIFY(InkOn(pages, pages.PageCount() - 1, size) < InkOn(pages, 0, size));
   const PrintDocument empty;
   QCOMPARE(PrintPages(empty, QRect(QPoint(0, 0), size), 96).PageCount(), 1);
+}
+
+void CheckStacksTest::fixedPagesAndPicturesLayOut() {
+  // 80 lines to a page on a sheet that holds about 40 at the usual size:
+  // the font shrinks, and the pages are exactly the lines over 80.
+  const QSize size(600, 800);
+  const QRect sheet(QPoint(0, 0), size);
+  PrintDocument doc;
+  doc.linesPerPage = 80;
+  for (int i = 0; i < 240; ++i) doc.AddText("row " + std::to_string(i));
+  QCOMPARE(PrintPages(doc, sheet, 96).PageCount(), 3);
+  doc.AddText("row 240");
+  const PrintPages four(doc, sheet, 96);
+  QCOMPARE(four.PageCount(), 4);
+  QVERIFY(InkOn(four, 3, size) > 0);
+
+  // A picture 100 x 50 with its right half red, in 10 line heights under a
+  // line of text: it keeps its shape, centred, so the red lies right of
+  // the sheet's middle.
+  PrintDocument pic;
+  PrintGraph graph;
+  graph.width = 100;
+  graph.height = 50;
+  graph.lines = 10;
+  graph.rects.push_back({50, 0, 50, 50, 12});
+  pic.AddText("above");
+  pic.AddGraph(graph);
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  PrintPages(pic, sheet, 96).Paint(painter, 0);
+  painter.end();
+  int red = 0, leftmost = size.width(), lowest = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixel(x, y) == qRgb(255, 0, 0)) {
+        ++red;
+        leftmost = std::min(leftmost, x);
+        lowest = std::max(lowest, y);
+      }
+  QVERIFY(red > 1000);
+  QVERIFY(leftmost >= size.width() / 2 - 1);
+  QVERIFY(lowest < size.height() / 2);  // 10 lines, not the page
 }
 
 QTEST_MAIN(CheckStacksTest)

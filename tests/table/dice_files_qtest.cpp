@@ -3,7 +3,9 @@
 // file's bytes (typed over or inserted), a selection made in the list is
 // copied and pasted, the recorder plays the file back into the next roll
 // and the open form shows where playback stands, and refusals come with
-// their messages.
+// their messages; printing refuses without rolls or a selection, confirms
+// its count of pages and prints.
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -25,6 +27,7 @@ class DiceFilesTest : public QObject {
   void aSelectionIsCopiedAndPastedAtTheCaret();
   void playbackFeedsTheNextRollAndTheFormFollows();
   void refusalsComeWithTheirMessages();
+  void printingRefusesConfirmsAndPrints();
 };
 
 namespace {
@@ -163,6 +166,32 @@ void DiceFilesTest::refusalsComeWithTheirMessages() {
   t.Trigger("mnuCopyToTextFile");
   QCOMPARE(t.chooserAsked, asked);
   QCOMPARE(t.shown.back().first, std::string("Copy Dice Rolls To Text File"));
+}
+
+void DiceFilesTest::printingRefusesConfirmsAndPrints() {
+  DiceFilesTable t;
+  t.platform.printToFile = t.dir.filePath("rolls.pdf");
+  t.Trigger("mnuPrint");
+  QCOMPARE(t.shown.back(), std::make_pair(std::string("Print Dice Rolls"), std::string("There are no dice rolls to print.")));
+  t.Trigger("mnuNewOpen");
+  t.Key(2, 5);
+  t.Key(6, 1);
+  t.Key(3, 3);
+  t.Trigger("mnuPrint");  // the caret stands after the last roll
+  QCOMPARE(t.shown.back().second, std::string("You haven't selected any dice rolls to print."));
+
+  t.Trigger("mnuSelectAll");
+  t.AnswerMessage(2);  // No
+  t.Trigger("mnuPrint");
+  QCOMPARE(t.shown.back().first, std::string("Print Dice Roll File"));
+  QCOMPARE(t.shown.back().second,
+           std::string("Number of rolls to be printed: 3\r\rBased on the options you've selected,\r"
+                       "this should result in 1 page.\r\rAre you ready to begin printing?"));
+  QCOMPARE(t.platform.documentsPrinted, 0);
+  t.AnswerMessage(1);
+  t.Trigger("mnuPrint");
+  QCOMPARE(t.platform.documentsPrinted, 1);
+  QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
 }
 
 QTEST_MAIN(DiceFilesTest)

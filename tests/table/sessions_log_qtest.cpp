@@ -1,9 +1,13 @@
 // frmGames under the offscreen platform: the menu opens the player's log
 // with its classes and results, the include boxes and the break-point
-// re-class the sessions, the data list shows the values, and deletions
-// reach the file or are refused with their message.
+// re-class the sessions, the data list shows the values, deletions reach
+// the file or are refused with their message, the file commands save and
+// start logs, printing asks and prints, and a dragged range line rewrites
+// its box.
 #include <QCheckBox>
+#include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -22,6 +26,9 @@ class SessionsLogTest : public QObject {
   void theBreakPointReclassesTheSessions();
   void deletionsReachTheFileOrAreRefused();
   void theOpenLogReloadsWhenASessionEnds();
+  void theLogIsSavedAsAndStartedAnew();
+  void printingAsksAndPrints();
+  void draggingARangeLineRewritesItsBox();
 };
 
 namespace {
@@ -148,6 +155,82 @@ void SessionsLogTest::theOpenLogReloadsWhenASessionEnds() {
   NewSession(*t.game, true, false, true, 2);
   QCOMPARE(t.Text("lblGames3"), QString("4"));
   QCOMPARE(t.Text("lblGames1"), QString("2"));  // the new record broke even
+}
+
+void SessionsLogTest::theLogIsSavedAsAndStartedAnew() {
+  SessionsLogTable t;
+  const std::string copy = t.dir.filePath("ann-saved.slg").toStdString();
+  t.platform.onChooseFile = [&](const FileChooserRequest& rq) -> std::optional<std::string> {
+    if (rq.caption != "Save Sessions Log As") qFatal("asked %s", rq.caption.c_str());
+    return copy;
+  };
+  t.Trigger("mnuSaveAs");
+  QCOMPARE(t.form->windowTitle(), QString("Sessions Log (ann-saved.slg)"));
+  QCOMPARE(SessionsLogReader(copy).count(), 3);
+
+  // New: the saved log is not the default, so nobody is asked; the
+  // player is back on the default file, which is gone.
+  t.Trigger("mnuNew");
+  QCOMPARE(t.form->windowTitle(), QString("Sessions Log (ann.slg)"));
+  QCOMPARE(t.Text("lblGames3"), QString("0"));
+  QVERIFY(!QFileInfo::exists(QString::fromStdString(t.path)));
+  QCOMPARE(SessionsLogReader(copy).count(), 3);
+
+  // The default log with sessions is offered for saving first; No loses them.
+  t.game->roll.SessionLogPath[1] = t.path;
+  SessionRecord r{};
+  if (AppendSessionRecord(t.path, r)) qFatal("cannot write the log");
+  t.form->Refresh();
+  QCOMPARE(t.Text("lblGames3"), QString("1"));
+  t.AnswerMessage(2);
+  t.Trigger("mnuNewAll");
+  QCOMPARE(t.shown.back().first, std::string("Save Sessions Log"));
+  QCOMPARE(SessionsLogReader(t.path).count(), 0);
+  QVERIFY(QFileInfo::exists(QString::fromStdString(t.path)));  // recreated, with no sessions
+  QCOMPARE(t.Text("lblGames3"), QString("0"));
+}
+
+void SessionsLogTest::printingAsksAndPrints() {
+  SessionsLogTable t;
+  t.platform.printToFile = t.dir.filePath("log.pdf");
+  t.Trigger("mnuPrintHistogram");
+  QCOMPARE(t.platform.documentsPrinted, 1);
+  QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
+
+  t.AnswerMessage(2);  // No to the confirmation
+  t.Trigger("mnuPrintRawData");
+  QCOMPARE(t.shown.back().first, std::string("Print Sessions Log Raw Data"));
+  QVERIFY(t.shown.back().second.find("Number of sessions to be printed: 3") == 0);
+  QCOMPARE(t.platform.documentsPrinted, 1);
+  t.AnswerMessage(1);
+  t.Trigger("mnuPrintRawData");
+  QCOMPARE(t.platform.documentsPrinted, 2);
+
+  // Nothing included: nothing to print.
+  for (const char* box : {"chkInclude0", "chkInclude1", "chkInclude2"})
+    QTest::mouseClick(FormChild<QCheckBox>(*t.form, box), Qt::LeftButton, {}, QPoint(8, 8));
+  t.Trigger("mnuPrintHistogram");
+  QCOMPARE(t.shown.back().second, std::string("There are no sessions selected for printing."));
+  QCOMPARE(t.platform.documentsPrinted, 2);
+}
+
+void SessionsLogTest::draggingARangeLineRewritesItsBox() {
+  SessionsLogTable t;
+  // Nets -20, 0 and 50: the range lines stand at columns 0 and 524.
+  QCOMPARE(FormChild<QLineEdit>(*t.form, "txtValueCount0")->text(), QString("-20"));
+  QCOMPARE(t.Text("lblRangeCount"), QString("3 sessions"));
+  auto* histogram = FormChild<QWidget>(*t.form, "picHistogram");
+  // Line 0 dropped halfway: -20 + 70 x 262 / 524 = 15.
+  QTest::mousePress(histogram, Qt::LeftButton, {}, QPoint(1, 100));
+  QTest::mouseRelease(histogram, Qt::LeftButton, {}, QPoint(262, 100));
+  QCOMPARE(FormChild<QLineEdit>(*t.form, "txtValueCount0")->text(), QString("15"));
+  QCOMPARE(FormChild<QLineEdit>(*t.form, "txtValueCount1")->text(), QString("50"));
+  QCOMPARE(t.Text("lblRangeCount"), QString("1 session"));
+  // A press away from both lines moves nothing.
+  QTest::mousePress(histogram, Qt::LeftButton, {}, QPoint(400, 100));
+  QTest::mouseRelease(histogram, Qt::LeftButton, {}, QPoint(100, 100));
+  QCOMPARE(FormChild<QLineEdit>(*t.form, "txtValueCount0")->text(), QString("15"));
+  QCOMPARE(FormChild<QLineEdit>(*t.form, "txtValueCount1")->text(), QString("50"));
 }
 
 QTEST_MAIN(SessionsLogTest)

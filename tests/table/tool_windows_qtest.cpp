@@ -1,12 +1,15 @@
 // The tool windows under the offscreen platform. Each keeps its place in
 // the game's window layout (moved and resized, it writes its place and open
 // flag; shown in a game that holds a place, it opens there; a place off the
-// screen is pulled back). frmRYON: a click on a drawn cell rolls those dice,
-// single faces wait for both dice, the right button opens the display menu,
-// and a click during Hyper-Drive asks instead. frmEventsLog: an opened log
-// shows its lines, Find moves the top line, a roll brings its line to the
-// top, the switches reach the game, and a log longer than the scroll bar's
-// range still scrolls to its last line.
+// screen is pulled back; an opened game opens and closes them as it had
+// them). frmRYON: a click on a drawn cell rolls those dice, single faces
+// wait for both dice, the right button opens the display menu, and a click
+// during Hyper-Drive asks instead. frmEventsLog: an opened log shows its
+// lines, Find moves the top line, a roll brings its line to the top, the
+// switches reach the game, and a log longer than the scroll bar's range
+// still scrolls to its last line.
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QScreen>
@@ -26,6 +29,8 @@
 #include "table/events_log_form.h"
 #include "table/roll_pad_form.h"
 #include "table/sessions_log_form.h"
+#include "table/summary_form.h"
+#include "store/game_file.h"
 #include "table/stats_form.h"
 #include "table/stats_views.h"
 
@@ -34,6 +39,7 @@ class ToolWindowsTest : public QObject {
  private slots:
   void theWindowsKeepTheirPlaces();
   void aPlaceOffTheScreenIsPulledBack();
+  void anOpenedGameOpensAndClosesItsWindows();
   void aClickOnABoxCellRollsThoseDice();
   void facesWaitForBothDice();
   void theRightButtonOpensTheMenuWhoseChoicesReachTheGame();
@@ -343,6 +349,38 @@ void ToolWindowsTest::aLogLongerThanTheBarScrollsToItsLastLine() {
   t.Bar()->triggerAction(QAbstractSlider::SliderToMaximum);
   QCOMPARE(t.game->eventsLog.LogTopLine, 30001);
   QCOMPARE(t.Bar()->value(), 30000);
+}
+
+// A game saved with Check Stacks and the Summary open and the Events Log
+// closed brings them back so when opened, whatever is open at the time.
+void ToolWindowsTest::anOpenedGameOpensAndClosesItsWindows() {
+  DesktopTable t(1);
+  CheckStacksForm* stacks = t.window->CheckStacks();
+  stacks->show();
+  stacks->move(140, 90);
+  t.window->findChild<QAction*>("mnuSummary")->trigger();
+  QApplication::processEvents();
+  const std::string path =
+      QDir::temp()
+          .filePath(QString("ravelton-places-%1.rvg").arg(QCoreApplication::applicationPid()))
+          .toStdString();
+  QVERIFY(SaveGame(*t.game, path));
+
+  stacks->hide();
+  stacks->move(300, 200);
+  t.window->findChild<SummaryForm*>()->hide();
+  EventsLogForm* log = t.window->EventsLog();
+  log->show();
+  QApplication::processEvents();
+  t.platform.onChooseFile = [&](const FileChooserRequest&) { return std::optional(path); };
+  t.window->findChild<QAction*>("mnuOpen")->trigger();
+  QApplication::processEvents();
+  std::remove(path.c_str());
+
+  QVERIFY(stacks->isVisible());
+  QCOMPARE(stacks->pos(), QPoint(140, 90));
+  QVERIFY(t.window->findChild<SummaryForm*>()->isVisible());
+  QVERIFY(!log->isVisible());
 }
 
 QTEST_MAIN(ToolWindowsTest)
