@@ -305,6 +305,8 @@ int main(int argc, char** argv) {
     // A new session writes the one just played into the sessions logs.
     if (o.sessions > 0) {
       NewSession(*game, true, true, true, 2);
+      // A new session may reseed from the clock; a seeded picture must not.
+      if (o.seed > 0) SeedRngWith(*game, o.seed + n + 1);
       if (!PlacePlayerBets(*game, o.players, error)) std::cerr << "ravelton: " << error << "\n";
     }
   }
