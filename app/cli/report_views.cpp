@@ -13,6 +13,7 @@
 #include "stats/bet_results.h"
 #include "stats/roll_totals.h"
 #include "stats/sessions_log.h"
+#include "stats/sessions_printouts.h"
 #include "stats/sessions_stats.h"
 #include "stats/summary.h"
 
@@ -223,21 +224,19 @@ void Bankroll(Context& c, Report& r, int p) {
 }
 
 bool Sessions(Context& c, Report& r) {
-  ViewsState& v = c.game.views;
-  SessionsRequest rq;
+  std::string path;
   if (!c.o.file.empty()) {
-    rq.path = c.o.file;
+    path = c.o.file;
   } else if (!c.o.player.empty()) {
     const int p = SeatNamed(c.game, c.o.player, 0);
-    rq.path = p ? SessionLogPathOf(c.game, p) : c.game.roll.DataFolder + LowerCase(c.o.player) + ".slg";
+    path = p ? SessionLogPathOf(c.game, p) : c.game.roll.DataFolder + LowerCase(c.o.player) + ".slg";
   } else {
     return c.Fail("the sessions report needs --player NAME or --file PATH");
   }
-  rq.value = c.o.value >= 0 ? c.o.value : v.SessionsView;
+  // The view's own settings, then what the options change.
+  SessionsRequest rq = SessionsRequestOf(c.game, std::move(path));
+  if (c.o.value >= 0) rq.value = c.o.value;
   if (rq.value >= kSessionValues) return c.Fail("--value must be 0 to 31");
-  rq.filter = v.SessionsFilter;
-  rq.breakLow = v.BreakLow;
-  rq.breakHigh = v.BreakHigh;
   if (!c.o.breakPoint.empty()) {
     const std::size_t colon = c.o.breakPoint.find(':');
     Currency a = ParseAmount(c.o.breakPoint.substr(0, colon));
@@ -245,7 +244,6 @@ bool Sessions(Context& c, Report& r) {
     rq.breakLow = std::min(a, b);
     rq.breakHigh = std::max(a, b);
   }
-  rq.barWidth = v.BarWidth;
   const SessionsFigures f = FigureSessionsLog(rq);
   if (!f.error.empty() && f.sessions == 0) return c.Fail(f.error);
   r.selectionLabel = c.o.player;
