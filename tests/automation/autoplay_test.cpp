@@ -162,6 +162,7 @@ TEST_F(AutoPlaySelection, TheSameBetRowsStepAndStoreForTheSelection) {
   EXPECT_FALSE(AdjustAgrees(g, 0b1110, kAdjustAutoWinSame, AdjustPart::kOperator));
 
   EXPECT_EQ(StepAdjustUnits(g, kOneAndThree, kAdjustAutoLoseSame), 1);
+  EXPECT_EQ(g.autoplay.AdjustUnits(2, kAdjustAutoLoseSame), Currency{});  // not selected
   EXPECT_EQ(StepAdjustUnits(g, kOneAndThree, kAdjustAutoLoseSame), 0);
 
   SetAdjustAmount(g, kOneAndThree, kAdjustAutoWinBet, 25_usd);

@@ -70,6 +70,7 @@ TEST_F(GameCommands, StartUpOpensTheNamedGameElseTheDefaultElseKeepsTheDefaults)
   EXPECT_EQ(other.messages[0].text,
             "notes.txt\r\rThis is not recognized as a Ravelton game filename.\rThe last default "
             "game file will be opened instead.");
+  EXPECT_EQ(other.messages[0].title, "Unable to Open Ravelton Game File");
   EXPECT_EQ(g->PlayerName[5], "");
 
   // A game file that does not open: its own message, then the default.

@@ -123,8 +123,10 @@ TEST_F(GraphHistory, AFullPageStartsANewPageOrScrolls) {
 
   FillPage(g);
   g.roll.GraphPlotType = 1;
+  g.roll.GraphAutoPrint = true;
   ShiftGraphHistory(g);
   EXPECT_EQ(g.GraphRollCount, 525);
+  EXPECT_TRUE(g.roll.GraphPrintDue);  // a full page is printed when asked
   for (int k = 1; k <= 524; ++k) {
     ASSERT_EQ(g.GraphBankroll(1, k), Currency::FromWhole(k + 1)) << k;
     ASSERT_EQ(g.GraphTrend(1, k), Currency::FromWhole(2 * (k + 1))) << k;
@@ -249,7 +251,6 @@ using StartedGame = RollFixture;
 
 TEST_F(StartedGame, FoldersTheClockMeasureAndAMissingGeneratorsFallback) {
   EXPECT_EQ(g.roll.DataFolder, folder.Path());
-  EXPECT_EQ(g.roll.EventsLogPath, folder / "Events Log.txt");
   // The clock advances 1 ms per read: 99 calls fit in 100 ms.
   EXPECT_EQ(g.roll.LoopsPerTick, 9);
   EXPECT_EQ(g.dice.RngIndex, 0);  // the last generator seeded stays selected

@@ -286,6 +286,7 @@ TEST_F(SettleDialogs, BetsThatMustComeDownOfferOnlyTheFirstButton) {
   ASSERT_EQ(platform.settleDialogs.size(), 2u);
   for (const SettleDialog& d : platform.settleDialogs) {
     EXPECT_EQ(EnabledMask(d), 0x01);
+    EXPECT_FALSE(d.rows[0].enabled);
     EXPECT_EQ(d.defaultButton, 0);
   }
   EXPECT_EQ(Won(1), 20_usd);
