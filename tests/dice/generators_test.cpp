@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <memory>
 #include <random>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "core/headless_platform.h"
@@ -174,22 +176,20 @@ TEST_F(Dice, EveryGeneratorGivesUniformDiceInRange) {
 // shuffled generator, of an odd one from the Mersenne Twister, and each
 // source goes on in its own sequence.
 TEST_F(Dice, AlternatingGeneratorsFollowSessionRollCount) {
-  struct Case {
-    Long mixed, shuffled, twister;
-  };
-  for (const Case c : {Case{5, 4, 0}, Case{6, 3, 1}}) {
-    Select(c.mixed, 4242);
-    const MtState twisterBefore = c.twister == 0 ? g.dice.mt19937 : g.dice.mtSecond;
+  // By generator: the shuffled generator and the twister it takes turns with.
+  for (const auto& [mixed, shuffled, twister] : {std::array<Long, 3>{5, 4, 0}, {6, 3, 1}}) {
+    Select(mixed, 4242);
+    const MtState twisterBefore = twister == 0 ? g.dice.mt19937 : g.dice.mtSecond;
     for (Long count = 0; count < 40; ++count) {
       g.RollTally(kTableSession, kEventRolls) = count;
       auto alone = std::make_unique<Game>(g);
-      alone->dice.RngIndex = (count % 2 == 0) ? c.shuffled : c.twister;
+      alone->dice.RngIndex = (count % 2 == 0) ? shuffled : twister;
       DrawDice(*alone);
       DrawDice(g);
       ASSERT_EQ(std::make_pair(g.Die1, g.Die2), std::make_pair(alone->Die1, alone->Die2))
-          << c.mixed << " " << count;
+          << mixed << " " << count;
       if (count == 0) {
-        EXPECT_EQ((c.twister == 0 ? g.dice.mt19937 : g.dice.mtSecond).mti, twisterBefore.mti)
+        EXPECT_EQ((twister == 0 ? g.dice.mt19937 : g.dice.mtSecond).mti, twisterBefore.mti)
             << "even roll touched the twister";
       }
     }
@@ -294,25 +294,20 @@ TEST_F(Dice, SeedingDrawDropsTheFirstValue) {
 // seeding then moves on). Below 1 the clock seeds, even one that has run
 // for weeks.
 TEST_F(Dice, LimitsRefuseAndKeepLastSeed) {
-  struct Case {
-    Long index;
-    double seed;
-    bool ok;
-    Long last;
-  };
-  const Case cases[] = {{2, 999999, true, 999999},
-                        {2, 1000000, false, 999999},
-                        {0, 2147483647.0, true, 2147483647},
-                        {0, 2147483648.0, false, 2147483647},
-                        {0, 7.5, true, 8},
-                        {0, 6.5, true, 6},
-                        {0, 0, true, 123456}};
-  for (const Case& c : cases) {
-    g.dice.RngIndex = c.index;
-    EXPECT_EQ(SeedRngWith(g, c.seed), c.ok) << c.seed;
-    EXPECT_EQ(g.dice.LastSeed, c.last) << c.seed;
-    if (c.index == 0) {
-      EXPECT_EQ(g.dice.Rng3State, c.last) << c.seed;
+  // Generator, seed given, accepted, the last seed after.
+  const std::tuple<Long, double, bool, Long> cases[] = {{2, 999999, true, 999999},
+                                                        {2, 1000000, false, 999999},
+                                                        {0, 2147483647.0, true, 2147483647},
+                                                        {0, 2147483648.0, false, 2147483647},
+                                                        {0, 7.5, true, 8},
+                                                        {0, 6.5, true, 6},
+                                                        {0, 0, true, 123456}};
+  for (const auto& [index, seed, ok, last] : cases) {
+    g.dice.RngIndex = index;
+    EXPECT_EQ(SeedRngWith(g, seed), ok) << seed;
+    EXPECT_EQ(g.dice.LastSeed, last) << seed;
+    if (index == 0) {
+      EXPECT_EQ(g.dice.Rng3State, last) << seed;
     }
   }
   platform.fixedTime = 4'000'000'000u;
@@ -351,17 +346,17 @@ TEST_F(Dice, UserSeedPromptRepeatsUntilWithinLimits) {
 }
 
 TEST_F(Dice, StartUpSeedsAllAndSelectsByLibraries) {
-  struct Case {
-    Long mask, selected;
-  };
-  for (const Case c : {Case{0, 0}, Case{kMissingSecondMt, 0}, Case{kMissingFirstMt, 1},
-                       Case{kMissingFirstMt | kMissingSecondMt, 3}}) {
+  // Libraries missing, the generator selected.
+  for (const auto& [mask, selected] : {std::pair<Long, Long>{0, 0},
+                                       {kMissingSecondMt, 0},
+                                       {kMissingFirstMt, 1},
+                                       {kMissingFirstMt | kMissingSecondMt, 3}}) {
     auto fresh = NewGame();
-    fresh->dice.MissingDllMask = c.mask;
+    fresh->dice.MissingDllMask = mask;
     SeedGeneratorsAtStartUp(*fresh);
-    EXPECT_EQ(fresh->dice.RngIndex, c.selected) << c.mask;
-    EXPECT_EQ(fresh->dice.mt19937.mti == kMtWords + 1, (c.mask & kMissingFirstMt) != 0);
-    EXPECT_EQ(fresh->dice.mtSecond.mti == kMtWords + 1, (c.mask & kMissingSecondMt) != 0);
+    EXPECT_EQ(fresh->dice.RngIndex, selected) << mask;
+    EXPECT_EQ(fresh->dice.mt19937.mti == kMtWords + 1, (mask & kMissingFirstMt) != 0);
+    EXPECT_EQ(fresh->dice.mtSecond.mti == kMtWords + 1, (mask & kMissingSecondMt) != 0);
   }
   // Five seedings within one millisecond: no two neighbours share a seed.
   g.roll.LogOn = true;

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <tuple>
 
 #include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
@@ -196,14 +197,8 @@ TEST_F(Probability, AxisDialogMakesPercentageDiceAboutTheAxis) {
 
 TEST_F(Probability, CellTextFollowsTheDisplayMode) {
   Set(TotalEntry(7), 20000);
-  struct Case {
-    Long mode;
-    double n;
-    ProbEntry entry;
-    const char* text;
-    int sign;
-  };
-  const Case cases[] = {
+  // The display mode, the rolls out of, the entry, its text and sign.
+  const std::tuple<Long, double, ProbEntry, const char*, int> cases[] = {
       {kShowPercentage, 36, CellOfDice(1, 6), "3.333", 0},
       {kShowPercentFromTrue, 36, CellOfDice(1, 1), "-0.111", -1},
       {kShowPercentFromTrue, 36, FaceEntry(1, 1), "+0.001", 1},  // 16.668 - 16.6667
@@ -211,11 +206,11 @@ TEST_F(Probability, CellTextFollowsTheDisplayMode) {
       {kShowRollsFromTrue, 36, CellOfDice(1, 1), "-0.040", -1},  // 0.96012 - 1
       {kShowRollsFromTrue, 36, TotalEntry(8), "-0.199", -1},     // 4.8006 - 5
   };
-  for (const Case& c : cases) {
-    g.probability.ProbDisplayMode = c.mode;
-    g.probability.RollsOutOf = c.n;
-    EXPECT_EQ(ProbabilityCellText(g, c.entry.a, c.entry.b), c.text) << c.mode;
-    EXPECT_EQ(ProbabilityCellSign(g, c.entry.a, c.entry.b), c.sign) << c.mode;
+  for (const auto& [mode, n, entry, text, sign] : cases) {
+    g.probability.ProbDisplayMode = mode;
+    g.probability.RollsOutOf = n;
+    EXPECT_EQ(ProbabilityCellText(g, entry.a, entry.b), text) << mode;
+    EXPECT_EQ(ProbabilityCellSign(g, entry.a, entry.b), sign) << mode;
   }
   g.probability.ProbDisplayMode = kShowRollsFromTrue;
   g.probability.RollsOutOf = 1234.5;
@@ -388,25 +383,20 @@ TEST_F(Probability, ATypedValueIsReadInTheDisplayModeAndABadOneChangesNothing) {
   EXPECT_FALSE(EnterProbabilityText(g, seven, ""));
   EXPECT_FALSE(EnterProbabilityText(g, {1, 12}, "20"));  // no entry there
   EXPECT_EQ(g.probability, before);
-  struct Case {
-    Long mode;
-    double rollsOutOf;
-    const char* text;
-    Long total;  // total 7 after the set
-  };
-  const Case cases[] = {
-      {kShowPercentage, 36, "20", 20000},
+  // The display mode, the rolls out of, the text typed and total 7 after.
+  const std::tuple<Long, double, const char*, Long> cases[] = {
+      {kShowPercentage, 36, "20", 20000},       {kShowRollsOutOf, 100, "25", 25000},
       {kShowPercentFromTrue, 36, "1.5", 18167},  // 16666.67 + 1500
       {kShowRollsOutOf, 36, "7", 19444},         // 7 x 100000 / 36
       {kShowRollsFromTrue, 36, "-1", 13889},     // 6 - 1 rolls out of 36
       {kShowPercentFromTrue, 36, "-50", 0},      // below true by more than all of it
   };
-  for (const Case& c : cases) {
+  for (const auto& [mode, rollsOutOf, text, total] : cases) {
     NewProbabilities(g);
-    g.probability.ProbDisplayMode = c.mode;
-    g.probability.RollsOutOf = c.rollsOutOf;
-    ASSERT_TRUE(EnterProbabilityText(g, seven, c.text)) << c.text;
-    EXPECT_EQ(Value(seven), c.total) << "mode " << c.mode << " " << c.text;
+    g.probability.ProbDisplayMode = mode;
+    g.probability.RollsOutOf = rollsOutOf;
+    ASSERT_TRUE(EnterProbabilityText(g, seven, text)) << text;
+    EXPECT_EQ(Value(seven), total) << "mode " << mode << " " << text;
     EXPECT_TRUE(Locked(seven));
     EXPECT_TRUE(g.probability.ProbDirty);
   }
