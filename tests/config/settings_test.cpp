@@ -48,7 +48,8 @@ TEST_F(Settings, NoticeFlagsAndVigPercent) {
 TEST_F(Settings, RollRateRows) {
   EXPECT_EQ(RollsPerHourFromBox(30_usd, 5), 120_usd);                     // 30 secs / roll
   EXPECT_EQ(RollsPerHourFromBox(36000000_usd, 5), Currency::FromRaw(1));  // 0.0001
-  EXPECT_EQ(RollRateBoxText(120_usd, 1), "2");                            // as rolls / min
+  EXPECT_EQ(RollsPerHourFromBox(Currency::FromRaw(1), 0), Currency::FromRaw(1));
+  EXPECT_EQ(RollRateBoxText(120_usd, 1), "2");  // as rolls / min
   EXPECT_EQ(RollRateBoxText(Currency::FromRaw(1000), 2), "<.0001");
   EXPECT_EQ(RollRateBoxText(1000_usd, 2), "0.2778");
 }
@@ -185,6 +186,7 @@ TEST_F(Settings, EditingKeepsWhatTheUserSees) {
   EXPECT_EQ(g.PayoffTbl(1, place6.row), 2_usd);
   ASSERT_TRUE(PayoffFlagKey(g, place6, 'T'));
   EXPECT_EQ(g.PayoffTbl(1, place6.row), 3_usd);
+  EXPECT_EQ(g.PayoffTbl(2, place6.row), -1_usd);
   // "for" with 9 shown on d = 5; d to 3 keeps the 9.
   ASSERT_TRUE(PayoffFlagKey(g, place6, ' '));
   EXPECT_TRUE(EnterPayoffDenominator(g, place6, 5_usd));

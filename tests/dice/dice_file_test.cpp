@@ -255,6 +255,9 @@ TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
     EXPECT_EQ(g.diceFile.DiceFilePos, c.pos) << c.answer;
     EXPECT_TRUE(g.StopMessage.empty());
   }
+  g.diceFile.DiceFileMode = kDiceFileRecording;
+  AskRewindDiceFile(g);
+  EXPECT_EQ(LastMessage(), "Recording stopped.\rRewind for playback?");
 }
 
 TEST_F(DiceFile, TheRecorderNeedsAFileAndANewSessionClosesIt) {
@@ -498,7 +501,7 @@ TEST_F(DiceFile, PrintPagesRunDownTheColumnsUnderTheirHeadings) {
   EXPECT_EQ(DicePrintPages(151, layout), 2);
   // 450 rolls numbered up to 450: 4 columns, 200 a page, 3 pages.
   Start(Cycling(450));
-  g.diceFile.HighlightCombo(1, 1) = true;
+  ToggleHighlightTotal(g, 2);  // 1-1
   std::string error;
   const PrintDocument doc = DiceRollsPrintout(g, 1, 450, 1, CalendarDate{2026, 11, 23}, error);
   EXPECT_EQ(error, "");

@@ -83,6 +83,7 @@ TEST(Rng3, HandWorkedValuesAndABigSeed) {
   // 152255 x 1366 + 150889 = 208131219 = 291 x 714025 + 349944, Int(2.94) = 2.
   EXPECT_EQ(Rng3(state, 6), 2);
   EXPECT_EQ(Rng3(state, 6), 3);
+  EXPECT_EQ(state, 349944);
   // A seed far above the modulus (every seeding sets it) still gives 1..range.
   state = 2147483647;
   const Long big = Rng3(state, 100000);

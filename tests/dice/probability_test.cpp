@@ -364,7 +364,8 @@ TEST(ProbabilityEditText, OnlyPlainNumbersAreRead) {
   for (const auto& [text, want] : cases) EXPECT_EQ(ParseProbabilityText(text), want) << text;
 }
 
-TEST_F(Probability, TheSelectionIsAlwaysAnEntry) {
+TEST_F(Probability, TheSelectionIsAlwaysAnEntryAndAnUnsavedTableIsUntitled) {
+  EXPECT_EQ(ProbabilityFileCaption(g), "untitled");
   EXPECT_EQ(SelectedProbabilityEntry(g), TotalEntry(2));
   SelectProbabilityEntry(g, FaceEntry(2, 4));
   EXPECT_EQ(SelectedProbabilityEntry(g), FaceEntry(2, 4));
