@@ -5,60 +5,26 @@
 // as fractions. From there it works by enumeration alone: the 36 pairs of
 // one roll for the single-roll bets, an absorbing chain over the come-out
 // and the six points (solved by Gaussian elimination) for the line bets,
-// and a walk over the sets of points made for Fire. Craps<Q> works in exact
-// fractions (fair dice); Craps<long double> serves skewed tables.
+// and a walk over the sets of points made for Fire.
 #pragma once
 
 #include <array>
 #include <cmath>
 #include <cstdint>
 #include <map>
-#include <numeric>
-#include <type_traits>
+#include <set>
 #include <vector>
 
 namespace model {
 
-__extension__ typedef __int128 i128;
-
-// A fraction of 128-bit integers, kept reduced. Exact as long as the
-// denominators stay small: fair dice and their payoffs.
-struct Q {
-  i128 n = 0, d = 1;
-  Q() = default;
-  Q(long long v) : n(v) {}  // NOLINT: whole numbers read as fractions
-  Q(i128 num, i128 den) : n(num), d(den) { Reduce(); }
-  void Reduce() {
-    if (d < 0) n = -n, d = -d;
-    i128 a = n < 0 ? -n : n, b = d;
-    while (b != 0) {
-      const i128 t = a % b;
-      a = b;
-      b = t;
-    }
-    if (a > 1) n /= a, d /= a;
-  }
-  friend Q operator+(Q a, Q b) { return {a.n * b.d + b.n * a.d, a.d * b.d}; }
-  friend Q operator-(Q a, Q b) { return {a.n * b.d - b.n * a.d, a.d * b.d}; }
-  friend Q operator*(Q a, Q b) { return {a.n * b.n, a.d * b.d}; }
-  friend Q operator/(Q a, Q b) { return {a.n * b.d, a.d * b.n}; }
-  friend bool operator==(Q a, Q b) { return a.n == b.n && a.d == b.d; }
-};
-
-// The model works on fractions for fair dice and on long doubles (64-bit
-// mantissas) for skewed tables, whose denominators outgrow 128 bits.
-inline bool IsZero(const Q& q) { return q.n == 0; }
-inline bool IsZero(long double x) { return x == 0; }
-inline double ToDouble(const Q& q) {
-  return static_cast<double>(static_cast<long double>(q.n) / q.d);
-}
-inline double ToDouble(long double x) { return static_cast<double>(x); }
+// The number type of the model: long double, whose 64-bit mantissa keeps
+// the figures exact far below the tests' tolerance, fair dice or skewed.
+using Q = long double;
+inline bool IsZero(Q x) { return x == 0; }
+inline double ToDouble(Q x) { return static_cast<double>(x); }
 template <class N>
 N Frac(long long n, long long d) {
-  if constexpr (std::is_same_v<N, Q>)
-    return Q(static_cast<i128>(n), static_cast<i128>(d));
-  else
-    return static_cast<N>(n) / static_cast<N>(d);
+  return static_cast<N>(n) / static_cast<N>(d);
 }
 
 // The figures of a bet as doubles.
@@ -72,7 +38,7 @@ struct FireModel {
   double rolls = 0;
 };
 
-// The model over a number type N: Q for exact fractions, long double.
+// The model over a number type N (Q).
 template <class N>
 struct Craps {
   // The dice: the chance of each ordered pair, p[die1 - 1][die2 - 1].
@@ -86,7 +52,7 @@ struct Craps {
     N p{};
     for (int i = 1; i <= 6; ++i)
       for (int j = 1; j <= 6; ++j)
-        if (i + j == total) p = p + dice[i - 1][j - 1];
+        if (i + j == total) p += dice[i - 1][j - 1];
     return p;
   }
 
@@ -148,54 +114,32 @@ struct Craps {
     if (bet >= 31 && bet <= 36) return onNumber(kBox[bet - 31], PlacePays(kBox[bet - 31]));
     if (bet >= 37 && bet <= 42) return onNumber(kBox[bet - 37], BuyWin(r, kBox[bet - 37]));
     const bool craps = t == 2 || t == 3 || t == 12;
-    switch (bet) {
-      case 45:  // Come, on its come-out roll
-        return t == 7 || t == 11 ? N(1) : craps ? N(-1) : N(0);
-      case 48:  // Don't Come, on its come-out roll
-        return t == 7 || t == 11 ? N(-1) : craps && t != r.bar ? N(1) : N(0);
-      case 49:
-        return r.field[t];
-      case 50:
-        return onNumber(6, 1);
-      case 51:
-        return onNumber(8, 1);
-      case 52:
-      case 53:
-      case 54:
-      case 55: {
-        const int n = 4 + 2 * (bet - 52);
-        if (t == n && hard) return n == 4 || n == 10 ? N(7) : N(9);
-        return t == n || t == 7 ? N(-1) : N(0);
-      }
+    const bool natural = t == 7 || t == 11;
+    // Come and Don't Come on their come-out roll.
+    if (bet == 45) return natural ? N(1) : craps ? N(-1) : N(0);
+    if (bet == 48) return natural ? N(-1) : craps && t != r.bar ? N(1) : N(0);
+    if (bet == 49) return r.field[t];
+    if (bet == 50 || bet == 51) return onNumber(bet == 50 ? 6 : 8, 1);  // Big 6, Big 8
+    // The hardways 4, 6, 8, 10.
+    if (bet >= 52 && bet <= 55) {
+      const int n = 4 + 2 * (bet - 52);
+      if (t == n && hard) return n == 4 || n == 10 ? N(7) : N(9);
+      return t == n || t == 7 ? N(-1) : N(0);
     }
     // From here on the bets are decided by every roll.
-    switch (bet) {
-      case 56:
-      case 57:
-      case 58:
-      case 59:
-      case 60: {
-        constexpr int kNumber[5] = {2, 3, 7, 11, 12};
-        return t == kNumber[bet - 56] ? SingleNumberPays(t) : N(-1);
-      }
-      case 61:
-        return craps ? N(7) : N(-1);
-      case 62:  // half on craps at 7 to 1, half on eleven at 15 to 1
-        return craps     ? Frac<N>(7, 2) - Frac<N>(1, 2)
-               : t == 11 ? Frac<N>(15, 2) - Frac<N>(1, 2)
-                         : N(-1);
-      case 63:  // a quarter on each of 2, 3, 11, 12
-        return craps || t == 11 ? SingleNumberPays(t) * Frac<N>(1, 4) - Frac<N>(3, 4) : N(-1);
-      case 64:  // a fifth on each of 2, 3, 11, 12 and 7
-        return craps || t == 11 || t == 7 ? SingleNumberPays(t) * Frac<N>(1, 5) - Frac<N>(4, 5)
-                                          : N(-1);
-      case 65:
-        return t > 7 ? N(1) : N(-1);
-      case 66:
-        return t < 7 ? N(1) : N(-1);
-      case 84:  // Midway: the hard 6 and 8 pay 2 to 1, the easy ones and 7 even money
-        if (t == 6 || t == 8) return hard ? N(2) : N(1);
-        return t == 7 ? N(1) : N(-1);
+    constexpr int kNumber[5] = {2, 3, 7, 11, 12};
+    if (bet >= 56 && bet <= 60) return t == kNumber[bet - 56] ? SingleNumberPays(t) : N(-1);
+    if (bet == 61) return craps ? N(7) : N(-1);
+    // Half on craps at 7 to 1 (nets 7/2 - 1/2), half on eleven at 15 to 1.
+    if (bet == 62) return craps ? N(3) : t == 11 ? N(7) : N(-1);
+    if (bet == 63)  // a quarter on each of 2, 3, 11, 12
+      return craps || t == 11 ? (SingleNumberPays(t) - 3) / 4 : N(-1);
+    if (bet == 64)  // a fifth on each of 2, 3, 11, 12 and 7
+      return craps || t == 11 || t == 7 ? (SingleNumberPays(t) - 4) / 5 : N(-1);
+    if (bet == 65 || bet == 66) return (bet == 65 ? t > 7 : t < 7) ? N(1) : N(-1);
+    if (bet == 84) {  // Midway: the hard 6 and 8 pay 2 to 1, the easy ones and 7 even money
+      if (t == 6 || t == 8) return hard ? N(2) : N(1);
+      return t == 7 ? N(1) : N(-1);
     }
     // The hop bets 67..83, each one combination of the dice in either order.
     constexpr int kHop[17][2] = {{1, 3}, {1, 4}, {1, 5}, {1, 6}, {2, 2}, {2, 3},
@@ -217,8 +161,8 @@ struct Craps {
   static Figures FiguresOf(const std::vector<Outcome>& outcomes, N rolls, bool countZero) {
     N value{}, decided{};
     for (const Outcome& o : outcomes) {
-      value = value + o.x * o.f;
-      if (countZero || !IsZero(o.x)) decided = decided + o.f;
+      value += o.x * o.f;
+      if (countZero || !IsZero(o.x)) decided += o.f;
     }
     Figures fig;
     if (IsZero(decided) || IsZero(rolls)) return fig;
@@ -227,8 +171,8 @@ struct Craps {
     for (const Outcome& o : outcomes) {
       if (!countZero && IsZero(o.x)) continue;
       const N share = o.f / decided;
-      varDec = varDec + (o.x - perDec) * (o.x - perDec) * share;
-      varRoll = varRoll + (o.x - perRoll) * (o.x - perRoll) * share / rolls;
+      varDec += (o.x - perDec) * (o.x - perDec) * share;
+      varRoll += (o.x - perRoll) * (o.x - perRoll) * share / rolls;
     }
     fig.evPerRoll = ToDouble(perRoll);
     fig.evPerDec = ToDouble(perDec);
@@ -247,10 +191,7 @@ struct Craps {
       for (int j = 1; j <= 6; ++j)
         outcomes.push_back({SingleRoll(r, bet, i, j), dice[i - 1][j - 1]});
     Figures fig = FiguresOf(outcomes, 1, countZero);
-    N mean{}, var{};
-    for (const Outcome& o : outcomes) mean = mean + o.x * o.f;
-    for (const Outcome& o : outcomes) var = var + (o.x - mean) * (o.x - mean) * o.f;
-    fig.sdPerRoll = std::sqrt(ToDouble(var));
+    fig.sdPerRoll = FiguresOf(outcomes, 1, true).sdPerDec;  // every roll an outcome
     return fig;
   }
 
@@ -265,8 +206,8 @@ struct Craps {
       for (std::size_t row = 0; row < n; ++row) {
         if (row == c || IsZero(a[row][c])) continue;
         const N k = a[row][c] / a[c][c];
-        for (std::size_t col = c; col < n; ++col) a[row][col] = a[row][col] - k * a[c][col];
-        b[row] = b[row] - k * b[c];
+        for (std::size_t col = c; col < n; ++col) a[row][col] -= k * a[c][col];
+        b[row] -= k * b[c];
       }
     }
     for (std::size_t c = 0; c < n; ++c) b[c] = b[c] / a[c][c];
@@ -284,43 +225,30 @@ struct Craps {
         if (kBox[i] == t) return i + 1;
       return 0;
     };
-    // Results that end the decision, keyed by their value.
-    std::vector<N> results;
-    auto resultIndex = [&](N x) {
-      for (std::size_t k = 0; k < results.size(); ++k)
-        if (results[k] == x) return k;
-      results.push_back(x);
-      return results.size() - 1;
-    };
     constexpr std::size_t kStates = 7;
     std::vector<std::vector<N>> stay(kStates, std::vector<N>(kStates));
-    std::vector<std::map<std::size_t, N>> ends(kStates);
+    std::vector<std::map<N, N>> ends(kStates);  // by state, the chance of each result
     for (std::size_t s = 0; s < kStates; ++s)
       for (int i = 1; i <= 6; ++i)
         for (int j = 1; j <= 6; ++j) {
           const int t = i + j;
           const N p = dice[i - 1][j - 1];
           if (s == 0) {
-            if (pointState(t) != 0) {
-              stay[0][static_cast<std::size_t>(pointState(t))] =
-                  stay[0][static_cast<std::size_t>(pointState(t))] + p;
-              continue;
-            }
             const bool natural = t == 7 || t == 11;
-            N x = natural ? N(1) : N(-1);
-            if (dont) x = natural ? N(-1) : t == r.bar ? N(0) : N(1);
-            ends[0][resultIndex(x)] = ends[0][resultIndex(x)] + p;
+            if (pointState(t) != 0)
+              stay[0][static_cast<std::size_t>(pointState(t))] += p;
+            else if (dont)
+              ends[0][natural ? N(-1) : t == r.bar ? N(0) : N(1)] += p;
+            else
+              ends[0][natural ? N(1) : N(-1)] += p;
             continue;
           }
           const int n = kBox[s - 1];
-          if (t != n && t != 7) {
-            stay[s][s] = stay[s][s] + p;
-            continue;
-          }
-          const bool made = t == n;
-          N win = odds ? (dont ? LayPays(n) : TruePays(n)) : N(1);
-          const N x = made != dont ? win : N(-1);
-          ends[s][resultIndex(x)] = ends[s][resultIndex(x)] + p;
+          const N win = odds ? (dont ? LayPays(n) : TruePays(n)) : N(1);
+          if (t != n && t != 7)
+            stay[s][s] += p;
+          else
+            ends[s][(t == n) != dont ? win : N(-1)] += p;
         }
     // (I - stay) h = ends_k for each result k; (I - stay) e = 1 for the rolls.
     std::vector<std::vector<N>> a(kStates, std::vector<N>(kStates));
@@ -331,33 +259,35 @@ struct Craps {
       start[0] = 1;
     } else {  // a decision on a point: the points as the come-out sets them
       N any{};
-      for (int t : kBox) any = any + TotalChance(dice, t);
+      for (int t : kBox) any += TotalChance(dice, t);
       for (int i = 0; i < 6; ++i)
         start[static_cast<std::size_t>(i + 1)] = TotalChance(dice, kBox[i]) / any;
     }
     const std::vector<N> steps = Solve(a, std::vector<N>(kStates, N(1)));
     N rolls{};
-    for (std::size_t s = 0; s < kStates; ++s) rolls = rolls + start[s] * steps[s];
+    for (std::size_t s = 0; s < kStates; ++s) rolls += start[s] * steps[s];
+    std::set<N> results;
+    for (const auto& e : ends)
+      for (const auto& [x, f] : e) results.insert(x);
     std::vector<Outcome> outcomes;
-    for (std::size_t k = 0; k < results.size(); ++k) {
+    for (const N x : results) {
       std::vector<N> b(kStates);
-      for (std::size_t s = 0; s < kStates; ++s)
-        if (ends[s].count(k)) b[s] = ends[s].at(k);
+      for (std::size_t s = 0; s < kStates; ++s) b[s] = ends[s][x];
       const std::vector<N> h = Solve(a, b);
       N f{};
-      for (std::size_t s = 0; s < kStates; ++s) f = f + start[s] * h[s];
-      outcomes.push_back({results[k], f});
+      for (std::size_t s = 0; s < kStates; ++s) f += start[s] * h[s];
+      outcomes.push_back({x, f});
     }
     return FiguresOf(outcomes, rolls, countZero);
   }
 
   // Fire: a hand goes from come-out to point and back until a seven-out. The
   // chance of ending with each set of points made is worked set by set, from
-  // the full set down (a hand's set only grows), in long double.
+  // the full set down (a hand's set only grows).
   static FireModel FireHand(const Dice& dice) {
     constexpr int kBox[6] = {4, 5, 6, 8, 9, 10};
-    std::array<long double, 13> p{};
-    for (int t = 2; t <= 12; ++t) p[t] = static_cast<long double>(ToDouble(TotalChance(dice, t)));
+    std::array<N, 13> p{};
+    for (int t = 2; t <= 12; ++t) p[t] = TotalChance(dice, t);
     long double anyPoint = 0;
     for (int n : kBox) anyPoint += p[n];
     // From a come-out, the next point set is n with chance p(n) / anyPoint;
@@ -380,19 +310,17 @@ struct Craps {
     }
     FireModel fire;
     for (int k = 0; k <= 6; ++k) fire.made[k] = static_cast<double>(end[0][k]);
-    // Rolls: e(come-out) = 1 + p(no point, no end) e(co) + sum p(n) e(n);
-    // e(n) = 1 + p(neither) e(n) + p(n) e(co); a seven on a point ends the hand.
-    std::vector<std::vector<N>> a(7, std::vector<N>(7));
-    N comeOutAgain = TotalChance(dice, 2) + TotalChance(dice, 3) + TotalChance(dice, 7) +
-                     TotalChance(dice, 11) + TotalChance(dice, 12);
-    a[0][0] = N(1) - comeOutAgain;
-    for (int i = 0; i < 6; ++i) {
-      const N pn = TotalChance(dice, kBox[i]), p7 = TotalChance(dice, 7);
-      a[0][static_cast<std::size_t>(i + 1)] = N(0) - pn;
-      a[static_cast<std::size_t>(i + 1)][static_cast<std::size_t>(i + 1)] = pn + p7;
-      a[static_cast<std::size_t>(i + 1)][0] = N(0) - pn;
+    // Rolls: a come-out rolls again with c = p(2, 3, 7, 11, 12), a point n
+    // lasts e(n) = (1 + p(n) e) / (p(n) + p(7)) (made, back to a come-out,
+    // or sevened out), so e = 1 + c e + sum p(n) e(n), solved for e.
+    N rolls = 1, left = 1 - p[2] - p[3] - p[7] - p[11] - p[12];
+    for (int n : kBox) {
+      if (IsZero(p[n])) continue;
+      const N made = p[n] / (p[n] + p[7]);
+      rolls += made;
+      left -= p[n] * made;
     }
-    fire.rolls = ToDouble(Solve(a, std::vector<N>(7, N(1)))[0]);
+    fire.rolls = ToDouble(rolls / left);
     return fire;
   }
 };

