@@ -238,6 +238,7 @@ TEST_F(CliTest, BadBatchOptionsExitOneBeforeAnySession) {
        "--stop-win Ann:-5: the amount must be a number above 0"},
       {kAnn + "--sessions -3 --rolls 10", "--sessions must be at least 1"},
       {kAnn + "--rolls -1", "--rolls must not be negative"},
+      {kAnn + "--hands -2", "--hands must not be negative"},
       {kAnn, "a session needs an end"},
       {"batch --rolls 10", "no player is seated"},
       {kAnn + "--rolls 10 --rng 9", "--rng must be 1 to 8"},

@@ -48,6 +48,7 @@ TEST(DataFolder, ResolvedFromTheEnvironmentInItsOrder) {
   // RAVELTON_DATA, XDG_DATA_HOME and HOME, then the folder.
   const std::pair<std::array<const char*, 3>, const char*> cases[] = {
       {{"/srv/rv", "/x", "/h"}, "/srv/rv/"},
+      {{"/srv/rv/", "/x", "/h"}, "/srv/rv/"},
       {{"", "/x/share/", "/h"}, "/x/share/ravelton/"},
       {{nullptr, "/x/share", "/h"}, "/x/share/ravelton/"},
       {{nullptr, "", "/home/Ann/"}, "/home/Ann/.local/share/ravelton/"},

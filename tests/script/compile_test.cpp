@@ -184,8 +184,11 @@ TEST_F(TokenizerTest, ReferencesResolveToOneCanonicalRun) {
 }
 
 TEST_F(TokenizerTest, GroupsExpandToTheirMembers) {
-  ASSERT_TRUE(Compile(*game, "clear all(bets)").ok);
-  EXPECT_EQ(CountKind(kVariableTarget), 85);
+  for (const auto& [text, n] :
+       {std::pair{"clear all(bets)", 85}, {"clear all(checkstacks)", 100}}) {
+    ASSERT_TRUE(Compile(*game, text).ok) << text;
+    EXPECT_EQ(CountKind(kVariableTarget), n) << text;
+  }
   // A player given as Player(n) travels with each member as one qualifier.
   ASSERT_TRUE(Compile(*game, "clear outside place bets player(2) : bet 5 on place6 player(2)").ok)
       << game->msg.MsgText;

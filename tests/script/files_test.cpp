@@ -277,8 +277,8 @@ TEST(HotKeyFile, RecordsHoldTheirFieldsAtTheirOffsetsPaddedWithBlanks) {
   ASSERT_EQ(bytes.size(), 3 * kHotKeyRecordSize);
   EXPECT_EQ(bytes.substr(0, 23), " Ravelton Hot-Key File ");
   EXPECT_EQ(bytes.substr(101, 2), "2 ");
-  EXPECT_EQ(bytes[200], ' ');   // the last byte of the fields
-  EXPECT_EQ(bytes[201], '\0');  // the rest of the record is not read
+  // The last byte of the fields, then the rest of the record, not read.
+  EXPECT_EQ(bytes.substr(200, 2), std::string(" \0", 2));
   EXPECT_EQ(bytes[256], 'F');
   EXPECT_EQ(bytes.substr(257, 16), "/data/field.bet ");
   EXPECT_EQ(bytes.substr(357, 11), "Field once ");

@@ -320,6 +320,7 @@ TEST_F(SessionsPrintouts, RawDataStreamsTheIncludedSessionsDownColumnsPageByPage
   EXPECT_EQ(error, "");
   // 118 fit one page of 3 x 40; the page's first row holds the sessions
   // that begin each column: 1, 45 (the 41st won session) and 89.
+  EXPECT_EQ(RawDataPages(118), 1);
   ASSERT_EQ(one.linesPerPage, 46);
   const PrintLine& row = one.lines[6];
   ASSERT_EQ(row.cells.size(), 6u);

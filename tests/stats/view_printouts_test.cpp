@@ -64,8 +64,7 @@ TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
     return f.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text;
   };
   EXPECT_EQ(f.betsLabel, "1 bet selected");
-  EXPECT_EQ(f.onTable[0].text, "1");
-  EXPECT_EQ(f.onTable[1].text, "10");
+  EXPECT_TRUE(f.onTable[0].text == "1" && f.onTable[1].text == "10");
   // Wagers: 30 in decisions of 10 (high and low 10), the last roll's 1, and
   // per hour; the counts and the expected value are the printout's below.
   EXPECT_EQ(cell(2, kWagersCol), "30");

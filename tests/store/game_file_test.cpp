@@ -575,6 +575,7 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
   // Counts, slots and texts out of their ranges: record, byte, width, value.
   const std::tuple<int, int, int, std::int64_t> patches[] = {
       {5, 0, 4, 9},                     // nine players
+      {5, 0, 4, -1},                    //
       {5, 76, 4, 2001},                 // check images above 2,000
       {5, 76, 4, 51},                   // more images than the file holds
       {5, 32, 4, 7},                    // a die of 7
