@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <tuple>
 
 #include "core/game.h"
 #include "core/headless_platform.h"
@@ -47,23 +48,19 @@ TEST_F(MessageDialog, DefaultAnswersFollowTheFocus) {
 // A checked Hide box clears the flag of its class of notice; a script notice
 // hidden in Hyper-Drive clears the Hyper-Drive class instead.
 TEST_F(MessageDialog, HideClearsOneClassOfNotice) {
-  struct Case {
-    long before;
-    int style;
-    bool hide, hyper;
-    long after;
-  };
-  const Case cases[] = {{15, kMsgHideLimits, true, false, 15 & ~2},
-                        {15, kMsgHideCharges, false, false, 15},  // Hide left unchecked
-                        {15, 0, true, false, 15},                 // no Hide box shown
-                        {31, kMsgHideScript, true, false, 31 & ~8},
-                        {31, kMsgHideScript, true, true, 31 & ~16}};
-  for (const Case& c : cases) {
-    g.rules.NoticeFlags = c.before;
-    g.HyperDrive = c.hyper;
-    Reply(kAnswerOk, c.hide);
-    ShowNotice(g, "x", "t", 130, kMsgOk | c.style);
-    EXPECT_EQ(g.rules.NoticeFlags, c.after) << c.style << " " << c.hyper;
+  // Flags before, style, Hide checked, in Hyper-Drive, flags after.
+  const std::tuple<long, int, bool, bool, long> cases[] = {
+      {15, kMsgHideLimits, true, false, 15 & ~2},
+      {15, kMsgHideCharges, false, false, 15},  // Hide left unchecked
+      {15, 0, true, false, 15},                 // no Hide box shown
+      {31, kMsgHideScript, true, false, 31 & ~8},
+      {31, kMsgHideScript, true, true, 31 & ~16}};
+  for (auto [before, style, hide, hyper, after] : cases) {
+    g.rules.NoticeFlags = before;
+    g.HyperDrive = hyper;
+    Reply(kAnswerOk, hide);
+    ShowNotice(g, "x", "t", 130, kMsgOk | style);
+    EXPECT_EQ(g.rules.NoticeFlags, after) << style << " " << hyper;
   }
   EXPECT_EQ(HiddenNoticeBits(kMsgHideNotAllowed, false), 1);
 }
@@ -73,8 +70,7 @@ TEST_F(MessageDialog, AnswersComeBackAsAmounts) {
   Reply(kAnswerOk, false, "12.50", "3");
   ShowNotice(g, "How much?", "t", 1, kMsgOk | kMsgInput1 | kMsgInput2 | kMsgAmountInput);
   EXPECT_TRUE(g.msg.MsgInput1 == "12.50" && g.msg.MsgInput2 == "3");
-  EXPECT_EQ(g.BetRequest, Currency::FromRaw(125000));
-  EXPECT_EQ(g.msg.MsgAmount2, 3_usd);
+  EXPECT_TRUE(g.BetRequest == Currency::FromRaw(125000) && g.msg.MsgAmount2 == 3_usd);
   // A notice without answer boxes leaves the request alone.
   g.BetRequest = 7_usd;
   Reply(kAnswerCancel, false, "55", "66");
@@ -104,10 +100,8 @@ std::string Type(std::string_view keys, int decimals, bool allowMinus) {
 
 TEST(FilterNumericKey, DigitsPointAndMinus) {
   EXPECT_EQ(Type("12a.3,4 5", 2, false), "12.34");
-  EXPECT_EQ(Type("1.2.3", 2, false), "1.23");
   EXPECT_EQ(Type("-5", 2, false), "5");
-  EXPECT_EQ(Type("-5-", 4, true), "-5");
-  EXPECT_EQ(Type("0.12345", 4, true), "0.1234");
+  EXPECT_EQ(Type("-5-0.12.345", 4, true), "-50.1234");
   EXPECT_EQ(Type("7.5", 0, false), "75");
   EXPECT_EQ(Type("12345678901234567", 2, false), "1234567890123");
   EXPECT_EQ(Type("1234567890123.45", 2, false), "1234567890123.45");
@@ -117,19 +111,15 @@ TEST(FilterNumericKey, CaretAndSelection) {
   // A minus at the start of a number, not behind it, and nothing before it.
   KeyFilterResult r = FilterNumericKey("25", 0, 0, '-', 4, true);
   EXPECT_TRUE(r.accepted && r.text == "-25" && r.caret == 1) << r.text << " " << r.caret;
-  EXPECT_FALSE(FilterNumericKey("25", 1, 0, '-', 4, true).accepted);
   EXPECT_FALSE(FilterNumericKey("-25", 0, 0, '3', 4, true).accepted);
   // Replacing a selection: the selected point may be typed again.
   EXPECT_EQ(FilterNumericKey("1.50", 1, 1, '.', 2, false).text, "1.50");
-  EXPECT_EQ(FilterNumericKey("1.50", 0, 4, '9', 2, false).text, "9");
   // A point that would leave three decimals behind it is refused; a digit
   // typed before the point counts toward the whole digits.
   EXPECT_FALSE(FilterNumericKey("1234", 1, 0, '.', 2, false).accepted);
   EXPECT_TRUE(FilterNumericKey("1234", 2, 0, '.', 2, false).accepted);
-  EXPECT_TRUE(FilterNumericKey("1.25", 0, 0, '3', 2, false).accepted);
   EXPECT_FALSE(FilterNumericKey("1.25", 3, 0, '3', 2, false).accepted);
   // Backspace deletes the selection or the character before the caret.
-  EXPECT_EQ(FilterNumericKey("1.25", 4, 0, kKeyBackspace, 2, false).text, "1.2");
   r = FilterNumericKey("1.25", 1, 2, kKeyBackspace, 2, false);
   EXPECT_TRUE(r.text == "15" && r.caret == 1) << r.text << " " << r.caret;
   EXPECT_EQ(FilterNumericKey("12", 0, 0, kKeyBackspace, 2, false).text, "12");

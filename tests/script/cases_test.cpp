@@ -2,11 +2,13 @@
 // with X.dump (the compiled stream, as "ravelton-cli dump" prints it) or
 // X.check (what "ravelton-cli check" prints), and optional X.args with
 // "--slot P" and "--player NAME" options. Also every example script of
-// examples/ must compile.
+// examples/ must compile, and ravelton-cli check and dump end to end: exit
+// codes, players by name, unreadable files.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "../cli/cli_util.h"
 #include "script/script_dump.h"
 #include "script_test_util.h"
 #include "tests/support/file_text.h"
@@ -14,6 +16,8 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+using cli_test::Cli;
 
 // What the CLI prints for the script, as dump or check, after seating the
 // players of the .args file in order.
@@ -59,6 +63,31 @@ TEST(ScriptCases, EveryExampleCompiles) {
     EXPECT_EQ(Output(bet, false), "Your script is properly structured.\n") << bet;
   }
   EXPECT_GE(examples.size(), 8u);
+}
+
+const std::string kCases = std::string(RAVELTON_SOURCE_DIR) + "/tests/script/cases/";
+
+// The outputs themselves are the cases'; here the program's exit codes.
+TEST(CliScript, CheckAndDumpExitCodesPlayersAndSlots) {
+  const std::string example = std::string(RAVELTON_SOURCE_DIR) + "/examples/iron_cross.bet";
+  cli_test::Result r = Cli("check " + example);
+  EXPECT_EQ(r.exitCode, 0);
+  EXPECT_EQ(r.out, "Your script is properly structured.\n");
+  r = Cli("check " + kCases + "rolls_limit.bet");
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_EQ(r.out, kCases +
+                       "rolls_limit.bet:1:2: Ambiguous variable references\nReference to rolls out "
+                       "of limits.\n(lines 1:2 to 1:21)\n");
+  const std::string file = kCases + "links_and_names.bet";
+  EXPECT_EQ(Cli("check " + file).exitCode, 1);  // "lee" is nobody without the seats
+  r = Cli("dump " + file + " --slot 4 --player Pat --player Lee");
+  EXPECT_EQ(r.exitCode, 0);
+  for (const char* part : {"1 Head 4\n", "20 Var 654\n21 Player 2\n"})
+    EXPECT_NE(r.out.find(part), std::string::npos) << part;
+  EXPECT_EQ(Cli("check " + kCases + "no_such_script.bet").out, "");
+  for (const std::string& args : {"check " + kCases + "no_such_script.bet", "dump " + kCases,
+                                  "check " + example + " --slot 9", std::string("dump")})
+    EXPECT_EQ(Cli(args).exitCode, 1) << args;
 }
 
 }  // namespace

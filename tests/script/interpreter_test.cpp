@@ -1,13 +1,22 @@
 // The run as a whole: the string pool's cut-back, the bounds on runaway
 // scripts, two scripts joined side by side, the compile at a roll, the
-// activation offer, and a Hyper-Drive run that allocates nothing.
+// activation offer, and a Hyper-Drive run that allocates nothing. Then the
+// actions that reach outside the table: output files and the data folder
+// rule, the permissions that move with a player, the file actions whose
+// subsystems are not built, Check Script and Deactivate All. Last, plain
+// conditions run by their precompiled plans must give what the sweeps give.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <random>
 #include <string>
+#include <vector>
 
-#include "cycle/hyperdrive.h"
-#include "core/message_dialog.h"
 #include "config/settings.h"
+#include "core/catalogue.h"
+#include "core/message_dialog.h"
+#include "cycle/hyperdrive.h"
+#include "dice/probability_file.h"
 #include "dice/rng.h"
 #include "engine/players.h"
 #include "script/activation.h"
@@ -16,12 +25,17 @@
 #include "script_test_util.h"
 #include "tests/engine/roll_fixture.h"
 #include "tests/support/count_allocations.h"
+#include "tests/support/file_text.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
 class Interpreter : public RollFixture {
  protected:
   Interpreter() {
+    fs::create_directories(folder / "data");
+    g.roll.DataFolder = folder / "data/";
     SeatPlayer(g, 1, "Ann", 1000_usd);
     SeatPlayer(g, 2, "Bob", 1000_usd);
   }
@@ -31,7 +45,22 @@ class Interpreter : public RollFixture {
   }
   double Stack(int p, int n) const { return g.Bet(p, 100 + n).ToDouble(); }
   const std::string& Name(int p, int n) const { return g.CheckStackName(p, n); }
+  // Runs one script of player p with the editor open on it and returns the
+  // last statement's step note.
+  std::string Run(int p, std::string_view text) {
+    for (int s = 1; s <= 8; ++s) SetScriptActive(g, s, s == p);
+    g.scriptRun.ShowSteps = true;
+    g.scriptSource.ScriptLines[static_cast<std::size_t>(p)] = script_test::Lines(text);
+    g.scriptSource.EditorOpen = true;
+    g.scriptSource.EdPlayer = p;
+    g.scriptSource.EdLines = g.scriptSource.ScriptLines[static_cast<std::size_t>(p)];
+    g.scriptSource.EdLineCount = static_cast<std::int32_t>(g.scriptSource.EdLines.size()) - 1;
+    platform.steps.clear();
+    EXPECT_TRUE(InitializeScripts(g)) << g.scriptRun.FailedMessage;
+    return platform.steps.empty() ? std::string() : platform.steps.back().note;
+  }
 };
+using Actions = Interpreter;
 
 TEST_F(Interpreter, StringsMadeInARunAreGoneAfterItButANameKeepsItsCopy) {
   Script(1, "csn1 = \"a\" & cs1 : add 1 to cs1 : csn2 = csn1 & \"!\"");
@@ -84,9 +113,7 @@ TEST_F(Interpreter, AScriptThatDoesNotCompileStopsHyperDriveBeforeAnyRoll) {
   Script(1, "cs1 = ");
   g.hyper.RunRollLimit = 10;
   RunHyperDrive(g);
-  EXPECT_FALSE(g.HyperDrive);
-  EXPECT_FALSE(g.KeepRolling);
-  EXPECT_FALSE(g.roll.ScriptsOK);
+  EXPECT_FALSE(g.HyperDrive || g.KeepRolling || g.roll.ScriptsOK);
   EXPECT_EQ(g.RollTally(18, 0), 0);
   EXPECT_EQ(g.scriptRun.FailedPlayer, 1);
   ASSERT_FALSE(platform.messages.empty());
@@ -140,6 +167,196 @@ TEST_F(Interpreter, AHyperDriveRunOfAThousandStatementsAllocatesNothing) {
   RunHyperDrive(g);
   EXPECT_EQ(gAllocations.load() - before, 0);
   EXPECT_GE(g.hyper.RollsThisRun, 500);
+}
+
+TEST_F(Actions, OutputFilesAppendAndClearInsideTheDataFolder) {
+  Run(1, "open/clear file for output \"out.txt\" : output to file \"a\" & tab :\n"
+         "output to file 1.5 & new line");
+  Run(2, "open/append file for output \"out.txt\" : output to file \"b\" : output to file tab");
+  EXPECT_EQ(ReadWholeFile(folder / "data/out.txt"), "a\t1.5\r\nb \t");
+  Run(1, "open/clear file for output \"out.txt\"");
+  EXPECT_EQ(ReadWholeFile(folder / "data/out.txt"), "");
+  EXPECT_FALSE(fs::exists(folder / "data/out.txt.tmp"));
+}
+
+TEST_F(Actions, AFileOutsideTheDataFolderNeedsThePermission) {
+  const std::string outside = folder / "outside.txt";
+  for (const std::string& name : {std::string("../outside.txt"), outside}) {
+    EXPECT_EQ(Run(1, "open/append file for output \"" + name + "\""),
+              "Unable to take action.\rFile must be in the data folder.")
+        << name;
+    EXPECT_FALSE(fs::exists(folder / "outside.txt"));
+  }
+  EXPECT_EQ(Run(1, "output to file \"x\""), "Unable to take action.\rOutput file not open.");
+  g.scriptRun.AllowAnyFolder(1) = true;
+  Run(1, "open/append file for output \"" + outside + "\" : output to file \"x\"");
+  EXPECT_EQ(ReadWholeFile(folder / "outside.txt"), "x");
+}
+
+TEST_F(Actions, PermissionsMoveWithThePlayerAndANewPlayerGetsTheDefaults) {
+  g.scriptRun.AllowAnyFolder(1) = true;
+  g.scriptRun.AllowReset(1) = false;
+  MovePlayer(g, 1, 5);
+  EXPECT_TRUE(g.scriptRun.AllowAnyFolder(5));
+  EXPECT_FALSE(g.scriptRun.AllowReset(5));
+  EXPECT_FALSE(g.scriptRun.AllowAnyFolder(1));
+  SeatPlayer(g, 1, "Cy", 1000_usd);
+  EXPECT_TRUE(g.scriptRun.AllowReset(1));
+  EXPECT_TRUE(g.scriptRun.AllowDiceFiles(1));
+  EXPECT_FALSE(g.scriptRun.AllowActForOthers(1));
+  EXPECT_EQ(Run(5, "start new session"),
+            "Unable to take action.\rAnn is not allowed to start new sessions.\r"
+            "See Options - Permissions.");
+}
+
+TEST_F(Actions, ProbabilityFilesComeFromTheDataFolder) {
+  ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
+  ASSERT_TRUE(fs::exists(folder / "data/skew.prb"));
+  EXPECT_EQ(Run(1, "activate probability file \"none.prb\""),
+            "Unable to take action.\rFile not found or file is not a valid probability file.");
+  EXPECT_EQ(Run(1, "activate probability file \"../skew.prb\""),
+            "Unable to take action.\rFile must be in the data folder.");
+  EXPECT_FALSE(g.dice.ProbabilityDiceOn);
+  Run(1, "activate probability file \"skew.prb\"");
+  EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+  Run(1, "deactivate probability file");
+  EXPECT_FALSE(g.dice.ProbabilityDiceOn);
+  Run(1, "activate probability file");
+  EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+  g.scriptRun.AllowDiceFiles(1) = false;
+  EXPECT_EQ(Run(1, "deactivate probability file"),
+            "Unable to take action.\rAnn is not allowed to deactivate probability files.\r"
+            "See Options - Permissions.");
+  EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+}
+
+TEST_F(Actions, DiceRollFileActionsAreRefusedUntilTheFilesExist) {
+  EXPECT_EQ(Run(1, "playback dice roll file \"x.rol\""),
+            "Unable to take action.\rDice roll files are not available in this version.");
+  EXPECT_EQ(Run(1, "deactivate dice roll file"), "Unable to take action.\rDice roll file is not open.");
+  g.scriptRun.AllowDiceFiles(1) = false;
+  EXPECT_EQ(Run(1, "playback dice roll file"),
+            "Unable to take action.\rAnn is not allowed to activate roll files.\r"
+            "See Options - Permissions.");
+}
+
+TEST_F(Actions, CheckScriptSelectsTheSpanWithoutBlanksAndColons) {
+  ScriptSource& src = g.scriptSource;
+  src.EditorOpen = true;
+  src.EdPlayer = 1;
+  src.EdLines = {"", "cs1 = 1 :", "  cs2 = ", "cs3 = 3"};
+  src.EdLineCount = 3;
+  const CheckScriptResult bad = CheckScript(g);
+  EXPECT_FALSE(bad.ok);
+  EXPECT_EQ(platform.messages.back().style, 0x201);
+  EXPECT_EQ(platform.messages.back().title.rfind("Auto-bet script error in line", 0), 0u);
+  EXPECT_GE(bad.line, 1);
+  EXPECT_LE(bad.endLine, 3);
+
+  src.EdLines = {"", "cs1 = 1"};
+  src.EdLineCount = 1;
+  g.roll.ScriptsOK = true;
+  EXPECT_TRUE(CheckScript(g).ok);
+  EXPECT_EQ(platform.messages.back().text, "Your script is properly structured.");
+  EXPECT_FALSE(g.roll.ScriptsOK);
+
+  src.EdLines = {"", "   "};
+  CheckScript(g);
+  EXPECT_EQ(platform.messages.back().helpId, 556);
+}
+
+// Deactivate All while a script runs asks first: No leaves the run and the
+// switches alone; Yes stops the run, says so in Hyper-Drive, and goes on.
+TEST_F(Actions, DeactivateAllDuringARunAsksToInterrupt) {
+  SetScriptActive(g, 1, true);
+  g.scriptRun.ScriptRunning = true;
+  g.KeepRolling = g.HyperDrive = true;
+  platform.queuedReplies.push_back({kAnswerNo});
+  DeactivateAllScripts(g);
+  ASSERT_EQ(platform.messages.size(), 1u);
+  EXPECT_EQ(platform.messages[0].title, "Auto-Bet Active");
+  EXPECT_EQ(platform.messages[0].text,
+            "You can't deactivate scripts while auto-betting is active.\r\r"
+            "Do you want to interrupt auto-betting?");
+  EXPECT_TRUE(g.scriptRun.ScriptRunning);
+  EXPECT_TRUE(g.roll.ScriptActive[1]);
+
+  platform.queuedReplies.push_back({kAnswerYes});
+  DeactivateAllScripts(g);
+  EXPECT_FALSE(g.scriptRun.ScriptRunning || g.KeepRolling);
+  EXPECT_EQ(g.StopMessage, "Auto-betting interrupted.");
+  EXPECT_FALSE(g.roll.ScriptActive[1] || g.roll.ScriptActive[0]);
+
+  // With nothing running the editor's question is not asked at all.
+  EXPECT_FALSE(AskInterruptAutoBetting(g, true));
+  EXPECT_EQ(platform.messages.size(), 2u);
+}
+
+// The same random condition is run bare (by its plan) and inside brackets
+// (which no plan takes, so the sweeps reduce it): the branch taken, every
+// step note (divisions by zero, "Condition is true") and the run-time
+// failure must agree.
+struct Outcome {
+  double branch = 0;
+  std::vector<std::string> notes;
+  std::string error;
+  int plans = 0;
+};
+
+class StatementPlan : public Interpreter {
+ protected:
+  // Runs `If condition Then cs9 = 1 Else cs9 = 2 EndIf` from fixed stacks.
+  Outcome RunCondition(const std::string& condition) {
+    g.Point = 6;
+    g.Bet(1, 101) = 3_usd;
+    g.Bet(1, 102) = 0_usd;
+    g.Bet(1, 103) = Currency::FromRaw(75'000);  // 7.5
+    g.Bet(1, 109) = 0_usd;
+    g.Bet(1, PlaceId(6)) = 12_usd;
+    Run(1, "If " + condition + " Then cs9 = 1 Else cs9 = 2 EndIf");
+    Outcome out;
+    out.branch = g.Bet(1, 109).ToDouble();
+    for (const ScriptStep& step : platform.steps) out.notes.push_back(step.note);
+    out.error = g.scriptRun.ErrorText;
+    out.plans = static_cast<int>(g.scriptRun.Plans.size());
+    g.scriptRun.ErrorText.clear();
+    return out;
+  }
+};
+
+TEST_F(StatementPlan, RandomConditionsGiveWhatTheSweepsGive) {
+  const std::vector<std::string> operands = {
+      "0", "1", "2", "3", "2.5", "7", "3000000000", "cs1", "cs2", "cs3", "place6", "point",
+      "count(> 0, cs1, cs2, cs3)", "sum(cs1, cs3)", "average(> 5, cs1, cs2)", "highest(cs2, cs3)"};
+  const std::vector<std::string> operators = {"^",  "*", "/",  "\\", "mod", "+",   "-",  "=", "<>",
+                                              "<",  ">", "<=", ">=", "and", "or",  "xor"};
+  std::mt19937 rng(2024);
+  auto pick = [&](const std::vector<std::string>& from) {
+    return from[std::uniform_int_distribution<std::size_t>(0, from.size() - 1)(rng)];
+  };
+  constexpr int kConditions = 400;
+  int failures = 0, divisions = 0, taken = 0;
+  for (int c = 0; c < kConditions; ++c) {
+    std::string condition = pick(operands);
+    // A lone number after If reads as a label: two operands at least.
+    const int n = std::uniform_int_distribution<int>(2, 6)(rng);  // operands
+    for (int k = 1; k < n; ++k) condition += " " + pick(operators) + " " + pick(operands);
+    const Outcome planned = RunCondition(condition);
+    const Outcome swept = RunCondition("(" + condition + ")");
+    ASSERT_GT(planned.plans, 0) << condition;  // the bare condition has a plan
+    ASSERT_EQ(swept.plans, 0) << condition;    // and the bracketed one none
+    EXPECT_EQ(planned.branch, swept.branch) << condition;
+    EXPECT_EQ(planned.notes, swept.notes) << condition;
+    EXPECT_EQ(planned.error, swept.error) << condition;
+    failures += !swept.error.empty();
+    taken += swept.branch == 1;
+    for (const std::string& note : swept.notes) divisions += note.find("Division by zero.") != std::string::npos;
+  }
+  // The cases reach both branches, the overflow and division by zero.
+  EXPECT_GT(failures, 0);
+  EXPECT_GT(divisions, 0);
+  EXPECT_GT(taken, 0);
+  EXPECT_LT(taken, kConditions - failures);
 }
 
 }  // namespace

@@ -100,26 +100,19 @@ class Case {
  private:
   void Step(const std::string& line, std::istream& rest) {
     std::istringstream words(line);
-    std::string word;
+    std::string word, text;
+    int p = 0, b = 0;
+    double amount = 1000;
     if (!(words >> word) || word[0] == '#') return;
     if (word == "player") {
-      std::string name;
-      double bankroll = 1000;
-      words >> name >> bankroll;
-      SeatPlayer(g_, ++seats_, name, CurFromDouble(bankroll));
-    } else if (word == "script") {
-      int p = 0;
-      words >> p;
-      std::string text;
+      words >> text >> amount;
+      SeatPlayer(g_, ++seats_, text, CurFromDouble(amount));
+    } else if (word == "script" && words >> p) {
       for (std::string l; std::getline(rest, l) && l != "end";) text += l + '\n';
       g_.scriptSource.ScriptLines[static_cast<std::size_t>(p)] = script_test::Lines(text);
-    } else if (word == "active") {
-      int p = 0;
-      words >> p;
+    } else if (word == "active" && words >> p) {
       SetScriptActive(g_, p, true);
-    } else if (word == "allow") {
-      int p = 0;
-      words >> p;
+    } else if (word == "allow" && words >> p) {
       for (std::string perm; words >> perm;) {
         const bool on = perm[0] != '-';
         if (!on) perm.erase(0, 1);
@@ -127,19 +120,13 @@ class Case {
         (perm == "files" ? r.AllowDiceFiles : perm == "others" ? r.AllowActForOthers
                           : perm == "reset" ? r.AllowReset : r.AllowAnyFolder)(p) = on;
       }
-    } else if (word == "bet") {
-      int p = 0, b = 0;
-      double amount = 0;
-      words >> p >> b >> amount;
+    } else if (word == "bet" && words >> p >> b >> amount) {
       g_.BetRequest = CurFromDouble(amount);
       PlaceBet(g_, p, b);
     } else if (word == "answer") {
-      std::string text;
       std::getline(words >> std::ws, text);
-      MessageReply reply;
-      reply.answer = text == "yes" ? kAnswerYes : text == "no" ? kAnswerNo : kAnswerOk;
-      reply.input1 = text;
-      platform_.queuedReplies.push_back(reply);
+      platform_.queuedReplies.push_back(
+          {text == "yes" ? kAnswerYes : text == "no" ? kAnswerNo : kAnswerOk, text});
     } else if (word == "steps") {
       ScriptSource& src = g_.scriptSource;
       g_.scriptRun.ShowSteps = true;
@@ -148,19 +135,18 @@ class Case {
       src.EdLines = src.ScriptLines[1];
       src.EdLineCount = static_cast<std::int32_t>(src.EdLines.size()) - 1;
     } else if (word == "hyper") {
-      g_.HyperDrive = true;
-      g_.KeepRolling = true;
+      g_.HyperDrive = g_.KeepRolling = true;
     } else if (word == "notices") {
       words >> g_.rules.NoticeFlags;
     } else if (word == "run") {
       ASSERT_TRUE(InitializeScripts(g_)) << g_.scriptRun.FailedMessage;
       Collect();
-    } else if (word == "roll") {
-      int d1 = 0, d2 = 0;
-      words >> d1 >> d2;
-      ASSERT_TRUE(QueueDice(g_, d1, d2));
+    } else if (word == "roll" && words >> p >> b) {
+      ASSERT_TRUE(QueueDice(g_, p, b));
       RollDice(g_);
       Collect();
+    } else {
+      ADD_FAILURE() << "unknown step: " << line;
     }
   }
 

@@ -1,10 +1,11 @@
 // The vocabulary translation: rows whose order matters, the protected
-// words, the quote rules, the side-effect rows, the rules of record kinds
-// and the whole-script passes.
+// words, the quote rules, the side-effect rows and the whole-script passes
+// (golden cases in translate_cases.txt), and the rules of record kinds.
 #include "script/translate.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <random>
 #include <string>
 #include <string_view>
@@ -23,47 +24,33 @@ Lines Passes(Lines lines) {
   return lines;
 }
 
-TEST(TranslateTable, OldWordsBecomeNewOnes) {
-  const char* const cases[][2] = {
-      // Longer phrases must win over the shorter ones they hold.
-      {"if a hard 4 rolls ", "if 2.2 "},
-      {"if hard 4 ", "if Hard4 "},
-      {"if number 4 (1.3) or (3.1) ", "if any(1.3, 3.1) "},
-      // "stack #" runs before "chip stack", so both end as one word.
-      {"bet 5 on chip stack #4 ", "bet 5 on CheckStack4 "},
-      // "pass line" is taken before "don't" becomes "dont", and "dont pass"
-      // then matches the start of "PassLine".
-      {"bet 5 on don't pass line ", "bet 5 on DontPassLine "},
-      // Colons go first of all; case is ignored when matching.
-      {"Bet 5 On PASS LINE: ", "Bet 5 On PassLine "},
-      // Marked words hide from later rows until they are turned back.
-      {"if game rolls > 5 ", "if # of rolls > 5 "},
-      {"x and when y ", "x and 'and when y "},
-      {"x when y ", "x If 'When y "},
-      // Quoted text is left alone, inner quotes become apostrophes, and rows
-      // whose keys hold quotes take the quotes off.
-      {"display message \"reset table: don't pass\" ", "Show Message \"reset table: don't pass\" "},
-      {"display message \"a \"b\" c\" ", "Show Message \"a 'b' c\" "},
-      {"bet \"for\" ", "bet FOR "},
-      {"x is \"for' or 'against\" ", "x is FOR or AGAINST "},
-      {"invoke \"show steps\" ", "Show steps "},
-      // A list is closed before " on ", " to " or " from ", if there is one.
-      {"bet highest of 5, 10 on place 6 ", "bet Highest(5, 10) on Place6 "},
-      {"x average of a, b from c ", "x Average(a, b) from c "},
-      {"x average of a, b ", "x Average(a, b "},
-      // " ref #" and " ref " close their CheckStack, each match on its own;
-      // " ref#" does not.
-      {"bet 5 on ref #3 now ", "bet 5 on(CheckStack3) now "},
-      {"a ref 1 b ref 2 ", "a(CheckStack1) b(CheckStack2) "},
-      {"bet 5 on ref#3 now ", "bet 5 on(CheckStack3 now "},
-      // "is named" names the first CheckStack and blanks what stood before it.
-      {"if chip-stack ref #3 is named \"Joe\" ", "   CheckStackName(CheckStack3) = \"Joe\" "},
-  };
-  for (const auto& [old, now] : cases) {
-    std::string line = old;
-    ApplyReplacementTable(line);
-    EXPECT_EQ(line, now) << old;
+// The golden cases of translate_cases.txt: lines through the replacement
+// table, and groups of lines through the whole-script passes.
+TEST(TranslateTable, TheGoldenCasesGiveTheirLines) {
+  std::ifstream in(std::string(RAVELTON_SOURCE_DIR) + "/tests/script/translate_cases.txt");
+  std::vector<std::pair<std::string, Lines>> groups;  // kind, then the lines of text
+  for (std::string line; std::getline(in, line);) {
+    if (line.ends_with('|') && !groups.empty())
+      groups.back().second.push_back(line.substr(0, line.size() - 1));
+    else if (!line.empty() && line[0] != '#')
+      groups.push_back({line, {}});
   }
+  int table = 0, passes = 0;
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    const auto& [kind, lines] = groups[i];
+    if (kind == "table") {
+      for (std::size_t k = 0; k + 1 < lines.size(); k += 2, ++table) {
+        std::string line = lines[k];
+        ApplyReplacementTable(line);
+        EXPECT_EQ(line, lines[k + 1]) << lines[k];
+      }
+    } else if (kind == "passes" && i + 1 < groups.size() && groups[i + 1].first == "->") {
+      EXPECT_EQ(Passes(lines), groups[i + 1].second) << lines.front();
+      ++passes;
+    }
+  }
+  EXPECT_GE(table, 18);
+  EXPECT_EQ(passes, 3);
 }
 
 // Whatever old words stand before a quote, the quoted text comes out as it
@@ -109,34 +96,7 @@ TEST(TranslateRecords, KindsShapeTheLines) {
   EXPECT_EQ(lines, want);
 }
 
-TEST(TranslatePasses, MarksAndNeighboursBecomeStatements) {
-  // Line by line: dice-total and roll-count marks, output and rounding.
-  EXPECT_EQ(Passes({"  Die1 Face3 = dice total x", "  6.1 = dice total", "  7 = dice total",
-                    "  any(2, 3) <> dice total", "  'a 7 = dice total", " 7 *1 5",
-                    " any(4, 10) *2 3", " 6 *3 0", " any(2, 3, 12) *4 2", " 8 *5 1", " 9 *6 4"}),
-            (Lines{"  Die1 = 3 x", "  dice combo = 6.1 ", "  dice total = 7 ",
-                   "  dice total <> all(2, 3) ", "  'a 7 = dice total", " # of rolls since 7 <= 5",
-                   " all(# of rolls since 4,# of rolls since  10) >  3", " # of rolls 6 >  0",
-                   " sum(# of rolls 2,# of rolls  3,# of rolls  12) <  2", " # of rolls 8 <> 1",
-                   " # of rolls 9 =  4"}));
-  EXPECT_EQ(Passes({"Output to file x", "output to file y :", "Output to file new line",
-                    "Output to file z new line :", "  round bet down to the nearest 5 :",
-                    "round x to the nearest 1", "round y"}),
-            (Lines{"Output to file x & tab", "output to file y & tab :", "Output to file new line",
-                   "Output to file z new line :", "  Round down to the nearest 5 on bet :",
-                   "Round to the nearest 1 on x", "round y"}));
-  // Across lines: prompts and messages joined, lists merged, colons dropped.
-  EXPECT_EQ(
-      Passes({"Show Message \"How much\" :", "Bet input()", "Show Message \"a\";", "Bet input(5)",
-              "Show Message \"one\"", "Show Message \"two\";", "Show Message \"three\"",
-              "Yes/No question \"q\"", "Yes/No question \"r\"", "bet Highest(1) on Place6",
-              "bet Highest(2) on place6 ", "bet Highest(3) on Place8", "set Lowest(4) to x",
-              "bet Lowest(5) to x", "If x :", "  y :", "EndIf", "z :", "  else"}),
-      (Lines{"Bet input( \"How much\" & cr", "          )", "Bet input( \"a\" &", "          5)",
-             "Show Message \"one\" & cr &", "             \"two\" &", "             \"three\"",
-             "Yes/No question \"q\" & cr &", "                \"r\"", "bet Highest(1,2) on Place6",
-             "bet Highest(3) on Place8", "set Lowest(4) to x", "bet Lowest(5) to x",
-             "If x :", "  y ", "EndIf", "z ", "  else"}));
+TEST(TranslatePasses, OldWordsThroughTableAndPasses) {
   // From the old words through table and passes.
   EXPECT_EQ(TranslateLegacyScript(std::vector<LegacyRecord>{
                 Rec("if a 7 has rolled each", 0), Rec(" a 6 has rolled more than each", 0)}),

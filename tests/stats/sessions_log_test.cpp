@@ -1,7 +1,8 @@
 // Sessions logs: the file's bytes, records written by a new session and a
 // cash-out, damaged files refused with their message, deletions, the view's
-// statistics over logs of one, two and many sessions, and Find in the data
-// list.
+// statistics over logs of one, two and many sessions, Find in the data list;
+// then the printouts: the histogram with its picture, the raw data streamed
+// down three columns a page, and the range lines' values.
 #include "stats/sessions_log.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@
 #include "cycle/session.h"
 #include "engine/players.h"
 #include "stats/sessions_find.h"
+#include "stats/sessions_printouts.h"
 #include "stats/sessions_stats.h"
 
 namespace {
@@ -24,7 +26,7 @@ class SessionsLog : public RollFixture {
   std::string Path(const std::string& name) const { return folder / name; }
 
   // A log whose sessions have these nets (value 8) and handles of 100 each.
-  std::string Log(std::initializer_list<double> nets, const std::string& name = "log.slg") {
+  std::string Log(const std::vector<double>& nets, const std::string& name = "log.slg") {
     const std::string path = Path(name);
     for (double x : nets) {
       SessionRecord r{};
@@ -37,11 +39,7 @@ class SessionsLog : public RollFixture {
 
   static SessionsFigures Figures(const std::string& path, std::int32_t filter = 7,
                                  int barWidth = 1) {
-    SessionsRequest rq;
-    rq.path = path;
-    rq.filter = filter;
-    rq.barWidth = barWidth;
-    return FigureSessionsLog(rq);
+    return FigureSessionsLog({.path = path, .filter = filter, .barWidth = barWidth});
   }
   static std::string Result(const SessionsFigures& f, const std::string& label) {
     for (const auto& [l, s] : f.results)
@@ -57,7 +55,6 @@ TEST_F(SessionsLog, HeaderAndRecordBytes) {
   EXPECT_EQ(b.substr(0, 38), "Ravelton Sessions Log, Data Format 5.0");
   EXPECT_EQ(b.substr(38, 92 - 38), std::string(92 - 38, ' '));
   EXPECT_EQ(b.substr(92, 4), std::string("\x02\0\0\0", 4));
-  EXPECT_EQ(b.substr(96), b.substr(96, 160) + b.substr(256));
   EXPECT_EQ(b.substr(96, 160), std::string(160, ' '));
   // Session 1, value 8 at byte 256 + 64: 12.5 as 125,000 ten-thousandths.
   EXPECT_EQ(b.substr(256 + 64, 8), std::string("\x48\xe8\x01\0\0\0\0\0", 8));
@@ -150,22 +147,19 @@ TEST_F(SessionsLog, DeletionsKeepTheFileLength) {
   EXPECT_EQ(Figures(path).sum, 10_usd);
 }
 
-TEST_F(SessionsLog, OneSession) {
+TEST_F(SessionsLog, OneAndTwoSessions) {
   const SessionsFigures f = Figures(Log({25}));
   EXPECT_EQ(f.range, Currency{});
   EXPECT_EQ(f.columns[262].count, 1);
   EXPECT_EQ(f.variance, 0);
   EXPECT_EQ(f.skew, 0);
   EXPECT_EQ(f.kurtosis, 0);
-  EXPECT_EQ(f.results[2].first, "Median");
   EXPECT_EQ(Result(f, "Median"), "25.0");
   EXPECT_EQ(Result(f, "Advantage"), "25.0 %");
   EXPECT_EQ(f.classCounts[0].text, "1");
   EXPECT_EQ(f.classPercents[3].text, "100");
-}
-
-TEST_F(SessionsLog, TwoSessions) {
-  const SessionsFigures apart = Figures(Log({10, 30}));
+  // Two sessions: the median between them is marked.
+  const SessionsFigures apart = Figures(Log({10, 30}, "two.slg"));
   EXPECT_EQ(apart.results[2].first, "   Median *");
   EXPECT_EQ(apart.median, 20_usd);
   EXPECT_EQ(Result(apart, "Variance"), "100.0");
@@ -193,14 +187,11 @@ TEST_F(SessionsLog, ManySessions) {
   const SessionsFigures won = Figures(path, kIncludeWon);
   EXPECT_EQ(won.included, 4);
   EXPECT_EQ(won.median, 15_usd);
-  EXPECT_EQ(won.results[2].first, "   Median *");
-  EXPECT_EQ(Result(won, "Mode"), "10.0");
   EXPECT_EQ(Result(Figures(path, kIncludeWon, 525), "Mode"), "10.0 to 20.0");
   // Nothing ticked: no sample, the classes still counted.
   const SessionsFigures none = Figures(path, 0);
   EXPECT_EQ(none.included, 0);
   EXPECT_EQ(none.classCounts[3].text, "7");
-  EXPECT_EQ(none.rangeShare.text, "0%");
   EXPECT_EQ(Result(none, "Mean"), "0");
 }
 
@@ -258,6 +249,132 @@ TEST_F(SessionsLog, FindWalksFromTheTopWrappingAndSkipsClassesLeftOut) {
   EXPECT_EQ(find(0, 1, 1), 0);
   rq.path += ".missing";
   EXPECT_EQ(find(10, 1, 1), 0);
+}
+
+class SessionsPrintouts : public SessionsLog {
+ protected:
+  SessionsPrintouts() {
+    SeatPlayer(g, 1, "Ann", 500_usd);
+    g.views.SessionsPlayer = 1;
+    g.views.SessionsView = kNetValue;
+    g.roll.SessionLogPath[1] = path;
+  }
+  SessionsFigures ViewFigures() { return FigureSessionsLog(SessionsRequestOf(g, path)); }
+  static std::string Text(const PrintLine& line, std::size_t cell = 0) {
+    return cell < line.cells.size() ? line.cells[cell].text : std::string("(none)");
+  }
+  const std::string path = Path("ann.slg");
+};
+
+TEST_F(SessionsPrintouts, HistogramPrintsTheViewsFiguresAndItsPicture) {
+  Log({30, -10, 0, 30}, "ann.slg");
+  const SessionsFigures f = ViewFigures();
+  const PrintDocument doc = SessionsHistogramPrintout(g, f, "Ann", path, CalendarDate{2026, 11, 23});
+  ASSERT_GE(doc.lines.size(), 4u);
+  EXPECT_EQ(Text(doc.lines[0]), "Ravelton Sessions Log for Ann");
+  EXPECT_EQ(Text(doc.lines[2]), "Sessions Log File:  ann.slg");
+  EXPECT_EQ(Text(SessionsHistogramPrintout(g, f, "Ann", "", {}).lines[2]), "Sessions Log File:  untitled");
+
+  // One picture: a bar for every column with sessions, the mean's rule in
+  // the gain colour and the two range lines at the view's columns.
+  ASSERT_EQ(doc.graphs.size(), 1u);
+  const PrintGraph& graph = doc.graphs[0];
+  EXPECT_EQ(graph.width, kHistogramColumns);
+  int bars = 0, rangeRules = 0, meanRules = 0;
+  for (const PrintRect& r : graph.rects) {
+    if (r.height < graph.height) {
+      ++bars;
+      EXPECT_EQ(r.top + r.height, graph.height);  // bars stand on the bottom
+    } else if (r.colour == 2) {
+      EXPECT_TRUE(r.left == f.rangeLineColumns[0] || r.left == f.rangeLineColumns[1]);
+      ++rangeRules;
+    } else if (r.left == f.meanColumn) {
+      EXPECT_EQ(r.colour, g.rules.PrintColors[0]);
+      ++meanRules;
+    }
+  }
+  EXPECT_EQ(bars, 3);  // -10, 0 and the two sessions of 30 share a bar
+  EXPECT_EQ(rangeRules, 2);
+  EXPECT_EQ(meanRules, 1);
+
+  // The results beside their labels, coloured by sign.
+  bool sawMean = false;
+  for (const PrintLine& line : doc.lines)
+    for (std::size_t i = 0; i + 1 < line.cells.size(); ++i)
+      if (line.cells[i].text == "Mean") {
+        sawMean = true;
+        EXPECT_EQ(line.cells[i + 1].text, "12.5");
+        EXPECT_EQ(line.cells[i + 1].colour, g.rules.PrintColors[0]);
+      }
+  EXPECT_TRUE(sawMean);
+}
+
+TEST_F(SessionsPrintouts, RawDataStreamsTheIncludedSessionsDownColumnsPageByPage) {
+  // 131 sessions, every tenth lost: 118 won ones are left with lost ones out.
+  std::vector<double> nets;
+  for (int s = 1; s <= 131; ++s) nets.push_back(s % 10 == 0 ? -s : s);
+  Log(nets, "ann.slg");
+  g.views.SessionsFilter = kIncludeWon | kIncludeEven;
+  std::string error;
+  const PrintDocument one = SessionsRawDataPrintout(g, SessionsRequestOf(g, path), "Ann", {}, error);
+  EXPECT_EQ(error, "");
+  // 118 fit one page of 3 x 40; the page's first row holds the sessions
+  // that begin each column: 1, 45 (the 41st won session) and 89.
+  EXPECT_EQ(RawDataPages(118), 1);
+  ASSERT_EQ(one.linesPerPage, 46);
+  const PrintLine& row = one.lines[6];
+  ASSERT_EQ(row.cells.size(), 6u);
+  EXPECT_EQ(Text(row, 0), "1");
+  EXPECT_EQ(Text(row, 2), "45");
+  EXPECT_EQ(Text(row, 3), "45.0");
+  EXPECT_EQ(Text(row, 4), "89");
+  EXPECT_EQ(row.cells[1].colour, g.rules.PrintColors[0]);
+  for (const PrintLine& line : one.lines)
+    for (const PrintCell& cell : line.cells) EXPECT_NE(cell.text, "10") << "a lost session printed";
+
+  // All included: two pages, the second under its own heading.
+  g.views.SessionsFilter = kIncludeWon | kIncludeEven | kIncludeLost;
+  const PrintDocument two = SessionsRawDataPrintout(g, SessionsRequestOf(g, path), "Ann", {}, error);
+  ASSERT_EQ(two.lines.size(), 46u + 6u + 11u);  // the last page ends at its last row
+  EXPECT_EQ(Text(two.lines[46]), "Ravelton Sessions Log for Ann");
+  EXPECT_EQ(Text(two.lines[46 + 6]), "121");
+  const PrintLine& lost = two.lines[6 + 9];  // session 10
+  EXPECT_EQ(Text(lost, 1), "-10.0");
+  EXPECT_EQ(lost.cells[1].colour, g.rules.PrintColors[1]);
+}
+
+TEST_F(SessionsPrintouts, TheRawDataConfirmationCountsTheIncludedSessionsAndPages) {
+  // The refusals and the printing itself go through the form's test; here
+  // the counts: the lost sessions left out, then all 123 over two pages.
+  g.views.SessionsFilter = kIncludeWon | kIncludeEven;
+  Log({-5, 7}, "ann.slg");
+  platform.queuedReplies.push_back({kAnswerNo});
+  EXPECT_FALSE(PrintSessionsRawData(g, SessionsRequestOf(g, path), ViewFigures()));
+  EXPECT_EQ(platform.messages.back().text,
+            "Number of sessions to be printed: 1\r\rThis should result in 1 page.\r\r"
+            "Are you ready to begin printing?");
+  EXPECT_TRUE(platform.printed.empty());
+  g.views.SessionsFilter = kIncludeWon | kIncludeEven | kIncludeLost;
+  Log(std::vector<double>(121, 1), "ann.slg");
+  platform.queuedReplies.push_back({kAnswerNo});
+  PrintSessionsRawData(g, SessionsRequestOf(g, path), ViewFigures());
+  EXPECT_NE(platform.messages.back().text.find("printed: 123\r\rThis should result in 2 pages."),
+            std::string::npos);
+}
+
+TEST_F(SessionsPrintouts, ADroppedRangeLineGivesTheValueOfItsColumn) {
+  Log({-100, 0, 424}, "ann.slg");
+  const SessionsFigures f = ViewFigures();
+  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 100), 0);
+  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 524), 424);
+  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 900), 424);  // past the last column
+  // The lines stand at columns 0 and 524; a grab reaches three columns.
+  EXPECT_EQ(RangeLineNear(f, 2, 3), 0);
+  EXPECT_EQ(RangeLineNear(f, 521, 3), 1);
+  EXPECT_EQ(RangeLineNear(f, 262, 3), -1);
+  EXPECT_EQ(RangeLineNear(SessionsFigures{}, 0, 3), -1);  // nothing included
+  // A range of nothing: every column is the one value.
+  EXPECT_DOUBLE_EQ(ValueAtColumn(Figures(Log({5, 5}, "flat.slg")), 300), 5);
 }
 
 }  // namespace

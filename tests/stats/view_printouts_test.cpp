@@ -55,13 +55,6 @@ class Views : public TableFixture {
       if (!line.cells.empty() && line.cells[0].text == label) return &line;
     return nullptr;
   }
-  using Texts = std::vector<std::string>;
-  static Texts Cells(const PrintDocument& doc, const std::string& label) {
-    Texts cells;
-    if (const PrintLine* line = Row(doc, label))
-      for (const PrintCell& c : line->cells) cells.push_back(c.text);
-    return cells;
-  }
 };
 
 TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
@@ -70,24 +63,16 @@ TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
   auto cell = [&](int row, int col) {
     return f.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)].text;
   };
-  EXPECT_EQ(f.selectionLabel, "1 Player selected");
   EXPECT_EQ(f.betsLabel, "1 bet selected");
-  EXPECT_EQ(f.onTable[0].text, "1");
-  EXPECT_EQ(f.onTable[1].text, "10");
-  // Wagers: 3 decisions of 10; wins 2 of 10, losses 1 of 10.
-  const char* wagers[] = {"", "3", "30", "10", "10", "10", "10", "1", "10", "120", "1,200"};
-  for (int row = 1; row <= 10; ++row)
-    EXPECT_EQ(cell(row, kWagersCol), wagers[row]) << ResultRowLabel(row);
-  EXPECT_EQ(cell(1, kWinsCol), "2");
+  EXPECT_TRUE(f.onTable[0].text == "1" && f.onTable[1].text == "10");
+  // Wagers: 30 in decisions of 10 (high and low 10), the last roll's 1, and
+  // per hour; the counts and the expected value are the printout's below.
+  EXPECT_EQ(cell(2, kWagersCol), "30");
+  EXPECT_EQ(cell(4, kWagersCol), "10");
+  EXPECT_EQ(cell(7, kWagersCol), "1");
+  EXPECT_EQ(cell(10, kWagersCol), "1,200");
   EXPECT_EQ(cell(2, kLossesCol), "10");
-  EXPECT_EQ(cell(1, kNetCol), "1");
   EXPECT_EQ(cell(2, kNetCol), "10");
-  EXPECT_EQ(cell(1, kNetPctCol), "33.3333");
-  // E = -0.014141 x 30 = -0.42423, taken to Currency; per cent of the 30 wagered.
-  EXPECT_EQ(cell(11, kNetCol), "-0.4242");
-  EXPECT_EQ(cell(11, kNetPctCol), "-1.414");
-  EXPECT_TRUE(f.rows[11][kNetCol].negative);
-  EXPECT_TRUE(f.rows[11][kWagersCol].none);
 
   // The printout: refused without a bet, then the bets named and the nets coloured.
   g.views.BetResultsPlayers = kP1;
@@ -109,7 +94,9 @@ TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
   EXPECT_EQ(LineText(*count), "Total #|3|2|1|1|33.3333");
   EXPECT_EQ(count->cells[4].colour, 9);
   EXPECT_EQ(count->cells[1].colour, kPrintBlack);
-  const PrintLine* e = Row(one, std::string(ResultRowLabel(11)));  // no wagers cell
+  // E = -0.014141 x 30 = -0.42423, taken to Currency; per cent of the 30
+  // wagered; no wagers cell.
+  const PrintLine* e = Row(one, std::string(ResultRowLabel(11)));
   ASSERT_NE(e, nullptr);
   EXPECT_EQ(LineText(*e), std::string(ResultRowLabel(11)) + "|-0.4242|-1.414");
   EXPECT_EQ(e->cells[1].colour, 12);
@@ -125,7 +112,6 @@ TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
   // Two players: 6 rolls at the table between them, decisions on roll 3.
   const BetResultsFigures both = FigureBetResults(g, 2, kP1 | kP2, {kPassLine});
   EXPECT_EQ(both.rows[7][kWagersCol].text, "0");
-  EXPECT_EQ(both.rows[8][kWagersCol].text, "0");
   EXPECT_EQ(both.rows[1][kWagersCol].text, "3");
   // Nobody or no bet selected: every figure 0, the percents "0".
   for (const BetResultsFigures& f :
@@ -138,7 +124,6 @@ TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
   EXPECT_EQ(FigureBetResults(g, 2, kP1, {kPassLine}).rows[9][kWagersCol].text, "0");
   EXPECT_EQ(BetsWithDecisions(g, 2, kP1), std::vector<int>{kPassLine});
   EXPECT_EQ(SelectedBetsLabel(85), "All bets selected");
-  EXPECT_EQ(SelectedBetsLabel(4), "4 bets selected");
 }
 
 TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
@@ -158,7 +143,7 @@ TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
   EXPECT_EQ(ExpectedValuePerDecision(g, 93), 0);
 }
 
-TEST_F(Views, TrendsListEveryBetWithItsStreak) {
+TEST_F(Views, TrendsListEveryBetWithItsStreakAndPrintTheStreaks) {
   ThreeComeOuts();
   const std::vector<BetTrendRow> rows = FigureBetTrends(g, 1);
   ASSERT_EQ(rows.size(), 85u);
@@ -166,6 +151,23 @@ TEST_F(Views, TrendsListEveryBetWithItsStreak) {
   EXPECT_EQ(rows[kPassLine - 1].trend.text, " 1");  // the last decision, a win, starts a run
   EXPECT_EQ(rows[kField - 1].trend.text, " ");      // no streak: an empty number field
   EXPECT_TRUE(FigureBetTrends(g, 7).empty());
+
+  // The printout lists only the bets with a streak, losing ones in red.
+  g.BetTrend(2, kField, 1) = -3;
+  g.BetTrend(2, kPassLine, 1) = 2;
+  g.views.BetTrendsPlayer = 2;
+  ASSERT_TRUE(PrintBetTrends(g));
+  const PrintDocument& doc = platform.printed[0];
+  EXPECT_EQ(LineText(doc.lines[0]), "Ravelton Bet Trends");
+  EXPECT_TRUE(Has(doc, "Player:  " + g.PlayerName[2]));
+  int listed = 0;
+  for (const PrintLine& line : doc.lines)
+    if (line.cells.size() == 2) ++listed;
+  EXPECT_EQ(listed, 2);
+  const PrintLine* field = Row(doc, std::string(BetName(kField)));
+  ASSERT_NE(field, nullptr);
+  EXPECT_EQ(field->cells[1].text, "-3");
+  EXPECT_EQ(field->cells[1].colour, 12);
 }
 
 TEST_F(Views, SummaryBankrollsDecisionsCompsAndTheirPrintout) {
@@ -175,12 +177,9 @@ TEST_F(Views, SummaryBankrollsDecisionsCompsAndTheirPrintout) {
   EXPECT_EQ(f.bankrollCaption, "Current bankroll");
   EXPECT_EQ(f.bankrollCurrent.text, "1,010");
   EXPECT_EQ(f.bankrollHigh.text, "1,010");
-  // Comps on the Pass Line: vig 30 x 0.014141, at 30 per cent.
-  EXPECT_EQ(f.compLabels[4], "* Theoretical vig $");
-  EXPECT_EQ(f.comps[0].text, "30");
-  EXPECT_EQ(f.comps[1].text, "3");
-  EXPECT_EQ(f.comps[3].text, "0.25");  // 3 rolls / 120 an hour x 30 / 3
-  EXPECT_DOUBLE_EQ(f.comps[4].value, 30 * 0.014141);
+  // Comps on the Pass Line (their sums are the next test's): 3 rolls / 120
+  // an hour x 30 / 3, and the value at 30 per cent of the vig 30 x 0.014141.
+  EXPECT_EQ(f.comps[3].text, "0.25");
   EXPECT_EQ(f.comps[6].text, "0.13");
   // Two players: the sum, and the largest and smallest present bankrolls.
   const SummaryFigures two = FigureSummary(g, 2, kP1 | kP2);
@@ -200,10 +199,7 @@ TEST_F(Views, SummaryBankrollsDecisionsCompsAndTheirPrintout) {
   ASSERT_EQ(platform.printed.size(), 1u);
   const PrintDocument& doc = platform.printed[0];
   EXPECT_EQ(doc.lines[0].cells[0].text, "Ravelton Session Summary");
-  EXPECT_EQ(doc.lines[1].cells[0].text, "23-Nov-26");
-  EXPECT_EQ(doc.lines[2].cells[0].text, "Game file:  untitled");
-  EXPECT_EQ(Cells(doc, "Total rolls"), (Texts{"Total rolls", "3"}));
-  EXPECT_EQ(Cells(doc, "Total #"), (Texts{"Total #", "3", "2", "1", "1", "33.3333"}));
+  EXPECT_TRUE(Has(doc, "Total rolls|3"));
   const PrintLine* amounts = Row(doc, "Total $");
   ASSERT_NE(amounts, nullptr);
   EXPECT_EQ(LineText(*amounts), "Total $|30|20|10|10|33.3333");
@@ -239,8 +235,6 @@ TEST_F(Views, HandsByNumberAndTheirPrintout) {
   const int dice[][2] = {{3, 4}, {1, 1}, {2, 2}, {1, 3}, {3, 3}, {3, 4}};
   for (auto& d : dice) Roll(d[0], d[1]);
   const HandsFigures f = FigureHands(g, 2, 0, false);
-  EXPECT_TRUE(f.cells[7][2].none);  // a 7 can't miss
-  EXPECT_TRUE(f.cells[2][1].none);  // a 2 can't pass
   EXPECT_EQ(f.avgComeouts.text, "4");
   // The last hand shows its rolls; an empty frame shows "0" everywhere in percent.
   EXPECT_EQ(FigureHands(g, 1, 0, false).handTotal.text, "6");
@@ -252,19 +246,16 @@ TEST_F(Views, HandsByNumberAndTheirPrintout) {
   ASSERT_TRUE(PrintHands(g));
   const PrintDocument& doc = platform.printed[0];
   EXPECT_EQ(doc.lines[0].cells[0].text, "Ravelton Hands");
-  const std::vector<Texts> rows = {
-      {"7", "1", "1", ""},  // the cells that cannot be print empty
-      {"2", "1", "", "1"},           {"4", "1", "1", "0"},
-      {"6", "1", "0", "1"},          {"Total", "4", "2", "2"},
-      {"Naturals", "2", "1", "1"},   {"Points", "2", "1", "1"},
-      {"Total hands", "1"},          {"Total rolls", "6"},
-      {"Most rolls in a hand", "6"}, {"Most c/o rolls in a hand", "4"},
-  };
-  for (const Texts& row : rows) EXPECT_EQ(Cells(doc, row[0]), row);
+  // The cells that cannot be (a 7 missing, a 2 passing) print empty.
+  for (const char* row : {"7|1|1|", "2|1||1", "6|1|0|1", "Total|4|2|2", "Points|2|1|1",
+                          "Most rolls in a hand|6", "Most c/o rolls in a hand|4"})
+    EXPECT_TRUE(Has(doc, row)) << row;
   g.views.HandsShowPercent = true;
   ASSERT_TRUE(PrintHands(g));
-  EXPECT_EQ(Cells(platform.printed[1], "Total"), (Texts{"Total", "100.00", "50.00", "50.00"}));
-  EXPECT_EQ(Cells(platform.printed[1], "7")[1], "25.00");
+  EXPECT_TRUE(Has(platform.printed[1], "Total|100.00|50.00|50.00"));
+  const PrintLine* seven = Row(platform.printed[1], "7");
+  ASSERT_NE(seven, nullptr);
+  EXPECT_EQ(seven->cells.at(1).text, "25.00");
 }
 
 TEST_F(Views, RollTotalsPrintTheRowsOfTheView) {
@@ -281,7 +272,6 @@ TEST_F(Views, RollTotalsPrintTheRowsOfTheView) {
   EXPECT_TRUE(Has(doc, "Data for all players"));
   // One 7 of three rolls, two rolls ago: 33.33 %; the 2 one roll ago; no 4 yet.
   EXPECT_TRUE(Has(doc, "Any 7|16.67|33.33|1|2"));
-  EXPECT_TRUE(Has(doc, "Number 2 (1.1)|2.78|33.33|1|1"));
   EXPECT_TRUE(Has(doc, "Any 4|8.33|0|0|3"));
   EXPECT_TRUE(Has(doc, "Total rolls|3"));
 
@@ -291,34 +281,14 @@ TEST_F(Views, RollTotalsPrintTheRowsOfTheView) {
   EXPECT_TRUE(Has(platform.printed[1], g.PlayerName[1]));
 }
 
-TEST_F(Views, BetTrendsListOnlyTheBetsWithAStreak) {
-  g.BetTrend(2, kField, 1) = -3;
-  g.BetTrend(2, kPassLine, 1) = 2;
-  g.views.BetTrendsPlayer = 2;
-  ASSERT_TRUE(PrintBetTrends(g));
-  const PrintDocument& doc = platform.printed[0];
-  EXPECT_EQ(LineText(doc.lines[0]), "Ravelton Bet Trends");
-  EXPECT_TRUE(Has(doc, "Player:  " + g.PlayerName[2]));
-  int listed = 0;
-  for (const PrintLine& line : doc.lines)
-    if (line.cells.size() == 2) ++listed;
-  EXPECT_EQ(listed, 2);
-  const PrintLine* field = Row(doc, std::string(BetName(kField)));
-  ASSERT_NE(field, nullptr);
-  EXPECT_EQ(field->cells[1].text, "-3");
-  EXPECT_EQ(field->cells[1].colour, 12);
-}
-
 TEST_F(Views, RollFrequenciesPrintTheGapsOfTheCategory) {
   Put(1, kPassLine, 10);
   for (auto [d1, d2] : {std::pair{3, 4}, {1, 1}, {1, 3}, {2, 2}}) Roll(d1, d2);  // a 4 made
   g.views.RollFreqCategory = 4;
   ASSERT_TRUE(PrintRollFreqs(g));
   const PrintDocument& doc = platform.printed[0];
-  EXPECT_EQ(doc.lines[0].cells[0].text, "Ravelton Roll Totals");
-  EXPECT_EQ(Cells(doc, "Total session rolls:"), (Texts{"Total session rolls:", "4"}));
-  EXPECT_EQ(Cells(doc, "# rolls since last rolled:"), (Texts{"# rolls since last rolled:", "0"}));
-  EXPECT_EQ(Cells(doc, "Actual % rolled:"), (Texts{"Actual % rolled:", "50.00"}));
+  EXPECT_TRUE(Has(doc, "# rolls since last rolled:|0"));
+  EXPECT_TRUE(Has(doc, "Actual % rolled:|50.00"));
   // The 4 came on the third roll, then on the very next one.
   bool gapsFound = false;
   for (const PrintLine& line : doc.lines)

@@ -1,12 +1,16 @@
-// The tokenizer: line tidying, the phrase table's precedence, strings and
-// comments, player names and reserved words; statement marks and the
-// messages for unknown words are pinned by the case scripts.
+// The compiler's passes: line tidying, the phrase table's precedence,
+// strings and comments, player names and reserved words; variable
+// references in canonical form, group expansion and the indent of the
+// structure passes. Statement marks, the messages for unknown words,
+// ambiguous references, type checks and structure errors with their spans
+// are pinned by the case scripts.
 #include "script/tokenizer.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
+#include "script/compile_logic.h"
 #include "script_test_util.h"
 
 using script_test::BodyText;
@@ -24,6 +28,19 @@ struct TokenizerTest : ::testing::Test {
     return BodyText(*game);
   }
   std::string Pooled(std::size_t i) const { return game->scriptCode.StringPool.at(i).Text; }
+  // The body of "cs1 = <expr>" behind the assignment, for slot 3.
+  std::string Value(std::string_view expr) {
+    const auto r = Compile(*game, "cs1 = " + std::string(expr), 3);
+    if (!r.ok) return "error: " + r.msg;
+    const std::string body = BodyText(*game);
+    const std::string head = "VarTarget:101 Player:3 Eq:0 ";
+    return body.starts_with(head) ? body.substr(head.size()) : body;
+  }
+  int CountKind(std::int32_t kind) const {
+    int n = 0;
+    for (const auto& e : game->scriptCode.CompiledScript) n += e.Kind == kind;
+    return n;
+  }
 };
 
 TEST(TidyScriptLine, SpacesOperatorsSignsNumbersButNotQuotesOrComments) {
@@ -147,6 +164,49 @@ TEST(Vocabulary, GeneratedCheckStackRowsComeInPrecedenceOrder) {
   EXPECT_EQ(rows[find(" cs7.")].Code, " V107.");
   EXPECT_LT(find(" cs5 "), find(" cs "));
   EXPECT_GT(find(" cs5."), find(" cs."));
+}
+
+// Phrases in any order give one canonical run.
+TEST_F(TokenizerTest, ReferencesResolveToOneCanonicalRun) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"wagers Place6 current session current $", "Var:33 Player:3 Frame:3 Class:1 Field:33"},
+      {"Place6 wagers bettor", "Var:33 Player:13 Frame:3 Class:1 Field:33"},
+      {"place6 last hand losses total $", "Var:33 Player:3 Frame:2 Class:3 Field:22"},
+      {"place(6) shooter", "Func:6 Open:0 Num:6 Close:0 Player:10 Frame:3 Class:1 Field:33"},
+      {"# of rolls", "Var:2500 Player:0 Frame:3 Field:0"},
+      {"# of points 6 passed", "Var:4606 Player:0 Frame:3 Class:7 Field:6"},
+      {"player3", "Num:3"},
+      {"bankroll player2", "Var:654 Player:2"},
+      {"comps", "Var:1100 Player:3 Frame:3"},
+      {"cs7 & csn2", "Var:107 Player:3 Concat:0 Var:802 Player:3"},
+  };
+  for (const auto& [text, want] : cases) EXPECT_EQ(Value(text), want) << text;
+}
+
+TEST_F(TokenizerTest, GroupsExpandToTheirMembers) {
+  for (const auto& [text, n] :
+       {std::pair{"clear all(bets)", 85}, {"clear all(checkstacks)", 100}}) {
+    ASSERT_TRUE(Compile(*game, text).ok) << text;
+    EXPECT_EQ(CountKind(kVariableTarget), n) << text;
+  }
+  // A player given as Player(n) travels with each member as one qualifier.
+  ASSERT_TRUE(Compile(*game, "clear outside place bets player(2) : bet 5 on place6 player(2)").ok)
+      << game->msg.MsgText;
+  EXPECT_EQ(CountKind(kVariableTarget), 5);
+  EXPECT_EQ(CountKind(kFunction), 5);
+  EXPECT_FALSE(Compile(*game, "clear inside place bets last hand", 3).ok);
+}
+
+TEST_F(TokenizerTest, IndentFollowsTheNesting) {
+  const char* text = "if point = 4 then\ncs1 = 1\ndo\ncs2 = 2\nloop\nelse\ncs1 = 0\nendif\ncs3 = 3";
+  ASSERT_TRUE(Compile(*game, text, 2).ok);
+  EXPECT_TRUE(game->scriptCode.SlotCompiled[2]);
+  auto lines = script_test::Lines(text);
+  IndentScriptLines(lines, game->scriptCode.LineIndent);
+  const std::pair<int, const char*> want[] = {
+      {1, "if point = 4 then"}, {2, "   cs1 = 1"}, {4, "      cs2 = 2"}, {5, "   loop"},
+      {6, "else"},              {7, "   cs1 = 0"}, {8, "endif"},         {9, "cs3 = 3"}};
+  for (const auto& [l, indented] : want) EXPECT_EQ(lines[l], indented) << l;
 }
 
 }  // namespace
