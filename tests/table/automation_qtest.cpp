@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -56,7 +55,6 @@ class AutomationTest : public QObject {
   void fullOddsSwitchedOnTakesTheOddsAtOnce();
   void theKeyAndTheMenuOpenTheForm();
   void aRowIsPlacedByAClickAndWrittenOnLeaving();
-  void rowsGoThroughTheClipboard();
   void ctrlAndTheLetterRunTheScriptOnTheTable();
 };
 
@@ -348,7 +346,7 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   QVERIFY(values(2) == bo);
   QVERIFY(t.game->roll.SessionDirty);
 
-  // A double click turns the row over; Default brings back the table's row.
+  // A double click turns the row over.
   QListWidgetItem* row = WorkingRow(form, bet::kField);
   auto* list = FormChild<QListWidget>(form, "lstWorkOnComeOut");
   list->scrollToItem(row);
@@ -357,10 +355,6 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   QTest::mousePress(list->viewport(), Qt::LeftButton, {}, at);
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
   QCOMPARE(t.game->BetWorkingDefault(3, bet::kField), 0);
-  list->clearSelection();
-  WorkingRow(form, PlaceId(6))->setSelected(true);
-  QTest::mouseClick(FormChild<QPushButton>(form, "cmdDefault"), Qt::LeftButton);
-  QCOMPARE(t.game->BetWorkingDefault(1, PlaceId(6)), t.game->BetWorkingDefault(0, PlaceId(6)));
 }
 
 void AutomationTest::aDisagreeingSelectionSetsNoOption() {
@@ -444,23 +438,6 @@ void AutomationTest::aRowIsPlacedByAClickAndWrittenOnLeaving() {
   std::string error;
   QVERIFY(ReadHotKeyFileBytes(bytes, read, error));
   QCOMPARE(read.at(1).description, std::string("Field once"));
-}
-
-void AutomationTest::rowsGoThroughTheClipboard() {
-  DesktopTable t(1);
-  t.game->scriptSource.HotKeyTable = {{'A', "a.bet", "first", false}, {'B', "b.bet", "second", false}};
-  HotKeysForm form(*t.game);
-  form.show();
-  QTableWidget* list = form.List();
-  list->setFocus();
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, RowPoint(list, 1));
-  form.findChild<QAction*>("mnuCut")->trigger();
-  QCOMPARE(QApplication::clipboard()->text(), QString("Ctrl B   b.bet   second\r\n"));
-  QCOMPARE(t.game->scriptSource.HotKeyTable.size(), std::size_t{1});
-  list->setFocus();
-  list->setCurrentCell(0, 0);
-  form.findChild<QAction*>("mnuPaste")->trigger();
-  QCOMPARE(t.game->scriptSource.HotKeyTable.front().key, 'B');
 }
 
 void AutomationTest::ctrlAndTheLetterRunTheScriptOnTheTable() {

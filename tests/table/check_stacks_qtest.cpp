@@ -30,7 +30,6 @@ class CheckStacksTest : public QObject {
   void typingInACellReachesTheGameAtOnce();
   void clipboardItemsAndDeleteAllWorkOnTheGame();
   void visibleStacksMustDiffer();
-  void fontItemsAreKeptByTheGame();
   void printGoesToThePrinter();
   void longPrintoutsBreakIntoPages();
   void fixedPagesAndPicturesLayOut();
@@ -178,27 +177,6 @@ void CheckStacksTest::visibleStacksMustDiffer() {
   QCOMPARE(g.betting.CheckStackSlot(1, 1), 107);
   QCOMPARE(g.betting.CheckStackSlot(1, 3), 199);
   QVERIFY(!form->findChild<QFrame*>("picSetStacks")->isVisible());
-}
-
-void CheckStacksTest::fontItemsAreKeptByTheGame() {
-  DesktopTable t(1);
-  GameFileState& f = t.game->gamefile;
-  CheckStacksForm* form = Open(t);
-  const qreal normal = form->Grid()->font().pointSizeF();
-  Trigger(form, "mnuFontSize2");  // Larger
-  Trigger(form, "mnuFontSize2");
-  QCOMPARE(f.CheckStacksFontSize, 2);
-  QCOMPARE(form->Grid()->font().pointSizeF(), normal + 2);
-  Trigger(form, "mnuFontBold");
-  QVERIFY(f.CheckStacksBold);
-  // A game saved small and italic shows so.
-  f.CheckStacksFontSize = -2;
-  f.CheckStacksBold = false;
-  f.CheckStacksItalic = true;
-  form->Refresh();
-  QCOMPARE(form->Grid()->font().pointSizeF(), normal - 2);
-  QVERIFY(form->Grid()->font().italic());
-  QVERIFY(!form->Grid()->font().bold());
 }
 
 void CheckStacksTest::printGoesToThePrinter() {
