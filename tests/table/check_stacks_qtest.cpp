@@ -31,8 +31,7 @@ class CheckStacksTest : public QObject {
   void clipboardItemsAndDeleteAllWorkOnTheGame();
   void visibleStacksMustDiffer();
   void printGoesToThePrinter();
-  void longPrintoutsBreakIntoPages();
-  void fixedPagesAndPicturesLayOut();
+  void printoutsBreakIntoPagesAndPlacePictures();
 };
 
 namespace {
@@ -193,7 +192,7 @@ void CheckStacksTest::printGoesToThePrinter() {
   QVERIFY(file.open(QIODevice::ReadOnly) && file.read(5) == "%PDF-" && file.size() > 1000);
 }
 
-void CheckStacksTest::longPrintoutsBreakIntoPages() {
+void CheckStacksTest::printoutsBreakIntoPagesAndPlacePictures() {
   PrintDocument doc;
   for (int i = 0; i < 300; ++i) doc.AddText("line " + std::to_string(i));
   const QSize size(600, 800);
@@ -201,16 +200,12 @@ void CheckStacksTest::longPrintoutsBreakIntoPages() {
   QVERIFY(pages.PageCount() >= 3);
   for (int i = 0; i < pages.PageCount(); ++i) QVERIFY(InkOn(pages, i, size) > 0);
   QCOMPARE(InkOn(pages, pages.PageCount(), size), 0);  // no page beyond the last
-  const PrintDocument empty;
-  QCOMPARE(PrintPages(empty, QRect(QPoint(0, 0), size), 96).PageCount(), 1);
-}
+  const QRect sheet(QPoint(0, 0), size);
+  QCOMPARE(PrintPages(PrintDocument{}, sheet, 96).PageCount(), 1);
 
-void CheckStacksTest::fixedPagesAndPicturesLayOut() {
   // 80 lines to a page on a sheet that holds about 40 at the usual size:
   // the font shrinks, and the pages are exactly the lines over 80.
-  const QSize size(600, 800);
-  const QRect sheet(QPoint(0, 0), size);
-  PrintDocument doc;
+  doc = PrintDocument{};
   doc.linesPerPage = 80;
   for (int i = 0; i < 240; ++i) doc.AddText("row " + std::to_string(i));
   QCOMPARE(PrintPages(doc, sheet, 96).PageCount(), 3);
