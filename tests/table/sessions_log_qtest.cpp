@@ -23,7 +23,6 @@ class SessionsLogTest : public QObject {
   Q_OBJECT
  private slots:
   void theLogShowsItsClassesAndResults();
-  void theBreakPointReclassesTheSessions();
   void deletionsReachTheFileOrAreRefused();
   void theOpenLogReloadsWhenASessionEnds();
   void theLogIsSavedAsAndStartedAnew();
@@ -100,10 +99,8 @@ void SessionsLogTest::theLogShowsItsClassesAndResults() {
   t.AnswerMessage(0, "-20");  // the lost session is left out
   t.Trigger("mnuFind");
   QCOMPARE(t.shown.back(), std::make_pair(std::string("Search Results"), std::string("Value not found.")));
-}
 
-void SessionsLogTest::theBreakPointReclassesTheSessions() {
-  SessionsLogTable t;
+  // A new break-point re-classes the sessions.
   t.AnswerTwo("10", "-30");
   t.Trigger("mnuSetBreakPoint");
   QCOMPARE(FormChild<QCheckBox>(*t.form, "chkInclude1")->text(), QString("-30 - 10"));

@@ -45,7 +45,6 @@ class TableViewTest : public QObject {
  private slots:
   void everyBaseLiesWellInsideItsBet();
   void clickOnEveryBetPlacesItForEveryPlayer();
-  void clickOnTheOtherHalfDoesNothing();
   void switchedOffBetsAnswerNoHotSpot();
   void modifiersChangeWhatAClickDoes();
   void theRailChoosesTheBettorAndTheCheck();
@@ -112,20 +111,6 @@ void TableViewTest::clickOnEveryBetPlacesItForEveryPlayer() {
   }
 }
 
-void TableViewTest::clickOnTheOtherHalfDoesNothing() {
-  DesktopTable t(8);
-  Game& g = *t.game;
-  for (int p : {1, 8}) {
-    g.betting.CurPlayer = p;
-    const int other = p == 1 ? 8 : 1;
-    t.Click(BasePosition(other, bet::kField));
-    QCOMPARE(g.Bet(p, bet::kField), Currency{});
-    // The centre belongs to both halves.
-    t.Click(BasePosition(other, bet::kSeven));
-    QVERIFY(g.Bet(p, bet::kSeven) > Currency{});
-  }
-}
-
 void TableViewTest::switchedOffBetsAnswerNoHotSpot() {
   DesktopTable t;
   Game& g = *t.game;
@@ -180,9 +165,14 @@ void TableViewTest::theRailChoosesTheBettorAndTheCheck() {
   QCOMPARE(g.rules.SelectedCheck, 7);
   t.Click(BasePosition(3, bet::kField));
   QCOMPARE(g.Bet(3, bet::kField), 40_usd);
-  // Another player's stack as a target is ignored.
+  // Another player's stack as a target is ignored, and so is a bet on the
+  // other half of the table; the centre belongs to both halves.
   t.Click(RailStackRect(2, 2).center());
   QCOMPARE(g.Bet(2, 102), Currency{});
+  t.Click(BasePosition(8, bet::kPassLine));
+  QCOMPARE(g.Bet(3, bet::kPassLine), Currency{});
+  t.Click(BasePosition(8, bet::kSeven));
+  QVERIFY(g.Bet(3, bet::kSeven) > Currency{});
   QCOMPARE(g.betting.CurPlayer, 3);
 }
 
@@ -360,7 +350,6 @@ void TableViewTest::hoverRulesAndAmounts() {
   QCOMPARE(v->HoverText(bet::kDontPass), QString("Flat 10   Odds 40"));
   Place(g, 1, LayId(4), 40_usd);
   QCOMPARE(v->HoverText(LayId(4)), QString("40   vig 1"));
-  QCOMPARE(v->HoverText(bet::kField), QString());
 }
 
 // A click on a bet with nobody to bet says who is missing; a click on an
