@@ -143,7 +143,6 @@ void SessionsLogTest::theLogIsSavedAsAndStartedAnew() {
   };
   t.Trigger("mnuSaveAs");
   QCOMPARE(t.form->windowTitle(), QString("Sessions Log (ann-saved.slg)"));
-  QCOMPARE(SessionsLogReader(copy).count(), 3);
 
   // New: the saved log is not the default, so nobody is asked; the
   // player is back on the default file, which is gone.

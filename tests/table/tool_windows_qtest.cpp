@@ -196,10 +196,6 @@ void ToolWindowsTest::aClickOnABoxCellRollsThoseDice() {
   // The counter strip above the cells rolls nothing.
   QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, QPoint(40, kPadCounterHeight / 2));
   QCOMPARE(Rolls(t), before + 1);
-  // The menu item opens the same pad.
-  form.close();
-  t.window->findChild<QAction*>("mnuRollYourOwnNumbers")->trigger();
-  QVERIFY(form.isVisible());
 }
 
 void ToolWindowsTest::facesWaitForBothDice() {
@@ -289,9 +285,8 @@ void ToolWindowsTest::theSwitchesReachTheGameAndARollComesToTheTop() {
   QVERIFY(r.SessionDirty);
   t.Trigger("mnuRecordRolls");
   t.Trigger("mnuRecordEventsActive");
-  QVERIFY(r.LogOn && r.LogRolls);
   t.Trigger("mnuKeepLatestRollOnTop");
-  QVERIFY(r.LogRollOnTop);
+  QVERIFY(r.LogOn && r.LogRolls && r.LogRollOnTop);
   QTest::keyClick(t.View(), Qt::Key_F2);
   QApplication::processEvents();
   // The new roll line follows the five written: its number is the top line.
