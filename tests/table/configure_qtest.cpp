@@ -356,7 +356,6 @@ void ConfigureTest::colorControlsSetTheTablesColours() {
   QCOMPARE(table.LayoutColor, kTableSkin[7].colors);
   QCOMPARE(table.Spotlight, kTableSkin[7].spotlight);
   QVERIFY(Get<QAction>(form, "mnuSetTableBlackLight")->isChecked());
-  QVERIFY(t.game->roll.SessionDirty);
 }
 
 void ConfigureTest::theTableIsDrawnInItsColours() {

@@ -127,7 +127,6 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
   // Every roll has one total and one face on each die.
   QCOMPARE(countSum(), long{kRolls});
   kind(3);
-  QCOMPARE(g.views.RollTotalsKind, 3);
   QCOMPARE(grid->rowCount(), 12);
   QCOMPARE(countSum(), long{2 * kRolls});
   kind(2);
@@ -195,7 +194,6 @@ void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
   StatsForm* form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
   auto* category = FormChild<QComboBox>(*form, "cmbFreqNum");
   category->setCurrentIndex(category->findData(6));
-  QCOMPARE(g.views.RollFreqCategory, 6);
   QCOMPARE(Text(*form, "lblLastRolled"), QString::number(g.RollsSince(6)));
   // Every showing of the 6 closes one gap: the gap counts add up to its count.
   auto* gaps = FormChild<QTableWidget>(*form, "grdFreqs");
@@ -214,7 +212,6 @@ void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
   StatsForm* form = OpenByMenu(t, "mnuBetTrends", "frmBetTrends");
   QCOMPARE(g.views.BetTrendsPlayer, 1);
   auto* trends = FormChild<QTableWidget>(*form, "picBetTrends");
-  QCOMPARE(trends->item(bet::kField - 1, 1)->text().trimmed(), QString());
   auto* player = FormChild<QComboBox>(*form, "cmbPlayer");
   player->setCurrentIndex(player->findData(2));
   QCOMPARE(g.views.BetTrendsPlayer, 2);
