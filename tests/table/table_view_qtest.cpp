@@ -181,6 +181,7 @@ void TableViewTest::keysAct_data() {
   QTest::addColumn<int>("mods");
   QTest::addColumn<QString>("what");
   QTest::newRow("F6 call on") << int(Qt::Key_F6) << 0 << "pending 1";
+  QTest::newRow("F7 call off") << int(Qt::Key_F7) << 0 << "pending 2";
   QTest::newRow("F11 numbers") << int(Qt::Key_F11) << 0 << "numbers";
   QTest::newRow("H hops") << int(Qt::Key_H) << 0 << "hops";
   QTest::newRow("F2 roll") << int(Qt::Key_F2) << 0 << "roll";
