@@ -83,7 +83,7 @@ void DialogsTest::helpOpensOnTheContentsOrTheMessagesTopic() {
   auto* help = t.window->findChild<HelpWindow*>("frmHelp");
   QVERIFY(help && help->isVisible());
   QVERIFY(help->Browser()->toPlainText().contains("Hyper-Drive"));
-  // A click on a link resolves it against the page shown; Back and Contents return.
+  // A click on a link resolves it against the page shown.
   help->Browser()->setSource(help->Browser()->source().resolved(QUrl("hyper-drive.html")));
   QCOMPARE(help->windowTitle(), QString("Hyper-Drive"));
   // Help > Contents shows the contents again in the one window.
@@ -257,7 +257,7 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   QCOMPARE(g.roll.GraphScale, before);
   QCOMPARE(form->findChild<QLabel*>("lblScale0")->text(),
            QString::fromStdString(FormatMoney(g.roll.GraphTop)));
-  // The moving average's span is held to 0..525; Cancel keeps it.
+  // The moving average's span is held to 0..525.
   for (const auto& [typed, want] : {std::pair{"600", 525}, {"-3", 0}}) {
     t.AnswerMessage(0, typed);
     form->findChild<QAction*>("mnuSetAverage")->trigger();
