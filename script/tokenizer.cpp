@@ -43,6 +43,17 @@ bool WordAt(std::string_view text, std::size_t at, std::string_view word) {
   return at + word.size() == text.size() || !IsWordChar(text[at + word.size()]);
 }
 
+// True when `out` ends in a number's mantissa and its "e" ("1e", "2.5E"):
+// a sign that follows is the exponent's ("1e+300"), not an operator.
+bool EndsInExponentMark(const std::string& out) {
+  if (out.empty() || (out.back() != 'e' && out.back() != 'E')) return false;
+  std::size_t k = out.size() - 1;
+  bool digits = false;
+  for (; k > 0 && (std::isdigit(static_cast<unsigned char>(out[k - 1])) || out[k - 1] == '.'); --k)
+    digits = digits || out[k - 1] != '.';
+  return digits && (k == 0 || !IsWordChar(out[k - 1]));
+}
+
 // Sweep 1: blanks around operators, quotes, apostrophes and colons.
 std::string SpreadLine(const std::string& s) {
   std::string out;
@@ -81,6 +92,9 @@ std::string SpreadLine(const std::string& s) {
       blankBefore();
       out += c;
       if (next != ' ') out += ' ';
+    } else if ((c == '+' || c == '-') && std::isdigit(static_cast<unsigned char>(next)) &&
+               EndsInExponentMark(out)) {
+      out += c;  // the numbers the tidy itself writes stay one word
     } else {
       if (std::strchr("()=^*/\\+-<>&", c) && !out.empty() && out.back() != ' ') out += ' ';
       out += c;

@@ -54,6 +54,8 @@ TEST(TidyScriptLine, SpacesOperatorsSignsNumbersButNotQuotesOrComments) {
       {"if (a) and(b)", "if (a) and (b) "},
       // Numbers take the format of a double.
       {"007 : cs1 = 1.50,2 : cs1 = .5", "7 : cs1 = 1.5, 2 : cs1 = 0.5 "},
+      // Exponents keep their signs, so a tidied line tidies to itself.
+      {"x=1e300-1E-7 : x=1e+300 : e-5", "x = 1e+300 - 1e-07 : x = 1e+300 : e - 5 "},
       {"show message \"a=b  c\" : x=1 ' a=b  007", "show message \"a=b  c\" : x = 1 ' a=b  007 "},
       {"show message \"abc", "show message \"abc\" "},
       {"show message \"it's\"  'x", "show message \"it's\" 'x "},
