@@ -90,6 +90,9 @@ RollPadForm& OpenPad(DesktopTable& t, std::int32_t options, QSize size) {
   QTest::keyClick(t.View(), Qt::Key_F12);
   RollPadForm* form = t.window->RollPad();
   if (!form->isVisible()) qFatal("F12 did not open the pad");
+  form->hide();  // and so does its menu item
+  t.window->findChild<QAction*>("mnuRollYourOwnNumbers")->trigger();
+  if (!form->isVisible()) qFatal("Roll your own numbers did not open the pad");
   form->resize(size);
   QApplication::processEvents();
   return *form;
