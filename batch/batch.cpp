@@ -119,16 +119,19 @@ int OnlyBetWagered(const Game& game, int seat) {
   return only;
 }
 
-SessionResult PlaySession(const Game& start, const BatchConfig& config, std::int64_t k) {
+namespace {
+
+// Plays session k in `copy`, a copy of `start`.
+SessionResult PlayCopy(Game& copy, const Game& start, const BatchConfig& config, std::int64_t k) {
   HeadlessPlatform platform;
   platform.minimized = true;  // no stop message shown at the end
-  auto game = std::make_unique<Game>(start);
+  Game* game = &copy;
   game->platform = &platform;
   SessionResult r;
   r.index = k;
   r.seed = SessionSeed(config.seed, k, SeedLimit(game->dice.RngIndex));
   SeedRngWith(*game, r.seed);
-  SessionWatch watch{game.get(), &config, &r, start.RollTally(kTableSession, kEventRolls),
+  SessionWatch watch{game, &config, &r, start.RollTally(kTableSession, kEventRolls),
                      start.HandsTally(kTableSession)};
   for (int p = 1; p <= kBatchSeats; ++p)
     if (Seated(start, p)) {
@@ -157,6 +160,19 @@ SessionResult PlaySession(const Game& start, const BatchConfig& config, std::int
   return r;
 }
 
+}  // namespace
+
+SessionResult PlaySession(const Game& start, const BatchConfig& config, std::int64_t k) {
+  auto game = std::make_unique<Game>(start);
+  return PlayCopy(*game, start, config, k);
+}
+
+SessionResult PlaySessionIn(Game& game, const Game& start, const BatchConfig& config,
+                            std::int64_t k) {
+  game = start;
+  return PlayCopy(game, start, config, k);
+}
+
 std::vector<SessionResult> PlaySessions(const Game& start, const BatchConfig& config,
                                         const std::vector<std::int64_t>& indices, int threads,
                                         const std::function<void(std::int64_t)>& progress) {
@@ -164,8 +180,9 @@ std::vector<SessionResult> PlaySessions(const Game& start, const BatchConfig& co
   std::atomic<std::size_t> next{0};
   std::atomic<std::int64_t> done{0};
   auto work = [&] {
+    auto game = std::make_unique<Game>(start);
     for (std::size_t i = next++; i < indices.size(); i = next++) {
-      results[i] = PlaySession(start, config, indices[i]);
+      results[i] = PlaySessionIn(*game, start, config, indices[i]);
       ++done;
     }
   };

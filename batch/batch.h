@@ -74,6 +74,11 @@ int OnlyBetWagered(const Game& game, int seat);
 
 // Plays session k from a copy of `start` and returns what it came to.
 SessionResult PlaySession(const Game& start, const BatchConfig& config, std::int64_t k);
+// The same in `game`, which is overwritten with `start` first: a worker
+// keeps one game for all its sessions, so a session allocates no new one
+// and its copy reuses the memory the last session touched.
+SessionResult PlaySessionIn(Game& game, const Game& start, const BatchConfig& config,
+                            std::int64_t k);
 
 // Plays the sessions named by `indices` on `threads` threads (at least 1);
 // results in the order of `indices`. `progress`, when set, is called from

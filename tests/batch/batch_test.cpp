@@ -123,10 +123,10 @@ TEST_F(BatchTest, LimitsAndStopsEndSessions) {
     config.rolls = c.rolls, config.hands = c.hands;
     config.stopWin[1] = c.win, config.stopLoss[1] = c.loss;
     for (const SessionResult& r : PlaySessions(*game, config, Indices(30), 2)) {
-      if (c.hands > 0) EXPECT_LE(r.hands, c.hands);
-      if (c.rolls > 0) EXPECT_LE(r.rolls, c.rolls);
-      if (r.end == SessionEnd::kRolls) EXPECT_EQ(r.rolls, c.rolls);
-      if (r.end == SessionEnd::kHands) EXPECT_EQ(r.hands, c.hands);
+      if (c.hands > 0) { EXPECT_LE(r.hands, c.hands); }
+      if (c.rolls > 0) { EXPECT_LE(r.rolls, c.rolls); }
+      if (r.end == SessionEnd::kRolls) { EXPECT_EQ(r.rolls, c.rolls); }
+      if (r.end == SessionEnd::kHands) { EXPECT_EQ(r.hands, c.hands); }
       if (c.win) {
         ASSERT_EQ(r.end, SessionEnd::kNoPlayerLeft);
         const bool won = r.outcome[1] == PlayerOutcome::kStopWin;
