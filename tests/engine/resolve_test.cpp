@@ -30,8 +30,9 @@ TEST_F(Resolve, SingleBetsOnFixedDice) {
   const Case cases[] = {
       // Hard 6 the easy way; Hard 10 on a seven; the Field's doubled 2.
       {kHard6, 5, 4, 2, 8, -5},   {kHard10, 5, 4, 3, 8, -5},   {kField, 5, 1, 1, 0, 10},
-      {68, 2, 4, 1, 6, 30},       {72, 2, 1, 4, 6, -2},  // Hop 14 either order, Hop 23 missed
-      {76, 1, 3, 3, 6, 30},                              // Hop 33
+      {HopId(1, 4), 2, 4, 1, 6, 30},  // either order
+      {HopId(2, 3), 2, 1, 4, 6, -2},  // missed
+      {HopId(3, 3), 1, 3, 3, 6, 30},
       {kMidway, 10, 3, 3, 0, 20}, {kMidway, 10, 2, 4, 0, 10},  {kCraps, 5, 6, 6, 0, 35},
       {kUnder7, 10, 1, 2, 0, 10}, {kUnder7, 10, 6, 6, 0, -10},
   };
