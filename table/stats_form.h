@@ -1,7 +1,7 @@
 // What the statistics views share: a non-modal window over the game's
 // tallies with the time frame list (cmbHand), the player list (lstPlayer)
 // and its label (lblPlayer), the figure labels with their loss colours, and
-// the print item that is not built yet.
+// the File > Print item.
 //
 // A view keeps only the controls; the frame and the selection live in the
 // game's ViewsState (a reference given when the list is made), and every
@@ -56,9 +56,8 @@ class StatsForm : public QDialog {
   QVBoxLayout* SelectionColumn(QComboBox* frames, QListWidget* players);
   // A double click on `label` runs `clear` and refreshes.
   void ClearOnDoubleClick(QLabel* label, std::function<void()> clear);
-  // The form's menu bar with File > Print, which runs `print` on the game;
-  // without one the item stays disabled as not built yet.
-  QMenuBar* MakeMenuBar(bool (*print)(Game&) = nullptr);
+  // The form's menu bar with File > Print, which runs `print` on the game.
+  QMenuBar* MakeMenuBar(bool (*print)(Game&));
 
   // A right-aligned figure box named `name`.
   static QLabel* MakeFigure(const char* name, int minWidth = 90);
