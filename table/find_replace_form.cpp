@@ -25,25 +25,21 @@ FindReplaceForm::FindReplaceForm(AutoBetForm& editor, QWidget* parent)
   direction_->addItems({"Down", "Up"});
   matchCase_ = new QCheckBox("&Match case");
   matchCase_->setObjectName("chkMatchCase");
-  struct Button {
-    const char* name;
-    const char* caption;
-    void (AutoBetForm::*command)();
-  };
   auto* buttons = new QVBoxLayout;
-  for (const Button& b : {Button{"cmdFindNext", "&Find Next", &AutoBetForm::FindNextClicked},
-                          Button{"cmdReplace", "&Replace", &AutoBetForm::ReplaceClicked},
-                          Button{"cmdReplaceAll", "Replace &All", &AutoBetForm::ReplaceAllClicked}}) {
-    auto* button = new QPushButton(b.caption);
-    button->setObjectName(b.name);
-    const auto command = b.command;
+  // Each button keeps the boxes' texts in their lists, then runs its command.
+  const auto addButton = [&](const char* name, const char* caption, auto command) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
     connect(button, &QPushButton::clicked, this, [this, command] {
       Remember(find_);
       Remember(replace_);
-      (editor_.*command)();
+      command(editor_);
     });
     buttons->addWidget(button);
-  }
+  };
+  addButton("cmdFindNext", "&Find Next", [](AutoBetForm& e) { e.FindNextClicked(); });
+  addButton("cmdReplace", "&Replace", [](AutoBetForm& e) { e.ReplaceClicked(); });
+  addButton("cmdReplaceAll", "Replace &All", [](AutoBetForm& e) { e.ReplaceAllClicked(); });
   buttons->addStretch(1);
   auto* grid = new QGridLayout;
   grid->addWidget(new QLabel("Find what:"), 0, 0);
