@@ -26,8 +26,6 @@ const char* const kOnTableNames[4] = {"lblCurrentNum", "lblCurrentDollar", "lblL
                                       "lblLastRollDollar"};
 const char* const kOnTableRows[4] = {"Current #", "Current $", "Last roll #", "Last roll $"};
 
-QString Q(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
-
 }  // namespace
 
 BetResultsForm::BetResultsForm(Game& game, QWidget* parent)
@@ -39,7 +37,7 @@ BetResultsForm::BetResultsForm(Game& game, QWidget* parent)
   bets_ = new QListWidget;
   bets_->setObjectName("lstBets");
   bets_->setSelectionMode(QAbstractItemView::MultiSelection);
-  for (int b = 1; b <= kBetCount; ++b) new QListWidgetItem(Q(BetName(b)), bets_);
+  for (int b = 1; b <= kBetCount; ++b) new QListWidgetItem(QString::fromUtf8(BetName(b)), bets_);
   bets_->setFixedHeight(kBetListHeight);
   bets_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   bets_->setMinimumWidth(bets_->sizeHintForColumn(0) +
@@ -75,12 +73,12 @@ BetResultsForm::BetResultsForm(Game& game, QWidget* parent)
   auto* decisionsBox = new QGroupBox("Decisions");
   auto* decisions = new QGridLayout(decisionsBox);
   for (int k = 0; k < kResultColumns; ++k) {
-    auto* head = new QLabel(Q(ResultColumnTitle(k)));
+    auto* head = new QLabel(QString::fromUtf8(ResultColumnTitle(k)));
     head->setAlignment(Qt::AlignCenter);
     decisions->addWidget(head, 0, k + 1);
   }
   for (int row = 1; row <= kResultRows; ++row) {
-    decisions->addWidget(new QLabel(Q(ResultRowLabel(row))), row, 0);
+    decisions->addWidget(new QLabel(QString::fromUtf8(ResultRowLabel(row))), row, 0);
     for (int k = 0; k < kResultColumns; ++k) {
       // The expected value stands only under Net and Net %.
       if (row == kResultRows && k < kNetCol) continue;

@@ -144,7 +144,7 @@ void AdvantageTab::Fill() {
   const auto& titles = s.ShowMiscData ? kAdvantageMiscTitles : kAdvantageTitles;
   for (int c = 0; c < kAdvantageColumns; ++c)
     table_->horizontalHeaderItem(c + 1)->setText(
-        QString::fromUtf8(titles[c].data(), static_cast<int>(titles[c].size())));
+        QString::fromUtf8(titles[c]));
   for (int b = 1; b <= kLastRealBet; ++b) {
     const AdvantageRow row = FigureAdvantageRow(game_, b);
     const auto& cells = s.ShowMiscData ? row.misc : row.normal;

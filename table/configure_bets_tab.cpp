@@ -58,7 +58,7 @@ QWidget* ConfigureForm::BuildBets() {
   auto* method = new QComboBox;
   method->setObjectName("cmbOddsCalcMethod");
   for (std::string_view c : kOddsMethodCaption)
-    method->addItem(QString::fromUtf8(c.data(), static_cast<int>(c.size())));
+    method->addItem(QString::fromUtf8(c));
   connect(method, &QComboBox::currentIndexChanged, this, [this](int i) {
     if (!FormLoading && i >= 0) game_.rules.OddsCalcMethod = i;
   });
@@ -67,7 +67,7 @@ QWidget* ConfigureForm::BuildBets() {
   auto* need = new QComboBox;
   need->setObjectName("cmbBetNeededToShoot");
   for (std::string_view c : kBetRequirementCaption)
-    need->addItem(QString::fromUtf8(c.data(), static_cast<int>(c.size())));
+    need->addItem(QString::fromUtf8(c));
   connect(need, &QComboBox::currentIndexChanged, this, [this](int i) {
     if (!FormLoading && i >= 0) game_.rules.BetRequirement = i;
   });
@@ -152,7 +152,7 @@ QWidget* ConfigureForm::BuildBets() {
     vigRound_[s] = new QComboBox;
     vigRound_[s]->setObjectName(QString("cmbRound%1Vig").arg(name));
     for (std::string_view c : kVigRoundCaption)
-      vigRound_[s]->addItem(QString::fromUtf8(c.data(), static_cast<int>(c.size())));
+      vigRound_[s]->addItem(QString::fromUtf8(c));
     connect(vigRound_[s], &QComboBox::currentIndexChanged, this, [this, side](int i) {
       if (FormLoading || i < 0) return;
       if (!ChangeVigRounding(game_, side, i)) FillVig();

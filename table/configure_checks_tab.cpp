@@ -73,7 +73,7 @@ QWidget* ConfigureForm::BuildChecksDice() {
   rollsPerTime_ = new QComboBox;
   rollsPerTime_->setObjectName("cmbRollsPerTime");
   for (const RollRateRow& r : kRollRateRow)
-    rollsPerTime_->addItem(QString::fromUtf8(r.caption.data(), static_cast<int>(r.caption.size())),
+    rollsPerTime_->addItem(QString::fromUtf8(r.caption),
                            r.factor);
   connect(rollsPerTime_, &QComboBox::currentIndexChanged, this, [this](int row) {
     if (FormLoading || row < 0) return;

@@ -71,7 +71,7 @@ QWidget* ConfigureForm::BuildPayoffs() {
   fieldList_->setItemDelegate(new PayoffRowDelegate(fieldList_));
   for (int row = 1; row <= kFieldRows; ++row) {
     const std::string_view label = kFieldRowLabel[row];
-    auto* item = new QListWidgetItem(QString::fromUtf8(label.data(), static_cast<int>(label.size())),
+    auto* item = new QListWidgetItem(QString::fromUtf8(label),
                                      fieldList_);
     item->setData(Qt::UserRole, row);
   }
@@ -133,7 +133,7 @@ QWidget* ConfigureForm::BuildPayoffs() {
   presets->setObjectName("cmbFieldPreset");
   presets->addItem("Set Field payoffs to");
   for (std::string_view c : kFieldPresetCaption)
-    presets->addItem(QString::fromUtf8(c.data(), static_cast<int>(c.size())));
+    presets->addItem(QString::fromUtf8(c));
   connect(presets, &QComboBox::activated, this, [this, presets](int i) {
     if (i <= 0) return;
     SetFieldPreset(game_, static_cast<FieldPreset>(i - 1));

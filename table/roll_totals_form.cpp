@@ -257,7 +257,7 @@ void RollTotalsForm::MakeMenus(QMenuBar* bar) {
   };
   QStringList kinds;
   for (int k = 0; k < kRollTotalsKinds; ++k)
-    kinds << QString::fromUtf8(KindCaption(k).data(), static_cast<int>(KindCaption(k).size()));
+    kinds << QString::fromUtf8(KindCaption(k));
   radio(display, "mnuDisplayTotals", kinds, game_.views.RollTotalsKind);
   QMenu* colors = bar->addMenu("&Colors");
   QStringList backs, graphs;

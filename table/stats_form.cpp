@@ -57,7 +57,7 @@ QComboBox* StatsForm::MakeFrameList(std::int32_t& frame) {
   frameList_->setObjectName("cmbHand");
   for (int t = 0; t < kFrameCount; ++t)
     frameList_->addItem(
-        QString::fromUtf8(FrameName(t).data(), static_cast<int>(FrameName(t).size())));
+        QString::fromUtf8(FrameName(t)));
   connect(frameList_, &QComboBox::currentIndexChanged, this, [this](int t) {
     if (filling_ || t < 0) return;
     *frame_ = t;

@@ -61,7 +61,7 @@ void FillYesNoList(QListWidget* list, const std::vector<int>& bets,
   list->clear();
   for (int b : bets) {
     const std::string_view name = BetName(b);
-    auto* item = new QListWidgetItem(QString::fromUtf8(name.data(), static_cast<int>(name.size())) +
+    auto* item = new QListWidgetItem(QString::fromUtf8(name) +
                                          (yes(b) ? " - Yes" : " - No"),
                                      list);
     item->setData(Qt::UserRole, b);
