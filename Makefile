@@ -67,7 +67,7 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-bankroll.png --view configure:5 --full-table
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/check-stacks.png --view checkstacks --full-table
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-sound.png --view configure:3
-	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-misc.png --view configure:4
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-misc.png --view configure:4 --seed 20261122
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/auto-play.png --view autoplay:10 \
 	  --player Alice=1000 --player Ben=1500 --player Carmen=800 --take-odds Alice --take-odds Carmen \
 	  --win-rule Alice:6 --win-rule Carmen:3 --lose-rule Alice:2 --lose-rule Carmen:2

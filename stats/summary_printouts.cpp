@@ -13,8 +13,8 @@ constexpr int kFigureEnd = 44;
 constexpr int kDecisionEnds[5] = {26, 40, 54, 68, 80};
 constexpr int kHandEnds[3] = {32, 46, 60};
 constexpr int kGapPairs = 3;       // gap/count pairs across the page
-constexpr int kGapPairWidth = 26;  // a pair's width
-constexpr int kGapEnd = 10, kCountEnd = 22;  // within a pair
+constexpr int kGapPairWidth = 32;  // a pair's width
+constexpr int kGapEnd = 11, kCountEnd = 26;  // within a pair, the heads clear of each other
 // Summary figures drawn in the loss colour below 0: the vig and the comp value.
 constexpr std::size_t kCompVig = 4, kCompValue = 6;
 constexpr std::size_t kNetColumn = 3;
