@@ -29,6 +29,7 @@
 #include "table/auto_bet_text.h"
 #include "table/permissions_form.h"
 #include "table/find_replace_form.h"
+#include "table/menu_items.h"
 #include "table/steps_form.h"
 
 namespace {
@@ -135,14 +136,8 @@ AutoBetForm::AutoBetForm(Game& game, QWidget* parent) : QWidget(parent, Qt::Wind
   resize(780, 560);
 }
 
-QAction* AutoBetForm::Item(QMenu* menu, const char* name, const QString& caption) {
-  QAction* a = menu->addAction(caption);
-  a->setObjectName(name);
-  return a;
-}
-
 QAction* AutoBetForm::Option(QMenu* menu, const char* name, const QString& caption) {
-  QAction* a = Item(menu, name, caption);
+  QAction* a = MenuItem(menu, name, caption);
   a->setCheckable(true);
   return a;
 }
@@ -150,16 +145,16 @@ QAction* AutoBetForm::Option(QMenu* menu, const char* name, const QString& capti
 void AutoBetForm::BuildMenus(QMenuBar* bar) {
   QMenu* file = bar->addMenu("&File");
   file->setToolTipsVisible(true);
-  connect(Item(file, "mnuNew", "&New"), &QAction::triggered, this,
+  connect(MenuItem(file, "mnuNew", "&New"), &QAction::triggered, this,
           [this] { FileCommand(NewAutoBetCommand, false); });
-  connect(Item(file, "mnuOpen", "&Open ..."), &QAction::triggered, this,
+  connect(MenuItem(file, "mnuOpen", "&Open ..."), &QAction::triggered, this,
           [this] { FileCommand(OpenAutoBetCommand, false); });
-  connect(Item(file, "mnuSave", "&Save"), &QAction::triggered, this,
+  connect(MenuItem(file, "mnuSave", "&Save"), &QAction::triggered, this,
           [this] { FileCommand(SaveAutoBetCommand, false); });
-  connect(Item(file, "mnuSaveAs", "Save &As ..."), &QAction::triggered, this,
+  connect(MenuItem(file, "mnuSaveAs", "Save &As ..."), &QAction::triggered, this,
           [this] { FileCommand(SaveAutoBetAsCommand, false); });
   file->addSeparator();
-  connect(Item(file, "mnuPrint", "&Print ..."), &QAction::triggered, this, [this] {
+  connect(MenuItem(file, "mnuPrint", "&Print ..."), &QAction::triggered, this, [this] {
     const GameFileState& f = game_.gamefile;
     game_.platform->Print(AutoBetPrintout(game_, PrintDateTime(*game_.platform),
                                           On(f.EditorLineNumbers), On(f.EditorHighlight)));
@@ -167,32 +162,32 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
 
   QMenu* edit = bar->addMenu("&Edit");
   edit->setToolTipsVisible(true);
-  connect(Item(edit, "mnuCut", "Cu&t\tCtrl+X"), &QAction::triggered, this, [this] {
+  connect(MenuItem(edit, "mnuCut", "Cu&t\tCtrl+X"), &QAction::triggered, this, [this] {
     if (MayEdit()) text_->cut();
   });
-  connect(Item(edit, "mnuCopy", "&Copy\tCtrl+C"), &QAction::triggered, this,
+  connect(MenuItem(edit, "mnuCopy", "&Copy\tCtrl+C"), &QAction::triggered, this,
           [this] { text_->copy(); });
-  connect(Item(edit, "mnuPaste", "&Paste\tCtrl+V"), &QAction::triggered, this, [this] {
+  connect(MenuItem(edit, "mnuPaste", "&Paste\tCtrl+V"), &QAction::triggered, this, [this] {
     if (MayEdit()) text_->paste();
   });
-  connect(Item(edit, "mnuDelete", "&Delete\tDel"), &QAction::triggered, this, [this] {
+  connect(MenuItem(edit, "mnuDelete", "&Delete\tDel"), &QAction::triggered, this, [this] {
     if (MayEdit()) text_->textCursor().removeSelectedText();
   });
-  connect(Item(edit, "mnuSelectAll", "Select &All\tCtrl+A"), &QAction::triggered, this,
+  connect(MenuItem(edit, "mnuSelectAll", "Select &All\tCtrl+A"), &QAction::triggered, this,
           [this] { text_->selectAll(); });
   edit->addSeparator();
-  connect(Item(edit, "mnuCopyTo", "C&opy To File ..."), &QAction::triggered, this,
+  connect(MenuItem(edit, "mnuCopyTo", "C&opy To File ..."), &QAction::triggered, this,
           [this] { CopyToFileCommand(game_); });
-  connect(Item(edit, "mnuPasteFrom", "P&aste From File ..."), &QAction::triggered, this,
+  connect(MenuItem(edit, "mnuPasteFrom", "P&aste From File ..."), &QAction::triggered, this,
           [this] { FileCommand(PasteFromAutoBetCommand, true); });
   edit->addSeparator();
-  connect(Item(edit, "mnuFind", "&Find/Replace ..."), &QAction::triggered, this, [this] {
+  connect(MenuItem(edit, "mnuFind", "&Find/Replace ..."), &QAction::triggered, this, [this] {
     FindReplace()->show();
     find_->raise();
   });
-  connect(Item(edit, "mnuFindNext", "Find &Next"), &QAction::triggered, this,
+  connect(MenuItem(edit, "mnuFindNext", "Find &Next"), &QAction::triggered, this,
           [this] { FindNext(false); });
-  connect(Item(edit, "mnuFindPrevious", "Find Pre&vious"), &QAction::triggered, this,
+  connect(MenuItem(edit, "mnuFindPrevious", "Find Pre&vious"), &QAction::triggered, this,
           [this] { FindNext(true); });
 
   QMenu* options = bar->addMenu("&Options");
@@ -240,7 +235,7 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
   };
   for (const Size& s : {Size{"&Smaller", "Ctrl+-", -1}, Size{"&Normal", "Ctrl+0", 0},
                         Size{"&Larger", "Ctrl++", 1}}) {
-    QAction* a = Item(font, "mnuFontSize", s.caption);
+    QAction* a = MenuItem(font, "mnuFontSize", s.caption);
     a->setShortcut(QKeySequence(s.keys));
     a->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(a);
@@ -255,17 +250,18 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
   connect(Option(options, "mnuHighlight", "&Highlight"), &QAction::toggled, this,
           stored(&GameFileState::EditorHighlight));
   options->addSeparator();
-  connect(Item(options, "mnuPermissions", "&Permissions ..."), &QAction::triggered, this, [this] {
-    PermissionsForm form(game_, this);
-    form.exec();
-  });
-  connect(Item(options, "mnuActivateAllScripts", "&Activate All Players' Scripts"),
+  connect(MenuItem(options, "mnuPermissions", "&Permissions ..."), &QAction::triggered, this,
+          [this] {
+            PermissionsForm form(game_, this);
+            form.exec();
+          });
+  connect(MenuItem(options, "mnuActivateAllScripts", "&Activate All Players' Scripts"),
           &QAction::triggered, this, [this] {
             ActivateAllScripts(game_);
             Refresh();
             emit changed();
           });
-  connect(Item(options, "mnuDeactivateAllScripts", "&Deactivate All Players' Scripts"),
+  connect(MenuItem(options, "mnuDeactivateAllScripts", "&Deactivate All Players' Scripts"),
           &QAction::triggered, this, [this] {
             DeactivateAllScripts(game_);
             Refresh();
@@ -273,7 +269,7 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
 
   QMenu* help = bar->addMenu("&Help");
   help->setToolTipsVisible(true);
-  connect(Item(help, "mnuHelp", "&Help"), &QAction::triggered, this,
+  connect(MenuItem(help, "mnuHelp", "&Help"), &QAction::triggered, this,
           [this] { game_.platform->ShowHelp(kHelpScriptEmpty); });
 }
 

@@ -18,6 +18,7 @@
 #include "core/game.h"
 #include "core/money.h"
 #include "stats/graph_view.h"
+#include "table/menu_items.h"
 #include "table/status_box.h"
 
 namespace {
@@ -115,29 +116,28 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
   setWindowTitle("Bankroll / Hyper-Drive");
   auto* menu = new QMenuBar(this);
   QMenu* options = menu->addMenu("&Options");
-  auto add = [&](QMenu* m, const char* name, const QString& text, auto f) {
-    QAction* a = m->addAction(text);
-    a->setObjectName(name);
-    connect(a, &QAction::triggered, this, f);
-    return a;
-  };
-  add(options, "mnuSetAutoStop", "Set Hyper-Drive Auto-Stop ...", [this] { SetAutoStop(game_); });
-  add(options, "mnuSetTimeDelay", "Set Hyper-Drive &Time Delay ...", [this] { SetTimeDelay(game_); });
+  MenuItem(this, options, "mnuSetAutoStop", "Set Hyper-Drive Auto-Stop ...",
+           [this] { SetAutoStop(game_); });
+  MenuItem(this, options, "mnuSetTimeDelay", "Set Hyper-Drive &Time Delay ...",
+           [this] { SetTimeDelay(game_); });
   options->addSeparator();
-  QAction* grid = add(options, "mnuDisplayGridLines", "Display &Grid Lines", [this](bool on) {
-    game_.graph.GraphShowGrid = on;
-    Redraw(false);
-  });
+  QAction* grid =
+      MenuItem(this, options, "mnuDisplayGridLines", "Display &Grid Lines", [this](bool on) {
+        game_.graph.GraphShowGrid = on;
+        Redraw(false);
+      });
   grid->setCheckable(true);
   grid->setChecked(game_.graph.GraphShowGrid);
-  QAction* avg = add(options, "mnuDisplayAverage", "Display &Average", [this](bool on) {
+  QAction* avg = MenuItem(this, options, "mnuDisplayAverage", "Display &Average", [this](bool on) {
     game_.roll.GraphShowAverage = on;
-    if (on) RebuildGraphTrend(game_);
-    else FigureGraphRange(game_, game_.graph.GraphPlayer);
+    if (on)
+      RebuildGraphTrend(game_);
+    else
+      FigureGraphRange(game_, game_.graph.GraphPlayer);
     Redraw(false);
   });
   avg->setCheckable(true);
-  add(options, "mnuSetAverage", "Set &Moving Average ...", [this] {
+  MenuItem(this, options, "mnuSetAverage", "Set &Moving Average ...", [this] {
     GraphViewState& v = game_.graph;
     game_.msg.MsgInput1 = std::to_string(v.GraphAverageSpan);
     ShowNotice(game_,
@@ -152,10 +152,11 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
     if (game_.roll.GraphShowAverage) RebuildGraphTrend(game_);
     Redraw(false);
   });
-  QAction* refs = add(options, "mnuDisplayRefLines", "Display &Reference Lines", [this](bool on) {
-    game_.graph.GraphShowRefLines = on;
-    Redraw(false);
-  });
+  QAction* refs =
+      MenuItem(this, options, "mnuDisplayRefLines", "Display &Reference Lines", [this](bool on) {
+        game_.graph.GraphShowRefLines = on;
+        Redraw(false);
+      });
   refs->setCheckable(true);
   QMenu* type = options->addMenu("Graph &Type");
   QMenu* color = options->addMenu("Set &Color");

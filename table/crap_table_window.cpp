@@ -44,6 +44,7 @@
 #include "table/dice_files_form.h"
 #include "table/events_log_form.h"
 #include "table/sessions_log_form.h"
+#include "table/menu_items.h"
 #include "table/move_form.h"
 #include "table/window_keeper.h"
 #include "table/new_form.h"
@@ -110,18 +111,12 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
 }
 
 QAction* CrapTableWindow::Item(QMenu* menu, const char* name, const QString& caption) {
-  QAction* a = menu->addAction(caption);
-  a->setObjectName(name);
-  return a;
+  return MenuItem(menu, name, caption);
 }
 
 QAction* CrapTableWindow::Unbuilt(QMenu* menu, const char* name, const QString& caption,
                                   const QString& why) {
-  QAction* a = Item(menu, name, caption);
-  a->setEnabled(false);
-  a->setToolTip(why);
-  a->setStatusTip(why);
-  return a;
+  return UnbuiltItem(menu, name, caption, why);
 }
 
 bool CrapTableWindow::Interrupt() {

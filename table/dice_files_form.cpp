@@ -25,6 +25,7 @@
 #include "dice/dice_file_print.h"
 #include "dice/dice_file_text.h"
 #include "store/file_chooser.h"
+#include "table/menu_items.h"
 
 namespace {
 
@@ -188,31 +189,30 @@ DiceFilesForm::DiceFilesForm(Game& game, QWidget* parent) : QDialog(parent), gam
 }
 
 QMenu* DiceFilesForm::BuildFileMenu(QMenu* m) {
-  auto add = [&](const char* name, const QString& text, auto f) {
-    QAction* a = m->addAction(text);
-    a->setObjectName(name);
-    connect(a, &QAction::triggered, this, f);
-    return a;
-  };
-  add("mnuNewOpen", "&New/Open ...", [this] {
+  MenuItem(this, m, "mnuNewOpen", "&New/Open ...", [this] {
     const auto path = ChooseFilePath(
         game_, Choice(kRollFiles, "Open Dice Roll File  or  Enter Name For A New File", false));
     if (path) Act([&] { return OpenDiceRollFile(game_, *path); });
   });
-  add("mnuClose", "&Close", [this] { Act([&] { CloseDiceRollFile(game_); return true; }); });
+  MenuItem(this, m, "mnuClose", "&Close", [this] {
+    Act([&] {
+      CloseDiceRollFile(game_);
+      return true;
+    });
+  });
   m->addSeparator();
-  add("mnuCopyToRollFile", "Copy &To Dice Roll File ...", [this] {
+  MenuItem(this, m, "mnuCopyToRollFile", "Copy &To Dice Roll File ...", [this] {
     if (game_.diceFile.DiceFilePath.empty()) return;
     // The command itself asks before copying over an existing file.
     const auto path = ChooseFilePath(game_, Choice(kRollFiles, "Copy To Dice Roll File", false));
     if (path) Act([&] { return CopyToRollFile(game_, *path); });
   });
-  add("mnuPasteFromRollFile", "Paste &From Dice Roll File ...", [this] {
+  MenuItem(this, m, "mnuPasteFromRollFile", "Paste &From Dice Roll File ...", [this] {
     if (game_.diceFile.DiceFilePath.empty()) return;
     const auto path = ChooseFilePath(game_, Choice(kRollFiles, "Paste From Dice Roll File", false));
     if (path) Act([&] { return PasteFromRollFile(game_, *path); });
   });
-  add("mnuCopyToTextFile", "Copy To Te&xt File ...", [this] {
+  MenuItem(this, m, "mnuCopyToTextFile", "Copy To Te&xt File ...", [this] {
     if (game_.diceFile.DiceFilePath.empty()) return;
     // A template without dice is refused, with its message, before a file is asked for.
     if (!HasDiceInformation(game_.diceFile.DiceOutputFormat)) {
@@ -222,16 +222,17 @@ QMenu* DiceFilesForm::BuildFileMenu(QMenu* m) {
     const auto path = ChooseFilePath(game_, Choice(kTextFiles, "Copy Dice Rolls To Text File", true));
     if (path) Act([&] { return CopyToTextFile(game_, *path); });
   });
-  add("mnuPasteFromTextFile", "Paste From &Ascii/Text File ...", [this] {
+  MenuItem(this, m, "mnuPasteFromTextFile", "Paste From &Ascii/Text File ...", [this] {
     if (game_.diceFile.DiceFilePath.empty()) return;
     const auto path = ChooseFilePath(game_, Choice(kTextFiles, "Paste From Ascii/Text File", false));
     if (path) Act([&] { return PasteFromTextFile(game_, *path); });
   });
   m->addSeparator();
-  add("mnuFormatOutput", "F&ormat Output ...", [this] { AskDiceOutputFormat(game_); });
-  add("mnuPrint", "&Print ...", [this] { PrintDiceRolls(game_); });
+  MenuItem(this, m, "mnuFormatOutput", "F&ormat Output ...",
+           [this] { AskDiceOutputFormat(game_); });
+  MenuItem(this, m, "mnuPrint", "&Print ...", [this] { PrintDiceRolls(game_); });
   m->addSeparator();
-  add("mnuHide", "&Hide", [this] { close(); });
+  MenuItem(this, m, "mnuHide", "&Hide", [this] { close(); });
   return m;
 }
 

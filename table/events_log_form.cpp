@@ -13,6 +13,7 @@
 #include "logs/events_log_print.h"
 #include "logs/events_log_view.h"
 #include "store/file_chooser.h"
+#include "table/menu_items.h"
 
 namespace {
 
@@ -122,15 +123,9 @@ EventsLogForm::EventsLogForm(Game& game, QWidget* parent) : QDialog(parent), gam
 void EventsLogForm::BuildMenus() {
   auto* bar = new QMenuBar(this);
   layout()->setMenuBar(bar);
-  auto add = [this](QMenu* m, const char* name, const QString& text, auto f) {
-    QAction* a = m->addAction(text);
-    a->setObjectName(name);
-    connect(a, &QAction::triggered, this, f);
-    return a;
-  };
   QMenu* file = bar->addMenu("&File");
   file->setToolTipsVisible(true);
-  add(file, "mnuNew", "&New", [this] {
+  MenuItem(this, file, "mnuNew", "&New", [this] {
     const int answer = AskSaveEventsLog(game_);
     if (answer == kAnswerCancel) return;
     if (answer == kAnswerYes) {
@@ -140,20 +135,20 @@ void EventsLogForm::BuildMenus() {
     StartNewEventsLog(game_);
     Refresh();
   });
-  add(file, "mnuOpen", "&Open ...", [this] {
+  MenuItem(this, file, "mnuOpen", "&Open ...", [this] {
     const auto path = ChooseFilePath(game_, Choice("Open Events Log", false));
     if (!path) return;
     OpenEventsLog(game_, *path);
     Refresh();
   });
-  add(file, "mnuSaveAs", "Save &As ...", [this] {
+  MenuItem(this, file, "mnuSaveAs", "Save &As ...", [this] {
     const auto target = ChooseFilePath(game_, Choice("Save Events Log As", true));
     if (target && SaveEventsLogAs(game_, *target)) Refresh();
   });
   file->addSeparator();
-  add(file, "mnuPrint", "&Print ...", [this] { PrintEventsLog(game_); });
+  MenuItem(this, file, "mnuPrint", "&Print ...", [this] { PrintEventsLog(game_); });
   file->addSeparator();
-  add(file, "mnuHide", "&Hide", [this] { close(); });
+  MenuItem(this, file, "mnuHide", "&Hide", [this] { close(); });
 
   QMenu* edit = bar->addMenu("&Edit");
   // The log is read-only: these commands are there and do nothing.
@@ -165,29 +160,30 @@ void EventsLogForm::BuildMenus() {
     a->setEnabled(false);
   }
   edit->addSeparator();
-  QAction* find = add(edit, "mnuFind", "&Find ...", [this] {
+  QAction* find = MenuItem(this, edit, "mnuFind", "&Find ...", [this] {
     if (AskFindText(game_) && FindInEventsLog(game_, 1)) Refresh();
   });
   find->setShortcut(QKeySequence::Find);
-  QAction* next = add(edit, "mnuFindNext", "Find &Next", [this] {
+  QAction* next = MenuItem(this, edit, "mnuFindNext", "Find &Next", [this] {
     if (FindInEventsLog(game_, 1)) Refresh();
   });
   next->setShortcut(QKeySequence::FindNext);
-  QAction* previous = add(edit, "mnuFindPrevious", "Find Pre&vious", [this] {
+  QAction* previous = MenuItem(this, edit, "mnuFindPrevious", "Find Pre&vious", [this] {
     if (FindInEventsLog(game_, -1)) Refresh();
   });
   previous->setShortcut(QKeySequence::FindPrevious);
 
   QMenu* options = bar->addMenu("&Options");
-  QAction* on = add(options, "mnuRecordEventsActive", "&Record Events", [this](bool checked) {
-    game_.roll.LogOn = checked;
-    game_.roll.SessionDirty = true;
-  });
+  QAction* on =
+      MenuItem(this, options, "mnuRecordEventsActive", "&Record Events", [this](bool checked) {
+        game_.roll.LogOn = checked;
+        game_.roll.SessionDirty = true;
+      });
   on->setCheckable(true);
   options->addSeparator();
   for (const Switch& s : kSwitches) {
     if (!s.eventKind && s.field == &RollState::LogClearOnNew) options->addSeparator();
-    QAction* a = add(options, s.name, s.caption, [this, field = s.field](bool checked) {
+    QAction* a = MenuItem(this, options, s.name, s.caption, [this, field = s.field](bool checked) {
       game_.roll.*field = checked;
       game_.roll.SessionDirty = true;
       Refresh();
@@ -201,8 +197,9 @@ void EventsLogForm::BuildMenus() {
         game_.roll.SessionDirty = true;
         Refresh();
       };
-      add(options, "mnuRecordAll", "Select &All Events", [all] { all(true); });
-      add(options, "mnuDeselectAllEvents", "&Deselect All Events", [all] { all(false); });
+      MenuItem(this, options, "mnuRecordAll", "Select &All Events", [all] { all(true); });
+      MenuItem(this, options, "mnuDeselectAllEvents", "&Deselect All Events",
+               [all] { all(false); });
     }
   }
 

@@ -29,6 +29,7 @@
 #include "stats/sessions_printouts.h"
 #include "store/file_chooser.h"
 #include "store/sessions_log_files.h"
+#include "table/menu_items.h"
 
 namespace {
 
@@ -313,46 +314,36 @@ QWidget* SessionsLogForm::BuildResults() {
 void SessionsLogForm::BuildMenus(QLayout* layout) {
   auto* bar = new QMenuBar(this);
   layout->setMenuBar(bar);
-  auto add = [this](QMenu* m, const char* name, const QString& text, auto f) {
-    QAction* a = m->addAction(text);
-    a->setObjectName(name);
-    connect(a, &QAction::triggered, this, f);
-    return a;
-  };
-  auto unbuilt = [](QMenu* m, const char* name, const QString& text, const QString& why) {
-    QAction* a = m->addAction(text);
-    a->setObjectName(name);
-    a->setEnabled(false);
-    a->setToolTip(why);
-    a->setStatusTip(why);
-  };
   QMenu* file = bar->addMenu("&File");
   file->setToolTipsVisible(true);
-  add(file, "mnuNew", "&New", [this] {
+  MenuItem(this, file, "mnuNew", "&New", [this] {
     FileCommand([this] { return NewSessionsLog(game_, game_.views.SessionsPlayer); });
   });
-  add(file, "mnuNewAll", "New for A&ll Players", [this] { FileCommand([this] { return NewSessionsLogs(game_); }); });
-  add(file, "mnuOpen", "&Open ...", [this] { OpenLog(); });
-  add(file, "mnuSaveAs", "Save &As ...", [this] {
+  MenuItem(this, file, "mnuNewAll", "New for A&ll Players",
+           [this] { FileCommand([this] { return NewSessionsLogs(game_); }); });
+  MenuItem(this, file, "mnuOpen", "&Open ...", [this] { OpenLog(); });
+  MenuItem(this, file, "mnuSaveAs", "Save &As ...", [this] {
     FileCommand([this] { return SaveSessionsLogAs(game_, game_.views.SessionsPlayer); });
   });
-  unbuilt(file, "mnuMerge", "&Merge ...", "This command has no action.");
+  UnbuiltItem(file, "mnuMerge", "&Merge ...", "This command has no action.");
   file->addSeparator();
-  add(file, "mnuDelete", "&Delete Sessions ...", [this] { DeleteSomeSessions(); });
-  add(file, "mnuDeleteAll", "Delete All Sessi&ons ...", [this] { DeleteAllSessions(); });
+  MenuItem(this, file, "mnuDelete", "&Delete Sessions ...", [this] { DeleteSomeSessions(); });
+  MenuItem(this, file, "mnuDeleteAll", "Delete All Sessi&ons ...", [this] { DeleteAllSessions(); });
   file->addSeparator();
-  add(file, "mnuPrintHistogram", "&Print Histogram ...", [this] { PrintSessionsHistogram(game_, Request(), figures_); });
-  add(file, "mnuPrintRawData", "Print &Raw Data ...", [this] { PrintSessionsRawData(game_, Request(), figures_); });
+  MenuItem(this, file, "mnuPrintHistogram", "&Print Histogram ...",
+           [this] { PrintSessionsHistogram(game_, Request(), figures_); });
+  MenuItem(this, file, "mnuPrintRawData", "Print &Raw Data ...",
+           [this] { PrintSessionsRawData(game_, Request(), figures_); });
   file->addSeparator();
-  add(file, "mnuHide", "&Hide", [this] { close(); });
+  MenuItem(this, file, "mnuHide", "&Hide", [this] { close(); });
 
   QMenu* options = bar->addMenu("&Options");
   options->setToolTipsVisible(true);
-  add(options, "mnuSetBreakPoint", "Set &Break-point ...", [this] { SetBreakPoint(); });
+  MenuItem(this, options, "mnuSetBreakPoint", "Set &Break-point ...", [this] { SetBreakPoint(); });
   QMenu* widths = options->addMenu("Graph Bar &Width");
   auto* group = new QActionGroup(this);
   for (int i = 0; i < 4; ++i) {
-    QAction* a = add(widths, "mnuGraphBarWidth", kBarCaption[i], [this, i] {
+    QAction* a = MenuItem(this, widths, "mnuGraphBarWidth", kBarCaption[i], [this, i] {
       game_.views.BarWidth = kBarWidths[i];
       Refresh();
     });
@@ -360,7 +351,7 @@ void SessionsLogForm::BuildMenus(QLayout* layout) {
     a->setData(kBarWidths[i]);
     group->addAction(a);
   }
-  add(options, "mnuFind", "&Find ...", [this] { Find(); });
+  MenuItem(this, options, "mnuFind", "&Find ...", [this] { Find(); });
 }
 
 std::string SessionsLogForm::LogPath() const {
