@@ -19,6 +19,14 @@ FileChoice SessionFileChoice(const char* caption, bool writing) {
   return {caption, {"Session files (*.rvg)", "All files (*.*)"}, ".rvg", writing};
 }
 
+FileChoice TextFileChoice(const char* caption, bool writing) {
+  return {caption, {"Text files (*.txt)", "All files (*.*)"}, ".txt", writing};
+}
+
+FileChoice RollFileChoice(const char* caption, bool writing) {
+  return {caption, {"Roll files (*.rol)", "All files (*.*)"}, ".rol", writing};
+}
+
 std::optional<std::string> ChooseFilePath(Game& game, const FileChoice& choice) {
   GameFileState& f = game.gamefile;
   for (int ask = 0; ask < kMaxAsks; ++ask) {

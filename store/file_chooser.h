@@ -20,5 +20,9 @@ struct FileChoice {
 
 // Session files, for the game file commands.
 FileChoice SessionFileChoice(const char* caption, bool writing);
+// Plain text files, for logs and listings read or written as text.
+FileChoice TextFileChoice(const char* caption, bool writing);
+// Dice roll files, for the recorded rolls the dice files form opens.
+FileChoice RollFileChoice(const char* caption, bool writing);
 // Asks for a file; the path, or nothing when the user cancelled.
 std::optional<std::string> ChooseFilePath(Game& game, const FileChoice& choice);

@@ -35,16 +35,6 @@ enum EditCommand { kCut, kCopy, kPaste, kDelete, kSelectAll };
 
 QString Grouped(std::int64_t n) { return QLocale(QLocale::English).toString(qlonglong(n)); }
 
-const FileChoice kRollFiles{"", {"Roll files (*.rol)", "All files (*.*)"}, ".rol", false};
-const FileChoice kTextFiles{"", {"Text files (*.txt)", "All files (*.*)"}, ".txt", false};
-
-FileChoice Choice(const FileChoice& kind, const char* caption, bool writing) {
-  FileChoice c = kind;
-  c.caption = caption;
-  c.writing = writing;
-  return c;
-}
-
 }  // namespace
 
 DiceRollList::DiceRollList(Game& game, QWidget* parent) : QWidget(parent), game_(game) {
@@ -191,7 +181,7 @@ DiceFilesForm::DiceFilesForm(Game& game, QWidget* parent) : QDialog(parent), gam
 QMenu* DiceFilesForm::BuildFileMenu(QMenu* m) {
   MenuItem(this, m, "mnuNewOpen", "&New/Open ...", [this] {
     const auto path = ChooseFilePath(
-        game_, Choice(kRollFiles, "Open Dice Roll File  or  Enter Name For A New File", false));
+        game_, RollFileChoice("Open Dice Roll File  or  Enter Name For A New File", false));
     if (path) Act([&] { return OpenDiceRollFile(game_, *path); });
   });
   MenuItem(this, m, "mnuClose", "&Close", [this] {
@@ -204,12 +194,12 @@ QMenu* DiceFilesForm::BuildFileMenu(QMenu* m) {
   MenuItem(this, m, "mnuCopyToRollFile", "Copy &To Dice Roll File ...", [this] {
     if (game_.diceFile.DiceFilePath.empty()) return;
     // The command itself asks before copying over an existing file.
-    const auto path = ChooseFilePath(game_, Choice(kRollFiles, "Copy To Dice Roll File", false));
+    const auto path = ChooseFilePath(game_, RollFileChoice("Copy To Dice Roll File", false));
     if (path) Act([&] { return CopyToRollFile(game_, *path); });
   });
   MenuItem(this, m, "mnuPasteFromRollFile", "Paste &From Dice Roll File ...", [this] {
     if (game_.diceFile.DiceFilePath.empty()) return;
-    const auto path = ChooseFilePath(game_, Choice(kRollFiles, "Paste From Dice Roll File", false));
+    const auto path = ChooseFilePath(game_, RollFileChoice("Paste From Dice Roll File", false));
     if (path) Act([&] { return PasteFromRollFile(game_, *path); });
   });
   MenuItem(this, m, "mnuCopyToTextFile", "Copy To Te&xt File ...", [this] {
@@ -219,12 +209,12 @@ QMenu* DiceFilesForm::BuildFileMenu(QMenu* m) {
       CopyToTextFile(game_, std::string());
       return;
     }
-    const auto path = ChooseFilePath(game_, Choice(kTextFiles, "Copy Dice Rolls To Text File", true));
+    const auto path = ChooseFilePath(game_, TextFileChoice("Copy Dice Rolls To Text File", true));
     if (path) Act([&] { return CopyToTextFile(game_, *path); });
   });
   MenuItem(this, m, "mnuPasteFromTextFile", "Paste From &Ascii/Text File ...", [this] {
     if (game_.diceFile.DiceFilePath.empty()) return;
-    const auto path = ChooseFilePath(game_, Choice(kTextFiles, "Paste From Ascii/Text File", false));
+    const auto path = ChooseFilePath(game_, TextFileChoice("Paste From Ascii/Text File", false));
     if (path) Act([&] { return PasteFromTextFile(game_, *path); });
   });
   m->addSeparator();

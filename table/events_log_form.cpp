@@ -24,15 +24,6 @@ constexpr int kMargin = 4;
 const QColor kBlue(0, 0, 200);
 const QColor kCyanBox(200, 255, 255);
 
-const FileChoice kLogFiles{"", {"Text files (*.txt)", "All files (*.*)"}, ".txt", false};
-
-FileChoice Choice(const char* caption, bool writing) {
-  FileChoice c = kLogFiles;
-  c.caption = caption;
-  c.writing = writing;
-  return c;
-}
-
 // The record switches of the Options menu, in their order.
 struct Switch {
   const char* name;
@@ -129,20 +120,20 @@ void EventsLogForm::BuildMenus() {
     const int answer = AskSaveEventsLog(game_);
     if (answer == kAnswerCancel) return;
     if (answer == kAnswerYes) {
-      const auto target = ChooseFilePath(game_, Choice("Save Events Log As", true));
+      const auto target = ChooseFilePath(game_, TextFileChoice("Save Events Log As", true));
       if (!target || !SaveEventsLogAs(game_, *target)) return;
     }
     StartNewEventsLog(game_);
     Refresh();
   });
   MenuItem(this, file, "mnuOpen", "&Open ...", [this] {
-    const auto path = ChooseFilePath(game_, Choice("Open Events Log", false));
+    const auto path = ChooseFilePath(game_, TextFileChoice("Open Events Log", false));
     if (!path) return;
     OpenEventsLog(game_, *path);
     Refresh();
   });
   MenuItem(this, file, "mnuSaveAs", "Save &As ...", [this] {
-    const auto target = ChooseFilePath(game_, Choice("Save Events Log As", true));
+    const auto target = ChooseFilePath(game_, TextFileChoice("Save Events Log As", true));
     if (target && SaveEventsLogAs(game_, *target)) Refresh();
   });
   file->addSeparator();
