@@ -1,6 +1,5 @@
 #include "table/bankroll_form.h"
 
-#include <QActionGroup>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -162,19 +161,11 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
   QMenu* color = options->addMenu("Set &Color");
   QMenu* adjust = options->addMenu("Auto-Adjust &Type");
   QMenu* plot = options->addMenu("&Plot Type");
-  auto radio = [&](QMenu* m, const char* name, const QStringList& texts, std::int32_t& field) {
-    auto* group = new QActionGroup(this);
-    for (int i = 0; i < texts.size(); ++i) {
-      QAction* a = m->addAction(texts[i]);
-      a->setObjectName(name);
-      a->setCheckable(true);
-      a->setChecked(field == i);
-      group->addAction(a);
-      connect(a, &QAction::triggered, this, [this, &field, i] {
-        field = i;
-        Redraw(false);
-      });
-    }
+  auto radio = [this](QMenu* m, const char* name, const QStringList& texts, std::int32_t& field) {
+    RadioItems(this, m, name, texts, field, [this, &field](int i) {
+      field = i;
+      Redraw(false);
+    });
   };
   radio(type, "mnuGraphType", {"&Plain", "&Striped", "S&olid"}, game_.graph.GraphStyle);
   QStringList colors;

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <QAction>
+#include <QActionGroup>
 #include <QMenu>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 // An entry of `menu` showing `caption`, named `name` so tests and settings find it.
 QAction* MenuItem(QMenu* menu, const char* name, const QString& caption);
@@ -19,3 +21,18 @@ QAction* MenuItem(QObject* owner, QMenu* menu, const char* name, const QString& 
 }
 // A disabled entry whose tool and status tips give the reason it does nothing.
 QAction* UnbuiltItem(QMenu* menu, const char* name, const QString& caption, const QString& why);
+// Exclusive entries, one per caption, all named `name` and holding their index
+// as data; the one at `checked` starts checked, and choosing one calls `chosen(index)`.
+template <class Handler>
+void RadioItems(QObject* owner, QMenu* menu, const char* name, const QStringList& captions,
+                int checked, Handler chosen) {
+  auto* group = new QActionGroup(owner);
+  for (int i = 0; i < captions.size(); ++i) {
+    QAction* a = MenuItem(menu, name, captions[i]);
+    a->setCheckable(true);
+    a->setChecked(i == checked);
+    a->setData(i);
+    group->addAction(a);
+    QObject::connect(a, &QAction::triggered, owner, [chosen, i] { chosen(i); });
+  }
+}

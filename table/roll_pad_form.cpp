@@ -16,6 +16,7 @@
 #include "cycle/hyperdrive.h"
 #include "cycle/roll_pad_click.h"
 #include "dice/roll_pad.h"
+#include "table/menu_items.h"
 
 namespace {
 
@@ -181,18 +182,12 @@ void RollPadForm::BuildMenu() {
   }
   QMenu* colors = display_->addMenu("&Color");
   colors->setObjectName("mnuColorMenu");
-  auto* colorGroup = new QActionGroup(this);
-  for (int i = 0; i < 3; ++i) {
-    QAction* a = colors->addAction(kColorCaption[i]);
-    a->setObjectName("mnuColor");
-    a->setCheckable(true);
-    a->setData(i);
-    colorGroup->addAction(a);
-    connect(a, &QAction::triggered, this, [this, i] {
-      game_.pad.PadColor = i;
-      Refresh();
-    });
-  }
+  QStringList colorCaptions;
+  for (const char* c : kColorCaption) colorCaptions << c;
+  RadioItems(this, colors, "mnuColor", colorCaptions, game_.pad.PadColor, [this](int i) {
+    game_.pad.PadColor = i;
+    Refresh();
+  });
   display_->addSeparator();
   auto option = [this](const char* name, const char* caption, std::int32_t bit) {
     QAction* a = display_->addAction(caption);

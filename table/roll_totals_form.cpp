@@ -1,6 +1,5 @@
 #include "table/roll_totals_form.h"
 
-#include <QActionGroup>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QGridLayout>
@@ -20,6 +19,7 @@
 #include "core/game.h"
 #include "stats/roll_totals.h"
 #include "stats/view_printouts.h"
+#include "table/menu_items.h"
 
 namespace {
 
@@ -241,19 +241,11 @@ RollTotalsForm::RollTotalsForm(Game& game, QWidget* parent)
 void RollTotalsForm::MakeMenus(QMenuBar* bar) {
   QMenu* display = bar->addMenu("&Display");
   auto radio = [this](QMenu* menu, const char* name, const QStringList& texts, auto& field) {
-    auto* group = new QActionGroup(this);
-    for (int i = 0; i < texts.size(); ++i) {
-      QAction* a = menu->addAction(texts[i]);
-      a->setObjectName(name);
-      a->setCheckable(true);
-      a->setData(i);
-      group->addAction(a);
-      connect(a, &QAction::triggered, this, [this, &field, i] {
-        field = i;
-        game_.roll.SessionDirty = true;
-        Refresh();
-      });
-    }
+    RadioItems(this, menu, name, texts, field, [this, &field](int i) {
+      field = i;
+      game_.roll.SessionDirty = true;
+      Refresh();
+    });
   };
   QStringList kinds;
   for (int k = 0; k < kRollTotalsKinds; ++k)
