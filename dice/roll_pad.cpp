@@ -41,6 +41,11 @@ PadKind PadKindOf(std::int32_t options) {
   return PadKind::TriangleCombos;
 }
 
+void SetPadKind(RollPadState& pad, PadKind kind) {
+  pad.PadOptions = (pad.PadOptions & ~kKindBits) | (1 << static_cast<int>(kind));
+  pad.PadFacePick1 = pad.PadFacePick2 = 0;
+}
+
 PadLayout PadLayoutFor(PadKind kind, int width, int height) {
   PadLayout l;
   l.kind = kind;

@@ -46,6 +46,9 @@ constexpr int kPadCounterHeight = 20;
 void CheckPadOptions(RollPadState& pad);
 // The kind the options select (the lowest kind bit set).
 PadKind PadKindOf(std::int32_t options);
+// Shows `kind` instead of the current one, keeping the other options; a face
+// picked on the old layout is dropped, as its cell no longer shows.
+void SetPadKind(RollPadState& pad, PadKind kind);
 
 // The pad's cells for a kind and the form's shape.
 struct PadLayout {

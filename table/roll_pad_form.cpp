@@ -175,8 +175,7 @@ void RollPadForm::BuildMenu() {
     a->setData(static_cast<int>(k.kind));
     kindGroup->addAction(a);
     connect(a, &QAction::triggered, this, [this, k] {
-      game_.pad.PadOptions = (game_.pad.PadOptions & ~15) | (1 << static_cast<int>(k.kind));
-      game_.pad.PadFacePick1 = game_.pad.PadFacePick2 = 0;
+      SetPadKind(game_.pad, k.kind);
       Refresh();
     });
   }

@@ -96,6 +96,18 @@ TEST(RollPad, OptionsWithoutAKindShowTheTriangle) {
   EXPECT_EQ(PadKindOf(4 | 8), PadKind::BoxCombos);
 }
 
+TEST(RollPad, ChoosingAKindKeepsTheOtherOptionsAndDropsAPickedFace) {
+  RollPadState pad;
+  pad.PadOptions = 4 | 8 | kPadRollCounter | kPadHyperDriveButton;
+  pad.PadFacePick1 = 3;
+  SetPadKind(pad, PadKind::DiceFaces);
+  EXPECT_EQ(PadKindOf(pad.PadOptions), PadKind::DiceFaces);
+  EXPECT_EQ(pad.PadOptions, 8 | kPadRollCounter | kPadHyperDriveButton);
+  EXPECT_EQ(pad.PadFacePick1, 0);
+  SetPadKind(pad, PadKind::BasicNumbers);
+  EXPECT_EQ(pad.PadOptions, 1 | kPadRollCounter | kPadHyperDriveButton);
+}
+
 class PadRolls : public RollFixture {};
 
 TEST_F(PadRolls, AClickRollsThroughTheCycleAheadOfAPlayingFile) {
