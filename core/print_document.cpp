@@ -44,6 +44,14 @@ int PrintColourOfSign(const std::array<Long, 3>& printColors, int sign) {
   return kPrintBlack;
 }
 
+int PrintColourOfValue(const std::array<Long, 3>& printColors, double value) {
+  return PrintColourOfSign(printColors, value > 0 ? 1 : value < 0 ? -1 : 0);
+}
+
+PrintCell RightCell(std::string text, int column, int colour) {
+  return {std::move(text), column, colour, true};
+}
+
 std::string MediumDate(const CalendarDate& date) {
   const int month = date.month >= 1 && date.month <= 12 ? date.month : 1;
   const int year = ((date.year % kCentury) + kCentury) % kCentury;

@@ -71,6 +71,10 @@ struct PrintDocument {
 // The colour a figure prints in by its sign, from the rules' PrintColors
 // (blue, red, magenta): blue above 0, red below, black at 0.
 int PrintColourOfSign(const std::array<Long, 3>& printColors, int sign);
+// The same by the sign of a figure's value.
+int PrintColourOfValue(const std::array<Long, 3>& printColors, double value);
+// A right-aligned cell that ends at `column`.
+PrintCell RightCell(std::string text, int column, int colour = kPrintBlack);
 
 // A calendar day.
 struct CalendarDate {

@@ -47,11 +47,15 @@ constexpr auto kOnlyTableMaximum = [] {
   return only;
 }();
 
+// The table maximum, a multiple of the unit when there is one.
+Currency TableMaximum(const Game& g, Currency unit) {
+  return unit.raw > 0 ? RoundDownToMultiple(g.rules.MaxPlacardBet, unit) : g.rules.MaxPlacardBet;
+}
+
 // FigureBetMaximum for the odds, Lay bets, propositions and Fire.
 void FigureSpecialMaximum(Game& g, int p, int b) {
   const Currency unit = g.CheckValue(1);
-  const Currency tableMax =
-      unit.raw > 0 ? RoundDownToMultiple(g.rules.MaxPlacardBet, unit) : g.rules.MaxPlacardBet;
+  const Currency tableMax = TableMaximum(g, unit);
   Currency m = tableMax;
   if (b == bet::kPassLineOdds) {
     m = FigureOddsMaximum(g, b, g.Bet(p, bet::kPassLine), g.PayoffTbl(1, b), g.PayoffTbl(3, b));
@@ -91,9 +95,7 @@ void FigureSpecialMaximum(Game& g, int p, int b) {
 void FigureBetMaximum(Game& g, int p, int b) {
   // Most bets end at the table maximum: they skip the search of the rest.
   if (b >= 0 && b <= kLastBetId && kOnlyTableMaximum[static_cast<std::size_t>(b)]) {
-    const Currency unit = g.CheckValue(1);
-    const Currency tableMax =
-        unit.raw > 0 ? RoundDownToMultiple(g.rules.MaxPlacardBet, unit) : g.rules.MaxPlacardBet;
+    const Currency tableMax = TableMaximum(g, g.CheckValue(1));
     // As in FigureSpecialMaximum: a negative maximum is 0, a multiple of any unit.
     g.betting.BetMaximum = tableMax < Currency{} ? Currency{} : tableMax;
     return;

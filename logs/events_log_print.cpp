@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int kReadBlock = 512;  // lines read through the index at a time
 constexpr const char* kTitle = "Print Events Log";
 
 }  // namespace
@@ -22,23 +21,16 @@ PrintDocument EventsLogPrintout(Game& game, const CalendarDate& today, std::stri
   doc.AddText(MediumDate(today), true);
   doc.AddText("Events Log File:  " + PrintedFileName(game.roll.EventsLogPath), true);
   doc.AddBlank();
-  const std::int64_t lines = PrepareEventsLogIndex(game, error);
-  if (!error.empty()) return doc;
   const int blue = game.rules.PrintColors[0];
-  for (std::int64_t first = 1; first <= lines; first += kReadBlock) {
-    EventsLogPage page = ReadEventLines(game, first, kReadBlock);
-    if (!page.error.empty()) {
-      error = page.error;
-      return doc;
-    }
-    if (page.lines.empty()) break;
-    for (std::string& text : page.lines) {
-      const bool plain = LookOfEventLine(text).kind == EventLineKind::Plain;
-      PrintLine line;
-      line.cells.push_back({std::move(text), 0, plain ? kPrintBlack : blue, false});
-      doc.lines.push_back(std::move(line));
-    }
-  }
+  ForEachEventLine(
+      game,
+      [&](std::string& text) {
+        const bool plain = LookOfEventLine(text).kind == EventLineKind::Plain;
+        PrintLine line;
+        line.cells.push_back({std::move(text), 0, plain ? kPrintBlack : blue, false});
+        doc.lines.push_back(std::move(line));
+      },
+      error);
   return doc;
 }
 

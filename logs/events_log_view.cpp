@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <functional>
 #include <system_error>
 
 #include "core/message_dialog.h"
@@ -144,6 +145,28 @@ EventsLogPage ReadEventLines(Game& g, std::int64_t first, int count) {
   while (static_cast<std::int64_t>(page.lines.size()) < wanted && reader.Next(line))
     page.lines.push_back(line);
   return page;
+}
+
+void ForEachEventLine(Game& g, const std::function<void(std::string&)>& visit, std::string& error) {
+  const std::int64_t lines = PrepareEventsLogIndex(g, error);
+  if (lines == 0) return;
+  FileHandle log = OpenForReading(g.roll.EventsLogPath);
+  FileHandle index = OpenForReading(g.eventsLog.IndexPath);
+  const std::int64_t logLength = FileLength(g.roll.EventsLogPath);
+  std::string text;
+  auto each = [&](std::int64_t, const std::string& line) {
+    text = line;
+    visit(text);
+    return false;
+  };
+  for (std::int64_t a = 1; a <= lines; a += kFindChunk) {
+    const std::int64_t b = std::min(a + kFindChunk - 1, lines);
+    if (!log.IsOpen() || !index.IsOpen() ||
+        !VisitLines(log, index, lines, logLength, a, b, 1, each)) {
+      error = "Cannot read " + g.roll.EventsLogPath + ": " + SystemErrorText();
+      return;
+    }
+  }
 }
 
 EventsLogPage PaintEventsLog(Game& g, int rows) {

@@ -17,6 +17,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +41,10 @@ struct EventsLogPage {
 std::int64_t PrepareEventsLogIndex(Game& game, std::string& error);
 // Lines first .. first + count - 1 (fewer at the end), read by the index.
 EventsLogPage ReadEventLines(Game& game, std::int64_t first, int count);
+// Every line of the log in order, each cut as ReadEventLines cuts them, in
+// one pass through the log and its index; `visit` may take the line's text.
+// error is set when the files cannot be read.
+void ForEachEventLine(Game& game, const std::function<void(std::string&)>& visit, std::string& error);
 // The viewer's paint: LogTopLine clamped to the log, then `rows` lines from it.
 EventsLogPage PaintEventsLog(Game& game, int rows);
 

@@ -18,9 +18,7 @@ std::int32_t FindSessionValue(const SessionsRequest& rq, Currency wanted, int di
     if (s > n) s = 1;
     if (s < 1) s = n;
     if (!log.Read(s, r)) return 0;
-    const Currency net = r[kNetValue];
-    const int cls = net < rq.breakLow ? 2 : net > rq.breakHigh ? 0 : 1;  // lost, won, broke even
-    if (((rq.filter >> cls) & 1) && r[static_cast<std::size_t>(value)] == wanted) return s;
+    if (IncludedSession(rq, r[kNetValue]) && r[static_cast<std::size_t>(value)] == wanted) return s;
   }
   return 0;
 }

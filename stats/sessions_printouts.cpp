@@ -31,14 +31,6 @@ constexpr int kResultName[2] = {0, 36}, kResultEnd[2] = {30, 66};
 constexpr int kRawWidth = 30, kRawNumberEnd = 9, kRawValueEnd = 27;
 constexpr int kRawHeadingLines = 6;
 
-PrintCell Right(std::string text, int column, int colour = kPrintBlack) {
-  return {std::move(text), column, colour, true};
-}
-
-int SignColour(const Game& game, double v) {
-  return PrintColourOfSign(game.rules.PrintColors, v > 0 ? 1 : v < 0 ? -1 : 0);
-}
-
 void Heading(PrintDocument& doc, std::string_view name, std::string_view logPath,
              const CalendarDate& today) {
   doc.AddText("Ravelton Sessions Log for " + std::string(name), true, true);
@@ -61,7 +53,7 @@ PrintGraph HistogramPicture(const Game& game, const SessionsFigures& f) {
     if (column >= 0 && column < kHistogramColumns) g.rects.push_back({column, 0, 1, kPictureRows, colour});
   };
   for (int column : f.deviationColumns) rule(column, kDeviationColour);
-  rule(f.meanColumn, f.mean == 0 ? kDarkBlue : SignColour(game, f.mean));
+  rule(f.meanColumn, f.mean == 0 ? kDarkBlue : PrintColourOfValue(game.rules.PrintColors, f.mean));
   const int barWidth = std::max(1, game.views.BarWidth);
   for (const auto& [first, height] : f.bars)
     if (height > 0)
@@ -96,12 +88,12 @@ PrintDocument SessionsHistogramPrintout(const Game& game, const SessionsFigures&
   doc.AddBlank();
   PrintLine heads;
   heads.bold = true;
-  heads.cells = {Right("Sessions", kClassCount), Right("%", kClassPct)};
+  heads.cells = {RightCell("Sessions", kClassCount), RightCell("%", kClassPct)};
   doc.lines.push_back(std::move(heads));
   for (std::size_t k = 0; k < 4; ++k) {
     PrintLine line;
-    line.cells = {{f.classLabels[k], 2, kPrintBlack, false}, Right(f.classCounts[k].text, kClassCount),
-                  Right(f.classPercents[k].text, kClassPct)};
+    line.cells = {{f.classLabels[k], 2, kPrintBlack, false}, RightCell(f.classCounts[k].text, kClassCount),
+                  RightCell(f.classPercents[k].text, kClassPct)};
     doc.lines.push_back(std::move(line));
   }
   doc.AddBlank();
@@ -120,7 +112,7 @@ PrintDocument SessionsHistogramPrintout(const Game& game, const SessionsFigures&
       if (i >= f.results.size()) continue;
       const auto& [label, shown] = f.results[i];
       line.cells.push_back({label, kResultName[side], kPrintBlack, false});
-      line.cells.push_back(Right(shown.text, kResultEnd[side], SignColour(game, shown.none ? 0 : shown.value)));
+      line.cells.push_back(RightCell(shown.text, kResultEnd[side], PrintColourOfValue(game.rules.PrintColors, shown.none ? 0 : shown.value)));
     }
     doc.lines.push_back(std::move(line));
   }
@@ -155,8 +147,8 @@ PrintDocument SessionsRawDataPrintout(const Game& game, const SessionsRequest& r
     heads.bold = true;
     const int columns = static_cast<int>((page.size() + kRawRowsPerPage - 1) / kRawRowsPerPage);
     for (int c = 0; c < columns; ++c)
-      heads.cells.insert(heads.cells.end(), {Right("Session", c * kRawWidth + kRawNumberEnd),
-                                             Right("Value", c * kRawWidth + kRawValueEnd)});
+      heads.cells.insert(heads.cells.end(), {RightCell("Session", c * kRawWidth + kRawNumberEnd),
+                                             RightCell("Value", c * kRawWidth + kRawValueEnd)});
     doc.lines.push_back(std::move(heads));
     const auto rows = std::min<std::size_t>(page.size(), kRawRowsPerPage);
     for (std::size_t r = 0; r < rows; ++r) {
@@ -164,9 +156,9 @@ PrintDocument SessionsRawDataPrintout(const Game& game, const SessionsRequest& r
       for (std::size_t i = r, c = 0; i < page.size(); i += kRawRowsPerPage, ++c) {
         const auto& [session, x] = page[i];
         const int left = static_cast<int>(c) * kRawWidth;
-        line.cells.push_back(Right(FormatNumber(double(session), "#,##0"), left + kRawNumberEnd));
-        line.cells.push_back(Right(FormatNumber(x.ToDouble(), kValuePattern), left + kRawValueEnd,
-                                   SignColour(game, x.ToDouble())));
+        line.cells.push_back(RightCell(FormatNumber(double(session), "#,##0"), left + kRawNumberEnd));
+        line.cells.push_back(RightCell(FormatNumber(x.ToDouble(), kValuePattern), left + kRawValueEnd,
+                                   PrintColourOfValue(game.rules.PrintColors, x.ToDouble())));
       }
       doc.lines.push_back(std::move(line));
     }

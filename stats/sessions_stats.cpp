@@ -73,6 +73,13 @@ Shown Value(double x, std::string_view pattern) { return ShowValue(x, FormatNumb
 
 std::string BreakText(Currency a) { return FormatMoney(a); }
 
+// The class of a session by its net: won, broke-even or lost by the request's break-even band.
+int ClassOf(const SessionsRequest& rq, Currency net) {
+  return net < rq.breakLow ? kLost : net > rq.breakHigh ? kWon : kEven;
+}
+
+bool Includes(const SessionsRequest& rq, int cls) { return (rq.filter >> cls) & 1; }
+
 }  // namespace
 
 SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
@@ -91,8 +98,6 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
   SessionsLogReader log(rq.path);
   f.error = log.error();
   f.sessions = log.count();
-  auto classOf = [&](Currency net) { return net < rq.breakLow ? kLost : net > rq.breakHigh ? kWon : kEven; };
-  auto includes = [&](int cls) { return (rq.filter >> cls) & 1; };
 
   // Pass 1: classes, totals, high and low.
   std::array<std::int64_t, 3> classes{};
@@ -100,9 +105,9 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
   SessionRecord r{};
   for (std::int32_t s = 1; s <= f.sessions && log.ok(); ++s) {
     if (!log.Read(s, r)) break;
-    const int cls = classOf(r[kNetValue]);
+    const int cls = ClassOf(rq, r[kNetValue]);
     ++classes[static_cast<std::size_t>(cls)];
-    if (!includes(cls)) continue;
+    if (!Includes(rq, cls)) continue;
     const Currency x = r[static_cast<std::size_t>(value)];
     f.handle += r[kHandleValue];
     f.net += r[kNetValue];
@@ -125,7 +130,7 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
   auto forIncluded = [&](auto&& visit) {
     for (std::int32_t s = 1; s <= f.sessions && log.ok(); ++s) {
       if (!log.Read(s, r)) break;
-      if (includes(classOf(r[kNetValue]))) visit(s, r[static_cast<std::size_t>(value)]);
+      if (IncludedSession(rq, r[kNetValue])) visit(s, r[static_cast<std::size_t>(value)]);
     }
   };
 
@@ -275,8 +280,7 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
 }
 
 bool IncludedSession(const SessionsRequest& rq, Currency net) {
-  const int cls = net < rq.breakLow ? kLost : net > rq.breakHigh ? kWon : kEven;
-  return (rq.filter >> cls) & 1;
+  return Includes(rq, ClassOf(rq, net));
 }
 
 double ValueAtColumn(const SessionsFigures& f, int column) {

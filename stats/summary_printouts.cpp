@@ -34,20 +34,12 @@ void Heading(PrintDocument& doc, const std::string& title, const CalendarDate& t
   doc.AddBlank();
 }
 
-PrintCell Right(std::string text, int column, int colour = kPrintBlack) {
-  return {std::move(text), column, colour, true};
-}
-
 PrintCell Left(std::string text, int column = 0) { return {std::move(text), column, kPrintBlack, false}; }
-
-int ColourOf(const Game& game, const Shown& s) {
-  return PrintColourOfSign(game.rules.PrintColors, s.value > 0 ? 1 : s.value < 0 ? -1 : 0);
-}
 
 // A caption and a figure at kFigureEnd.
 void Figure(PrintDocument& doc, std::string caption, const Shown& s, int colour = kPrintBlack) {
   PrintLine line;
-  line.cells = {Left(std::move(caption), 2), Right(s.none ? std::string() : s.text, kFigureEnd, colour)};
+  line.cells = {Left(std::move(caption), 2), RightCell(s.none ? std::string() : s.text, kFigureEnd, colour)};
   doc.lines.push_back(std::move(line));
 }
 
@@ -75,29 +67,29 @@ PrintDocument SummaryPrintout(const Game& game, const SummaryFigures& f,
   Figure(doc, "Sim hours shooting", f.simHoursShooting);
   doc.AddBlank();
   Bold(doc, "Bankroll");
-  Figure(doc, f.bankrollCaption, f.bankrollCurrent, ColourOf(game, f.bankrollCurrent));
-  Figure(doc, "High", f.bankrollHigh, ColourOf(game, f.bankrollHigh));
-  Figure(doc, "Low", f.bankrollLow, ColourOf(game, f.bankrollLow));
-  Figure(doc, "Average bankroll", f.bankrollAverage, ColourOf(game, f.bankrollAverage));
+  Figure(doc, f.bankrollCaption, f.bankrollCurrent, PrintColourOfValue(game.rules.PrintColors, f.bankrollCurrent.value));
+  Figure(doc, "High", f.bankrollHigh, PrintColourOfValue(game.rules.PrintColors, f.bankrollHigh.value));
+  Figure(doc, "Low", f.bankrollLow, PrintColourOfValue(game.rules.PrintColors, f.bankrollLow.value));
+  Figure(doc, "Average bankroll", f.bankrollAverage, PrintColourOfValue(game.rules.PrintColors, f.bankrollAverage.value));
   doc.AddBlank();
   Bold(doc, "Comps");
   for (std::size_t k = 0; k < f.comps.size(); ++k) {
     const bool signed_ = k == kCompVig || k == kCompValue;
-    Figure(doc, f.compLabels[k], f.comps[k], signed_ ? ColourOf(game, f.comps[k]) : kPrintBlack);
+    Figure(doc, f.compLabels[k], f.comps[k], signed_ ? PrintColourOfValue(game.rules.PrintColors, f.comps[k].value) : kPrintBlack);
   }
   doc.AddBlank();
   PrintLine heads;
   heads.bold = true;
   heads.cells.push_back(Left("Decisions"));
-  for (int k = 0; k < 5; ++k) heads.cells.push_back(Right(kDecisionColumns[k], kDecisionEnds[k]));
+  for (int k = 0; k < 5; ++k) heads.cells.push_back(RightCell(kDecisionColumns[k], kDecisionEnds[k]));
   doc.lines.push_back(std::move(heads));
   for (std::size_t row = 0; row < 2; ++row) {
     PrintLine line;
     line.cells.push_back(Left(kDecisionRows[row], 2));
     for (std::size_t k = 0; k < 5; ++k) {
       const Shown& s = f.decisions[row][k];
-      line.cells.push_back(Right(s.text, kDecisionEnds[k],
-                                 k >= kNetColumn ? ColourOf(game, s) : kPrintBlack));
+      line.cells.push_back(RightCell(s.text, kDecisionEnds[k],
+                                 k >= kNetColumn ? PrintColourOfValue(game.rules.PrintColors, s.value) : kPrintBlack));
     }
     doc.lines.push_back(std::move(line));
   }
@@ -115,7 +107,7 @@ PrintDocument HandsPrintout(const HandsFigures& f, const CalendarDate& today,
   }
   PrintLine heads;
   heads.bold = true;
-  for (int k = 0; k < 3; ++k) heads.cells.push_back(Right(kHandHeads[k], kHandEnds[k]));
+  for (int k = 0; k < 3; ++k) heads.cells.push_back(RightCell(kHandHeads[k], kHandEnds[k]));
   doc.lines.push_back(std::move(heads));
   for (int row = kFirstHandRow; row <= kHandRows; ++row) {
     if (row == kHandTotalRow) doc.AddBlank();
@@ -124,7 +116,7 @@ PrintDocument HandsPrintout(const HandsFigures& f, const CalendarDate& today,
     line.cells.push_back(Left(HandRowLabel(row), 2));
     for (std::size_t k = 0; k < 3; ++k) {
       const Shown& s = f.cells[static_cast<std::size_t>(row)][k];
-      line.cells.push_back(Right(s.none ? std::string() : s.text, kHandEnds[k]));
+      line.cells.push_back(RightCell(s.none ? std::string() : s.text, kHandEnds[k]));
     }
     doc.lines.push_back(std::move(line));
   }
@@ -162,9 +154,9 @@ PrintDocument RollFreqsPrintout(const RollFreqFigures& f, const CalendarDate& to
   PrintLine heads, under;
   heads.bold = under.bold = true;
   for (int k = 0; k < kGapPairs; ++k) {
-    heads.cells.push_back(Right("# of rolls", k * kGapPairWidth + kGapEnd));
-    heads.cells.push_back(Right("# of times", k * kGapPairWidth + kCountEnd));
-    under.cells.push_back(Right("appeared", k * kGapPairWidth + kCountEnd));
+    heads.cells.push_back(RightCell("# of rolls", k * kGapPairWidth + kGapEnd));
+    heads.cells.push_back(RightCell("# of times", k * kGapPairWidth + kCountEnd));
+    under.cells.push_back(RightCell("appeared", k * kGapPairWidth + kCountEnd));
   }
   doc.lines.push_back(std::move(heads));
   doc.lines.push_back(std::move(under));
@@ -173,8 +165,8 @@ PrintDocument RollFreqsPrintout(const RollFreqFigures& f, const CalendarDate& to
     for (std::size_t k = 0; k < kGapPairs && at + k < f.gaps.size(); ++k) {
       const RollFreqGap& g = f.gaps[at + k];
       const int left = static_cast<int>(k) * kGapPairWidth;
-      line.cells.push_back(Right(g.gapText, left + kGapEnd));
-      line.cells.push_back(Right(std::to_string(g.count), left + kCountEnd));
+      line.cells.push_back(RightCell(g.gapText, left + kGapEnd));
+      line.cells.push_back(RightCell(std::to_string(g.count), left + kCountEnd));
     }
     doc.lines.push_back(std::move(line));
   }

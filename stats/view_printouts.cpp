@@ -36,15 +36,6 @@ std::string PlayerNames(const Game& game, std::int32_t players) {
   return Joined(names);
 }
 
-PrintCell Right(std::string text, int column, int colour = kPrintBlack) {
-  return {std::move(text), column, colour, true};
-}
-
-int ColourOf(const Game& game, const Shown& s) {
-  const int sign = s.value > 0 ? 1 : s.value < 0 ? -1 : 0;
-  return PrintColourOfSign(game.rules.PrintColors, sign);
-}
-
 }  // namespace
 
 PrintDocument RollTotalsPrintout(const Game& game, const RollTotalsFigures& f, std::int32_t players,
@@ -62,24 +53,24 @@ PrintDocument RollTotalsPrintout(const Game& game, const RollTotalsFigures& f, s
   doc.AddBlank();
   PrintLine heads, under;
   heads.bold = under.bold = true;
-  heads.cells = {Right("Probable %", kTotalsEnds[0]), Right("Actual %", kTotalsEnds[1]),
-                 Right("# of times", kTotalsEnds[2]), Right("# of rolls", kTotalsEnds[3])};
-  under.cells = {Right(f.skewed ? "(skewed)" : "", kTotalsEnds[0]), Right("rolled", kTotalsEnds[2]),
-                 Right("since last", kTotalsEnds[3])};
+  heads.cells = {RightCell("Probable %", kTotalsEnds[0]), RightCell("Actual %", kTotalsEnds[1]),
+                 RightCell("# of times", kTotalsEnds[2]), RightCell("# of rolls", kTotalsEnds[3])};
+  under.cells = {RightCell(f.skewed ? "(skewed)" : "", kTotalsEnds[0]), RightCell("rolled", kTotalsEnds[2]),
+                 RightCell("since last", kTotalsEnds[3])};
   doc.lines.push_back(std::move(heads));
   doc.lines.push_back(std::move(under));
   for (const RollTotalsRow& row : f.rows) {
     PrintLine line;
     line.cells = {{row.text, 0, kPrintBlack, false},
-                  Right(row.probablePct.text, kTotalsEnds[0]),
-                  Right(row.actualPct.text, kTotalsEnds[1]),
-                  Right(row.count.text, kTotalsEnds[2]),
-                  Right(row.rollsSince.text, kTotalsEnds[3])};
+                  RightCell(row.probablePct.text, kTotalsEnds[0]),
+                  RightCell(row.actualPct.text, kTotalsEnds[1]),
+                  RightCell(row.count.text, kTotalsEnds[2]),
+                  RightCell(row.rollsSince.text, kTotalsEnds[3])};
     doc.lines.push_back(std::move(line));
   }
   doc.AddBlank();
   PrintLine total;
-  total.cells = {{"Total rolls", 0, kPrintBlack, false}, Right(f.totalRolls.text, kTotalsEnds[2])};
+  total.cells = {{"Total rolls", 0, kPrintBlack, false}, RightCell(f.totalRolls.text, kTotalsEnds[2])};
   doc.lines.push_back(std::move(total));
   return doc;
 }
@@ -102,11 +93,11 @@ PrintDocument BetResultsPrintout(const Game& game, const BetResultsFigures& f, s
   const char* const onTable[4] = {"Current #", "Current $", "Last roll #", "Last roll $"};
   PrintLine tableHead;
   tableHead.bold = true;
-  tableHead.cells = {{"On the table", 0, kPrintBlack, false}, Right("Wagers", kOnTableEnd)};
+  tableHead.cells = {{"On the table", 0, kPrintBlack, false}, RightCell("Wagers", kOnTableEnd)};
   doc.lines.push_back(std::move(tableHead));
   for (std::size_t r = 0; r < 4; ++r) {
     PrintLine line;
-    line.cells = {{onTable[r], 2, kPrintBlack, false}, Right(f.onTable[r].text, kOnTableEnd)};
+    line.cells = {{onTable[r], 2, kPrintBlack, false}, RightCell(f.onTable[r].text, kOnTableEnd)};
     doc.lines.push_back(std::move(line));
   }
   doc.AddBlank();
@@ -114,7 +105,7 @@ PrintDocument BetResultsPrintout(const Game& game, const BetResultsFigures& f, s
   heads.bold = true;
   heads.cells.push_back({"Decisions", 0, kPrintBlack, false});
   for (int k = 0; k < kResultColumns; ++k)
-    heads.cells.push_back(Right(std::string(ResultColumnTitle(k)), kResultEnds[k]));
+    heads.cells.push_back(RightCell(std::string(ResultColumnTitle(k)), kResultEnds[k]));
   doc.lines.push_back(std::move(heads));
   for (int row = 1; row <= kResultRows; ++row) {
     PrintLine line;
@@ -123,7 +114,7 @@ PrintDocument BetResultsPrintout(const Game& game, const BetResultsFigures& f, s
       const Shown& s = f.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(k)];
       if (s.none) continue;
       line.cells.push_back(
-          Right(s.text, kResultEnds[k], k >= kNetCol ? ColourOf(game, s) : kPrintBlack));
+          RightCell(s.text, kResultEnds[k], k >= kNetCol ? PrintColourOfValue(game.rules.PrintColors, s.value) : kPrintBlack));
     }
     doc.lines.push_back(std::move(line));
   }
@@ -145,7 +136,7 @@ PrintDocument BetTrendsPrintout(const Game& game, int p, const CalendarDate& tod
     if (row.trend.value == 0) continue;
     PrintLine line;
     line.cells = {{row.name, 0, kPrintBlack, false},
-                  Right(row.trend.text, kTrendEnd, ColourOf(game, row.trend))};
+                  RightCell(row.trend.text, kTrendEnd, PrintColourOfValue(game.rules.PrintColors, row.trend.value))};
     doc.lines.push_back(std::move(line));
   }
   return doc;

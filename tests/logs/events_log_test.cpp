@@ -316,6 +316,20 @@ TEST_F(EventsLog, ThePrintoutHasEveryLineInTheViewersColoursAndAnEmptyLogIsRefus
   EXPECT_EQ(doc.lines.back().cells[0].colour, kPrintBlack);
 }
 
+TEST_F(EventsLog, ALogOfManyReadChunksPrintsEachLineOnceInOrder) {
+  constexpr int kLines = 10'000;  // more lines than one chunk read through the index
+  WriteInRoll(kLines, "Entry ");
+  std::string error;
+  const PrintDocument doc = EventsLogPrintout(g, CalendarDate{2026, 11, 23}, error);
+  EXPECT_TRUE(error.empty()) << error;
+  const std::vector<std::string> expected = ModelLines(Log());
+  ASSERT_EQ(expected.size(), static_cast<std::size_t>(kLines));
+  constexpr std::size_t kHeadingLines = 4;
+  ASSERT_EQ(doc.lines.size(), kHeadingLines + expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i)
+    ASSERT_EQ(doc.lines[kHeadingLines + i].cells.at(0).text, expected[i]) << "line " << i + 1;
+}
+
 // Each line is built in the reused line buffer and appended to a batch that
 // is written out in blocks.
 TEST_F(EventsLog, LoggingAndRecordingInHyperDriveAllocateNothing) {
