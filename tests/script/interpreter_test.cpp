@@ -271,7 +271,7 @@ TEST_F(Actions, DeactivateAllDuringARunAsksToInterrupt) {
   SetScriptActive(g, 1, true);
   g.scriptRun.ScriptRunning = true;
   g.KeepRolling = g.HyperDrive = true;
-  platform.queuedReplies.push_back({kAnswerNo});
+  platform.queuedReplies.push_back({kAnswerNo, "", "", false});
   DeactivateAllScripts(g);
   ASSERT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(platform.messages[0].title, "Auto-Bet Active");
@@ -281,7 +281,7 @@ TEST_F(Actions, DeactivateAllDuringARunAsksToInterrupt) {
   EXPECT_TRUE(g.scriptRun.ScriptRunning);
   EXPECT_TRUE(g.roll.ScriptActive[1]);
 
-  platform.queuedReplies.push_back({kAnswerYes});
+  platform.queuedReplies.push_back({kAnswerYes, "", "", false});
   DeactivateAllScripts(g);
   EXPECT_FALSE(g.scriptRun.ScriptRunning || g.KeepRolling);
   EXPECT_EQ(g.StopMessage, "Auto-betting interrupted.");

@@ -39,7 +39,11 @@ class SessionsLog : public RollFixture {
 
   static SessionsFigures Figures(const std::string& path, std::int32_t filter = 7,
                                  int barWidth = 1) {
-    return FigureSessionsLog({.path = path, .filter = filter, .barWidth = barWidth});
+    SessionsRequest rq;
+    rq.path = path;
+    rq.filter = filter;
+    rq.barWidth = barWidth;
+    return FigureSessionsLog(rq);
   }
   static std::string Result(const SessionsFigures& f, const std::string& label) {
     for (const auto& [l, s] : f.results)
@@ -348,7 +352,7 @@ TEST_F(SessionsPrintouts, TheRawDataConfirmationCountsTheIncludedSessionsAndPage
   // the counts: the lost sessions left out, then all 123 over two pages.
   g.views.SessionsFilter = kIncludeWon | kIncludeEven;
   Log({-5, 7}, "ann.slg");
-  platform.queuedReplies.push_back({kAnswerNo});
+  platform.queuedReplies.push_back({kAnswerNo, "", "", false});
   EXPECT_FALSE(PrintSessionsRawData(g, SessionsRequestOf(g, path), ViewFigures()));
   EXPECT_EQ(platform.messages.back().text,
             "Number of sessions to be printed: 1\r\rThis should result in 1 page.\r\r"
@@ -356,7 +360,7 @@ TEST_F(SessionsPrintouts, TheRawDataConfirmationCountsTheIncludedSessionsAndPage
   EXPECT_TRUE(platform.printed.empty());
   g.views.SessionsFilter = kIncludeWon | kIncludeEven | kIncludeLost;
   Log(std::vector<double>(121, 1), "ann.slg");
-  platform.queuedReplies.push_back({kAnswerNo});
+  platform.queuedReplies.push_back({kAnswerNo, "", "", false});
   PrintSessionsRawData(g, SessionsRequestOf(g, path), ViewFigures());
   EXPECT_NE(platform.messages.back().text.find("printed: 123\r\rThis should result in 2 pages."),
             std::string::npos);
