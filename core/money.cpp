@@ -107,6 +107,22 @@ Currency RoundUpToMultiple(Currency a, Currency m) {
   return Saturate((static_cast<i128>(a.raw / m.raw) + 1) * m.raw);
 }
 
+namespace {
+
+// Writes the digits of `whole` with a comma between groups of three, right
+// to left ending just before `p`; returns the first character written (p
+// itself when whole is 0).
+char* PutGroupedDigits(char* p, std::uint64_t whole) {
+  for (int count = 0; whole != 0; ++count) {
+    if (count != 0 && count % 3 == 0) *--p = ',';
+    *--p = static_cast<char>('0' + whole % 10);
+    whole /= 10;
+  }
+  return p;
+}
+
+}  // namespace
+
 void AppendMoney(std::string& out, Currency a) {
   // Digits are built right to left in a small buffer: sign, 19 digits,
   // 6 separators, point and 4 decimals fit in 32.
@@ -134,15 +150,29 @@ void AppendMoney(std::string& out, Currency a) {
     *--p = '.';
   }
   // "#,#" shows no digit for a whole part of 0: 0.5 reads ".50".
-  int count = 0;
-  while (whole != 0) {
-    if (count != 0 && count % 3 == 0) *--p = ',';
-    *--p = static_cast<char>('0' + whole % 10);
-    whole /= 10;
-    ++count;
-  }
+  p = PutGroupedDigits(p, whole);
   if (negative) *--p = '-';
   out.append(p, static_cast<std::size_t>(end - p));
+}
+
+void AppendCount(std::string& out, std::int64_t n) {
+  if (n == 0) {
+    out += '0';
+    return;
+  }
+  char buf[32];  // sign, 19 digits and 6 separators
+  char* end = buf + sizeof buf;
+  const bool negative = n < 0;
+  char* p = PutGroupedDigits(
+      end, negative ? 0 - static_cast<std::uint64_t>(n) : static_cast<std::uint64_t>(n));
+  if (negative) *--p = '-';
+  out.append(p, static_cast<std::size_t>(end - p));
+}
+
+std::string FormatCount(std::int64_t n) {
+  std::string s;
+  AppendCount(s, n);
+  return s;
 }
 
 std::string FormatMoney(Currency a) {

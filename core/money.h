@@ -52,6 +52,10 @@ Currency RoundUpToMultiple(Currency a, Currency m);
 std::string FormatMoney(Currency a);
 // Appends FormatMoney(a) to out (one growth at most).
 void AppendMoney(std::string& out, Currency a);
+// Text of a whole count with thousands separators: "1,234,567", "-12", "0".
+std::string FormatCount(std::int64_t n);
+// Appends FormatCount(n) to out.
+void AppendCount(std::string& out, std::int64_t n);
 
 // The leading numeric value of a text, as Val reads it: leading blanks,
 // a sign, digits with one point, an exponent; blanks inside are skipped.

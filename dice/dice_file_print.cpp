@@ -6,6 +6,7 @@
 #include "core/file_io.h"
 #include "core/game.h"
 #include "core/message_dialog.h"
+#include "core/money.h"
 #include "core/platform.h"
 #include "dice/dice_file.h"
 #include "dice/dice_file_edit.h"
@@ -21,15 +22,6 @@ constexpr int kColumnGap = 3;
 // Digits are wider than the average character the columns are counted in.
 constexpr double kTextAllowance = 1.2;
 
-std::string Grouped(std::int64_t n) {
-  std::string digits = std::to_string(n), out;
-  for (std::size_t i = 0; i < digits.size(); ++i) {
-    if (i != 0 && (digits.size() - i) % 3 == 0) out.push_back(',');
-    out.push_back(digits[i]);
-  }
-  return out;
-}
-
 bool AnyHighlighted(const Game& g) {
   for (int d1 = 1; d1 <= 6; ++d1)
     for (int d2 = 1; d2 <= 6; ++d2)
@@ -37,11 +29,14 @@ bool AnyHighlighted(const Game& g) {
   return false;
 }
 
-void PageHeading(PrintDocument& doc, const std::string& name, const CalendarDate& today, bool legend) {
+void PageHeading(PrintDocument& doc, const std::string& name, const CalendarDate& today,
+                 bool legend) {
   doc.AddText("Ravelton Dice Roll File:  " + name, true, true);
   doc.AddText(MediumDate(today), true);
-  if (legend) doc.AddText(std::string(kHighlightMark) + " highlighted pair", true);
-  else doc.AddBlank();
+  if (legend)
+    doc.AddText(std::string(kHighlightMark) + " highlighted pair", true);
+  else
+    doc.AddBlank();
   doc.AddBlank();
 }
 
@@ -53,7 +48,8 @@ DicePrintLayout DicePrintLayoutFor(std::string_view format, std::int64_t lastNum
   // Double digits for the total and the largest number: the widest line.
   AppendDiceRollText(widest, prepared, std::max<std::int64_t>(lastNumber, 1), DiceRollByte(6, 6));
   DicePrintLayout layout;
-  layout.width = kMarkWidth + static_cast<int>(static_cast<double>(widest.size()) * kTextAllowance + 0.999) +
+  layout.width = kMarkWidth +
+                 static_cast<int>(static_cast<double>(widest.size()) * kTextAllowance + 0.999) +
                  kColumnGap;
   layout.columns = std::max(1, kDicePageWidth / layout.width);
   return layout;
@@ -74,7 +70,8 @@ PrintDocument DiceRollsPrintout(Game& g, std::int64_t first, std::int64_t last,
   const std::string& path = g.diceFile.DiceFilePath;
   const std::string name = PrintedFileName(path);
   const std::string prepared = PrepareDiceOutputFormat(g.diceFile.DiceOutputFormat);
-  const DicePrintLayout layout = DicePrintLayoutFor(g.diceFile.DiceOutputFormat, firstNumber + last - first);
+  const DicePrintLayout layout =
+      DicePrintLayoutFor(g.diceFile.DiceOutputFormat, firstNumber + last - first);
   const bool legend = AnyHighlighted(g);
   const int marked = g.rules.PrintColors[0];
   FileHandle file = OpenForReading(path);
@@ -84,7 +81,8 @@ PrintDocument DiceRollsPrintout(Game& g, std::int64_t first, std::int64_t last,
   }
   std::vector<unsigned char> page(static_cast<std::size_t>(layout.PerPage()));
   for (std::int64_t at = first; at <= last;) {
-    const auto want = static_cast<std::size_t>(std::min<std::int64_t>(last - at + 1, layout.PerPage()));
+    const auto want =
+        static_cast<std::size_t>(std::min<std::int64_t>(last - at + 1, layout.PerPage()));
     const std::int64_t got = ReadAt(file, at - 1, page.data(), want);
     if (got < 0) {
       error = "Cannot read " + path + ": " + SystemErrorText();
@@ -103,7 +101,8 @@ PrintDocument DiceRollsPrintout(Game& g, std::int64_t first, std::int64_t last,
         const bool highlighted =
             DiceWithinLimits(roll) && g.diceFile.HighlightCombo(DieOneOf(roll), DieTwoOf(roll));
         if (highlighted) line.cells.push_back({kHighlightMark, left, marked, false});
-        line.cells.push_back({std::move(text), left + kMarkWidth, highlighted ? marked : kPrintBlack, false});
+        line.cells.push_back(
+            {std::move(text), left + kMarkWidth, highlighted ? marked : kPrintBlack, false});
       }
       doc.lines.push_back(std::move(line));
     }
@@ -123,7 +122,8 @@ bool PrintDiceRolls(Game& g) {
   }
   const DiceSelection s = SelectedDiceRolls(g);
   if (s.Count() == 0) {
-    ShowNotice(g, "You haven't selected any dice rolls to print.", kRefusalTitle, 0, kMsgOk | kMsgPicStop);
+    ShowNotice(g, "You haven't selected any dice rolls to print.", kRefusalTitle, 0,
+               kMsgOk | kMsgPicStop);
     return false;
   }
   std::int64_t firstNumber = s.first;
@@ -135,15 +135,17 @@ bool PrintDiceRolls(Game& g) {
     if (answer == kAnswerCancel) return false;
     if (answer == kAnswerYes) firstNumber = 1;
   }
-  const std::int64_t pages =
-      DicePrintPages(s.Count(), DicePrintLayoutFor(g.diceFile.DiceOutputFormat, firstNumber + s.Count() - 1));
-  const std::string text = "Number of rolls to be printed: " + Grouped(s.Count()) +
+  const std::int64_t pages = DicePrintPages(
+      s.Count(), DicePrintLayoutFor(g.diceFile.DiceOutputFormat, firstNumber + s.Count() - 1));
+  const std::string text = "Number of rolls to be printed: " + FormatCount(s.Count()) +
                            "\r\rBased on the options you've selected,\rthis should result in " +
-                           Grouped(pages) + (pages == 1 ? " page." : " pages.") +
+                           FormatCount(pages) + (pages == 1 ? " page." : " pages.") +
                            "\r\rAre you ready to begin printing?";
-  if (ShowNotice(g, text, kPrintTitle, 0, kMsgYes | kMsgNo | kMsgPicQmark) != kAnswerYes) return false;
+  if (ShowNotice(g, text, kPrintTitle, 0, kMsgYes | kMsgNo | kMsgPicQmark) != kAnswerYes)
+    return false;
   std::string error;
-  const PrintDocument doc = DiceRollsPrintout(g, s.first, s.last, firstNumber, g.platform->Today(), error);
+  const PrintDocument doc =
+      DiceRollsPrintout(g, s.first, s.last, firstNumber, g.platform->Today(), error);
   if (!error.empty()) {
     ShowNotice(g, error, kPrintTitle, 0, kMsgOk | kMsgPicStop);
     return false;

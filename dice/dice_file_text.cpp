@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/file_io.h"
+#include "core/money.h"
 #include "dice/dice_file.h"
 
 namespace {
@@ -12,19 +13,6 @@ constexpr std::string_view kPadding = "    ";
 
 bool WordAt(std::string_view s, std::size_t i, std::string_view word) {
   return s.substr(i, word.size()) == word;
-}
-
-// A whole number with a comma between each group of three digits.
-void AppendGrouped(std::string& out, std::int64_t n) {
-  if (n < 0) {
-    out.push_back('-');
-    n = -n;
-  }
-  const std::string digits = std::to_string(n);
-  for (std::size_t i = 0; i < digits.size(); ++i) {
-    if (i != 0 && (digits.size() - i) % 3 == 0) out.push_back(',');
-    out.push_back(digits[i]);
-  }
 }
 
 }  // namespace
@@ -57,7 +45,7 @@ void AppendDiceRollText(std::string& out, std::string_view prepared, std::int64_
   const std::size_t end = prepared.size() - kPadding.size();
   for (std::size_t i = 0; i < end;) {
     if (WordAt(prepared, i, "roll#")) {
-      AppendGrouped(out, number);
+      AppendCount(out, number);
       i += 5;
     } else if (WordAt(prepared, i, "die1")) {
       out += static_cast<char>('0' + die1);

@@ -145,5 +145,5 @@ bool ChoosePadDice(RollPadState& pad, const PadCell& cell, double rnd) {
 }
 
 std::string PadCounterText(const Game& g) {
-  return FormatMoney(Currency::FromWhole(g.RollTally(kTableSession, kEventRolls)));
+  return FormatCount(g.RollTally(kTableSession, kEventRolls));
 }

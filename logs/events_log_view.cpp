@@ -6,9 +6,11 @@
 #include <functional>
 #include <system_error>
 
-#include "core/message_dialog.h"
+#include "core/data_folder.h"
 #include "core/file_io.h"
 #include "core/game.h"
+#include "core/message_dialog.h"
+#include "core/text.h"
 #include "logs/events_log.h"
 #include "logs/events_log_index.h"
 
@@ -56,17 +58,6 @@ class LineReader {
   std::vector<char> block_;
   std::size_t at_ = 0, size_ = 0;
 };
-
-std::string FileNameOf(const std::string& path) {
-  const auto slash = path.find_last_of('/');
-  return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
-std::string LowerCase(std::string_view text) {
-  std::string s(text);
-  for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return s;
-}
 
 // Lines a..b of the log, visited in `direction` order until visit returns
 // true; false only when the files cannot be read as the index says. Records
@@ -280,7 +271,7 @@ bool FindInEventsLog(Game& g, int direction) {
 }
 
 std::string EventsLogTitle(const Game& g) {
-  const std::string name = FileNameOf(g.roll.EventsLogPath);
+  const std::string name(FileNameOf(g.roll.EventsLogPath));
   if (LowerCase(name) == "events log.txt") return "Events Log";
   return "Events Log (" + name + ")";
 }

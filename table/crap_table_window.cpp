@@ -26,33 +26,33 @@
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "core/game.h"
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "cycle/game_commands.h"
 #include "cycle/hyperdrive.h"
-#include "core/game.h"
 #include "cycle/player_names.h"
-#include "script/hot_keys.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
+#include "script/hot_keys.h"
 #include "table/auto_bet_form.h"
 #include "table/auto_play_form.h"
 #include "table/bankroll_form.h"
 #include "table/check_stacks_form.h"
-#include "table/hot_keys_form.h"
 #include "table/configure_form.h"
 #include "table/dice_files_form.h"
 #include "table/events_log_form.h"
-#include "table/sessions_log_form.h"
+#include "table/hot_keys_form.h"
 #include "table/menu_items.h"
 #include "table/move_form.h"
-#include "table/window_keeper.h"
 #include "table/new_form.h"
 #include "table/path_form.h"
 #include "table/qt_platform.h"
 #include "table/roll_pad_form.h"
+#include "table/sessions_log_form.h"
 #include "table/stats_views.h"
 #include "table/table_view.h"
+#include "table/window_keeper.h"
 
 namespace {
 const char* const kStatusViewCaption[5] = {
@@ -86,8 +86,8 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
     if (checkStacks_ && checkStacks_->isVisible() &&
         (what == static_cast<int>(Redraw::Table) || what == static_cast<int>(Redraw::OpenViews)))
       checkStacks_->Refresh();
-    if (bankroll_ && (what == static_cast<int>(Redraw::Graph) ||
-                      what == static_cast<int>(Redraw::OpenViews)))
+    if (bankroll_ &&
+        (what == static_cast<int>(Redraw::Graph) || what == static_cast<int>(Redraw::OpenViews)))
       bankroll_->Refresh();
     if (rollPad_ && rollPad_->isVisible() && what == static_cast<int>(Redraw::OpenViews))
       rollPad_->Refresh();
@@ -108,15 +108,6 @@ CrapTableWindow::CrapTableWindow(Game& game, QtPlatform& platform, QWidget* pare
   resize(1280, 900);
   view_->setFocus();
   RefreshMenus();
-}
-
-QAction* CrapTableWindow::Item(QMenu* menu, const char* name, const QString& caption) {
-  return MenuItem(menu, name, caption);
-}
-
-QAction* CrapTableWindow::Unbuilt(QMenu* menu, const char* name, const QString& caption,
-                                  const QString& why) {
-  return UnbuiltItem(menu, name, caption, why);
 }
 
 bool CrapTableWindow::Interrupt() {
@@ -141,7 +132,7 @@ void CrapTableWindow::BuildMenus() {
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   gameMenu->setToolTipsVisible(true);
   // New asks about unsaved work, then shows frmNew, whose OK starts the session.
-  connect(Item(gameMenu, "mnuNew", "&New"), &QAction::triggered, this, guarded([this] {
+  connect(MenuItem(gameMenu, "mnuNew", "&New"), &QAction::triggered, this, guarded([this] {
             if (!PromptUnsavedWork(game_)) return;
             NewForm form(game_, this);
             if (form.exec() == QDialog::Accepted && bankroll_) bankroll_->Refresh();
@@ -156,17 +147,17 @@ void CrapTableWindow::BuildMenus() {
       if (bankroll_) bankroll_->Refresh();
     });
   };
-  connect(Item(gameMenu, "mnuOpen", "&Open ..."), &QAction::triggered, this,
+  connect(MenuItem(gameMenu, "mnuOpen", "&Open ..."), &QAction::triggered, this,
           fileCommand(OpenGameCommand));
-  connect(Item(gameMenu, "mnuSave", "&Save"), &QAction::triggered, this,
+  connect(MenuItem(gameMenu, "mnuSave", "&Save"), &QAction::triggered, this,
           fileCommand(SaveGameCommand));
-  connect(Item(gameMenu, "mnuSaveAs", "Sa&ve As ..."), &QAction::triggered, this,
+  connect(MenuItem(gameMenu, "mnuSaveAs", "Sa&ve As ..."), &QAction::triggered, this,
           fileCommand(SaveGameAsCommand));
-  connect(Item(gameMenu, "mnuShowPath", "Show &Path"), &QAction::triggered, this, [this] {
+  connect(MenuItem(gameMenu, "mnuShowPath", "Show &Path"), &QAction::triggered, this, [this] {
     PathForm form(game_, this);
     form.exec();
   });
-  connect(Item(gameMenu, "mnuHotKeys", "&Hot-Keys ..."), &QAction::triggered, this,
+  connect(MenuItem(gameMenu, "mnuHotKeys", "&Hot-Keys ..."), &QAction::triggered, this,
           guarded([this] {
             HotKeysForm form(game_, this);
             new WindowKeeper(game_, KeptWindow::HotKeys, form);
@@ -174,48 +165,49 @@ void CrapTableWindow::BuildMenus() {
           }));
   QMenu* position = gameMenu->addMenu("&Table Position");
   position->setObjectName("mnuTablePosition");
-  connect(Item(position, "mnuAutoSize", "&Auto-size/center"), &QAction::triggered, this,
+  connect(MenuItem(position, "mnuAutoSize", "&Auto-size/center"), &QAction::triggered, this,
           guarded([this] { view_->AutoSize(); }));
-  connect(Item(position, "mnuTableMove", "&Zoom/rotate/move\tZ"), &QAction::triggered, this,
+  connect(MenuItem(position, "mnuTableMove", "&Zoom/rotate/move\tZ"), &QAction::triggered, this,
           guarded([this] { Move()->show(); }));
   QMenu* save = position->addMenu("&Save");
   QMenu* restore = position->addMenu("&Restore");
   for (int n = 0; n < kSavedViews; ++n) {
-    connect(Item(save, "mnuSaveView", QString("View &%1\tShift+%1").arg(n)), &QAction::triggered,
-            this, [this, n] { SaveView(n); });
-    connect(Item(restore, "mnuRestoreView", QString("View &%1\tCtrl+%1").arg(n)),
+    connect(MenuItem(save, "mnuSaveView", QString("View &%1\tShift+%1").arg(n)),
+            &QAction::triggered, this, [this, n] { SaveView(n); });
+    connect(MenuItem(restore, "mnuRestoreView", QString("View &%1\tCtrl+%1").arg(n)),
             &QAction::triggered, this, [this, n] { RestoreView(n); });
   }
-  connect(Item(gameMenu, "mnuConfigure", "&Configure ..."), &QAction::triggered, this,
+  connect(MenuItem(gameMenu, "mnuConfigure", "&Configure ..."), &QAction::triggered, this,
           guarded([this] {
             Configure()->Fill();
             Configure()->exec();
           }));
   gameMenu->addSeparator();
-  connect(Item(gameMenu, "mnuExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
+  connect(MenuItem(gameMenu, "mnuExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
 
   QMenu* players = menuBar()->addMenu("&Players");
   players->setToolTipsVisible(true);
-  connect(Item(players, "mnuPlayerAdd", "&Add (Buy in)"), &QAction::triggered, this,
+  connect(MenuItem(players, "mnuPlayerAdd", "&Add (Buy in)"), &QAction::triggered, this,
           guarded([this] { PromptAddPlayer(game_); }));
-  connect(Item(players, "mnuPlayerDelete", "&Remove (Cash out)"), &QAction::triggered, this,
+  connect(MenuItem(players, "mnuPlayerDelete", "&Remove (Cash out)"), &QAction::triggered, this,
           guarded([this] { CashOutPlayer(game_); }));
-  connect(Item(players, "mnuPlayerMove", "&Move"), &QAction::triggered, this,
+  connect(MenuItem(players, "mnuPlayerMove", "&Move"), &QAction::triggered, this,
           guarded([this] { StartMovePlayer(game_); }));
-  connect(Item(players, "mnuPlayerRename", "Re&name"), &QAction::triggered, this, guarded([this] {
+  connect(MenuItem(players, "mnuPlayerRename", "Re&name"), &QAction::triggered, this,
+          guarded([this] {
             const int p = game_.betting.CurPlayer;
             if (p < 1 || p > 8 || game_.PlayerName[static_cast<std::size_t>(p)].empty()) return;
             bool chooseLog = false;
             RenamePlayer(game_, p, &chooseLog);
             if (!chooseLog) return;
             std::string& path = game_.roll.SessionLogPath[static_cast<std::size_t>(p)];
-            const QString chosen = QFileDialog::getSaveFileName(
-                this, "Sessions Log", QString::fromStdString(path),
-                "Sessions logs (*.slg);;All files (*.*)");
+            const QString chosen =
+                QFileDialog::getSaveFileName(this, "Sessions Log", QString::fromStdString(path),
+                                             "Sessions logs (*.slg);;All files (*.*)");
             if (!chosen.isEmpty()) path = chosen.toStdString();
           }));
   // The ATM lives on the Bankroll tab of Configure.
-  connect(Item(players, "mnuAtm", "A&TM ..."), &QAction::triggered, this, guarded([this] {
+  connect(MenuItem(players, "mnuAtm", "A&TM ..."), &QAction::triggered, this, guarded([this] {
             if (!OpenBankrollTab(game_)) return;
             game_.rules.ConfigureTab = kTabBankroll;
             Configure()->Fill();
@@ -223,7 +215,7 @@ void CrapTableWindow::BuildMenus() {
           }));
   QMenu* status = players->addMenu("St&atus boxes");
   status->setObjectName("mnuStatus");
-  QAction* shown = Item(status, "mnuStatusShow", "&Show status boxes");
+  QAction* shown = MenuItem(status, "mnuStatusShow", "&Show status boxes");
   shown->setCheckable(true);
   connect(shown, &QAction::toggled, this, [this](bool on) {
     game_.table.StatusBoxesShown = on;
@@ -233,7 +225,7 @@ void CrapTableWindow::BuildMenus() {
   status->addSeparator();
   auto* placements = new QActionGroup(this);
   for (int i = 0; i < 5; ++i) {
-    QAction* a = Item(status, "mnuStatusView", kStatusViewCaption[i]);
+    QAction* a = MenuItem(status, "mnuStatusView", kStatusViewCaption[i]);
     a->setCheckable(true);
     a->setData(i);
     placements->addAction(a);
@@ -246,30 +238,30 @@ void CrapTableWindow::BuildMenus() {
 
   QMenu* action = menuBar()->addMenu("&Action");
   action->setToolTipsVisible(true);
-  connect(Item(action, "mnuRollDice", "&Roll the dice  (Right mouse button)\tF2"),
+  connect(MenuItem(action, "mnuRollDice", "&Roll the dice  (Right mouse button)\tF2"),
           &QAction::triggered, this, key(Qt::Key_F2));
-  connect(Item(action, "mnuPassDice", "Pass the dice\tP"), &QAction::triggered, this,
+  connect(MenuItem(action, "mnuPassDice", "Pass the dice\tP"), &QAction::triggered, this,
           key(Qt::Key_P));
-  connect(Item(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8"), &QAction::triggered, this,
-          guarded([this] { DiceFiles()->show(); }));
-  connect(Item(action, "mnuAutoPlay", "Auto-&Play ...\tF3"), &QAction::triggered, this,
+  connect(MenuItem(action, "mnuDiceRollFiles", "&Dice Roll Files ...\tF8"), &QAction::triggered,
+          this, guarded([this] { DiceFiles()->show(); }));
+  connect(MenuItem(action, "mnuAutoPlay", "Auto-&Play ...\tF3"), &QAction::triggered, this,
           guarded([this] { AutoPlay()->show(); }));
-  connect(Item(action, "mnuAutoBet", "Auto-&Bet ...\tF4"), &QAction::triggered, this,
+  connect(MenuItem(action, "mnuAutoBet", "Auto-&Bet ...\tF4"), &QAction::triggered, this,
           guarded([this] { ShowAutoBet(); }));
   action->addSeparator();
-  connect(Item(action, "mnuBuyPlaceBet", "B&uy Place bet\tF5"), &QAction::triggered, this,
+  connect(MenuItem(action, "mnuBuyPlaceBet", "B&uy Place bet\tF5"), &QAction::triggered, this,
           key(Qt::Key_F5));
-  connect(Item(action, "mnuCallBetOn", "Call bet &ON\tF6"), &QAction::triggered, this,
+  connect(MenuItem(action, "mnuCallBetOn", "Call bet &ON\tF6"), &QAction::triggered, this,
           key(Qt::Key_F6));
-  connect(Item(action, "mnuCallAllBetsOn", "Call all bets O&N\tShift+F6"), &QAction::triggered,
+  connect(MenuItem(action, "mnuCallAllBetsOn", "Call all bets O&N\tShift+F6"), &QAction::triggered,
           this, key(Qt::Key_F6, Qt::ShiftModifier));
-  connect(Item(action, "mnuCallBetOff", "Call bet O&FF\tF7"), &QAction::triggered, this,
+  connect(MenuItem(action, "mnuCallBetOff", "Call bet O&FF\tF7"), &QAction::triggered, this,
           key(Qt::Key_F7));
-  connect(Item(action, "mnuCallAllBetsOff", "Call all bets OF&F\tShift+F7"), &QAction::triggered,
-          this, key(Qt::Key_F7, Qt::ShiftModifier));
-  connect(Item(action, "mnuRemoveBet", "Re&move bet\tDel"), &QAction::triggered, this,
+  connect(MenuItem(action, "mnuCallAllBetsOff", "Call all bets OF&F\tShift+F7"),
+          &QAction::triggered, this, key(Qt::Key_F7, Qt::ShiftModifier));
+  connect(MenuItem(action, "mnuRemoveBet", "Re&move bet\tDel"), &QAction::triggered, this,
           key(Qt::Key_Delete));
-  connect(Item(action, "mnuRemoveAllBets", "Remo&ve all bets\tShift+Del"), &QAction::triggered,
+  connect(MenuItem(action, "mnuRemoveAllBets", "Remo&ve all bets\tShift+Del"), &QAction::triggered,
           this, key(Qt::Key_Delete, Qt::ShiftModifier));
   action->addSeparator();
   struct Toggle {
@@ -277,36 +269,37 @@ void CrapTableWindow::BuildMenus() {
     const char* caption;
     int key;
   };
-  for (const Toggle& t : {Toggle{"mnuFlashBets", "&Flash bets\tSpace", Qt::Key_Space},
-                          Toggle{"mnuKeyInBetAmounts", "&Key-in bet amounts\tF9", Qt::Key_F9},
-                          Toggle{"mnuDisplayBetAmounts", "D&isplay bets as numbers\tF11", Qt::Key_F11},
-                          Toggle{"mnuDisplayHopBets", "Display &Hop bets\tH", Qt::Key_H}}) {
-    QAction* a = Item(action, t.name, t.caption);
+  for (const Toggle& t :
+       {Toggle{"mnuFlashBets", "&Flash bets\tSpace", Qt::Key_Space},
+        Toggle{"mnuKeyInBetAmounts", "&Key-in bet amounts\tF9", Qt::Key_F9},
+        Toggle{"mnuDisplayBetAmounts", "D&isplay bets as numbers\tF11", Qt::Key_F11},
+        Toggle{"mnuDisplayHopBets", "Display &Hop bets\tH", Qt::Key_H}}) {
+    QAction* a = MenuItem(action, t.name, t.caption);
     a->setCheckable(true);
     connect(a, &QAction::triggered, this, key(t.key));
   }
-  connect(Item(action, "mnuRollYourOwnNumbers", "Roll your o&wn numbers\tF12"), &QAction::triggered,
-          this, guarded([this] { RollPad()->show(); }));
+  connect(MenuItem(action, "mnuRollYourOwnNumbers", "Roll your o&wn numbers\tF12"),
+          &QAction::triggered, this, guarded([this] { RollPad()->show(); }));
 
   QMenu* stats = menuBar()->addMenu("&Statistics");
   stats->setToolTipsVisible(true);
-  connect(Item(stats, "mnuSessionsLog", "&Sessions Log ..."), &QAction::triggered, this,
+  connect(MenuItem(stats, "mnuSessionsLog", "&Sessions Log ..."), &QAction::triggered, this,
           guarded([this] { SessionsLog()->show(); }));
-  connect(Item(stats, "mnuEventsLog", "E&vents Log ..."), &QAction::triggered, this,
+  connect(MenuItem(stats, "mnuEventsLog", "E&vents Log ..."), &QAction::triggered, this,
           guarded([this] { EventsLog()->show(); }));
   auto view = [this, stats](const char* name, const QString& caption, StatsView which) {
-    connect(Item(stats, name, caption), &QAction::triggered, this,
+    connect(MenuItem(stats, name, caption), &QAction::triggered, this,
             [this, which] { statsViews_->Open(which); });
   };
   view("mnuSummary", "&Summary ...", StatsView::Summary);
   view("mnuHands", "&Hands ...", StatsView::Hands);
-  connect(Item(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
+  connect(MenuItem(stats, "mnuBankroll", "&Bankroll / Hyper-Drive ..."), &QAction::triggered, this,
           guarded([this] { Bankroll()->show(); }));
   view("mnuRollTotals", "Roll &Totals ...", StatsView::RollTotals);
   view("mnuRollFreqs", "Roll &Frequencies ...", StatsView::RollFreqs);
   view("mnuBetResults", "Bet R&esults ...", StatsView::BetResults);
   view("mnuBetTrends", "Bet T&rends ...", StatsView::BetTrends);
-  connect(Item(stats, "mnuCheckStacks", "&CheckStacks ..."), &QAction::triggered, this,
+  connect(MenuItem(stats, "mnuCheckStacks", "&CheckStacks ..."), &QAction::triggered, this,
           guarded([this] {
             CheckStacks()->Refresh();
             CheckStacks()->show();
@@ -314,12 +307,13 @@ void CrapTableWindow::BuildMenus() {
 
   QMenu* help = menuBar()->addMenu("&Help");
   help->setToolTipsVisible(true);
-  connect(Item(help, "mnuContents", "&Contents ..."), &QAction::triggered, this,
+  connect(MenuItem(help, "mnuContents", "&Contents ..."), &QAction::triggered, this,
           [this] { platform_.ShowHelp(kHelpNone); });
-  connect(Item(help, "mnuAboutCraps", "&About Ravelton ..."), &QAction::triggered, this, [this] {
-    QMessageBox::about(this, "About Ravelton",
-                       "Ravelton\nA casino craps simulator and betting-strategy laboratory.");
-  });
+  connect(
+      MenuItem(help, "mnuAboutCraps", "&About Ravelton ..."), &QAction::triggered, this, [this] {
+        QMessageBox::about(this, "About Ravelton",
+                           "Ravelton\nA casino craps simulator and betting-strategy laboratory.");
+      });
 }
 
 void CrapTableWindow::RefreshMenus() {
@@ -344,7 +338,7 @@ void CrapTableWindow::RefreshMenus() {
 void CrapTableWindow::SaveView(int n) {
   TableState& t = game_.table;
   t.SavedView[static_cast<std::size_t>(n)] = {t.TableZoom, t.TableRotation, t.TableOffsetA,
-                                               t.TableOffsetB};
+                                              t.TableOffsetB};
   game_.roll.SessionDirty = true;
 }
 

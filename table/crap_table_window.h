@@ -66,8 +66,6 @@ class CrapTableWindow : public QMainWindow {
 
  private:
   void BuildMenus();
-  QAction* Item(QMenu* menu, const char* name, const QString& caption);
-  QAction* Unbuilt(QMenu* menu, const char* name, const QString& caption, const QString& why);
   bool Interrupt();
   void WindowKey(int key, Qt::KeyboardModifiers mods);
 

@@ -8,7 +8,6 @@
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
@@ -20,6 +19,7 @@
 #include <algorithm>
 
 #include "core/game.h"
+#include "core/money.h"
 #include "dice/dice_file.h"
 #include "dice/dice_file_edit.h"
 #include "dice/dice_file_print.h"
@@ -33,7 +33,7 @@ constexpr int kListWidth = 230;
 constexpr int kWheelRows = 3;
 enum EditCommand { kCut, kCopy, kPaste, kDelete, kSelectAll };
 
-QString Grouped(std::int64_t n) { return QLocale(QLocale::English).toString(qlonglong(n)); }
+QString Grouped(std::int64_t n) { return QString::fromStdString(FormatCount(n)); }
 
 }  // namespace
 
@@ -70,7 +70,8 @@ void DiceRollList::paintEvent(QPaintEvent*) {
     p.setPen(inSelection ? Qt::white : Qt::black);
     if (n == total + 1) {
       // The place after the last roll, where keyed rolls are added.
-      p.drawText(line.adjusted(6, 0, 0, 0), Qt::AlignVCenter, QString("%1   -end-").arg(Grouped(n), 9));
+      p.drawText(line.adjusted(6, 0, 0, 0), Qt::AlignVCenter,
+                 QString("%1   -end-").arg(Grouped(n), 9));
       continue;
     }
     if (static_cast<std::size_t>(r) >= rolls.size()) break;
@@ -81,8 +82,9 @@ void DiceRollList::paintEvent(QPaintEvent*) {
       const QRect mark = line.adjusted(width() - 44, 2, -4, -2);
       p.fillRect(mark, QColor(255, 220, 0));
     }
-    const QString text = valid ? QString("%1   %2-%3   %4").arg(Grouped(n), 9).arg(d1).arg(d2).arg(d1 + d2, 2)
-                               : QString("%1   bad value %2").arg(Grouped(n), 9).arg(b);
+    const QString text =
+        valid ? QString("%1   %2-%3   %4").arg(Grouped(n), 9).arg(d1).arg(d2).arg(d1 + d2, 2)
+              : QString("%1   bad value %2").arg(Grouped(n), 9).arg(b);
     p.setPen(inSelection ? Qt::white : Qt::black);
     p.drawText(line.adjusted(6, 0, 0, 0), Qt::AlignVCenter, text);
   }
@@ -116,7 +118,8 @@ DiceFilesForm::DiceFilesForm(Game& game, QWidget* parent) : QDialog(parent), gam
     game_.diceFile.DiceSelStart = v;
     list_->update();
   });
-  connect(list_, &DiceRollList::scrolled, this, [this](int rows) { scroll_->setValue(scroll_->value() + rows); });
+  connect(list_, &DiceRollList::scrolled, this,
+          [this](int rows) { scroll_->setValue(scroll_->value() + rows); });
   auto* listBox = new QHBoxLayout;
   listBox->setSpacing(0);
   listBox->addWidget(list_, 1);
@@ -233,11 +236,12 @@ QMenu* DiceFilesForm::BuildEditMenu(QMenu* m) {
     QKeySequence key;
     int command;
   };
-  for (const Command& c : {Command{"mnuCut", "Cu&t", QKeySequence::Cut, kCut},
-                           Command{"mnuCopy", "&Copy", QKeySequence::Copy, kCopy},
-                           Command{"mnuPaste", "&Paste", QKeySequence::Paste, kPaste},
-                           Command{"mnuDelete", "&Delete", QKeySequence::Delete, kDelete},
-                           Command{"mnuSelectAll", "Select &All", QKeySequence::SelectAll, kSelectAll}}) {
+  for (const Command& c :
+       {Command{"mnuCut", "Cu&t", QKeySequence::Cut, kCut},
+        Command{"mnuCopy", "&Copy", QKeySequence::Copy, kCopy},
+        Command{"mnuPaste", "&Paste", QKeySequence::Paste, kPaste},
+        Command{"mnuDelete", "&Delete", QKeySequence::Delete, kDelete},
+        Command{"mnuSelectAll", "Select &All", QKeySequence::SelectAll, kSelectAll}}) {
     QAction* a = m->addAction(c.text);
     a->setObjectName(c.name);
     a->setShortcut(c.key);
@@ -295,7 +299,8 @@ QWidget* DiceFilesForm::BuildRecorder() {
   state_->setObjectName("lblRecorderState");
   state_->setAlignment(Qt::AlignCenter);
   outer->addWidget(state_);
-  const char* const captions[3] = {QT_TR_NOOP("&Stop"), QT_TR_NOOP("&Record"), QT_TR_NOOP("&Playback")};
+  const char* const captions[3] = {QT_TR_NOOP("&Stop"), QT_TR_NOOP("&Record"),
+                                   QT_TR_NOOP("&Playback")};
   for (int mode = 0; mode < 3; ++mode) {
     auto* b = new QPushButton(captions[mode]);
     b->setObjectName(QString("cmdRecorder%1").arg(mode));
@@ -319,12 +324,14 @@ QWidget* DiceFilesForm::BuildRollButtons() {
     auto* b = new QPushButton(QString("%1-%2").arg(k / 6 + 1).arg(k % 6 + 1));
     b->setObjectName(QString("cmdRollNumbers%1").arg(k));
     b->setFixedWidth(44);
-    connect(b, &QPushButton::clicked, this, [this, k] { Act([&] { return KeyDiceRoll(game_, k); }); });
+    connect(b, &QPushButton::clicked, this,
+            [this, k] { Act([&] { return KeyDiceRoll(game_, k); }); });
     grid->addWidget(b, k / 6, k % 6);
   }
   auto* random = new QPushButton("Ran&dom");
   random->setObjectName("cmdRandomNum");
-  connect(random, &QPushButton::clicked, this, [this] { Act([&] { return KeyRandomDiceRoll(game_); }); });
+  connect(random, &QPushButton::clicked, this,
+          [this] { Act([&] { return KeyRandomDiceRoll(game_); }); });
   grid->addWidget(random, 6, 0, 1, 6);
   return box;
 }
@@ -342,20 +349,43 @@ void DiceFilesForm::Act(F f) {
 void DiceFilesForm::Edit(int command) {
   if (next_->hasFocus()) {
     switch (command) {
-      case kCut: next_->cut(); break;
-      case kCopy: next_->copy(); break;
-      case kPaste: next_->paste(); break;
-      case kDelete: next_->del(); break;
-      case kSelectAll: next_->selectAll(); break;
+      case kCut:
+        next_->cut();
+        break;
+      case kCopy:
+        next_->copy();
+        break;
+      case kPaste:
+        next_->paste();
+        break;
+      case kDelete:
+        next_->del();
+        break;
+      case kSelectAll:
+        next_->selectAll();
+        break;
     }
     return;
   }
   switch (command) {
-    case kCut: Act([&] { return CutDiceRolls(game_); }); break;
-    case kCopy: Act([&] { return CopyDiceRolls(game_); }); break;
-    case kPaste: Act([&] { return PasteDiceRolls(game_); }); break;
-    case kDelete: Act([&] { return DeleteDiceRolls(game_); }); break;
-    case kSelectAll: Act([&] { SelectAllDiceRolls(game_); return true; }); break;
+    case kCut:
+      Act([&] { return CutDiceRolls(game_); });
+      break;
+    case kCopy:
+      Act([&] { return CopyDiceRolls(game_); });
+      break;
+    case kPaste:
+      Act([&] { return PasteDiceRolls(game_); });
+      break;
+    case kDelete:
+      Act([&] { return DeleteDiceRolls(game_); });
+      break;
+    case kSelectAll:
+      Act([&] {
+        SelectAllDiceRolls(game_);
+        return true;
+      });
+      break;
   }
 }
 
@@ -390,7 +420,8 @@ void DiceFilesForm::Refresh() {
   // A file just opened empty has its caret on roll 1, where the first roll goes.
   if (open && f.DiceFilePos < 1) f.DiceFilePos = 1;
   setWindowTitle(QString::fromStdString(DiceRollFilesTitle(game_)));
-  path_->setText(open ? QString::fromStdString(f.DiceFilePath) : QString("No dice roll file open."));
+  path_->setText(open ? QString::fromStdString(f.DiceFilePath)
+                      : QString("No dice roll file open."));
   const std::int64_t total = open ? DiceRollTotal(game_) : 0;
   total_->setText(Grouped(total));
   selected_->setText(Grouped(open ? CountSelectedDiceRolls(game_) : 0));

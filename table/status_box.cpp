@@ -6,19 +6,12 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/money.h"
 #include "table/paint_util.h"
 
 namespace {
 
 bool HasFraction(Currency a) { return a.raw % Currency::kScale != 0; }
-
-// Digits of a non-negative whole number with thousands separators.
-std::string Grouped(std::int64_t whole) {
-  std::string digits = std::to_string(whole);
-  for (int i = static_cast<int>(digits.size()) - 3; i > 0; i -= 3)
-    digits.insert(static_cast<std::size_t>(i), ",");
-  return digits;
-}
 
 }  // namespace
 
@@ -29,13 +22,13 @@ std::string StatusAmount(Currency amount, bool fraction) {
     // "#,#;-#,#;0": whole units, rounded half away from zero.
     const std::int64_t whole = (magnitude + Currency::kScale / 2) / Currency::kScale;
     if (whole == 0) return "0";
-    return (negative ? "-" : "") + Grouped(whole);
+    return (negative ? "-" : "") + FormatCount(whole);
   }
   // "#,0.00;-#,0.00;0.00": cents, rounded half away from zero.
   const std::int64_t cents = (magnitude + 50) / 100;
   if (cents == 0) return "0.00";
   const std::int64_t c = cents % 100;
-  return (negative ? "-" : "") + Grouped(cents / 100) + "." + (c < 10 ? "0" : "") +
+  return (negative ? "-" : "") + FormatCount(cents / 100) + "." + (c < 10 ? "0" : "") +
          std::to_string(c);
 }
 

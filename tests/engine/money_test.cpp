@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -66,6 +67,11 @@ TEST(Money, FormatMoneyFollowsTheTwoFormats) {
   std::string s = "Vig $";
   AppendMoney(s, Raw(15000));
   EXPECT_EQ(s, "Vig $1.50");
+  // Counts group the same way and reach the ends of the 64-bit range.
+  EXPECT_EQ(FormatCount(0), "0");
+  EXPECT_EQ(FormatCount(999), "999");
+  EXPECT_EQ(FormatCount(-1000), "-1,000");
+  EXPECT_EQ(FormatCount(INT64_MIN), "-9,223,372,036,854,775,808");
 }
 
 TEST(Money, LeadingValueReadsLikeVal) {
