@@ -18,18 +18,18 @@
 
 #include "core/game.h"
 #include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/platform.h"
 #include "cycle/auto_bet_commands.h"
-#include "core/message_dialog.h"
 #include "script/activation.h"
-#include "script/auto_bet_find.h"
 #include "script/auto_bet_editor.h"
+#include "script/auto_bet_find.h"
 #include "script/files.h"
 #include "script/script_printouts.h"
 #include "table/auto_bet_text.h"
-#include "table/permissions_form.h"
 #include "table/find_replace_form.h"
 #include "table/menu_items.h"
+#include "table/permissions_form.h"
 #include "table/steps_form.h"
 
 namespace {
@@ -136,12 +136,6 @@ AutoBetForm::AutoBetForm(Game& game, QWidget* parent) : QWidget(parent, Qt::Wind
   resize(780, 560);
 }
 
-QAction* AutoBetForm::Option(QMenu* menu, const char* name, const QString& caption) {
-  QAction* a = MenuItem(menu, name, caption);
-  a->setCheckable(true);
-  return a;
-}
-
 void AutoBetForm::BuildMenus(QMenuBar* bar) {
   QMenu* file = bar->addMenu("&File");
   file->setToolTipsVisible(true);
@@ -192,7 +186,7 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
 
   QMenu* options = bar->addMenu("&Options");
   options->setToolTipsVisible(true);
-  connect(Option(options, "mnuShowSteps", "Show &Steps During Play"), &QAction::toggled, this,
+  connect(CheckItem(options, "mnuShowSteps", "Show &Steps During Play"), &QAction::toggled, this,
           [this](bool on) {
             if (FormLoading) return;
             game_.scriptRun.ShowSteps = on;
@@ -206,10 +200,12 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
       game_.roll.SessionDirty = true;
     };
   };
-  connect(Option(options, "mnuShowLoggedMessagesNormal", "Show Logged &Messages During Normal Play"),
-          &QAction::toggled, this, noticeBit(kNoticeScriptNormal));
-  connect(Option(options, "mnuShowLoggedMessagesHyper", "Show Logged Messages During H&yper-Drive"),
-          &QAction::toggled, this, noticeBit(kNoticeScriptHyper));
+  connect(
+      CheckItem(options, "mnuShowLoggedMessagesNormal", "Show Logged &Messages During Normal Play"),
+      &QAction::toggled, this, noticeBit(kNoticeScriptNormal));
+  connect(
+      CheckItem(options, "mnuShowLoggedMessagesHyper", "Show Logged Messages During H&yper-Drive"),
+      &QAction::toggled, this, noticeBit(kNoticeScriptHyper));
   options->addSeparator();
   auto stored = [this](Long GameFileState::*field) {
     return [this, field](bool on) {
@@ -218,15 +214,15 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
       ApplyOptions();
     };
   };
-  connect(Option(options, "mnuShowLineNumbers", "Show &Line Numbers"), &QAction::toggled, this,
+  connect(CheckItem(options, "mnuShowLineNumbers", "Show &Line Numbers"), &QAction::toggled, this,
           stored(&GameFileState::EditorLineNumbers));
-  connect(Option(options, "mnuShowSyntaxLists", "Show Synta&x Lists"), &QAction::toggled, this,
+  connect(CheckItem(options, "mnuShowSyntaxLists", "Show Synta&x Lists"), &QAction::toggled, this,
           stored(&GameFileState::EditorSyntaxLists));
   QMenu* font = options->addMenu("&Font");
   font->menuAction()->setObjectName("mnuFont");
-  connect(Option(font, "mnuFontItalic", "&Italic"), &QAction::toggled, this,
+  connect(CheckItem(font, "mnuFontItalic", "&Italic"), &QAction::toggled, this,
           stored(&GameFileState::EditorItalic));
-  connect(Option(font, "mnuFontBold", "&Bold"), &QAction::toggled, this,
+  connect(CheckItem(font, "mnuFontBold", "&Bold"), &QAction::toggled, this,
           stored(&GameFileState::EditorBold));
   struct Size {
     const char* caption;
@@ -245,9 +241,9 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
       ApplyOptions();
     });
   }
-  connect(Option(options, "mnuAutoIndent", "Auto-&Indent"), &QAction::toggled, this,
+  connect(CheckItem(options, "mnuAutoIndent", "Auto-&Indent"), &QAction::toggled, this,
           stored(&GameFileState::EditorAutoIndent));
-  connect(Option(options, "mnuHighlight", "&Highlight"), &QAction::toggled, this,
+  connect(CheckItem(options, "mnuHighlight", "&Highlight"), &QAction::toggled, this,
           stored(&GameFileState::EditorHighlight));
   options->addSeparator();
   connect(MenuItem(options, "mnuPermissions", "&Permissions ..."), &QAction::triggered, this,
@@ -336,9 +332,9 @@ void AutoBetForm::ApplyOptions() {
   check("mnuHighlight", On(f.EditorHighlight));
   FormLoading = false;
   QFont font = text_->font();
-  font.setPointSizeF(std::max(4.0, QApplication::font().pointSizeF() +
-                                       std::clamp<Long>(f.EditorFontSize, kFontStepMin,
-                                                        kFontStepMax)));
+  font.setPointSizeF(
+      std::max(4.0, QApplication::font().pointSizeF() +
+                        std::clamp<Long>(f.EditorFontSize, kFontStepMin, kFontStepMax)));
   font.setItalic(On(f.EditorItalic));
   font.setBold(On(f.EditorBold));
   text_->setFont(font);
@@ -362,8 +358,7 @@ void AutoBetForm::ShowText() {
   text_->setPlainText(shown);
   text_->SelectSpan(ss.EdSelStartLine, ss.EdSelStartColumn, ss.EdSelEndLine, ss.EdSelEndColumn);
   caretBlock_ = text_->textCursor().blockNumber();
-  text_->SetBands(On(game_.gamefile.EditorHighlight) ? ss.EdBandMark
-                                                      : std::vector<std::int32_t>{});
+  text_->SetBands(On(game_.gamefile.EditorHighlight) ? ss.EdBandMark : std::vector<std::int32_t>{});
   FormLoading = false;
 }
 
@@ -385,8 +380,7 @@ void AutoBetForm::SelectionMoved() {
   const auto [caretLine, caretColumn] = at(c.position());
   const int charWidth = std::max(1, text_->fontMetrics().horizontalAdvance('0'));
   SetEditorSelection(game_, {startLine, startColumn, endLine, endColumn, caretLine, caretColumn,
-                             text_->TopLine(),
-                             text_->horizontalScrollBar()->value() / charWidth});
+                             text_->TopLine(), text_->horizontalScrollBar()->value() / charWidth});
   // A line the caret leaves gets its structure words in their capitals.
   const int block = caretLine - 1;
   if (block == caretBlock_) return;
@@ -457,7 +451,8 @@ void AutoBetForm::OpenPicklist(Picklist list) {
   picklist_->clear();
   for (const std::string& row : PicklistRows(list)) {
     const bool separator = row == kPicklistSeparator;
-    auto* item = new QListWidgetItem(separator ? QString(kSeparatorText) : QString::fromStdString(row));
+    auto* item =
+        new QListWidgetItem(separator ? QString(kSeparatorText) : QString::fromStdString(row));
     if (!PickText(list, row)) {
       item->setFlags(Qt::NoItemFlags);
       if (!separator) {

@@ -72,7 +72,6 @@ class AutoBetForm : public QWidget {
 
  private:
   void BuildMenus(class QMenuBar* bar);
-  QAction* Option(class QMenu* menu, const char* name, const QString& caption);
   // The text of the game's EdLines into the pane, under FormLoading.
   void ShowText();
   // The pane's text and selection to the game.

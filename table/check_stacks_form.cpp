@@ -25,6 +25,8 @@
 #include "engine/check_stacks_print.h"
 #include "engine/players.h"
 #include "engine/settle_text.h"
+#include "table/menu_items.h"
+#include "table/menu_items.h"
 #include "table/numeric_box.h"
 #include "table/player_list.h"
 
@@ -125,9 +127,7 @@ CheckStacksForm::CheckStacksForm(Game& game, QWidget* parent) : QDialog(parent),
   connect(visible, &QAction::triggered, this, &CheckStacksForm::OpenSetStacks);
 
   QMenu* display = menus->addMenu("&Display");
-  displayZero_ = display->addAction("Display &Zero Values");
-  displayZero_->setObjectName("mnuDisplayZero");
-  displayZero_->setCheckable(true);
+  displayZero_ = CheckItem(display, "mnuDisplayZero", "Display &Zero Values");
   connect(displayZero_, &QAction::toggled, this, [this](bool on) {
     if (filling_) return;
     game_.betting.DisplayZeroStacks = on;

@@ -215,8 +215,7 @@ void CrapTableWindow::BuildMenus() {
           }));
   QMenu* status = players->addMenu("St&atus boxes");
   status->setObjectName("mnuStatus");
-  QAction* shown = MenuItem(status, "mnuStatusShow", "&Show status boxes");
-  shown->setCheckable(true);
+  QAction* shown = CheckItem(status, "mnuStatusShow", "&Show status boxes");
   connect(shown, &QAction::toggled, this, [this](bool on) {
     game_.table.StatusBoxesShown = on;
     if (game_.table.AutoSize) view_->AutoSize();
@@ -225,8 +224,7 @@ void CrapTableWindow::BuildMenus() {
   status->addSeparator();
   auto* placements = new QActionGroup(this);
   for (int i = 0; i < 5; ++i) {
-    QAction* a = MenuItem(status, "mnuStatusView", kStatusViewCaption[i]);
-    a->setCheckable(true);
+    QAction* a = CheckItem(status, "mnuStatusView", kStatusViewCaption[i]);
     a->setData(i);
     placements->addAction(a);
     connect(a, &QAction::triggered, this, [this, i] {
@@ -274,8 +272,7 @@ void CrapTableWindow::BuildMenus() {
         Toggle{"mnuKeyInBetAmounts", "&Key-in bet amounts\tF9", Qt::Key_F9},
         Toggle{"mnuDisplayBetAmounts", "D&isplay bets as numbers\tF11", Qt::Key_F11},
         Toggle{"mnuDisplayHopBets", "Display &Hop bets\tH", Qt::Key_H}}) {
-    QAction* a = MenuItem(action, t.name, t.caption);
-    a->setCheckable(true);
+    QAction* a = CheckItem(action, t.name, t.caption);
     connect(a, &QAction::triggered, this, key(t.key));
   }
   connect(MenuItem(action, "mnuRollYourOwnNumbers", "Roll your o&wn numbers\tF12"),

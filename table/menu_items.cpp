@@ -6,6 +6,12 @@ QAction* MenuItem(QMenu* menu, const char* name, const QString& caption) {
   return a;
 }
 
+QAction* CheckItem(QMenu* menu, const char* name, const QString& caption) {
+  QAction* a = MenuItem(menu, name, caption);
+  a->setCheckable(true);
+  return a;
+}
+
 QAction* UnbuiltItem(QMenu* menu, const char* name, const QString& caption, const QString& why) {
   QAction* a = MenuItem(menu, name, caption);
   a->setEnabled(false);

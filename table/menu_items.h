@@ -11,6 +11,8 @@
 
 // An entry of `menu` showing `caption`, named `name` so tests and settings find it.
 QAction* MenuItem(QMenu* menu, const char* name, const QString& caption);
+// A named entry that holds a check mark, unchecked at first.
+QAction* CheckItem(QMenu* menu, const char* name, const QString& caption);
 // A named entry whose triggering calls `f` for as long as `owner` lives.
 template <class Handler>
 QAction* MenuItem(QObject* owner, QMenu* menu, const char* name, const QString& caption,
@@ -28,8 +30,7 @@ void RadioItems(QObject* owner, QMenu* menu, const char* name, const QStringList
                 int checked, Handler chosen) {
   auto* group = new QActionGroup(owner);
   for (int i = 0; i < captions.size(); ++i) {
-    QAction* a = MenuItem(menu, name, captions[i]);
-    a->setCheckable(true);
+    QAction* a = CheckItem(menu, name, captions[i]);
     a->setChecked(i == checked);
     a->setData(i);
     group->addAction(a);

@@ -34,7 +34,8 @@ QColor CellColor(int scheme, const PadCell& cell) {
                                                  : 0;
   switch (scheme) {
     case 1:
-      if (cell.what == PadCell::Face) return cell.die == 1 ? QColor(220, 40, 40) : QColor(0, 200, 220);
+      if (cell.what == PadCell::Face)
+        return cell.die == 1 ? QColor(220, 40, 40) : QColor(0, 200, 220);
       return total % 2 ? QColor(220, 40, 40) : QColor(0, 200, 220);
     case 2:
       return QColor(190, 190, 190);
@@ -105,9 +106,11 @@ void PadWidget::paintEvent(QPaintEvent*) {
           (cell.what == PadCell::Total && cell.total == game_.Die1 + game_.Die2) ||
           (cell.what == PadCell::Pair && cell.die1 == game_.Die1 && cell.die2 == game_.Die2) ||
           (cell.what == PadCell::Face && cell.face == (cell.die == 1 ? game_.Die1 : game_.Die2));
-      const bool picked =
-          cell.what == PadCell::Face && cell.face == (cell.die == 1 ? pad.PadFacePick1 : pad.PadFacePick2);
-      p.setBrush(picked ? QColor(255, 160, 0) : current ? QColor(255, 255, 110) : CellColor(scheme, cell));
+      const bool picked = cell.what == PadCell::Face &&
+                          cell.face == (cell.die == 1 ? pad.PadFacePick1 : pad.PadFacePick2);
+      p.setBrush(picked    ? QColor(255, 160, 0)
+                 : current ? QColor(255, 255, 110)
+                           : CellColor(scheme, cell));
       p.setPen(QPen(current ? Qt::black : QColor(90, 90, 90), current ? 3 : 1));
       p.drawRoundedRect(box, 4, 4);
       p.setPen(Qt::black);
@@ -117,7 +120,8 @@ void PadWidget::paintEvent(QPaintEvent*) {
         p.drawText(box, Qt::AlignCenter, QString("%1-%2").arg(cell.die1).arg(cell.die2));
       } else {
         const double side = std::min(box.width(), box.height()) * 0.8;
-        DrawFace(p, QRectF(box.center() - QPointF(side / 2, side / 2), QSizeF(side, side)), cell.face);
+        DrawFace(p, QRectF(box.center() - QPointF(side / 2, side / 2), QSizeF(side, side)),
+                 cell.face);
       }
     }
 }
@@ -141,7 +145,8 @@ RollPadForm::RollPadForm(Game& game, QWidget* parent) : QDialog(parent), game_(g
   throttle_->setObjectName("hsbThrottle");
   throttle_->setRange(0, kThrottleMax);
   throttle_->setPageStep(1);
-  connect(throttle_, &QScrollBar::valueChanged, this, [this](int v) { game_.hyper.HyperThrottle = v; });
+  connect(throttle_, &QScrollBar::valueChanged, this,
+          [this](int v) { game_.hyper.HyperThrottle = v; });
   // Keys belong to the table, not to the buttons.
   for (QWidget* w : {static_cast<QWidget*>(random_), static_cast<QWidget*>(hyperDrive_),
                      static_cast<QWidget*>(throttle_)})
@@ -189,9 +194,7 @@ void RollPadForm::BuildMenu() {
   });
   display_->addSeparator();
   auto option = [this](const char* name, const char* caption, std::int32_t bit) {
-    QAction* a = display_->addAction(caption);
-    a->setObjectName(name);
-    a->setCheckable(true);
+    QAction* a = CheckItem(display_, name, caption);
     connect(a, &QAction::triggered, this, [this, bit](bool on) { SetOption(bit, on); });
   };
   option("mnuRollCounter", "Roll &Counter", kPadRollCounter);
@@ -251,7 +254,9 @@ void RollPadForm::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
 }
 
-void RollPadForm::keyPressEvent(QKeyEvent* event) { emit tableKey(event->key(), event->modifiers()); }
+void RollPadForm::keyPressEvent(QKeyEvent* event) {
+  emit tableKey(event->key(), event->modifiers());
+}
 
 void RollPadForm::Click(Qt::MouseButton button, QPoint at, QPoint global) {
   const long before = game_.RollTally(kTableSession, kEventRolls);
