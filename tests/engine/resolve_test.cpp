@@ -442,6 +442,35 @@ TEST_F(PayoffMath, CapsWinOverEveryPushAndLineOddsNeedAPoint) {
       << "no point, no odds";
 }
 
+// A payoff whose quotient is a whole count of ten-thousandths is worked in
+// integers; it must be to the last ten-thousandth what the doubles give,
+// up to the largest amounts that path takes and for rows with fractions.
+TEST_F(PayoffMath, WholeQuotientsAreWhatTheDoublesGive) {
+  const int b = PlaceId(6);
+  g.Die1 = g.Die2 = 3;
+  g.DiceTotal = 6;
+  const Currency rows[][2] = {{7_usd, 6_usd},  {7_usd, 5_usd},       {3_usd, 2_usd},
+                              {39_usd, 21_usd}, {1_usd, 3_usd},      {Raw(12345), Raw(7)},
+                              {9_usd, Usd(2.5)}, {Usd(1.5), Usd(0.25)}, {-1_usd, Usd(0.0003)}};
+  std::mt19937_64 rng(99);
+  constexpr std::int64_t kLargest = std::int64_t{1} << 49;
+  for (const auto& [a, d] : rows) {
+    g.PayoffTbl(1, b) = a;
+    g.PayoffTbl(3, b) = d;
+    for (int i = 0; i < 20000; ++i) {
+      // Amounts whose quotient is whole (some near the largest), and any amounts.
+      const std::int64_t limit = i % 4 == 0 ? kLargest : std::int64_t{1} << (10 + i % 30);
+      std::int64_t raw = static_cast<std::int64_t>(rng() % static_cast<std::uint64_t>(limit));
+      if (i % 2 == 0) raw -= raw % d.raw;
+      if (i % 8 == 1) raw = -raw;
+      const Currency amount = Raw(raw);
+      FigurePayoff(g, 1, b, kWins, amount);
+      const Currency want = CurFromDouble(CurMul(amount, a).ToDouble() / d.ToDouble());
+      ASSERT_EQ(g.GrossPayoff, want) << raw << " at " << a.raw << "/" << d.raw;
+    }
+  }
+}
+
 TEST_F(PayoffMath, ProperUnitsPayInWholeSmallestChecks) {
   EXPECT_EQ(g.PayoffTbl(0, LayId(9)), 3_usd);
   EXPECT_EQ(g.PayoffTbl(0, bet::kHorn), 4_usd);
