@@ -594,12 +594,13 @@ void ResetWorkingFlags(Game& g) {
     if (g.PlayerName[p].empty()) continue;
     const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
     const auto defaults = g.BetWorkingDefault.Span(p, 1, kLastRealBet);
-    // Selects rather than branches, so that the loops run on whole vectors.
+    // Arithmetic and selects rather than branches, so that the loops run on
+    // whole vectors.
     if (pointOn) {
-      for (Long& w : working) w = w == 0 ? 1 : w;
+      for (Long& w : working) w += Long{w == 0};  // off (0) becomes on (1)
     } else {
       for (std::size_t i = 0; i < working.size(); ++i) {
-        const Long w = working[i], d = defaults[i];
+        const Long w = working[i], d = defaults[i];  // both read: no branch on a load
         const bool called = (w == 2) | (w == -1);
         working[i] = called ? w : d;
       }
