@@ -110,12 +110,21 @@ int HopOfDice(const Game& g) {
 // start are the only ones that can hold it when its turn comes; each is
 // still asked whether its bet stands then.
 struct Deciding {
-  using Holders = std::array<std::uint8_t, kIdSpan>;
-  static constexpr Holders kNobody{};
-  explicit Deciding(Game& game) : g(game) {}
+  // The holders in whole 16-byte words, so that clearing them is a few stores.
+  static constexpr std::size_t kHolderBytes = 96;
+  static_assert(kHolderBytes >= kIdSpan && kHolderBytes % 16 == 0);
+  explicit Deciding(Game& game) : g(game) {
+#if defined(__SSE2__)
+    for (std::size_t i = 0; i < kHolderBytes; i += 16)
+      _mm_store_si128(reinterpret_cast<__m128i*>(&holders[i]), _mm_setzero_si128());
+#else
+    holders.fill(0);
+#endif
+  }
   Game& g;
-  Holders holders = kNobody;  // per id, the seats with money on it, bit seat - 1
-  IdSet held;                 // the ids somebody holds
+  // Per id, the seats with money on it (bit seat - 1).
+  alignas(16) std::array<std::uint8_t, kHolderBytes> holders;
+  IdSet held;  // the ids somebody holds
 };
 
 // Seats whose player has money on the table when the decisions begin, bit
