@@ -82,8 +82,6 @@ struct AutoPlayState {
   Currency VigCharged;              // vig FigurePayoff took off GrossPayoff (Lay and Buy)
   SettleDialog Dialog;              // filled in stages, shown by ShowSettleDialog
   bool WinLossHeadWritten = false;  // the log's wins/losses head of this roll
-  unsigned DecidingSeats = 0;       // seats with bets as the decisions began, bit seat - 1
-  std::uint64_t BetsOnTable[2] = {};  // ids some deciding seat has money on, bit id
 
   // Players selected on the Auto-Play form (bit p for player p).
   std::int32_t SelectedPlayers = 0;

@@ -1,8 +1,9 @@
 #include "engine/hand.h"
 
-#include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <cstring>
+#include <type_traits>
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -13,20 +14,32 @@ namespace {
 
 bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
 
-// Moves rows j0..j1 (whole depth) of slot p's current-hand frame to its
-// last-hand frame and clears them: one block copy, since rows are contiguous.
+// Moves `count` cells from `from` to `to` (another frame: never the same
+// cells) and clears them. The counts are the tables' own constants, so each
+// move is a fixed block copy and clear.
+template <class T>
+void MoveCells(T* from, T* to, std::size_t count) {
+  static_assert(std::is_trivially_copyable_v<T>);  // and all-zero bytes are T{}
+  std::memcpy(static_cast<void*>(to), from, count * sizeof(T));
+  std::memset(static_cast<void*>(from), 0, count * sizeof(T));
+}
+
+// Moves row j (whole depth) of slot p's current-hand frame to its last-hand
+// frame and clears it.
 template <class T, int L2, int H2, int L3, int H3>
-void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p, int j0, int j1) {
-  const auto from = t.Span(p, j0, j1);
-  std::copy(from.begin(), from.end(), t.Span(FrameIndex(p, kFrameLastHand), j0, j1).begin());
-  std::fill(from.begin(), from.end(), T{});
+void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p, int j) {
+  MoveCells(&t(p, j, L3), &t(FrameIndex(p, kFrameLastHand), j, L3), t.kDepth);
+}
+
+// Moves the whole row of slot p's current-hand frame, rows being contiguous.
+template <class T, int L2, int H2, int L3, int H3>
+void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p) {
+  MoveCells(&t(p, L2, L3), &t(FrameIndex(p, kFrameLastHand), L2, L3), t.kCols * t.kDepth);
 }
 
 template <class T, int L2, int H2>
 void MoveToLastHand(Table2<T, 0, kLastFrameIndex, L2, H2>& t, int p) {
-  const auto from = t.Span(p, L2, H2);
-  std::copy(from.begin(), from.end(), t.Span(FrameIndex(p, kFrameLastHand), L2, H2).begin());
-  std::fill(from.begin(), from.end(), T{});
+  MoveCells(&t(p, L2), &t(FrameIndex(p, kFrameLastHand), L2), t.kCols);
 }
 
 template <class T>
@@ -52,16 +65,16 @@ void CloseHand(Game& g) {
           const int b = 64 * w + std::countr_zero(rows);
           if (b < 1 || b > kLastRealBet) continue;
           // Depth 0 of these rows holds nothing, so whole rows move.
-          MoveToLastHand(g.StatAction, p, b, b);
-          MoveToLastHand(g.StatWins, p, b, b);
-          MoveToLastHand(g.StatLosses, p, b, b);
+          MoveToLastHand(g.StatAction, p, b);
+          MoveToLastHand(g.StatWins, p, b);
+          MoveToLastHand(g.StatLosses, p, b);
         }
       }
       lastHand = thisHand;
       thisHand = {0, 0};
       MoveToLastHand(g.ComeTravelTotal, p);
     }
-    MoveToLastHand(g.TotalsTally, p, 2, 12);
+    MoveToLastHand(g.TotalsTally, p);
     MoveToLastHand(g.RollsAtTable, p);
     MoveToLastHand(g.HandsTally, p);
   }

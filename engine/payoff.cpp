@@ -1,4 +1,5 @@
 // FigurePayoff: the money of one decision, from the payoff rows.
+#include <array>
 #include <cassert>
 #include <cstdint>
 
@@ -17,22 +18,53 @@ void LoadRowZero(Game& g, const Tbl& table, int row) {
   g.PayoffTbl(3, 0) = table(3, row);
 }
 
-// x / d in doubles, back to an amount. With d exactly 1 and x under 2^50
-// ten-thousandths the two roundings of the doubles stay far below half a
-// ten-thousandth, so they give back x itself: every loss and every even-money
-// win takes that path without the doubles.
+// The Field row of each pair of dice, looked up rather than searched.
+const auto kFieldRowOfDice = [] {
+  std::array<std::array<std::uint8_t, 7>, 7> row{};
+  for (int d1 = 1; d1 <= 6; ++d1)
+    for (int d2 = 1; d2 <= 6; ++d2) row[d1][d2] = static_cast<std::uint8_t>(FieldRow(d1, d2));
+  return row;
+}();
+
+// amount x a, as CurMul has it. When a is a whole number of units the
+// product is amount x (a / 10,000) exactly, and CurMul's rounding has
+// nothing to round: the one multiplication gives its result.
+Currency Times(Currency amount, Currency a) {
+  std::int64_t product;
+  if (a.raw % Currency::kScale == 0 &&
+      !__builtin_mul_overflow(amount.raw, a.raw / Currency::kScale, &product))
+    return Currency::FromRaw(product);
+  return CurMul(amount, a);
+}
+
+// x / d in doubles, back to an amount: x / 10,000 over d / 10,000, times
+// 10,000, rounded to nearest. With d exactly 1 and x under 2^50
+// ten-thousandths that gives back x itself. Otherwise each of the five
+// steps (with d's own conversion) is off by at most half an ulp, 2^-53 of
+// the value, so the doubles land within 6 x 2^-53 of the true quotient
+// x x 10,000 / d; below 2^49 ten-thousandths that is under 0.4 of one. So
+// when the true quotient is a whole count of ten-thousandths (odds paid in
+// whole checks, most Place and Buy wins) rounding to nearest gives exactly
+// it, and integer division gives the same amount without the doubles.
 Currency QuotientInDoubles(Currency x, Currency d) {
-  constexpr std::int64_t kExact = std::int64_t{1} << 50;
-  if (d.raw == Currency::kScale && x.raw < kExact && x.raw > -kExact) return x;
+  constexpr std::int64_t kUnitExact = std::int64_t{1} << 50, kExact = std::int64_t{1} << 49;
+  if (d.raw == Currency::kScale && x.raw < kUnitExact && x.raw > -kUnitExact) return x;
+  if (d.raw > 0 && x.raw < kExact && x.raw > -kExact) {
+    const std::int64_t scaled = x.raw * Currency::kScale;  // below 2^63 for x under 2^49
+    if (scaled % d.raw == 0) {
+      const std::int64_t q = scaled / d.raw;
+      if (q < kExact && q > -kExact) return Currency::FromRaw(q);
+    }
+  }
   return CurFromDouble(x.ToDouble() / d.ToDouble());
 }
 
 // amount x a / d with the product on amounts and the quotient in doubles.
-Currency Scaled(const Game& g, Currency amount) {
+inline Currency Scaled(const Game& g, Currency amount) {
   const Currency d = g.PayoffTbl(3, 0);
   assert(d.raw > 0);
   if (!(d.raw > 0)) return Currency{};  // a corrupt row pays nothing rather than infinity
-  return QuotientInDoubles(CurMul(amount, g.PayoffTbl(1, 0)), d);
+  return QuotientInDoubles(Times(amount, g.PayoffTbl(1, 0)), d);
 }
 
 // A split bet of `parts` sub-bets, one of which the roll pays: the winning
@@ -86,56 +118,78 @@ int WinningRow(const Game& g, int b) {
   }
 }
 
+// The gross of a bet paid from a row of its own kind (not its own id's row):
+// the Field's row of the dice, a winner's WinningRow, Midway's and Fire's
+// rows. False when the bet is paid from its own row.
+bool GrossFromOtherRow(Game& g, int b, int sign, Currency amount) {
+  if (b == bet::kField) {
+    LoadRowZero(
+        g, g.FieldPayoff,
+        kFieldRowOfDice[static_cast<std::size_t>(g.Die1)][static_cast<std::size_t>(g.Die2)]);
+    g.GrossPayoff = Scaled(g, amount);
+    return true;
+  }
+  if (sign <= 0) return false;
+  if (const int row = WinningRow(g, b); row != 0) {
+    LoadRowZero(g, g.PayoffTbl, row);
+    if (b == bet::kCandE)
+      g.GrossPayoff = SplitGross(g, amount, 2);
+    else if (b == bet::kHorn)
+      g.GrossPayoff = SplitGross(g, amount, 4);
+    else if (b == bet::kWorld)
+      g.GrossPayoff = SplitGross(g, amount, 5);
+    else
+      g.GrossPayoff = Scaled(g, amount);
+    return true;
+  }
+  if (b == bet::kMidway && MidwayRow(g) != 0) {
+    LoadRowZero(g, g.MidwayPayoff, MidwayRow(g));
+    g.GrossPayoff = Scaled(g, amount);
+    return true;
+  }
+  if (b == bet::kFire) {
+    LoadRowZero(g, g.FirePayoff, FireRow(g));
+    g.GrossPayoff = Scaled(g, amount);
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 int FireRow(const Game& g) { return g.PointsMade < 0 ? 0 : g.PointsMade > 6 ? 6 : g.PointsMade; }
 
 void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
-  if (sign <= 0) {
-    g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
-    g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
-    g.PayoffTbl(3, 0) = Currency::FromWhole(1);
-  } else {
-    LoadRowZero(g, g.PayoffTbl, b);
-  }
-  g.GrossPayoff = Scaled(g, amount);
-
-  // Vig: up front it is lost either way; on a win only, only from a win.
+  // Vig is charged only on Lay and Buy, which are always paid from their own
+  // row; a bet paid from another row owes none.
   g.autoplay.VigCharged = Currency{};
-  if (IsLay(b) && (g.GrossPayoff > Currency{} || g.rules.LayVigUpFront)) {
-    g.autoplay.VigCharged = g.LayVig(p, b - bet::kLayFirst);
-  } else if (IsBuy(b) && (g.GrossPayoff > Currency{} || g.rules.BuyVigUpFront)) {
-    g.autoplay.VigCharged = g.BuyVig(p, b - bet::kBuyFirst);
-  }
-  g.GrossPayoff -= g.autoplay.VigCharged;
-
-  if (sign > 0) {
-    if (const int row = WinningRow(g, b); row != 0) {
-      LoadRowZero(g, g.PayoffTbl, row);
-      if (b == bet::kCandE)
-        g.GrossPayoff = SplitGross(g, amount, 2);
-      else if (b == bet::kHorn)
-        g.GrossPayoff = SplitGross(g, amount, 4);
-      else if (b == bet::kWorld)
-        g.GrossPayoff = SplitGross(g, amount, 5);
-      else
-        g.GrossPayoff = Scaled(g, amount);
-    } else if (b == bet::kMidway && MidwayRow(g) != 0) {
-      LoadRowZero(g, g.MidwayPayoff, MidwayRow(g));
-      g.GrossPayoff = Scaled(g, amount);
-    } else if (b == bet::kFire) {
-      LoadRowZero(g, g.FirePayoff, FireRow(g));
-      g.GrossPayoff = Scaled(g, amount);
+  if (!GrossFromOtherRow(g, b, sign, amount)) {
+    if (sign <= 0) {
+      g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
+      g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
+      g.PayoffTbl(3, 0) = Currency::FromWhole(1);
+    } else {
+      LoadRowZero(g, g.PayoffTbl, b);
     }
-  }
-
-  if (b == bet::kField) {
-    LoadRowZero(g, g.FieldPayoff, FieldRow(g.Die1, g.Die2));
     g.GrossPayoff = Scaled(g, amount);
+
+    // Vig: up front it is lost either way; on a win only, only from a win.
+    if (IsLay(b) && (g.GrossPayoff > Currency{} || g.rules.LayVigUpFront)) {
+      g.autoplay.VigCharged = g.LayVig(p, b - bet::kLayFirst);
+    } else if (IsBuy(b) && (g.GrossPayoff > Currency{} || g.rules.BuyVigUpFront)) {
+      g.autoplay.VigCharged = g.BuyVig(p, b - bet::kBuyFirst);
+    }
+    g.GrossPayoff -= g.autoplay.VigCharged;
   }
 
   // The net is cut to whole smallest checks: a win rounds down, a loss up.
   const Currency unit = g.CheckValue(1);
   const Currency q = QuotientInDoubles(g.GrossPayoff, unit);
-  g.NetPayoff = CurMulInt(unit, CurInt(q).raw / Currency::kScale);
+  // Int(q) in whole units, then unit times that count (CurMulInt but for
+  // the call).
+  std::int64_t whole = q.raw / Currency::kScale;
+  if (q.raw % Currency::kScale < 0) --whole;
+  std::int64_t net;
+  g.NetPayoff = __builtin_mul_overflow(unit.raw, whole, &net) ? CurMulInt(unit, whole)
+                                                              : Currency::FromRaw(net);
 }

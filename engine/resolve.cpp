@@ -19,13 +19,120 @@
 
 namespace {
 
+// The bet ids looked at, 0..87 (the real bets and a few empty ids above
+// them), in eleven blocks of eight cells: a block with no money is skipped
+// with one test, so a player with a few bets costs a few blocks.
+constexpr int kBlock = 8;
+constexpr int kIdSpan = 88;
+constexpr int kBlocks = kIdSpan / kBlock;
+static_assert(kIdSpan > kLastRealBet && kIdSpan - 1 <= kLastBetId);
+// From the Don't Come box up (the Field, Big 6 and 8, the hardways, the
+// one-roll bets, Midway and Fire) the blocks are looked at on every roll;
+// below it only the ids the roll can decide.
+constexpr int kFirstEveryRollBlock = bet::kDontCome / kBlock;
+static_assert(kFirstEveryRollBlock * kBlock == bet::kDontCome);
+
+// Hop id of the dice in either order, 0 for the pairs without a hop bet.
+constexpr auto kHopOfDice = [] {
+  std::array<std::array<std::uint8_t, 7>, 7> hop{};
+  for (int d1 = 1; d1 <= 6; ++d1)
+    for (int d2 = 1; d2 <= 6; ++d2) hop[d1][d2] = static_cast<std::uint8_t>(HopId(d1, d2));
+  return hop;
+}();
+
+// A set of bet ids 0..127: bit id % 64 of word id / 64.
+struct IdSet {
+  std::array<std::uint64_t, 2> words{};
+  constexpr void Add(int b) { words[b >> 6] |= std::uint64_t{1} << (b & 63); }
+  // Adds ids first + i for each bit i of `bits` (first a multiple of 8).
+  constexpr void AddBlock(int first, unsigned bits) {
+    words[first >> 6] |= std::uint64_t{bits} << (first & 63);
+  }
+  constexpr bool Meets(const IdSet& o) const {
+    return ((words[0] & o.words[0]) | (words[1] & o.words[1])) != 0;
+  }
+  constexpr bool Empty() const { return (words[0] | words[1]) == 0; }
+};
+
+constexpr IdSet IdRange(int first, int last) {
+  IdSet s;
+  for (int b = first; b <= last; ++b) s.Add(b);
+  return s;
+}
+
+// Groups of bets that a pass skips whole when nobody holds one of them.
+constexpr IdSet kLays = IdRange(bet::kLayFirst, bet::kLayLast);
+constexpr IdSet kDontComePoints = IdRange(bet::kDontComePointFirst, bet::kDontComeOddsLast);
+constexpr IdSet kComePoints = IdRange(bet::kComePointFirst, bet::kComeOddsLast);
+constexpr IdSet kPlaceAndBuy = IdRange(bet::kPlaceFirst, bet::kBuyLast);
+constexpr IdSet kHardways = IdRange(bet::kHard4, bet::kHard10);
+constexpr IdSet kHops = IdRange(bet::kHopFirst, bet::kHopLast);
+// The bets decided on every roll: the Field, the propositions, the hops, Midway.
+constexpr IdSet kOneRollBets = [] {
+  IdSet s = IdRange(bet::kTwo, bet::kHopLast);
+  s.Add(bet::kField);
+  s.Add(bet::kMidway);
+  return s;
+}();
+
+// Per block, the ids that are real bets (not the bankroll, not above 85),
+// bit id % 8.
+constexpr auto kRealIds = [] {
+  std::array<std::uint8_t, kBlocks> bits{};
+  for (int b = 1; b <= kLastRealBet; ++b) bits[b / kBlock] |= std::uint8_t(1u << (b % kBlock));
+  return bits;
+}();
+static_assert(64 % kBlock == 0, "a block never straddles two words of an IdSet");
+
+// The bets of box number n that only a roll of n (or a seven) decides: the
+// Lay, the Don't Come point and its odds, the Come point and its odds, the
+// Place and the Buy.
+constexpr int kBoxBetCount = 7;
+constexpr auto kBoxBets = [] {
+  std::array<std::array<std::uint8_t, kBoxBetCount>, 13> ids{};
+  for (int n = 4; n <= 10; ++n)
+    if (IsBoxNumber(n))
+      ids[n] = {std::uint8_t(LayId(n)),          std::uint8_t(DontComeId(n)),
+                std::uint8_t(DontComeId(n) + 6), std::uint8_t(ComeId(n)),
+                std::uint8_t(ComeId(n) + 6),     std::uint8_t(PlaceId(n)),
+                std::uint8_t(BuyId(n))};
+  return ids;
+}();
+
+int HopOfDice(const Game& g) {
+  return kHopOfDice[static_cast<std::size_t>(g.Die1)][static_cast<std::size_t>(g.Die2)];
+}
+
+// The seats and bets of one roll's decisions, taken as they begin. Nobody
+// gains a bet during the decisions: a bet only ever changes on its own id
+// (settling) or travels to a number whose decisions are already over (a
+// Come or Don't Come bet and its odds). So the seats holding an id at the
+// start are the only ones that can hold it when its turn comes; each is
+// still asked whether its bet stands then.
+struct Deciding {
+  // The holders in whole 16-byte words, so that clearing them is a few stores.
+  static constexpr std::size_t kHolderBytes = 96;
+  static_assert(kHolderBytes >= kIdSpan && kHolderBytes % 16 == 0);
+  explicit Deciding(Game& game) : g(game) {
+#if defined(__SSE2__)
+    for (std::size_t i = 0; i < kHolderBytes; i += 16)
+      _mm_store_si128(reinterpret_cast<__m128i*>(&holders[i]), _mm_setzero_si128());
+#else
+    holders.fill(0);
+#endif
+  }
+  Game& g;
+  // Per id, the seats with money on it (bit seat - 1).
+  alignas(16) std::array<std::uint8_t, kHolderBytes> holders;
+  IdSet held;  // the ids somebody holds
+};
+
 // Seats whose player has money on the table when the decisions begin, bit
-// seat - 1. Nobody can gain a bet during the decisions, so seats outside the
-// set are skipped: an empty table decides in a few nanoseconds.
+// seat - 1: an empty table decides in a few nanoseconds.
 unsigned SeatsWithBets(const Game& g) {
   unsigned seats = 0;
   if (g.PlayerCount == 0) return seats;  // open seats hold no bets
-  std::int64_t any = 0;  // one test for a table where nobody has a bet
+  std::int64_t any = 0;                  // one test for a table where nobody has a bet
   for (int p = 1; p <= 8; ++p) any |= g.TotalBets(p).raw;
   if (any == 0) return seats;
   for (int seat = 1; seat <= 8; ++seat)
@@ -38,7 +145,7 @@ unsigned SeatsWithBets(const Game& g) {
 // its 32-bit halves are.
 unsigned NonZeroCells8(const Currency* cell) {
 #if defined(__SSE2__)
-  static_assert(sizeof(Currency) == 8);
+  static_assert(sizeof(Currency) == 8 && kBlock == 8);
   const __m128i zero = _mm_setzero_si128();
   unsigned zeroCells = 0;
   for (int i = 0; i < 8; i += 2) {
@@ -55,141 +162,120 @@ unsigned NonZeroCells8(const Currency* cell) {
 #endif
 }
 
-// The bet ids that some deciding seat has money on, one bit per id. During
-// the passes a bet only ever changes on its own id (settling) or travels to
-// a number whose decisions are already over (a Come or Don't Come bet and
-// its odds), so the set taken at the start holds every id still to decide.
-void NoteBetsOnTable(Game& g) {
-  // Ids 0..87 (the real bets and a few ids above them) in eleven blocks of
-  // eight; a block with no money is skipped whole, so a player with a few
-  // bets costs a few blocks.
-  constexpr int kBlock = 8, kBlocks = 11;
-  static_assert(kBlock * kBlocks > kLastRealBet && kBlock * kBlocks - 1 <= kLastBetId);
-  std::uint64_t bits[2] = {0, 0};
-  for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
-    const auto bets = g.Bet.Span(PlayerOfSeat(std::countr_zero(seats) + 1), 0, kLastBetId);
-    for (int block = 0; block < kBlocks; ++block) {
-      const Currency* cell = &bets[static_cast<std::size_t>(block * kBlock)];
-      std::int64_t any = 0;
-      for (int i = 0; i < kBlock; ++i) any |= cell[i].raw;
-      if (any == 0) continue;
-      static_assert(kBlock == 8);
-      const unsigned mask = NonZeroCells8(cell);
-      const int first = block * kBlock;  // blocks never straddle a word
-      bits[first >> 6] |= std::uint64_t{mask} << (first & 63);
-    }
-  }
-  // Bit 0 (the bankroll) and the ids above the real bets hold no bet.
-  constexpr std::uint64_t kRealBetsHigh = (std::uint64_t{1} << (kLastRealBet - 63)) - 1;
-  g.autoplay.BetsOnTable[0] = bits[0] & ~std::uint64_t{1};
-  g.autoplay.BetsOnTable[1] = bits[1] & kRealBetsHigh;
+// Adds `seat` (a bit) to the holders of the real bets of one block of its bets.
+[[gnu::always_inline]] inline void NoteBlock(Deciding& d, const Currency* bets, int block,
+                                             unsigned seat) {
+  const Currency* cell = bets + block * kBlock;
+  std::int64_t any = 0;
+  for (int i = 0; i < kBlock; ++i) any |= cell[i].raw;
+  if (any == 0) return;
+  const unsigned found = NonZeroCells8(cell) & kRealIds[static_cast<std::size_t>(block)];
+  d.held.AddBlock(block * kBlock, found);
+  for (unsigned mask = found; mask != 0; mask &= mask - 1)
+    d.holders[static_cast<std::size_t>(block * kBlock + std::countr_zero(mask))] |= seat;
 }
 
-bool OnTable(const Game& g, int b) { return (g.autoplay.BetsOnTable[b >> 6] >> (b & 63)) & 1; }
+// Adds `seat` (a bit) to the holders of bet b if it has money on it.
+[[gnu::always_inline]] inline void NoteBet(Deciding& d, const Currency* bets, int b,
+                                           unsigned seat) {
+  if (bets[b].IsZero()) return;
+  d.holders[static_cast<std::size_t>(b)] |= seat;
+  d.held.Add(b);
+}
 
-// ResolveBet for every seat with bets, in stick order.
-void AllSeats(Game& g, int sign, int b) {
-  if (!OnTable(g, b)) return;
-  for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats) + 1;
-    if (!g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(g, seat, sign, b);
+// Who holds each bet the roll can decide, among the seats with bets. A
+// seven decides every bet, so it looks at every block; another roll looks
+// at the blocks from the Don't Come box up and, below them, at the Come box,
+// the line bets on a come-out that decides them or at the point, and the
+// bets of the box number rolled.
+void NoteBetsOnTable(Deciding& d, unsigned seats) {
+  const Game& g = d.g;
+  const int t = g.DiceTotal;
+  const bool seven = t == 7, box = IsBoxNumber(t);
+  const bool lineBets = t == g.PointAtRoll || (g.PointAtRoll == 0 && !box);
+  for (; seats != 0; seats &= seats - 1) {
+    const int seat = std::countr_zero(seats);
+    const unsigned bit = 1u << seat;
+    const Currency* bets = &g.Bet(PlayerOfSeat(seat + 1), 0);
+    if (seven) {
+      for (int block = 0; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
+      continue;
+    }
+    for (int block = kFirstEveryRollBlock; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
+    NoteBet(d, bets, bet::kCome, bit);
+    if (lineBets)
+      for (int b : {bet::kPassLine, bet::kPassLineOdds, bet::kDontPass, bet::kDontPassOdds})
+        NoteBet(d, bets, b, bit);
+    if (box)
+      for (int b : kBoxBets[static_cast<std::size_t>(t)]) NoteBet(d, bets, b, bit);
   }
+}
+
+// ResolveBet for each of `seats` (bit seat - 1) whose bet b stands, in stick order.
+[[gnu::noinline]] void ResolveSeats(Deciding& d, unsigned seats, int sign, int b) {
+  for (; seats != 0; seats &= seats - 1) {
+    const int seat = std::countr_zero(seats) + 1;
+    if (!d.g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(d.g, seat, sign, b);
+  }
+}
+
+// ResolveBet for every seat holding bet b. Most bets are held by nobody,
+// so the test stays in the passes and the seats loop out of them.
+[[gnu::always_inline]] inline void AllSeats(Deciding& d, int sign, int b) {
+  if (const unsigned seats = d.holders[static_cast<std::size_t>(b)]; seats != 0)
+    ResolveSeats(d, seats, sign, b);
 }
 
 // A flat bet and the odds behind it, seat by seat, the odds right after the flat.
-void FlatWithOdds(Game& g, int flatSign, int flat, int oddsSign, int odds) {
-  if (!OnTable(g, flat) && !OnTable(g, odds)) return;
-  for (unsigned seats = g.autoplay.DecidingSeats; seats != 0; seats &= seats - 1) {
+[[gnu::noinline]] void ResolveSeatsWithOdds(Deciding& d, unsigned seats, int flatSign, int flat,
+                                            int oddsSign, int odds) {
+  for (; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats) + 1;
-    ResolveBet(g, seat, flatSign, flat);
-    ResolveBet(g, seat, oddsSign, odds);
+    const int p = PlayerOfSeat(seat);
+    if (!d.g.Bet(p, flat).IsZero()) ResolveBet(d.g, seat, flatSign, flat);
+    if (!d.g.Bet(p, odds).IsZero()) ResolveBet(d.g, seat, oddsSign, odds);
   }
 }
 
+[[gnu::always_inline]] inline void FlatWithOdds(Deciding& d, int flatSign, int flat, int oddsSign,
+                                                int odds) {
+  const unsigned seats =
+      d.holders[static_cast<std::size_t>(flat)] | d.holders[static_cast<std::size_t>(odds)];
+  if (seats != 0) ResolveSeatsWithOdds(d, seats, flatSign, flat, oddsSign, odds);
+}
 
 // Losers of the box number n: the Don't Come point with its odds, the Lay,
 // and the hardway unless the dice are a pair.
-void LoseBoxNumber(Game& g, int n, int hard, bool pair) {
-  FlatWithOdds(g, kLoses, DontComeId(n), kOddsLoses, DontComeId(n) + 6);
-  AllSeats(g, kLoses, LayId(n));
-  if (hard && !pair) AllSeats(g, kLoses, hard);
+void LoseBoxNumber(Deciding& d, int n, int hard, bool pair) {
+  FlatWithOdds(d, kLoses, DontComeId(n), kOddsLoses, DontComeId(n) + 6);
+  AllSeats(d, kLoses, LayId(n));
+  if (hard && !pair) AllSeats(d, kLoses, hard);
 }
 
-void LosersPass(Game& g) {
+// The Field and the one-roll bets the dice miss (a hop bet missed is taken by
+// total, then by the lower die).
+void OneRollLosers(Deciding& d) {
+  const Game& g = d.g;
   const int t = g.DiceTotal;
-  const bool co = g.PointAtRoll == 0;
-  const bool pair = g.Die1 == g.Die2;
-
-  if (t == g.PointAtRoll) FlatWithOdds(g, kLoses, bet::kDontPass, kOddsLoses, bet::kDontPassOdds);
-
-  switch (t) {
-    case 2:
-    case 3:
-    case 12:
-      if (co) AllSeats(g, kLoses, bet::kPassLine);
-      AllSeats(g, kLoses, bet::kCome);
-      break;
-    case 4:
-      LoseBoxNumber(g, 4, bet::kHard4, pair);
-      break;
-    case 5:
-      LoseBoxNumber(g, 5, 0, pair);
-      break;
-    case 6:
-      LoseBoxNumber(g, 6, bet::kHard6, pair);
-      break;
-    case 8:
-      LoseBoxNumber(g, 8, bet::kHard8, pair);
-      break;
-    case 9:
-      LoseBoxNumber(g, 9, 0, pair);
-      break;
-    case 10:
-      LoseBoxNumber(g, 10, bet::kHard10, pair);
-      break;
-    case 7:
-      if (co) {
-        AllSeats(g, kLoses, bet::kDontPass);
-      } else {
-        FlatWithOdds(g, kLoses, bet::kPassLine, kOddsLoses, bet::kPassLineOdds);
-        if (g.FirePayoff(1, FireRow(g)) < Currency{}) AllSeats(g, kLoses, bet::kFire);
-      }
-      for (int b = bet::kComePointFirst; b <= bet::kComePointLast; ++b)
-        FlatWithOdds(g, kLoses, b, kOddsLoses, b + 6);
-      AllSeats(g, kLoses, bet::kDontCome);
-      AllSeats(g, kLoses, bet::kBig6);
-      AllSeats(g, kLoses, bet::kBig8);
-      for (int b = bet::kHard4; b <= bet::kHard10; ++b) AllSeats(g, kLoses, b);
-      for (int b = bet::kPlaceFirst; b <= bet::kBuyLast; ++b) AllSeats(g, kLoses, b);
-      break;
-    case 11:
-      if (co) AllSeats(g, kLoses, bet::kDontPass);
-      AllSeats(g, kLoses, bet::kDontCome);
-      break;
-    default:
-      break;
-  }
-
   // The Field is decided on every roll; its row says win, push or lose.
-  AllSeats(g, kWins, bet::kField);
-  if (t < 6 || t > 8) AllSeats(g, kLoses, bet::kMidway);
+  AllSeats(d, kWins, bet::kField);
+  if (t < 6 || t > 8) AllSeats(d, kLoses, bet::kMidway);
 
-  if (t != 2) AllSeats(g, kLoses, bet::kTwo);
-  if (t != 3) AllSeats(g, kLoses, bet::kThree);
-  if (t != 7) AllSeats(g, kLoses, bet::kSeven);
-  if (t != 11) AllSeats(g, kLoses, bet::kEleven);
-  if (t != 12) AllSeats(g, kLoses, bet::kTwelve);
-  if (t >= 4 && t <= 11) AllSeats(g, kLoses, bet::kCraps);
-  if (t >= 4 && t <= 10) AllSeats(g, kLoses, bet::kCandE);
-  if (t >= 4 && t <= 10) AllSeats(g, kLoses, bet::kHorn);
-  if (IsBoxNumber(t)) AllSeats(g, kLoses, bet::kWorld);
+  if (t != 2) AllSeats(d, kLoses, bet::kTwo);
+  if (t != 3) AllSeats(d, kLoses, bet::kThree);
+  if (t != 7) AllSeats(d, kLoses, bet::kSeven);
+  if (t != 11) AllSeats(d, kLoses, bet::kEleven);
+  if (t != 12) AllSeats(d, kLoses, bet::kTwelve);
+  if (t >= 4 && t <= 11) AllSeats(d, kLoses, bet::kCraps);
+  if (t >= 4 && t <= 10) AllSeats(d, kLoses, bet::kCandE);
+  if (t >= 4 && t <= 10) AllSeats(d, kLoses, bet::kHorn);
+  if (IsBoxNumber(t)) AllSeats(d, kLoses, bet::kWorld);
 
-  if (t <= 7) AllSeats(g, kLoses, bet::kOver7);
-  if (t >= 8) AllSeats(g, kWins, bet::kOver7);
-  if (t >= 7) AllSeats(g, kLoses, bet::kUnder7);
-  if (t <= 6) AllSeats(g, kWins, bet::kUnder7);
+  if (t <= 7) AllSeats(d, kLoses, bet::kOver7);
+  if (t >= 8) AllSeats(d, kWins, bet::kOver7);
+  if (t >= 7) AllSeats(d, kLoses, bet::kUnder7);
+  if (t <= 6) AllSeats(d, kWins, bet::kUnder7);
 
-  // Losing hop bets are taken by total, then by the lower die.
   static constexpr auto kHopOrder = [] {
     std::array<int, kHopCount> order{};
     std::size_t n = 0;
@@ -198,17 +284,78 @@ void LosersPass(Game& g) {
         if (const int id = total - low <= 6 ? HopId(low, total - low) : 0) order[n++] = id;
     return order;
   }();
-  // The hop ids are bits of the second word of the on-table set.
-  constexpr std::uint64_t kHopBits = ((std::uint64_t{1} << kHopCount) - 1) << (bet::kHopFirst - 64);
-  if ((g.autoplay.BetsOnTable[1] & kHopBits) == 0) return;
-  const int hit = HopId(g.Die1, g.Die2);
+  if (!d.held.Meets(kHops)) return;
+  const int hit = HopOfDice(g);
   for (int b : kHopOrder)
-    if (b != hit) AllSeats(g, kLoses, b);
+    if (b != hit) AllSeats(d, kLoses, b);
 }
 
-void PointMade(Game& g) {
+void LosersPass(Deciding& d) {
+  const Game& g = d.g;
+  const int t = g.DiceTotal;
+  const bool co = g.PointAtRoll == 0;
+  const bool pair = g.Die1 == g.Die2;
+
+  if (t == g.PointAtRoll) FlatWithOdds(d, kLoses, bet::kDontPass, kOddsLoses, bet::kDontPassOdds);
+
+  switch (t) {
+    case 2:
+    case 3:
+    case 12:
+      if (co) AllSeats(d, kLoses, bet::kPassLine);
+      AllSeats(d, kLoses, bet::kCome);
+      break;
+    case 4:
+      LoseBoxNumber(d, 4, bet::kHard4, pair);
+      break;
+    case 5:
+      LoseBoxNumber(d, 5, 0, pair);
+      break;
+    case 6:
+      LoseBoxNumber(d, 6, bet::kHard6, pair);
+      break;
+    case 8:
+      LoseBoxNumber(d, 8, bet::kHard8, pair);
+      break;
+    case 9:
+      LoseBoxNumber(d, 9, 0, pair);
+      break;
+    case 10:
+      LoseBoxNumber(d, 10, bet::kHard10, pair);
+      break;
+    case 7:
+      if (co) {
+        AllSeats(d, kLoses, bet::kDontPass);
+      } else {
+        FlatWithOdds(d, kLoses, bet::kPassLine, kOddsLoses, bet::kPassLineOdds);
+        if (g.FirePayoff(1, FireRow(g)) < Currency{}) AllSeats(d, kLoses, bet::kFire);
+      }
+      if (d.held.Meets(kComePoints))
+        for (int b = bet::kComePointFirst; b <= bet::kComePointLast; ++b)
+          FlatWithOdds(d, kLoses, b, kOddsLoses, b + 6);
+      AllSeats(d, kLoses, bet::kDontCome);
+      AllSeats(d, kLoses, bet::kBig6);
+      AllSeats(d, kLoses, bet::kBig8);
+      if (d.held.Meets(kHardways))
+        for (int b = bet::kHard4; b <= bet::kHard10; ++b) AllSeats(d, kLoses, b);
+      if (d.held.Meets(kPlaceAndBuy))
+        for (int b = bet::kPlaceFirst; b <= bet::kBuyLast; ++b) AllSeats(d, kLoses, b);
+      break;
+    case 11:
+      if (co) AllSeats(d, kLoses, bet::kDontPass);
+      AllSeats(d, kLoses, bet::kDontCome);
+      break;
+    default:
+      break;
+  }
+
+  if (d.held.Meets(kOneRollBets)) OneRollLosers(d);
+}
+
+void PointMade(Deciding& d) {
+  Game& g = d.g;
   if (g.DiceTotal != g.PointAtRoll || !IsBoxNumber(g.DiceTotal)) return;
-  FlatWithOdds(g, kWins, bet::kPassLine, kOddsWins, bet::kPassLineOdds);
+  FlatWithOdds(d, kWins, bet::kPassLine, kOddsWins, bet::kPassLineOdds);
   const int bit = 1 << BoxIndex(g.DiceTotal);
   if ((g.PointsMadeMask & bit) == 0) {
     g.PointsMadeMask |= bit;
@@ -217,33 +364,38 @@ void PointMade(Game& g) {
 }
 
 // Winners of box number n: the Come point with its odds, Place, Buy.
-void WinBoxNumber(Game& g, int n) {
-  FlatWithOdds(g, kWins, ComeId(n), kOddsWins, ComeId(n) + 6);
-  AllSeats(g, kWins, PlaceId(n));
-  AllSeats(g, kWins, BuyId(n));
+void WinBoxNumber(Deciding& d, int n) {
+  FlatWithOdds(d, kWins, ComeId(n), kOddsWins, ComeId(n) + 6);
+  AllSeats(d, kWins, PlaceId(n));
+  AllSeats(d, kWins, BuyId(n));
 }
 
-// The Come and Don't Come boxes travel to the number, in player order.
-void Travel(Game& g, int n) {
-  if (OnTable(g, bet::kCome))
-    for (int p = 1; p <= 8; ++p) MoveBet(g, p, bet::kCome, ComeId(n));
-  if (OnTable(g, bet::kDontCome))
-    for (int p = 1; p <= 8; ++p) MoveBet(g, p, bet::kDontCome, DontComeId(n));
+// The Come and Don't Come boxes travel to the number, in player order
+// (MoveBet leaves a box without money alone).
+void Travel(Deciding& d, int n) {
+  Game& g = d.g;
+  if (d.holders[bet::kCome] != 0)
+    for (int p = 1; p <= 8; ++p)
+      if (g.Bet(p, bet::kCome) > Currency{}) MoveBet(g, p, bet::kCome, ComeId(n));
+  if (d.holders[bet::kDontCome] != 0)
+    for (int p = 1; p <= 8; ++p)
+      if (g.Bet(p, bet::kDontCome) > Currency{}) MoveBet(g, p, bet::kDontCome, DontComeId(n));
 }
 
 // The one-roll bets that a 2, 3 or 12 pays, in their order.
-void WinCrapsProps(Game& g, int single) {
-  AllSeats(g, kWins, single);
-  AllSeats(g, kWins, bet::kCraps);
-  AllSeats(g, kWins, bet::kCandE);
-  AllSeats(g, kWins, bet::kHorn);
-  AllSeats(g, kWins, bet::kWorld);
+void WinCrapsProps(Deciding& d, int single) {
+  AllSeats(d, kWins, single);
+  AllSeats(d, kWins, bet::kCraps);
+  AllSeats(d, kWins, bet::kCandE);
+  AllSeats(d, kWins, bet::kHorn);
+  AllSeats(d, kWins, bet::kWorld);
 }
 
 // The hop bet of the dice on the table, in either order.
-void WinHop(Game& g) { AllSeats(g, kWins, HopId(g.Die1, g.Die2)); }
+void WinHop(Deciding& d) { AllSeats(d, kWins, HopOfDice(d.g)); }
 
-void WinnersPass(Game& g) {
+void WinnersPass(Deciding& d) {
+  Game& g = d.g;
   const int t = g.DiceTotal;
   const bool co = g.PointAtRoll == 0;
   const bool pair = g.Die1 == g.Die2;
@@ -251,83 +403,85 @@ void WinnersPass(Game& g) {
 
   switch (t) {
     case 2:
-      if (co && bar == 12) AllSeats(g, kWins, bet::kDontPass);
-      WinCrapsProps(g, bet::kTwo);
-      if (bar == 12) AllSeats(g, kWins, bet::kDontCome);
+      if (co && bar == 12) AllSeats(d, kWins, bet::kDontPass);
+      WinCrapsProps(d, bet::kTwo);
+      if (bar == 12) AllSeats(d, kWins, bet::kDontCome);
       break;
     case 3:
-      if (co) AllSeats(g, kWins, bet::kDontPass);
-      WinCrapsProps(g, bet::kThree);
-      AllSeats(g, kWins, bet::kDontCome);
+      if (co) AllSeats(d, kWins, bet::kDontPass);
+      WinCrapsProps(d, bet::kThree);
+      AllSeats(d, kWins, bet::kDontCome);
       break;
     case 12:
-      if (co && bar == 2) AllSeats(g, kWins, bet::kDontPass);
-      WinCrapsProps(g, bet::kTwelve);
-      if (bar == 2) AllSeats(g, kWins, bet::kDontCome);
+      if (co && bar == 2) AllSeats(d, kWins, bet::kDontPass);
+      WinCrapsProps(d, bet::kTwelve);
+      if (bar == 2) AllSeats(d, kWins, bet::kDontCome);
       break;
     case 4:
-      WinBoxNumber(g, 4);
-      if (pair) AllSeats(g, kWins, bet::kHard4);
-      WinHop(g);
-      Travel(g, 4);
+      WinBoxNumber(d, 4);
+      if (pair) AllSeats(d, kWins, bet::kHard4);
+      WinHop(d);
+      Travel(d, 4);
       break;
     case 5:
-      WinBoxNumber(g, 5);
-      WinHop(g);
-      Travel(g, 5);
+      WinBoxNumber(d, 5);
+      WinHop(d);
+      Travel(d, 5);
       break;
     case 6:
-      WinBoxNumber(g, 6);
-      AllSeats(g, kWins, bet::kBig6);
-      AllSeats(g, kWins, bet::kMidway);
-      if (pair) AllSeats(g, kWins, bet::kHard6);
-      WinHop(g);
-      Travel(g, 6);
+      WinBoxNumber(d, 6);
+      AllSeats(d, kWins, bet::kBig6);
+      AllSeats(d, kWins, bet::kMidway);
+      if (pair) AllSeats(d, kWins, bet::kHard6);
+      WinHop(d);
+      Travel(d, 6);
       break;
     case 7:
-      AllSeats(g, kWins, bet::kCome);
+      AllSeats(d, kWins, bet::kCome);
       if (co) {
-        AllSeats(g, kWins, bet::kPassLine);
+        AllSeats(d, kWins, bet::kPassLine);
       } else {
-        FlatWithOdds(g, kWins, bet::kDontPass, kOddsWins, bet::kDontPassOdds);
+        FlatWithOdds(d, kWins, bet::kDontPass, kOddsWins, bet::kDontPassOdds);
       }
       // Don't Come points and Lay bets work on a come-out too: the seven
       // pays them on either phase (an off bet simply stands).
-      for (int b = bet::kDontComePointFirst; b <= bet::kDontComePointLast; ++b)
-        FlatWithOdds(g, kWins, b, kOddsWins, b + 6);
-      for (int b = bet::kLayFirst; b <= bet::kLayLast; ++b) AllSeats(g, kWins, b);
-      AllSeats(g, kWins, bet::kMidway);
-      AllSeats(g, kWins, bet::kSeven);
-      AllSeats(g, kWins, bet::kWorld);
-      WinHop(g);
+      if (d.held.Meets(kDontComePoints))
+        for (int b = bet::kDontComePointFirst; b <= bet::kDontComePointLast; ++b)
+          FlatWithOdds(d, kWins, b, kOddsWins, b + 6);
+      if (d.held.Meets(kLays))
+        for (int b = bet::kLayFirst; b <= bet::kLayLast; ++b) AllSeats(d, kWins, b);
+      AllSeats(d, kWins, bet::kMidway);
+      AllSeats(d, kWins, bet::kSeven);
+      AllSeats(d, kWins, bet::kWorld);
+      WinHop(d);
       if (!co) EndHand(g);
       break;
     case 8:
-      WinBoxNumber(g, 8);
-      AllSeats(g, kWins, bet::kBig8);
-      AllSeats(g, kWins, bet::kMidway);
-      if (pair) AllSeats(g, kWins, bet::kHard8);
-      WinHop(g);
-      Travel(g, 8);
+      WinBoxNumber(d, 8);
+      AllSeats(d, kWins, bet::kBig8);
+      AllSeats(d, kWins, bet::kMidway);
+      if (pair) AllSeats(d, kWins, bet::kHard8);
+      WinHop(d);
+      Travel(d, 8);
       break;
     case 9:
-      WinBoxNumber(g, 9);
-      WinHop(g);
-      Travel(g, 9);
+      WinBoxNumber(d, 9);
+      WinHop(d);
+      Travel(d, 9);
       break;
     case 10:
-      WinBoxNumber(g, 10);
-      if (pair) AllSeats(g, kWins, bet::kHard10);
-      WinHop(g);
-      Travel(g, 10);
+      WinBoxNumber(d, 10);
+      if (pair) AllSeats(d, kWins, bet::kHard10);
+      WinHop(d);
+      Travel(d, 10);
       break;
     case 11:
-      if (co) AllSeats(g, kWins, bet::kPassLine);
-      AllSeats(g, kWins, bet::kEleven);
-      AllSeats(g, kWins, bet::kCandE);
-      AllSeats(g, kWins, bet::kCome);
-      AllSeats(g, kWins, bet::kHorn);
-      AllSeats(g, kWins, bet::kWorld);
+      if (co) AllSeats(d, kWins, bet::kPassLine);
+      AllSeats(d, kWins, bet::kEleven);
+      AllSeats(d, kWins, bet::kCandE);
+      AllSeats(d, kWins, bet::kCome);
+      AllSeats(d, kWins, bet::kHorn);
+      AllSeats(d, kWins, bet::kWorld);
       break;
     default:
       break;
@@ -343,9 +497,11 @@ void ExtendTrend(Long& trend, bool won) {
     trend = trend > 0 ? -1 : trend - 1;
 }
 
-void LogDecision(Game& g, int p, int b) {
+// The decision's line in the events log (its head first). Kept out of line:
+// the roll path calls it only with the log on.
+[[gnu::noinline, gnu::cold]] void LogDecision(Game& g, int p, int b) {
   RollState& r = g.roll;
-  if (!r.LogOn || !(r.LogWins || r.LogLosses)) return;
+  if (!(r.LogWins || r.LogLosses)) return;
   if (!g.autoplay.WinLossHeadWritten) {
     g.autoplay.WinLossHeadWritten = true;
     WriteEventLine(g, r.LogWins && r.LogLosses ? "    Wins/losses:"
@@ -367,36 +523,55 @@ void LogDecision(Game& g, int p, int b) {
 
 }  // namespace
 
-void DecideBets(Game& g) {
-  g.autoplay.WinLossHeadWritten = false;
-  g.autoplay.DecidingSeats = SeatsWithBets(g);
-  if (g.autoplay.DecidingSeats == 0) {
-    // Nobody has money on the table: of the passes only the points made
-    // and the hand's end at a seven-out have anything to do.
-    g.autoplay.BetsOnTable[0] = g.autoplay.BetsOnTable[1] = 0;
-    PointMade(g);
+namespace {
+
+// The passes over the bets of `d`; with nothing the roll can decide on the
+// table, only the points made and the hand's end at a seven-out have
+// anything to do.
+void RunPasses(Deciding& d) {
+  Game& g = d.g;
+  if (d.held.Empty()) {
+    PointMade(d);
     if (g.DiceTotal == 7 && g.PointAtRoll > 0) EndHand(g);
     return;
   }
-  NoteBetsOnTable(g);
-  LosersPass(g);
-  PointMade(g);
-  WinnersPass(g);
+  LosersPass(d);
+  PointMade(d);
+  WinnersPass(d);
+}
+
+}  // namespace
+
+void DecideBets(Game& g) {
+  g.autoplay.WinLossHeadWritten = false;
+  Deciding d{g};
+  if (const unsigned seats = SeatsWithBets(g); seats != 0) NoteBetsOnTable(d, seats);
+  RunPasses(d);
+}
+
+void DecideBetsVisitingAll(Game& g) {
+  g.autoplay.WinLossHeadWritten = false;
+  Deciding d{g};
+  constexpr std::uint8_t kEverySeat = 0xFF;
+  for (int b = 1; b <= kLastRealBet; ++b) d.holders[static_cast<std::size_t>(b)] = kEverySeat;
+  d.held = IdRange(1, kLastRealBet);
+  RunPasses(d);
 }
 
 void ResolveBet(Game& g, int seat, int sign, int b) {
   assert(seat >= 1 && seat <= 8 && IsRealBet(b));
   const int p = PlayerOfSeat(seat);
-  if (g.Bet(p, b).IsZero()) return;
+  const Currency amount = g.Bet(p, b);
+  if (amount.IsZero()) return;
   g.CurBet = b;
   if (g.BetWorking(p, b) < 1) {
     if (std::abs(sign) >= 2) SettleNotWorking(g, p);
     return;
   }
-  FigurePayoff(g, p, b, sign, g.Bet(p, b));
-  TallyBetResult(g, p, b, g.Bet(p, b), g.NetPayoff);
+  FigurePayoff(g, p, b, sign, amount);
+  TallyBetResult(g, p, b, amount, g.NetPayoff);
   if (IsComePoint(b)) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
-  LogDecision(g, p, b);
+  if (g.roll.LogOn) LogDecision(g, p, b);
 
   if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
 
@@ -428,12 +603,13 @@ void ResetWorkingFlags(Game& g) {
     if (g.PlayerName[p].empty()) continue;
     const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
     const auto defaults = g.BetWorkingDefault.Span(p, 1, kLastRealBet);
-    // Selects rather than branches, so that the loops run on whole vectors.
+    // Arithmetic and selects rather than branches, so that the loops run on
+    // whole vectors.
     if (pointOn) {
-      for (Long& w : working) w = w == 0 ? 1 : w;
+      for (Long& w : working) w += Long{w == 0};  // off (0) becomes on (1)
     } else {
       for (std::size_t i = 0; i < working.size(); ++i) {
-        const Long w = working[i], d = defaults[i];
+        const Long w = working[i], d = defaults[i];  // both read: no branch on a load
         const bool called = (w == 2) | (w == -1);
         working[i] = called ? w : d;
       }

@@ -13,17 +13,21 @@
 // - Pushes (net 0) are no decisions and leave the statistics alone.
 // - Live statistics touch the frames p, p + 18 and p + 36 only.
 // - Nothing here allocates or builds text unless the events log asks for it.
+// - Only the bets a roll can decide are looked for: the one-roll bets, the
+//   Come and Don't Come boxes, the line bets on a come-out or at the point,
+//   the bets of a box number on that number, and every bet on a seven.
 #pragma once
+
+#include <array>
 
 #include "core/currency.h"
 
 struct Game;
 
+// The player at each seat 1..8 in stick order (index 0 unused).
+inline constexpr std::array<int, 9> kPlayerAtSeat = {0, 1, 8, 2, 7, 3, 6, 4, 5};
 // Player who sits at seat 1..8 in stick order: 1, 8, 2, 7, 3, 6, 4, 5.
-constexpr int PlayerOfSeat(int seat) {
-  constexpr int kOrder[9] = {0, 1, 8, 2, 7, 3, 6, 4, 5};
-  return kOrder[seat];
-}
+constexpr int PlayerOfSeat(int seat) { return kPlayerAtSeat[static_cast<std::size_t>(seat)]; }
 
 // FirePayoff row of the points made (held to 0..6 against a corrupt count).
 int FireRow(const Game& game);
@@ -33,6 +37,9 @@ constexpr int kWins = 1, kOddsWins = 2, kLoses = -1, kOddsLoses = -2;
 
 // Decides every bet of the roll now on the table: losers, point made, winners.
 void DecideBets(Game& game);
+// DecideBets without its shortcuts: every seat is visited for every bet id.
+// The plain computation that tests hold the shortcuts against.
+void DecideBetsVisitingAll(Game& game);
 // Resolves bet b of the player at seat 1..8 with the given sign: money, tallies, log, settling.
 void ResolveBet(Game& game, int seat, int sign, int b);
 // Sets PayoffTbl row 0, GrossPayoff and NetPayoff for bet b of player p.

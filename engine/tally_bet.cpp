@@ -7,15 +7,15 @@ namespace {
 
 using StatTable = decltype(Game::StatAction);
 
-// One decision of `amount` in the six columns of a statistics row (the
-// row's columns are contiguous, so one address serves them all).
-void CountDecision(StatTable& t, int i, int b, Currency amount, Currency rollNumber) {
-  Currency* row = &t(i, b, 0);
+// One decision of `amount` (above 0 when `positive`) in the six columns of
+// a statistics row (the row's columns are contiguous, so one address serves
+// them all).
+void CountDecision(Currency* row, Currency amount, bool positive, Currency rollNumber) {
   row[kStatCount] += Currency::FromWhole(1);
   row[kStatTotal] += amount;
   if (amount > row[kStatLargest]) row[kStatLargest] = amount;
   Currency& smallest = row[kStatSmallest];
-  if ((smallest.IsZero() || smallest > amount) && amount > Currency{}) smallest = amount;
+  if (positive && (smallest.IsZero() || smallest > amount)) smallest = amount;
   row[kStatRollOfLast] = rollNumber;
   row[kStatAmountOfLast] = amount;
 }
@@ -28,15 +28,20 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   if (IsBuy(b) && g.rules.BuyVigUpFront) amount += g.BuyVig(p, b - bet::kBuyFirst);
   const Currency rollNumber = Currency::FromWhole(g.RollTally(kTableSession, kEventRolls));
   g.StatRowsThisHand[static_cast<std::size_t>(p)][b >> 6] |= std::uint64_t{1} << (b & 63);
+  // The amount wagered goes to the action rows, the net won or lost to the
+  // wins or the losses.
+  const bool won = net > Currency{};
+  StatTable& side = won ? g.StatWins : g.StatLosses;
+  const Currency sideAmount = won ? net : -net;
+  const bool positive = amount > Currency{}, sidePositive = sideAmount > Currency{};
   for (Frame t : kLiveFrames) {
     const int i = FrameIndex(p, t);
-    CountDecision(g.StatAction, i, b, amount, rollNumber);
-    if (net > Currency{})
-      CountDecision(g.StatWins, i, b, net, rollNumber);
-    else
-      CountDecision(g.StatLosses, i, b, -net, rollNumber);
-    if (IsComePoint(b))
-      g.ComeTravelTotal(i, b - bet::kComePointFirst) +=
-          g.ComeFlatAtSet(p, b - bet::kComePointFirst);
+    CountDecision(&g.StatAction(i, b, 0), amount, positive, rollNumber);
+    CountDecision(&side(i, b, 0), sideAmount, sidePositive, rollNumber);
+  }
+  if (IsComePoint(b)) {
+    const Currency flat = g.ComeFlatAtSet(p, b - bet::kComePointFirst);
+    for (Frame t : kLiveFrames)
+      g.ComeTravelTotal(FrameIndex(p, t), b - bet::kComePointFirst) += flat;
   }
 }

@@ -4,6 +4,7 @@
 // adjustment with its messages.
 #include <algorithm>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -289,6 +290,47 @@ TEST_F(Resolve, DecisionsFollowThePassesAndTheStickOrder) {
   EXPECT_EQ(EventsLogText(g).substr(0, want.size()), want);
 }
 
+// The decisions look only at the seats holding each bet and at the bets a
+// roll can decide. Held against the plain visit of every seat for every bet
+// id over many seeded rolls, with every kind of bet on every seat, working
+// flags called on and off, every settling rule and both bars and vig rules,
+// the game must come out the same to the last figure.
+TEST_F(Resolve, ShortcutsDecideAsTheVisitOfEverySeatAndBet) {
+  for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
+  auto plainOwner = std::make_unique<Game>();
+  Game& plain = *plainOwner;
+  std::mt19937 rng(20261124);
+  auto pick = [&rng](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
+  constexpr int kRolls = 3000, kRollsPerRuleSet = 250, kNewBetsPerSeat = 3, kLastRule = 7;
+  constexpr int kPoints[] = {0, 4, 5, 6, 8, 9, 10};
+  for (int roll = 0; roll < kRolls; ++roll) {
+    if (roll % kRollsPerRuleSet == 0) {
+      g.rules.BarNumber = pick(2) == 0 ? 2 : 12;
+      g.rules.LayVigUpFront = pick(2) == 0;
+      g.rules.BuyVigUpFront = pick(2) == 0;
+      g.rules.AllowPutBets = pick(2) == 0;
+    }
+    for (int p = 1; p <= 8; ++p) {
+      g.autoplay.HandleWinningBets(p) = pick(kLastRule + 1);
+      g.autoplay.HandleLosingBets(p) = pick(kLastRule + 1);
+      g.autoplay.AutoDownPlaceBets(p) = pick(2) == 0;
+      for (int k = 0; k < kNewBetsPerSeat; ++k)
+        if (const int b = 1 + pick(kLastRealBet); g.Bet(p, b).IsZero()) Put(p, b, 1 + pick(30));
+      g.BetWorking(p, 1 + pick(kLastRealBet)) = pick(4) - 1;  // -1 called off .. 2 called on
+      g.Bet(p, 0) = kStake;  // nobody runs out of money
+    }
+    const int d1 = 1 + pick(6), d2 = 1 + pick(6), point = kPoints[pick(7)];
+    SCOPED_TRACE(testing::Message() << "roll " << roll << ": " << d1 << "-" << d2 << ", point "
+                                    << point);
+    SetRoll(g, d1, d2, point);
+    plain = g;
+    DecideBets(g);
+    DecideBetsVisitingAll(plain);
+    ASSERT_TRUE(g.Bet == plain.Bet && g.StatAction == plain.StatAction);
+    ASSERT_TRUE(g == plain);
+  }
+}
+
 Currency Raw(std::int64_t r) { return Currency::FromRaw(r); }
 
 class PayoffMath : public ::testing::Test {
@@ -398,6 +440,35 @@ TEST_F(PayoffMath, CapsWinOverEveryPushAndLineOddsNeedAPoint) {
 
   EXPECT_EQ(FigureOddsMaximum(g, bet::kPassLineOdds, 10_usd, 2_usd, 1_usd), 0_usd)
       << "no point, no odds";
+}
+
+// A payoff whose quotient is a whole count of ten-thousandths is worked in
+// integers; it must be to the last ten-thousandth what the doubles give,
+// up to the largest amounts that path takes and for rows with fractions.
+TEST_F(PayoffMath, WholeQuotientsAreWhatTheDoublesGive) {
+  const int b = PlaceId(6);
+  g.Die1 = g.Die2 = 3;
+  g.DiceTotal = 6;
+  const Currency rows[][2] = {{7_usd, 6_usd},  {7_usd, 5_usd},       {3_usd, 2_usd},
+                              {39_usd, 21_usd}, {1_usd, 3_usd},      {Raw(12345), Raw(7)},
+                              {9_usd, Usd(2.5)}, {Usd(1.5), Usd(0.25)}, {-1_usd, Usd(0.0003)}};
+  std::mt19937_64 rng(99);
+  constexpr std::int64_t kLargest = std::int64_t{1} << 49;
+  for (const auto& [a, d] : rows) {
+    g.PayoffTbl(1, b) = a;
+    g.PayoffTbl(3, b) = d;
+    for (int i = 0; i < 20000; ++i) {
+      // Amounts whose quotient is whole (some near the largest), and any amounts.
+      const std::int64_t limit = i % 4 == 0 ? kLargest : std::int64_t{1} << (10 + i % 30);
+      std::int64_t raw = static_cast<std::int64_t>(rng() % static_cast<std::uint64_t>(limit));
+      if (i % 2 == 0) raw -= raw % d.raw;
+      if (i % 8 == 1) raw = -raw;
+      const Currency amount = Raw(raw);
+      FigurePayoff(g, 1, b, kWins, amount);
+      const Currency want = CurFromDouble(CurMul(amount, a).ToDouble() / d.ToDouble());
+      ASSERT_EQ(g.GrossPayoff, want) << raw << " at " << a.raw << "/" << d.raw;
+    }
+  }
 }
 
 TEST_F(PayoffMath, ProperUnitsPayInWholeSmallestChecks) {

@@ -81,16 +81,21 @@ class TableFixture : public ::testing::Test {
 
   // Decides the dice (d1, d2) with `point` standing when they fell.
   void Decide(int d1, int d2, int point) {
-    for (int p = 1; p <= 8; ++p) {  // the snapshots a roll takes before the dice fall
-      for (int b = 0; b <= kLastBetId; ++b) g.BetAtRoll(p, b) = g.Bet(p, b);
-      for (int b = 0; b <= kLastRealBet; ++b) g.BetContract(p, b) = g.Bet(p, b);
-    }
-    g.Point = point;
-    g.PointAtRoll = point;
-    g.Die1 = d1;
-    g.Die2 = d2;
-    g.DiceTotal = d1 + d2;
+    SetRoll(g, d1, d2, point);
     DecideBets(g);
+  }
+
+  // The dice (d1, d2) fall with `point` standing, ready to be decided.
+  static void SetRoll(Game& game, int d1, int d2, int point) {
+    for (int p = 1; p <= 8; ++p) {  // the snapshots a roll takes before the dice fall
+      for (int b = 0; b <= kLastBetId; ++b) game.BetAtRoll(p, b) = game.Bet(p, b);
+      for (int b = 0; b <= kLastRealBet; ++b) game.BetContract(p, b) = game.Bet(p, b);
+    }
+    game.Point = point;
+    game.PointAtRoll = point;
+    game.Die1 = d1;
+    game.Die2 = d2;
+    game.DiceTotal = d1 + d2;
   }
 
   // What player p won (+) or lost (-) since being seated.
