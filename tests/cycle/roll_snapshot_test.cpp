@@ -77,7 +77,8 @@ class RollSnapshots : public ::testing::Test {
       if (!Seated(p)) continue;
       for (int b = 0; b <= kLastBetId; ++b) {
         ASSERT_EQ(g.BetAfterRoll(p, b), g.Bet(p, b)) << "after roll, player " << p << " id " << b;
-        ASSERT_EQ(g.BetAtRoll(p, b), expectedAtRoll(p, b)) << "at roll, player " << p << " id " << b;
+        ASSERT_EQ(g.BetAtRoll(p, b), expectedAtRoll(p, b))
+            << "at roll, player " << p << " id " << b;
       }
     }
     ++checkedRolls;
@@ -128,7 +129,8 @@ TEST_F(RollSnapshots, ChangesBetweenCallsReachTheNextSnapshots) {
   Observe();
   for (int call = 0; call < 6; ++call) {
     for (int p = 1; p <= 8; ++p)
-      if (Seated(p)) g.Bet(p, bet::kCheckStackFirst + call * 9 + p) += Currency::FromWhole(call + 1);
+      if (Seated(p))
+        g.Bet(p, bet::kCheckStackFirst + call * 9 + p) += Currency::FromWhole(call + 1);
     g.Bet(1, kLastBetId) = Currency::FromWhole(call);
     Run(20);
     expectedAtRoll = g.Bet;
