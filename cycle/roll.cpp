@@ -269,8 +269,6 @@ bool RollOnce(Game& g) {
   }
 
   TallyHandAndRoll(g);
-#pragma GCC unroll 8
-  for (auto& since : g.RollsSince.cells) since += 1;
   TallyRollEvents(g);
   AdvanceStateMachine(g);
   DecideBets(g);

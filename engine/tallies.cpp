@@ -189,14 +189,17 @@ void TallyPairEvents(Game& g, const PairEvents& e, Long* house, Long* shooter) {
     CountInLiveRows(house, k);
     if constexpr (kShooter) CountInLiveRows(shooter, k);
     Long* const gaps = gapTally + e.gapRows[i];  // GapTally(k, 0..kLongGap)
-    Long& since = g.RollsSince(k);
+    // RollsSince has not yet moved on for this roll: the gap this showing
+    // ends is one more, and -1 becomes 0 when every count moves on.
+    Long& stored = g.RollsSince(k);
+    const Long since = stored + 1;
     if (since < kLongGap) {
       gaps[since] += 1;
     } else {
       gaps[kLongGap] += 1;
       gaps[0] += since;
     }
-    since = 0;
+    stored = -1;
   }
 }
 
@@ -214,4 +217,8 @@ void TallyRollEvents(Game& g) {
     TallyPairEvents<true>(g, e, firstRow(kHouse), firstRow(hs));
   else
     TallyPairEvents<false>(g, e, firstRow(kHouse), nullptr);
+  // Every count moves on after the events are read: the events' own counts
+  // are then stored once each, and not read back right after the wide add.
+#pragma GCC unroll 8
+  for (auto& since : g.RollsSince.cells) since += 1;
 }
