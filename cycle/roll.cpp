@@ -140,7 +140,6 @@ bool WithinRollLimit(Game& g) {
 // (MarkCheckStacksChanged, MarkUpperBetCellsChanged), so a seat copies them
 // only when marked since its last copy; the real bets and the bankroll
 // change on almost every roll and are always copied.
-constexpr int kFirstUpperCell = kLastRealBet + 1;
 
 // Copies Bet(p, 0..kLastBetId) into `to`, the upper cells only when bit p of
 // `changed` is set.
