@@ -26,7 +26,6 @@ void BM_RollBookkeeping(benchmark::State& state) {
     DrawDice(g);
     g.DiceTotal = g.Die1 + g.Die2;
     TallyHandAndRoll(g);
-    for (auto& since : g.RollsSince.cells) since += 1;
     TallyRollEvents(g);
     g.PointAtRoll = g.Point;
     AdvanceStateMachine(g);

@@ -27,6 +27,7 @@ void WaitForDelay(Game& g) {
   const std::uint32_t start = g.platform->TimeGetTime();
   while (g.KeepRolling) {
     g.platform->DoEvents();
+    MarkUpperBetCellsChanged(g);
     if (static_cast<std::int64_t>(g.platform->TimeGetTime() - start) >= waitMs) break;
   }
 }
@@ -70,6 +71,8 @@ void PaceHyperDrive(Game& g) {
   if (throttle > 0 || --h.PaceCountdown <= 0) {
     h.PaceCountdown = HyperDriveState::kPaceEvery;
     g.platform->DoEvents();
+    // The window may have changed CheckStacks while it had the events.
+    MarkUpperBetCellsChanged(g);
   }
   if (h.AutoStopRolls.raw > 0) {
     const std::int64_t every = WholeRolls(h.AutoStopRolls);

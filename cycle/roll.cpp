@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <bit>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "automation/autoplay.h"
 #include "config/payoffs.h"
@@ -132,28 +135,59 @@ bool WithinRollLimit(Game& g) {
 
 // Steps 10 and 27 copy only seated players: an open position holds no bets,
 // so its copies have nothing to change, and a run with few players does not
-// pay for eight.
+// pay for eight. The ids above the real bets (the CheckStacks and the cells
+// that are no bet) change only where a seat or every seat is marked
+// (MarkCheckStacksChanged, MarkUpperBetCellsChanged), so a seat copies them
+// only when marked since its last copy; the real bets and the bankroll
+// change on almost every roll and are always copied.
+
+// Copies Bet(p, 0..kLastBetId) into `to`, the upper cells only when bit p of
+// `changed` is set.
+template <class Snapshot>
+void CopyBets(Game& g, int p, std::uint32_t changed, Snapshot& to) {
+  const auto bets = g.Bet.Span(p, 0, kLastBetId);
+  const int last = (changed >> p) & 1 ? kLastBetId : kLastRealBet;
+  std::copy_n(bets.begin(), last + 1, to.Span(p, 0, kLastBetId).begin());
+}
+
+// The streaks lie in pairs (at roll, now) per bet, bets 0..kLastRealBet;
+// each pair becomes (now, now). With SSE2 two bets at a time: one load, one
+// shuffle, one store for two bets instead of a load and a store for each.
+void CopyStreaksNowToAtRoll(Long* trend) {
+  static_assert(decltype(Game::BetTrend)::kDepth == 2);
+#if defined(__SSE2__)
+  static_assert(sizeof(Long) == 4 && (kLastRealBet + 1) % 2 == 0);
+  // Unrolled whole: the loop's count and branch would cost as much again.
+#pragma GCC unroll 43
+  for (int b = 0; b <= kLastRealBet; b += 2) {
+    auto* pairs = reinterpret_cast<__m128i*>(trend + 2 * b);
+    const __m128i v = _mm_loadu_si128(pairs);
+    _mm_storeu_si128(pairs, _mm_shuffle_epi32(v, _MM_SHUFFLE(3, 3, 1, 1)));
+  }
+#else
+  for (int b = 0; b <= kLastRealBet; ++b) trend[2 * b] = trend[2 * b + 1];
+#endif
+}
+
 void SnapshotAtRoll(Game& g, unsigned seated) {
-  ForEachSeated(seated, [&g](int p) {
-    const auto bets = g.Bet.Span(p, 0, kLastBetId);
-    std::copy(bets.begin(), bets.end(), g.BetAtRoll.Span(p, 0, kLastBetId).begin());
-    std::copy_n(bets.begin(), kLastRealBet + 1, g.BetContract.Span(p, 0, kLastRealBet).begin());
-    // The streaks lie in pairs (at roll, now) per bet: unrolled, the copy
-    // is a load and a store per bet without the loop's count and branch.
-    static_assert(decltype(g.BetTrend)::kDepth == 2);
-    Long* trend = &g.BetTrend(p, 0, 0);
-#pragma GCC unroll 16
-    for (int b = 0; b <= kLastRealBet; ++b) trend[2 * b] = trend[2 * b + 1];
+  const std::uint32_t changed = g.roll.UpperCellsChangedAtRoll;
+  ForEachSeated(seated, [&g, changed](int p) {
+    CopyBets(g, p, changed, g.BetAtRoll);
+    std::copy_n(g.Bet.Span(p, 0, kLastRealBet).begin(), kLastRealBet + 1,
+                g.BetContract.Span(p, 0, kLastRealBet).begin());
+    CopyStreaksNowToAtRoll(&g.BetTrend(p, 0, 0));
   });
+  g.roll.UpperCellsChangedAtRoll &= ~seated;
 }
 
 void SnapshotAfterRoll(Game& g, unsigned seated) {
-  ForEachSeated(seated, [&g](int p) {
-    const auto bets = g.Bet.Span(p, 0, kLastBetId);
-    std::copy(bets.begin(), bets.end(), g.BetAfterRoll.Span(p, 0, kLastBetId).begin());
+  const std::uint32_t changed = g.roll.UpperCellsChangedAfterRoll;
+  ForEachSeated(seated, [&g, changed](int p) {
+    CopyBets(g, p, changed, g.BetAfterRoll);
     const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
     std::copy(working.begin(), working.end(), g.BetWorkingAfterRoll.Span(p, 1, kLastRealBet).begin());
   });
+  g.roll.UpperCellsChangedAfterRoll &= ~seated;
   g.roll.ScriptActiveAtRoll = g.roll.ScriptActive;
 }
 
@@ -234,8 +268,6 @@ bool RollOnce(Game& g) {
   }
 
   TallyHandAndRoll(g);
-#pragma GCC unroll 8
-  for (auto& since : g.RollsSince.cells) since += 1;
   TallyRollEvents(g);
   AdvanceStateMachine(g);
   DecideBets(g);
@@ -256,6 +288,9 @@ bool RollOnce(Game& g) {
   // a roll, so without one the seats are those of the roll's start.
   const bool scripted = g.roll.ScriptActive[0] && g.roll.ScriptsOK;
   if (scripted) RunAutoBets(g);
+  // A script may change CheckStacks; a roll outside Hyper-Drive may show a
+  // message, during which the window takes the user's changes.
+  if (scripted || !g.HyperDrive) MarkUpperBetCellsChanged(g);
   SnapshotAfterRoll(g, scripted ? SeatedPlayers(g) : seated);
   g.platform->RequestRedraw(Redraw::OpenViews);
   if (!g.HyperDrive) g.platform->RequestRedraw(Redraw::StatusBoxes);
@@ -296,6 +331,11 @@ void LimitExceeded(Game& g, int p) {
   if (!loss && g.rules.WinSoundSet > 0 && SoundsOn(g)) g.platform->PlaySound("", kSoundStop);
 }
 
+void MarkUpperBetCellsChanged(Game& g) {
+  g.roll.UpperCellsChangedAtRoll = ~0u;
+  g.roll.UpperCellsChangedAfterRoll = ~0u;
+}
+
 bool QueueDice(Game& g, int die1, int die2) {
   RollState& r = g.roll;
   if (die1 < 1 || die1 > 6 || die2 < 1 || die2 > 6 || r.QueuedCount >= RollState::kDiceQueue)
@@ -333,6 +373,8 @@ void RollDice(Game& g) {
   g.roll.SessionDirty = true;
   g.StopMessage.clear();
   g.RollBusy = true;
+  // Anything may have changed CheckStacks since the last call.
+  MarkUpperBetCellsChanged(g);
 
   do {
     const bool rolled = RollOnce(g);

@@ -1,5 +1,6 @@
 #include <cassert>
 #include <cmath>
+#include <cstdint>
 
 #include "dice/generators.h"
 #include "dice/probability.h"
@@ -12,6 +13,14 @@ namespace {
 inline Long DieFrom(double u) {
   const Long d = static_cast<Long>(u * 6.0);
   return (d < 5 ? d : 5) + 1;
+}
+
+// A die from a Mersenne Twister word w, the same as DieFrom(w / 2^32) in
+// integers: w / 2^32 is exact in a double and so is its product with 6 (35
+// significant bits at most), so Int(u x 6) is floor(6w / 2^32), which is
+// below 6 and needs no cap.
+inline Long DieFromWord(std::uint32_t w) {
+  return static_cast<Long>((std::uint64_t{w} * 6) >> 32) + 1;
 }
 
 // k for the probability table from a 32-bit draw: Int(u x 100000) + 1.
@@ -44,6 +53,13 @@ inline void TwoDice(Game& game, Draw draw) {
   game.Die2 = DieFrom(draw());
 }
 
+// The same from two Mersenne Twister words.
+template <class Draw>
+inline void TwoDiceFromWords(Game& game, Draw draw) {
+  game.Die1 = DieFromWord(draw());
+  game.Die2 = DieFromWord(draw());
+}
+
 // With probability dice one draw makes k, and the table turns it into the pair.
 void DrawProbabilityDice(Game& game) {
   game.dice.ProbabilityPick = DrawProbabilityNumber(game);
@@ -71,10 +87,10 @@ void DrawDice(Game& game) {
   }
   switch (s.RngIndex) {
     case 0:
-      TwoDice(game, [&] { return genrand_real2(s.mt19937); });
+      TwoDiceFromWords(game, [&] { return genrand_int32(s.mt19937); });
       break;
     case 1:
-      TwoDice(game, [&] { return randomMT(s.mtSecond); });
+      TwoDiceFromWords(game, [&] { return randomMTWord(s.mtSecond); });
       break;
     case 2:
       game.Die1 = Rng3(s.Rng3State, 6);
@@ -90,19 +106,20 @@ void DrawDice(Game& game) {
       if (EvenSessionRoll(game)) {
         TwoDice(game, [&] { return DrawRan1(s); });
       } else {
-        TwoDice(game, [&] { return genrand_real2(s.mt19937); });
+        TwoDiceFromWords(game, [&] { return genrand_int32(s.mt19937); });
       }
       break;
     case 6:
       if (EvenSessionRoll(game)) {
         TwoDice(game, [&] { return DrawRan2(s); });
       } else {
-        TwoDice(game, [&] { return randomMT(s.mtSecond); });
+        TwoDiceFromWords(game, [&] { return randomMTWord(s.mtSecond); });
       }
       break;
     default: {
       assert(s.RngIndex == 7);
-      const Long n = static_cast<Long>(genrand_real2(s.mt19937) * 36.0);
+      // Int(u x 36) of u = w / 2^32, exact in integers as in DieFromWord.
+      const Long n = static_cast<Long>((std::uint64_t{genrand_int32(s.mt19937)} * 36) >> 32);
       game.Die2 = n / 6 + 1;
       game.Die1 = n % 6 + 1;
       break;

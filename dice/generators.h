@@ -50,12 +50,15 @@ inline std::uint32_t genrand_int32(MtState& s) {
 // A double in [0, 1) with 32-bit resolution.
 inline double genrand_real2(MtState& s) { return genrand_int32(s) * (1.0 / 4294967296.0); }
 
-// The second twister's next value in [0, 1); never seeded, it seeds with 4357.
-inline double randomMT(MtState& s) {
+// The second twister's next tempered 32-bit word; never seeded, it seeds with 4357.
+inline std::uint32_t randomMTWord(MtState& s) {
   if (s.mti == kMtWords + 1) [[unlikely]]
     srandMT(s, 4357u);
-  return genrand_int32(s) * (1.0 / 4294967296.0);
+  return genrand_int32(s);
 }
+
+// The second twister's next value in [0, 1).
+inline double randomMT(MtState& s) { return randomMTWord(s) * (1.0 / 4294967296.0); }
 
 // Ran1's next value in [0, 1]; idum negative (or a first call) reseeds from
 // it and sets it to 1. Sets *error on an impossible shuffle index.

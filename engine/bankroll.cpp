@@ -188,10 +188,16 @@ std::vector<CheckStackRow> ShowCheckStacks(const Game& g, int p) {
   return rows;
 }
 
+void MarkCheckStacksChanged(Game& g, int p) {
+  g.roll.UpperCellsChangedAtRoll |= 1u << p;
+  g.roll.UpperCellsChangedAfterRoll |= 1u << p;
+}
+
 void SetCheckStackValue(Game& g, int p, int n, std::string_view text) {
   if (p < 1 || p > 8 || n < 0 || n > 99) return;
   g.Bet(p, bet::kCheckStackFirst + n) =
       std::clamp(ParseAmount(text), -kCheckStackLimit, kCheckStackLimit);
+  MarkCheckStacksChanged(g, p);
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
 }
 
@@ -217,6 +223,7 @@ bool DeleteAllCheckStacks(Game& g, int p, StackClear what) {
     if (what != StackClear::Names) g.Bet(p, bet::kCheckStackFirst + n) = Currency{};
     if (what != StackClear::Values) g.CheckStackName(p, n).clear();
   }
+  MarkCheckStacksChanged(g, p);
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
   return true;
 }

@@ -44,6 +44,10 @@ struct CheckStackRow {
 // The rows frmCheckStacks shows for p: a named stack, a stack with a value,
 // or every stack with DisplayZeroStacks on.
 std::vector<CheckStackRow> ShowCheckStacks(const Game& game, int p);
+// Marks player p's CheckStacks as changed, so that the roll's next
+// snapshots copy them (RollState::UpperCellsChangedAtRoll); every writer of
+// a CheckStack value calls it.
+void MarkCheckStacksChanged(Game& game, int p);
 // The value column of stack n typed as text.
 void SetCheckStackValue(Game& game, int p, int n, std::string_view text);
 // The name column of stack n.

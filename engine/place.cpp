@@ -13,6 +13,7 @@
 #include "core/money.h"
 #include "core/payoff_math.h"
 #include "core/platform.h"
+#include "engine/bankroll.h"
 #include "engine/place_internal.h"
 #include "engine/settle_text.h"
 
@@ -298,6 +299,7 @@ void ChangeCheckStack(Game& g, int p, int b) {
                Cat("CheckStack #", std::to_string(b - bet::kCheckStackFirst)), kHelpLimits,
                kMsgOk | kMsgHideLimits);
   g.Bet(p, b) += s.BetChange;
+  MarkCheckStacksChanged(g, p);
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::OpenViews);
 }
 

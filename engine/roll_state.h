@@ -59,6 +59,16 @@ struct RollState {
   std::array<bool, 9> ScriptActiveAtRoll{};  // as last logged
   bool ScriptsOK = false;                    // the active scripts are compiled
 
+  // Seats (bit p) whose ids above the real bets (86..200: the CheckStacks
+  // and the cells that are no bet) may differ from their BetAtRoll or
+  // BetAfterRoll copy; the roll's snapshots copy those ids just for these
+  // seats. The CheckStack writers mark their seat (MarkCheckStacksChanged),
+  // and the start of a roll call, a script run and Hyper-Drive's event pumps
+  // mark every seat (MarkUpperBetCellsChanged), since whatever else writes
+  // those ids (files, seats, sessions) does so only there.
+  std::uint32_t UpperCellsChangedAtRoll = ~0u;
+  std::uint32_t UpperCellsChangedAfterRoll = ~0u;
+
   // Known dice for the next rolls (roll pad and tests), first in first out.
   static constexpr int kDiceQueue = 64;
   std::array<std::array<std::int8_t, 2>, kDiceQueue> QueuedDice{};

@@ -9,7 +9,8 @@ struct Game;
 void TallyHandAndRoll(Game& game);
 // Counts event k in the live frames and the gap tables.
 void TallyRollEvent(Game& game, int k);
-// Counts every event of the dice now on the table, in their fixed order.
+// Counts every event of the dice now on the table, in their fixed order,
+// and moves every RollsSince count on by the roll (0 for the events shown).
 void TallyRollEvents(Game& game);
 // Moves the come-out/point state machine on DiceTotal.
 void AdvanceStateMachine(Game& game);

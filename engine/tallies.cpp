@@ -2,6 +2,7 @@
 // the gaps between their showings.
 #include <cassert>
 #include <cstddef>
+#include <cstdint>
 
 #include "core/game.h"
 #include "engine/roll_steps.h"
@@ -17,13 +18,22 @@ inline void RaiseRecord(Table1<Long, 0, kLastFrameIndex>& record, int i, Long va
   if (value > record(i)) record(i) = value;
 }
 
+using GapTallyTable = decltype(Game::GapTally);
+static_assert(GapTallyTable::kLow1 == 0 && GapTallyTable::kLow2 == 0 &&
+              kLastEvent * GapTallyTable::kCols <= INT16_MAX);
+
 // The categories one pair of dice counts, in the order they are tallied:
 // the two faces, the pair, the number and the groups the total belongs to.
+// With each, the start of its row in GapTally, so that the roll does not
+// work it out.
 struct PairEvents {
   int count = 0;
   std::array<std::int8_t, 12> events{};
+  std::array<std::int16_t, 12> gapRows{};
   constexpr void Add(int c) {
-    events[static_cast<std::size_t>(count++)] = static_cast<std::int8_t>(c);
+    const auto n = static_cast<std::size_t>(count++);
+    events[n] = static_cast<std::int8_t>(c);
+    gapRows[n] = static_cast<std::int16_t>(c * static_cast<int>(GapTallyTable::kCols));
   }
 };
 
@@ -172,18 +182,24 @@ inline void CountInLiveRows(Long* firstRow, int k) {
 // tables.
 template <bool kShooter>
 void TallyPairEvents(Game& g, const PairEvents& e, Long* house, Long* shooter) {
+  Long* const gapTally = g.GapTally.cells.data();
   for (int n = 0; n < e.count; ++n) {
-    const int k = e.events[static_cast<std::size_t>(n)];
+    const auto i = static_cast<std::size_t>(n);
+    const int k = e.events[i];
     CountInLiveRows(house, k);
     if constexpr (kShooter) CountInLiveRows(shooter, k);
-    Long& since = g.RollsSince(k);
+    Long* const gaps = gapTally + e.gapRows[i];  // GapTally(k, 0..kLongGap)
+    // RollsSince has not yet moved on for this roll: the gap this showing
+    // ends is one more, and -1 becomes 0 when every count moves on.
+    Long& stored = g.RollsSince(k);
+    const Long since = stored + 1;
     if (since < kLongGap) {
-      g.GapTally(k, since) += 1;
+      gaps[since] += 1;
     } else {
-      g.GapTally(k, kLongGap) += 1;
-      g.GapTally(k, 0) += since;
+      gaps[kLongGap] += 1;
+      gaps[0] += since;
     }
-    since = 0;
+    stored = -1;
   }
 }
 
@@ -201,4 +217,8 @@ void TallyRollEvents(Game& g) {
     TallyPairEvents<true>(g, e, firstRow(kHouse), firstRow(hs));
   else
     TallyPairEvents<false>(g, e, firstRow(kHouse), nullptr);
+  // Every count moves on after the events are read: the events' own counts
+  // are then stored once each, and not read back right after the wide add.
+#pragma GCC unroll 8
+  for (auto& since : g.RollsSince.cells) since += 1;
 }

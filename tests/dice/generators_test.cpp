@@ -216,6 +216,28 @@ TEST_F(Dice, SingleDrawGeneratorSharesFirstDrawWithGeneratorOne) {
   EXPECT_GT(differentRolls, 0);
 }
 
+// The twister generators make their dice in integers; each die must be
+// Int(u x 6) + 1 (Int(u x 36) for the single draw) of the same word as a
+// double u in [0, 1), as the draw is defined.
+TEST_F(Dice, TwisterDiceAreTheDoubleFormulaOfTheirWords) {
+  for (Long index : {0, 1, 7}) {
+    Select(index, 987654);
+    MtState words = index == 1 ? g.dice.mtSecond : g.dice.mt19937;
+    for (int i = 0; i < 20000; ++i) {
+      const auto dice = Roll();
+      std::array<Long, 2> expected{};
+      if (index == 7) {
+        const auto n = static_cast<Long>(genrand_real2(words) * 36.0);
+        expected = {n % 6 + 1, n / 6 + 1};
+      } else {
+        for (Long& die : expected)
+          die = static_cast<Long>((index == 1 ? randomMT(words) : genrand_real2(words)) * 6.0) + 1;
+      }
+      ASSERT_EQ(dice, expected) << index << " roll " << i;
+    }
+  }
+}
+
 TEST_F(Dice, FallbackMovesOnlyGeneratorsOfAMissingLibrary) {
   // Expected index after the fallback, by mask (rows) and selected index.
   const Long expected[4][kRngCount] = {

@@ -1,0 +1,146 @@
+// The roll's snapshots copy the CheckStacks and the other ids above the real
+// bets only for seats marked as changed. These runs change CheckStacks by
+// each of their writers from the roll observer and from the event pumps of
+// a Hyper-Drive run, and between calls, and hold each snapshot against the
+// whole Bet row it must equal: BetAtRoll the row at the roll's start,
+// BetAfterRoll the row at its end.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "core/catalogue.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "cycle/bench_workload.h"
+#include "cycle/hyperdrive.h"
+#include "cycle/roll.h"
+#include "cycle/startup.h"
+#include "engine/bankroll.h"
+#include "engine/place.h"
+
+namespace {
+
+using BetRows = decltype(Game::Bet);
+
+// A window that changes a CheckStack whenever it gets the events.
+class StackingPlatform : public HeadlessPlatform {
+ public:
+  void DoEvents() override {
+    HeadlessPlatform::DoEvents();
+    if (onEvents) onEvents();
+  }
+  std::function<void()> onEvents;
+};
+
+class RollSnapshots : public ::testing::Test {
+ protected:
+  RollSnapshots() : owner_(MakeGame(platform)), g(*owner_) {
+    platform.minimized = true;
+    platform.fixedTime = 0;
+    platform.clockStep = 1000;
+    StartUp(g, "/tmp/ravelton-tests");
+    SetUpBenchWorkload(g, BenchWorkload::EightPlayers);
+    for (int p = 1; p <= 8; ++p) g.Bet(p, bet::kCheckStackFirst + p) = Currency::FromWhole(p);
+  }
+
+  // Checks and changes from the roll observer.
+  void Observe() {
+    g.hyper.RollObserver = [](void* self, const Game&) {
+      static_cast<RollSnapshots*>(self)->AfterRoll();
+    };
+    g.hyper.RollObserverContext = this;
+  }
+
+  // Checks and changes from the event pumps, which a throttled run makes
+  // after every roll.
+  void PumpEveryRoll() {
+    g.hyper.HyperThrottle = 1;
+    platform.onEvents = [this] { AfterRoll(); };
+  }
+
+  bool Seated(int p) const { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
+
+  // Changes one CheckStack of a seated player, chosen by the roll count.
+  void ChangeStack(int salt) {
+    const long roll = g.RollTally(kTableSession, kEventRolls);
+    const int p = static_cast<int>((roll + salt) % 8) + 1;
+    const int n = static_cast<int>((roll * 7 + salt) % 100);
+    if (!Seated(p)) return;
+    SetCheckStackValue(g, p, n, std::to_string(roll % 97 + salt));
+  }
+
+  // Holds both snapshots of every seated player against the rows they copy.
+  void ExpectSnapshots() {
+    for (int p = 1; p <= 8; ++p) {
+      if (!Seated(p)) continue;
+      for (int b = 0; b <= kLastBetId; ++b) {
+        ASSERT_EQ(g.BetAfterRoll(p, b), g.Bet(p, b)) << "after roll, player " << p << " id " << b;
+        ASSERT_EQ(g.BetAtRoll(p, b), expectedAtRoll(p, b))
+            << "at roll, player " << p << " id " << b;
+      }
+    }
+    ++checkedRolls;
+  }
+
+  // Checks the roll just made, then changes a stack now and then.
+  void AfterRoll() {
+    ExpectSnapshots();
+    const long roll = g.RollTally(kTableSession, kEventRolls);
+    if (roll % 5 == 0) {
+      ChangeStack(3);
+      // A bet placed on a CheckStack goes the way a click or a script takes.
+      const int p = static_cast<int>(roll / 5 % 8) + 1;
+      if (Seated(p)) {
+        g.BetRequest = Currency::FromWhole(2);
+        PlaceBet(g, p, bet::kCheckStackFirst + static_cast<int>(roll % 100));
+      }
+    }
+    expectedAtRoll = g.Bet;
+  }
+
+  void Run(int rolls) {
+    expectedAtRoll = g.Bet;
+    g.hyper.RunRollLimit = rolls;
+    RunHyperDrive(g);
+  }
+
+  StackingPlatform platform;
+  std::unique_ptr<Game> owner_;
+  Game& g;
+  BetRows expectedAtRoll{};
+  int checkedRolls = 0;
+};
+
+TEST_F(RollSnapshots, HyperDriveCopiesEveryStackChangedDuringTheRun) {
+  Observe();
+  Run(600);
+  EXPECT_EQ(checkedRolls, 600);
+  g.hyper.RollObserver = nullptr;
+  PumpEveryRoll();
+  Run(600);
+  EXPECT_EQ(checkedRolls, 1200);
+}
+
+// Changes between calls (a dialog, a file, a script's start, a test writing
+// the table) reach the next call's snapshots, in Hyper-Drive and out of it.
+TEST_F(RollSnapshots, ChangesBetweenCallsReachTheNextSnapshots) {
+  Observe();
+  for (int call = 0; call < 6; ++call) {
+    for (int p = 1; p <= 8; ++p)
+      if (Seated(p))
+        g.Bet(p, bet::kCheckStackFirst + call * 9 + p) += Currency::FromWhole(call + 1);
+    g.Bet(1, kLastBetId) = Currency::FromWhole(call);
+    Run(20);
+    expectedAtRoll = g.Bet;
+    g.Bet(2, bet::kCheckStackLast) = Currency::FromWhole(call);
+    expectedAtRoll(2, bet::kCheckStackLast) = Currency::FromWhole(call);
+    ASSERT_TRUE(QueueDice(g, call % 6 + 1, 6 - call % 6));
+    RollDice(g);
+    ExpectSnapshots();
+  }
+  EXPECT_EQ(checkedRolls, 6 * 21);
+}
+
+}  // namespace
