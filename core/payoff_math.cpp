@@ -189,8 +189,7 @@ Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Curre
   return r;
 }
 
-Currency FigureOddsMaximum(const Game& game, int bet, Currency base, Currency payNumber,
-                           Currency payStake) {
+Currency OddsMultipleOf(const Game& game, int bet) {
   int number = 0;
   if (IsComeOdds(bet))
     number = BoxNumber(bet - bet::kComeOddsFirst);
@@ -198,7 +197,12 @@ Currency FigureOddsMaximum(const Game& game, int bet, Currency base, Currency pa
     number = BoxNumber(bet - bet::kDontComeOddsFirst);
   else if (IsLineOdds(bet))
     number = game.Point;
-  const Currency x = OddsMultiple(game, number);
+  return OddsMultiple(game, number);
+}
+
+Currency FigureOddsMaximum(const Game& game, int bet, Currency base, Currency payNumber,
+                           Currency payStake) {
+  const Currency x = OddsMultipleOf(game, bet);
   if (x.IsZero() || base.raw <= 0) return Currency{};
   Currency checks[6];
   for (int i = 1; i <= 5; ++i) checks[i] = game.CheckValue(i);
@@ -245,6 +249,15 @@ void AppendLine(std::string& text, const char* piece, Currency amount) {
 
 enum class Pick { Hi, Lo, Other };
 
+// w x d / d1, truncated, as 128-bit arithmetic gives it: in 64 bits when the
+// product fits (the usual case: the 128-bit division is a library call).
+std::int64_t ScaledByChecks(std::int64_t w, std::int64_t d, std::int64_t d1) {
+  std::int64_t product = 0;
+  if (!__builtin_mul_overflow(w, d, &product) && !(product == INT64_MIN && d1 == -1))
+    return product / d1;
+  return static_cast<std::int64_t>(static_cast<i128>(w) * d / d1);
+}
+
 }  // namespace
 
 Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
@@ -265,8 +278,7 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
     if (mode == 2) {
       for (int i = 5; i >= 2; --i) {
         if (d[i].raw <= 0) continue;
-        const Currency wide = Currency::FromRaw(
-            static_cast<std::int64_t>(static_cast<i128>(w.raw) * d[i].raw / d[1].raw));
+        const Currency wide = Currency::FromRaw(ScaledByChecks(w.raw, d[i].raw, d[1].raw));
         const bool fits =
             a.IsZero() ? b >= wide
                        : WholeQuotient(a, d[i]) && Currency::FromRaw(std::llabs(a.raw)) >= wide;
@@ -371,9 +383,9 @@ void AdjustForProperOdds(Game& game, int player, int bet) {
     return;
   ProperOddsInput in;
   in.bet = bet;
-  in.current = game.Bet(player, bet);
+  in.current = current;
   in.change = s.BetChange;
-  in.unit = ProperOddsUnit(game, bet);
+  in.unit = unit;
   in.maximum = s.BetMaximum;
   in.minimum = s.BetMinimum;
   in.contract = game.BetContract(player, bet);

@@ -21,6 +21,8 @@ struct Game;
 
 // Odds multiple X allowed on box number n (4..10, not 7); 0 for another n.
 Currency OddsMultiple(const Game& game, int number);
+// X of odds bet `bet`: by its number, the point for the line odds; 0 for another bet.
+Currency OddsMultipleOf(const Game& game, int bet);
 // The highest odds bet on a flat bet of `base` under the table's odds method
 // and caps. payNumber/payStake are the odds payoff pair (reversed by the
 // caller for Don't odds). The caller stores it in BetMaximum.

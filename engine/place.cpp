@@ -3,6 +3,7 @@
 #include "engine/place.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "config/settings.h"
@@ -32,7 +33,7 @@ std::string RestoreClause(Currency bet, Currency contract) {
 }
 
 // A notice of the class Actions not allowed: the player's name, then text.
-void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
+[[gnu::cold]] [[gnu::noinline]] void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
   if (!CanNotify(g, kNoticeNotAllowed)) return;
   ShowNotice(g, Cat(g.PlayerName[p], ",\r\r", text), BetTitle(b), help,
              kMsgOk | kMsgHideNotAllowed);
@@ -48,6 +49,20 @@ Currency RoundChange(Currency change, Currency unit, Currency bet) {
   }
   return change < -bet ? -bet : change;
 }
+
+// The bets the contract rules can act on: the line, Come and Don't Come bets
+// on their boxes and numbers, their odds, and Fire. Any other bet is free.
+constexpr bool UnderContract(int b) {
+  return b == bet::kPassLine || b == bet::kDontPass || b == bet::kCome || b == bet::kDontCome ||
+         IsLineOdds(b) || b == bet::kFire || IsComePoint(b) || IsDontComePoint(b) ||
+         IsComeOdds(b) || IsDontComeOdds(b);
+}
+
+constexpr auto kUnderContract = [] {
+  std::array<bool, kLastRealBet + 1> under{};
+  for (int b = 0; b <= kLastRealBet; ++b) under[static_cast<std::size_t>(b)] = UnderContract(b);
+  return under;
+}();
 
 Next ContractRules(Game& g, int p, int b) {
   BettingState& s = g.betting;
@@ -199,10 +214,28 @@ Currency StoredUpFrontVig(const Game& g, int p, int b) {
   return Currency{};
 }
 
-void SetMinimumText(Game& g, int b) {
-  if (g.HyperDrive) return;
+[[gnu::cold]] [[gnu::noinline]] void MinimumText(Game& g, int b) {
   g.betting.LimitText =
       Cat("The minimum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMinimum));
+}
+
+void SetMinimumText(Game& g, int b) {
+  if (!g.HyperDrive) MinimumText(g, b);
+}
+
+[[gnu::cold]] [[gnu::noinline]] void MaximumText(Game& g, int b) {
+  g.betting.LimitText = Cat("The maximum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMaximum));
+}
+
+// The contract bet stays where it was established above a lowered maximum.
+[[gnu::cold]] [[gnu::noinline]] void ContractAboveMaximumNotice(Game& g, int p, int b, Currency C) {
+  RefuseNotice(g, p, b,
+               Cat("The maximum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMaximum),
+                   "\r\rHowever, because the ", BetName(b),
+                   " is a contract bet and you established it at $", PlainAmount(C),
+                   " before you recently lowered the maximum allowed on the Configuration "
+                   "screen, it must remain unchanged until it resolves."),
+               250);
 }
 
 // Shrinks a change that the money can't carry. A player whose bets already
@@ -229,7 +262,7 @@ bool HoldToBankroll(Game& g, int p, int b) {
   return true;
 }
 
-void BankrollNotice(Game& g, int p, int b) {
+[[gnu::cold]] [[gnu::noinline]] void BankrollNotice(Game& g, int p, int b) {
   if (!CanNotify(g, kNoticeLimits)) return;
   const BettingState& s = g.betting;
   std::string text = Cat(g.PlayerName[p], ",\r\r");
@@ -243,14 +276,17 @@ void BankrollNotice(Game& g, int p, int b) {
   ShowNotice(g, text, BetTitle(b), kHelpLimits, kMsgOk | kMsgHideLimits);
 }
 
-void LimitNotice(Game& g, int p, int b) {
+[[gnu::cold]] [[gnu::noinline]] void ShowLimitNotice(Game& g, int p, int b) {
   const BettingState& s = g.betting;
-  if (s.LimitText.empty() || !CanNotify(g, kNoticeLimits)) return;
   std::string text = s.LimitText;
   if (text.find("Unable") == std::string::npos)
     text = Cat(g.PlayerName[p], ",\r\r", s.LimitText, "\r",
                s.BetChange.IsZero() ? "which is already bet." : "which is being bet.");
   ShowNotice(g, text, BetTitle(b), kHelpLimits, kMsgOk | kMsgHideLimits);
+}
+
+void LimitNotice(Game& g, int p, int b) {
+  if (!g.betting.LimitText.empty() && CanNotify(g, kNoticeLimits)) ShowLimitNotice(g, p, b);
 }
 
 // The vig entry of a Buy or Lay bet follows its new total; up front it counts in TotalBets.
@@ -339,7 +375,7 @@ void SetBetChecked(Game& g, int p, int b) {
   const Currency request = std::clamp(g.BetRequest, -kCheckStackLimit, kCheckStackLimit);
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
 
-  switch (ContractRules(g, p, b)) {
+  switch (kUnderContract[static_cast<std::size_t>(b)] ? ContractRules(g, p, b) : Next::Free) {
     case Next::Return:
       return;
     case Next::Apply:
@@ -368,26 +404,22 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
-  FigureBetMaximum(g, p, b);
-  if (T > s.BetMaximum) {
+  // A bet taken down entirely can't pass a maximum (never below 0), and the
+  // proper-odds adjustment leaves a change to 0 as it is, so nothing in this
+  // call reads the maximum: BetMaximum is left unfigured.
+  const bool takenDown = T <= Currency{} && s.BetChange <= -B;
+  if (!takenDown) FigureBetMaximum(g, p, b);
+  if (!takenDown && T > s.BetMaximum) {
     const Currency C = g.BetContract(p, b);
     if ((b == bet::kPassLine || IsComePoint(b)) && C > s.BetMaximum) {
       s.BetChange = C - B;
-      if (CanNotify(g, kNoticeNotAllowed))
-        RefuseNotice(g, p, b,
-                     Cat("The maximum ", BetName(b), " bet is $", FormatMoney(s.BetMaximum),
-                         "\r\rHowever, because the ", BetName(b),
-                         " is a contract bet and you established it at $", PlainAmount(C),
-                         " before you recently lowered the maximum allowed on the Configuration "
-                         "screen, it must remain unchanged until it resolves."),
-                     250);
+      if (CanNotify(g, kNoticeNotAllowed)) ContractAboveMaximumNotice(g, p, b, C);
       Apply(g, p, b);
       return;
     }
     if (s.BetChange > s.BetMaximum - B) {
       s.BetChange = s.BetMaximum - B;
-      if (!g.HyperDrive)
-        s.LimitText = Cat("The maximum ", BetName(b), " bet is $", FormatMoney(s.BetMaximum));
+      if (!g.HyperDrive) MaximumText(g, b);
     }
   }
 
