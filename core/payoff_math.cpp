@@ -225,20 +225,6 @@ void FigureProperUnits(Game& game) {
     game.PayoffTbl(0, b) = ProperUnit(game.PayoffTbl(1, b), game.PayoffTbl(3, b), unit);
 }
 
-Currency ProperOddsUnit(const Game& game, int bet) {
-  const int point = game.Point;
-  int from = bet;
-  if (bet == bet::kPassLine)
-    from = IsBoxNumber(point) ? ComeId(point) : bet::kCome;
-  else if (bet == bet::kDontPass)
-    from = IsBoxNumber(point) ? DontComeId(point) : bet::kDontCome;
-  else if (bet == bet::kPassLineOdds && IsBoxNumber(point))
-    from = ComeId(point) + 6;
-  else if (bet == bet::kDontPassOdds && IsBoxNumber(point))
-    from = DontComeId(point) + 6;
-  return game.PayoffTbl(0, from);
-}
-
 namespace {
 
 void AppendLine(std::string& text, const char* piece, Currency amount) {
@@ -374,13 +360,9 @@ int ProperOddsBias(const Game& game, int player, int bet) {
 void AdjustForProperOdds(Game& game, int player, int bet) {
   if (!IsRealBet(bet) || game.autoplay.AutoAdjustMode(player) <= 0) return;
   BettingState& s = game.betting;
-  // The rule's first answers, without gathering its input: a change that
-  // takes the bet down, no unit to adjust to, or a total already in whole
-  // units stands as asked (most settled bets on the roll path).
+  // The rule's first answers, without gathering its input.
+  if (ProperAsAsked(game, player, bet)) return;
   const Currency current = game.Bet(player, bet), unit = ProperOddsUnit(game, bet);
-  if (s.BetChange <= -current || unit.raw <= 0 || game.CheckValue(1).raw <= 0 ||
-      WholeQuotient(current + s.BetChange, unit))
-    return;
   ProperOddsInput in;
   in.bet = bet;
   in.current = current;

@@ -117,15 +117,15 @@ Currency Remember(RememberedFigure& memo, const Inputs& in, Figure figure) {
   return memo.value;
 }
 
-// The slot of an odds bet among the remembered odds maxima (-1 for another bet).
-constexpr int OddsSlot(int b) {
+// The slot of an odds bet among the remembered odds maxima (-1 for another
+// bet, or for line odds without a point).
+constexpr int OddsSlot(int b, int point) {
   if (IsDontComeOdds(b)) return b - bet::kDontComeOddsFirst;
   if (IsComeOdds(b)) return 6 + b - bet::kComeOddsFirst;
-  if (b == bet::kPassLineOdds) return 12;
-  if (b == bet::kDontPassOdds) return 13;
-  return -1;
+  if (!IsLineOdds(b) || !IsBoxNumber(point)) return -1;
+  return (b == bet::kPassLineOdds ? 12 : 18) + BoxIndex(point);
 }
-static_assert(OddsSlot(bet::kDontPassOdds) == kOddsSlots - 1);
+static_assert(OddsSlot(bet::kDontPassOdds, 10) == kOddsSlots - 1);
 
 // Everything SpecialMaximum reads for an odds bet of seat p: X, the method,
 // the flat bet, the payoff pair, the checks and both caps.
@@ -167,36 +167,38 @@ Inputs FixedInputs(const Game& g, int b) {
   return in;
 }
 
+// FigureBetMaximum for the bets SpecialMaximum has a branch for.
+[[gnu::noinline]] void FigureSpecialMaximum(Game& g, int p, int b) {
+  RememberedMaxima& memo = g.betting.maxima;
+  const int slot = OddsSlot(b, g.Point);
+  Currency m;
+  if (slot >= 0 && p >= 1 && p <= 8)
+    m = Remember(memo.odds(p, slot), OddsInputs(g, p, b), [&] { return SpecialMaximum(g, p, b); });
+  else if (slot < 0 && !IsLineOdds(b) && b >= 0 && b < static_cast<int>(memo.fixed.size()))
+    m = Remember(memo.fixed[static_cast<std::size_t>(b)], FixedInputs(g, b),
+                 [&] { return SpecialMaximum(g, p, b); });
+  else
+    m = SpecialMaximum(g, p, b);
+  g.betting.BetMaximum = m;
+}
+
 }  // namespace
 
 // The maxima are the same for every call with the same inputs (the rules,
 // payoffs, checks and, for the odds, the flat bet), so each is remembered
 // with its inputs and figured again only when one of them changed.
 void FigureBetMaximum(Game& g, int p, int b) {
-  RememberedMaxima& memo = g.betting.maxima;
   // Most bets end at the table maximum: they skip the search of the rest.
-  if (b >= 0 && b <= kLastBetId && kOnlyTableMaximum[static_cast<std::size_t>(b)]) {
-    RememberedFigure& t = memo.table;
-    const Currency placard = g.rules.MaxPlacardBet, unit = g.CheckValue(1);
-    if (!t.valid || t.key[0] != placard.raw || t.key[1] != unit.raw) {
-      t.key[0] = placard.raw;
-      t.key[1] = unit.raw;
-      t.value = TableMaximum(g, unit);
-      t.valid = true;
-    }
-    const Currency tableMax = t.value;
-    // As in SpecialMaximum: a negative maximum is 0, a multiple of any unit.
-    g.betting.BetMaximum = tableMax < Currency{} ? Currency{} : tableMax;
-    return;
+  if (b < 0 || b > kLastBetId || !kOnlyTableMaximum[static_cast<std::size_t>(b)])
+    return FigureSpecialMaximum(g, p, b);
+  RememberedFigure& t = g.betting.maxima.table;
+  const Currency placard = g.rules.MaxPlacardBet, unit = g.CheckValue(1);
+  if (!t.valid || t.key[0] != placard.raw || t.key[1] != unit.raw) {
+    t.key[0] = placard.raw;
+    t.key[1] = unit.raw;
+    t.value = TableMaximum(g, unit);
+    t.valid = true;
   }
-  const int slot = OddsSlot(b);
-  Currency m;
-  if (slot >= 0 && p >= 1 && p <= 8)
-    m = Remember(memo.odds(p, slot), OddsInputs(g, p, b), [&] { return SpecialMaximum(g, p, b); });
-  else if (slot < 0 && b >= 0 && b < static_cast<int>(memo.fixed.size()))
-    m = Remember(memo.fixed[static_cast<std::size_t>(b)], FixedInputs(g, b),
-                 [&] { return SpecialMaximum(g, p, b); });
-  else
-    m = SpecialMaximum(g, p, b);
-  g.betting.BetMaximum = m;
+  // As in SpecialMaximum: a negative maximum is 0, a multiple of any unit.
+  g.betting.BetMaximum = t.value < Currency{} ? Currency{} : t.value;
 }

@@ -53,8 +53,9 @@ struct RememberedFigure {
   bool valid = false;
 };
 // The odds bets each with a slot of their own: Don't Come odds, Come odds,
-// then the line odds.
-constexpr int kOddsSlots = 14;
+// then the Pass Line and Don't Pass odds once for each point (their X and
+// payoffs follow the point).
+constexpr int kOddsSlots = 24;
 struct RememberedMaxima {
   RememberedFigure table;                             // the table maximum
   std::array<RememberedFigure, 86> fixed;             // by bet id, bets not hanging on a flat bet

@@ -242,9 +242,8 @@ void SetMinimumText(Game& g, int b) {
 // stand above the bankroll (they lost and stay up) sees even a bet that is
 // merely looked at again come down to what the money covers, never below 0.
 // Returns true when it shrank the change.
-bool HoldToBankroll(Game& g, int p, int b) {
+[[gnu::noinline]] bool ShrinkToBankroll(Game& g, int p, int b) {
   BettingState& s = g.betting;
-  if (s.AllowNegBankroll(p)) return false;
   const Currency B = g.Bet(p, b), bank = g.Bet(p, 0), unit = g.CheckValue(1);
   const Currency oldVig = StoredUpFrontVig(g, p, b);
   auto need = [&] {
@@ -260,6 +259,11 @@ bool HoldToBankroll(Game& g, int p, int b) {
     if (s.BetChange < lowest) s.BetChange = lowest;
   }
   return true;
+}
+
+// A player allowed a negative bankroll is never held (the usual Auto-Play case).
+bool HoldToBankroll(Game& g, int p, int b) {
+  return !g.betting.AllowNegBankroll(p) && ShrinkToBankroll(g, p, b);
 }
 
 [[gnu::cold]] [[gnu::noinline]] void BankrollNotice(Game& g, int p, int b) {
@@ -337,7 +341,7 @@ void ChangeCheckStack(Game& g, int p, int b) {
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::OpenViews);
 }
 
-void Apply(Game& g, int p, int b) {
+[[gnu::always_inline]] inline void Apply(Game& g, int p, int b) {
   BettingState& s = g.betting;
   g.Bet(p, b) += s.BetChange;
   g.TotalBets(p) += s.BetChange;
@@ -423,14 +427,15 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
+  // The proper-odds adjustment is called only when it has something to do.
   const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
   const std::string pending = g.HyperDrive ? std::string() : s.LimitText;
-  if (adjust) AdjustForProperOdds(g, p, b);
+  if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
 
   if (HoldToBankroll(g, p, b)) {
     s.BetMaximum = B + s.BetChange;
     if (!g.HyperDrive) s.LimitText = pending;
-    if (adjust) AdjustForProperOdds(g, p, b);
+    if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
     const Currency total = B + s.BetChange;
     if (total > Currency{} && total < s.BetMinimum) {
       SetMinimumText(g, b);
