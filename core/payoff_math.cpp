@@ -104,22 +104,6 @@ bool IsDontLike(int bet) { return bet == bet::kDontPass || IsDontComePoint(bet);
 
 }  // namespace
 
-Currency OddsMultiple(const Game& game, int number) {
-  switch (number) {
-    case 4:
-    case 10:
-      return game.rules.OddsAllowed410;
-    case 5:
-    case 9:
-      return game.rules.OddsAllowed59;
-    case 6:
-    case 8:
-      return game.rules.OddsAllowed68;
-    default:
-      return Currency{};
-  }
-}
-
 Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Currency s,
                         const Currency (&d)[6], Currency maxOddsBet) {
   const Currency unit = d[1];
@@ -189,17 +173,6 @@ Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Curre
   return r;
 }
 
-Currency OddsMultipleOf(const Game& game, int bet) {
-  int number = 0;
-  if (IsComeOdds(bet))
-    number = BoxNumber(bet - bet::kComeOddsFirst);
-  else if (IsDontComeOdds(bet))
-    number = BoxNumber(bet - bet::kDontComeOddsFirst);
-  else if (IsLineOdds(bet))
-    number = game.Point;
-  return OddsMultiple(game, number);
-}
-
 Currency FigureOddsMaximum(const Game& game, int bet, Currency base, Currency payNumber,
                            Currency payStake) {
   const Currency x = OddsMultipleOf(game, bet);
@@ -264,10 +237,12 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
     if (mode == 2) {
       for (int i = 5; i >= 2; --i) {
         if (d[i].raw <= 0) continue;
+        // A change that is no multiple of check i can't take its unit; one
+        // below the check (but not 0) is none, without a division.
+        const Currency size = Currency::FromRaw(std::llabs(a.raw));
+        if (!a.IsZero() && (size < d[i] || !WholeQuotient(a, d[i]))) continue;
         const Currency wide = Currency::FromRaw(ScaledByChecks(w.raw, d[i].raw, d[1].raw));
-        const bool fits =
-            a.IsZero() ? b >= wide
-                       : WholeQuotient(a, d[i]) && Currency::FromRaw(std::llabs(a.raw)) >= wide;
+        const bool fits = a.IsZero() ? b >= wide : size >= wide;
         if (fits) {
           w = wide;
           break;

@@ -20,9 +20,32 @@
 #include "core/game.h"
 
 // Odds multiple X allowed on box number n (4..10, not 7); 0 for another n.
-Currency OddsMultiple(const Game& game, int number);
+inline Currency OddsMultiple(const Game& game, int number) {
+  switch (number) {
+    case 4:
+    case 10:
+      return game.rules.OddsAllowed410;
+    case 5:
+    case 9:
+      return game.rules.OddsAllowed59;
+    case 6:
+    case 8:
+      return game.rules.OddsAllowed68;
+    default:
+      return Currency{};
+  }
+}
 // X of odds bet `bet`: by its number, the point for the line odds; 0 for another bet.
-Currency OddsMultipleOf(const Game& game, int bet);
+inline Currency OddsMultipleOf(const Game& game, int bet) {
+  int number = 0;
+  if (IsComeOdds(bet))
+    number = BoxNumber(bet - bet::kComeOddsFirst);
+  else if (IsDontComeOdds(bet))
+    number = BoxNumber(bet - bet::kDontComeOddsFirst);
+  else if (IsLineOdds(bet))
+    number = game.Point;
+  return OddsMultiple(game, number);
+}
 // The highest odds bet on a flat bet of `base` under the table's odds method
 // and caps. payNumber/payStake are the odds payoff pair (reversed by the
 // caller for Don't odds). The caller stores it in BetMaximum.

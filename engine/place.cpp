@@ -42,6 +42,9 @@ std::string RestoreClause(Currency bet, Currency contract) {
 // Amounts are stepped in CheckValue(1): a positive change up to the next
 // multiple, a negative one down to the next, never below minus the bet.
 Currency RoundChange(Currency change, Currency unit, Currency bet) {
+  // A change of no more than minus the bet is rounded only further down, so
+  // it ends at -bet without a division (every take-down).
+  if (change.raw <= 0 && change <= -bet) return -bet;
   if (unit.raw > 0 && change.raw != 0) {  // no change is a multiple of any unit
     std::int64_t q = change.raw / unit.raw, r = change.raw % unit.raw;
     if (r < 0) --q;
