@@ -48,9 +48,10 @@ constexpr std::int32_t kToolCallOn = 91;
 struct RememberedFigure {
   static constexpr int kKeys = 13;  // the most inputs of one figure (World's)
   using Key = std::array<std::int64_t, kKeys>;
-  Key key{};
-  Currency value;
+  // The flag and value first: a figure of a few inputs is read in one cache line.
   bool valid = false;
+  Currency value;
+  Key key{};
 };
 // The odds bets each with a slot of their own: Don't Come odds, Come odds,
 // then the Pass Line and Don't Pass odds once for each point (their X and
