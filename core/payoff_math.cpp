@@ -104,22 +104,6 @@ bool IsDontLike(int bet) { return bet == bet::kDontPass || IsDontComePoint(bet);
 
 }  // namespace
 
-Currency OddsMultiple(const Game& game, int number) {
-  switch (number) {
-    case 4:
-    case 10:
-      return game.rules.OddsAllowed410;
-    case 5:
-    case 9:
-      return game.rules.OddsAllowed59;
-    case 6:
-    case 8:
-      return game.rules.OddsAllowed68;
-    default:
-      return Currency{};
-  }
-}
-
 Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Currency s,
                         const Currency (&d)[6], Currency maxOddsBet) {
   const Currency unit = d[1];
@@ -191,14 +175,7 @@ Currency OddsMaximumFor(Currency x, int method, Currency base, Currency p, Curre
 
 Currency FigureOddsMaximum(const Game& game, int bet, Currency base, Currency payNumber,
                            Currency payStake) {
-  int number = 0;
-  if (IsComeOdds(bet))
-    number = BoxNumber(bet - bet::kComeOddsFirst);
-  else if (IsDontComeOdds(bet))
-    number = BoxNumber(bet - bet::kDontComeOddsFirst);
-  else if (IsLineOdds(bet))
-    number = game.Point;
-  const Currency x = OddsMultiple(game, number);
+  const Currency x = OddsMultipleOf(game, bet);
   if (x.IsZero() || base.raw <= 0) return Currency{};
   Currency checks[6];
   for (int i = 1; i <= 5; ++i) checks[i] = game.CheckValue(i);
@@ -221,20 +198,6 @@ void FigureProperUnits(Game& game) {
     game.PayoffTbl(0, b) = ProperUnit(game.PayoffTbl(1, b), game.PayoffTbl(3, b), unit);
 }
 
-Currency ProperOddsUnit(const Game& game, int bet) {
-  const int point = game.Point;
-  int from = bet;
-  if (bet == bet::kPassLine)
-    from = IsBoxNumber(point) ? ComeId(point) : bet::kCome;
-  else if (bet == bet::kDontPass)
-    from = IsBoxNumber(point) ? DontComeId(point) : bet::kDontCome;
-  else if (bet == bet::kPassLineOdds && IsBoxNumber(point))
-    from = ComeId(point) + 6;
-  else if (bet == bet::kDontPassOdds && IsBoxNumber(point))
-    from = DontComeId(point) + 6;
-  return game.PayoffTbl(0, from);
-}
-
 namespace {
 
 void AppendLine(std::string& text, const char* piece, Currency amount) {
@@ -244,6 +207,15 @@ void AppendLine(std::string& text, const char* piece, Currency amount) {
 }
 
 enum class Pick { Hi, Lo, Other };
+
+// w x d / d1, truncated, as 128-bit arithmetic gives it: in 64 bits when the
+// product fits (the usual case: the 128-bit division is a library call).
+std::int64_t ScaledByChecks(std::int64_t w, std::int64_t d, std::int64_t d1) {
+  std::int64_t product = 0;
+  if (!__builtin_mul_overflow(w, d, &product) && !(product == INT64_MIN && d1 == -1))
+    return product / d1;
+  return static_cast<std::int64_t>(static_cast<i128>(w) * d / d1);
+}
 
 }  // namespace
 
@@ -265,11 +237,12 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
     if (mode == 2) {
       for (int i = 5; i >= 2; --i) {
         if (d[i].raw <= 0) continue;
-        const Currency wide = Currency::FromRaw(
-            static_cast<std::int64_t>(static_cast<i128>(w.raw) * d[i].raw / d[1].raw));
-        const bool fits =
-            a.IsZero() ? b >= wide
-                       : WholeQuotient(a, d[i]) && Currency::FromRaw(std::llabs(a.raw)) >= wide;
+        // A change that is no multiple of check i can't take its unit; one
+        // below the check (but not 0) is none, without a division.
+        const Currency size = Currency::FromRaw(std::llabs(a.raw));
+        if (!a.IsZero() && (size < d[i] || !WholeQuotient(a, d[i]))) continue;
+        const Currency wide = Currency::FromRaw(ScaledByChecks(w.raw, d[i].raw, d[1].raw));
+        const bool fits = a.IsZero() ? b >= wide : size >= wide;
         if (fits) {
           w = wide;
           break;
@@ -362,18 +335,14 @@ int ProperOddsBias(const Game& game, int player, int bet) {
 void AdjustForProperOdds(Game& game, int player, int bet) {
   if (!IsRealBet(bet) || game.autoplay.AutoAdjustMode(player) <= 0) return;
   BettingState& s = game.betting;
-  // The rule's first answers, without gathering its input: a change that
-  // takes the bet down, no unit to adjust to, or a total already in whole
-  // units stands as asked (most settled bets on the roll path).
+  // The rule's first answers, without gathering its input.
+  if (ProperAsAsked(game, player, bet)) return;
   const Currency current = game.Bet(player, bet), unit = ProperOddsUnit(game, bet);
-  if (s.BetChange <= -current || unit.raw <= 0 || game.CheckValue(1).raw <= 0 ||
-      WholeQuotient(current + s.BetChange, unit))
-    return;
   ProperOddsInput in;
   in.bet = bet;
-  in.current = game.Bet(player, bet);
+  in.current = current;
   in.change = s.BetChange;
-  in.unit = ProperOddsUnit(game, bet);
+  in.unit = unit;
   in.maximum = s.BetMaximum;
   in.minimum = s.BetMinimum;
   in.contract = game.BetContract(player, bet);

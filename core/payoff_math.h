@@ -15,12 +15,37 @@
 
 #include <string>
 
+#include "core/catalogue.h"
 #include "core/currency.h"
-
-struct Game;
+#include "core/game.h"
 
 // Odds multiple X allowed on box number n (4..10, not 7); 0 for another n.
-Currency OddsMultiple(const Game& game, int number);
+inline Currency OddsMultiple(const Game& game, int number) {
+  switch (number) {
+    case 4:
+    case 10:
+      return game.rules.OddsAllowed410;
+    case 5:
+    case 9:
+      return game.rules.OddsAllowed59;
+    case 6:
+    case 8:
+      return game.rules.OddsAllowed68;
+    default:
+      return Currency{};
+  }
+}
+// X of odds bet `bet`: by its number, the point for the line odds; 0 for another bet.
+inline Currency OddsMultipleOf(const Game& game, int bet) {
+  int number = 0;
+  if (IsComeOdds(bet))
+    number = BoxNumber(bet - bet::kComeOddsFirst);
+  else if (IsDontComeOdds(bet))
+    number = BoxNumber(bet - bet::kDontComeOddsFirst);
+  else if (IsLineOdds(bet))
+    number = game.Point;
+  return OddsMultiple(game, number);
+}
 // The highest odds bet on a flat bet of `base` under the table's odds method
 // and caps. payNumber/payStake are the odds payoff pair (reversed by the
 // caller for Don't odds). The caller stores it in BetMaximum.
@@ -53,7 +78,28 @@ struct ProperOddsInput {
 Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text);
 // The unit the adjustment uses for a bet: Pass Line and Don't Pass take their
 // Come or Don't Come unit, the line odds those of the odds on the point.
-Currency ProperOddsUnit(const Game& game, int bet);
+inline Currency ProperOddsUnit(const Game& game, int bet) {
+  const int point = game.Point;
+  int from = bet;
+  if (bet == bet::kPassLine)
+    from = IsBoxNumber(point) ? ComeId(point) : bet::kCome;
+  else if (bet == bet::kDontPass)
+    from = IsBoxNumber(point) ? DontComeId(point) : bet::kDontCome;
+  else if (bet == bet::kPassLineOdds && IsBoxNumber(point))
+    from = ComeId(point) + 6;
+  else if (bet == bet::kDontPassOdds && IsBoxNumber(point))
+    from = DontComeId(point) + 6;
+  return game.PayoffTbl(0, from);
+}
+// True when AdjustForProperOdds leaves BetChange as it stands: a change that
+// takes the bet down, no unit to adjust to, or a total already in whole units
+// (most changes on the roll path). Inline so the gate asks it without a call.
+inline bool ProperAsAsked(const Game& game, int player, int bet) {
+  const Currency current = game.Bet(player, bet), change = game.betting.BetChange;
+  if (change <= -current) return true;
+  const Currency unit = ProperOddsUnit(game, bet);
+  return unit.raw <= 0 || game.CheckValue(1).raw <= 0 || (current + change).raw % unit.raw == 0;
+}
 // The bias list that governs a bet (0 for bets without one).
 int ProperOddsBias(const Game& game, int player, int bet);
 // Changes BetChange during SetBetChecked for a player with AutoAdjustMode

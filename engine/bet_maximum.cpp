@@ -34,12 +34,15 @@ Currency DontOddsMaximum(const Game& g, int b, Currency base) {
 }
 
 // The bets whose maximum is the table maximum alone: every id that none of
-// the branches of FigureSpecialMaximum takes.
+// the branches of SpecialMaximum takes.
 constexpr bool OnlyTableMaximum(int b) {
   return !(b == bet::kPassLineOdds || IsComeOdds(b) || b == bet::kDontPassOdds ||
            IsDontComeOdds(b) || IsLay(b) || b == bet::kCandE || b == bet::kHorn ||
            b == bet::kWorld || (b >= bet::kHard4 && b <= bet::kHopLast) || b == bet::kFire);
 }
+
+constexpr int kHornBets[] = {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve};
+constexpr int kWorldBets[] = {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve, bet::kSeven};
 
 constexpr auto kOnlyTableMaximum = [] {
   std::array<bool, kLastBetId + 1> only{};
@@ -52,8 +55,8 @@ Currency TableMaximum(const Game& g, Currency unit) {
   return unit.raw > 0 ? RoundDownToMultiple(g.rules.MaxPlacardBet, unit) : g.rules.MaxPlacardBet;
 }
 
-// FigureBetMaximum for the odds, Lay bets, propositions and Fire.
-void FigureSpecialMaximum(Game& g, int p, int b) {
+// The maximum of the odds, Lay bets, propositions and Fire, figured in full.
+Currency SpecialMaximum(const Game& g, int p, int b) {
   const Currency unit = g.CheckValue(1);
   const Currency tableMax = TableMaximum(g, unit);
   Currency m = tableMax;
@@ -73,12 +76,11 @@ void FigureSpecialMaximum(Game& g, int p, int b) {
     m = PayoffBound(g, r / 2 - 0.5, tableMax);
   } else if (b == bet::kHorn) {
     double r = 0.0;
-    for (int x : {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve}) r = std::max(r, Ratio(g, x));
+    for (int x : kHornBets) r = std::max(r, Ratio(g, x));
     m = PayoffBound(g, r / 4 - 0.75, tableMax);
   } else if (b == bet::kWorld) {
     double r = 0.0;
-    for (int x : {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve, bet::kSeven})
-      r = std::max(r, Ratio(g, x));
+    for (int x : kWorldBets) r = std::max(r, Ratio(g, x));
     m = PayoffBound(g, r / 5 - 0.8, tableMax);
   } else if (b >= bet::kHard4 && b <= bet::kHopLast) {
     m = PayoffBound(g, Ratio(g, b), tableMax);
@@ -87,18 +89,116 @@ void FigureSpecialMaximum(Game& g, int p, int b) {
   }
   if (m < Currency{}) m = Currency{};
   // The table maximum is a multiple of the unit already (most bets end here).
-  g.betting.BetMaximum = unit.raw > 0 && m != tableMax ? RoundDownToMultiple(m, unit) : m;
+  return unit.raw > 0 && m != tableMax ? RoundDownToMultiple(m, unit) : m;
+}
+
+// The inputs of one figure, in a fixed order per kind of bet. A slot always
+// holds figures of one kind, so only the first n keys are ever compared.
+struct Inputs {
+  RememberedFigure::Key key;
+  int n = 0;
+  void Add(Currency c) { key[static_cast<std::size_t>(n++)] = c.raw; }
+  void AddPayoff(const Game& g, int b) {
+    Add(g.PayoffTbl(1, b));
+    Add(g.PayoffTbl(3, b));
+  }
+};
+
+// The figure remembered under `in`, or figure() remembered under it now.
+template <class Figure>
+Currency Remember(RememberedFigure& memo, const Inputs& in, Figure figure) {
+  bool same = memo.valid;
+  for (std::size_t i = 0; same && i < static_cast<std::size_t>(in.n); ++i)
+    same = memo.key[i] == in.key[i];
+  if (same) return memo.value;
+  memo.value = figure();
+  for (std::size_t i = 0; i < static_cast<std::size_t>(in.n); ++i) memo.key[i] = in.key[i];
+  memo.valid = true;
+  return memo.value;
+}
+
+// The slot of an odds bet among the remembered odds maxima (-1 for another
+// bet, or for line odds without a point).
+constexpr int OddsSlot(int b, int point) {
+  if (IsDontComeOdds(b)) return b - bet::kDontComeOddsFirst;
+  if (IsComeOdds(b)) return 6 + b - bet::kComeOddsFirst;
+  if (!IsLineOdds(b) || !IsBoxNumber(point)) return -1;
+  return (b == bet::kPassLineOdds ? 12 : 18) + BoxIndex(point);
+}
+static_assert(OddsSlot(bet::kDontPassOdds, 10) == kOddsSlots - 1);
+
+// Everything SpecialMaximum reads for an odds bet of seat p: X, the method,
+// the flat bet, the payoff pair, the checks and both caps.
+Inputs OddsInputs(const Game& g, int p, int b) {
+  Inputs in;
+  in.Add(OddsMultipleOf(g, b));
+  in.Add(Currency::FromRaw(g.rules.OddsCalcMethod));
+  in.Add(g.Bet(p, FlatOf(b)));
+  in.AddPayoff(g, b);
+  for (int i = 1; i <= 5; ++i) in.Add(g.CheckValue(i));
+  in.Add(g.rules.MaxOddsBet);
+  in.Add(g.rules.MaxPlacardBet);
+  return in;
+}
+
+// Everything SpecialMaximum reads for a bet whose maximum hangs on no other
+// bet: the table maximum and unit, and the payoffs and caps of its kind.
+Inputs FixedInputs(const Game& g, int b) {
+  Inputs in;
+  in.Add(g.rules.MaxPlacardBet);
+  in.Add(g.CheckValue(1));
+  if (IsLay(b)) {
+    in.AddPayoff(g, b);
+  } else if (b == bet::kFire) {
+    in.Add(g.rules.MaxFireBet);
+  } else {
+    in.Add(g.rules.MaxPropBetPayoff);
+    if (b == bet::kCandE) {
+      in.AddPayoff(g, bet::kCraps);
+      in.AddPayoff(g, bet::kEleven);
+    } else if (b == bet::kHorn) {
+      for (int x : kHornBets) in.AddPayoff(g, x);
+    } else if (b == bet::kWorld) {
+      for (int x : kWorldBets) in.AddPayoff(g, x);
+    } else {
+      in.AddPayoff(g, b);
+    }
+  }
+  return in;
+}
+
+// FigureBetMaximum for the bets SpecialMaximum has a branch for.
+[[gnu::noinline]] void FigureSpecialMaximum(Game& g, int p, int b) {
+  RememberedMaxima& memo = g.betting.maxima;
+  const int slot = OddsSlot(b, g.Point);
+  Currency m;
+  if (slot >= 0 && p >= 1 && p <= 8)
+    m = Remember(memo.odds(p, slot), OddsInputs(g, p, b), [&] { return SpecialMaximum(g, p, b); });
+  else if (slot < 0 && !IsLineOdds(b) && b >= 0 && b < static_cast<int>(memo.fixed.size()))
+    m = Remember(memo.fixed[static_cast<std::size_t>(b)], FixedInputs(g, b),
+                 [&] { return SpecialMaximum(g, p, b); });
+  else
+    m = SpecialMaximum(g, p, b);
+  g.betting.BetMaximum = m;
 }
 
 }  // namespace
 
+// The maxima are the same for every call with the same inputs (the rules,
+// payoffs, checks and, for the odds, the flat bet), so each is remembered
+// with its inputs and figured again only when one of them changed.
 void FigureBetMaximum(Game& g, int p, int b) {
   // Most bets end at the table maximum: they skip the search of the rest.
-  if (b >= 0 && b <= kLastBetId && kOnlyTableMaximum[static_cast<std::size_t>(b)]) {
-    const Currency tableMax = TableMaximum(g, g.CheckValue(1));
-    // As in FigureSpecialMaximum: a negative maximum is 0, a multiple of any unit.
-    g.betting.BetMaximum = tableMax < Currency{} ? Currency{} : tableMax;
-    return;
+  if (b < 0 || b > kLastBetId || !kOnlyTableMaximum[static_cast<std::size_t>(b)])
+    return FigureSpecialMaximum(g, p, b);
+  RememberedFigure& t = g.betting.maxima.table;
+  const Currency placard = g.rules.MaxPlacardBet, unit = g.CheckValue(1);
+  if (!t.valid || t.key[0] != placard.raw || t.key[1] != unit.raw) {
+    t.key[0] = placard.raw;
+    t.key[1] = unit.raw;
+    t.value = TableMaximum(g, unit);
+    t.valid = true;
   }
-  FigureSpecialMaximum(g, p, b);
+  // As in SpecialMaximum: a negative maximum is 0, a multiple of any unit.
+  g.betting.BetMaximum = t.value < Currency{} ? Currency{} : t.value;
 }

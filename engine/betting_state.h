@@ -10,6 +10,7 @@
 // - CheckStackSlot holds ids 100..199 only; four different ones per player.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -39,6 +40,30 @@ constexpr std::int32_t kToolBuy = 89;
 constexpr std::int32_t kToolCallOff = 90;
 constexpr std::int32_t kToolCallOn = 91;
 
+// A maximum remembered together with every input it was figured from. It is
+// used again only while each of those inputs is unchanged, so it can never
+// go stale: nothing that writes the rules, the payoffs or the checks needs to
+// know of it. Remembered figures are not part of the game's state, so two
+// games are equal whatever they remember.
+struct RememberedFigure {
+  static constexpr int kKeys = 13;  // the most inputs of one figure (World's)
+  using Key = std::array<std::int64_t, kKeys>;
+  // The flag and value first: a figure of a few inputs is read in one cache line.
+  bool valid = false;
+  Currency value;
+  Key key{};
+};
+// The odds bets each with a slot of their own: Don't Come odds, Come odds,
+// then the Pass Line and Don't Pass odds once for each point (their X and
+// payoffs follow the point).
+constexpr int kOddsSlots = 24;
+struct RememberedMaxima {
+  RememberedFigure table;                             // the table maximum
+  std::array<RememberedFigure, 86> fixed;             // by bet id, bets not hanging on a flat bet
+  Table2<RememberedFigure, 1, 8, 0, kOddsSlots - 1> odds;  // by seat and odds slot
+  friend bool operator==(const RememberedMaxima&, const RememberedMaxima&) { return true; }
+};
+
 struct BettingState {
   // One call of SetBetChecked.
   Currency BetChange;      // the change really applied by the last call
@@ -46,6 +71,7 @@ struct BettingState {
   Currency BetMaximum;     // highest total of the bet at hand
   std::string LimitText;   // the pending limit message of the call
   bool MovingBet = false;  // MoveBet places a bet on its number: Come rules skipped
+  RememberedMaxima maxima;  // FigureBetMaximum's figures, each with its inputs
 
   // Money.
   Table1<bool, 0, 8> AllowNegBankroll{};  // no bankroll check for this player

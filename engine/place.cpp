@@ -3,6 +3,7 @@
 #include "engine/place.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "config/settings.h"
@@ -33,7 +34,7 @@ std::string RestoreClause(Currency bet, Currency contract) {
 }
 
 // A notice of the class Actions not allowed: the player's name, then text.
-void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
+[[gnu::cold]] [[gnu::noinline]] void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
   if (!CanNotify(g, kNoticeNotAllowed)) return;
   ShowNotice(g, Cat(g.PlayerName[p], ",\r\r", text), BetTitle(b), help,
              kMsgOk | kMsgHideNotAllowed);
@@ -42,6 +43,9 @@ void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
 // Amounts are stepped in CheckValue(1): a positive change up to the next
 // multiple, a negative one down to the next, never below minus the bet.
 Currency RoundChange(Currency change, Currency unit, Currency bet) {
+  // A change of no more than minus the bet is rounded only further down, so
+  // it ends at -bet without a division (every take-down).
+  if (change.raw <= 0 && change <= -bet) return -bet;
   if (unit.raw > 0 && change.raw != 0) {  // no change is a multiple of any unit
     std::int64_t q = change.raw / unit.raw, r = change.raw % unit.raw;
     if (r < 0) --q;
@@ -49,6 +53,20 @@ Currency RoundChange(Currency change, Currency unit, Currency bet) {
   }
   return change < -bet ? -bet : change;
 }
+
+// The bets the contract rules can act on: the line, Come and Don't Come bets
+// on their boxes and numbers, their odds, and Fire. Any other bet is free.
+constexpr bool UnderContract(int b) {
+  return b == bet::kPassLine || b == bet::kDontPass || b == bet::kCome || b == bet::kDontCome ||
+         IsLineOdds(b) || b == bet::kFire || IsComePoint(b) || IsDontComePoint(b) ||
+         IsComeOdds(b) || IsDontComeOdds(b);
+}
+
+constexpr auto kUnderContract = [] {
+  std::array<bool, kLastRealBet + 1> under{};
+  for (int b = 0; b <= kLastRealBet; ++b) under[static_cast<std::size_t>(b)] = UnderContract(b);
+  return under;
+}();
 
 Next ContractRules(Game& g, int p, int b) {
   BettingState& s = g.betting;
@@ -200,19 +218,36 @@ Currency StoredUpFrontVig(const Game& g, int p, int b) {
   return Currency{};
 }
 
-void SetMinimumText(Game& g, int b) {
-  if (g.HyperDrive) return;
+[[gnu::cold]] [[gnu::noinline]] void MinimumText(Game& g, int b) {
   g.betting.LimitText =
       Cat("The minimum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMinimum));
+}
+
+void SetMinimumText(Game& g, int b) {
+  if (!g.HyperDrive) MinimumText(g, b);
+}
+
+[[gnu::cold]] [[gnu::noinline]] void MaximumText(Game& g, int b) {
+  g.betting.LimitText = Cat("The maximum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMaximum));
+}
+
+// The contract bet stays where it was established above a lowered maximum.
+[[gnu::cold]] [[gnu::noinline]] void ContractAboveMaximumNotice(Game& g, int p, int b, Currency C) {
+  RefuseNotice(g, p, b,
+               Cat("The maximum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMaximum),
+                   "\r\rHowever, because the ", BetName(b),
+                   " is a contract bet and you established it at $", PlainAmount(C),
+                   " before you recently lowered the maximum allowed on the Configuration "
+                   "screen, it must remain unchanged until it resolves."),
+               250);
 }
 
 // Shrinks a change that the money can't carry. A player whose bets already
 // stand above the bankroll (they lost and stay up) sees even a bet that is
 // merely looked at again come down to what the money covers, never below 0.
 // Returns true when it shrank the change.
-bool HoldToBankroll(Game& g, int p, int b) {
+[[gnu::noinline]] bool ShrinkToBankroll(Game& g, int p, int b) {
   BettingState& s = g.betting;
-  if (s.AllowNegBankroll(p)) return false;
   const Currency B = g.Bet(p, b), bank = g.Bet(p, 0), unit = g.CheckValue(1);
   const Currency oldVig = StoredUpFrontVig(g, p, b);
   auto need = [&] {
@@ -230,7 +265,12 @@ bool HoldToBankroll(Game& g, int p, int b) {
   return true;
 }
 
-void BankrollNotice(Game& g, int p, int b) {
+// A player allowed a negative bankroll is never held (the usual Auto-Play case).
+bool HoldToBankroll(Game& g, int p, int b) {
+  return !g.betting.AllowNegBankroll(p) && ShrinkToBankroll(g, p, b);
+}
+
+[[gnu::cold]] [[gnu::noinline]] void BankrollNotice(Game& g, int p, int b) {
   if (!CanNotify(g, kNoticeLimits)) return;
   const BettingState& s = g.betting;
   std::string text = Cat(g.PlayerName[p], ",\r\r");
@@ -244,14 +284,17 @@ void BankrollNotice(Game& g, int p, int b) {
   ShowNotice(g, text, BetTitle(b), kHelpLimits, kMsgOk | kMsgHideLimits);
 }
 
-void LimitNotice(Game& g, int p, int b) {
+[[gnu::cold]] [[gnu::noinline]] void ShowLimitNotice(Game& g, int p, int b) {
   const BettingState& s = g.betting;
-  if (s.LimitText.empty() || !CanNotify(g, kNoticeLimits)) return;
   std::string text = s.LimitText;
   if (text.find("Unable") == std::string::npos)
     text = Cat(g.PlayerName[p], ",\r\r", s.LimitText, "\r",
                s.BetChange.IsZero() ? "which is already bet." : "which is being bet.");
   ShowNotice(g, text, BetTitle(b), kHelpLimits, kMsgOk | kMsgHideLimits);
+}
+
+void LimitNotice(Game& g, int p, int b) {
+  if (!g.betting.LimitText.empty() && CanNotify(g, kNoticeLimits)) ShowLimitNotice(g, p, b);
 }
 
 // The vig entry of a Buy or Lay bet follows its new total; up front it counts in TotalBets.
@@ -303,7 +346,7 @@ void ChangeCheckStack(Game& g, int p, int b) {
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::OpenViews);
 }
 
-void Apply(Game& g, int p, int b) {
+[[gnu::always_inline]] inline void Apply(Game& g, int p, int b) {
   BettingState& s = g.betting;
   g.Bet(p, b) += s.BetChange;
   g.TotalBets(p) += s.BetChange;
@@ -341,7 +384,7 @@ void SetBetChecked(Game& g, int p, int b) {
   const Currency request = std::clamp(g.BetRequest, -kCheckStackLimit, kCheckStackLimit);
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
 
-  switch (ContractRules(g, p, b)) {
+  switch (kUnderContract[static_cast<std::size_t>(b)] ? ContractRules(g, p, b) : Next::Free) {
     case Next::Return:
       return;
     case Next::Apply:
@@ -370,37 +413,34 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
-  FigureBetMaximum(g, p, b);
-  if (T > s.BetMaximum) {
+  // A bet taken down entirely can't pass a maximum (never below 0), and the
+  // proper-odds adjustment leaves a change to 0 as it is, so nothing in this
+  // call reads the maximum: BetMaximum is left unfigured.
+  const bool takenDown = T <= Currency{} && s.BetChange <= -B;
+  if (!takenDown) FigureBetMaximum(g, p, b);
+  if (!takenDown && T > s.BetMaximum) {
     const Currency C = g.BetContract(p, b);
     if ((b == bet::kPassLine || IsComePoint(b)) && C > s.BetMaximum) {
       s.BetChange = C - B;
-      if (CanNotify(g, kNoticeNotAllowed))
-        RefuseNotice(g, p, b,
-                     Cat("The maximum ", BetName(b), " bet is $", FormatMoney(s.BetMaximum),
-                         "\r\rHowever, because the ", BetName(b),
-                         " is a contract bet and you established it at $", PlainAmount(C),
-                         " before you recently lowered the maximum allowed on the Configuration "
-                         "screen, it must remain unchanged until it resolves."),
-                     250);
+      if (CanNotify(g, kNoticeNotAllowed)) ContractAboveMaximumNotice(g, p, b, C);
       Apply(g, p, b);
       return;
     }
     if (s.BetChange > s.BetMaximum - B) {
       s.BetChange = s.BetMaximum - B;
-      if (!g.HyperDrive)
-        s.LimitText = Cat("The maximum ", BetName(b), " bet is $", FormatMoney(s.BetMaximum));
+      if (!g.HyperDrive) MaximumText(g, b);
     }
   }
 
+  // The proper-odds adjustment is called only when it has something to do.
   const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
   const std::string pending = g.HyperDrive ? std::string() : s.LimitText;
-  if (adjust) AdjustForProperOdds(g, p, b);
+  if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
 
   if (HoldToBankroll(g, p, b)) {
     s.BetMaximum = B + s.BetChange;
     if (!g.HyperDrive) s.LimitText = pending;
-    if (adjust) AdjustForProperOdds(g, p, b);
+    if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
     const Currency total = B + s.BetChange;
     if (total > Currency{} && total < s.BetMinimum) {
       SetMinimumText(g, b);
