@@ -106,10 +106,12 @@ int Clamp(double v, std::size_t length) {
 }
 
 // Highest, Lowest, Average, StdDev, Sum, Count over the items up to the
-// empty element; a comparison among them filters the items behind it.
+// empty element; a comparison among them filters the items behind it. The
+// items are read through one pointer: nothing here moves the work table.
 int Aggregate(Call& c, int n) {
+  const ScriptElement* items = &c.At(0);
   int term = 1;
-  while (c.At(term).Kind != kEmpty) ++term;
+  while (items[term].Kind != kEmpty) ++term;
   int op = n == 131 ? kNotEqual : 0;
   double filter = 0;
   bool first = true;
@@ -118,10 +120,10 @@ int Aggregate(Call& c, int n) {
   // The filter is always a comparison, which needs no call.
   auto passes = [&](double v) { return op == 0 || CompareNumbers(v, op, filter) != 0; };
   for (int k = 1; k < term; ++k) {
-    const ScriptElement& e = c.At(k);
+    const ScriptElement& e = items[k];
     if (IsComparison(e.Kind)) {
       op = e.Kind;
-      filter = c.Num(++k);
+      filter = items[++k].Value;
       continue;
     }
     if (e.Kind != kNumber) continue;
@@ -158,10 +160,10 @@ int Aggregate(Call& c, int n) {
       double squares = 0;
       op = 0;
       for (int k = 1; k < term; ++k) {
-        const ScriptElement& e = c.At(k);
+        const ScriptElement& e = items[k];
         if (IsComparison(e.Kind)) {
           op = e.Kind;
-          filter = c.Num(++k);
+          filter = items[++k].Value;
         } else if (e.Kind == kNumber && passes(e.Value)) {
           squares += (e.Value - mean) * (e.Value - mean);
         }

@@ -69,13 +69,12 @@ class Runner {
 
   void Fill(int at, int n);
   void Execute(int at, const StatementShape& shape);
-  bool RunPlan(const StatementShape& shape);
+  bool RunPlan(int at, const StatementShape& shape);
   double ListFunction(const PlanOperand* o, int n);
   // The amount on a plan's bet: a seat's own code needs no resolving.
   double BetAmount(const PlanOperand& o) const {
-    int p = Code(o.Value);
-    if (p < 0 || p > 8) p = ResolvePlayer(g_, o.Value);
-    return p >= 1 && p <= 8 ? g_.Bet(p, o.Bet).ToDouble() : 0;
+    const int p = o.Seat >= 0 ? o.Seat : ResolvePlayer(g_, o.Value);
+    return p >= 1 && p <= 8 ? AmountValue(g_.Bet(p, o.Bet)) : 0;
   }
   void Note(const char* text) {
     if (notes_) AddStepNote(g_, text);
@@ -473,8 +472,8 @@ double Runner::ListFunction(const PlanOperand* o, int n) {
   w_[1] = s[o->At];
   int k = 2;
   const PlanOperand* end = o + 1 + o->Bet;
+  int q = 0;
   for (++o; o < end; ++o) {
-    int q = 0;
     switch (o->Source) {
       case kPlanElement:
         w_[k++] = s[o->At];
@@ -498,15 +497,15 @@ double Runner::ListFunction(const PlanOperand* o, int n) {
 
 // Runs the statement by its plan; false when the plan does not
 // apply (a comparison outside a condition).
-bool Runner::RunPlan(const StatementShape& shape) {
+bool Runner::RunPlan(int at, const StatementShape& shape) {
   const StatementPlan& plan = r_.Plans[static_cast<std::size_t>(shape.Plan - 1)];
-  if (plan.Compares && !inCondition_) return false;
+  if (plan.Targets ? inCondition_ : plan.Compares && !inCondition_) return false;
   double value[kPlanOperandLimit];
   const ScriptElement* s = r_.AllCompiled.data();
   const PlanOperand* o = r_.PlanOperands.data() + plan.FirstOperand;
   const PlanOperand* end = o + plan.Operands;
+  int q = 0;  // the qualifiers a variable's read takes: fixed by the plan
   for (double* v = value; o < end; ++v) {
-    int q = 0;
     switch (o->Source) {
       case kPlanNumber:
         *v = o->Value;
@@ -535,13 +534,23 @@ bool Runner::RunPlan(const StatementShape& shape) {
     Note(conditionTrue_ ? "Condition is true" : "Condition is false");
     return true;
   }
-  // What the sweeps leave: the value alone.
+  // What the sweeps leave: the value in the place of its expression, the
+  // rest of the statement as it stands but for its brackets.
   auto& work = r_.WorkStatement;
+  while (work.size() < static_cast<std::size_t>(shape.Count + 2)) work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
   w_[0] = ScriptElement{};
-  w_[1] = Number(value[0]);
-  w_[2] = ScriptElement{};
-  r_.WorkCount = 1;
+  ScriptElement* out = w_ + 1;
+  auto keep = [&out](const ScriptElement* from, const ScriptElement* to) {
+    for (; from < to; ++from)
+      if (from->Kind != kOpen && from->Kind != kClose) *out++ = *from;
+  };
+  const ScriptElement* statement = s + at;
+  if (plan.Targets) keep(statement, statement + plan.ValueFrom);
+  *out++ = Number(value[0]);
+  if (plan.Targets) keep(statement + plan.ValueTo, statement + shape.Count);
+  *out = ScriptElement{};
+  r_.WorkCount = static_cast<int>(out - (w_ + 1));
   ExpressionEnd();
   return true;
 }
@@ -666,7 +675,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       if (r_.ScriptBettor == 0) r_.ScriptBettor = g_.betting.CurPlayer;
       break;
     default:
-      if (shape.Plan > 0 && RunPlan(shape)) break;
+      if (shape.Plan > 0 && RunPlan(at, shape)) break;
       Fill(at, shape.Count);
       Expression();
       break;
@@ -699,14 +708,18 @@ void Runner::Run() {
   static constexpr StatementShape kNone;
   while (true) {
     const int at = r_.RunPos;
-    const int size = static_cast<int>(r_.AllCompiled.size());
-    const StatementShape& shape = at >= 0 && at < size ? r_.Shapes[static_cast<std::size_t>(at)] : kNone;
+    // Shapes match AllCompiled: they are remade whenever the scripts are
+    // joined, even by an action in the middle of this run.
+    const auto& shapes = r_.Shapes;
+    const StatementShape& shape =
+        static_cast<std::size_t>(at) < shapes.size() ? shapes[static_cast<std::size_t>(at)] : kNone;
     if (shape.Count > 0) {
-      r_.RunPos += shape.Count;
+      r_.RunPos = at + shape.Count;
       notes_ = r_.ShowSteps && !g_.HyperDrive;  // as StepNotesWanted
       Execute(at, shape);
       if (notes_ && r_.ScriptRunning && !r_.RunFailed) ShowStep();
-      r_.CurStepNote.clear();
+      // Only a note makes the text longer than nothing.
+      if (!r_.CurStepNote.empty()) r_.CurStepNote.clear();
       if (r_.RunFailed || !r_.ScriptRunning) break;
       if (limit > 0 && ++statements >= limit) {
         // The headless stand-in for the user who interrupts a run.
