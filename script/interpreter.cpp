@@ -70,6 +70,7 @@ class Runner {
   void Fill(int at, int n);
   void Execute(int at, const StatementShape& shape);
   bool RunPlan(int at, const StatementShape& shape);
+  double ReadOperand(const PlanOperand*& o, int count);
   double ListFunction(const PlanOperand* o, int n);
   // The amount on a plan's bet: a seat's own code needs no resolving.
   double BetAmount(const PlanOperand& o) const {
@@ -497,34 +498,49 @@ double Runner::ListFunction(const PlanOperand* o, int n) {
 
 // Runs the statement by its plan; false when the plan does not
 // apply (a comparison outside a condition).
+// The value of the plan operand at `o`, which then moves past it.
+double Runner::ReadOperand(const PlanOperand*& o, int count) {
+  const PlanOperand& x = *o;
+  switch (x.Source) {
+    case kPlanNumber:
+      ++o;
+      return x.Value;
+    case kPlanBetAmount:
+      ++o;
+      return BetAmount(x);
+    case kPlanAggregate:
+      o += 1 + x.Bet;
+      return ListFunction(&x, count);
+    default: {
+      ++o;
+      int q = 0;  // the qualifiers the read takes: fixed by the plan
+      return VariableAt(g_, r_.AllCompiled.data() + x.At, q).Value;
+    }
+  }
+}
+
 bool Runner::RunPlan(int at, const StatementShape& shape) {
   const StatementPlan& plan = r_.Plans[static_cast<std::size_t>(shape.Plan - 1)];
   if (plan.Targets ? inCondition_ : plan.Compares && !inCondition_) return false;
+  const PlanOperand* o = r_.PlanOperands.data() + plan.FirstOperand;
+  if (plan.Comparisons > 0) {
+    // Comparisons joined by And: true when all hold, so the first that does
+    // not decides it and the rest are not read.
+    const PlanStep* step = r_.PlanSteps.data() + plan.FirstStep;
+    bool holds = true;
+    for (int k = 0; k < plan.Comparisons && holds; ++k, ++step) {
+      const double left = ReadOperand(o, shape.Count);
+      holds = CompareNumbers(left, step->Op, ReadOperand(o, shape.Count)) != 0;
+    }
+    if (r_.RunFailed) return true;
+    conditionTrue_ = holds;
+    Note(conditionTrue_ ? "Condition is true" : "Condition is false");
+    return true;
+  }
   double value[kPlanOperandLimit];
   const ScriptElement* s = r_.AllCompiled.data();
-  const PlanOperand* o = r_.PlanOperands.data() + plan.FirstOperand;
   const PlanOperand* end = o + plan.Operands;
-  int q = 0;  // the qualifiers a variable's read takes: fixed by the plan
-  for (double* v = value; o < end; ++v) {
-    switch (o->Source) {
-      case kPlanNumber:
-        *v = o->Value;
-        ++o;
-        break;
-      case kPlanBetAmount:
-        *v = BetAmount(*o);
-        ++o;
-        break;
-      case kPlanAggregate:
-        *v = ListFunction(o, shape.Count);
-        o += 1 + o->Bet;
-        break;
-      default:
-        *v = VariableAt(g_, s + o->At, q).Value;
-        ++o;
-        break;
-    }
-  }
+  for (double* v = value; o < end; ++v) *v = ReadOperand(o, shape.Count);
   const PlanStep* step = r_.PlanSteps.data() + plan.FirstStep;
   for (const PlanStep* last = step + plan.Steps; step < last; ++step)
     value[step->Left] = CombineNumbers(g_, value[step->Left], step->Op, value[step->Right]);

@@ -86,6 +86,9 @@ struct StatementPlan {
   std::int32_t FirstOperand = 0, Operands = 0;
   std::int32_t FirstStep = 0, Steps = 0;
   bool Compares = false;  // it holds a comparison (swept only in a condition)
+  // A condition that is comparisons joined by And: how many, else 0. Its
+  // first steps are the comparisons, in order, of operands 2k and 2k + 1.
+  std::int32_t Comparisons = 0;
   // An action or assignment: the plan is of its value, the elements
   // [ValueFrom, ValueTo) from the statement's start; the rest is left as it
   // stands. Such a plan runs only outside a condition.

@@ -116,6 +116,20 @@ constexpr Level kLevels[] = {{kPower, kPower}, {kTimes, kDivide}, {kIntDivide, k
                              {kMod, kMod},     {kPlus, kMinus},   {kEqual, kEqual},
                              {kAnd, kAnd},     {kOr, kOr},        {kXor, kXor}};
 
+// How many comparisons the expression of `count` operands joined by `ops`
+// is when it is comparisons joined by And, else 0. Its value is then true
+// exactly when every comparison holds, and a run stops at the first that
+// does not: only a list function can leave a note (Average of nothing), so
+// one may stand in the first comparison alone, which is always figured.
+int AllOf(const std::int32_t* ops, const bool* aggregates, int count) {
+  if (count % 2 != 0) return 0;
+  for (int i = 0; i + 1 < count; ++i)
+    if (i % 2 == 0 ? !IsComparison(ops[i]) : ops[i] != kAnd) return 0;
+  for (int i = 2; i < count; ++i)
+    if (aggregates[i]) return 0;
+  return count / 2;
+}
+
 // The plan of the expression [start, end): its operands and the steps that
 // combine them, added to the plan tables; false when it is not plain. The
 // element at `end` must end a variable's qualifiers (a mark or a
@@ -128,13 +142,16 @@ bool PlanExpression(ScriptRunState& run, std::size_t start, std::size_t end, Sta
   Builder b{run.AllCompiled, end, run.PlanOperands};
   std::int32_t ops[kPlanOperandLimit];
   std::int32_t slots[kPlanOperandLimit];
+  bool aggregates[kPlanOperandLimit];
   int count = 0;
   bool compares = false;
   std::size_t k = start;
   for (;;) {
     if (count == kPlanOperandLimit) return false;
+    const std::size_t first = run.PlanOperands.size();
     k = b.Operand(k, false);
     if (k == 0) return false;
+    aggregates[count] = run.PlanOperands[first].Source == kPlanAggregate;
     slots[count] = count;
     ++count;
     if (k == end) break;
@@ -149,6 +166,7 @@ bool PlanExpression(ScriptRunState& run, std::size_t start, std::size_t end, Sta
   plan.Operands = static_cast<std::int32_t>(run.PlanOperands.size() - firstOperand);
   plan.FirstStep = static_cast<std::int32_t>(run.PlanSteps.size());
   plan.Compares = compares;
+  plan.Comparisons = AllOf(ops, aggregates, count);
   for (const Level& level : kLevels) {
     for (int i = 0; i + 1 < count;) {
       if (!level.Holds(ops[i])) {

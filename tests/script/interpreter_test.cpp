@@ -337,8 +337,9 @@ class StatementPlan : public Interpreter {
 
   std::mt19937 rng{2024};
   // A random expression of two to six operands; a value (what a statement
-  // assigns or bets) holds no comparison.
-  std::string RandomExpression(bool value = false) {
+  // assigns or bets) holds no comparison, a chain is comparisons joined by
+  // And.
+  std::string RandomExpression(bool value = false, bool chain = false) {
     static const std::vector<std::string> operands = {
         "0", "1", "2", "3", "2.5", "7", "3000000000", "cs1", "cs2", "cs3", "place6", "point",
         "count(> 0, cs1, cs2, cs3)", "sum(cs1, cs3)", "average(> 5, cs1, cs2)", "highest(cs2, cs3)"};
@@ -350,6 +351,15 @@ class StatementPlan : public Interpreter {
       return from[std::uniform_int_distribution<std::size_t>(0, from.size() - 1)(rng)];
     };
     const auto& ops = value ? valueOperators : operators;
+    if (chain) {
+      // One to four comparisons joined by And.
+      static const std::vector<std::string> comparisons = {"=", "<>", "<", ">", "<=", ">="};
+      std::string expression = pick(operands) + " " + pick(comparisons) + " " + pick(operands);
+      const int n = std::uniform_int_distribution<int>(1, 4)(rng);
+      for (int k = 1; k < n; ++k)
+        expression += " and " + pick(operands) + " " + pick(comparisons) + " " + pick(operands);
+      return expression;
+    }
     std::string expression = pick(operands);
     // A lone number after If reads as a label: two operands at least.
     const int n = std::uniform_int_distribution<int>(2, 6)(rng);
@@ -380,6 +390,28 @@ TEST_F(StatementPlan, RandomConditionsGiveWhatTheSweepsGive) {
   EXPECT_GT(divisions, 0);
   EXPECT_GT(taken, 0);
   EXPECT_LT(taken, kConditions - failures);
+}
+
+// A chain of comparisons joined by And stops at the first that fails; the
+// branch and the notes (an average of nothing in any comparison) must be
+// those of the sweeps, which figure every comparison.
+TEST_F(StatementPlan, RandomComparisonChainsGiveWhatTheSweepsGive) {
+  constexpr int kConditions = 400;
+  int taken = 0, divisions = 0;
+  for (int c = 0; c < kConditions; ++c) {
+    const std::string condition = RandomExpression(false, true);
+    const Outcome planned = RunCondition(condition);
+    const Outcome swept = RunCondition("(" + condition + ")");
+    ASSERT_EQ(planned.plans, 3) << condition;
+    EXPECT_EQ(planned.branch, swept.branch) << condition;
+    EXPECT_EQ(planned.notes, swept.notes) << condition;
+    EXPECT_EQ(planned.error, swept.error) << condition;
+    taken += swept.branch == 1;
+    for (const std::string& note : swept.notes) divisions += note.find("Division by zero.") != std::string::npos;
+  }
+  EXPECT_GT(taken, kConditions / 20);
+  EXPECT_LT(taken, kConditions - kConditions / 20);
+  EXPECT_GT(divisions, 0);
 }
 
 // A script reads money by a shortcut for whole amounts: every amount, whole
