@@ -70,7 +70,15 @@ class Runner {
   void Fill(int at, int n);
   void Execute(int at, const StatementShape& shape);
   bool RunPlan(int at, const StatementShape& shape);
-  double ReadOperand(const PlanOperand*& o, int count);
+  // The value of the plan operand at `o`, which then moves past it; the
+  // common operands are read here, in the plan's loop.
+  double ReadOperand(const PlanOperand*& o, int count) {
+    const PlanOperand& x = *o++;
+    if (x.Source == kPlanBetAmount) return BetAmount(x);
+    if (x.Source == kPlanNumber) return x.Value;
+    return ReadOtherOperand(x, o, count);
+  }
+  double ReadOtherOperand(const PlanOperand& x, const PlanOperand*& o, int count);
   double ListFunction(const PlanOperand* o, int n);
   // The amount on a plan's bet: a seat's own code needs no resolving.
   double BetAmount(const PlanOperand& o) const {
@@ -498,25 +506,15 @@ double Runner::ListFunction(const PlanOperand* o, int n) {
 
 // Runs the statement by its plan; false when the plan does not
 // apply (a comparison outside a condition).
-// The value of the plan operand at `o`, which then moves past it.
-double Runner::ReadOperand(const PlanOperand*& o, int count) {
-  const PlanOperand& x = *o;
-  switch (x.Source) {
-    case kPlanNumber:
-      ++o;
-      return x.Value;
-    case kPlanBetAmount:
-      ++o;
-      return BetAmount(x);
-    case kPlanAggregate:
-      o += 1 + x.Bet;
-      return ListFunction(&x, count);
-    default: {
-      ++o;
-      int q = 0;  // the qualifiers the read takes: fixed by the plan
-      return VariableAt(g_, r_.AllCompiled.data() + x.At, q).Value;
-    }
+// A plan operand that is neither a number nor a bet amount: a variable, or
+// a list function with its group (behind which `o` is moved).
+double Runner::ReadOtherOperand(const PlanOperand& x, const PlanOperand*& o, int count) {
+  if (x.Source == kPlanAggregate) {
+    o += x.Bet;
+    return ListFunction(&x, count);
   }
+  int q = 0;  // the qualifiers the read takes: fixed by the plan
+  return VariableAt(g_, r_.AllCompiled.data() + x.At, q).Value;
 }
 
 bool Runner::RunPlan(int at, const StatementShape& shape) {
