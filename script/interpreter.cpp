@@ -8,6 +8,7 @@
 #include "core/platform.h"
 #include "script/actions.h"
 #include "script/compile_common.h"
+#include "script/list_tally.h"
 #include "script/script_text.h"
 #include "script/statement_plan.h"
 #include "script/variables.h"
@@ -80,6 +81,7 @@ class Runner {
   }
   double ReadOtherOperand(const PlanOperand& x, const PlanOperand*& o, int count);
   double ListFunction(const PlanOperand* o, int n);
+  double ListFunctionInTable(const PlanOperand* o, int n);
   // The amount on a plan's bet: a seat's own code needs no resolving.
   double BetAmount(const PlanOperand& o) const {
     const int p = o.Seat >= 0 ? o.Seat : ResolvePlayer(g_, o.Value);
@@ -469,10 +471,29 @@ void Runner::ExpressionEnd() {
   if (!note.starts_with("Unable")) AddStepNote(g_, "Action taken.");
 }
 
-// The list function of a plan at `o` with its group, evaluated as the
-// sweeps would: the group's operands read into the work table behind the
-// function, then the function on them.
+// The list function of a plan at `o` with its group: its items and filters
+// read in order and tallied as the function in the work table tallies them.
 double Runner::ListFunction(const PlanOperand* o, int n) {
+  const ScriptElement* s = r_.AllCompiled.data();
+  const int function = Code(s[o->At].Value);
+  if (function == kStdDevFunction) return ListFunctionInTable(o, n);
+  ListTally tally(function);
+  const PlanOperand* end = o + 1 + o->Bet;
+  for (++o; o < end;) {
+    if (o->Source != kPlanElement) {
+      tally.Item(ReadOperand(o, n));
+      continue;
+    }
+    const std::int32_t kind = s[o->At].Kind;
+    ++o;
+    if (IsComparison(kind)) tally.Filter(kind, ReadOperand(o, n));  // else a comma
+  }
+  return tally.Result(g_);
+}
+
+// StdDev, which walks its items twice: the group's operands read into the
+// work table behind the function, then the function on them.
+double Runner::ListFunctionInTable(const PlanOperand* o, int n) {
   auto& work = r_.WorkStatement;
   while (work.size() < static_cast<std::size_t>(n + 2)) work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
@@ -481,22 +502,11 @@ double Runner::ListFunction(const PlanOperand* o, int n) {
   w_[1] = s[o->At];
   int k = 2;
   const PlanOperand* end = o + 1 + o->Bet;
-  int q = 0;
-  for (++o; o < end; ++o) {
-    switch (o->Source) {
-      case kPlanElement:
-        w_[k++] = s[o->At];
-        break;
-      case kPlanNumber:
-        w_[k++] = Number(o->Value);
-        break;
-      case kPlanBetAmount:
-        w_[k++] = Number(BetAmount(*o));
-        break;
-      default:
-        w_[k++] = VariableAt(g_, s + o->At, q);
-        break;
-    }
+  for (++o; o < end;) {
+    if (o->Source == kPlanElement)
+      w_[k++] = s[(o++)->At];
+    else
+      w_[k++] = Number(ReadOperand(o, n));
   }
   w_[k] = ScriptElement{};
   r_.WorkCount = k;

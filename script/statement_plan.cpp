@@ -202,12 +202,19 @@ bool Untouched(const ScriptElement& e) {
 // leave the statement as it is with the value in the expression's place.
 bool PlanTargets(ScriptRunState& run, std::size_t start, std::size_t end, StatementPlan& plan) {
   const auto& s = run.AllCompiled;
+  // The comparison that parts value and targets stands outside brackets (a
+  // list function's filter or a target list's qualifier is inside them).
+  int depth = 0;
+  auto parts = [&](std::size_t k) {
+    depth += s[k].Kind == kOpen ? 1 : s[k].Kind == kClose ? -1 : 0;
+    return depth == 0 && IsComparison(s[k].Kind);
+  };
   std::size_t from = start + 1, to = start + 1;
   if (s[start].Kind == kAction) {
-    while (to < end && !IsComparison(s[to].Kind)) ++to;
+    while (to < end && !parts(to)) ++to;
   } else {
     from = to = end;
-    while (from > start && !IsComparison(s[from - 1].Kind)) --from;
+    while (from > start && !parts(from - 1)) --from;
     if (from == start) return false;  // no comparison: not an assignment
   }
   if (from == to) return false;  // no value

@@ -342,7 +342,8 @@ class StatementPlan : public Interpreter {
   std::string RandomExpression(bool value = false, bool chain = false) {
     static const std::vector<std::string> operands = {
         "0", "1", "2", "3", "2.5", "7", "3000000000", "cs1", "cs2", "cs3", "place6", "point",
-        "count(> 0, cs1, cs2, cs3)", "sum(cs1, cs3)", "average(> 5, cs1, cs2)", "highest(cs2, cs3)"};
+        "count(> 0, cs1, cs2, cs3)", "sum(cs1, cs3)", "average(> 5, cs1, cs2)", "highest(cs2, cs3)",
+        "lowest(> 1, cs1, cs2, cs3)", "stddev(cs1, > 4, cs3)"};
     static const std::vector<std::string> operators = {"^",  "*", "/",  "\\", "mod", "+",   "-",  "=", "<>",
                                                        "<",  ">", "<=", ">=", "and", "or",  "xor"};
     static const std::vector<std::string> valueOperators = {"^", "*", "/",   "\\", "mod",
