@@ -612,6 +612,8 @@ void Runner::ShowStep() {
 }
 
 void Runner::Execute(int at, const StatementShape& shape) {
+  // A statement with a plan is no keyword: its head need not be read.
+  if (shape.Plan > 0 && RunPlan(at, shape)) return;
   const ScriptElement& head = r_.AllCompiled[static_cast<std::size_t>(at)];
   // The element behind a GoTo or GoSub, as the work table holds it.
   auto behind = [&] { return shape.Count >= 2 ? (&head)[1].Value : 0.0; };
@@ -699,7 +701,6 @@ void Runner::Execute(int at, const StatementShape& shape) {
       if (r_.ScriptBettor == 0) r_.ScriptBettor = g_.betting.CurPlayer;
       break;
     default:
-      if (shape.Plan > 0 && RunPlan(at, shape)) break;
       Fill(at, shape.Count);
       Expression();
       break;

@@ -116,6 +116,12 @@ constexpr Level kLevels[] = {{kPower, kPower}, {kTimes, kDivide}, {kIntDivide, k
                              {kMod, kMod},     {kPlus, kMinus},   {kEqual, kEqual},
                              {kAnd, kAnd},     {kOr, kOr},        {kXor, kXor}};
 
+// The kinds that head a keyword statement, which the interpreter's switch
+// runs and a plan never does.
+bool IsKeyword(std::int32_t kind) {
+  return (kind >= kIf && kind <= kExitDo) || kind == kHead || kind == kLabel;
+}
+
 // How many comparisons the expression of `count` operands joined by `ops`
 // is when it is comparisons joined by And, else 0. Its value is then true
 // exactly when every comparison holds, and a run stops at the first that
@@ -239,6 +245,7 @@ void PlanStatements(ScriptRunState& run) {
   for (std::size_t k = 0; k < s.size(); ++k) {
     StatementShape& shape = run.Shapes[k];
     if (shape.Count == 0 || (k > 0 && run.Shapes[k - 1].Count == shape.Count + 1)) continue;
+    if (IsKeyword(s[k].Kind)) continue;
     const std::size_t operands = run.PlanOperands.size(), steps = run.PlanSteps.size();
     const std::size_t end = k + static_cast<std::size_t>(shape.Count);
     StatementPlan plan;

@@ -22,6 +22,8 @@
 //   statement with a comparison runs through the sweeps.
 // - Plans, PlanOperands and PlanSteps describe AllCompiled as it stands;
 //   they are remade with Shapes.
+// - No keyword statement (If, Then, GoTo, a label ...) has a plan, so the
+//   interpreter tries a statement's plan before it reads the statement.
 #pragma once
 
 #include <cstdint>
