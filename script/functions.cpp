@@ -3,17 +3,17 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/message_dialog.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/platform.h"
 #include "script/compile_common.h"
-#include "stats/bankroll_graph.h"
 #include "script/interpreter.h"
 #include "script/list_tally.h"
 #include "script/script_text.h"
 #include "script/variables.h"
+#include "stats/bankroll_graph.h"
 
 namespace {
 

@@ -561,7 +561,8 @@ bool Runner::RunPlan(int at, const StatementShape& shape) {
   // What the sweeps leave: the value in the place of its expression, the
   // rest of the statement as it stands but for its brackets.
   auto& work = r_.WorkStatement;
-  while (work.size() < static_cast<std::size_t>(shape.Count + 2)) work.resize(work.size() + kWorkStatementGrowth);
+  while (work.size() < static_cast<std::size_t>(shape.Count + 2))
+    work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
   w_[0] = ScriptElement{};
   ScriptElement* out = w_ + 1;

@@ -17,7 +17,8 @@ inline constexpr int kHighestFunction = 126, kLowestFunction = 127, kAverageFunc
 class ListTally {
  public:
   // Count counts the items that are not 0 unless a filter says otherwise.
-  explicit ListTally(int function) : n_(function), op_(function == kCountFunction ? kNotEqual : 0) {}
+  explicit ListTally(int function)
+      : n_(function), op_(function == kCountFunction ? kNotEqual : 0) {}
 
   // A comparison among the items: the items behind it count only when they
   // pass it.

@@ -93,7 +93,8 @@ struct Builder {
     for (;;) {
       const ScriptElement* e = At(j);
       if (e == nullptr) return 0;
-      if (IsComparison(e->Kind)) out.push_back({.Source = kPlanElement, .At = static_cast<std::int32_t>(j++)});
+      if (IsComparison(e->Kind))
+        out.push_back({.Source = kPlanElement, .At = static_cast<std::int32_t>(j++)});
       j = Operand(j, true);
       if (j == 0 || At(j) == nullptr) return 0;
       if (s[j].Kind == kEmpty) break;

@@ -56,7 +56,8 @@ inline double CombineNumbers(Game& game, double left, std::int32_t op, double ri
     case kLess:
     case kGreater:
     case kLessEqual:
-    case kGreaterEqual: return CompareNumbers(left, op, right);
+    case kGreaterEqual:
+      return CompareNumbers(left, op, right);
     case kAnd:
     case kOr:
     case kXor:

@@ -6,6 +6,8 @@
 // subsystems are not built, Check Script and Deactivate All. Last, plain
 // conditions, assignments and bets run by their precompiled plans must give
 // what the sweeps give.
+#include "script/interpreter.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -22,7 +24,6 @@
 #include "dice/rng.h"
 #include "engine/players.h"
 #include "script/activation.h"
-#include "script/interpreter.h"
 #include "script/script_text.h"
 #include "script/variables.h"
 #include "script_test_util.h"
@@ -340,12 +341,26 @@ class StatementPlan : public Interpreter {
   // assigns or bets) holds no comparison, a chain is comparisons joined by
   // And.
   std::string RandomExpression(bool value = false, bool chain = false) {
-    static const std::vector<std::string> operands = {
-        "0", "1", "2", "3", "2.5", "7", "3000000000", "cs1", "cs2", "cs3", "place6", "point",
-        "count(> 0, cs1, cs2, cs3)", "sum(cs1, cs3)", "average(> 5, cs1, cs2)", "highest(cs2, cs3)",
-        "lowest(> 1, cs1, cs2, cs3)", "stddev(cs1, > 4, cs3)"};
-    static const std::vector<std::string> operators = {"^",  "*", "/",  "\\", "mod", "+",   "-",  "=", "<>",
-                                                       "<",  ">", "<=", ">=", "and", "or",  "xor"};
+    static const std::vector<std::string> operands = {"0",
+                                                      "1",
+                                                      "2",
+                                                      "3",
+                                                      "2.5",
+                                                      "7",
+                                                      "3000000000",
+                                                      "cs1",
+                                                      "cs2",
+                                                      "cs3",
+                                                      "place6",
+                                                      "point",
+                                                      "count(> 0, cs1, cs2, cs3)",
+                                                      "sum(cs1, cs3)",
+                                                      "average(> 5, cs1, cs2)",
+                                                      "highest(cs2, cs3)",
+                                                      "lowest(> 1, cs1, cs2, cs3)",
+                                                      "stddev(cs1, > 4, cs3)"};
+    static const std::vector<std::string> operators = {
+        "^", "*", "/", "\\", "mod", "+", "-", "=", "<>", "<", ">", "<=", ">=", "and", "or", "xor"};
     static const std::vector<std::string> valueOperators = {"^", "*", "/",   "\\", "mod",
                                                             "+", "-", "and", "or", "xor"};
     auto pick = [&](const std::vector<std::string>& from) {
@@ -408,7 +423,8 @@ TEST_F(StatementPlan, RandomComparisonChainsGiveWhatTheSweepsGive) {
     EXPECT_EQ(planned.notes, swept.notes) << condition;
     EXPECT_EQ(planned.error, swept.error) << condition;
     taken += swept.branch == 1;
-    for (const std::string& note : swept.notes) divisions += note.find("Division by zero.") != std::string::npos;
+    for (const std::string& note : swept.notes)
+      divisions += note.find("Division by zero.") != std::string::npos;
   }
   EXPECT_GT(taken, kConditions / 20);
   EXPECT_LT(taken, kConditions - kConditions / 20);
@@ -421,9 +437,20 @@ TEST(AmountValue, EveryAmountReadsAsToDoubleGivesIt) {
   std::mt19937_64 rng(7);
   constexpr std::int64_t kExact = std::int64_t{1} << 53;
   constexpr std::int64_t kWholeNearExact = kExact / 10'000 * 10'000;
-  const std::int64_t edges[] = {0, 1, -1, 9'999, 10'000, -10'000, 123'450'000, kExact, -kExact,
-                                kWholeNearExact, -kWholeNearExact, kWholeNearExact + 10'000,
-                                -kWholeNearExact - 10'000, kWholeNearExact + 10'000 * 9'999,
+  const std::int64_t edges[] = {0,
+                                1,
+                                -1,
+                                9'999,
+                                10'000,
+                                -10'000,
+                                123'450'000,
+                                kExact,
+                                -kExact,
+                                kWholeNearExact,
+                                -kWholeNearExact,
+                                kWholeNearExact + 10'000,
+                                -kWholeNearExact - 10'000,
+                                kWholeNearExact + 10'000 * 9'999,
                                 std::numeric_limits<std::int64_t>::max() / 10'000 * 10'000,
                                 std::numeric_limits<std::int64_t>::min() / 10'000 * 10'000};
   for (const std::int64_t raw : edges)
