@@ -90,7 +90,6 @@ class Runner {
   void Note(const char* text) {
     if (notes_) AddStepNote(g_, text);
   }
-  void Jump(double target) { r_.RunPos = Code(target); }
   void ShowStep();
 
   void Remove(int at, int n);
@@ -615,10 +614,9 @@ void Runner::ShowStep() {
 void Runner::Execute(int at, const StatementShape& shape) {
   // A statement with a plan is no keyword: its head need not be read.
   if (shape.Plan > 0 && RunPlan(at, shape)) return;
-  const ScriptElement& head = r_.AllCompiled[static_cast<std::size_t>(at)];
-  // The element behind a GoTo or GoSub, as the work table holds it.
-  auto behind = [&] { return shape.Count >= 2 ? (&head)[1].Value : 0.0; };
-  switch (head.Kind) {
+  // Keywords jump to the code their shape keeps (see IndexStatements).
+  auto jump = [&] { r_.RunPos = shape.Target; };
+  switch (shape.Head) {
     case kIf:
       inCondition_ = true;
       Note("Beginning of condition block.");
@@ -632,7 +630,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       }
       Note("Conditions were false, so next action block will be skipped.\r"
            "End of condition block and beginning of action block.");
-      Jump(head.Value);
+      jump();
       if (r_.RunPos > 0 && r_.RunPos < static_cast<int>(r_.AllCompiled.size())) {
         switch (r_.AllCompiled[static_cast<std::size_t>(r_.RunPos)].Kind) {
           case kElse:
@@ -650,7 +648,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       break;
     case kElse:
     case kElseIf:
-      Jump(head.Value);
+      jump();
       Note("End of action block.");
       Note("End of If/Then structure.");
       break;
@@ -658,7 +656,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       Note("End of If/Then structure.");
       break;
     case kGoTo:
-      Jump(behind());
+      jump();
       Note("A jump will be made to the designated label.");
       Note("Label.");
       break;
@@ -666,11 +664,11 @@ void Runner::Execute(int at, const StatementShape& shape) {
       Note("Beginning of DO/LOOP structure.");
       break;
     case kLoop:
-      Jump(head.Value);
+      jump();
       Note("End of DO/LOOP structure.\rA jump will be made back to the associated DO statement.");
       break;
     case kExitDo:
-      Jump(head.Value);
+      jump();
       Note("Exit from DO/LOOP structure.");
       break;
     case kGoSub: {
@@ -683,7 +681,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       if (static_cast<std::size_t>(depth) >= stack.size()) stack.resize(stack.size() + kGosubStackGrowth);
       stack[0] = depth;
       stack[static_cast<std::size_t>(depth)] = r_.RunPos;
-      Jump(behind());
+      jump();
       Note("A jump will be made to the designated subroutine.");
       Note("Label.");
       break;
@@ -698,7 +696,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       Note("Label.");
       break;
     case kHead:
-      r_.ScriptBettor = Code(head.Value);
+      r_.ScriptBettor = shape.Target;
       if (r_.ScriptBettor == 0) r_.ScriptBettor = g_.betting.CurPlayer;
       break;
     default:
@@ -804,6 +802,9 @@ void IndexStatements(ScriptRunState& run) {
     next = shape;
     // A function may become a variable.
     if (shape.Kinds & KindBit(kFunction)) shape.Kinds |= KindBit(kVariable);
+    shape.Head = s[k].Kind;
+    const bool jumpBehind = shape.Head == kGoTo || shape.Head == kGoSub;
+    shape.Target = Code(!jumpBehind ? s[k].Value : shape.Count >= 2 ? s[k + 1].Value : 0.0);
     run.Shapes[k] = shape;
   }
   PlanStatements(run);

@@ -48,6 +48,11 @@ struct StatementShape {
   std::uint64_t Kinds = 0;
   std::int32_t Count = 0;
   std::int32_t Plan = 0;  // 1 + the statement's index in Plans, 0 when it has none
+  // The statement's first element as a keyword reads it, so that a run need
+  // not read the stream: its kind, and the code it carries (the element a
+  // jump goes to, behind GoTo and GoSub the label's; a script head's seat).
+  std::int32_t Head = 0;
+  std::int32_t Target = 0;
 
   friend bool operator==(const StatementShape&, const StatementShape&) = default;
 };
