@@ -3,16 +3,17 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/message_dialog.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/platform.h"
 #include "script/compile_common.h"
-#include "stats/bankroll_graph.h"
 #include "script/interpreter.h"
+#include "script/list_tally.h"
 #include "script/script_text.h"
 #include "script/variables.h"
+#include "stats/bankroll_graph.h"
 
 namespace {
 
@@ -106,76 +107,42 @@ int Clamp(double v, std::size_t length) {
 }
 
 // Highest, Lowest, Average, StdDev, Sum, Count over the items up to the
-// empty element; a comparison among them filters the items behind it.
+// empty element; a comparison among them filters the items behind it. The
+// items are read through one pointer: nothing here moves the work table.
 int Aggregate(Call& c, int n) {
+  const ScriptElement* items = &c.At(0);
   int term = 1;
-  while (c.At(term).Kind != kEmpty) ++term;
-  int op = n == 131 ? kNotEqual : 0;
-  double filter = 0;
-  bool first = true;
-  double best = 0, sum = 0;
-  int count = 0;
-  // The filter is always a comparison, which needs no call.
-  auto passes = [&](double v) { return op == 0 || CompareNumbers(v, op, filter) != 0; };
+  while (items[term].Kind != kEmpty) ++term;
+  ListTally tally(n);
   for (int k = 1; k < term; ++k) {
-    const ScriptElement& e = c.At(k);
+    const ScriptElement& e = items[k];
     if (IsComparison(e.Kind)) {
-      op = e.Kind;
-      filter = c.Num(++k);
+      tally.Filter(e.Kind, items[++k].Value);
       continue;
     }
-    if (e.Kind != kNumber) continue;
-    const double v = e.Value;
-    if (first && (n == 126 || n == 127)) {
-      best = v;  // the first item counts whatever it is
-      first = false;
-      continue;
-    }
-    first = false;
-    if (!passes(v)) continue;
-    if (n == 126 && v > best) best = v;
-    if (n == 127 && v < best) best = v;
-    sum += v;
-    ++count;
+    if (e.Kind == kNumber) tally.Item(e.Value);
   }
-  switch (n) {
-    case 126:
-    case 127:
-      c.SetNumber(best);
-      break;
-    case 128:
-    case 129: {
-      if (count == 0) {
-        AddStepNote(c.g, "Division by zero.");
-        c.SetNumber(0);
-        break;
-      }
-      const double mean = sum / count;
-      if (n == 128) {
-        c.SetNumber(mean);
-        break;
-      }
-      double squares = 0;
-      op = 0;
-      for (int k = 1; k < term; ++k) {
-        const ScriptElement& e = c.At(k);
-        if (IsComparison(e.Kind)) {
-          op = e.Kind;
-          filter = c.Num(++k);
-        } else if (e.Kind == kNumber && passes(e.Value)) {
-          squares += (e.Value - mean) * (e.Value - mean);
-        }
-      }
-      c.SetNumber(std::sqrt(squares / count));
-      break;
-    }
-    case 130:
-      c.SetNumber(sum);
-      break;
-    default:
-      c.SetNumber(count);
-      break;
+  if (n != kStdDevFunction) {
+    c.SetNumber(tally.Result(c.g));
+    return term;
   }
+  if (tally.Count() == 0) {
+    AddStepNote(c.g, "Division by zero.");
+    c.SetNumber(0);
+    return term;
+  }
+  // The second walk: the squared distances of the same items from the mean.
+  const double mean = tally.Mean();
+  ListTally again(n);
+  double squares = 0;
+  for (int k = 1; k < term; ++k) {
+    const ScriptElement& e = items[k];
+    if (IsComparison(e.Kind))
+      again.Filter(e.Kind, items[++k].Value);
+    else if (e.Kind == kNumber && again.Passes(e.Value))
+      squares += (e.Value - mean) * (e.Value - mean);
+  }
+  c.SetNumber(std::sqrt(squares / tally.Count()));
   return term;
 }
 

@@ -8,6 +8,7 @@
 #include "core/platform.h"
 #include "script/actions.h"
 #include "script/compile_common.h"
+#include "script/list_tally.h"
 #include "script/script_text.h"
 #include "script/statement_plan.h"
 #include "script/variables.h"
@@ -69,18 +70,26 @@ class Runner {
 
   void Fill(int at, int n);
   void Execute(int at, const StatementShape& shape);
-  bool RunPlan(const StatementShape& shape);
+  bool RunPlan(int at, const StatementShape& shape);
+  // The value of the plan operand at `o`, which then moves past it; the
+  // common operands are read here, in the plan's loop.
+  double ReadOperand(const PlanOperand*& o, int count) {
+    const PlanOperand& x = *o++;
+    if (x.Source == kPlanBetAmount) return BetAmount(x);
+    if (x.Source == kPlanNumber) return x.Value;
+    return ReadOtherOperand(x, o, count);
+  }
+  double ReadOtherOperand(const PlanOperand& x, const PlanOperand*& o, int count);
   double ListFunction(const PlanOperand* o, int n);
+  double ListFunctionInTable(const PlanOperand* o, int n);
   // The amount on a plan's bet: a seat's own code needs no resolving.
   double BetAmount(const PlanOperand& o) const {
-    int p = Code(o.Value);
-    if (p < 0 || p > 8) p = ResolvePlayer(g_, o.Value);
-    return p >= 1 && p <= 8 ? g_.Bet(p, o.Bet).ToDouble() : 0;
+    const int p = o.Seat >= 0 ? o.Seat : ResolvePlayer(g_, o.Value);
+    return p >= 1 && p <= 8 ? AmountValue(g_.Bet(p, o.Bet)) : 0;
   }
   void Note(const char* text) {
     if (notes_) AddStepNote(g_, text);
   }
-  void Jump(double target) { r_.RunPos = Code(target); }
   void ShowStep();
 
   void Remove(int at, int n);
@@ -461,10 +470,29 @@ void Runner::ExpressionEnd() {
   if (!note.starts_with("Unable")) AddStepNote(g_, "Action taken.");
 }
 
-// The list function of a plan at `o` with its group, evaluated as the
-// sweeps would: the group's operands read into the work table behind the
-// function, then the function on them.
+// The list function of a plan at `o` with its group: its items and filters
+// read in order and tallied as the function in the work table tallies them.
 double Runner::ListFunction(const PlanOperand* o, int n) {
+  const ScriptElement* s = r_.AllCompiled.data();
+  const int function = Code(s[o->At].Value);
+  if (function == kStdDevFunction) return ListFunctionInTable(o, n);
+  ListTally tally(function);
+  const PlanOperand* end = o + 1 + o->Bet;
+  for (++o; o < end;) {
+    if (o->Source != kPlanElement) {
+      tally.Item(ReadOperand(o, n));
+      continue;
+    }
+    const std::int32_t kind = s[o->At].Kind;
+    ++o;
+    if (IsComparison(kind)) tally.Filter(kind, ReadOperand(o, n));  // else a comma
+  }
+  return tally.Result(g_);
+}
+
+// StdDev, which walks its items twice: the group's operands read into the
+// work table behind the function, then the function on them.
+double Runner::ListFunctionInTable(const PlanOperand* o, int n) {
   auto& work = r_.WorkStatement;
   while (work.size() < static_cast<std::size_t>(n + 2)) work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
@@ -473,22 +501,11 @@ double Runner::ListFunction(const PlanOperand* o, int n) {
   w_[1] = s[o->At];
   int k = 2;
   const PlanOperand* end = o + 1 + o->Bet;
-  for (++o; o < end; ++o) {
-    int q = 0;
-    switch (o->Source) {
-      case kPlanElement:
-        w_[k++] = s[o->At];
-        break;
-      case kPlanNumber:
-        w_[k++] = Number(o->Value);
-        break;
-      case kPlanBetAmount:
-        w_[k++] = Number(BetAmount(*o));
-        break;
-      default:
-        w_[k++] = VariableAt(g_, s + o->At, q);
-        break;
-    }
+  for (++o; o < end;) {
+    if (o->Source == kPlanElement)
+      w_[k++] = s[(o++)->At];
+    else
+      w_[k++] = Number(ReadOperand(o, n));
   }
   w_[k] = ScriptElement{};
   r_.WorkCount = k;
@@ -498,34 +515,39 @@ double Runner::ListFunction(const PlanOperand* o, int n) {
 
 // Runs the statement by its plan; false when the plan does not
 // apply (a comparison outside a condition).
-bool Runner::RunPlan(const StatementShape& shape) {
+// A plan operand that is neither a number nor a bet amount: a variable, or
+// a list function with its group (behind which `o` is moved).
+double Runner::ReadOtherOperand(const PlanOperand& x, const PlanOperand*& o, int count) {
+  if (x.Source == kPlanAggregate) {
+    o += x.Bet;
+    return ListFunction(&x, count);
+  }
+  int q = 0;  // the qualifiers the read takes: fixed by the plan
+  return VariableAt(g_, r_.AllCompiled.data() + x.At, q).Value;
+}
+
+bool Runner::RunPlan(int at, const StatementShape& shape) {
   const StatementPlan& plan = r_.Plans[static_cast<std::size_t>(shape.Plan - 1)];
-  if (plan.Compares && !inCondition_) return false;
+  if (plan.Targets ? inCondition_ : plan.Compares && !inCondition_) return false;
+  const PlanOperand* o = r_.PlanOperands.data() + plan.FirstOperand;
+  if (plan.Comparisons > 0) {
+    // Comparisons joined by And: true when all hold, so the first that does
+    // not decides it and the rest are not read.
+    const PlanStep* step = r_.PlanSteps.data() + plan.FirstStep;
+    bool holds = true;
+    for (int k = 0; k < plan.Comparisons && holds; ++k, ++step) {
+      const double left = ReadOperand(o, shape.Count);
+      holds = CompareNumbers(left, step->Op, ReadOperand(o, shape.Count)) != 0;
+    }
+    if (r_.RunFailed) return true;
+    conditionTrue_ = holds;
+    Note(conditionTrue_ ? "Condition is true" : "Condition is false");
+    return true;
+  }
   double value[kPlanOperandLimit];
   const ScriptElement* s = r_.AllCompiled.data();
-  const PlanOperand* o = r_.PlanOperands.data() + plan.FirstOperand;
   const PlanOperand* end = o + plan.Operands;
-  for (double* v = value; o < end; ++v) {
-    int q = 0;
-    switch (o->Source) {
-      case kPlanNumber:
-        *v = o->Value;
-        ++o;
-        break;
-      case kPlanBetAmount:
-        *v = BetAmount(*o);
-        ++o;
-        break;
-      case kPlanAggregate:
-        *v = ListFunction(o, shape.Count);
-        o += 1 + o->Bet;
-        break;
-      default:
-        *v = VariableAt(g_, s + o->At, q).Value;
-        ++o;
-        break;
-    }
-  }
+  for (double* v = value; o < end; ++v) *v = ReadOperand(o, shape.Count);
   const PlanStep* step = r_.PlanSteps.data() + plan.FirstStep;
   for (const PlanStep* last = step + plan.Steps; step < last; ++step)
     value[step->Left] = CombineNumbers(g_, value[step->Left], step->Op, value[step->Right]);
@@ -535,13 +557,24 @@ bool Runner::RunPlan(const StatementShape& shape) {
     Note(conditionTrue_ ? "Condition is true" : "Condition is false");
     return true;
   }
-  // What the sweeps leave: the value alone.
+  // What the sweeps leave: the value in the place of its expression, the
+  // rest of the statement as it stands but for its brackets.
   auto& work = r_.WorkStatement;
+  while (work.size() < static_cast<std::size_t>(shape.Count + 2))
+    work.resize(work.size() + kWorkStatementGrowth);
   w_ = work.data();
   w_[0] = ScriptElement{};
-  w_[1] = Number(value[0]);
-  w_[2] = ScriptElement{};
-  r_.WorkCount = 1;
+  ScriptElement* out = w_ + 1;
+  auto keep = [&out](const ScriptElement* from, const ScriptElement* to) {
+    for (; from < to; ++from)
+      if (from->Kind != kOpen && from->Kind != kClose) *out++ = *from;
+  };
+  const ScriptElement* statement = s + at;
+  if (plan.Targets) keep(statement, statement + plan.ValueFrom);
+  *out++ = Number(value[0]);
+  if (plan.Targets) keep(statement + plan.ValueTo, statement + shape.Count);
+  *out = ScriptElement{};
+  r_.WorkCount = static_cast<int>(out - (w_ + 1));
   ExpressionEnd();
   return true;
 }
@@ -579,10 +612,11 @@ void Runner::ShowStep() {
 }
 
 void Runner::Execute(int at, const StatementShape& shape) {
-  const ScriptElement& head = r_.AllCompiled[static_cast<std::size_t>(at)];
-  // The element behind a GoTo or GoSub, as the work table holds it.
-  auto behind = [&] { return shape.Count >= 2 ? (&head)[1].Value : 0.0; };
-  switch (head.Kind) {
+  // A statement with a plan is no keyword: its head need not be read.
+  if (shape.Plan > 0 && RunPlan(at, shape)) return;
+  // Keywords jump to the code their shape keeps (see IndexStatements).
+  auto jump = [&] { r_.RunPos = shape.Target; };
+  switch (shape.Head) {
     case kIf:
       inCondition_ = true;
       Note("Beginning of condition block.");
@@ -596,7 +630,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       }
       Note("Conditions were false, so next action block will be skipped.\r"
            "End of condition block and beginning of action block.");
-      Jump(head.Value);
+      jump();
       if (r_.RunPos > 0 && r_.RunPos < static_cast<int>(r_.AllCompiled.size())) {
         switch (r_.AllCompiled[static_cast<std::size_t>(r_.RunPos)].Kind) {
           case kElse:
@@ -614,7 +648,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       break;
     case kElse:
     case kElseIf:
-      Jump(head.Value);
+      jump();
       Note("End of action block.");
       Note("End of If/Then structure.");
       break;
@@ -622,7 +656,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       Note("End of If/Then structure.");
       break;
     case kGoTo:
-      Jump(behind());
+      jump();
       Note("A jump will be made to the designated label.");
       Note("Label.");
       break;
@@ -630,11 +664,11 @@ void Runner::Execute(int at, const StatementShape& shape) {
       Note("Beginning of DO/LOOP structure.");
       break;
     case kLoop:
-      Jump(head.Value);
+      jump();
       Note("End of DO/LOOP structure.\rA jump will be made back to the associated DO statement.");
       break;
     case kExitDo:
-      Jump(head.Value);
+      jump();
       Note("Exit from DO/LOOP structure.");
       break;
     case kGoSub: {
@@ -647,7 +681,7 @@ void Runner::Execute(int at, const StatementShape& shape) {
       if (static_cast<std::size_t>(depth) >= stack.size()) stack.resize(stack.size() + kGosubStackGrowth);
       stack[0] = depth;
       stack[static_cast<std::size_t>(depth)] = r_.RunPos;
-      Jump(behind());
+      jump();
       Note("A jump will be made to the designated subroutine.");
       Note("Label.");
       break;
@@ -662,11 +696,10 @@ void Runner::Execute(int at, const StatementShape& shape) {
       Note("Label.");
       break;
     case kHead:
-      r_.ScriptBettor = Code(head.Value);
+      r_.ScriptBettor = shape.Target;
       if (r_.ScriptBettor == 0) r_.ScriptBettor = g_.betting.CurPlayer;
       break;
     default:
-      if (shape.Plan > 0 && RunPlan(shape)) break;
       Fill(at, shape.Count);
       Expression();
       break;
@@ -699,14 +732,18 @@ void Runner::Run() {
   static constexpr StatementShape kNone;
   while (true) {
     const int at = r_.RunPos;
-    const int size = static_cast<int>(r_.AllCompiled.size());
-    const StatementShape& shape = at >= 0 && at < size ? r_.Shapes[static_cast<std::size_t>(at)] : kNone;
+    // Shapes match AllCompiled: they are remade whenever the scripts are
+    // joined, even by an action in the middle of this run.
+    const auto& shapes = r_.Shapes;
+    const StatementShape& shape =
+        static_cast<std::size_t>(at) < shapes.size() ? shapes[static_cast<std::size_t>(at)] : kNone;
     if (shape.Count > 0) {
-      r_.RunPos += shape.Count;
+      r_.RunPos = at + shape.Count;
       notes_ = r_.ShowSteps && !g_.HyperDrive;  // as StepNotesWanted
       Execute(at, shape);
       if (notes_ && r_.ScriptRunning && !r_.RunFailed) ShowStep();
-      r_.CurStepNote.clear();
+      // Only a note makes the text longer than nothing.
+      if (!r_.CurStepNote.empty()) r_.CurStepNote.clear();
       if (r_.RunFailed || !r_.ScriptRunning) break;
       if (limit > 0 && ++statements >= limit) {
         // The headless stand-in for the user who interrupts a run.
@@ -765,6 +802,9 @@ void IndexStatements(ScriptRunState& run) {
     next = shape;
     // A function may become a variable.
     if (shape.Kinds & KindBit(kFunction)) shape.Kinds |= KindBit(kVariable);
+    shape.Head = s[k].Kind;
+    const bool jumpBehind = shape.Head == kGoTo || shape.Head == kGoSub;
+    shape.Target = Code(!jumpBehind ? s[k].Value : shape.Count >= 2 ? s[k + 1].Value : 0.0);
     run.Shapes[k] = shape;
   }
   PlanStatements(run);

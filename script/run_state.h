@@ -45,9 +45,14 @@ inline constexpr int kGosubStackGrowth = 20;
 // (see the interpreter), so that a run copies it whole and skips the sweeps
 // it needs none of.
 struct StatementShape {
-  std::int32_t Count = 0;
   std::uint64_t Kinds = 0;
+  std::int32_t Count = 0;
   std::int32_t Plan = 0;  // 1 + the statement's index in Plans, 0 when it has none
+  // The statement's first element as a keyword reads it, so that a run need
+  // not read the stream: its kind, and the code it carries (the element a
+  // jump goes to, behind GoTo and GoSub the label's; a script head's seat).
+  std::int32_t Head = 0;
+  std::int32_t Target = 0;
 
   friend bool operator==(const StatementShape&, const StatementShape&) = default;
 };
@@ -65,7 +70,10 @@ struct PlanOperand {
   std::int32_t Source = kPlanNumber;
   std::int32_t At = 0;   // the element in AllCompiled
   std::int32_t Bet = 0;  // a bet amount's bet
-  double Value = 0;      // a number, or a bet amount's player code
+  // A bet amount's seat when its player code is one (0 to 8) as written,
+  // else -1: the code is then resolved when the amount is read.
+  std::int32_t Seat = -1;
+  double Value = 0;  // a number, or a bet amount's player code
 
   friend bool operator==(const PlanOperand&, const PlanOperand&) = default;
 };
@@ -83,6 +91,14 @@ struct StatementPlan {
   std::int32_t FirstOperand = 0, Operands = 0;
   std::int32_t FirstStep = 0, Steps = 0;
   bool Compares = false;  // it holds a comparison (swept only in a condition)
+  // A condition that is comparisons joined by And: how many, else 0. Its
+  // first steps are the comparisons, in order, of operands 2k and 2k + 1.
+  std::int32_t Comparisons = 0;
+  // An action or assignment: the plan is of its value, the elements
+  // [ValueFrom, ValueTo) from the statement's start; the rest is left as it
+  // stands. Such a plan runs only outside a condition.
+  bool Targets = false;
+  std::int32_t ValueFrom = 0, ValueTo = 0;
 
   friend bool operator==(const StatementPlan&, const StatementPlan&) = default;
 };

@@ -44,7 +44,7 @@ struct Builder {
     const ScriptElement* e = At(k);
     if (e == nullptr) return 0;
     if (e->Kind == kNumber) {
-      out.push_back({kPlanNumber, static_cast<std::int32_t>(k), 0, e->Value});
+      out.push_back({.Source = kPlanNumber, .At = static_cast<std::int32_t>(k), .Value = e->Value});
       return k + 1;
     }
     if (e->Kind == kVariable) return Variable(k);
@@ -61,7 +61,12 @@ struct Builder {
       while (q < kBetQualifiers && At(k + 1 + q) != nullptr && IsQualifier(s[k + 1 + q].Kind)) ++q;
       if (q == kBetQualifiers && Code(s[k + 4].Value) == kFieldAmount &&
           Code(s[k + 3].Value) == kClassWagers) {
-        out.push_back({kPlanBetAmount, static_cast<std::int32_t>(k), v, s[k + 1].Value});
+        const int seat = Code(s[k + 1].Value);
+        out.push_back({.Source = kPlanBetAmount,
+                       .At = static_cast<std::int32_t>(k),
+                       .Bet = v,
+                       .Seat = seat >= 0 && seat <= 8 ? seat : -1,
+                       .Value = s[k + 1].Value});
         return k + 1 + q;
       }
     }
@@ -70,7 +75,7 @@ struct Builder {
       q = 0;
       while (q < cls && At(k + 1 + q) != nullptr && IsQualifier(s[k + 1 + q].Kind)) ++q;
     }
-    out.push_back({kPlanVariable, static_cast<std::int32_t>(k), 0, 0});
+    out.push_back({.Source = kPlanVariable, .At = static_cast<std::int32_t>(k)});
     return k + 1 + q;
   }
 
@@ -83,17 +88,18 @@ struct Builder {
     const ScriptElement* open = At(k + 1);
     if (open == nullptr || open->Kind != kOpen) return 0;
     const std::size_t head = out.size();
-    out.push_back({kPlanAggregate, static_cast<std::int32_t>(k), 0, 0});
+    out.push_back({.Source = kPlanAggregate, .At = static_cast<std::int32_t>(k)});
     std::size_t j = k + 2;
     for (;;) {
       const ScriptElement* e = At(j);
       if (e == nullptr) return 0;
-      if (IsComparison(e->Kind)) out.push_back({kPlanElement, static_cast<std::int32_t>(j++), 0, 0});
+      if (IsComparison(e->Kind))
+        out.push_back({.Source = kPlanElement, .At = static_cast<std::int32_t>(j++)});
       j = Operand(j, true);
       if (j == 0 || At(j) == nullptr) return 0;
       if (s[j].Kind == kEmpty) break;
       if (s[j].Kind != kComma) return 0;
-      out.push_back({kPlanElement, static_cast<std::int32_t>(j++), 0, 0});
+      out.push_back({.Source = kPlanElement, .At = static_cast<std::int32_t>(j++)});
     }
     const ScriptElement* close = At(j + 1);
     if (close == nullptr || close->Kind != kClose) return 0;
@@ -111,21 +117,48 @@ constexpr Level kLevels[] = {{kPower, kPower}, {kTimes, kDivide}, {kIntDivide, k
                              {kMod, kMod},     {kPlus, kMinus},   {kEqual, kEqual},
                              {kAnd, kAnd},     {kOr, kOr},        {kXor, kXor}};
 
-// The plan of the statement [start, end), or false when it is not plain.
-bool Plan(ScriptRunState& run, std::size_t start, std::size_t end) {
-  // A read of a variable stops at the mark behind the statement.
-  if (end >= run.AllCompiled.size() || !IsMark(run.AllCompiled[end])) return false;
+// The kinds that head a keyword statement, which the interpreter's switch
+// runs and a plan never does.
+bool IsKeyword(std::int32_t kind) {
+  return (kind >= kIf && kind <= kExitDo) || kind == kHead || kind == kLabel;
+}
+
+// How many comparisons the expression of `count` operands joined by `ops`
+// is when it is comparisons joined by And, else 0. Its value is then true
+// exactly when every comparison holds, and a run stops at the first that
+// does not: only a list function can leave a note (Average of nothing), so
+// one may stand in the first comparison alone, which is always figured.
+int AllOf(const std::int32_t* ops, const bool* aggregates, int count) {
+  if (count % 2 != 0) return 0;
+  for (int i = 0; i + 1 < count; ++i)
+    if (i % 2 == 0 ? !IsComparison(ops[i]) : ops[i] != kAnd) return 0;
+  for (int i = 2; i < count; ++i)
+    if (aggregates[i]) return 0;
+  return count / 2;
+}
+
+// The plan of the expression [start, end): its operands and the steps that
+// combine them, added to the plan tables; false when it is not plain. The
+// element at `end` must end a variable's qualifiers (a mark or a
+// comparison), as it does in the work table.
+bool PlanExpression(ScriptRunState& run, std::size_t start, std::size_t end, StatementPlan& plan) {
+  if (end >= run.AllCompiled.size()) return false;
+  const ScriptElement& behind = run.AllCompiled[end];
+  if (!IsMark(behind) && !IsComparison(behind.Kind)) return false;
   const std::size_t firstOperand = run.PlanOperands.size();
   Builder b{run.AllCompiled, end, run.PlanOperands};
   std::int32_t ops[kPlanOperandLimit];
   std::int32_t slots[kPlanOperandLimit];
+  bool aggregates[kPlanOperandLimit];
   int count = 0;
   bool compares = false;
   std::size_t k = start;
   for (;;) {
     if (count == kPlanOperandLimit) return false;
+    const std::size_t first = run.PlanOperands.size();
     k = b.Operand(k, false);
     if (k == 0) return false;
+    aggregates[count] = run.PlanOperands[first].Source == kPlanAggregate;
     slots[count] = count;
     ++count;
     if (k == end) break;
@@ -136,11 +169,11 @@ bool Plan(ScriptRunState& run, std::size_t start, std::size_t end) {
   }
   // The sweeps, level by level, left to right: each operator combines the
   // operands on either side into the left one.
-  StatementPlan plan;
   plan.FirstOperand = static_cast<std::int32_t>(firstOperand);
   plan.Operands = static_cast<std::int32_t>(run.PlanOperands.size() - firstOperand);
   plan.FirstStep = static_cast<std::int32_t>(run.PlanSteps.size());
   plan.Compares = compares;
+  plan.Comparisons = AllOf(ops, aggregates, count);
   for (const Level& level : kLevels) {
     for (int i = 0; i + 1 < count;) {
       if (!level.Holds(ops[i])) {
@@ -156,7 +189,50 @@ bool Plan(ScriptRunState& run, std::size_t start, std::size_t end) {
     }
   }
   plan.Steps = static_cast<std::int32_t>(run.PlanSteps.size()) - plan.FirstStep;
-  run.Plans.push_back(plan);
+  return true;
+}
+
+// Elements no sweep outside a condition changes: targets and their
+// qualifiers, commas, list keywords and their terminators, comparisons
+// (swept only in a condition), written numbers and texts, and brackets
+// around such elements (which the sweeps only drop).
+bool Untouched(const ScriptElement& e) {
+  const std::int32_t k = e.Kind;
+  return k == kVariableTarget || IsQualifier(k) || k == kComma || k == kList || k == kEmpty ||
+         IsComparison(k) || k == kNumber || k == kString || k == kOpen || k == kClose;
+}
+
+// The plan of an action or assignment [start, end) whose one expression is
+// plain and holds no comparison, everything around it untouched: an action
+// with its value right behind it and up to the first comparison, or targets
+// and the value behind the last comparison. Outside a condition the sweeps
+// leave the statement as it is with the value in the expression's place.
+bool PlanTargets(ScriptRunState& run, std::size_t start, std::size_t end, StatementPlan& plan) {
+  const auto& s = run.AllCompiled;
+  // The comparison that parts value and targets stands outside brackets (a
+  // list function's filter or a target list's qualifier is inside them).
+  int depth = 0;
+  auto parts = [&](std::size_t k) {
+    depth += s[k].Kind == kOpen ? 1 : s[k].Kind == kClose ? -1 : 0;
+    return depth == 0 && IsComparison(s[k].Kind);
+  };
+  std::size_t from = start + 1, to = start + 1;
+  if (s[start].Kind == kAction) {
+    while (to < end && !parts(to)) ++to;
+  } else {
+    from = to = end;
+    while (from > start && !parts(from - 1)) --from;
+    if (from == start) return false;  // no comparison: not an assignment
+  }
+  if (from == to) return false;  // no value
+  for (std::size_t k = start; k < end; ++k) {
+    const bool action = k == start && s[k].Kind == kAction;
+    if ((k < from || k >= to) && !action && !Untouched(s[k])) return false;
+  }
+  if (!PlanExpression(run, from, to, plan) || plan.Compares) return false;
+  plan.Targets = true;
+  plan.ValueFrom = static_cast<std::int32_t>(from - start);
+  plan.ValueTo = static_cast<std::int32_t>(to - start);
   return true;
 }
 
@@ -170,8 +246,19 @@ void PlanStatements(ScriptRunState& run) {
   for (std::size_t k = 0; k < s.size(); ++k) {
     StatementShape& shape = run.Shapes[k];
     if (shape.Count == 0 || (k > 0 && run.Shapes[k - 1].Count == shape.Count + 1)) continue;
+    if (IsKeyword(s[k].Kind)) continue;
     const std::size_t operands = run.PlanOperands.size(), steps = run.PlanSteps.size();
-    if (Plan(run, k, k + static_cast<std::size_t>(shape.Count))) {
+    const std::size_t end = k + static_cast<std::size_t>(shape.Count);
+    StatementPlan plan;
+    bool planned = PlanExpression(run, k, end, plan);
+    if (!planned) {
+      run.PlanOperands.resize(operands);
+      run.PlanSteps.resize(steps);
+      plan = StatementPlan{};
+      planned = PlanTargets(run, k, end, plan);
+    }
+    if (planned) {
+      run.Plans.push_back(plan);
       shape.Plan = static_cast<std::int32_t>(run.Plans.size());
     } else {
       run.PlanOperands.resize(operands);

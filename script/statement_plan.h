@@ -22,6 +22,8 @@
 //   statement with a comparison runs through the sweeps.
 // - Plans, PlanOperands and PlanSteps describe AllCompiled as it stands;
 //   they are remade with Shapes.
+// - No keyword statement (If, Then, GoTo, a label ...) has a plan, so the
+//   interpreter tries a statement's plan before it reads the statement.
 #pragma once
 
 #include <cstdint>
@@ -40,22 +42,32 @@ inline constexpr int kPlanOperandLimit = 16;
 void PlanStatements(ScriptRunState& run);
 
 // Two numbers combined by a binary operator other than &: what the sweeps'
-// Combine and Compare give for two numbers.
+// Combine and Compare give for two numbers. One switch, so that a plan's
+// step jumps straight to its operator.
 inline double CombineNumbers(Game& game, double left, std::int32_t op, double right) {
+  // Whole numbers (truth values) need no rounding for And, Or and Xor.
+  constexpr double kLongLow = -2147483648.5, kLongHigh = 2147483647.5;
   switch (op) {
     case kTimes: return left * right;  // as AutoBetMath
     case kPlus: return left + right;
     case kMinus: return left - right;
+    case kEqual:
+    case kNotEqual:
+    case kLess:
+    case kGreater:
+    case kLessEqual:
+    case kGreaterEqual:
+      return CompareNumbers(left, op, right);
+    case kAnd:
+    case kOr:
+    case kXor:
+      if (left > kLongLow && left < kLongHigh && right > kLongLow && right < kLongHigh) {
+        const auto a = static_cast<std::int32_t>(left), b = static_cast<std::int32_t>(right);
+        if (a == left && b == right) return op == kAnd ? a & b : op == kOr ? a | b : a ^ b;
+      }
+      return AutoBetCompare(game, left, op, right);
     default: break;
   }
   if (op >= kPower && op <= kMinus) return AutoBetMath(game, left, op, right);
-  if (op >= kEqual && op <= kGreaterEqual) return CompareNumbers(left, op, right);
-  // Whole numbers (truth values) need no rounding for And, Or and Xor.
-  constexpr double kLongLow = -2147483648.5, kLongHigh = 2147483647.5;
-  if (op >= kAnd && op <= kXor && left > kLongLow && left < kLongHigh && right > kLongLow &&
-      right < kLongHigh) {
-    const auto a = static_cast<std::int32_t>(left), b = static_cast<std::int32_t>(right);
-    if (a == left && b == right) return op == kAnd ? a & b : op == kOr ? a | b : a ^ b;
-  }
   return AutoBetCompare(game, left, op, right);
 }

@@ -417,7 +417,7 @@ ScriptElement VariableAt(Game& g, const ScriptElement* e, int& qualifiers) {
       if (Code(e[4].Value) == kFieldAmount && Code(e[3].Value) == 1) {
         // The amount on the bet, the field scripts read most.
         const int p = ResolvePlayer(g, e[1].Value);
-        return {kNumber, p >= 1 && p <= 8 ? g.Bet(p, v).ToDouble() : 0};
+        return {kNumber, p >= 1 && p <= 8 ? AmountValue(g.Bet(p, v)) : 0};
       }
       return {kNumber, BetVariable(g, v, e + 1)};
     }

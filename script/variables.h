@@ -13,9 +13,24 @@
 // - A read of an open seat gives 0, never an error.
 #pragma once
 
+#include <cstdint>
+
+#include "core/currency.h"
 #include "script/code_state.h"
 
 struct Game;
+
+// An amount of money as a script reads it: Currency::ToDouble, bit for bit.
+// An amount of whole units (nearly every bet) is converted without the
+// division, which gives the same double: its quotient is a whole number and
+// the amount, below 2^53, converts exactly, so the division rounds nothing.
+inline double AmountValue(Currency amount) {
+  constexpr std::int64_t kExactLimit = std::int64_t{1} << 53;
+  const std::int64_t raw = amount.raw;
+  if (raw % Currency::kScale == 0 && raw <= kExactLimit && raw >= -kExactLimit)
+    return static_cast<double>(raw / Currency::kScale);
+  return amount.ToDouble();
+}
 
 // The slot a player qualifier stands for: 1..8 and 0 themselves, 10 the
 // shooter, 11 the last shooter, 12 the original shooter, 13 the bettor

@@ -4,10 +4,14 @@
 // actions that reach outside the table: output files and the data folder
 // rule, the permissions that move with a player, the file actions whose
 // subsystems are not built, Check Script and Deactivate All. Last, plain
-// conditions run by their precompiled plans must give what the sweeps give.
+// conditions, assignments and bets run by their precompiled plans must give
+// what the sweeps give.
+#include "script/interpreter.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -20,8 +24,8 @@
 #include "dice/rng.h"
 #include "engine/players.h"
 #include "script/activation.h"
-#include "script/interpreter.h"
 #include "script/script_text.h"
+#include "script/variables.h"
 #include "script_test_util.h"
 #include "tests/engine/roll_fixture.h"
 #include "tests/support/count_allocations.h"
@@ -295,9 +299,11 @@ TEST_F(Actions, DeactivateAllDuringARunAsksToInterrupt) {
 // The same random condition is run bare (by its plan) and inside brackets
 // (which no plan takes, so the sweeps reduce it): the branch taken, every
 // step note (divisions by zero, "Condition is true") and the run-time
-// failure must agree.
+// failure must agree. So must a random value assigned or bet bare and in
+// brackets: the stacks and the bet it leaves, the notes and the failure.
 struct Outcome {
   double branch = 0;
+  double targets[2] = {};  // cs8 and cs9 afterwards
   std::vector<std::string> notes;
   std::string error;
   int plans = 0;
@@ -305,46 +311,89 @@ struct Outcome {
 
 class StatementPlan : public Interpreter {
  protected:
-  // Runs `If condition Then cs9 = 1 Else cs9 = 2 EndIf` from fixed stacks.
-  Outcome RunCondition(const std::string& condition) {
+  // Runs `script` from fixed stacks and bets.
+  Outcome RunScript(const std::string& script) {
     g.Point = 6;
     g.Bet(1, 101) = 3_usd;
     g.Bet(1, 102) = 0_usd;
     g.Bet(1, 103) = Currency::FromRaw(75'000);  // 7.5
+    g.Bet(1, 108) = 0_usd;
     g.Bet(1, 109) = 0_usd;
     g.Bet(1, PlaceId(6)) = 12_usd;
-    Run(1, "If " + condition + " Then cs9 = 1 Else cs9 = 2 EndIf");
+    Run(1, script);
     Outcome out;
     out.branch = g.Bet(1, 109).ToDouble();
+    out.targets[0] = g.Bet(1, 108).ToDouble();
+    out.targets[1] = g.Bet(1, 109).ToDouble();
     for (const ScriptStep& step : platform.steps) out.notes.push_back(step.note);
     out.error = g.scriptRun.ErrorText;
     out.plans = static_cast<int>(g.scriptRun.Plans.size());
     g.scriptRun.ErrorText.clear();
     return out;
   }
+  // Runs `If condition Then cs9 = 1 Else cs9 = 2 EndIf`.
+  Outcome RunCondition(const std::string& condition) {
+    return RunScript("If " + condition + " Then cs9 = 1 Else cs9 = 2 EndIf");
+  }
+
+  std::mt19937 rng{2024};
+  // A random expression of two to six operands; a value (what a statement
+  // assigns or bets) holds no comparison, a chain is comparisons joined by
+  // And.
+  std::string RandomExpression(bool value = false, bool chain = false) {
+    static const std::vector<std::string> operands = {"0",
+                                                      "1",
+                                                      "2",
+                                                      "3",
+                                                      "2.5",
+                                                      "7",
+                                                      "3000000000",
+                                                      "cs1",
+                                                      "cs2",
+                                                      "cs3",
+                                                      "place6",
+                                                      "point",
+                                                      "count(> 0, cs1, cs2, cs3)",
+                                                      "sum(cs1, cs3)",
+                                                      "average(> 5, cs1, cs2)",
+                                                      "highest(cs2, cs3)",
+                                                      "lowest(> 1, cs1, cs2, cs3)",
+                                                      "stddev(cs1, > 4, cs3)"};
+    static const std::vector<std::string> operators = {
+        "^", "*", "/", "\\", "mod", "+", "-", "=", "<>", "<", ">", "<=", ">=", "and", "or", "xor"};
+    static const std::vector<std::string> valueOperators = {"^", "*", "/",   "\\", "mod",
+                                                            "+", "-", "and", "or", "xor"};
+    auto pick = [&](const std::vector<std::string>& from) {
+      return from[std::uniform_int_distribution<std::size_t>(0, from.size() - 1)(rng)];
+    };
+    const auto& ops = value ? valueOperators : operators;
+    if (chain) {
+      // One to four comparisons joined by And.
+      static const std::vector<std::string> comparisons = {"=", "<>", "<", ">", "<=", ">="};
+      std::string expression = pick(operands) + " " + pick(comparisons) + " " + pick(operands);
+      const int n = std::uniform_int_distribution<int>(1, 4)(rng);
+      for (int k = 1; k < n; ++k)
+        expression += " and " + pick(operands) + " " + pick(comparisons) + " " + pick(operands);
+      return expression;
+    }
+    std::string expression = pick(operands);
+    // A lone number after If reads as a label: two operands at least.
+    const int n = std::uniform_int_distribution<int>(2, 6)(rng);
+    for (int k = 1; k < n; ++k) expression += " " + pick(ops) + " " + pick(operands);
+    return expression;
+  }
 };
 
 TEST_F(StatementPlan, RandomConditionsGiveWhatTheSweepsGive) {
-  const std::vector<std::string> operands = {
-      "0", "1", "2", "3", "2.5", "7", "3000000000", "cs1", "cs2", "cs3", "place6", "point",
-      "count(> 0, cs1, cs2, cs3)", "sum(cs1, cs3)", "average(> 5, cs1, cs2)", "highest(cs2, cs3)"};
-  const std::vector<std::string> operators = {"^",  "*", "/",  "\\", "mod", "+",   "-",  "=", "<>",
-                                              "<",  ">", "<=", ">=", "and", "or",  "xor"};
-  std::mt19937 rng(2024);
-  auto pick = [&](const std::vector<std::string>& from) {
-    return from[std::uniform_int_distribution<std::size_t>(0, from.size() - 1)(rng)];
-  };
   constexpr int kConditions = 400;
   int failures = 0, divisions = 0, taken = 0;
   for (int c = 0; c < kConditions; ++c) {
-    std::string condition = pick(operands);
-    // A lone number after If reads as a label: two operands at least.
-    const int n = std::uniform_int_distribution<int>(2, 6)(rng);  // operands
-    for (int k = 1; k < n; ++k) condition += " " + pick(operators) + " " + pick(operands);
+    const std::string condition = RandomExpression();
     const Outcome planned = RunCondition(condition);
     const Outcome swept = RunCondition("(" + condition + ")");
     ASSERT_GT(planned.plans, 0) << condition;  // the bare condition has a plan
-    ASSERT_EQ(swept.plans, 0) << condition;    // and the bracketed one none
+    // The bracketed one has none but the assignments' (cs9 = 1, cs9 = 2).
+    ASSERT_EQ(swept.plans, 2) << condition;
     EXPECT_EQ(planned.branch, swept.branch) << condition;
     EXPECT_EQ(planned.notes, swept.notes) << condition;
     EXPECT_EQ(planned.error, swept.error) << condition;
@@ -357,6 +406,92 @@ TEST_F(StatementPlan, RandomConditionsGiveWhatTheSweepsGive) {
   EXPECT_GT(divisions, 0);
   EXPECT_GT(taken, 0);
   EXPECT_LT(taken, kConditions - failures);
+}
+
+// A chain of comparisons joined by And stops at the first that fails; the
+// branch and the notes (an average of nothing in any comparison) must be
+// those of the sweeps, which figure every comparison.
+TEST_F(StatementPlan, RandomComparisonChainsGiveWhatTheSweepsGive) {
+  constexpr int kConditions = 400;
+  int taken = 0, divisions = 0;
+  for (int c = 0; c < kConditions; ++c) {
+    const std::string condition = RandomExpression(false, true);
+    const Outcome planned = RunCondition(condition);
+    const Outcome swept = RunCondition("(" + condition + ")");
+    ASSERT_EQ(planned.plans, 3) << condition;
+    EXPECT_EQ(planned.branch, swept.branch) << condition;
+    EXPECT_EQ(planned.notes, swept.notes) << condition;
+    EXPECT_EQ(planned.error, swept.error) << condition;
+    taken += swept.branch == 1;
+    for (const std::string& note : swept.notes)
+      divisions += note.find("Division by zero.") != std::string::npos;
+  }
+  EXPECT_GT(taken, kConditions / 20);
+  EXPECT_LT(taken, kConditions - kConditions / 20);
+  EXPECT_GT(divisions, 0);
+}
+
+// A script reads money by a shortcut for whole amounts: every amount, whole
+// or not, small or near the limit of exact doubles, reads as ToDouble does.
+TEST(AmountValue, EveryAmountReadsAsToDoubleGivesIt) {
+  std::mt19937_64 rng(7);
+  constexpr std::int64_t kExact = std::int64_t{1} << 53;
+  constexpr std::int64_t kWholeNearExact = kExact / 10'000 * 10'000;
+  const std::int64_t edges[] = {0,
+                                1,
+                                -1,
+                                9'999,
+                                10'000,
+                                -10'000,
+                                123'450'000,
+                                kExact,
+                                -kExact,
+                                kWholeNearExact,
+                                -kWholeNearExact,
+                                kWholeNearExact + 10'000,
+                                -kWholeNearExact - 10'000,
+                                kWholeNearExact + 10'000 * 9'999,
+                                std::numeric_limits<std::int64_t>::max() / 10'000 * 10'000,
+                                std::numeric_limits<std::int64_t>::min() / 10'000 * 10'000};
+  for (const std::int64_t raw : edges)
+    EXPECT_EQ(AmountValue(Currency::FromRaw(raw)), Currency::FromRaw(raw).ToDouble()) << raw;
+  for (int k = 0; k < 100'000; ++k) {
+    const int bits = static_cast<int>(rng() % 63);
+    std::int64_t raw = static_cast<std::int64_t>(rng() >> (63 - bits));
+    if (k % 2 == 0) raw = raw / 10'000 * 10'000;  // whole amounts, half the time
+    if (k % 3 == 0) raw = -raw;
+    const Currency c = Currency::FromRaw(raw);
+    ASSERT_EQ(AmountValue(c), c.ToDouble()) << raw;
+  }
+}
+
+TEST_F(StatementPlan, RandomValuesAssignedAndBetGiveWhatTheSweepsGive) {
+  // Targets before the value and after it, alone or in a qualified list.
+  const std::vector<std::pair<std::string, std::string>> forms = {
+      {"cs9 = ", ""},
+      {"all(< 1, cs8, cs9) = ", ""},
+      {"bet ", " on cs8"},
+      {"bet ", " on all(< 20, cs9, cs8)"}};
+  constexpr int kValues = 300;
+  int planned = 0, failures = 0, changed = 0;
+  for (int c = 0; c < kValues; ++c) {
+    const std::string value = RandomExpression(true);
+    const auto& [before, after] = forms[static_cast<std::size_t>(c) % forms.size()];
+    const Outcome bare = RunScript(before + value + after);
+    const Outcome swept = RunScript(before + "(" + value + ")" + after);
+    ASSERT_EQ(swept.plans, 0) << before << value << after;
+    planned += bare.plans;
+    EXPECT_EQ(bare.targets[0], swept.targets[0]) << before << value << after;
+    EXPECT_EQ(bare.targets[1], swept.targets[1]) << before << value << after;
+    EXPECT_EQ(bare.notes, swept.notes) << before << value << after;
+    EXPECT_EQ(bare.error, swept.error) << before << value << after;
+    failures += !swept.error.empty();
+    changed += swept.targets[0] != 0 || swept.targets[1] != 0;
+  }
+  // Most values have a plan, some fail and most change what they target.
+  EXPECT_GT(planned, kValues / 2);
+  EXPECT_GT(failures, 0);
+  EXPECT_GT(changed, kValues / 2);
 }
 
 }  // namespace
