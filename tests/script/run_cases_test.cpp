@@ -126,7 +126,7 @@ class Case {
     } else if (word == "answer") {
       std::getline(words >> std::ws, text);
       platform_.queuedReplies.push_back(
-          {text == "yes" ? kAnswerYes : text == "no" ? kAnswerNo : kAnswerOk, text});
+          {text == "yes" ? kAnswerYes : text == "no" ? kAnswerNo : kAnswerOk, text, {}, false});
     } else if (word == "steps") {
       ScriptSource& src = g_.scriptSource;
       g_.scriptRun.ShowSteps = true;

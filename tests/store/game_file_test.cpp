@@ -757,7 +757,7 @@ class SessionsLogFiles : public RollFixture {
       ASSERT_FALSE(AppendSessionRecord(path, r).has_value());
     }
   }
-  void Answer(int answer) { platform.queuedReplies.push_back({answer}); }
+  void Answer(int answer) { platform.queuedReplies.push_back({answer, {}, {}, false}); }
   std::string Default(int p) const { return DefaultSessionLogPath(g, p); }
 };
 
