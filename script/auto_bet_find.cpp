@@ -58,12 +58,20 @@ int ReplaceAllInScript(Game& game, std::string_view what, std::string_view with,
   const std::string key = Folded(what, matchCase);
   int made = 0;
   for (std::string& line : lines) {
-    std::size_t at = 0;
-    while ((at = Folded(line, matchCase).find(key, at)) != std::string::npos) {
-      line.replace(at, what.size(), with);
-      at += with.size();
+    // Matches are found in the line as it was: text put in by a replacement
+    // is never searched again.
+    const std::string folded = Folded(line, matchCase);
+    std::size_t from = 0, at = folded.find(key);
+    if (at == std::string::npos) continue;
+    std::string replaced;
+    for (; at != std::string::npos; at = folded.find(key, from)) {
+      replaced.append(line, from, at - from);
+      replaced += with;
+      from = at + key.size();
       ++made;
     }
+    replaced.append(line, from);
+    line = std::move(replaced);
   }
   if (made > 0) SetEditorText(game, lines, true);
   return made;

@@ -138,6 +138,10 @@ TEST_F(AutoBetEditor, FindGoesFromTheCaretAndWrapsOnceRoundTheScript) {
   EXPECT_EQ(EditorText(g), (std::vector<std::string>{"bet 5 on Field", "bet 5 on big6"}));
   EXPECT_EQ(ReplaceAllInScript(g, "5", "55", false), 2);  // the new text is not searched again
   EXPECT_EQ(ss.ScriptLines[1][2], "bet 55 on big6");
+  // Without case, matches side by side, each keeping the text around it.
+  SetEditorText(g, {"FieldfIELD and field."}, false);
+  EXPECT_EQ(ReplaceAllInScript(g, "field", "Field X", false), 3);
+  EXPECT_EQ(EditorText(g), (std::vector<std::string>{"Field XField X and Field X."}));
   EXPECT_EQ(ReplacementsMadeText(1), "1 replacement was made.");
   EXPECT_EQ(ReplacementsMadeText(0), "0 replacements were made.");
 }
