@@ -202,3 +202,5 @@ void FigureBetMaximum(Game& g, int p, int b) {
   // As in SpecialMaximum: a negative maximum is 0, a multiple of any unit.
   g.betting.BetMaximum = t.value < Currency{} ? Currency{} : t.value;
 }
+
+Currency BetMaximumInFull(const Game& g, int p, int b) { return SpecialMaximum(g, p, b); }

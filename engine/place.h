@@ -31,6 +31,9 @@ constexpr Currency kCheckStackLimit = Currency::FromRaw(999999999999999999);
 void SetBetChecked(Game& game, int p, int b);
 // Sets game.betting.BetMaximum, the highest total bet b of player p may have.
 void FigureBetMaximum(Game& game, int p, int b);
+// The same maximum figured in full each time, with nothing remembered and no
+// shortcut: what FigureBetMaximum must always agree with.
+Currency BetMaximumInFull(const Game& game, int p, int b);
 
 // SetBetChecked for a bet visible on the table (refused silently when the
 // bet is switched off), then the odds that hang on a changed flat bet follow.

@@ -1,7 +1,8 @@
 // The remembered maxima: FigureBetMaximum keeps each figure with the inputs
-// it came from, so a run that changes the rules, payoffs, checks, point and
-// flat bets between calls must get exactly what a game that remembers
-// nothing figures afresh, for every bet of every seat.
+// it came from and takes most bets straight to the table maximum, so a run
+// that changes the rules, payoffs, checks, point and flat bets between calls
+// must get exactly what a figure made in full gives, for every bet of every
+// seat.
 #include <random>
 
 #include "engine/place.h"
@@ -11,18 +12,7 @@ namespace {
 
 using namespace bet;
 
-class BetMaximum : public TableFixture {
- protected:
-  // The maximum as figured from nothing remembered; what was remembered is
-  // put back afterwards so the run goes on with it.
-  Currency Afresh(int p, int b) {
-    const RememberedMaxima kept = g.betting.maxima;
-    g.betting.maxima = RememberedMaxima{};
-    FigureBetMaximum(g, p, b);
-    g.betting.maxima = kept;
-    return g.betting.BetMaximum;
-  }
-};
+using BetMaximum = TableFixture;
 
 // Amounts in steps that hit the interesting cases: 0, whole and broken
 // checks, and now and then a negative amount.
@@ -31,7 +21,7 @@ Currency Pick(std::mt19937& rng, int top, int scale = Currency::kScale) {
   return Currency::FromRaw(n * scale / (rng() % 4 == 0 ? 4 : 1));
 }
 
-TEST_F(BetMaximum, RememberedFiguresMatchFiguresMadeAfresh) {
+TEST_F(BetMaximum, RememberedAndShortcutFiguresMatchFiguresMadeInFull) {
   std::mt19937 rng(20261124);
   constexpr int kSteps = 1000;
   constexpr int kPoints[] = {0, 4, 5, 6, 8, 9, 10};
@@ -80,7 +70,7 @@ TEST_F(BetMaximum, RememberedFiguresMatchFiguresMadeAfresh) {
       for (int b = 0; b <= kLastRealBet; ++b) {
         FigureBetMaximum(g, p, b);
         const Currency kept = g.betting.BetMaximum;
-        ASSERT_EQ(kept, Afresh(p, b)) << "step " << step << ", seat " << p << ", " << BetName(b);
+        ASSERT_EQ(kept, BetMaximumInFull(g, p, b)) << "step " << step << ", seat " << p << ", " << BetName(b);
       }
   }
 }
