@@ -394,6 +394,17 @@ void WinCrapsProps(Deciding& d, int single) {
 // The hop bet of the dice on the table, in either order.
 void WinHop(Deciding& d) { AllSeats(d, kWins, HopOfDice(d.g)); }
 
+// Winners of a six or an eight: the box number, its Big bet, the Midway, the
+// hardway on a pair, the hop, and the Come bets that travel to it.
+void WinSixOrEight(Deciding& d, int n, int big, int hard, bool pair) {
+  WinBoxNumber(d, n);
+  AllSeats(d, kWins, big);
+  AllSeats(d, kWins, bet::kMidway);
+  if (pair) AllSeats(d, kWins, hard);
+  WinHop(d);
+  Travel(d, n);
+}
+
 void WinnersPass(Deciding& d) {
   Game& g = d.g;
   const int t = g.DiceTotal;
@@ -429,12 +440,7 @@ void WinnersPass(Deciding& d) {
       Travel(d, 5);
       break;
     case 6:
-      WinBoxNumber(d, 6);
-      AllSeats(d, kWins, bet::kBig6);
-      AllSeats(d, kWins, bet::kMidway);
-      if (pair) AllSeats(d, kWins, bet::kHard6);
-      WinHop(d);
-      Travel(d, 6);
+      WinSixOrEight(d, 6, bet::kBig6, bet::kHard6, pair);
       break;
     case 7:
       AllSeats(d, kWins, bet::kCome);
@@ -457,12 +463,7 @@ void WinnersPass(Deciding& d) {
       if (!co) EndHand(g);
       break;
     case 8:
-      WinBoxNumber(d, 8);
-      AllSeats(d, kWins, bet::kBig8);
-      AllSeats(d, kWins, bet::kMidway);
-      if (pair) AllSeats(d, kWins, bet::kHard8);
-      WinHop(d);
-      Travel(d, 8);
+      WinSixOrEight(d, 8, bet::kBig8, bet::kHard8, pair);
       break;
     case 9:
       WinBoxNumber(d, 9);
