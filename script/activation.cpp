@@ -4,9 +4,9 @@
 #include <array>
 #include <string>
 
-#include "core/message_dialog.h"
 #include "core/game.h"
 #include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/text.h"
 #include "script/compile_common.h"
 #include "script/compile_script.h"
@@ -18,10 +18,10 @@ namespace {
 
 constexpr int kActivationHelpId = kHelpScriptActivation;
 constexpr int kEmptyScriptHelpId = kHelpScriptEmpty;
-constexpr int kErrorStyle = kMsgOk | kMsgPicStop;                                    // 0x201
-constexpr int kActivateStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusYes;       // 0x1406
-constexpr int kInterruptStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusNo;       // 0x2406
-constexpr int kStructuredStyle = kMsgOk | kMsgPicOk;                                 // 0x101
+constexpr int kErrorStyle = kMsgOk | kMsgPicStop;                               // 0x201
+constexpr int kActivateStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusYes;  // 0x1406
+constexpr int kInterruptStyle = kMsgYes | kMsgNo | kMsgPicQmark | kMsgFocusNo;  // 0x2406
+constexpr int kStructuredStyle = kMsgOk | kMsgPicOk;                            // 0x101
 
 const std::string& Name(const Game& g, int p) { return g.PlayerName[static_cast<std::size_t>(p)]; }
 
@@ -69,9 +69,16 @@ void ShowScriptError(Game& g, int p) {
              name +
                  "'s auto-bet script contains an error which must be corrected before you can run "
                  "it.\r\rSelect " +
-                 name + " on the auto-bet screen and click the \"Check Script\" button to see the "
-                        "error.",
+                 name +
+                 " on the auto-bet screen and click the \"Check Script\" button to see the "
+                 "error.",
              "Auto-bet script error", 0, kErrorStyle);
+}
+
+// Empties the joined run: element 0 and no strings.
+void ClearJoinedRun(ScriptRunState& r) {
+  r.AllCompiled.assign(1, ScriptElement{});
+  r.AllStringsCount = 0;
 }
 
 }  // namespace
@@ -80,8 +87,7 @@ void CompileALLAutobets(Game& g) {
   ScriptRunState& r = g.scriptRun;
   g.roll.ScriptsOK = false;
   if (g.scriptSource.EditorOpen) StoreEdLines(g);
-  r.AllCompiled.assign(1, ScriptElement{});
-  r.AllStringsCount = 0;
+  ClearJoinedRun(r);
   r.FailedPlayer = 0;
   for (int p = 1; p <= 8; ++p) {
     if (!g.roll.ScriptActive[static_cast<std::size_t>(p)]) continue;
@@ -102,10 +108,18 @@ void CompileALLAutobets(Game& g) {
   g.roll.ScriptsOK = true;
 }
 
+void JoinCompiledScriptAlone(Game& g) {
+  ClearJoinedRun(g.scriptRun);
+  Join(g);
+  IndexStatements(g.scriptRun);
+  g.roll.ScriptsOK = true;
+}
+
 void ActivateScripts(Game& g, int p) {
   std::string text;
   if (p > 0) {
-    text = Name(g, p) + "'s auto-bet script has been activated.\r\rYou have an opportunity now to run " +
+    text = Name(g, p) +
+           "'s auto-bet script has been activated.\r\rYou have an opportunity now to run " +
            Name(g, p) + "'s script for one cycle BEFORE ";
   } else {
     text =
@@ -223,9 +237,8 @@ bool InitializeScripts(Game& g) {
 CheckScriptResult CheckScript(Game& g) {
   ScriptSource& src = g.scriptSource;
   CheckScriptResult result;
-  const bool empty = std::all_of(src.EdLines.begin() + 1, src.EdLines.end(), [](const std::string& l) {
-    return Trim(l).empty();
-  });
+  const bool empty = std::all_of(src.EdLines.begin() + 1, src.EdLines.end(),
+                                 [](const std::string& l) { return Trim(l).empty(); });
   if (empty) {
     ShowNotice(g,
                "This feature checks to see that your Auto-Bet script is properly structured, but "
@@ -256,10 +269,10 @@ CheckScriptResult CheckScript(Game& g) {
                         tail[static_cast<std::size_t>(endCol - 1)] == ':'))
     --endCol;
   result = {false, line, col, endLine, endCol};
-  const std::string title =
-      endLine > line ? "Auto-bet script error in lines " + std::to_string(line) + " thru " +
-                           std::to_string(endLine)
-                     : "Auto-bet script error in line " + std::to_string(line);
+  const std::string title = endLine > line
+                                ? "Auto-bet script error in lines " + std::to_string(line) +
+                                      " thru " + std::to_string(endLine)
+                                : "Auto-bet script error in line " + std::to_string(line);
   g.msg.MsgTitle = title;
   g.msg.MsgHelpId = 0;
   g.msg.MsgStyle = kErrorStyle;

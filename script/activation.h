@@ -26,6 +26,10 @@ struct Game;
 // shown, KeepRolling cleared and the failing player left in
 // scriptRun.FailedPlayer.
 void CompileALLAutobets(Game& game);
+// Makes the script just compiled (scriptCode) the only one the run holds,
+// joined as CompileALLAutobets joins each player's, and sets ScriptsOK: the
+// run a Hot-Key makes of its file.
+void JoinCompiledScriptAlone(Game& game);
 
 // The fault of the script that stopped the last join (scriptRun.FailedPlayer's).
 CompileError LastJoinFault(const Game& game);

@@ -12,6 +12,7 @@
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "core/text.h"
+#include "script/activation.h"
 #include "script/compile_script.h"
 #include "script/files.h"
 #include "script/interpreter.h"
@@ -59,8 +60,7 @@ std::string HotKeyFileBytes(const std::vector<HotKeyRow>& rows) {
   return bytes;
 }
 
-bool ReadHotKeyFileBytes(std::string_view bytes, std::vector<HotKeyRow>& rows,
-                         std::string& error) {
+bool ReadHotKeyFileBytes(std::string_view bytes, std::vector<HotKeyRow>& rows, std::string& error) {
   rows.clear();
   if (bytes.size() < kHotKeyFieldsSize) {
     error = "the file is too short to hold its header";
@@ -117,8 +117,9 @@ bool LoadHotKeys(Game& game) {
   } else {
     error = "it can't be opened";
   }
-  ShowNotice(game, path + "\r\ris not a Hot-Key file that can be read: " + error + ".\r\r" +
-                       "No Hot-Keys are defined until the table is entered again.",
+  ShowNotice(game,
+             path + "\r\ris not a Hot-Key file that can be read: " + error + ".\r\r" +
+                 "No Hot-Keys are defined until the table is entered again.",
              "Hot-Key", kHelpHotKeys, kMsgOk);
   return false;
 }
@@ -163,7 +164,8 @@ std::vector<HotKeyRow> ParseHotKeyClipboard(std::string_view text) {
     const std::string_view rest = l.substr(head + kClipboardGap.size());
     const std::size_t gap = rest.find(kClipboardGap);
     row.file = std::string(rest.substr(0, gap));
-    if (gap != std::string_view::npos) row.description = std::string(rest.substr(gap + kClipboardGap.size()));
+    if (gap != std::string_view::npos)
+      row.description = std::string(rest.substr(gap + kClipboardGap.size()));
     if (HotKeyRowProblem(row).empty()) rows.push_back(std::move(row));
   }
   return rows;
@@ -204,14 +206,8 @@ bool FireHotKey(Game& game, char key) {
     finish();
     return true;
   }
+  JoinCompiledScriptAlone(game);
   ScriptRunState& r = game.scriptRun;
-  const ScriptCode& code = game.scriptCode;
-  r.AllCompiled = code.CompiledScript;
-  r.AllStrings = code.StringPool;
-  if (r.AllStrings.empty()) r.AllStrings.emplace_back();
-  r.AllStringsCount = static_cast<int>(r.AllStrings.size()) - 1;
-  IndexStatements(r);
-  game.roll.ScriptsOK = true;
   const int editing = ss.EdPlayer;
   ss.EdPlayer = 0;
   r.FirstCycle = true;

@@ -288,8 +288,8 @@ TEST(HotKeyFile, RecordsHoldTheirFieldsAtTheirOffsetsPaddedWithBlanks) {
   ASSERT_TRUE(ReadHotKeyFileBytes(bytes, rows, error)) << error;
   EXPECT_EQ(rows, TwoRows());
   // A last record that ends with its fields is whole.
-  ASSERT_TRUE(ReadHotKeyFileBytes(bytes.substr(0, 2 * kHotKeyRecordSize + kHotKeyFieldsSize), rows,
-                                  error));
+  ASSERT_TRUE(
+      ReadHotKeyFileBytes(bytes.substr(0, 2 * kHotKeyRecordSize + kHotKeyFieldsSize), rows, error));
   EXPECT_EQ(rows.size(), 2u);
   // An empty table is the header alone.
   ASSERT_TRUE(ReadHotKeyFileBytes(HotKeyFileBytes({}), rows, error));
@@ -358,7 +358,10 @@ TEST_F(HotKeys, TheFileIsWrittenAtomicallyAndReadBackAtStartUp) {
 }
 
 TEST_F(HotKeys, AKeyRunsItsScriptOnceForTheCurrentPlayerAndTouchesNoPlayersScript) {
-  WriteWholeFile(Path("field.bet"), "bet 5 on field\r\n");
+  // A jump to a named label: the run holds the file's links and strings.
+  WriteWholeFile(Path("field.bet"),
+                 "If cs1 = 0 Then\r\n  GoTo \"skip\"\r\nEndIf\r\nbet 9 on field\r\n"
+                 ":\"skip\":\r\nbet 5 on field\r\n");
   game->scriptSource.HotKeyTable = {{'F', Path("field.bet"), "", false}};
   SetEditorText(*game, {"bet 1 on big6"}, false);
   game->roll.ScriptsOK = true;
