@@ -28,13 +28,9 @@ const auto kFieldRowOfDice = [] {
 
 // amount x a, as CurMul has it. When a is a whole number of units the
 // product is amount x (a / 10,000) exactly, and CurMul's rounding has
-// nothing to round: the one multiplication gives its result.
+// nothing to round: one whole multiplication gives its result.
 Currency Times(Currency amount, Currency a) {
-  std::int64_t product;
-  if (a.raw % Currency::kScale == 0 &&
-      !__builtin_mul_overflow(amount.raw, a.raw / Currency::kScale, &product))
-    return Currency::FromRaw(product);
-  return CurMul(amount, a);
+  return IsWhole(a) ? CurMulInt(amount, a.raw / Currency::kScale) : CurMul(amount, a);
 }
 
 // x / d in doubles, back to an amount: x / 10,000 over d / 10,000, times
