@@ -21,22 +21,9 @@ struct PairTexts {
                                           std::to_string(b) + ") or (" + std::to_string(b) + "." +
                                           std::to_string(a) + ")";
     };
-    unordered(3, 1, 2);
-    unordered(11, 5, 6);
-    for (auto [c, a, b] : {std::array{26, 1, 3},
-                           {31, 1, 4},
-                           {32, 2, 3},
-                           {37, 1, 5},
-                           {38, 2, 4},
-                           {45, 1, 6},
-                           {46, 2, 5},
-                           {47, 3, 4},
-                           {52, 2, 6},
-                           {53, 3, 5},
-                           {58, 3, 6},
-                           {59, 4, 5},
-                           {62, 4, 6}})
-      unordered(c, a, b);
+    unordered(kEventNumber3, 1, 2);
+    unordered(kEventNumber11, 5, 6);
+    for (const EitherWayPair& e : kEitherWayPairs) unordered(e.event, e.low, e.high);
   }
 };
 

@@ -99,6 +99,24 @@ constexpr std::array<std::array<std::int8_t, 6>, 6> kPairEvent = {{
     {{40, 49, 55, 61, 64, 12}},  // d1 = 6
 }};
 constexpr int PairEvent(int d1, int d2) { return kPairEvent[d1 - 1][d2 - 1]; }
+// The categories of an unordered pair of different faces whose total is 4
+// to 10, "Number 4 (1.3) or (3.1)": the category and the two faces, low
+// face first. (1.2 and 5.6 count as the numbers 3 and 11 themselves.)
+struct EitherWayPair {
+  std::int8_t event, low, high;
+};
+constexpr std::array<EitherWayPair, 13> kEitherWayPairs = {{
+    {26, 1, 3}, {31, 1, 4}, {32, 2, 3}, {37, 1, 5}, {38, 2, 4}, {45, 1, 6}, {46, 2, 5},
+    {47, 3, 4}, {52, 2, 6}, {53, 3, 5}, {58, 3, 6}, {59, 4, 5}, {62, 4, 6},
+}};
+// The category of faces d1 and d2 in either order; 0 when they are not one
+// of kEitherWayPairs.
+constexpr int EitherWayEvent(int d1, int d2) {
+  const int low = d1 < d2 ? d1 : d2, high = d1 < d2 ? d2 : d1;
+  for (const EitherWayPair& e : kEitherWayPairs)
+    if (e.low == low && e.high == high) return e.event;
+  return 0;
+}
 // The category of the total t (2..12) as a number: the same integer.
 constexpr int TotalEvent(int t) { return t; }
 constexpr int Die1FaceEvent(int face) { return kEventDie1Face1 + face - 1; }

@@ -234,7 +234,7 @@ double TableVariable(Game& g, int v) {
     case 3001:
       return Truth(R == 0);
     case 3002:
-      return Truth(g.RollTally(0, 0) == 0);
+      return Truth(g.RollTally(kTableHand, kEventRolls) == 0);
     case 3005:
     case 3006:
     case 3007:
@@ -350,7 +350,7 @@ double RollsVariable(Game& g, int v, const ScriptElement* q) {
     case 2501:
       return g.RollsSince(RollsSubscript(q[2].Value));
     case 2502:
-      return Div(100.0 * g.RollTally(f.i, RollsSubscript(q[2].Value)), g.RollTally(f.i, 0));
+      return Div(100.0 * g.RollTally(f.i, RollsSubscript(q[2].Value)), g.RollTally(f.i, kEventRolls));
     case 2600:
     case 2601:
     case 2602:
@@ -400,7 +400,7 @@ ScriptElement VariableValue(Game& g, int v, const ScriptElement* q) {
   }
   if (v == 1200) {
     const int h = std::clamp(Code(q[1].Value), 1, static_cast<int>(kFrameCount));
-    return {kNumber, Div(g.RollTally(FrameIndex(0, h - 1), 0), g.rules.RollsPerHour.ToDouble())};
+    return {kNumber, Div(g.RollTally(FrameIndex(kHouse, h - 1), kEventRolls), g.rules.RollsPerHour.ToDouble())};
   }
   if (v >= 86 && v <= 999) return {kNumber, PlayerVariable(g, v, ResolvePlayer(g, q[0].Value))};
   return {kNumber, 0};

@@ -51,7 +51,7 @@ BankrollGraphFigures FigureBankrollGraph(const Game& g, int p) {
   }
   f.currentRow = GraphRow(g, g.Bet(p, 0));
 
-  const Long rolls = g.RollTally(18, 0);
+  const Long rolls = g.RollTally(kTableSession, kEventRolls);
   const double perHour = g.rules.RollsPerHour.ToDouble();
   f.totalRolls = ShowCount(rolls, "#,#;0;0");
   f.rollsPerHour = ShowValue(perHour, FormatWholeOr(perHour, fmt_pattern::kWhole, "#,0.0###;-#,#;0"));

@@ -66,7 +66,7 @@ std::vector<int> BetsWithDecisions(const Game& game, int frame, std::int32_t pla
   const std::vector<int> slots = SelectedSlots(game, players);
   for (int b = 1; b <= kLastRealBet; ++b)
     for (int p : slots)
-      if (game.StatAction(FrameIndex(p, frame), b, 1) > Currency{}) {
+      if (game.StatAction(FrameIndex(p, frame), b, kStatCount) > Currency{}) {
         bets.push_back(b);
         break;
       }
@@ -103,7 +103,7 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
         lastCount += 1_usd;
         lastAmount += game.BetAtRoll(p, b);
       }
-      f.expected += ExpectedOn(game, i, b, game.StatAction(i, b, 2));
+      f.expected += ExpectedOn(game, i, b, game.StatAction(i, b, kStatTotal));
       for (int k = 0; k < 3; ++k) {
         const StatTable& s = *tables[k];
         auto& c = col[static_cast<std::size_t>(k)];

@@ -93,8 +93,8 @@ RollFreqFigures FigureRollFreqs(const Game& game, int c, bool skewed) {
   f.category = std::clamp(c, kFirstCategory, kLastCategory);
   c = f.category;
   f.text = CategoryText(c);
-  const Long sessionRolls = game.RollTally(18, 0);
-  const Long count = game.RollTally(18, c);
+  const Long sessionRolls = game.RollTally(kTableSession, kEventRolls);
+  const Long count = game.RollTally(kTableSession, c);
   f.sessionRolls = ShowCount(sessionRolls, fmt_pattern::kWhole);
   f.selectionRolls = ShowCount(count, fmt_pattern::kWhole);
   const double actual = sessionRolls > 0 ? count * 100.0 / sessionRolls : 0;

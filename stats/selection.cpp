@@ -75,7 +75,7 @@ std::string SelectedPlayersLabel(const Game& game, std::int32_t bits) {
 }
 
 std::string HandCreditExplanation(const Game& game, int frame) {
-  if (frame == 0 && game.Shooter != game.HandShooter) {
+  if (frame == kFrameCurrentHand && game.Shooter != game.HandShooter) {
     std::string text = "The dice were passed during the current hand.\r\rAlthough " +
                        Name(game, game.Shooter) +
                        " is presently shooting the dice, the current hand is being credited to ";
@@ -85,7 +85,7 @@ std::string HandCreditExplanation(const Game& game, int frame) {
       text += "another player who started the hand but is no longer at the table.";
     return text;
   }
-  if (frame == 1 && game.RollsAtTable(9) > 0 && game.PrevHandShooter == 0)
+  if (frame == kFrameLastHand && game.RollsAtTable(kTableLastHand) > 0 && game.PrevHandShooter == 0)
     return "The last hand was shot by a player who is no longer at the table.";
   return {};
 }

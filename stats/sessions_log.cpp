@@ -163,13 +163,13 @@ SessionRecord SessionRecordOf(Game& g, int p) {
   FigureBetTotals(g, p, 2, 1, kLastRealBet, true);
   const int i = p + kSessionFrameBase;
   r[0] = Currency::FromWhole(g.RollsAtTable(i));
-  r[1] = g.StatAction(i, 0, 1);
-  r[2] = g.StatWins(i, 0, 1);
-  r[3] = g.StatLosses(i, 0, 1);
+  r[1] = g.StatAction(i, 0, kStatCount);
+  r[2] = g.StatWins(i, 0, kStatCount);
+  r[3] = g.StatLosses(i, 0, kStatCount);
   r[4] = r[2] - r[3];
-  r[5] = g.StatAction(i, 0, 2);
-  r[6] = g.StatWins(i, 0, 2);
-  r[7] = g.StatLosses(i, 0, 2);
+  r[5] = g.StatAction(i, 0, kStatTotal);
+  r[6] = g.StatWins(i, 0, kStatTotal);
+  r[7] = g.StatLosses(i, 0, kStatTotal);
   r[8] = r[6] - r[7];
   r[9] = r[5].IsZero() ? Currency{} : CurFromDouble(100 * r[8].ToDouble() / r[5].ToDouble());
   r[10] = g.InvestedBankroll(p);
@@ -179,7 +179,7 @@ SessionRecord SessionRecordOf(Game& g, int p) {
 }
 
 std::optional<std::string> WriteSessionRecord(Game& g, int p) {
-  if (g.RollTally(18, 0) == 0 || p < 1 || p > 8 || g.PlayerName[static_cast<std::size_t>(p)].empty())
+  if (g.RollTally(kTableSession, kEventRolls) == 0 || p < 1 || p > 8 || g.PlayerName[static_cast<std::size_t>(p)].empty())
     return std::nullopt;
   std::string& stored = g.roll.SessionLogPath[static_cast<std::size_t>(p)];
   if (stored.empty()) stored = SessionLogPathOf(g, p);

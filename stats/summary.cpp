@@ -29,13 +29,13 @@ bool CompRatedBet(const Game& g, int b) {
 }  // namespace
 
 void FigureBetTotals(Game& g, int i, int t, int from, int to, bool clear) {
-  const int index = i + 9 * t;
+  const int index = FrameIndex(i, t);
   StatTable* tables[3] = {&g.StatAction, &g.StatWins, &g.StatLosses};
   for (StatTable* s : tables) {
     if (clear)
-      for (int k = 1; k <= 6; ++k) (*s)(index, 0, k) = {};
+      for (int k = kStatCount; k <= kStatAmountOfLast; ++k) (*s)(index, 0, k) = {};
     for (int b = std::max(from, 1); b <= std::min(to, kLastRealBet); ++b)
-      for (int k = 1; k <= 6; ++k) (*s)(index, 0, k) += (*s)(index, b, k);
+      for (int k = kStatCount; k <= kStatAmountOfLast; ++k) (*s)(index, 0, k) += (*s)(index, b, k);
   }
 }
 
@@ -44,10 +44,10 @@ void FigureComps(Game& g, CompFigures& c, int i) {
   if (g.rules.CompsUseTrueProbs) g.dice.ProbabilityDiceOn = false;
   double house = 0;
   for (int b = 1; b <= kLastRealBet; ++b) {
-    const Currency wagered = g.StatAction(i, b, 2);
+    const Currency wagered = g.StatAction(i, b, kStatTotal);
     if (wagered <= Currency{} || !CompRatedBet(g, b)) continue;
     c.action += wagered;
-    c.decisions += static_cast<std::int32_t>(CurInt(g.StatAction(i, b, 1)).raw / Currency::kScale);
+    c.decisions += static_cast<std::int32_t>(CurInt(g.StatAction(i, b, kStatCount)).raw / Currency::kScale);
     house += wagered.ToDouble() * ExpectedValuePerDecision(g, b);
   }
   c.vig -= house;
@@ -76,11 +76,11 @@ SummaryFigures FigureSummary(Game& g, int frame, std::int32_t players) {
   Long hands = 0, shooting = 0;
   if (slots.empty()) {
     hands = g.HandsTally(base);
-    shooting = g.RollTally(base, 0);
+    shooting = g.RollTally(base, kEventRolls);
   }
   for (int p : slots) {
     hands += g.HandsTally(base + p);
-    shooting += g.RollTally(base + p, 0);
+    shooting += g.RollTally(base + p, kEventRolls);
   }
   f.totalHands = ShowCount(hands, fmt_pattern::kWhole);
   f.rollsShooting = ShowCount(shooting, fmt_pattern::kWhole);
@@ -103,7 +103,7 @@ SummaryFigures FigureSummary(Game& g, int frame, std::int32_t players) {
     if (first || whole < currentMin) currentMin = whole;
     first = false;
     sum += now;
-    average += CurFromDouble(g.BankrollSum(p).ToDouble() / (g.RollsAtTable(p + 18) + 1.0));
+    average += CurFromDouble(g.BankrollSum(p).ToDouble() / (g.RollsAtTable(FrameIndex(p, kFrameCurrentSession)) + 1.0));
   }
   const char* cents = "#,0.##;-#,0.##;0";
   const int n = static_cast<int>(slots.size());
@@ -214,7 +214,7 @@ HandsFigures FigureHands(const Game& g, int frame, std::int32_t players, bool pe
   Long hands = 0, rolls = 0, most[4] = {};
   for (int i : indices) {
     hands += g.HandsTally(i);
-    rolls += g.RollTally(i, 0);
+    rolls += g.RollTally(i, kEventRolls);
     most[0] = std::max(most[0], g.MostRollsHand(i));
     most[1] = std::max(most[1], g.MostComeoutHand(i));
     most[2] = std::max(most[2], g.MostPassesHand(i));

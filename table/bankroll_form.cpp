@@ -333,7 +333,7 @@ void BankrollForm::Refresh() {
   const Currency first = game_.GraphBankroll(p >= 1 && p <= 8 ? p : 1, 0);
   rollsLeft_->setText(Whole(first));
   rollsRight_->setText(Whole(first + Currency::FromWhole(kGraphColumns - 1)));
-  const long total = game_.RollTally(18, 0);
+  const long total = game_.RollTally(kTableSession, kEventRolls);
   const double perHour = game_.rules.RollsPerHour.ToDouble();
   QString text = QString("Total rolls:  %1<br>Rolls / hr:  %2<br>Sim hrs:  %3")
                      .arg(QString::fromStdString(StatusAmount(Currency::FromWhole(total), false)))

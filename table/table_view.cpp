@@ -198,9 +198,9 @@ std::string TableView::StatusLineText() const {
 
 void TableView::Roll() {
   if (game_.RollBusy) return;
-  const long before = game_.RollTally(18, 0);
+  const long before = game_.RollTally(kTableSession, kEventRolls);
   RollDice(game_);
-  if (game_.RollTally(18, 0) != before) PlaceDice();
+  if (game_.RollTally(kTableSession, kEventRolls) != before) PlaceDice();
   emit gameChanged();
   update();
 }

@@ -252,15 +252,15 @@ nlohmann::json PlayersJson(const Game& game) {
   nlohmann::json list = nlohmann::json::array();
   for (int p = 1; p <= 8; ++p) {
     if (game.PlayerName[p].empty()) continue;
-    const int f = FrameIndex(p, 2);
+    const int f = FrameIndex(p, kFrameCurrentSession);
     nlohmann::json bets = nlohmann::json::object();
     for (int b = 1; b <= kLastRealBet; ++b) {
-      const Currency decisions = game.StatAction(f, b, 1);
+      const Currency decisions = game.StatAction(f, b, kStatCount);
       if (decisions <= Currency{}) continue;
-      const Currency won = game.StatWins(f, b, 2), lost = game.StatLosses(f, b, 2);
+      const Currency won = game.StatWins(f, b, kStatTotal), lost = game.StatLosses(f, b, kStatTotal);
       bets[std::to_string(b)] = {
           {"decisions", decisions.raw / Currency::kScale},
-          {"wagered", Money(game.StatAction(f, b, 2))},
+          {"wagered", Money(game.StatAction(f, b, kStatTotal))},
           {"won", Money(won)},
           {"lost", Money(lost)},
           {"net", Money(won - lost)},
@@ -281,15 +281,15 @@ nlohmann::json PlayersJson(const Game& game) {
 void PrintPlayers(std::ostream& out, const Game& game) {
   for (int p = 1; p <= 8; ++p) {
     if (game.PlayerName[p].empty()) continue;
-    const int f = FrameIndex(p, 2);
+    const int f = FrameIndex(p, kFrameCurrentSession);
     out << game.PlayerName[p] << " (seat " << p << "): bankroll $" << FormatMoney(game.Bet(p, 0))
         << ", invested $" << FormatMoney(game.InvestedBankroll(p)) << ", on bets $"
         << FormatMoney(game.TotalBets(p)) << '\n';
     for (int b = 1; b <= kLastRealBet; ++b) {
-      const Currency decisions = game.StatAction(f, b, 1);
+      const Currency decisions = game.StatAction(f, b, kStatCount);
       if (decisions <= Currency{}) continue;
-      const Currency wagered = game.StatAction(f, b, 2);
-      const Currency net = game.StatWins(f, b, 2) - game.StatLosses(f, b, 2);
+      const Currency wagered = game.StatAction(f, b, kStatTotal);
+      const Currency net = game.StatWins(f, b, kStatTotal) - game.StatLosses(f, b, kStatTotal);
       out << "  " << BetName(b) << ": " << FormatMoney(decisions) << " decisions, wagered $"
           << FormatMoney(wagered) << ", net $" << FormatMoney(net);
       if (wagered > Currency{})
