@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "core/catalogue.h"
 #include "core/file_io.h"
 #include "core/game.h"
 #include "core/message_dialog.h"
@@ -174,7 +175,8 @@ SessionRecord SessionRecordOf(Game& g, int p) {
   r[9] = r[5].IsZero() ? Currency{} : CurFromDouble(100 * r[8].ToDouble() / r[5].ToDouble());
   r[10] = g.InvestedBankroll(p);
   r[11] = g.Bet(p, 0);
-  for (int n = 0; n < 20; ++n) r[static_cast<std::size_t>(12 + n)] = g.Bet(p, 100 + n);
+  for (int n = 0; n < kStackValues; ++n)
+    r[static_cast<std::size_t>(kFirstStackValue + n)] = g.Bet(p, bet::kCheckStackFirst + n);
   return r;
 }
 

@@ -43,6 +43,9 @@ using SessionRecord = std::array<Currency, kSessionValues>;
 // Index of the values that the classing and the totals read.
 constexpr int kHandleValue = 5;  // "$ Bets Decided (Handle)"
 constexpr int kNetValue = 8;     // "$ Bets Won/Lost (Net)"
+// The record's last values: the player's first CheckStacks.
+constexpr int kFirstStackValue = 12;
+constexpr int kStackValues = kSessionValues - kFirstStackValue;
 
 // The cmbView text of value 0..31: "# Rolls" ... "CheckStack #19".
 std::string SessionValueName(int index);

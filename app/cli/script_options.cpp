@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "cycle/hyperdrive.h"
+#include "core/catalogue.h"
 #include "core/message_dialog.h"
 #include "core/game.h"
 #include "core/text.h"
@@ -200,9 +201,9 @@ void AddScriptJson(nlohmann::json& summary, const Game& game, const RunPlatform&
                      names = nlohmann::json::object();
       for (int b = 1; b <= kLastRealBet; ++b)
         if (!game.Bet(p, b).IsZero()) onTable[std::to_string(b)] = game.Bet(p, b).ToDouble();
-      for (int n = 0; n <= 99; ++n) {
-        if (!game.Bet(p, 100 + n).IsZero())
-          stacks[std::to_string(n)] = game.Bet(p, 100 + n).ToDouble();
+      for (int n = 0; n <= bet::kCheckStackLast - bet::kCheckStackFirst; ++n) {
+        const Currency stack = game.Bet(p, bet::kCheckStackFirst + n);
+        if (!stack.IsZero()) stacks[std::to_string(n)] = stack.ToDouble();
         if (!game.CheckStackName(p, n).empty())
           names[std::to_string(n)] = game.CheckStackName(p, n);
       }
