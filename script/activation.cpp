@@ -274,7 +274,7 @@ CheckScriptResult CheckScript(Game& g) {
                                       " thru " + std::to_string(endLine)
                                 : "Auto-bet script error in line " + std::to_string(line);
   g.msg.MsgTitle = title;
-  g.msg.MsgHelpId = 0;
+  g.msg.MsgHelpId = kHelpNone;
   g.msg.MsgStyle = kErrorStyle;
   ShowMessage(g, true);
   return result;
