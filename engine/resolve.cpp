@@ -5,6 +5,7 @@
 #include <cassert>
 #include <cstdint>
 #include <cstdlib>
+#include <span>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -609,8 +610,10 @@ void ResetWorkingFlags(Game& g, unsigned seated) {
   const bool pointOn = g.Point > 0;
   for (; seated != 0; seated &= seated - 1) {
     const int p = std::countr_zero(seated);
-    const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
-    const auto defaults = g.BetWorkingDefault.Span(p, 1, kLastRealBet);
+    // The flags of ids 1..85, a count known here so that the loops compile
+    // to straight runs of vectors.
+    const std::span<Long, kLastRealBet> working{&g.BetWorking(p, 1), kLastRealBet};
+    const std::span<const Long, kLastRealBet> defaults{&g.BetWorkingDefault(p, 1), kLastRealBet};
     // Arithmetic and selects rather than branches, so that the loops run on
     // whole vectors.
     if (pointOn) {
