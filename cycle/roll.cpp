@@ -276,7 +276,7 @@ bool RollOnce(Game& g) {
     ResetWorkingFlags(g, seated);
     if (g.Point > 0) {
       SetLineOddsPayoffs(g);
-      AutoPlayPointActions(g);
+      AutoPlayPointActions(g, seated);
     }
   }
   KeepBankrollRecords(g, seated);
