@@ -1,14 +1,16 @@
 #include "automation/autoplay.h"
 
+#include <bit>
+
 #include "core/catalogue.h"
 #include "core/game.h"
-#include "engine/place.h"
 #include "core/platform.h"
+#include "engine/place.h"
 
-void AutoPlayPointActions(Game& g) {
-  if (g.PlayerCount == 0) return;  // an open seat has no bets to act on
+void AutoPlayPointActions(Game& g, unsigned seated) {
   AutoPlayState& a = g.autoplay;
-  for (int p = 1; p <= 8; ++p) {
+  for (; seated != 0; seated &= seated - 1) {
+    const int p = std::countr_zero(seated);
     const bool pass = g.Bet(p, bet::kPassLine) > Currency{};
     if (pass && a.AutoTakeFullOdds(p)) TakeBetToMaximum(g, p, bet::kPassLineOdds);
     if (g.Bet(p, bet::kDontPass) > Currency{} && a.AutoLayFullOdds(p)) {

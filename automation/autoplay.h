@@ -5,7 +5,7 @@
 // only shows these values and calls these procedures).
 //
 // What must stay true:
-// - The point actions run for players 1..8 in slot order, after the
+// - The point actions run for the seated players in slot order, after the
 //   decisions of the roll and after the line odds rows follow the new point.
 // - Switching an option on acts at once on what stands on the table;
 //   switching it off, and the biases and handling rules, only store.
@@ -19,9 +19,10 @@
 
 struct Game;
 
-// For players 1..8 in order: full odds on Pass Line and Don't Pass, the Place bet on the point
-// down.
-void AutoPlayPointActions(Game& game);
+// For the seated players (bit p for slot p) in slot order: full odds on Pass
+// Line and Don't Pass, the Place bet on the point down. An open seat has no
+// bets to act on.
+void AutoPlayPointActions(Game& game, unsigned seated);
 // Gives player p the Auto-Play defaults, the working defaults copied from slot 0.
 void SetAutoPlayDefaults(Game& game, int p);
 

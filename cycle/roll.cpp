@@ -273,10 +273,10 @@ bool RollOnce(Game& g) {
   DecideBets(g);
 
   if (g.Point != g.PointAtRoll) {
-    ResetWorkingFlags(g);
+    ResetWorkingFlags(g, seated);
     if (g.Point > 0) {
       SetLineOddsPayoffs(g);
-      AutoPlayPointActions(g);
+      AutoPlayPointActions(g, seated);
     }
   }
   KeepBankrollRecords(g, seated);

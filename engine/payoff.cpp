@@ -28,9 +28,14 @@ const auto kFieldRowOfDice = [] {
 
 // amount x a, as CurMul has it. When a is a whole number of units the
 // product is amount x (a / 10,000) exactly, and CurMul's rounding has
-// nothing to round: one whole multiplication gives its result.
+// nothing to round: one whole multiplication gives its result (CurMulInt's,
+// here without the call unless it overflows and must saturate).
 Currency Times(Currency amount, Currency a) {
-  return IsWhole(a) ? CurMulInt(amount, a.raw / Currency::kScale) : CurMul(amount, a);
+  const std::int64_t whole = a.raw / Currency::kScale;
+  if (whole * Currency::kScale != a.raw) return CurMul(amount, a);
+  std::int64_t product;
+  if (__builtin_mul_overflow(amount.raw, whole, &product)) return CurMulInt(amount, whole);
+  return Currency::FromRaw(product);
 }
 
 // x / d in doubles, back to an amount: x / 10,000 over d / 10,000, times
@@ -42,8 +47,9 @@ Currency Times(Currency amount, Currency a) {
 // when the true quotient is a whole count of ten-thousandths (odds paid in
 // whole checks, most Place and Buy wins) rounding to nearest gives exactly
 // it, and integer division gives the same amount without the doubles.
+constexpr std::int64_t kUnitExact = std::int64_t{1} << 50;
 Currency QuotientInDoubles(Currency x, Currency d) {
-  constexpr std::int64_t kUnitExact = std::int64_t{1} << 50, kExact = std::int64_t{1} << 49;
+  constexpr std::int64_t kExact = std::int64_t{1} << 49;
   if (d.raw == Currency::kScale && x.raw < kUnitExact && x.raw > -kUnitExact) return x;
   if (d.raw > 0 && x.raw < kExact && x.raw > -kExact) {
     const std::int64_t scaled = x.raw * Currency::kScale;  // below 2^63 for x under 2^49
@@ -164,10 +170,14 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
       g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
       g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
       g.PayoffTbl(3, 0) = Currency::FromWhole(1);
+      // -1 to 1: Scaled's product is minus the amount, which its quotient by
+      // one unit gives back unchanged below kUnitExact.
+      const bool exact = amount.raw < kUnitExact && amount.raw > -kUnitExact;
+      g.GrossPayoff = exact ? -amount : Scaled(g, amount);
     } else {
       LoadRowZero(g, g.PayoffTbl, b);
+      g.GrossPayoff = Scaled(g, amount);
     }
-    g.GrossPayoff = Scaled(g, amount);
 
     // Vig: up front it is lost either way; on a win only, only from a win.
     if (IsLay(b) && (g.GrossPayoff > Currency{} || g.rules.LayVigUpFront)) {

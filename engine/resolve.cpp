@@ -5,6 +5,7 @@
 #include <cassert>
 #include <cstdint>
 #include <cstdlib>
+#include <span>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -598,12 +599,21 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
 void ResetWorkingFlags(Game& g) {
   // An open seat is skipped: a player who sits down gets the working flags
   // of the phase in play.
-  if (g.PlayerCount == 0) return;  // the count of named seats
+  unsigned seated = 0;
+  if (g.PlayerCount > 0)  // the count of named seats
+    for (int p = 1; p <= 8; ++p)
+      if (!g.PlayerName[p].empty()) seated |= 1u << p;
+  ResetWorkingFlags(g, seated);
+}
+
+void ResetWorkingFlags(Game& g, unsigned seated) {
   const bool pointOn = g.Point > 0;
-  for (int p = 1; p <= 8; ++p) {
-    if (g.PlayerName[p].empty()) continue;
-    const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
-    const auto defaults = g.BetWorkingDefault.Span(p, 1, kLastRealBet);
+  for (; seated != 0; seated &= seated - 1) {
+    const int p = std::countr_zero(seated);
+    // The flags of ids 1..85, a count known here so that the loops compile
+    // to straight runs of vectors.
+    const std::span<Long, kLastRealBet> working{&g.BetWorking(p, 1), kLastRealBet};
+    const std::span<const Long, kLastRealBet> defaults{&g.BetWorkingDefault(p, 1), kLastRealBet};
     // Arithmetic and selects rather than branches, so that the loops run on
     // whole vectors.
     if (pointOn) {

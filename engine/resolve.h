@@ -50,3 +50,6 @@ void TallyBetResult(Game& game, int p, int b, Currency amount, Currency net);
 void MoveBet(Game& game, int p, int fromBet, int toBet);
 // Brings every player's working flags in line with the point that just changed.
 void ResetWorkingFlags(Game& game);
+// The same for the seated players the caller already has (bit p for seat p),
+// which spares reading the names.
+void ResetWorkingFlags(Game& game, unsigned seated);

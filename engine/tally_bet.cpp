@@ -1,4 +1,6 @@
 // TallyBetResult: the decision statistics of the live frames.
+#include <cstddef>
+
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "engine/resolve.h"
@@ -6,6 +8,9 @@
 namespace {
 
 using StatTable = decltype(Game::StatAction);
+// The cells of one frame index of a statistics table (its rows of every bet).
+constexpr std::ptrdiff_t kCellsPerFrameIndex = StatTable::kCols * StatTable::kDepth;
+static_assert(StatTable::Index(1, 0, 0) - StatTable::Index(0, 0, 0) == kCellsPerFrameIndex);
 
 // One decision of `amount` (above 0 when `positive`) in the six columns of
 // a statistics row (the row's columns are contiguous, so one address serves
@@ -34,10 +39,14 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   StatTable& side = won ? g.StatWins : g.StatLosses;
   const Currency sideAmount = won ? net : -net;
   const bool positive = amount > Currency{}, sidePositive = sideAmount > Currency{};
+  // The live frames' rows of (p, b) lie a fixed number of cells apart, so
+  // two addresses serve all six rows.
+  Currency* const action = &g.StatAction(p, b, 0);
+  Currency* const sideRow = &side(p, b, 0);
   for (Frame t : kLiveFrames) {
-    const int i = FrameIndex(p, t);
-    CountDecision(&g.StatAction(i, b, 0), amount, positive, rollNumber);
-    CountDecision(&side(i, b, 0), sideAmount, sidePositive, rollNumber);
+    const std::ptrdiff_t offset = (FrameIndex(p, t) - p) * kCellsPerFrameIndex;
+    CountDecision(action + offset, amount, positive, rollNumber);
+    CountDecision(sideRow + offset, sideAmount, sidePositive, rollNumber);
   }
   if (IsComePoint(b)) {
     const Currency flat = g.ComeFlatAtSet(p, b - bet::kComePointFirst);
