@@ -92,27 +92,36 @@ Currency SpecialMaximum(const Game& g, int p, int b) {
   return unit.raw > 0 && m != tableMax ? RoundDownToMultiple(m, unit) : m;
 }
 
-// The inputs of one figure, in a fixed order per kind of bet. A slot always
-// holds figures of one kind, so only the first n keys are ever compared.
-struct Inputs {
-  RememberedFigure::Key key;
-  int n = 0;
-  void Add(Currency c) { key[static_cast<std::size_t>(n++)] = c.raw; }
-  void AddPayoff(const Game& g, int b) {
-    Add(g.PayoffTbl(1, b));
-    Add(g.PayoffTbl(3, b));
-  }
+// Compares the inputs of a figure, as they are read, with the key remembered
+// for it. A slot always holds figures of one kind, read in one fixed order,
+// so the i-th input is always compared with the i-th key.
+struct SameKey {
+  const RememberedFigure::Key& key;
+  std::size_t n = 0;
+  bool same = true;
+  void operator()(Currency c) { same = same && key[n++] == c.raw; }
 };
 
-// The figure remembered under `in`, or figure() remembered under it now.
-template <class Figure>
-Currency Remember(RememberedFigure& memo, const Inputs& in, Figure figure) {
-  bool same = memo.valid;
-  for (std::size_t i = 0; same && i < static_cast<std::size_t>(in.n); ++i)
-    same = memo.key[i] == in.key[i];
-  if (same) return memo.value;
+// Writes the inputs of a figure, as they are read, into its key.
+struct StoreKey {
+  RememberedFigure::Key& key;
+  std::size_t n = 0;
+  void operator()(Currency c) { key[n++] = c.raw; }
+};
+
+// The figure remembered under the inputs `read` passes to its visitor, or
+// figure() remembered under them now. The inputs are compared where they
+// lie, one by one, without gathering them first.
+template <class Read, class Figure>
+Currency Remember(RememberedFigure& memo, Read read, Figure figure) {
+  if (memo.valid) {
+    SameKey check{memo.key};
+    read(check);
+    if (check.same) return memo.value;
+  }
+  StoreKey store{memo.key};
+  read(store);
   memo.value = figure();
-  for (std::size_t i = 0; i < static_cast<std::size_t>(in.n); ++i) memo.key[i] = in.key[i];
   memo.valid = true;
   return memo.value;
 }
@@ -129,42 +138,45 @@ static_assert(OddsSlot(bet::kDontPassOdds, 10) == kOddsSlots - 1);
 
 // Everything SpecialMaximum reads for an odds bet of seat p: X, the method,
 // the flat bet, the payoff pair, the checks and both caps.
-Inputs OddsInputs(const Game& g, int p, int b) {
-  Inputs in;
-  in.Add(OddsMultipleOf(g, b));
-  in.Add(Currency::FromRaw(g.rules.OddsCalcMethod));
-  in.Add(g.Bet(p, FlatOf(b)));
-  in.AddPayoff(g, b);
-  for (int i = 1; i <= 5; ++i) in.Add(g.CheckValue(i));
-  in.Add(g.rules.MaxOddsBet);
-  in.Add(g.rules.MaxPlacardBet);
-  return in;
+template <class Add>
+void OddsInputs(const Game& g, int p, int b, Add& add) {
+  add(OddsMultipleOf(g, b));
+  add(Currency::FromRaw(g.rules.OddsCalcMethod));
+  add(g.Bet(p, FlatOf(b)));
+  add(g.PayoffTbl(1, b));
+  add(g.PayoffTbl(3, b));
+  for (int i = 1; i <= 5; ++i) add(g.CheckValue(i));
+  add(g.rules.MaxOddsBet);
+  add(g.rules.MaxPlacardBet);
 }
 
 // Everything SpecialMaximum reads for a bet whose maximum hangs on no other
 // bet: the table maximum and unit, and the payoffs and caps of its kind.
-Inputs FixedInputs(const Game& g, int b) {
-  Inputs in;
-  in.Add(g.rules.MaxPlacardBet);
-  in.Add(g.CheckValue(1));
+template <class Add>
+void FixedInputs(const Game& g, int b, Add& add) {
+  auto payoff = [&](int x) {
+    add(g.PayoffTbl(1, x));
+    add(g.PayoffTbl(3, x));
+  };
+  add(g.rules.MaxPlacardBet);
+  add(g.CheckValue(1));
   if (IsLay(b)) {
-    in.AddPayoff(g, b);
+    payoff(b);
   } else if (b == bet::kFire) {
-    in.Add(g.rules.MaxFireBet);
+    add(g.rules.MaxFireBet);
   } else {
-    in.Add(g.rules.MaxPropBetPayoff);
+    add(g.rules.MaxPropBetPayoff);
     if (b == bet::kCandE) {
-      in.AddPayoff(g, bet::kCraps);
-      in.AddPayoff(g, bet::kEleven);
+      payoff(bet::kCraps);
+      payoff(bet::kEleven);
     } else if (b == bet::kHorn) {
-      for (int x : kHornBets) in.AddPayoff(g, x);
+      for (int x : kHornBets) payoff(x);
     } else if (b == bet::kWorld) {
-      for (int x : kWorldBets) in.AddPayoff(g, x);
+      for (int x : kWorldBets) payoff(x);
     } else {
-      in.AddPayoff(g, b);
+      payoff(b);
     }
   }
-  return in;
 }
 
 // FigureBetMaximum for the bets SpecialMaximum has a branch for.
@@ -173,10 +185,13 @@ Inputs FixedInputs(const Game& g, int b) {
   const int slot = OddsSlot(b, g.Point);
   Currency m;
   if (slot >= 0 && p >= 1 && p <= 8)
-    m = Remember(memo.odds(p, slot), OddsInputs(g, p, b), [&] { return SpecialMaximum(g, p, b); });
+    m = Remember(
+        memo.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); },
+        [&] { return SpecialMaximum(g, p, b); });
   else if (slot < 0 && !IsLineOdds(b) && b >= 0 && b < static_cast<int>(memo.fixed.size()))
-    m = Remember(memo.fixed[static_cast<std::size_t>(b)], FixedInputs(g, b),
-                 [&] { return SpecialMaximum(g, p, b); });
+    m = Remember(
+        memo.fixed[static_cast<std::size_t>(b)], [&](auto& add) { FixedInputs(g, b, add); },
+        [&] { return SpecialMaximum(g, p, b); });
   else
     m = SpecialMaximum(g, p, b);
   g.betting.BetMaximum = m;
