@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "config/settings.h"
 #include "core/catalogue.h"
@@ -404,6 +405,19 @@ void SetBetChecked(Game& g, int p, int b) {
   s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
 
   const Currency T = B + request;
+  // A bet taken down entirely can't pass a maximum (never below 0), and the
+  // proper-odds adjustment leaves a change to 0 as it is: only the bankroll
+  // may still hold it (a seat whose bets stand above its money), and the
+  // limit text, cleared above, has nothing to tell. BetMaximum is left
+  // unfigured.
+  if (T <= Currency{} && s.BetChange <= -B) {
+    if (HoldToBankroll(g, p, b)) {
+      s.BetMaximum = B + s.BetChange;
+      BankrollNotice(g, p, b);
+    }
+    Apply(g, p, b);
+    return;
+  }
   if (T > Currency{} && T < s.BetMinimum) {
     if (s.BetChange <= Currency{}) {
       s.BetChange = -B;
@@ -413,12 +427,8 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
-  // A bet taken down entirely can't pass a maximum (never below 0), and the
-  // proper-odds adjustment leaves a change to 0 as it is, so nothing in this
-  // call reads the maximum: BetMaximum is left unfigured.
-  const bool takenDown = T <= Currency{} && s.BetChange <= -B;
-  if (!takenDown) FigureBetMaximum(g, p, b);
-  if (!takenDown && T > s.BetMaximum) {
+  FigureBetMaximum(g, p, b);
+  if (T > s.BetMaximum) {
     const Currency C = g.BetContract(p, b);
     if ((b == bet::kPassLine || IsComePoint(b)) && C > s.BetMaximum) {
       s.BetChange = C - B;
@@ -434,12 +444,19 @@ void SetBetChecked(Game& g, int p, int b) {
 
   // The proper-odds adjustment is called only when it has something to do.
   const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
-  const std::string pending = g.HyperDrive ? std::string() : s.LimitText;
-  if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
+  // The limit text before the adjustment added to it, which the bankroll's
+  // second adjustment starts again from. Only an adjustment outside
+  // Hyper-Drive writes the text, so only then is it kept.
+  std::string pending;
+  const bool adjusted = adjust && !ProperAsAsked(g, p, b);
+  if (adjusted) {
+    if (!g.HyperDrive) pending = s.LimitText;
+    AdjustForProperOdds(g, p, b);
+  }
 
   if (HoldToBankroll(g, p, b)) {
     s.BetMaximum = B + s.BetChange;
-    if (!g.HyperDrive) s.LimitText = pending;
+    if (adjusted && !g.HyperDrive) s.LimitText = std::move(pending);
     if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
     const Currency total = B + s.BetChange;
     if (total > Currency{} && total < s.BetMinimum) {
