@@ -2,6 +2,7 @@
 // odds method, and the payoff bounds of Lay bets and the propositions.
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -33,22 +34,33 @@ Currency DontOddsMaximum(const Game& g, int b, Currency base) {
   return CurFromDouble(onWin.ToDouble() * p3.ToDouble() / p1.ToDouble());
 }
 
-// The bets whose maximum is the table maximum alone: every id that none of
-// the branches of SpecialMaximum takes.
-constexpr bool OnlyTableMaximum(int b) {
-  return !(b == bet::kPassLineOdds || IsComeOdds(b) || b == bet::kDontPassOdds ||
-           IsDontComeOdds(b) || IsLay(b) || b == bet::kCandE || b == bet::kHorn ||
-           b == bet::kWorld || (b >= bet::kHard4 && b <= bet::kHopLast) || b == bet::kFire);
-}
-
 constexpr int kHornBets[] = {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve};
 constexpr int kWorldBets[] = {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve, bet::kSeven};
 
-constexpr auto kOnlyTableMaximum = [] {
-  std::array<bool, kLastBetId + 1> only{};
-  for (int b = 0; b <= kLastBetId; ++b) only[static_cast<std::size_t>(b)] = OnlyTableMaximum(b);
-  return only;
+// Which branch of SpecialMaximum figures a bet, looked up once by its id: the
+// table maximum alone (most bets), the odds (by their flat bet), or one of the
+// bounds that hang on the rules and payoffs only.
+enum class MaxKind : std::uint8_t { Table, Odds, Lay, Fire, CandE, Horn, World, Payoff };
+
+constexpr MaxKind KindOf(int b) {
+  if (IsOddsBet(b)) return MaxKind::Odds;
+  if (IsLay(b)) return MaxKind::Lay;
+  if (b == bet::kFire) return MaxKind::Fire;
+  if (b == bet::kCandE) return MaxKind::CandE;
+  if (b == bet::kHorn) return MaxKind::Horn;
+  if (b == bet::kWorld) return MaxKind::World;
+  if (b >= bet::kHard4 && b <= bet::kHopLast) return MaxKind::Payoff;
+  return MaxKind::Table;
+}
+
+constexpr auto kMaxKind = [] {
+  std::array<MaxKind, kLastBetId + 1> kind{};
+  for (int b = 0; b <= kLastBetId; ++b) kind[static_cast<std::size_t>(b)] = KindOf(b);
+  return kind;
 }();
+// Every bet with a fixed bound has a slot among the remembered ones.
+static_assert(std::tuple_size_v<decltype(RememberedMaxima::fixed)> > bet::kFire &&
+              KindOf(bet::kFire + 1) == MaxKind::Table);
 
 // The table maximum, a multiple of the unit when there is one.
 Currency TableMaximum(const Game& g, Currency unit) {
@@ -150,50 +162,58 @@ void OddsInputs(const Game& g, int p, int b, Add& add) {
   add(g.rules.MaxPlacardBet);
 }
 
-// Everything SpecialMaximum reads for a bet whose maximum hangs on no other
-// bet: the table maximum and unit, and the payoffs and caps of its kind.
+// Everything SpecialMaximum reads for a bet of `kind` whose maximum hangs on
+// no other bet: the table maximum and unit, and the payoffs and caps of its kind.
 template <class Add>
-void FixedInputs(const Game& g, int b, Add& add) {
+void FixedInputs(const Game& g, int b, MaxKind kind, Add& add) {
   auto payoff = [&](int x) {
     add(g.PayoffTbl(1, x));
     add(g.PayoffTbl(3, x));
   };
   add(g.rules.MaxPlacardBet);
   add(g.CheckValue(1));
-  if (IsLay(b)) {
-    payoff(b);
-  } else if (b == bet::kFire) {
-    add(g.rules.MaxFireBet);
-  } else {
-    add(g.rules.MaxPropBetPayoff);
-    if (b == bet::kCandE) {
+  switch (kind) {
+    case MaxKind::Lay:
+      payoff(b);
+      return;
+    case MaxKind::Fire:
+      add(g.rules.MaxFireBet);
+      return;
+    default:
+      break;
+  }
+  add(g.rules.MaxPropBetPayoff);
+  switch (kind) {
+    case MaxKind::CandE:
       payoff(bet::kCraps);
       payoff(bet::kEleven);
-    } else if (b == bet::kHorn) {
+      break;
+    case MaxKind::Horn:
       for (int x : kHornBets) payoff(x);
-    } else if (b == bet::kWorld) {
+      break;
+    case MaxKind::World:
       for (int x : kWorldBets) payoff(x);
-    } else {
+      break;
+    default:
       payoff(b);
-    }
+      break;
   }
 }
 
 // FigureBetMaximum for the bets SpecialMaximum has a branch for.
-[[gnu::noinline]] void FigureSpecialMaximum(Game& g, int p, int b) {
+[[gnu::noinline]] void FigureSpecialMaximum(Game& g, int p, int b, MaxKind kind) {
   RememberedMaxima& memo = g.betting.maxima;
-  const int slot = OddsSlot(b, g.Point);
+  auto full = [&] { return SpecialMaximum(g, p, b); };
   Currency m;
-  if (slot >= 0 && p >= 1 && p <= 8)
+  if (kind != MaxKind::Odds) {
     m = Remember(
-        memo.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); },
-        [&] { return SpecialMaximum(g, p, b); });
-  else if (slot < 0 && !IsLineOdds(b) && b >= 0 && b < static_cast<int>(memo.fixed.size()))
-    m = Remember(
-        memo.fixed[static_cast<std::size_t>(b)], [&](auto& add) { FixedInputs(g, b, add); },
-        [&] { return SpecialMaximum(g, p, b); });
-  else
-    m = SpecialMaximum(g, p, b);
+        memo.fixed[static_cast<std::size_t>(b)],
+        [&](auto& add) { FixedInputs(g, b, kind, add); }, full);
+  } else if (const int slot = OddsSlot(b, g.Point); slot >= 0 && p >= 1 && p <= 8) {
+    m = Remember(memo.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); }, full);
+  } else {
+    m = full();  // line odds without a point, or no seat
+  }
   g.betting.BetMaximum = m;
 }
 
@@ -203,9 +223,13 @@ void FixedInputs(const Game& g, int b, Add& add) {
 // payoffs, checks and, for the odds, the flat bet), so each is remembered
 // with its inputs and figured again only when one of them changed.
 void FigureBetMaximum(Game& g, int p, int b) {
+  if (b < 0 || b > kLastBetId) {
+    g.betting.BetMaximum = SpecialMaximum(g, p, b);
+    return;
+  }
   // Most bets end at the table maximum: they skip the search of the rest.
-  if (b < 0 || b > kLastBetId || !kOnlyTableMaximum[static_cast<std::size_t>(b)])
-    return FigureSpecialMaximum(g, p, b);
+  const MaxKind kind = kMaxKind[static_cast<std::size_t>(b)];
+  if (kind != MaxKind::Table) return FigureSpecialMaximum(g, p, b, kind);
   RememberedFigure& t = g.betting.maxima.table;
   const Currency placard = g.rules.MaxPlacardBet, unit = g.CheckValue(1);
   if (!t.valid || t.key[0] != placard.raw || t.key[1] != unit.raw) {
