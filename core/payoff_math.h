@@ -79,6 +79,10 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text);
 // The unit the adjustment uses for a bet: Pass Line and Don't Pass take their
 // Come or Don't Come unit, the line odds those of the odds on the point.
 inline Currency ProperOddsUnit(const Game& game, int bet) {
+  // The line bets and their odds lie together: one test passes every other bet.
+  static_assert(bet::kPassLine < bet::kPassLineOdds && bet::kPassLineOdds < bet::kDontPass &&
+                bet::kDontPass < bet::kDontPassOdds);
+  if (bet < bet::kPassLine || bet > bet::kDontPassOdds) return game.PayoffTbl(0, bet);
   const int point = game.Point;
   int from = bet;
   if (bet == bet::kPassLine)

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <string>
-#include <utility>
 
 #include "config/settings.h"
 #include "core/catalogue.h"
@@ -347,6 +346,37 @@ void ChangeCheckStack(Game& g, int p, int b) {
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::OpenViews);
 }
 
+// The bankroll held the change: the limits are told again at what the money
+// covers. `before` is the limit text as it stood before a first adjustment
+// added to it (null when there was none): the second one starts from it.
+[[gnu::noinline]] void TellHeldToBankroll(Game& g, int p, int b, bool adjust,
+                                          const std::string* before) {
+  BettingState& s = g.betting;
+  const Currency B = g.Bet(p, b);
+  s.BetMaximum = B + s.BetChange;
+  if (before && !g.HyperDrive) s.LimitText = *before;
+  if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
+  const Currency total = B + s.BetChange;
+  if (total > Currency{} && total < s.BetMinimum) {
+    SetMinimumText(g, b);
+    s.BetChange = -B;
+  }
+  BankrollNotice(g, p, b);
+}
+
+// The proper-odds adjustment of a change that needs one, then the bankroll.
+// Only outside Hyper-Drive does the adjustment write the limit text, so only
+// then is the text before it kept.
+[[gnu::noinline]] void AdjustThenHoldToBankroll(Game& g, int p, int b) {
+  std::string before;
+  if (!g.HyperDrive) before = g.betting.LimitText;
+  AdjustForProperOdds(g, p, b);
+  if (HoldToBankroll(g, p, b))
+    TellHeldToBankroll(g, p, b, true, &before);
+  else
+    LimitNotice(g, p, b);
+}
+
 [[gnu::always_inline]] inline void Apply(Game& g, int p, int b) {
   BettingState& s = g.betting;
   g.Bet(p, b) += s.BetChange;
@@ -382,7 +412,9 @@ void SetBetChecked(Game& g, int p, int b) {
   }
   const Currency B = g.Bet(p, b);
   // A hostile request (a script's huge number) is held where sums can't overflow.
-  const Currency request = std::clamp(g.BetRequest, -kCheckStackLimit, kCheckStackLimit);
+  Currency request = g.BetRequest;
+  if (request > kCheckStackLimit) request = kCheckStackLimit;
+  if (request < -kCheckStackLimit) request = -kCheckStackLimit;
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
 
   switch (kUnderContract[static_cast<std::size_t>(b)] ? ContractRules(g, p, b) : Next::Free) {
@@ -444,29 +476,12 @@ void SetBetChecked(Game& g, int p, int b) {
 
   // The proper-odds adjustment is called only when it has something to do.
   const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
-  // The limit text before the adjustment added to it, which the bankroll's
-  // second adjustment starts again from. Only an adjustment outside
-  // Hyper-Drive writes the text, so only then is it kept.
-  std::string pending;
-  const bool adjusted = adjust && !ProperAsAsked(g, p, b);
-  if (adjusted) {
-    if (!g.HyperDrive) pending = s.LimitText;
-    AdjustForProperOdds(g, p, b);
-  }
-
-  if (HoldToBankroll(g, p, b)) {
-    s.BetMaximum = B + s.BetChange;
-    if (adjusted && !g.HyperDrive) s.LimitText = std::move(pending);
-    if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
-    const Currency total = B + s.BetChange;
-    if (total > Currency{} && total < s.BetMinimum) {
-      SetMinimumText(g, b);
-      s.BetChange = -B;
-    }
-    BankrollNotice(g, p, b);
-  } else {
+  if (adjust && !ProperAsAsked(g, p, b))
+    AdjustThenHoldToBankroll(g, p, b);
+  else if (HoldToBankroll(g, p, b))
+    TellHeldToBankroll(g, p, b, adjust, nullptr);
+  else
     LimitNotice(g, p, b);
-  }
   Apply(g, p, b);
 }
 
