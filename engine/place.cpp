@@ -40,6 +40,25 @@ std::string RestoreClause(Currency bet, Currency contract) {
              kMsgOk | kMsgHideNotAllowed);
 }
 
+// The refusals whose text is put together: built only when shown, out of the
+// way of the rules' straight path.
+[[gnu::cold]] [[gnu::noinline]] void RefusePut(Game& g, int p, int b, const char* text, int help) {
+  RefuseNotice(g, p, b, Cat(text, kPutClause), help);
+}
+
+[[gnu::cold]] [[gnu::noinline]] void RefuseRestore(Game& g, int p, int b, const char* text,
+                                                   bool restore, int help) {
+  const Currency B = g.Bet(p, b), C = g.BetContract(p, b);
+  RefuseNotice(g, p, b, Cat(text, restore ? RestoreClause(B, C) : std::string()), help);
+}
+
+[[gnu::cold]] [[gnu::noinline]] void RefuseOddsWithoutFlat(Game& g, int p, int b) {
+  RefuseNotice(g, p, b,
+               Cat("You may not make a ", BetName(b), " bet \runtil you've established a ",
+                   BetName(b - 6), " bet."),
+               IsComeOdds(b) ? 45 : 48);
+}
+
 // Amounts are stepped in CheckValue(1): a positive change up to the next
 // multiple, a negative one down to the next, never below minus the bet.
 Currency RoundChange(Currency change, Currency unit, Currency bet) {
@@ -120,9 +139,9 @@ Next ContractRules(Game& g, int p, int b) {
       if (!point || (N >= C && put)) return Next::Free;
       if (N >= C) {
         if (tell)
-          refuse(Cat("You may not make or increase a Pass Line bet \rwhile a point is established.",
-                     kPutClause),
-                 510);
+          RefusePut(g, p, b,
+                    "You may not make or increase a Pass Line bet \rwhile a point is established.",
+                    510);
         return cutToContract(true);
       }
       if (tell)
@@ -142,9 +161,9 @@ Next ContractRules(Game& g, int p, int b) {
     case bet::kDontPass:
       if (!point || N <= C) return Next::Free;
       if (tell)
-        refuse(Cat("You may not make or increase a Don't Pass bet \rwhile a point is established.",
-                   C > Currency{} ? RestoreClause(B, C) : std::string()),
-               46);
+        RefuseRestore(g, p, b,
+                      "You may not make or increase a Don't Pass bet \rwhile a point is established.",
+                      C > Currency{}, 46);
       return cutToContract(false);
     case bet::kPassLineOdds:
     case bet::kDontPassOdds: {
@@ -164,10 +183,9 @@ Next ContractRules(Game& g, int p, int b) {
     case bet::kFire:
       if (g.RollTally(kTableHand, kEventRolls) == 0 || N <= C) return Next::Free;
       if (tell)
-        refuse(
-            Cat("You may not make or increase a Fire bet \rafter the shooter has started a hand.",
-                B < C ? RestoreClause(B, C) : std::string()),
-            510);
+        RefuseRestore(g, p, b,
+                      "You may not make or increase a Fire bet \rafter the shooter has started a hand.",
+                      B < C, 510);
       return cutToContract(true);
     default:
       break;
@@ -176,9 +194,8 @@ Next ContractRules(Game& g, int p, int b) {
     if (s.MovingBet || (N > C && put)) return Next::Free;
     if (N > C) {
       if (tell)
-        refuse(Cat("You may not make or increase a Come bet \rdirectly on a point number.",
-                   kPutClause),
-               510);
+        RefusePut(g, p, b, "You may not make or increase a Come bet \rdirectly on a point number.",
+                  510);
       return cutToContract(true);
     }
     if (N < C)
@@ -188,17 +205,14 @@ Next ContractRules(Game& g, int p, int b) {
   if (IsDontComePoint(b)) {
     if (s.MovingBet || N <= C) return Next::Free;
     if (tell)
-      refuse(Cat("You may not make or increase a Don't Come bet \rdirectly on a point number.",
-                 C > Currency{} ? RestoreClause(B, C) : std::string()),
-             48);
+      RefuseRestore(g, p, b,
+                    "You may not make or increase a Don't Come bet \rdirectly on a point number.",
+                    C > Currency{}, 48);
     return cutToContract(false);
   }
   if (IsComeOdds(b) || IsDontComeOdds(b)) {
     if (!g.Bet(p, b - 6).IsZero()) return Next::Free;
-    if (tell)
-      refuse(Cat("You may not make a ", BetName(b), " bet \runtil you've established a ",
-                 BetName(b - 6), " bet."),
-             IsComeOdds(b) ? 45 : 48);
+    if (tell) RefuseOddsWithoutFlat(g, p, b);
     s.BetChange = Currency{};
     return Next::Return;
   }
@@ -381,7 +395,7 @@ void ChangeCheckStack(Game& g, int p, int b) {
   BettingState& s = g.betting;
   g.Bet(p, b) += s.BetChange;
   g.TotalBets(p) += s.BetChange;
-  if (g.Bet(p, b).IsZero()) ResetBetWorking(g, p, b);
+  if (g.Bet(p, b).IsZero()) ResetWorkingOf(g, p, b);  // a seat and a real bet
   if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
   if (!g.HyperDrive && g.platform && !s.BetChange.IsZero())
     g.platform->RequestRedraw(Redraw::OpenViews);

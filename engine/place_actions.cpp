@@ -167,7 +167,7 @@ void CallAllBetsOnOff(Game& g, int p, int tool) {
 
 void ResetBetWorking(Game& g, int p, int b) {
   if (p < 0 || p > 8 || b < 0 || b > 85) return;
-  g.BetWorking(p, b) = g.Point == 0 ? g.BetWorkingDefault(p, b) : 1;
+  ResetWorkingOf(g, p, b);
 }
 
 void RemoveAllBets(Game& g, int p) {
