@@ -43,8 +43,12 @@ void FollowOdds(Game& g, int p, int flat) {
     full = g.autoplay.AutoLayFullOdds(p);
   }
   if (odds == 0) return;
-  FigureBetMaximum(g, p, odds);
-  if (full || g.Bet(p, odds) > g.betting.BetMaximum) TakeBetToMaximum(g, p, odds);
+  // Taking the odds to their maximum figures it anyway.
+  if (!full) {
+    FigureBetMaximum(g, p, odds);
+    if (g.Bet(p, odds) <= g.betting.BetMaximum) return;
+  }
+  TakeBetToMaximum(g, p, odds);
 }
 
 // Calls that a bet can't take: the line and contract bets and Fire.
