@@ -110,6 +110,9 @@ int ProperOddsBias(const Game& game, int player, int bet);
 // above 0, reading BetMaximum/BetMinimum and extending the pending limit
 // text (LimitText) outside Hyper-Drive.
 void AdjustForProperOdds(Game& game, int player, int bet);
+// The same for a change already found to need it (a real bet, AutoAdjustMode
+// above 0 and ProperAsAsked false), without asking again.
+void AdjustWhereNeeded(Game& game, int player, int bet);
 
 // Rounds a raw vig figure to the smallest check by rule (VigRounding) and
 // applies the floor of one smallest check for a bet above 0.

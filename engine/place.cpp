@@ -378,13 +378,14 @@ void ChangeCheckStack(Game& g, int p, int b) {
   BankrollNotice(g, p, b);
 }
 
-// The proper-odds adjustment of a change that needs one, then the bankroll.
+// The proper-odds adjustment of a change that needs one (a real bet of a seat
+// with AutoAdjustMode above 0, ProperAsAsked false), then the bankroll.
 // Only outside Hyper-Drive does the adjustment write the limit text, so only
 // then is the text before it kept.
 [[gnu::noinline]] void AdjustThenHoldToBankroll(Game& g, int p, int b) {
   std::string before;
   if (!g.HyperDrive) before = g.betting.LimitText;
-  AdjustForProperOdds(g, p, b);
+  AdjustWhereNeeded(g, p, b);
   if (HoldToBankroll(g, p, b))
     TellHeldToBankroll(g, p, b, true, &before);
   else
