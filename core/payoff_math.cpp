@@ -248,7 +248,7 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
           break;
         }
       }
-      if (w.raw > 0) {
+      if (w.raw > 0 && w != in.unit) {  // a wider unit was taken: its own pair
         lo = CurMulInt(w, FloorDiv(total.raw, w.raw)) - b;
         hi = lo + w;
       }
