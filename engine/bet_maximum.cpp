@@ -59,8 +59,15 @@ constexpr auto kMaxKind = [] {
   return kind;
 }();
 // Every bet with a fixed bound has a slot among the remembered ones.
-static_assert(std::tuple_size_v<decltype(RememberedMaxima::fixed)> > bet::kFire &&
-              KindOf(bet::kFire + 1) == MaxKind::Table);
+static_assert([] {
+  for (int b = 0; b <= kLastBetId; ++b) {
+    const MaxKind kind = KindOf(b);
+    if (kind != MaxKind::Table && kind != MaxKind::Odds &&
+        b >= static_cast<int>(std::tuple_size_v<decltype(RememberedMaxima::fixed)>))
+      return false;
+  }
+  return true;
+}());
 
 // The table maximum, a multiple of the unit when there is one.
 Currency TableMaximum(const Game& g, Currency unit) {
