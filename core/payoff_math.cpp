@@ -248,7 +248,7 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
           break;
         }
       }
-      if (w.raw > 0) {
+      if (w.raw > 0 && w != in.unit) {  // a wider unit was taken: its own pair
         lo = CurMulInt(w, FloorDiv(total.raw, w.raw)) - b;
         hi = lo + w;
       }
@@ -334,9 +334,13 @@ int ProperOddsBias(const Game& game, int player, int bet) {
 
 void AdjustForProperOdds(Game& game, int player, int bet) {
   if (!IsRealBet(bet) || game.autoplay.AutoAdjustMode(player) <= 0) return;
-  BettingState& s = game.betting;
   // The rule's first answers, without gathering its input.
   if (ProperAsAsked(game, player, bet)) return;
+  AdjustWhereNeeded(game, player, bet);
+}
+
+void AdjustWhereNeeded(Game& game, int player, int bet) {
+  BettingState& s = game.betting;
   const Currency current = game.Bet(player, bet), unit = ProperOddsUnit(game, bet);
   ProperOddsInput in;
   in.bet = bet;

@@ -79,6 +79,10 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text);
 // The unit the adjustment uses for a bet: Pass Line and Don't Pass take their
 // Come or Don't Come unit, the line odds those of the odds on the point.
 inline Currency ProperOddsUnit(const Game& game, int bet) {
+  // The line bets and their odds lie together: one test passes every other bet.
+  static_assert(bet::kPassLine < bet::kPassLineOdds && bet::kPassLineOdds < bet::kDontPass &&
+                bet::kDontPass < bet::kDontPassOdds);
+  if (bet < bet::kPassLine || bet > bet::kDontPassOdds) return game.PayoffTbl(0, bet);
   const int point = game.Point;
   int from = bet;
   if (bet == bet::kPassLine)
@@ -106,6 +110,9 @@ int ProperOddsBias(const Game& game, int player, int bet);
 // above 0, reading BetMaximum/BetMinimum and extending the pending limit
 // text (LimitText) outside Hyper-Drive.
 void AdjustForProperOdds(Game& game, int player, int bet);
+// The same for a change already found to need it (a real bet, AutoAdjustMode
+// above 0 and ProperAsAsked false), without asking again.
+void AdjustWhereNeeded(Game& game, int player, int bet);
 
 // Rounds a raw vig figure to the smallest check by rule (VigRounding) and
 // applies the floor of one smallest check for a bet above 0.

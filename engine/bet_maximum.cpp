@@ -2,6 +2,7 @@
 // odds method, and the payoff bounds of Lay bets and the propositions.
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -33,22 +34,40 @@ Currency DontOddsMaximum(const Game& g, int b, Currency base) {
   return CurFromDouble(onWin.ToDouble() * p3.ToDouble() / p1.ToDouble());
 }
 
-// The bets whose maximum is the table maximum alone: every id that none of
-// the branches of SpecialMaximum takes.
-constexpr bool OnlyTableMaximum(int b) {
-  return !(b == bet::kPassLineOdds || IsComeOdds(b) || b == bet::kDontPassOdds ||
-           IsDontComeOdds(b) || IsLay(b) || b == bet::kCandE || b == bet::kHorn ||
-           b == bet::kWorld || (b >= bet::kHard4 && b <= bet::kHopLast) || b == bet::kFire);
-}
-
 constexpr int kHornBets[] = {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve};
 constexpr int kWorldBets[] = {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve, bet::kSeven};
 
-constexpr auto kOnlyTableMaximum = [] {
-  std::array<bool, kLastBetId + 1> only{};
-  for (int b = 0; b <= kLastBetId; ++b) only[static_cast<std::size_t>(b)] = OnlyTableMaximum(b);
-  return only;
+// Which branch of SpecialMaximum figures a bet, looked up once by its id: the
+// table maximum alone (most bets), the odds (by their flat bet), or one of the
+// bounds that hang on the rules and payoffs only.
+enum class MaxKind : std::uint8_t { Table, Odds, Lay, Fire, CandE, Horn, World, Payoff };
+
+constexpr MaxKind KindOf(int b) {
+  if (IsOddsBet(b)) return MaxKind::Odds;
+  if (IsLay(b)) return MaxKind::Lay;
+  if (b == bet::kFire) return MaxKind::Fire;
+  if (b == bet::kCandE) return MaxKind::CandE;
+  if (b == bet::kHorn) return MaxKind::Horn;
+  if (b == bet::kWorld) return MaxKind::World;
+  if (b >= bet::kHard4 && b <= bet::kHopLast) return MaxKind::Payoff;
+  return MaxKind::Table;
+}
+
+constexpr auto kMaxKind = [] {
+  std::array<MaxKind, kLastBetId + 1> kind{};
+  for (int b = 0; b <= kLastBetId; ++b) kind[static_cast<std::size_t>(b)] = KindOf(b);
+  return kind;
 }();
+// Every bet with a fixed bound has a slot among the remembered ones.
+static_assert([] {
+  for (int b = 0; b <= kLastBetId; ++b) {
+    const MaxKind kind = KindOf(b);
+    if (kind != MaxKind::Table && kind != MaxKind::Odds &&
+        b >= static_cast<int>(std::tuple_size_v<decltype(RememberedMaxima::fixed)>))
+      return false;
+  }
+  return true;
+}());
 
 // The table maximum, a multiple of the unit when there is one.
 Currency TableMaximum(const Game& g, Currency unit) {
@@ -92,27 +111,36 @@ Currency SpecialMaximum(const Game& g, int p, int b) {
   return unit.raw > 0 && m != tableMax ? RoundDownToMultiple(m, unit) : m;
 }
 
-// The inputs of one figure, in a fixed order per kind of bet. A slot always
-// holds figures of one kind, so only the first n keys are ever compared.
-struct Inputs {
-  RememberedFigure::Key key;
-  int n = 0;
-  void Add(Currency c) { key[static_cast<std::size_t>(n++)] = c.raw; }
-  void AddPayoff(const Game& g, int b) {
-    Add(g.PayoffTbl(1, b));
-    Add(g.PayoffTbl(3, b));
-  }
+// Compares the inputs of a figure, as they are read, with the key remembered
+// for it. A slot always holds figures of one kind, read in one fixed order,
+// so the i-th input is always compared with the i-th key.
+struct SameKey {
+  const RememberedFigure::Key& key;
+  std::size_t n = 0;
+  bool same = true;
+  void operator()(Currency c) { same = same && key[n++] == c.raw; }
 };
 
-// The figure remembered under `in`, or figure() remembered under it now.
-template <class Figure>
-Currency Remember(RememberedFigure& memo, const Inputs& in, Figure figure) {
-  bool same = memo.valid;
-  for (std::size_t i = 0; same && i < static_cast<std::size_t>(in.n); ++i)
-    same = memo.key[i] == in.key[i];
-  if (same) return memo.value;
+// Writes the inputs of a figure, as they are read, into its key.
+struct StoreKey {
+  RememberedFigure::Key& key;
+  std::size_t n = 0;
+  void operator()(Currency c) { key[n++] = c.raw; }
+};
+
+// The figure remembered under the inputs `read` passes to its visitor, or
+// figure() remembered under them now. The inputs are compared where they
+// lie, one by one, without gathering them first.
+template <class Read, class Figure>
+Currency Remember(RememberedFigure& memo, Read read, Figure figure) {
+  if (memo.valid) {
+    SameKey check{memo.key};
+    read(check);
+    if (check.same) return memo.value;
+  }
+  StoreKey store{memo.key};
+  read(store);
   memo.value = figure();
-  for (std::size_t i = 0; i < static_cast<std::size_t>(in.n); ++i) memo.key[i] = in.key[i];
   memo.valid = true;
   return memo.value;
 }
@@ -129,56 +157,70 @@ static_assert(OddsSlot(bet::kDontPassOdds, 10) == kOddsSlots - 1);
 
 // Everything SpecialMaximum reads for an odds bet of seat p: X, the method,
 // the flat bet, the payoff pair, the checks and both caps.
-Inputs OddsInputs(const Game& g, int p, int b) {
-  Inputs in;
-  in.Add(OddsMultipleOf(g, b));
-  in.Add(Currency::FromRaw(g.rules.OddsCalcMethod));
-  in.Add(g.Bet(p, FlatOf(b)));
-  in.AddPayoff(g, b);
-  for (int i = 1; i <= 5; ++i) in.Add(g.CheckValue(i));
-  in.Add(g.rules.MaxOddsBet);
-  in.Add(g.rules.MaxPlacardBet);
-  return in;
+template <class Add>
+void OddsInputs(const Game& g, int p, int b, Add& add) {
+  add(OddsMultipleOf(g, b));
+  add(Currency::FromRaw(g.rules.OddsCalcMethod));
+  add(g.Bet(p, FlatOf(b)));
+  add(g.PayoffTbl(1, b));
+  add(g.PayoffTbl(3, b));
+  for (int i = 1; i <= 5; ++i) add(g.CheckValue(i));
+  add(g.rules.MaxOddsBet);
+  add(g.rules.MaxPlacardBet);
 }
 
-// Everything SpecialMaximum reads for a bet whose maximum hangs on no other
-// bet: the table maximum and unit, and the payoffs and caps of its kind.
-Inputs FixedInputs(const Game& g, int b) {
-  Inputs in;
-  in.Add(g.rules.MaxPlacardBet);
-  in.Add(g.CheckValue(1));
-  if (IsLay(b)) {
-    in.AddPayoff(g, b);
-  } else if (b == bet::kFire) {
-    in.Add(g.rules.MaxFireBet);
-  } else {
-    in.Add(g.rules.MaxPropBetPayoff);
-    if (b == bet::kCandE) {
-      in.AddPayoff(g, bet::kCraps);
-      in.AddPayoff(g, bet::kEleven);
-    } else if (b == bet::kHorn) {
-      for (int x : kHornBets) in.AddPayoff(g, x);
-    } else if (b == bet::kWorld) {
-      for (int x : kWorldBets) in.AddPayoff(g, x);
-    } else {
-      in.AddPayoff(g, b);
-    }
+// Everything SpecialMaximum reads for a bet of `kind` whose maximum hangs on
+// no other bet: the table maximum and unit, and the payoffs and caps of its kind.
+template <class Add>
+void FixedInputs(const Game& g, int b, MaxKind kind, Add& add) {
+  auto payoff = [&](int x) {
+    add(g.PayoffTbl(1, x));
+    add(g.PayoffTbl(3, x));
+  };
+  add(g.rules.MaxPlacardBet);
+  add(g.CheckValue(1));
+  switch (kind) {
+    case MaxKind::Lay:
+      payoff(b);
+      return;
+    case MaxKind::Fire:
+      add(g.rules.MaxFireBet);
+      return;
+    default:
+      break;
   }
-  return in;
+  add(g.rules.MaxPropBetPayoff);
+  switch (kind) {
+    case MaxKind::CandE:
+      payoff(bet::kCraps);
+      payoff(bet::kEleven);
+      break;
+    case MaxKind::Horn:
+      for (int x : kHornBets) payoff(x);
+      break;
+    case MaxKind::World:
+      for (int x : kWorldBets) payoff(x);
+      break;
+    default:
+      payoff(b);
+      break;
+  }
 }
 
 // FigureBetMaximum for the bets SpecialMaximum has a branch for.
-[[gnu::noinline]] void FigureSpecialMaximum(Game& g, int p, int b) {
+[[gnu::noinline]] void FigureSpecialMaximum(Game& g, int p, int b, MaxKind kind) {
   RememberedMaxima& memo = g.betting.maxima;
-  const int slot = OddsSlot(b, g.Point);
+  auto full = [&] { return SpecialMaximum(g, p, b); };
   Currency m;
-  if (slot >= 0 && p >= 1 && p <= 8)
-    m = Remember(memo.odds(p, slot), OddsInputs(g, p, b), [&] { return SpecialMaximum(g, p, b); });
-  else if (slot < 0 && !IsLineOdds(b) && b >= 0 && b < static_cast<int>(memo.fixed.size()))
-    m = Remember(memo.fixed[static_cast<std::size_t>(b)], FixedInputs(g, b),
-                 [&] { return SpecialMaximum(g, p, b); });
-  else
-    m = SpecialMaximum(g, p, b);
+  if (kind != MaxKind::Odds) {
+    m = Remember(
+        memo.fixed[static_cast<std::size_t>(b)],
+        [&](auto& add) { FixedInputs(g, b, kind, add); }, full);
+  } else if (const int slot = OddsSlot(b, g.Point); slot >= 0 && p >= 1 && p <= 8) {
+    m = Remember(memo.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); }, full);
+  } else {
+    m = full();  // line odds without a point, or no seat
+  }
   g.betting.BetMaximum = m;
 }
 
@@ -188,9 +230,13 @@ Inputs FixedInputs(const Game& g, int b) {
 // payoffs, checks and, for the odds, the flat bet), so each is remembered
 // with its inputs and figured again only when one of them changed.
 void FigureBetMaximum(Game& g, int p, int b) {
+  if (b < 0 || b > kLastBetId) {
+    g.betting.BetMaximum = SpecialMaximum(g, p, b);
+    return;
+  }
   // Most bets end at the table maximum: they skip the search of the rest.
-  if (b < 0 || b > kLastBetId || !kOnlyTableMaximum[static_cast<std::size_t>(b)])
-    return FigureSpecialMaximum(g, p, b);
+  const MaxKind kind = kMaxKind[static_cast<std::size_t>(b)];
+  if (kind != MaxKind::Table) return FigureSpecialMaximum(g, p, b, kind);
   RememberedFigure& t = g.betting.maxima.table;
   const Currency placard = g.rules.MaxPlacardBet, unit = g.CheckValue(1);
   if (!t.valid || t.key[0] != placard.raw || t.key[1] != unit.raw) {

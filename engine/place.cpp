@@ -40,6 +40,25 @@ std::string RestoreClause(Currency bet, Currency contract) {
              kMsgOk | kMsgHideNotAllowed);
 }
 
+// The refusals whose text is put together: built only when shown, out of the
+// way of the rules' straight path.
+[[gnu::cold]] [[gnu::noinline]] void RefusePut(Game& g, int p, int b, const char* text, int help) {
+  RefuseNotice(g, p, b, Cat(text, kPutClause), help);
+}
+
+[[gnu::cold]] [[gnu::noinline]] void RefuseRestore(Game& g, int p, int b, const char* text,
+                                                   bool restore, int help) {
+  const Currency B = g.Bet(p, b), C = g.BetContract(p, b);
+  RefuseNotice(g, p, b, Cat(text, restore ? RestoreClause(B, C) : std::string()), help);
+}
+
+[[gnu::cold]] [[gnu::noinline]] void RefuseOddsWithoutFlat(Game& g, int p, int b) {
+  RefuseNotice(g, p, b,
+               Cat("You may not make a ", BetName(b), " bet \runtil you've established a ",
+                   BetName(b - 6), " bet."),
+               IsComeOdds(b) ? 45 : 48);
+}
+
 // Amounts are stepped in CheckValue(1): a positive change up to the next
 // multiple, a negative one down to the next, never below minus the bet.
 Currency RoundChange(Currency change, Currency unit, Currency bet) {
@@ -120,9 +139,9 @@ Next ContractRules(Game& g, int p, int b) {
       if (!point || (N >= C && put)) return Next::Free;
       if (N >= C) {
         if (tell)
-          refuse(Cat("You may not make or increase a Pass Line bet \rwhile a point is established.",
-                     kPutClause),
-                 510);
+          RefusePut(g, p, b,
+                    "You may not make or increase a Pass Line bet \rwhile a point is established.",
+                    510);
         return cutToContract(true);
       }
       if (tell)
@@ -142,9 +161,9 @@ Next ContractRules(Game& g, int p, int b) {
     case bet::kDontPass:
       if (!point || N <= C) return Next::Free;
       if (tell)
-        refuse(Cat("You may not make or increase a Don't Pass bet \rwhile a point is established.",
-                   C > Currency{} ? RestoreClause(B, C) : std::string()),
-               46);
+        RefuseRestore(g, p, b,
+                      "You may not make or increase a Don't Pass bet \rwhile a point is established.",
+                      C > Currency{}, 46);
       return cutToContract(false);
     case bet::kPassLineOdds:
     case bet::kDontPassOdds: {
@@ -164,10 +183,9 @@ Next ContractRules(Game& g, int p, int b) {
     case bet::kFire:
       if (g.RollTally(kTableHand, kEventRolls) == 0 || N <= C) return Next::Free;
       if (tell)
-        refuse(
-            Cat("You may not make or increase a Fire bet \rafter the shooter has started a hand.",
-                B < C ? RestoreClause(B, C) : std::string()),
-            510);
+        RefuseRestore(g, p, b,
+                      "You may not make or increase a Fire bet \rafter the shooter has started a hand.",
+                      B < C, 510);
       return cutToContract(true);
     default:
       break;
@@ -176,9 +194,8 @@ Next ContractRules(Game& g, int p, int b) {
     if (s.MovingBet || (N > C && put)) return Next::Free;
     if (N > C) {
       if (tell)
-        refuse(Cat("You may not make or increase a Come bet \rdirectly on a point number.",
-                   kPutClause),
-               510);
+        RefusePut(g, p, b, "You may not make or increase a Come bet \rdirectly on a point number.",
+                  510);
       return cutToContract(true);
     }
     if (N < C)
@@ -188,17 +205,14 @@ Next ContractRules(Game& g, int p, int b) {
   if (IsDontComePoint(b)) {
     if (s.MovingBet || N <= C) return Next::Free;
     if (tell)
-      refuse(Cat("You may not make or increase a Don't Come bet \rdirectly on a point number.",
-                 C > Currency{} ? RestoreClause(B, C) : std::string()),
-             48);
+      RefuseRestore(g, p, b,
+                    "You may not make or increase a Don't Come bet \rdirectly on a point number.",
+                    C > Currency{}, 48);
     return cutToContract(false);
   }
   if (IsComeOdds(b) || IsDontComeOdds(b)) {
     if (!g.Bet(p, b - 6).IsZero()) return Next::Free;
-    if (tell)
-      refuse(Cat("You may not make a ", BetName(b), " bet \runtil you've established a ",
-                 BetName(b - 6), " bet."),
-             IsComeOdds(b) ? 45 : 48);
+    if (tell) RefuseOddsWithoutFlat(g, p, b);
     s.BetChange = Currency{};
     return Next::Return;
   }
@@ -346,11 +360,43 @@ void ChangeCheckStack(Game& g, int p, int b) {
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::OpenViews);
 }
 
+// The bankroll held the change: the limits are told again at what the money
+// covers. `before` is the limit text as it stood before a first adjustment
+// added to it (null when there was none): the second one starts from it.
+[[gnu::noinline]] void TellHeldToBankroll(Game& g, int p, int b, bool adjust,
+                                          const std::string* before) {
+  BettingState& s = g.betting;
+  const Currency B = g.Bet(p, b);
+  s.BetMaximum = B + s.BetChange;
+  if (before && !g.HyperDrive) s.LimitText = *before;
+  if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
+  const Currency total = B + s.BetChange;
+  if (total > Currency{} && total < s.BetMinimum) {
+    SetMinimumText(g, b);
+    s.BetChange = -B;
+  }
+  BankrollNotice(g, p, b);
+}
+
+// The proper-odds adjustment of a change that needs one (a real bet of a seat
+// with AutoAdjustMode above 0, ProperAsAsked false), then the bankroll.
+// Only outside Hyper-Drive does the adjustment write the limit text, so only
+// then is the text before it kept.
+[[gnu::noinline]] void AdjustThenHoldToBankroll(Game& g, int p, int b) {
+  std::string before;
+  if (!g.HyperDrive) before = g.betting.LimitText;
+  AdjustWhereNeeded(g, p, b);
+  if (HoldToBankroll(g, p, b))
+    TellHeldToBankroll(g, p, b, true, &before);
+  else
+    LimitNotice(g, p, b);
+}
+
 [[gnu::always_inline]] inline void Apply(Game& g, int p, int b) {
   BettingState& s = g.betting;
   g.Bet(p, b) += s.BetChange;
   g.TotalBets(p) += s.BetChange;
-  if (g.Bet(p, b).IsZero()) ResetBetWorking(g, p, b);
+  if (g.Bet(p, b).IsZero()) ResetWorkingOf(g, p, b);  // a seat and a real bet
   if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
   if (!g.HyperDrive && g.platform && !s.BetChange.IsZero())
     g.platform->RequestRedraw(Redraw::OpenViews);
@@ -381,7 +427,9 @@ void SetBetChecked(Game& g, int p, int b) {
   }
   const Currency B = g.Bet(p, b);
   // A hostile request (a script's huge number) is held where sums can't overflow.
-  const Currency request = std::clamp(g.BetRequest, -kCheckStackLimit, kCheckStackLimit);
+  Currency request = g.BetRequest;
+  if (request > kCheckStackLimit) request = kCheckStackLimit;
+  if (request < -kCheckStackLimit) request = -kCheckStackLimit;
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
 
   switch (kUnderContract[static_cast<std::size_t>(b)] ? ContractRules(g, p, b) : Next::Free) {
@@ -404,6 +452,19 @@ void SetBetChecked(Game& g, int p, int b) {
   s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
 
   const Currency T = B + request;
+  // A bet taken down entirely can't pass a maximum (never below 0), and the
+  // proper-odds adjustment leaves a change to 0 as it is: only the bankroll
+  // may still hold it (a seat whose bets stand above its money), and the
+  // limit text, cleared above, has nothing to tell. BetMaximum is left
+  // unfigured.
+  if (T <= Currency{} && s.BetChange <= -B) {
+    if (HoldToBankroll(g, p, b)) {
+      s.BetMaximum = B + s.BetChange;
+      BankrollNotice(g, p, b);
+    }
+    Apply(g, p, b);
+    return;
+  }
   if (T > Currency{} && T < s.BetMinimum) {
     if (s.BetChange <= Currency{}) {
       s.BetChange = -B;
@@ -413,12 +474,8 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
-  // A bet taken down entirely can't pass a maximum (never below 0), and the
-  // proper-odds adjustment leaves a change to 0 as it is, so nothing in this
-  // call reads the maximum: BetMaximum is left unfigured.
-  const bool takenDown = T <= Currency{} && s.BetChange <= -B;
-  if (!takenDown) FigureBetMaximum(g, p, b);
-  if (!takenDown && T > s.BetMaximum) {
+  FigureBetMaximum(g, p, b);
+  if (T > s.BetMaximum) {
     const Currency C = g.BetContract(p, b);
     if ((b == bet::kPassLine || IsComePoint(b)) && C > s.BetMaximum) {
       s.BetChange = C - B;
@@ -434,22 +491,12 @@ void SetBetChecked(Game& g, int p, int b) {
 
   // The proper-odds adjustment is called only when it has something to do.
   const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
-  const std::string pending = g.HyperDrive ? std::string() : s.LimitText;
-  if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
-
-  if (HoldToBankroll(g, p, b)) {
-    s.BetMaximum = B + s.BetChange;
-    if (!g.HyperDrive) s.LimitText = pending;
-    if (adjust && !ProperAsAsked(g, p, b)) AdjustForProperOdds(g, p, b);
-    const Currency total = B + s.BetChange;
-    if (total > Currency{} && total < s.BetMinimum) {
-      SetMinimumText(g, b);
-      s.BetChange = -B;
-    }
-    BankrollNotice(g, p, b);
-  } else {
+  if (adjust && !ProperAsAsked(g, p, b))
+    AdjustThenHoldToBankroll(g, p, b);
+  else if (HoldToBankroll(g, p, b))
+    TellHeldToBankroll(g, p, b, adjust, nullptr);
+  else
     LimitNotice(g, p, b);
-  }
   Apply(g, p, b);
 }
 

@@ -43,8 +43,12 @@ void FollowOdds(Game& g, int p, int flat) {
     full = g.autoplay.AutoLayFullOdds(p);
   }
   if (odds == 0) return;
-  FigureBetMaximum(g, p, odds);
-  if (full || g.Bet(p, odds) > g.betting.BetMaximum) TakeBetToMaximum(g, p, odds);
+  // Taking the odds to their maximum figures it anyway.
+  if (!full) {
+    FigureBetMaximum(g, p, odds);
+    if (g.Bet(p, odds) <= g.betting.BetMaximum) return;
+  }
+  TakeBetToMaximum(g, p, odds);
 }
 
 // Calls that a bet can't take: the line and contract bets and Fire.
@@ -167,7 +171,7 @@ void CallAllBetsOnOff(Game& g, int p, int tool) {
 
 void ResetBetWorking(Game& g, int p, int b) {
   if (p < 0 || p > 8 || b < 0 || b > 85) return;
-  g.BetWorking(p, b) = g.Point == 0 ? g.BetWorkingDefault(p, b) : 1;
+  ResetWorkingOf(g, p, b);
 }
 
 void RemoveAllBets(Game& g, int p) {

@@ -149,7 +149,9 @@ TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
   g.Bet(1, 0) = 103_usd;
   EXPECT_EQ(Ask(1, PlaceId(8), 0), -2_usd);
   g.Bet(1, 0) = -50_usd;
-  EXPECT_EQ(Ask(1, kField, -3), -5_usd);
+  const size_t shown = Shown();
+  EXPECT_EQ(Ask(1, kField, -5), -5_usd);
+  EXPECT_EQ(Shown(), shown + 1) << "a bet taken down whole tells of the money too";
   EXPECT_EQ(Ask(1, PlaceId(8), 10), -98_usd);
   EXPECT_TRUE(g.TotalBets(1).IsZero());
 }
