@@ -39,6 +39,7 @@ struct ScriptGame {
   bool compiled = false;
   ScriptGame(const std::string& path, const std::string& text) {
     platform.minimized = true;
+    platform.soundsKept = 0;
     game = MakeGame(platform);
     Game& g = *game;
     StartUp(g);

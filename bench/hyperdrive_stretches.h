@@ -35,6 +35,7 @@ struct BenchGame {
   std::unique_ptr<Game> game;
   explicit BenchGame(BenchWorkload workload) {
     platform.minimized = true;
+    platform.soundsKept = 0;
     game = MakeGame(platform);
     StartUp(*game);
     SetUpBenchWorkload(*game, workload);

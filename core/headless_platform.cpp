@@ -38,8 +38,7 @@ int HeadlessPlatform::ShowSettleDialog(SettleDialog& dialog) {
 }
 
 void HeadlessPlatform::PlaySound(std::string_view path, int flags) {
-  // A long run by hand must not grow the record without end.
-  if (sounds.size() < kSoundsRecorded) sounds.push_back({std::string(path), flags});
+  if (sounds.size() < soundsKept) sounds.push_back({std::string(path), flags});
 }
 
 std::uint32_t HeadlessPlatform::TimeGetTime() {
