@@ -27,7 +27,7 @@ void WaitForDelay(Game& g) {
   const std::uint32_t start = g.platform->TimeGetTime();
   while (g.KeepRolling) {
     g.platform->DoEvents();
-    MarkUpperBetCellsChanged(g);
+    MarkSeatRowsChanged(g);
     if (static_cast<std::int64_t>(g.platform->TimeGetTime() - start) >= waitMs) break;
   }
 }
@@ -72,7 +72,7 @@ void PaceHyperDrive(Game& g) {
     h.PaceCountdown = HyperDriveState::kPaceEvery;
     g.platform->DoEvents();
     // The window may have changed CheckStacks while it had the events.
-    MarkUpperBetCellsChanged(g);
+    MarkSeatRowsChanged(g);
   }
   if (h.AutoStopRolls.raw > 0) {
     const std::int64_t every = WholeRolls(h.AutoStopRolls);

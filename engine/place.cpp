@@ -349,6 +349,7 @@ void ChangeCheckStack(Game& g, int p, int b) {
 [[gnu::always_inline]] inline void Apply(Game& g, int p, int b) {
   BettingState& s = g.betting;
   g.Bet(p, b) += s.BetChange;
+  g.roll.MarkBetChanged(p, b);
   g.TotalBets(p) += s.BetChange;
   if (g.Bet(p, b).IsZero()) ResetBetWorking(g, p, b);
   if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);

@@ -59,6 +59,7 @@ void ToggleCall(Game& g, int p, int b, int tool) {
     ResetBetWorking(g, p, b);
   else
     g.BetWorking(p, b) = tool == kToolCallOn ? 2 : -1;
+  g.roll.MarkBetChanged(p, b);
 }
 
 }  // namespace
@@ -134,7 +135,10 @@ void BuyPlaceBet(Game& g, int p, int b) {
   RemoveBet(g, p, b);
   g.BetRequest = amount;
   PlaceBet(g, p, buy);
-  if ((called == 2 || called == -1) && !g.Bet(p, buy).IsZero()) g.BetWorking(p, buy) = called;
+  if ((called == 2 || called == -1) && !g.Bet(p, buy).IsZero()) {
+    g.BetWorking(p, buy) = called;
+    g.roll.MarkBetChanged(p, buy);
+  }
 }
 
 void CallBetOnOff(Game& g, int p, int b, int tool, bool byScript) {
@@ -146,10 +150,12 @@ void CallBetOnOff(Game& g, int p, int b, int tool, bool byScript) {
                  "Action not allowed", kHelpWorkingBets, kMsgOk | kMsgHideNotAllowed);
     return;
   }
-  if (byScript)
+  if (byScript) {
     g.BetWorking(p, b) = tool == kToolCallOn ? 2 : -1;
-  else
+    g.roll.MarkBetChanged(p, b);
+  } else {
     ToggleCall(g, p, b, tool);
+  }
   RedrawTable(g);
 }
 
@@ -168,6 +174,7 @@ void CallAllBetsOnOff(Game& g, int p, int tool) {
 void ResetBetWorking(Game& g, int p, int b) {
   if (p < 0 || p > 8 || b < 0 || b > 85) return;
   g.BetWorking(p, b) = g.Point == 0 ? g.BetWorkingDefault(p, b) : 1;
+  g.roll.MarkBetChanged(p, b);
 }
 
 void RemoveAllBets(Game& g, int p) {
@@ -184,6 +191,7 @@ std::string CommitKeyedAmount(Game& g, int p, int b, std::string_view text) {
   if (IsRealBet(b) && amount != g.Bet(p, b)) {
     g.TotalBets(p) -= g.Bet(p, b);
     g.Bet(p, b) = Currency{};
+    g.roll.MarkBetChanged(p, b);
     g.BetRequest = amount;
     PlaceBet(g, p, b);
   }
