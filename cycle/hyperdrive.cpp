@@ -27,7 +27,7 @@ void WaitForDelay(Game& g) {
   const std::uint32_t start = g.platform->TimeGetTime();
   while (g.KeepRolling) {
     g.platform->DoEvents();
-    MarkUpperBetCellsChanged(g);
+    MarkSeatRowsChanged(g);
     if (static_cast<std::int64_t>(g.platform->TimeGetTime() - start) >= waitMs) break;
   }
 }
@@ -65,14 +65,18 @@ void NoteHyperDriveRoll(Game& g) {
   if (h.RunRollLimit > 0 && h.RollsThisRun >= h.RunRollLimit) g.KeepRolling = false;
 }
 
-void PaceHyperDrive(Game& g) {
+namespace {
+
+// The pacing step's work beyond the countdown: the event pump when `pump`,
+// Auto-Stop, and the throttle's spin and delay.
+[[gnu::noinline]] void PaceAndCheck(Game& g, bool pump) {
   HyperDriveState& h = g.hyper;
   const std::int32_t throttle = h.HyperThrottle;
-  if (throttle > 0 || --h.PaceCountdown <= 0) {
+  if (pump) {
     h.PaceCountdown = HyperDriveState::kPaceEvery;
     g.platform->DoEvents();
-    // The window may have changed CheckStacks while it had the events.
-    MarkUpperBetCellsChanged(g);
+    // The window may have changed bets and CheckStacks while it had the events.
+    MarkSeatRowsChanged(g);
   }
   if (h.AutoStopRolls.raw > 0) {
     const std::int64_t every = WholeRolls(h.AutoStopRolls);
@@ -86,6 +90,16 @@ void PaceHyperDrive(Game& g) {
     SpinRounds(std::llround(static_cast<double>(throttle) * throttle * g.roll.LoopsPerTick));
     if (throttle >= 10) WaitForDelay(g);
   }
+}
+
+}  // namespace
+
+void PaceHyperDrive(Game& g) {
+  HyperDriveState& h = g.hyper;
+  // At full speed without Auto-Stop most rolls only count down to the next pump.
+  const bool pump = h.HyperThrottle > 0 || --h.PaceCountdown <= 0;
+  if (!pump && h.AutoStopRolls.raw <= 0) return;
+  PaceAndCheck(g, pump);
 }
 
 void EndHyperDrive(Game& g) {

@@ -135,19 +135,41 @@ bool WithinRollLimit(Game& g) {
 
 // Steps 10 and 27 copy only seated players: an open position holds no bets,
 // so its copies have nothing to change, and a run with few players does not
-// pay for eight. The ids above the real bets (the CheckStacks and the cells
-// that are no bet) change only where a seat or every seat is marked
-// (MarkCheckStacksChanged, MarkUpperBetCellsChanged), so a seat copies them
-// only when marked since its last copy; the real bets and the bankroll
-// change on almost every roll and are always copied.
+// pay for eight. Of a seated player they copy only the cells marked as
+// changed since the same snapshot last copied them (RollState: the real bet
+// ids by MarkBetChanged, the ids above them by MarkCheckStacksChanged, and
+// everything by MarkSeatRowsChanged), and always the bankroll. Most
+// rolls change a few bets, so a roll copies a few cells instead of rows.
 
-// Copies Bet(p, 0..kLastBetId) into `to`, the upper cells only when bit p of
+using BetIdSet = RollState::BetIdSet;
+
+template <class F>
+void ForEachId(const BetIdSet& ids, F&& f) {
+  for (std::size_t w = 0; w < ids.size(); ++w)
+    for (std::uint64_t bits = ids[w]; bits != 0; bits &= bits - 1)
+      f(static_cast<int>(64 * w) + std::countr_zero(bits));
+}
+
+// The ids a snapshot of seat p copies: those changed since the seat's last
+// snapshot and in the stretch before it (never beyond the real bets, whose
+// rows the snapshots are); moves the sets on by one stretch.
+BetIdSet TakeChangedIds(RollState& r, int p) {
+  constexpr BetIdSet kEvery = RollState::kEveryBetId;
+  BetIdSet& now = r.BetIdsChanged[static_cast<std::size_t>(p)];
+  BetIdSet& before = r.BetIdsChangedBefore[static_cast<std::size_t>(p)];
+  const BetIdSet ids = {(now[0] | before[0]) & kEvery[0], (now[1] | before[1]) & kEvery[1]};
+  before = now;
+  now = {};
+  return ids;
+}
+
+// Copies Bet(p, kLastRealBet + 1..kLastBetId) into `to` when bit p of
 // `changed` is set.
 template <class Snapshot>
-void CopyBets(Game& g, int p, std::uint32_t changed, Snapshot& to) {
-  const auto bets = g.Bet.Span(p, 0, kLastBetId);
-  const int last = (changed >> p) & 1 ? kLastBetId : kLastRealBet;
-  std::copy_n(bets.begin(), last + 1, to.Span(p, 0, kLastBetId).begin());
+void CopyUpperCells(Game& g, int p, std::uint32_t changed, Snapshot& to) {
+  if (((changed >> p) & 1) == 0) return;
+  const auto upper = g.Bet.Span(p, kLastRealBet + 1, kLastBetId);
+  std::copy(upper.begin(), upper.end(), to.Span(p, kLastRealBet + 1, kLastBetId).begin());
 }
 
 // The streaks lie in pairs (at roll, now) per bet, bets 0..kLastRealBet;
@@ -169,26 +191,63 @@ void CopyStreaksNowToAtRoll(Long* trend) {
 #endif
 }
 
+// BetAtRoll and BetContract take the real bets, the at-roll streaks their
+// present values. Every id marked (a new call, a script, the events) copies
+// whole rows; otherwise id by id.
 void SnapshotAtRoll(Game& g, unsigned seated) {
-  const std::uint32_t changed = g.roll.UpperCellsChangedAtRoll;
-  ForEachSeated(seated, [&g, changed](int p) {
-    CopyBets(g, p, changed, g.BetAtRoll);
-    std::copy_n(g.Bet.Span(p, 0, kLastRealBet).begin(), kLastRealBet + 1,
-                g.BetContract.Span(p, 0, kLastRealBet).begin());
-    CopyStreaksNowToAtRoll(&g.BetTrend(p, 0, 0));
+  RollState& r = g.roll;
+  const std::uint32_t upperChanged = r.UpperCellsChangedAtRoll;
+  ForEachSeated(seated, [&g, &r, upperChanged](int p) {
+    CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
+    const BetIdSet ids = TakeChangedIds(r, p);
+    const Currency* bets = &g.Bet(p, 0);
+    Currency* atRoll = &g.BetAtRoll(p, 0);
+    Currency* contract = &g.BetContract(p, 0);
+    Long* trend = &g.BetTrend(p, 0, 0);
+    if (ids == RollState::kEveryBetId) {
+      std::copy_n(bets, kLastRealBet + 1, atRoll);
+      std::copy_n(bets, kLastRealBet + 1, contract);
+      CopyStreaksNowToAtRoll(trend);
+      return;
+    }
+    atRoll[0] = contract[0] = bets[0];
+    ForEachId(ids, [=](int b) {
+      atRoll[b] = contract[b] = bets[b];
+      trend[2 * b] = trend[2 * b + 1];
+    });
   });
-  g.roll.UpperCellsChangedAtRoll &= ~seated;
+  r.UpperCellsChangedAtRoll &= ~seated;
 }
 
+// BetAfterRoll takes the bets, BetWorkingAfterRoll the working flags.
 void SnapshotAfterRoll(Game& g, unsigned seated) {
-  const std::uint32_t changed = g.roll.UpperCellsChangedAfterRoll;
-  ForEachSeated(seated, [&g, changed](int p) {
-    CopyBets(g, p, changed, g.BetAfterRoll);
-    const auto working = g.BetWorking.Span(p, 1, kLastRealBet);
-    std::copy(working.begin(), working.end(), g.BetWorkingAfterRoll.Span(p, 1, kLastRealBet).begin());
+  RollState& r = g.roll;
+  const std::uint32_t upperChanged = r.UpperCellsChangedAfterRoll;
+  const std::uint32_t workingChanged = r.WorkingChangedAfterRoll;
+  ForEachSeated(seated, [&g, &r, upperChanged, workingChanged](int p) {
+    CopyUpperCells(g, p, upperChanged, g.BetAfterRoll);
+    const BetIdSet ids = TakeChangedIds(r, p);
+    const Currency* bets = &g.Bet(p, 0);
+    Currency* afterRoll = &g.BetAfterRoll(p, 0);
+    const Long* working = &g.BetWorking(p, 0);
+    Long* workingAfterRoll = &g.BetWorkingAfterRoll(p, 0);
+    const bool wholeRows = ids == RollState::kEveryBetId;
+    if (wholeRows) {
+      std::copy_n(bets, kLastRealBet + 1, afterRoll);
+    } else {
+      afterRoll[0] = bets[0];
+      ForEachId(ids, [=](int b) { afterRoll[b] = bets[b]; });
+    }
+    // The working flags of ids 1..kLastRealBet (id 0 has none).
+    if (wholeRows || ((workingChanged >> p) & 1) != 0)
+      std::copy(working + 1, working + kLastRealBet + 1, workingAfterRoll + 1);
+    else
+      ForEachId({ids[0] & ~std::uint64_t{1}, ids[1]},
+                [=](int b) { workingAfterRoll[b] = working[b]; });
   });
-  g.roll.UpperCellsChangedAfterRoll &= ~seated;
-  g.roll.ScriptActiveAtRoll = g.roll.ScriptActive;
+  r.UpperCellsChangedAfterRoll &= ~seated;
+  r.WorkingChangedAfterRoll &= ~seated;
+  r.ScriptActiveAtRoll = r.ScriptActive;
 }
 
 // Step 12: the dice, from the first source that applies. False when the
@@ -256,7 +315,11 @@ bool RollOnce(Game& g) {
   g.PointAtRoll = g.Point;
 
   DiceSource source{};
-  if (!TakeDice(g, source)) return false;
+  if (!TakeDice(g, source)) {
+    // No end-of-roll snapshot follows this one: the next snapshots start afresh.
+    MarkSeatRowsChanged(g);
+    return false;
+  }
   if (g.roll.LogOn) LogRollLine(g, source);
   g.DiceTotal = g.Die1 + g.Die2;
   // Outside Hyper-Drive the window animates the dice when it redraws the table.
@@ -274,6 +337,7 @@ bool RollOnce(Game& g) {
 
   if (g.Point != g.PointAtRoll) {
     ResetWorkingFlags(g, seated);
+    g.roll.WorkingChangedAfterRoll = ~0u;
     if (g.Point > 0) {
       SetLineOddsPayoffs(g);
       AutoPlayPointActions(g, seated);
@@ -281,7 +345,7 @@ bool RollOnce(Game& g) {
   }
   KeepBankrollRecords(g, seated);
   if (g.roll.LogOn) LogRollResults(g);
-  ShiftGraphHistory(g);
+  ShiftGraphHistory(g, seated);
 
   // The scripts run last: a script sees the finished roll, and what it bets
   // stands for the next. Only a script seats or cashes out a player during
@@ -290,7 +354,10 @@ bool RollOnce(Game& g) {
   if (scripted) RunAutoBets(g);
   // A script may change CheckStacks; a roll outside Hyper-Drive may show a
   // message, during which the window takes the user's changes.
-  if (scripted || !g.HyperDrive) MarkUpperBetCellsChanged(g);
+  if (scripted || !g.HyperDrive) MarkSeatRowsChanged(g);
+  // A script may run after every roll: the graph step then visits every
+  // seat rather than look over the open seats' pages each time.
+  if (scripted) g.roll.ForgetIdleGraphRows(false);
   SnapshotAfterRoll(g, scripted ? SeatedPlayers(g) : seated);
   g.platform->RequestRedraw(Redraw::OpenViews);
   if (!g.HyperDrive) g.platform->RequestRedraw(Redraw::StatusBoxes);
@@ -331,9 +398,13 @@ void LimitExceeded(Game& g, int p) {
   if (!loss && g.rules.WinSoundSet > 0 && SoundsOn(g)) g.platform->PlaySound("", kSoundStop);
 }
 
-void MarkUpperBetCellsChanged(Game& g) {
-  g.roll.UpperCellsChangedAtRoll = ~0u;
-  g.roll.UpperCellsChangedAfterRoll = ~0u;
+void MarkSeatRowsChanged(Game& g) {
+  RollState& r = g.roll;
+  r.UpperCellsChangedAtRoll = ~0u;
+  r.UpperCellsChangedAfterRoll = ~0u;
+  r.BetIdsChanged = RollState::EveryBetIdOfEverySeat();
+  r.WorkingChangedAfterRoll = ~0u;
+  r.ForgetIdleGraphRows(true);
 }
 
 bool QueueDice(Game& g, int die1, int die2) {
@@ -374,7 +445,7 @@ void RollDice(Game& g) {
   g.StopMessage.clear();
   g.RollBusy = true;
   // Anything may have changed CheckStacks since the last call.
-  MarkUpperBetCellsChanged(g);
+  MarkSeatRowsChanged(g);
 
   do {
     const bool rolled = RollOnce(g);

@@ -23,10 +23,11 @@ void RollDice(Game& game);
 void LimitExceeded(Game& game, int p);
 // True when the bankroll of player p is beyond the limit in either sign.
 bool BankrollBeyondLimit(const Game& game, int p);
-// Marks the CheckStacks and the other ids above the real bets of every
-// seat as changed, so that the next snapshots of the roll copy them: at the
-// start of a RollDice call, after the scripts and after Hyper-Drive's event
-// pumps, where the window, a file or a script may have written them.
-void MarkUpperBetCellsChanged(Game& game);
+// Marks every bet cell, working flag and graph row of every seat as
+// changed, so that the roll's next snapshots copy them whole and its graph
+// step passes no seat over: at the start of a RollDice call, after the
+// scripts and after Hyper-Drive's event pumps, where the window, a file or
+// a script may have written them.
+void MarkSeatRowsChanged(Game& game);
 // Queues a known pair for the next roll (roll pad, tests); false when full.
 bool QueueDice(Game& game, int die1, int die2);

@@ -15,6 +15,7 @@ void MoveBet(Game& g, int p, int fromBet, int toBet) {
   PlaceBet(g, p, toBet);
   g.betting.MovingBet = false;
   g.BetContract(p, toBet) = amount;
+  g.roll.MarkBetChanged(p, toBet);
   if (IsComePoint(toBet)) g.ComeFlatAtSet(p, toBet - bet::kComePointFirst) = amount;
   if (g.roll.LogOn && g.roll.LogBets) {
     std::string& l = StartEventLine(g);

@@ -395,6 +395,7 @@ void ChangeCheckStack(Game& g, int p, int b) {
 [[gnu::always_inline]] inline void Apply(Game& g, int p, int b) {
   BettingState& s = g.betting;
   g.Bet(p, b) += s.BetChange;
+  g.roll.MarkBetChanged(p, b);
   g.TotalBets(p) += s.BetChange;
   if (g.Bet(p, b).IsZero()) ResetWorkingOf(g, p, b);  // a seat and a real bet
   if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);

@@ -63,6 +63,7 @@ void ToggleCall(Game& g, int p, int b, int tool) {
     ResetBetWorking(g, p, b);
   else
     g.BetWorking(p, b) = tool == kToolCallOn ? 2 : -1;
+  g.roll.MarkBetChanged(p, b);
 }
 
 }  // namespace
@@ -138,7 +139,10 @@ void BuyPlaceBet(Game& g, int p, int b) {
   RemoveBet(g, p, b);
   g.BetRequest = amount;
   PlaceBet(g, p, buy);
-  if ((called == 2 || called == -1) && !g.Bet(p, buy).IsZero()) g.BetWorking(p, buy) = called;
+  if ((called == 2 || called == -1) && !g.Bet(p, buy).IsZero()) {
+    g.BetWorking(p, buy) = called;
+    g.roll.MarkBetChanged(p, buy);
+  }
 }
 
 void CallBetOnOff(Game& g, int p, int b, int tool, bool byScript) {
@@ -150,10 +154,12 @@ void CallBetOnOff(Game& g, int p, int b, int tool, bool byScript) {
                  "Action not allowed", kHelpWorkingBets, kMsgOk | kMsgHideNotAllowed);
     return;
   }
-  if (byScript)
+  if (byScript) {
     g.BetWorking(p, b) = tool == kToolCallOn ? 2 : -1;
-  else
+    g.roll.MarkBetChanged(p, b);
+  } else {
     ToggleCall(g, p, b, tool);
+  }
   RedrawTable(g);
 }
 
@@ -188,6 +194,7 @@ std::string CommitKeyedAmount(Game& g, int p, int b, std::string_view text) {
   if (IsRealBet(b) && amount != g.Bet(p, b)) {
     g.TotalBets(p) -= g.Bet(p, b);
     g.Bet(p, b) = Currency{};
+    g.roll.MarkBetChanged(p, b);
     g.BetRequest = amount;
     PlaceBet(g, p, b);
   }

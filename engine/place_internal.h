@@ -11,7 +11,9 @@ bool CanNotify(const Game& game, long noticeBit);
 // BetName followed by " Bet": the title of every notice about a bet.
 std::string BetTitle(int b);
 // ResetBetWorking for a seat 0..8 and bet 0..85 the caller has checked: the
-// come-out default, or 1 (working) with a point on.
+// come-out default, or 1 (working) with a point on. Marks the cell for the
+// roll's snapshots.
 inline void ResetWorkingOf(Game& game, int p, int b) {
   game.BetWorking(p, b) = game.Point == 0 ? game.BetWorkingDefault(p, b) : 1;
+  game.roll.MarkBetChanged(p, b);
 }

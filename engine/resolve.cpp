@@ -579,6 +579,7 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
 
   g.Bet(p, 0) += g.NetPayoff;
   g.BetContract(p, b) = Currency{};
+  g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
 
   if ((IsContract(b) && g.DiceTotal == 7) || IsLineOdds(b) || (b >= 7 && b <= 18) ||
       (IsComePoint(b) && !g.rules.AllowPutBets) || (IsComeOdds(b) && g.Bet(p, b - 6).IsZero()))

@@ -1,11 +1,20 @@
 // The bankroll graph's history, kept by the roll: one column per roll for
 // each player, a page of 525 columns, and the previous page in columns
 // 526..1050. A full page either starts a new page or scrolls by one column.
+#include <bit>
+
 #include "core/game.h"
 #include "core/platform.h"
 #include "engine/roll_steps.h"
 
 namespace {
+
+constexpr unsigned kEverySeat = 0x1FEu;  // bits 1..8
+
+template <class F>
+void ForEachSeat(unsigned seats, F&& f) {
+  for (; seats != 0; seats &= seats - 1) f(std::countr_zero(seats));
+}
 
 void RestartRange(Game& g, int p) {
   g.GraphHigh(p) = g.Bet(p, 0);
@@ -15,6 +24,26 @@ void RestartRange(Game& g, int p) {
 void Widen(Game& g, int p, Currency v) {
   if (v > g.GraphHigh(p)) g.GraphHigh(p) = v;
   if (v < g.GraphLow(p)) g.GraphLow(p) = v;
+}
+
+// Widens p's range by the bankroll and writes it as column `count`.
+void AddColumn(Game& g, int p, int count) {
+  const Currency bank = g.Bet(p, 0);
+  Widen(g, p, bank);
+  g.GraphBankroll(p, count) = bank;
+}
+
+// The open seats whose graph rows a column of 0 leaves as they are: no
+// money, the range around 0 and every column of the page 0.
+[[gnu::noinline]] unsigned FindIdleSeats(const Game& g, unsigned open) {
+  unsigned idle = 0;
+  ForEachSeat(open, [&g, &idle](int p) {
+    if (!g.Bet(p, 0).IsZero() || g.GraphHigh(p) < Currency{} || g.GraphLow(p) > Currency{}) return;
+    std::int64_t any = 0;
+    for (const Currency c : g.GraphBankroll.Span(p, 1, kGraphColumns)) any |= c.raw;
+    if (any == 0) idle |= 1u << p;
+  });
+  return idle;
 }
 
 void StartNewPage(Game& g) {
@@ -48,25 +77,46 @@ void ScrollByOne(Game& g) {
   g.GraphRollCount = kGraphColumns - 1;
 }
 
+// A full page: a new page or a scroll moves every seat's columns (an idle
+// seat's stay 0), then the roll's column. Out of line: once in a page.
+[[gnu::noinline]] void TurnPage(Game& g) {
+  for (int p = 1; p <= 8; ++p) Widen(g, p, g.Bet(p, 0));
+  if (g.roll.GraphPlotType == 0)
+    StartNewPage(g);
+  else
+    ScrollByOne(g);
+  const int count = ++g.GraphRollCount;
+  for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, count) = g.Bet(p, 0);
+}
+
 }  // namespace
 
 void ShiftGraphHistory(Game& g) {
+  // Outside a roll anything may have written the rows: every seat is
+  // treated as seated, which is the plain step.
+  ShiftGraphHistory(g, kEverySeat);
+}
+
+void ShiftGraphHistory(Game& g, unsigned seated) {
+  RollState& r = g.roll;
+  seated &= kEverySeat;
+  const unsigned open = kEverySeat & ~seated;
+  if (!r.GraphIdleFound && g.HyperDrive) {
+    r.GraphIdleSeats = FindIdleSeats(g, open);
+    r.GraphIdleFound = true;
+  }
+  r.GraphIdleSeats &= open;
   if (g.GraphRollCount < kGraphColumns) {
-    // The page has room: widen the range and add the column in one sweep.
+    // The page has room: widen the range and add the column in one sweep,
+    // passing over the idle seats.
     const int count = ++g.GraphRollCount;
-    for (int p = 1; p <= 8; ++p) {
-      const Currency bank = g.Bet(p, 0);
-      Widen(g, p, bank);
-      g.GraphBankroll(p, count) = bank;
+    if (r.GraphIdleSeats == 0) {
+      for (int p = 1; p <= 8; ++p) AddColumn(g, p, count);
+    } else {
+      ForEachSeat(kEverySeat & ~r.GraphIdleSeats, [&g, count](int p) { AddColumn(g, p, count); });
     }
   } else {
-    for (int p = 1; p <= 8; ++p) Widen(g, p, g.Bet(p, 0));
-    if (g.roll.GraphPlotType == 0)
-      StartNewPage(g);
-    else
-      ScrollByOne(g);
-    const int count = ++g.GraphRollCount;
-    for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, count) = g.Bet(p, 0);
+    TurnPage(g);
   }
   const int count = g.GraphRollCount;
   // With the graph on screen and its average shown, the view's moving

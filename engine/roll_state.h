@@ -64,10 +64,63 @@ struct RollState {
   // BetAfterRoll copy; the roll's snapshots copy those ids just for these
   // seats. The CheckStack writers mark their seat (MarkCheckStacksChanged),
   // and the start of a roll call, a script run and Hyper-Drive's event pumps
-  // mark every seat (MarkUpperBetCellsChanged), since whatever else writes
+  // mark every seat (MarkSeatRowsChanged), since whatever else writes
   // those ids (files, seats, sessions) does so only there.
   std::uint32_t UpperCellsChangedAtRoll = ~0u;
   std::uint32_t UpperCellsChangedAfterRoll = ~0u;
+
+  // Per seat, the real bet ids 0..85 (bit b % 64 of word b / 64) whose
+  // cells may have changed, so that the roll's snapshots copy just those
+  // (BetAtRoll, BetContract and the at-roll streaks of BetTrend at the
+  // roll's start; BetAfterRoll and BetWorkingAfterRoll at its end).
+  // BetIdsChanged gathers the ids changed since the seat's last snapshot;
+  // a snapshot copies those and the ids of the stretch before
+  // (BetIdsChangedBefore), which its own copies last saw, then moves one
+  // set down. Within a roll call the writers of those cells mark them
+  // (MarkBetChanged): SetBetChecked, ResolveBet (bankroll, contract and
+  // streak), MoveBet, the working-flag writers of place_actions; the roll
+  // marks every working flag after ResetWorkingFlags
+  // (WorkingChangedAfterRoll). What else writes them (files, seats,
+  // sessions, dialogs, scripts, tests) does so outside a roll call, in a
+  // script run or in an event pump, after each of which every id of every
+  // seat is marked (MarkSeatRowsChanged); a roll observer changes bets only
+  // through the placing gate. The bankroll (id 0) has many writers and is
+  // always copied.
+  using BetIdSet = std::array<std::uint64_t, 2>;
+  static constexpr BetIdSet kEveryBetId = {~std::uint64_t{0}, (std::uint64_t{1} << 22) - 1};
+  static_assert(64 + 22 == 86, "ids 0..85");
+  std::array<BetIdSet, 9> BetIdsChanged = EveryBetIdOfEverySeat();
+  std::array<BetIdSet, 9> BetIdsChangedBefore = EveryBetIdOfEverySeat();
+  // Seats (bit p) whose whole BetWorking row may differ from BetWorkingAfterRoll.
+  std::uint32_t WorkingChangedAfterRoll = ~0u;
+
+  // Notes that a cell of real bet b of seat p changed (see above).
+  void MarkBetChanged(int p, int b) {
+    BetIdsChanged[static_cast<std::size_t>(p)][static_cast<std::size_t>(b >> 6)] |=
+        std::uint64_t{1} << (b & 63);
+  }
+  static constexpr std::array<BetIdSet, 9> EveryBetIdOfEverySeat() {
+    std::array<BetIdSet, 9> all{};
+    all.fill(kEveryBetId);
+    return all;
+  }
+
+  // The bankroll graph's open seats that a new column within the page may
+  // pass over (bit p): no money, every column of the page 0 and the range
+  // around 0, so that adding a column of 0 changes nothing. In Hyper-Drive
+  // the graph step looks the open seats over when GraphIdleFound is false
+  // and keeps the answer while no one is seated there; whatever else writes
+  // the graph rows (files, sessions, dialogs, seats, scripts) does so
+  // outside a roll call, in a script run or in an event pump, after each of
+  // which the roll forgets the idle seats (MarkSeatRowsChanged); a roll
+  // observer seats no one.
+  std::uint32_t GraphIdleSeats = 0;
+  bool GraphIdleFound = false;
+  // Forgets the idle seats; `lookAgain` lets the next graph step find them.
+  void ForgetIdleGraphRows(bool lookAgain) {
+    GraphIdleSeats = 0;
+    GraphIdleFound = !lookAgain;
+  }
 
   // Known dice for the next rolls (roll pad and tests), first in first out.
   static constexpr int kDiceQueue = 64;

@@ -16,3 +16,6 @@ void TallyRollEvents(Game& game);
 void AdvanceStateMachine(Game& game);
 // Shifts and extends the bankroll graph history by one roll.
 void ShiftGraphHistory(Game& game);
+// The same within a roll, with the seated players 1..8 as a bit set: open
+// seats idle since the roll's own earlier columns are passed over.
+void ShiftGraphHistory(Game& game, unsigned seated);
