@@ -27,19 +27,20 @@ class RollsSinceTable {
   static constexpr int kLow = 0, kHigh = kLastEvent;
 
   // The rolls since event k last showed.
-  Long operator()(int k) const { return static_cast<Long>(clock_ - shownAt_[Index(k)]); }
+  Long operator()(int k) const { return static_cast<Long>(Now() - shownAt_[Index(k)]); }
   // Makes the count of event k `rolls`.
-  void Set(int k, Long rolls) { shownAt_[Index(k)] = clock_ - static_cast<std::uint32_t>(rolls); }
+  void Set(int k, Long rolls) { shownAt_[Index(k)] = Now() - static_cast<std::uint32_t>(rolls); }
   // Makes every count `rolls`.
-  void Fill(Long rolls) { shownAt_.fill(clock_ - static_cast<std::uint32_t>(rolls)); }
+  void Fill(Long rolls) { shownAt_.fill(Now() - static_cast<std::uint32_t>(rolls)); }
 
   // A roll: every count moves on by one.
   void NextRoll() { ++clock_; }
   // Event k shows: returns its count, then sets it to 0.
   Long Show(int k) {
     std::uint32_t& at = shownAt_[Index(k)];
-    const auto rolls = static_cast<Long>(clock_ - at);
-    at = clock_;
+    const std::uint32_t now = Now();
+    const auto rolls = static_cast<Long>(now - at);
+    at = now;
     return rolls;
   }
 
@@ -54,7 +55,10 @@ class RollsSinceTable {
     assert(k >= kLow && k <= kHigh);
     return static_cast<std::size_t>(k);
   }
-  std::uint32_t clock_ = 0;
+  std::uint32_t Now() const { return static_cast<std::uint32_t>(clock_); }
+  // Wider than the showings only so that no store of a count or a showing
+  // can alias it: a roll's loop over its events then keeps it in a register.
+  std::uint64_t clock_ = 0;
   std::array<std::uint32_t, kHigh + 1> shownAt_{};
 };
 

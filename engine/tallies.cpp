@@ -169,7 +169,8 @@ inline void CountInLiveRows(Long* firstRow, int k) {
 template <bool kShooter>
 void TallyPairEvents(Game& g, const PairEvents& e, Long* house, Long* shooter) {
   Long* const gapTally = g.GapTally.cells.data();
-  for (int n = 0; n < e.count; ++n) {
+  const int count = e.count;  // held: the counts' stores could alias it
+  for (int n = 0; n < count; ++n) {
     const auto i = static_cast<std::size_t>(n);
     const int k = e.events[i];
     CountInLiveRows(house, k);
