@@ -29,6 +29,7 @@
 #include "config/sound_state.h"
 #include "core/currency.h"
 #include "core/message.h"
+#include "core/rolls_since.h"
 #include "core/tables.h"
 #include "dice/dice_file_state.h"
 #include "dice/dice_state.h"
@@ -124,7 +125,7 @@ struct Game {
   Table1<Long, 0, kLastFrameIndex> MostMissesHand;
 
   // Gap analysis, whole game.
-  Table1<Long, 0, kLastEvent> RollsSince;
+  RollsSinceTable RollsSince;
   Table2<Long, 0, kLastEvent, 0, kLongGap> GapTally;
 
   // Bankroll records by slot.

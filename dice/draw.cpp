@@ -79,9 +79,13 @@ void ApplyGeneratorFallback(Game& game) {
   }
 }
 
-void DrawDice(Game& game) {
+namespace {
+
+// The generators other than the first, and the probability dice: out of
+// line, so that the first generator's draw needs no frame of its own.
+[[gnu::noinline]] void DrawOtherDice(Game& game) {
   DiceState& s = game.dice;
-  if (s.ProbabilityDiceOn) [[unlikely]] {
+  if (s.ProbabilityDiceOn) {
     DrawProbabilityDice(game);
     return;
   }
@@ -125,6 +129,18 @@ void DrawDice(Game& game) {
       break;
     }
   }
+}
+
+}  // namespace
+
+void DrawDice(Game& game) {
+  DiceState& s = game.dice;
+  // The first generator is the one selected at start-up.
+  if (s.RngIndex == 0 && !s.ProbabilityDiceOn) [[likely]] {
+    TwoDiceFromWords(game, [&] { return genrand_int32(s.mt19937); });
+    return;
+  }
+  DrawOtherDice(game);
 }
 
 Long DrawProbabilityNumber(Game& game) {

@@ -1,6 +1,7 @@
 #include "engine/hand.h"
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
@@ -14,32 +15,46 @@ namespace {
 
 bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
 
-// Moves `count` cells from `from` to `to` (another frame: never the same
+// Moves `Bytes` bytes from `from` to `to` and clears them, in blocks of at
+// most kMoveBlock bytes: the compiler expands a block that short as a few
+// vector moves, where a longer one becomes a rep movs / rep stos whose start
+// costs more than the whole move of a row here.
+constexpr std::size_t kMoveBlock = 64;
+
+template <std::size_t Bytes>
+void MoveBytes(unsigned char* from, unsigned char* to) {
+  constexpr std::size_t n = Bytes < kMoveBlock ? Bytes : kMoveBlock;
+  std::memcpy(to, from, n);
+  std::memset(from, 0, n);
+  if constexpr (Bytes > n) MoveBytes<Bytes - n>(from + n, to + n);
+}
+
+// Moves `Count` cells from `from` to `to` (another frame: never the same
 // cells) and clears them. The counts are the tables' own constants, so each
 // move is a fixed block copy and clear.
-template <class T>
-void MoveCells(T* from, T* to, std::size_t count) {
+template <std::size_t Count, class T>
+void MoveCells(T* from, T* to) {
   static_assert(std::is_trivially_copyable_v<T>);  // and all-zero bytes are T{}
-  std::memcpy(static_cast<void*>(to), from, count * sizeof(T));
-  std::memset(static_cast<void*>(from), 0, count * sizeof(T));
+  MoveBytes<Count * sizeof(T)>(reinterpret_cast<unsigned char*>(from),
+                               reinterpret_cast<unsigned char*>(to));
 }
 
 // Moves row j (whole depth) of slot p's current-hand frame to its last-hand
 // frame and clears it.
 template <class T, int L2, int H2, int L3, int H3>
 void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p, int j) {
-  MoveCells(&t(p, j, L3), &t(FrameIndex(p, kFrameLastHand), j, L3), t.kDepth);
+  MoveCells<H3 - L3 + 1>(&t(p, j, L3), &t(FrameIndex(p, kFrameLastHand), j, L3));
 }
 
 // Moves the whole row of slot p's current-hand frame, rows being contiguous.
 template <class T, int L2, int H2, int L3, int H3>
 void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p) {
-  MoveCells(&t(p, L2, L3), &t(FrameIndex(p, kFrameLastHand), L2, L3), t.kCols * t.kDepth);
+  MoveCells<(H2 - L2 + 1) * (H3 - L3 + 1)>(&t(p, L2, L3), &t(FrameIndex(p, kFrameLastHand), L2, L3));
 }
 
 template <class T, int L2, int H2>
 void MoveToLastHand(Table2<T, 0, kLastFrameIndex, L2, H2>& t, int p) {
-  MoveCells(&t(p, L2), &t(FrameIndex(p, kFrameLastHand), L2), t.kCols);
+  MoveCells<H2 - L2 + 1>(&t(p, L2), &t(FrameIndex(p, kFrameLastHand), L2));
 }
 
 template <class T>

@@ -7,8 +7,6 @@ struct Game;
 
 // The hand and roll tallies of the dice now on the table.
 void TallyHandAndRoll(Game& game);
-// Counts event k in the live frames and the gap tables.
-void TallyRollEvent(Game& game, int k);
 // Counts every event of the dice now on the table, in their fixed order,
 // and moves every RollsSince count on by the roll (0 for the events shown).
 void TallyRollEvents(Game& game);

@@ -142,20 +142,6 @@ void TallyHandAndRoll(Game& g) {
     for (int n = 0; n < 3; ++n) g.RollsAtTable(LiveIndex(p, n)) += 1;
 }
 
-void TallyRollEvent(Game& g, int k) {
-  for (int n = 0; n < 3; ++n) g.RollTally(LiveIndex(kHouse, n), k) += 1;
-  if (g.HandShooter > 0)
-    for (int n = 0; n < 3; ++n) g.RollTally(LiveIndex(g.HandShooter, n), k) += 1;
-  const Long since = g.RollsSince(k);
-  if (since < kLongGap) {
-    g.GapTally(k, since) += 1;
-  } else {
-    g.GapTally(k, kLongGap) += 1;
-    g.GapTally(k, 0) += since;
-  }
-  g.RollsSince(k) = 0;
-}
-
 namespace {
 
 // The three live frames of a slot (frame indices p, p + 18 and p + 36) lie
@@ -183,23 +169,20 @@ inline void CountInLiveRows(Long* firstRow, int k) {
 template <bool kShooter>
 void TallyPairEvents(Game& g, const PairEvents& e, Long* house, Long* shooter) {
   Long* const gapTally = g.GapTally.cells.data();
-  for (int n = 0; n < e.count; ++n) {
+  const int count = e.count;  // held: the counts' stores could alias it
+  for (int n = 0; n < count; ++n) {
     const auto i = static_cast<std::size_t>(n);
     const int k = e.events[i];
     CountInLiveRows(house, k);
     if constexpr (kShooter) CountInLiveRows(shooter, k);
     Long* const gaps = gapTally + e.gapRows[i];  // GapTally(k, 0..kLongGap)
-    // RollsSince has not yet moved on for this roll: the gap this showing
-    // ends is one more, and -1 becomes 0 when every count moves on.
-    Long& stored = g.RollsSince(k);
-    const Long since = stored + 1;
+    const Long since = g.RollsSince.Show(k);
     if (since < kLongGap) {
       gaps[since] += 1;
     } else {
       gaps[kLongGap] += 1;
       gaps[0] += since;
     }
-    stored = -1;
   }
 }
 
@@ -209,16 +192,13 @@ void TallyRollEvents(Game& g) {
   const int d1 = g.Die1, d2 = g.Die2;
   assert(d1 >= 1 && d1 <= 6 && d2 >= 1 && d2 <= 6);
   const PairEvents& e = kEventsOfPair[d1 - 1][d2 - 1];
-  // The same counts as TallyRollEvent for each event in turn, with the
-  // rows of the live frames looked up once per roll.
+  // Every count moves on by this roll before the events read their gaps.
+  g.RollsSince.NextRoll();
+  // The rows of the live frames are looked up once per roll.
   auto firstRow = [&g](int p) { return &g.RollTally(FrameIndex(p, kFrameCurrentHand), 0); };
   const int hs = g.HandShooter;
   if (hs > 0)
     TallyPairEvents<true>(g, e, firstRow(kHouse), firstRow(hs));
   else
     TallyPairEvents<false>(g, e, firstRow(kHouse), nullptr);
-  // Every count moves on after the events are read: the events' own counts
-  // are then stored once each, and not read back right after the wide add.
-#pragma GCC unroll 8
-  for (auto& since : g.RollsSince.cells) since += 1;
 }

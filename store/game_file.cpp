@@ -182,7 +182,7 @@ void DeriveAfterReading(Game& g) {
   f.TableCos = std::cos(g.table.TableRotation * kDegreesToRadians);
   f.TableSin = std::sin(g.table.TableRotation * kDegreesToRadians);
   g.diceFile.DiceSelEnd = g.diceFile.DiceFilePos;
-  g.RollsSince(kEventRolls) = g.RollTally(kTableSession, kEventRolls);
+  g.RollsSince.Set(kEventRolls, g.RollTally(kTableSession, kEventRolls));
   for (int p = 1; p <= 8; ++p)
     for (int b = 1; b <= kLastRealBet; ++b) g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b);
   // Rows of the hand frames may hold figures anywhere after a load.

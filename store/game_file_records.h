@@ -248,7 +248,11 @@ void TallyRecords(IO& io, Game& g) {
   constexpr int kEvents = kLastEvent + 1;  // categories 0..90
   Run(io, kFrameCount * 9 * kEvents, 64, 4,
       [&](int n, int byte) { io.Long(byte, g.RollTally(n / kEvents, n % kEvents)); });  // 29-92
-  Run(io, kEvents, 32, 4, [&](int n, int byte) { io.Long(byte, g.RollsSince(n)); });  // 93-95
+  Run(io, kEvents, 32, 4, [&](int n, int byte) {  // 93-95: the counts, through a copy
+    Long rolls = g.RollsSince(n);
+    io.Long(byte, rolls);
+    g.RollsSince.Set(n, rolls);
+  });
   constexpr int kGaps = kLongGap + 1;  // 0..200
   Run(io, kLastEvent * kGaps, 64, 4,
       [&](int n, int byte) { io.Long(byte, g.GapTally(1 + n / kGaps, n % kGaps)); });  // 96-378

@@ -10,6 +10,8 @@
 #include "core/money.h"
 #include "cycle/session.h"
 #include "cycle/startup.h"
+#include "dice/rng.h"
+#include "store/game_file.h"
 #include "tests/engine/roll_fixture.h"
 
 namespace {
@@ -30,6 +32,38 @@ TEST_F(RollTallies, RollsSinceCountsFromTheLastShowing) {
   for (auto [a, b] : {std::pair{3, 4}, {2, 2}, {1, 1}, {6, 1}}) Roll(a, b);
   EXPECT_EQ(g.RollsSince(4), 2);
   EXPECT_EQ(g.RollsSince(0), 4);
+}
+
+// RollsSince keeps the roll of each event's last showing, not a count
+// stepped every roll: its counts must be those of the plain table, through a
+// new session and a game saved and opened again.
+TEST_F(RollTallies, RollsSinceIsTheCountOfATableSteppedEveryRoll) {
+  SeedRngWith(g, 20261124);
+  std::array<Long, kLastEvent + 1> plain{};
+  auto rollAndCompare = [&plain](Game& game, int rolls) {
+    for (int r = 0; r < rolls; ++r) {
+      const auto before = game.RollTally;
+      RollDice(game);
+      for (int k = 0; k <= kLastEvent; ++k) {
+        const bool shown = game.RollTally(kTableSession, k) != before(kTableSession, k);
+        plain[k] = shown && k != kEventRolls ? 0 : plain[k] + 1;
+        ASSERT_EQ(game.RollsSince(k), plain[k]) << "event " << k << ", roll " << r;
+      }
+    }
+  };
+  rollAndCompare(g, 2000);
+  NewSession(g, true, true, true, 0);
+  plain.fill(0);
+  rollAndCompare(g, 700);
+
+  auto owner = MakeGame(platform);
+  Game& loaded = *owner;
+  StartUp(loaded, folder.Path());
+  loaded.rules.BetRequirement = kNoBetRequired;
+  for (int r = 0; r < 5; ++r) RollDice(loaded);  // a clock of its own, behind the first game's
+  ASSERT_TRUE(OpenGameBytes(loaded, "saved.rvg", GameFileBytes(g)));
+  for (int k = 0; k <= kLastEvent; ++k) ASSERT_EQ(loaded.RollsSince(k), plain[k]) << k;
+  rollAndCompare(loaded, 700);
 }
 
 using StateMachine = RollFixture;

@@ -78,8 +78,8 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
   ForEachSeatTable([&](const char*, auto, SeatReset, auto& table) { next(table); }, g);
   for (int p = 0; p <= 8; ++p) g.PlayerName[p] = names[p];
   g.PlayerName[0] = "House";
-  next(g.RollsSince);
-  g.RollsSince(kEventRolls) = g.RollTally(kTableSession, kEventRolls);  // as every roll keeps it
+  for (int k = 0; k <= kLastEvent; ++k) g.RollsSince.Set(k, static_cast<Long>(next.n++));
+  g.RollsSince.Set(kEventRolls, g.RollTally(kTableSession, kEventRolls));  // as every roll keeps it
   next(g.GapTally);
   Payoffs(g.PayoffTbl, 100, next);
   Payoffs(g.FieldPayoff, 21, next);
@@ -272,7 +272,7 @@ void CopyNotStored(Game& expected, const Game& loaded) {
   }
   // Whole-table values figured again on reading.
   for (int g = 0; g <= kLongGap; ++g) expected.GapTally(0, g) = loaded.GapTally(0, g);
-  expected.RollsSince(0) = loaded.RollsSince(0);
+  expected.RollsSince.Set(0, loaded.RollsSince(0));
   for (int b = 0; b <= 100; ++b) expected.PayoffTbl(0, b) = loaded.PayoffTbl(0, b);
   for (int k = 0; k <= 3; ++k) {
     expected.PayoffTbl(k, 0) = loaded.PayoffTbl(k, 0);
@@ -427,7 +427,7 @@ std::int64_t Field(const std::string& bytes, int record, int at, int width) {
 TEST_F(GameFile, RecordsSitWhereTheLayoutPutsThem) {
   game->PlayerName[2] = "Ann";
   game->PlayerName[7] = "Bo";
-  for (int c = 0; c <= 90; ++c) game->RollsSince(c) = 1000 + c;
+  for (int c = 0; c <= 90; ++c) game->RollsSince.Set(c, 1000 + c);
   for (int b = 0; b <= 200; ++b) game->Bet(7, b) = Currency::FromWhole(b);
   game->gamefile.CheckImages.assign(26, CheckImage{7, 101, 2, -3, 4});
   game->hyper.HyperDelaySeconds = Currency::FromWhole(12);
