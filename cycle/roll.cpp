@@ -394,7 +394,7 @@ void LimitExceeded(Game& g, int p) {
     text = "Congratulations!\r\r" + name + " broke the bank limit of $" + limit + "\r\r";
   }
   text += kResetSentence;
-  ShowRollMessage(g, std::move(text), "Ravelton", 1);
+  ShowRollMessage(g, std::move(text), "Ravelton", kMsgOk);
   if (!loss && g.rules.WinSoundSet > 0 && SoundsOn(g)) g.platform->PlaySound("", kSoundStop);
 }
 

@@ -40,7 +40,6 @@ struct PairEvents {
 constexpr PairEvents EventsOfPair(int d1, int d2) {
   PairEvents e;
   const bool pair = d1 == d2;
-  auto hasFace = [&](int face) { return d1 == face || d2 == face; };
   e.Add(Die1FaceEvent(d1));
   e.Add(Die2FaceEvent(d2));
   e.Add(PairEvent(d1, d2));
@@ -58,40 +57,40 @@ constexpr PairEvents EventsOfPair(int d1, int d2) {
       break;
     case 4:
       e.Add(kEventAny4);
-      if (!pair) e.Add(26);  // 1.3 or 3.1
+      if (!pair) e.Add(EitherWayEvent(d1, d2));  // 1.3 or 3.1
       addAll(
           {kEventField, kEventBoxNumbers, kEventNumbers45910, kEventNumbers456, kEventNumbers410});
       break;
     case 5:
       e.Add(kEventAny5);
-      e.Add(hasFace(1) ? 31 : 32);  // 1.4 or 4.1; 2.3 or 3.2
+      e.Add(EitherWayEvent(d1, d2));  // 1.4 or 4.1; 2.3 or 3.2
       addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers45910, kEventNumbers456,
               kEventNumbers59});
       break;
     case 6:
       e.Add(kEventAny6);
-      if (!pair) e.Add(hasFace(1) ? 37 : 38);  // 1.5 or 5.1; 2.4 or 4.2
+      if (!pair) e.Add(EitherWayEvent(d1, d2));  // 1.5 or 5.1; 2.4 or 4.2
       addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers456, kEventNumbers68});
       break;
     case 7:
       e.Add(kEventAny7);
-      e.Add(hasFace(1) ? 45 : hasFace(2) ? 46 : 47);  // 1.6, 2.5 or 3.4 either way
+      e.Add(EitherWayEvent(d1, d2));  // 1.6, 2.5 or 3.4 either way
       addAll({kEventNumbers2371112, kEventNumbers711});
       break;
     case 8:
       e.Add(kEventAny8);
-      if (!pair) e.Add(hasFace(2) ? 52 : 53);  // 2.6 or 6.2; 3.5 or 5.3
+      if (!pair) e.Add(EitherWayEvent(d1, d2));  // 2.6 or 6.2; 3.5 or 5.3
       addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers8910, kEventNumbers68});
       break;
     case 9:
       e.Add(kEventAny9);
-      e.Add(hasFace(3) ? 58 : 59);  // 3.6 or 6.3; 4.5 or 5.4
+      e.Add(EitherWayEvent(d1, d2));  // 3.6 or 6.3; 4.5 or 5.4
       addAll({kEventField, kEventBoxNumbers, kEventNumbers5689, kEventNumbers45910,
               kEventNumbers8910, kEventNumbers59});
       break;
     case 10:
       e.Add(kEventAny10);
-      if (!pair) e.Add(62);  // 4.6 or 6.4
+      if (!pair) e.Add(EitherWayEvent(d1, d2));  // 4.6 or 6.4
       addAll(
           {kEventField, kEventBoxNumbers, kEventNumbers45910, kEventNumbers8910, kEventNumbers410});
       break;
