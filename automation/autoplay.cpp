@@ -1,16 +1,14 @@
 #include "automation/autoplay.h"
 
-#include <bit>
-
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/seat_set.h"
 #include "core/platform.h"
 #include "engine/place.h"
 
 void AutoPlayPointActions(Game& g, unsigned seated) {
   AutoPlayState& a = g.autoplay;
-  for (; seated != 0; seated &= seated - 1) {
-    const int p = std::countr_zero(seated);
+  ForEachSeatIn(seated, [&g, &a](int p) {
     const bool pass = g.Bet(p, bet::kPassLine) > Currency{};
     if (pass && a.AutoTakeFullOdds(p)) TakeBetToMaximum(g, p, bet::kPassLineOdds);
     if (g.Bet(p, bet::kDontPass) > Currency{} && a.AutoLayFullOdds(p)) {
@@ -18,7 +16,7 @@ void AutoPlayPointActions(Game& g, unsigned seated) {
       TakeBetToMaximum(g, p, bet::kDontPassOdds);
     }
     if (pass && a.AutoDownPlaceBets(p) && IsBoxNumber(g.Point)) RemoveBet(g, p, PlaceId(g.Point));
-  }
+  });
 }
 
 void SetAutoPlayDefaults(Game& g, int p) {

@@ -18,6 +18,7 @@
 #include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/platform.h"
+#include "core/seat_set.h"
 #include "cycle/hyperdrive.h"
 #include "dice/dice_file.h"
 #include "dice/rng.h"
@@ -39,24 +40,6 @@ void ShowRollMessage(Game& g, std::string text, std::string_view title,
   g.msg.MsgHelpId = kHelpLimits;
   g.msg.MsgStyle = style;
   ShowMessage(g, true);
-}
-
-bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
-
-// The seated players 1..8 as a bit set (bit p for seat p): the roll's
-// per-player steps visit only these, in seat order, since an open seat has
-// no money, bets or records to change.
-unsigned SeatedPlayers(const Game& g) {
-  unsigned seated = 0;
-  if (g.PlayerCount == 0) return seated;  // the count of named seats
-  for (int p = 1; p <= 8; ++p)
-    if (Named(g, p)) seated |= 1u << p;
-  return seated;
-}
-
-template <class F>
-void ForEachSeated(unsigned seated, F&& f) {
-  for (; seated != 0; seated &= seated - 1) f(std::countr_zero(seated));
 }
 
 const std::string& ShooterName(const Game& g) {
@@ -197,7 +180,7 @@ void CopyStreaksNowToAtRoll(Long* trend) {
 void SnapshotAtRoll(Game& g, unsigned seated) {
   RollState& r = g.roll;
   const std::uint32_t upperChanged = r.UpperCellsChangedAtRoll;
-  ForEachSeated(seated, [&g, &r, upperChanged](int p) {
+  ForEachSeatIn(seated, [&g, &r, upperChanged](int p) {
     CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
     const Currency* bets = &g.Bet(p, 0);
@@ -224,7 +207,7 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
   RollState& r = g.roll;
   const std::uint32_t upperChanged = r.UpperCellsChangedAfterRoll;
   const std::uint32_t workingChanged = r.WorkingChangedAfterRoll;
-  ForEachSeated(seated, [&g, &r, upperChanged, workingChanged](int p) {
+  ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged](int p) {
     CopyUpperCells(g, p, upperChanged, g.BetAfterRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
     const Currency* bets = &g.Bet(p, 0);
@@ -295,7 +278,7 @@ bool TakeDice(Game& g, DiceSource& source) {
 // Step 23: bankroll records.
 void KeepBankrollRecords(Game& g, unsigned seated) {
   // An open seat's money and records are all 0.
-  ForEachSeated(seated, [&g](int p) {
+  ForEachSeatIn(seated, [&g](int p) {
     const Currency bank = g.Bet(p, 0);
     g.BankrollSum(p) += bank;
     if (BankrollBeyondLimit(g, p)) LimitExceeded(g, p);
@@ -308,7 +291,7 @@ void KeepBankrollRecords(Game& g, unsigned seated) {
 bool RollOnce(Game& g) {
   if (!MeetsBetRequirement(g) || !WithinRollLimit(g)) return false;
   const unsigned seated = SeatedPlayers(g);
-  ForEachSeated(seated, [&g](int p) { g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p); });
+  ForEachSeatIn(seated, [&g](int p) { g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p); });
   if (g.roll.LogOn) LogChangesSinceLastRoll(g);
   SnapshotAtRoll(g, seated);
   g.PointBeforeLast = g.PointAtRoll;

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "core/game.h"
+#include "core/seat_set.h"
 #include "core/platform.h"
 #include "core/seats.h"
 #include "core/text.h"
@@ -18,8 +19,6 @@
 #include "stats/sessions_log.h"
 
 namespace {
-
-bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
 
 void RemoveFile(const std::string& path) {
   std::error_code ec;
@@ -87,7 +86,7 @@ void LogSessionOpening(Game& g) {
   if (g.PlayerCount > 0) {
     WriteEventLine(g, "    Players:");
     for (int p = 1; p <= 8; ++p) {
-      if (!Named(g, p)) continue;
+      if (!SeatNamed(g, p)) continue;
       std::string l = "      " + g.PlayerName[static_cast<std::size_t>(p)] + " at stick " +
                       RailPositionName(p) + " with $";
       AppendPlainAmount(l, g.Bet(p, 0));
@@ -122,7 +121,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
   WriteSessionRecords(g);
   if (!preserveSessionsLogs) {
     for (int p = 1; p <= 8; ++p) {
-      if (!Named(g, p)) continue;
+      if (!SeatNamed(g, p)) continue;
       r.SessionLogPath[static_cast<std::size_t>(p)] =
           r.DataFolder + LowerCase(g.PlayerName[static_cast<std::size_t>(p)]) + ".slg";
       RemoveFile(r.SessionLogPath[static_cast<std::size_t>(p)]);
@@ -163,7 +162,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
       g.BetWorkingAfterRoll(p, b) = g.BetWorking(p, b) = g.BetWorkingDefault(p, b);
 
   for (int p = 1; p <= 8; ++p) {
-    if (!Named(g, p)) continue;
+    if (!SeatNamed(g, p)) continue;
     SetBeginningBankroll(g, p, remembered[p]);
   }
 

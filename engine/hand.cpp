@@ -8,12 +8,11 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/seat_set.h"
 #include "engine/players.h"
 #include "engine/resolve.h"
 
 namespace {
-
-bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
 
 // Moves `Bytes` bytes from `from` to `to` and clears them, in blocks of at
 // most kMoveBlock bytes: the compiler expands a block that short as a few
@@ -67,7 +66,7 @@ void MoveToLastHand(Table1<T, 0, kLastFrameIndex>& t, int p) {
 
 void CloseHand(Game& g) {
   for (int p = 0; p < kPlayerSlots; ++p) {
-    if (!Named(g, p)) continue;
+    if (!SeatNamed(g, p)) continue;
     // The House never bets, so its money tallies are zero in both frames;
     // skipping them keeps a hand's end cheap in a run without players.
     if (p > 0) {
@@ -100,7 +99,7 @@ void CloseHand(Game& g) {
 
 void EndHand(Game& g) {
   for (int p = 0; p < kPlayerSlots; ++p)
-    if (Named(g, p)) MoveToLastHand(g.RollTally, p);
+    if (SeatNamed(g, p)) MoveToLastHand(g.RollTally, p);
 
   if (g.FirePayoff(1, FireRow(g)).raw > 0)
     for (int seat = 1; seat <= 8; ++seat) ResolveBet(g, seat, kWins, bet::kFire);

@@ -12,6 +12,7 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/seat_set.h"
 #include "core/money.h"
 #include "engine/hand.h"
 #include "engine/settle.h"
@@ -600,17 +601,12 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
 void ResetWorkingFlags(Game& g) {
   // An open seat is skipped: a player who sits down gets the working flags
   // of the phase in play.
-  unsigned seated = 0;
-  if (g.PlayerCount > 0)  // the count of named seats
-    for (int p = 1; p <= 8; ++p)
-      if (!g.PlayerName[p].empty()) seated |= 1u << p;
-  ResetWorkingFlags(g, seated);
+  ResetWorkingFlags(g, SeatedPlayers(g));
 }
 
 void ResetWorkingFlags(Game& g, unsigned seated) {
   const bool pointOn = g.Point > 0;
-  for (; seated != 0; seated &= seated - 1) {
-    const int p = std::countr_zero(seated);
+  ForEachSeatIn(seated, [&g, pointOn](int p) {
     // The flags of ids 1..85, a count known here so that the loops compile
     // to straight runs of vectors.
     const std::span<Long, kLastRealBet> working{&g.BetWorking(p, 1), kLastRealBet};
@@ -626,5 +622,5 @@ void ResetWorkingFlags(Game& g, unsigned seated) {
         working[i] = called ? w : d;
       }
     }
-  }
+  });
 }

@@ -1,20 +1,14 @@
 // The bankroll graph's history, kept by the roll: one column per roll for
 // each player, a page of 525 columns, and the previous page in columns
 // 526..1050. A full page either starts a new page or scrolls by one column.
-#include <bit>
-
 #include "core/game.h"
 #include "core/platform.h"
+#include "core/seat_set.h"
 #include "engine/roll_steps.h"
 
 namespace {
 
 constexpr unsigned kEverySeat = 0x1FEu;  // bits 1..8
-
-template <class F>
-void ForEachSeat(unsigned seats, F&& f) {
-  for (; seats != 0; seats &= seats - 1) f(std::countr_zero(seats));
-}
 
 void RestartRange(Game& g, int p) {
   g.GraphHigh(p) = g.Bet(p, 0);
@@ -37,7 +31,7 @@ void AddColumn(Game& g, int p, int count) {
 // money, the range around 0 and every column of the page 0.
 [[gnu::noinline]] unsigned FindIdleSeats(const Game& g, unsigned open) {
   unsigned idle = 0;
-  ForEachSeat(open, [&g, &idle](int p) {
+  ForEachSeatIn(open, [&g, &idle](int p) {
     if (!g.Bet(p, 0).IsZero() || g.GraphHigh(p) < Currency{} || g.GraphLow(p) > Currency{}) return;
     std::int64_t any = 0;
     for (const Currency c : g.GraphBankroll.Span(p, 1, kGraphColumns)) any |= c.raw;
@@ -113,7 +107,7 @@ void ShiftGraphHistory(Game& g, unsigned seated) {
     if (r.GraphIdleSeats == 0) {
       for (int p = 1; p <= 8; ++p) AddColumn(g, p, count);
     } else {
-      ForEachSeat(kEverySeat & ~r.GraphIdleSeats, [&g, count](int p) { AddColumn(g, p, count); });
+      ForEachSeatIn(kEverySeat & ~r.GraphIdleSeats, [&g, count](int p) { AddColumn(g, p, count); });
     }
   } else {
     TurnPage(g);

@@ -6,6 +6,7 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/seat_set.h"
 #include "core/platform.h"
 #include "engine/roll_internal.h"
 
@@ -35,8 +36,6 @@ struct Section {
 };
 
 Currency Abs(Currency a) { return a.raw < 0 ? -a : a; }
-
-bool Named(const Game& g, int p) { return !g.PlayerName[static_cast<std::size_t>(p)].empty(); }
 
 void LogScriptSwitches(Game& g) {
   Section s{g, "    AutoBets:"};
@@ -163,7 +162,7 @@ void LogBetChange(Game& g, Section& s, int p, int b) {
 void LogBetChanges(Game& g) {
   Section s{g, "    Bets:"};
   for (int p = 1; p <= 8; ++p) {
-    if (!Named(g, p)) continue;
+    if (!SeatNamed(g, p)) continue;
     for (int b = 1; b <= kLastRealBet; ++b) LogBetChange(g, s, p, b);
   }
 }
@@ -171,7 +170,7 @@ void LogBetChanges(Game& g) {
 void LogStackChanges(Game& g) {
   Section s{g, "    CheckStacks:"};
   for (int p = 1; p <= 8; ++p) {
-    if (!Named(g, p)) continue;
+    if (!SeatNamed(g, p)) continue;
     for (int b = bet::kCheckStackFirst; b <= bet::kCheckStackLast; ++b) {
       const Currency a = g.Bet(p, b), was = g.BetAtRoll(p, b);
       if (a == was) continue;
