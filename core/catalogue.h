@@ -41,6 +41,8 @@ constexpr int kCheckStackFirst = 100, kCheckStackLast = 199;
 constexpr int kLastNamed = 104;  // BetName runs 0..104
 }  // namespace bet
 
+constexpr int kLastRealBet = bet::kFire;  // ids 1..85 are real bets
+
 // Index 0..5 of box number n (4, 5, 6, 8, 9, 10): 8 gives 3.
 constexpr int BoxIndex(int n) { return n - 4 - n / 7; }
 // Box number of index 0..5.

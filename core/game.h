@@ -27,6 +27,7 @@
 #include "automation/hyperdrive_state.h"
 #include "config/settings_state.h"
 #include "config/sound_state.h"
+#include "core/catalogue.h"
 #include "core/currency.h"
 #include "core/message.h"
 #include "core/rolls_since.h"
@@ -50,7 +51,6 @@
 class Platform;
 
 // Small named bounds of the tables.
-constexpr int kLastRealBet = 85;                    // ids 1..85 are real bets
 constexpr int kLastBetId = 200;                     // Bet has ids 0..200 (CheckStacks 100..199)
 constexpr int kLongGap = 200;                       // GapTally's last (sum of long gaps) column
 constexpr int kGraphColumns = 525;                  // columns of one page of the bankroll graph

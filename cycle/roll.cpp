@@ -31,6 +31,9 @@
 namespace {
 
 constexpr Currency kLimitAmount = Currency::FromWhole(kBankrollLimit);
+// The ids whose working flags the after-roll snapshot keeps: the real bets
+// (the bankroll has none).
+constexpr BetIdSet kBetsWithWorkingFlags = BetIdRange(1, kLastRealBet);
 
 // The roll's own messages: help topic 130, modal.
 void ShowRollMessage(Game& g, std::string text, std::string_view title,
@@ -124,23 +127,13 @@ bool WithinRollLimit(Game& g) {
 // everything by MarkSeatRowsChanged), and always the bankroll. Most
 // rolls change a few bets, so a roll copies a few cells instead of rows.
 
-using BetIdSet = RollState::BetIdSet;
-
-template <class F>
-void ForEachId(const BetIdSet& ids, F&& f) {
-  for (std::size_t w = 0; w < ids.size(); ++w)
-    for (std::uint64_t bits = ids[w]; bits != 0; bits &= bits - 1)
-      f(static_cast<int>(64 * w) + std::countr_zero(bits));
-}
-
 // The ids a snapshot of seat p copies: those changed since the seat's last
 // snapshot and in the stretch before it (never beyond the real bets, whose
 // rows the snapshots are); moves the sets on by one stretch.
 BetIdSet TakeChangedIds(RollState& r, int p) {
-  constexpr BetIdSet kEvery = RollState::kEveryBetId;
   BetIdSet& now = r.BetIdsChanged[static_cast<std::size_t>(p)];
   BetIdSet& before = r.BetIdsChangedBefore[static_cast<std::size_t>(p)];
-  const BetIdSet ids = {(now[0] | before[0]) & kEvery[0], (now[1] | before[1]) & kEvery[1]};
+  const BetIdSet ids = (now | before) & RollState::kEveryBetId;
   before = now;
   now = {};
   return ids;
@@ -194,7 +187,7 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
       return;
     }
     atRoll[0] = contract[0] = bets[0];
-    ForEachId(ids, [=](int b) {
+    ids.ForEach([=](int b) {
       atRoll[b] = contract[b] = bets[b];
       trend[2 * b] = trend[2 * b + 1];
     });
@@ -219,14 +212,13 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
       std::copy_n(bets, kLastRealBet + 1, afterRoll);
     } else {
       afterRoll[0] = bets[0];
-      ForEachId(ids, [=](int b) { afterRoll[b] = bets[b]; });
+      ids.ForEach([=](int b) { afterRoll[b] = bets[b]; });
     }
     // The working flags of ids 1..kLastRealBet (id 0 has none).
     if (wholeRows || ((workingChanged >> p) & 1) != 0)
       std::copy(working + 1, working + kLastRealBet + 1, workingAfterRoll + 1);
     else
-      ForEachId({ids[0] & ~std::uint64_t{1}, ids[1]},
-                [=](int b) { workingAfterRoll[b] = working[b]; });
+      (ids & kBetsWithWorkingFlags).ForEach([=](int b) { workingAfterRoll[b] = working[b]; });
   });
   r.UpperCellsChangedAfterRoll &= ~seated;
   r.WorkingChangedAfterRoll &= ~seated;

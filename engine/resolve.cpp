@@ -10,6 +10,7 @@
 #include <emmintrin.h>
 #endif
 
+#include "core/bet_id_set.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/seat_set.h"
@@ -42,36 +43,16 @@ constexpr auto kHopOfDice = [] {
   return hop;
 }();
 
-// A set of bet ids 0..127: bit id % 64 of word id / 64.
-struct IdSet {
-  std::array<std::uint64_t, 2> words{};
-  constexpr void Add(int b) { words[b >> 6] |= std::uint64_t{1} << (b & 63); }
-  // Adds ids first + i for each bit i of `bits` (first a multiple of 8).
-  constexpr void AddBlock(int first, unsigned bits) {
-    words[first >> 6] |= std::uint64_t{bits} << (first & 63);
-  }
-  constexpr bool Meets(const IdSet& o) const {
-    return ((words[0] & o.words[0]) | (words[1] & o.words[1])) != 0;
-  }
-  constexpr bool Empty() const { return (words[0] | words[1]) == 0; }
-};
-
-constexpr IdSet IdRange(int first, int last) {
-  IdSet s;
-  for (int b = first; b <= last; ++b) s.Add(b);
-  return s;
-}
-
 // Groups of bets that a pass skips whole when nobody holds one of them.
-constexpr IdSet kLays = IdRange(bet::kLayFirst, bet::kLayLast);
-constexpr IdSet kDontComePoints = IdRange(bet::kDontComePointFirst, bet::kDontComeOddsLast);
-constexpr IdSet kComePoints = IdRange(bet::kComePointFirst, bet::kComeOddsLast);
-constexpr IdSet kPlaceAndBuy = IdRange(bet::kPlaceFirst, bet::kBuyLast);
-constexpr IdSet kHardways = IdRange(bet::kHard4, bet::kHard10);
-constexpr IdSet kHops = IdRange(bet::kHopFirst, bet::kHopLast);
+constexpr BetIdSet kLays = BetIdRange(bet::kLayFirst, bet::kLayLast);
+constexpr BetIdSet kDontComePoints = BetIdRange(bet::kDontComePointFirst, bet::kDontComeOddsLast);
+constexpr BetIdSet kComePoints = BetIdRange(bet::kComePointFirst, bet::kComeOddsLast);
+constexpr BetIdSet kPlaceAndBuy = BetIdRange(bet::kPlaceFirst, bet::kBuyLast);
+constexpr BetIdSet kHardways = BetIdRange(bet::kHard4, bet::kHard10);
+constexpr BetIdSet kHops = BetIdRange(bet::kHopFirst, bet::kHopLast);
 // The bets decided on every roll: the Field, the propositions, the hops, Midway.
-constexpr IdSet kOneRollBets = [] {
-  IdSet s = IdRange(bet::kTwo, bet::kHopLast);
+constexpr BetIdSet kOneRollBets = [] {
+  BetIdSet s = BetIdRange(bet::kTwo, bet::kHopLast);
   s.Add(bet::kField);
   s.Add(bet::kMidway);
   return s;
@@ -84,7 +65,7 @@ constexpr auto kRealIds = [] {
   for (int b = 1; b <= kLastRealBet; ++b) bits[b / kBlock] |= std::uint8_t(1u << (b % kBlock));
   return bits;
 }();
-static_assert(64 % kBlock == 0, "a block never straddles two words of an IdSet");
+static_assert(64 % kBlock == 0, "a block never straddles two words of an BetIdSet");
 
 // The bets of box number n that only a roll of n (or a seven) decides: the
 // Lay, the Don't Come point and its odds, the Come point and its odds, the
@@ -126,7 +107,7 @@ struct Deciding {
   Game& g;
   // Per id, the seats with money on it (bit seat - 1).
   alignas(16) std::array<std::uint8_t, kHolderBytes> holders;
-  IdSet held;  // the ids somebody holds
+  BetIdSet held;  // the ids somebody holds
 };
 
 // Seats whose player has money on the table when the decisions begin, bit
@@ -557,7 +538,7 @@ void DecideBetsVisitingAll(Game& g) {
   Deciding d{g};
   constexpr std::uint8_t kEverySeat = 0xFF;
   for (int b = 1; b <= kLastRealBet; ++b) d.holders[static_cast<std::size_t>(b)] = kEverySeat;
-  d.held = IdRange(1, kLastRealBet);
+  d.held = BetIdRange(1, kLastRealBet);
   RunPasses(d);
 }
 

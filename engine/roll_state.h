@@ -16,6 +16,8 @@
 #include <cstdint>
 #include <string>
 
+#include "core/bet_id_set.h"
+#include "core/catalogue.h"
 #include "core/currency.h"
 
 struct RollState {
@@ -86,19 +88,14 @@ struct RollState {
   // seat is marked (MarkSeatRowsChanged); a roll observer changes bets only
   // through the placing gate. The bankroll (id 0) has many writers and is
   // always copied.
-  using BetIdSet = std::array<std::uint64_t, 2>;
-  static constexpr BetIdSet kEveryBetId = {~std::uint64_t{0}, (std::uint64_t{1} << 22) - 1};
-  static_assert(64 + 22 == 86, "ids 0..85");
+  static constexpr BetIdSet kEveryBetId = BetIdRange(0, kLastRealBet);
   std::array<BetIdSet, 9> BetIdsChanged = EveryBetIdOfEverySeat();
   std::array<BetIdSet, 9> BetIdsChangedBefore = EveryBetIdOfEverySeat();
   // Seats (bit p) whose whole BetWorking row may differ from BetWorkingAfterRoll.
   std::uint32_t WorkingChangedAfterRoll = ~0u;
 
   // Notes that a cell of real bet b of seat p changed (see above).
-  void MarkBetChanged(int p, int b) {
-    BetIdsChanged[static_cast<std::size_t>(p)][static_cast<std::size_t>(b >> 6)] |=
-        std::uint64_t{1} << (b & 63);
-  }
+  void MarkBetChanged(int p, int b) { BetIdsChanged[static_cast<std::size_t>(p)].Add(b); }
   static constexpr std::array<BetIdSet, 9> EveryBetIdOfEverySeat() {
     std::array<BetIdSet, 9> all{};
     all.fill(kEveryBetId);
