@@ -58,9 +58,7 @@ Currency CurMul(Currency a, Currency b) {
   return Saturate(DivRoundEven(static_cast<i128>(a.raw) * b.raw, Currency::kScale));
 }
 
-Currency CurMulInt(Currency a, std::int64_t n) {
-  std::int64_t product;
-  if (!__builtin_mul_overflow(a.raw, n, &product)) return Currency::FromRaw(product);
+Currency CurMulIntSaturated(Currency a, std::int64_t n) {
   return Saturate(static_cast<i128>(a.raw) * n);
 }
 

@@ -25,8 +25,16 @@ constexpr Currency kCurrencyMin = Currency::FromRaw(INT64_MIN);
 
 // Product of two amounts, rounded to the nearest ten-thousandth (ties to even).
 Currency CurMul(Currency a, Currency b);
+// An amount times a whole count whose product overflows: the bound of its sign.
+Currency CurMulIntSaturated(Currency a, std::int64_t n);
 // An amount times a whole count, exact (saturating at the type's bounds).
-Currency CurMulInt(Currency a, std::int64_t n);
+// Inline: the payoffs multiply by whole odds on every decision.
+inline Currency CurMulInt(Currency a, std::int64_t n) {
+  std::int64_t product;
+  if (__builtin_mul_overflow(a.raw, n, &product)) [[unlikely]]
+    return CurMulIntSaturated(a, n);
+  return Currency::FromRaw(product);
+}
 // Quotient of two amounts as doubles; b of 0 gives 0 rather than a fault.
 double CurDiv(Currency a, Currency b);
 // A double as an amount: x 10,000 rounded to nearest, ties to even.

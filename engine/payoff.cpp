@@ -28,14 +28,9 @@ const auto kFieldRowOfDice = [] {
 
 // amount x a, as CurMul has it. When a is a whole number of units the
 // product is amount x (a / 10,000) exactly, and CurMul's rounding has
-// nothing to round: one whole multiplication gives its result (CurMulInt's,
-// here without the call unless it overflows and must saturate).
+// nothing to round: one whole multiplication gives its result.
 Currency Times(Currency amount, Currency a) {
-  const std::int64_t whole = a.raw / Currency::kScale;
-  if (whole * Currency::kScale != a.raw) return CurMul(amount, a);
-  std::int64_t product;
-  if (__builtin_mul_overflow(amount.raw, whole, &product)) return CurMulInt(amount, whole);
-  return Currency::FromRaw(product);
+  return IsWhole(a) ? CurMulInt(amount, a.raw / Currency::kScale) : CurMul(amount, a);
 }
 
 // x / d in doubles, back to an amount: x / 10,000 over d / 10,000, times
