@@ -14,7 +14,7 @@ struct TopicPage {
 
 // Several topics may share a page: a message about an empty script is
 // answered by the page on the language, whose checking it explains.
-constexpr std::array<TopicPage, 16> kTopicPages{{
+constexpr std::array<TopicPage, 22> kTopicPages{{
     {kHelpBetting, "betting.html"},
     {kHelpHotKeys, "hot-keys.html"},
     {kHelpLimits, "limits.html"},
@@ -22,6 +22,12 @@ constexpr std::array<TopicPage, 16> kTopicPages{{
     {kHelpPlayers, "players.html"},
     {kHelpPassDice, "pass-dice.html"},
     {kHelpBuyBets, "buy-bets.html"},
+    {kHelpPassLineBet, "pass-line.html"},
+    {kHelpComeBet, "come-bets.html"},
+    {kHelpDontPassBet, "dont-pass.html"},
+    {kHelpDontComeBet, "dont-come.html"},
+    {kHelpContractBets, "contract-bets.html"},
+    {kHelpPutBets, "put-bets.html"},
     {kHelpCheckStacks, "checkstacks.html"},
     {kHelpWorkingBets, "working-bets.html"},
     {kHelpHyperDrive, "hyper-drive.html"},

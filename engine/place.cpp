@@ -56,7 +56,7 @@ std::string RestoreClause(Currency bet, Currency contract) {
   RefuseNotice(g, p, b,
                Cat("You may not make a ", BetName(b), " bet \runtil you've established a ",
                    BetName(b - 6), " bet."),
-               IsComeOdds(b) ? 45 : 48);
+               IsComeOdds(b) ? kHelpComeBet : kHelpDontComeBet);
 }
 
 // Amounts are stepped in CheckValue(1): a positive change up to the next
@@ -102,7 +102,7 @@ Next ContractRules(Game& g, int p, int b) {
         refuse(b == bet::kPassLine ? "You may not decrease or remove your Pass Line bet \rwhile a "
                                      "point is established."
                                    : "You may not decrease or remove an established Come bet.",
-               250);
+               kHelpContractBets);
       s.BetChange = C - B;
     }
     return Next::Free;
@@ -117,7 +117,7 @@ Next ContractRules(Game& g, int p, int b) {
                   ? "You may not decrease or remove a Come bet \rwhich is established on a point."
                   : "You may not decrease or remove a Pass Line bet \rwhile a point is "
                     "established.",
-              250);
+              kHelpContractBets);
         s.BetChange = Currency{};
         return Next::Return;
       }
@@ -141,12 +141,12 @@ Next ContractRules(Game& g, int p, int b) {
         if (tell)
           RefusePut(g, p, b,
                     "You may not make or increase a Pass Line bet \rwhile a point is established.",
-                    510);
+                    kHelpPutBets);
         return cutToContract(true);
       }
       if (tell)
         refuse("You may not decrease or remove a Pass Line bet \rwhile a point is established.",
-               250);
+               kHelpContractBets);
       return cutToContract(false);
     case bet::kCome:
     case bet::kDontCome:
@@ -155,7 +155,7 @@ Next ContractRules(Game& g, int p, int b) {
         refuse(b == bet::kCome
                    ? "You may not make a Come bet \runtil a point is established."
                    : "You may not make a Don't Come bet \runtil a point is established.",
-               b == bet::kCome ? 45 : 48);
+               b == bet::kCome ? kHelpComeBet : kHelpDontComeBet);
       s.BetChange = Currency{};
       return Next::Return;
     case bet::kDontPass:
@@ -163,7 +163,7 @@ Next ContractRules(Game& g, int p, int b) {
       if (tell)
         RefuseRestore(g, p, b,
                       "You may not make or increase a Don't Pass bet \rwhile a point is established.",
-                      C > Currency{}, 46);
+                      C > Currency{}, kHelpDontPassBet);
       return cutToContract(false);
     case bet::kPassLineOdds:
     case bet::kDontPassOdds: {
@@ -176,7 +176,7 @@ Next ContractRules(Game& g, int p, int b) {
                      "and a point is established."
                    : "You may not make a Don't Pass Odds bet unless \ryou also have a Don't Pass "
                      "bet and a point is established.",
-               pass ? 43 : 46);
+               pass ? kHelpPassLineBet : kHelpDontPassBet);
       s.BetChange = Currency{};
       return Next::Return;
     }
@@ -185,7 +185,7 @@ Next ContractRules(Game& g, int p, int b) {
       if (tell)
         RefuseRestore(g, p, b,
                       "You may not make or increase a Fire bet \rafter the shooter has started a hand.",
-                      B < C, 510);
+                      B < C, kHelpPutBets);
       return cutToContract(true);
     default:
       break;
@@ -195,11 +195,11 @@ Next ContractRules(Game& g, int p, int b) {
     if (N > C) {
       if (tell)
         RefusePut(g, p, b, "You may not make or increase a Come bet \rdirectly on a point number.",
-                  510);
+                  kHelpPutBets);
       return cutToContract(true);
     }
     if (N < C)
-      refuse("You may not decrease or remove a Come bet \rwhich is established on a point.", 250);
+      refuse("You may not decrease or remove a Come bet \rwhich is established on a point.", kHelpContractBets);
     return cutToContract(false);
   }
   if (IsDontComePoint(b)) {
@@ -207,7 +207,7 @@ Next ContractRules(Game& g, int p, int b) {
     if (tell)
       RefuseRestore(g, p, b,
                     "You may not make or increase a Don't Come bet \rdirectly on a point number.",
-                    C > Currency{}, 48);
+                    C > Currency{}, kHelpDontComeBet);
     return cutToContract(false);
   }
   if (IsComeOdds(b) || IsDontComeOdds(b)) {
@@ -253,7 +253,7 @@ void SetMinimumText(Game& g, int b) {
                    " is a contract bet and you established it at $", PlainAmount(C),
                    " before you recently lowered the maximum allowed on the Configuration "
                    "screen, it must remain unchanged until it resolves."),
-               250);
+               kHelpContractBets);
 }
 
 // Shrinks a change that the money can't carry. A player whose bets already
@@ -428,9 +428,7 @@ void SetBetChecked(Game& g, int p, int b) {
   }
   const Currency B = g.Bet(p, b);
   // A hostile request (a script's huge number) is held where sums can't overflow.
-  Currency request = g.BetRequest;
-  if (request > kCheckStackLimit) request = kCheckStackLimit;
-  if (request < -kCheckStackLimit) request = -kCheckStackLimit;
+  const Currency request = std::clamp(g.BetRequest, -kCheckStackLimit, kCheckStackLimit);
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
 
   switch (kUnderContract[static_cast<std::size_t>(b)] ? ContractRules(g, p, b) : Next::Free) {
