@@ -8,8 +8,7 @@
 void MoveBet(Game& g, int p, int fromBet, int toBet) {
   const Currency amount = g.Bet(p, fromBet);
   if (amount <= Currency{}) return;
-  g.BetRequest = -amount;
-  SetBetChecked(g, p, fromBet);
+  TakeBetDownChecked(g, p, fromBet);
   g.betting.MovingBet = true;
   g.BetRequest = amount;
   PlaceBet(g, p, toBet);

@@ -499,6 +499,31 @@ void SetBetChecked(Game& g, int p, int b) {
   Apply(g, p, b);
 }
 
+void TakeBetDownChecked(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  const Currency B = g.Bet(p, b);
+  g.BetRequest = -B;
+  // The contract rules hold up only a Pass Line or Come bet on a point
+  // coming down: those, and a bet outside 0..the largest request, go
+  // through the whole gate.
+  if (p < 1 || p > 8 || !IsRealBet(b) || b == bet::kPassLine || IsComePoint(b) ||
+      B < Currency{} || B > kCheckStackLimit) {
+    SetBetChecked(g, p, b);
+    return;
+  }
+  // SetBetChecked's own path for this request: minus the bet is a multiple
+  // of any unit, and a total of 0 skips the minimum, the maximum and the
+  // proper-odds adjustment; only the bankroll may still hold it.
+  s.BetChange = -B;
+  if (!g.HyperDrive) s.LimitText.clear();
+  s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
+  if (HoldToBankroll(g, p, b)) {
+    s.BetMaximum = B + s.BetChange;
+    BankrollNotice(g, p, b);
+  }
+  Apply(g, p, b);
+}
+
 Currency TotalUpBets(const Game& g, int p) {
   Currency total;
   for (int b = 1; b <= kLastRealBet; ++b) total += g.Bet(p, b);

@@ -29,6 +29,9 @@ constexpr Currency kCheckStackLimit = Currency::FromRaw(999999999999999999);
 // Applies game.BetRequest to bet b of player p under every rule; the applied
 // change is left in game.betting.BetChange.
 void SetBetChecked(Game& game, int p, int b);
+// SetBetChecked with game.BetRequest set to minus the whole bet b of p: the
+// same rules, notices and writes, without the steps such a request skips.
+void TakeBetDownChecked(Game& game, int p, int b);
 // Sets game.betting.BetMaximum, the highest total bet b of player p may have.
 void FigureBetMaximum(Game& game, int p, int b);
 // The same maximum figured in full each time, with nothing remembered and no

@@ -98,8 +98,7 @@ void TakeBetToMaximum(Game& g, int p, int b) {
   if (!Valid(p, b)) return;
   const Long flags = g.rules.NoticeFlags;
   g.rules.NoticeFlags = 0;
-  g.BetRequest = -g.Bet(p, b);
-  SetBetChecked(g, p, b);
+  TakeBetDownChecked(g, p, b);
   g.BetRequest = Currency::FromWhole(9999999);
   SetBetChecked(g, p, b);
   RedrawTable(g);

@@ -23,6 +23,12 @@ void Request(Game& g, int p, Currency change, bool redraw = true) {
   if (redraw && CanShow(g)) g.platform->RequestRedraw(Redraw::Table);
 }
 
+// Request of minus the whole bet: the bet comes down through the gate.
+void RequestTakeDown(Game& g, int p) {
+  TakeBetDownChecked(g, p, g.CurBet);
+  if (CanShow(g)) g.platform->RequestRedraw(Redraw::Table);
+}
+
 // The notice that tells what became of the bet against the bet at the roll.
 void ActionNotice(Game& g, int p, std::string_view title) {
   if (!CanShow(g) || (g.rules.NoticeFlags & kNoticeCharges) == 0) return;
@@ -233,7 +239,7 @@ void SettleNotWorking(Game& g, int p) {
 }
 
 void TakeBetDown(Game& g, int p) {
-  Request(g, p, -g.Bet(p, g.CurBet));
+  RequestTakeDown(g, p);
   g.BetComesDown = false;
 }
 
@@ -266,7 +272,7 @@ void ParlayBet(Game& g, int p) {
 }
 
 void BetRemainder(Game& g, int p) {
-  Request(g, p, -g.Bet(p, g.CurBet));
+  RequestTakeDown(g, p);
   Request(g, p, g.NetPayoff + g.BetAtRoll(p, g.CurBet));
   if (g.Bet(p, g.CurBet) > Currency{}) ActionNotice(g, p, "Bet remainder");
 }
@@ -335,7 +341,7 @@ void SetBetAmount(Game& g, int p, int k) {
   // of the bet as it stood at the roll; 2..6 a proper unit in checks.
   const Currency m =
       u == 1 ? CurFromDouble(g.BetAtRoll(p, g.CurBet).ToDouble() / 100.0) : UnitMultiplier(g, u);
-  Request(g, p, -g.Bet(p, g.CurBet));
+  RequestTakeDown(g, p);
   Request(g, p, CurMul(n, m));
   if (!CanShow(g)) return;
   std::string title;

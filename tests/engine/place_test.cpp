@@ -6,8 +6,10 @@
 // the roll path, which allocates nothing in Hyper-Drive.
 #include "engine/place.h"
 
+#include <memory>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
@@ -296,6 +298,51 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
     }
   }
   EXPECT_GT(g.TotalBets(1), 0_usd);
+}
+
+// The settling, MoveBet and TakeBetToMaximum take a bet down through
+// TakeBetDownChecked, which skips the steps such a request cannot reach: over
+// a random walk of bets, points, contracts, bankroll, vig and notice rules it
+// must leave the game and the notices exactly as the whole gate does.
+TEST_F(Place, TakingABetDownDoesWhatTheWholeGateDoes) {
+  std::mt19937 rng(20261124);
+  const int points[] = {0, 4, 5, 6, 8, 9, 10};
+  g.roll.LogOn = false;
+  for (int i = 0; i < 3000; ++i) {
+    const int r = static_cast<int>(rng() % 40);
+    if (r == 0) PointOn(points[rng() % 7]);
+    if (r == 1) FixContracts();
+    if (r == 2) g.betting.AllowNegBankroll(1) = !g.betting.AllowNegBankroll(1);
+    if (r == 3) g.rules.LayVigUpFront = !g.rules.LayVigUpFront;
+    if (r == 4) g.rules.BuyVigUpFront = !g.rules.BuyVigUpFront;
+    if (r == 5) g.rules.NoticeFlags = static_cast<Long>(rng() % 8);
+    if (r == 6) g.HyperDrive = !g.HyperDrive;
+    if (r == 7) g.Bet(1, 0) = Currency::FromWhole(static_cast<std::int64_t>(rng() % 400));
+    const int b = 1 + static_cast<int>(rng() % kLastRealBet);
+    if (rng() % 3 != 0) {  // build the table up
+      g.BetRequest = Currency::FromWhole(static_cast<std::int64_t>(rng() % 60));
+      PlaceBet(g, 1, b);
+      continue;
+    }
+    const auto gate = std::make_unique<Game>(g);
+    const std::size_t shown = Shown();
+    auto newNotices = [&] {
+      std::vector<std::string> texts;
+      for (std::size_t k = shown; k < Shown(); ++k)
+        texts.push_back(platform.messages[k].title + "|" + platform.messages[k].text);
+      platform.messages.resize(shown);
+      return texts;
+    };
+    gate->BetRequest = -gate->Bet(1, b);
+    SetBetChecked(*gate, 1, b);
+    const std::vector<std::string> gateNotices = newNotices();
+    TakeBetDownChecked(g, 1, b);
+    const std::vector<std::string> notices = newNotices();
+    SCOPED_TRACE(testing::Message() << "step " << i << " on " << BetName(b));
+    ASSERT_EQ(notices, gateNotices);
+    ASSERT_TRUE(g == *gate);
+    ASSERT_EQ(g.betting.LimitText, gate->betting.LimitText);
+  }
 }
 
 TEST_F(Place, ClicksOnTheTableAndTheRail) {
