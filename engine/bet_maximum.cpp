@@ -9,6 +9,7 @@
 #include "core/money.h"
 #include "core/payoff_math.h"
 #include "engine/place.h"
+#include "engine/place_internal.h"
 
 namespace {
 
@@ -37,27 +38,6 @@ Currency DontOddsMaximum(const Game& g, int b, Currency base) {
 constexpr int kHornBets[] = {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve};
 constexpr int kWorldBets[] = {bet::kTwo, bet::kThree, bet::kEleven, bet::kTwelve, bet::kSeven};
 
-// Which branch of SpecialMaximum figures a bet, looked up once by its id: the
-// table maximum alone (most bets), the odds (by their flat bet), or one of the
-// bounds that hang on the rules and payoffs only.
-enum class MaxKind : std::uint8_t { Table, Odds, Lay, Fire, CandE, Horn, World, Payoff };
-
-constexpr MaxKind KindOf(int b) {
-  if (IsOddsBet(b)) return MaxKind::Odds;
-  if (IsLay(b)) return MaxKind::Lay;
-  if (b == bet::kFire) return MaxKind::Fire;
-  if (b == bet::kCandE) return MaxKind::CandE;
-  if (b == bet::kHorn) return MaxKind::Horn;
-  if (b == bet::kWorld) return MaxKind::World;
-  if (b >= bet::kHard4 && b <= bet::kHopLast) return MaxKind::Payoff;
-  return MaxKind::Table;
-}
-
-constexpr auto kMaxKind = [] {
-  std::array<MaxKind, kLastBetId + 1> kind{};
-  for (int b = 0; b <= kLastBetId; ++b) kind[static_cast<std::size_t>(b)] = KindOf(b);
-  return kind;
-}();
 // Every bet with a fixed bound has a slot among the remembered ones.
 static_assert([] {
   for (int b = 0; b <= kLastBetId; ++b) {
@@ -68,11 +48,6 @@ static_assert([] {
   }
   return true;
 }());
-
-// The table maximum, a multiple of the unit when there is one.
-Currency TableMaximum(const Game& g, Currency unit) {
-  return unit.raw > 0 ? RoundDownToMultiple(g.rules.MaxPlacardBet, unit) : g.rules.MaxPlacardBet;
-}
 
 // The maximum of the odds, Lay bets, propositions and Fire, figured in full.
 Currency SpecialMaximum(const Game& g, int p, int b) {
@@ -237,16 +212,7 @@ void FigureBetMaximum(Game& g, int p, int b) {
   // Most bets end at the table maximum: they skip the search of the rest.
   const MaxKind kind = kMaxKind[static_cast<std::size_t>(b)];
   if (kind != MaxKind::Table) return FigureSpecialMaximum(g, p, b, kind);
-  RememberedFigure& t = g.betting.maxima.table;
-  const Currency placard = g.rules.MaxPlacardBet, unit = g.CheckValue(1);
-  if (!t.valid || t.key[0] != placard.raw || t.key[1] != unit.raw) {
-    t.key[0] = placard.raw;
-    t.key[1] = unit.raw;
-    t.value = TableMaximum(g, unit);
-    t.valid = true;
-  }
-  // As in SpecialMaximum: a negative maximum is 0, a multiple of any unit.
-  g.betting.BetMaximum = t.value < Currency{} ? Currency{} : t.value;
+  FigureTableMaximum(g);
 }
 
 Currency BetMaximumInFull(const Game& g, int p, int b) { return SpecialMaximum(g, p, b); }

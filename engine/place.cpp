@@ -383,8 +383,12 @@ void ChangeCheckStack(Game& g, int p, int b) {
 // Only outside Hyper-Drive does the adjustment write the limit text, so only
 // then is the text before it kept.
 [[gnu::noinline]] void AdjustThenHoldToBankroll(Game& g, int p, int b) {
-  std::string before;
-  if (!g.HyperDrive) before = g.betting.LimitText;
+  if (g.HyperDrive) {  // no text to keep: the string is not even made
+    AdjustWhereNeeded(g, p, b);
+    if (HoldToBankroll(g, p, b)) TellHeldToBankroll(g, p, b, true, nullptr);
+    return;
+  }
+  const std::string before = g.betting.LimitText;
   AdjustWhereNeeded(g, p, b);
   if (HoldToBankroll(g, p, b))
     TellHeldToBankroll(g, p, b, true, &before);
@@ -473,7 +477,10 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
-  FigureBetMaximum(g, p, b);
+  if (kMaxKind[static_cast<std::size_t>(b)] == MaxKind::Table)
+    FigureTableMaximum(g);
+  else
+    FigureBetMaximum(g, p, b);
   if (T > s.BetMaximum) {
     const Currency C = g.BetContract(p, b);
     if ((b == bet::kPassLine || IsComePoint(b)) && C > s.BetMaximum) {
