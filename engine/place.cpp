@@ -432,7 +432,9 @@ void SetBetChecked(Game& g, int p, int b) {
   }
   const Currency B = g.Bet(p, b);
   // A hostile request (a script's huge number) is held where sums can't overflow.
-  const Currency request = std::clamp(g.BetRequest, -kCheckStackLimit, kCheckStackLimit);
+  // (Clamped on the counts, by value: no bound is read back through memory.)
+  const Currency request = Currency::FromRaw(
+      std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
 
   switch (kUnderContract[static_cast<std::size_t>(b)] ? ContractRules(g, p, b) : Next::Free) {
