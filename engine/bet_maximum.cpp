@@ -182,8 +182,9 @@ void FixedInputs(const Game& g, int b, MaxKind kind, Add& add) {
   }
 }
 
-// FigureBetMaximum for the bets SpecialMaximum has a branch for.
-[[gnu::noinline]] void FigureSpecialMaximum(Game& g, int p, int b, MaxKind kind) {
+}  // namespace
+
+void FigureSpecialMaximum(Game& g, int p, int b, MaxKind kind) {
   RememberedMaxima& memo = g.betting.maxima;
   auto full = [&] { return SpecialMaximum(g, p, b); };
   Currency m;
@@ -198,8 +199,6 @@ void FixedInputs(const Game& g, int b, MaxKind kind, Add& add) {
   }
   g.betting.BetMaximum = m;
 }
-
-}  // namespace
 
 // The maxima are the same for every call with the same inputs (the rules,
 // payoffs, checks and, for the odds, the flat bet), so each is remembered

@@ -479,10 +479,10 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
-  if (kMaxKind[static_cast<std::size_t>(b)] == MaxKind::Table)
+  if (const MaxKind kind = kMaxKind[static_cast<std::size_t>(b)]; kind == MaxKind::Table)
     FigureTableMaximum(g);
   else
-    FigureBetMaximum(g, p, b);
+    FigureSpecialMaximum(g, p, b, kind);
   if (T > s.BetMaximum) {
     const Currency C = g.BetContract(p, b);
     if ((b == bet::kPassLine || IsComePoint(b)) && C > s.BetMaximum) {

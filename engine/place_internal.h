@@ -49,6 +49,10 @@ inline Currency TableMaximum(const Game& game, Currency unit) {
   return unit.raw > 0 ? RoundDownToMultiple(game.rules.MaxPlacardBet, unit) : game.rules.MaxPlacardBet;
 }
 
+// FigureBetMaximum for a bet of any other kind than MaxKind::Table (seat p
+// 1..8 or, for a bet whose maximum hangs on no flat bet, any).
+void FigureSpecialMaximum(Game& game, int p, int b, MaxKind kind);
+
 // FigureBetMaximum for a bet of MaxKind::Table: the table maximum,
 // remembered with the placard maximum and the unit it comes from. Inline so
 // the gate, which asks it for most bets, makes no call.
