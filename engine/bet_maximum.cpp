@@ -144,58 +144,77 @@ void OddsInputs(const Game& g, int p, int b, Add& add) {
   add(g.rules.MaxPlacardBet);
 }
 
-// Everything SpecialMaximum reads for a bet of `kind` whose maximum hangs on
-// no other bet: the table maximum and unit, and the payoffs and caps of its kind.
-template <class Add>
-void FixedInputs(const Game& g, int b, MaxKind kind, Add& add) {
+// Everything SpecialMaximum reads for a bet of kind K whose maximum hangs on
+// no other bet: the table maximum and unit, and the payoffs and caps of its
+// kind. K is known when compiled, so each kind reads its inputs straight.
+template <MaxKind K, class Add>
+void FixedInputs(const Game& g, int b, Add& add) {
   auto payoff = [&](int x) {
     add(g.PayoffTbl(1, x));
     add(g.PayoffTbl(3, x));
   };
   add(g.rules.MaxPlacardBet);
   add(g.CheckValue(1));
-  switch (kind) {
-    case MaxKind::Lay:
-      payoff(b);
-      return;
-    case MaxKind::Fire:
-      add(g.rules.MaxFireBet);
-      return;
-    default:
-      break;
-  }
-  add(g.rules.MaxPropBetPayoff);
-  switch (kind) {
-    case MaxKind::CandE:
+  if constexpr (K == MaxKind::Lay) {
+    payoff(b);
+  } else if constexpr (K == MaxKind::Fire) {
+    add(g.rules.MaxFireBet);
+  } else {
+    add(g.rules.MaxPropBetPayoff);
+    if constexpr (K == MaxKind::CandE) {
       payoff(bet::kCraps);
       payoff(bet::kEleven);
-      break;
-    case MaxKind::Horn:
+    } else if constexpr (K == MaxKind::Horn) {
       for (int x : kHornBets) payoff(x);
-      break;
-    case MaxKind::World:
+    } else if constexpr (K == MaxKind::World) {
       for (int x : kWorldBets) payoff(x);
-      break;
-    default:
+    } else {
+      static_assert(K == MaxKind::Payoff);
       payoff(b);
-      break;
+    }
   }
+}
+
+// The remembered maximum of bet b of fixed kind K.
+template <MaxKind K>
+Currency FixedMaximum(Game& g, int p, int b) {
+  return Remember(
+      g.betting.maxima.fixed[static_cast<std::size_t>(b)],
+      [&](auto& add) { FixedInputs<K>(g, b, add); }, [&] { return SpecialMaximum(g, p, b); });
 }
 
 }  // namespace
 
 void FigureSpecialMaximum(Game& g, int p, int b, MaxKind kind) {
-  RememberedMaxima& memo = g.betting.maxima;
-  auto full = [&] { return SpecialMaximum(g, p, b); };
   Currency m;
-  if (kind != MaxKind::Odds) {
-    m = Remember(
-        memo.fixed[static_cast<std::size_t>(b)],
-        [&](auto& add) { FixedInputs(g, b, kind, add); }, full);
-  } else if (const int slot = OddsSlot(b, g.Point); slot >= 0 && p >= 1 && p <= 8) {
-    m = Remember(memo.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); }, full);
-  } else {
-    m = full();  // line odds without a point, or no seat
+  switch (kind) {
+    case MaxKind::Lay:
+      m = FixedMaximum<MaxKind::Lay>(g, p, b);
+      break;
+    case MaxKind::Fire:
+      m = FixedMaximum<MaxKind::Fire>(g, p, b);
+      break;
+    case MaxKind::CandE:
+      m = FixedMaximum<MaxKind::CandE>(g, p, b);
+      break;
+    case MaxKind::Horn:
+      m = FixedMaximum<MaxKind::Horn>(g, p, b);
+      break;
+    case MaxKind::World:
+      m = FixedMaximum<MaxKind::World>(g, p, b);
+      break;
+    case MaxKind::Payoff:
+      m = FixedMaximum<MaxKind::Payoff>(g, p, b);
+      break;
+    default:
+      if (const int slot = OddsSlot(b, g.Point);
+          kind == MaxKind::Odds && slot >= 0 && p >= 1 && p <= 8)
+        m = Remember(
+            g.betting.maxima.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); },
+            [&] { return SpecialMaximum(g, p, b); });
+      else
+        m = SpecialMaximum(g, p, b);  // line odds without a point, or no seat
+      break;
   }
   g.betting.BetMaximum = m;
 }

@@ -46,7 +46,8 @@ inline constexpr auto kMaxKind = [] {
 
 // The table maximum, a multiple of the unit when there is one.
 inline Currency TableMaximum(const Game& game, Currency unit) {
-  return unit.raw > 0 ? RoundDownToMultiple(game.rules.MaxPlacardBet, unit) : game.rules.MaxPlacardBet;
+  return unit.raw > 0 ? RoundDownToMultiple(game.rules.MaxPlacardBet, unit)
+                      : game.rules.MaxPlacardBet;
 }
 
 // FigureBetMaximum for a bet of any other kind than MaxKind::Table (seat p
