@@ -12,17 +12,25 @@ using StatTable = decltype(Game::StatAction);
 constexpr std::ptrdiff_t kCellsPerFrameIndex = StatTable::kCols * StatTable::kDepth;
 static_assert(StatTable::Index(1, 0, 0) - StatTable::Index(0, 0, 0) == kCellsPerFrameIndex);
 
-// One decision of `amount` (above 0 when `positive`) in the six columns of
-// a statistics row (the row's columns are contiguous, so one address serves
-// them all).
-void CountDecision(Currency* row, Currency amount, bool positive, Currency rollNumber) {
-  row[kStatCount] += Currency::FromWhole(1);
-  row[kStatTotal] += amount;
-  if (amount > row[kStatLargest]) row[kStatLargest] = amount;
-  Currency& smallest = row[kStatSmallest];
-  if (positive && (smallest.IsZero() || smallest > amount)) smallest = amount;
-  row[kStatRollOfLast] = rollNumber;
-  row[kStatAmountOfLast] = amount;
+// One decision of `amount` in the six columns of the rows of every live
+// frame, `row` the first of them (a row's columns are contiguous and the
+// live frames' rows a fixed number of cells apart). Whether the amount is
+// above 0, which only the smallest-amount column asks, is asked once.
+void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
+  for (Frame t : kLiveFrames) {
+    Currency* r = row + (FrameIndex(0, t) - FrameIndex(0, kLiveFrames[0])) * kCellsPerFrameIndex;
+    r[kStatCount] += Currency::FromWhole(1);
+    r[kStatTotal] += amount;
+    if (amount > r[kStatLargest]) r[kStatLargest] = amount;
+    r[kStatRollOfLast] = rollNumber;
+    r[kStatAmountOfLast] = amount;
+  }
+  if (amount <= Currency{}) return;
+  for (Frame t : kLiveFrames) {
+    Currency& smallest =
+        row[(FrameIndex(0, t) - FrameIndex(0, kLiveFrames[0])) * kCellsPerFrameIndex + kStatSmallest];
+    if (smallest.IsZero() || smallest > amount) smallest = amount;
+  }
 }
 
 }  // namespace
@@ -38,16 +46,10 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   const bool won = net > Currency{};
   StatTable& side = won ? g.StatWins : g.StatLosses;
   const Currency sideAmount = won ? net : -net;
-  const bool positive = amount > Currency{}, sidePositive = sideAmount > Currency{};
   // The live frames' rows of (p, b) lie a fixed number of cells apart, so
   // two addresses serve all six rows.
-  Currency* const action = &g.StatAction(p, b, 0);
-  Currency* const sideRow = &side(p, b, 0);
-  for (Frame t : kLiveFrames) {
-    const std::ptrdiff_t offset = (FrameIndex(p, t) - p) * kCellsPerFrameIndex;
-    CountDecision(action + offset, amount, positive, rollNumber);
-    CountDecision(sideRow + offset, sideAmount, sidePositive, rollNumber);
-  }
+  CountDecision(&g.StatAction(FrameIndex(p, kLiveFrames[0]), b, 0), amount, rollNumber);
+  CountDecision(&side(FrameIndex(p, kLiveFrames[0]), b, 0), sideAmount, rollNumber);
   if (IsComePoint(b)) {
     const Currency flat = g.ComeFlatAtSet(p, b - bet::kComePointFirst);
     for (Frame t : kLiveFrames)
