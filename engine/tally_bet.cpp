@@ -12,13 +12,18 @@ using StatTable = decltype(Game::StatAction);
 constexpr std::ptrdiff_t kCellsPerFrameIndex = StatTable::kCols * StatTable::kDepth;
 static_assert(StatTable::Index(1, 0, 0) - StatTable::Index(0, 0, 0) == kCellsPerFrameIndex);
 
+// Cells from the first live frame's row of a bet to frame t's row.
+constexpr std::ptrdiff_t FrameOffset(Frame t) {
+  return (FrameIndex(0, t) - FrameIndex(0, kLiveFrames[0])) * kCellsPerFrameIndex;
+}
+
 // One decision of `amount` in the six columns of the rows of every live
 // frame, `row` the first of them (a row's columns are contiguous and the
 // live frames' rows a fixed number of cells apart). Whether the amount is
 // above 0, which only the smallest-amount column asks, is asked once.
 void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
   for (Frame t : kLiveFrames) {
-    Currency* r = row + (FrameIndex(0, t) - FrameIndex(0, kLiveFrames[0])) * kCellsPerFrameIndex;
+    Currency* r = row + FrameOffset(t);
     r[kStatCount] += Currency::FromWhole(1);
     r[kStatTotal] += amount;
     if (amount > r[kStatLargest]) r[kStatLargest] = amount;
@@ -27,8 +32,7 @@ void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
   }
   if (amount <= Currency{}) return;
   for (Frame t : kLiveFrames) {
-    Currency& smallest =
-        row[(FrameIndex(0, t) - FrameIndex(0, kLiveFrames[0])) * kCellsPerFrameIndex + kStatSmallest];
+    Currency& smallest = row[FrameOffset(t) + kStatSmallest];
     if (smallest.IsZero() || smallest > amount) smallest = amount;
   }
 }
