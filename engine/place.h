@@ -6,6 +6,8 @@
 // SetBetChecked, which holds the request against the contract rules of
 // craps, the table's minimum and maximum, the proper-odds adjustment and the
 // bankroll, tells the user what it changed and why, and only then writes.
+// Taking a whole bet down may go through TakeBetDownChecked, the same gate
+// for that one request (tests/engine/place_test.cpp holds the two equal).
 //
 // What must stay true:
 // - Nothing fails hard: a refusal is a smaller or zero change, left in

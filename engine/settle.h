@@ -4,8 +4,9 @@
 // now on: nothing, the same, more or less.
 //
 // What must stay true:
-// - Every action ends in one or two calls of SetBetChecked with BetRequest,
-//   so all limits, contract rules and the bankroll check apply to a bet that
+// - Every action ends in one or two calls of SetBetChecked with BetRequest
+//   (a whole bet taken down through TakeBetDownChecked, the same gate), so
+//   all limits, contract rules and the bankroll check apply to a bet that
 //   stays up or grows. Nothing here writes Bet directly.
 // - With BetComesDown set, every rule and every dialog button but 0 takes the
 //   bet down: a bet that may not stay on the table is never replaced.
