@@ -407,6 +407,28 @@ void ChangeCheckStack(Game& g, int p, int b) {
     g.platform->RequestRedraw(Redraw::OpenViews);
 }
 
+// The gate's start for a bet's own limits: no limit text yet, and the
+// bet's minimum.
+inline void ClearLimitsOf(Game& g, int b) {
+  BettingState& s = g.betting;
+  if (!g.HyperDrive) s.LimitText.clear();
+  s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
+}
+
+// A bet taken down entirely can't pass a maximum (never below 0), and the
+// proper-odds adjustment leaves a change to 0 as it is: only the bankroll
+// may still hold it (a seat whose bets stand above its money), and the
+// limit text, cleared at the start, has nothing to tell. BetMaximum is left
+// unfigured.
+inline void FinishTakeDown(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  if (HoldToBankroll(g, p, b)) {
+    s.BetMaximum = g.Bet(p, b) + s.BetChange;
+    BankrollNotice(g, p, b);
+  }
+  Apply(g, p, b);
+}
+
 }  // namespace
 
 bool CanNotify(const Game& g, long noticeBit) {
@@ -453,21 +475,12 @@ void SetBetChecked(Game& g, int p, int b) {
       break;
   }
 
-  if (!g.HyperDrive) s.LimitText.clear();
-  s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
+  ClearLimitsOf(g, b);
 
   const Currency T = B + request;
-  // A bet taken down entirely can't pass a maximum (never below 0), and the
-  // proper-odds adjustment leaves a change to 0 as it is: only the bankroll
-  // may still hold it (a seat whose bets stand above its money), and the
-  // limit text, cleared above, has nothing to tell. BetMaximum is left
-  // unfigured.
+  // A bet taken down entirely: only the bankroll may still hold it.
   if (T <= Currency{} && s.BetChange <= -B) {
-    if (HoldToBankroll(g, p, b)) {
-      s.BetMaximum = B + s.BetChange;
-      BankrollNotice(g, p, b);
-    }
-    Apply(g, p, b);
+    FinishTakeDown(g, p, b);
     return;
   }
   if (T > Currency{} && T < s.BetMinimum) {
@@ -509,7 +522,6 @@ void SetBetChecked(Game& g, int p, int b) {
 }
 
 void TakeBetDownChecked(Game& g, int p, int b) {
-  BettingState& s = g.betting;
   const Currency B = g.Bet(p, b);
   g.BetRequest = -B;
   // The contract rules hold up only a Pass Line or Come bet on a point
@@ -523,14 +535,9 @@ void TakeBetDownChecked(Game& g, int p, int b) {
   // SetBetChecked's own path for this request: minus the bet is a multiple
   // of any unit, and a total of 0 skips the minimum, the maximum and the
   // proper-odds adjustment; only the bankroll may still hold it.
-  s.BetChange = -B;
-  if (!g.HyperDrive) s.LimitText.clear();
-  s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
-  if (HoldToBankroll(g, p, b)) {
-    s.BetMaximum = B + s.BetChange;
-    BankrollNotice(g, p, b);
-  }
-  Apply(g, p, b);
+  g.betting.BetChange = -B;
+  ClearLimitsOf(g, b);
+  FinishTakeDown(g, p, b);
 }
 
 Currency TotalUpBets(const Game& g, int p) {
