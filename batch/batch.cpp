@@ -177,6 +177,9 @@ std::vector<SessionResult> PlaySessions(const Game& start, const BatchConfig& co
                                         const std::vector<std::int64_t>& indices, int threads,
                                         const std::function<void(std::int64_t)>& progress) {
   std::vector<SessionResult> results(indices.size());
+  // Reading a roll tally may settle it (core/roll_tally.h): done once here,
+  // the threads share `start` for reading only.
+  (void)start.RollTally.Settled();
   std::atomic<std::size_t> next{0};
   std::atomic<std::int64_t> done{0};
   auto work = [&] {

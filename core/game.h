@@ -30,6 +30,7 @@
 #include "core/catalogue.h"
 #include "core/currency.h"
 #include "core/message.h"
+#include "core/roll_tally.h"
 #include "core/rolls_since.h"
 #include "core/tables.h"
 #include "dice/dice_file_state.h"
@@ -115,7 +116,7 @@ struct Game {
   std::array<StatRowSet, kPlayerSlots> StatRowsThisHand = AllStatRows();
   std::array<StatRowSet, kPlayerSlots> StatRowsLastHand = AllStatRows();
   Table2<Currency, 0, kLastFrameIndex, 0, 5> ComeTravelTotal;
-  Table2<Long, 0, kLastFrameIndex, 0, kLastEvent> RollTally;
+  RollTallyTable RollTally;  // by (frame index, roll event); see core/roll_tally.h
   Table3<Long, 0, kLastFrameIndex, 2, 12, 1, 3> TotalsTally;
   Table1<Long, 0, kLastFrameIndex> HandsTally;
   Table1<Long, 0, kLastFrameIndex> RollsAtTable;

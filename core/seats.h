@@ -63,7 +63,7 @@ void ForEachSeatTable(Visit&& visit, G&... games) {
   visit("StatRowsThisHand", Slot, Keep, games.StatRowsThisHand...);
   visit("StatRowsLastHand", Slot, Keep, games.StatRowsLastHand...);
   visit("ComeTravelTotal", Frame, Keep, games.ComeTravelTotal...);
-  visit("RollTally", Frame, Keep, games.RollTally...);
+  visit("RollTally", Frame, Keep, games.RollTally.Settled()...);
   visit("TotalsTally", Frame, Keep, games.TotalsTally...);
   visit("HandsTally", Frame, Keep, games.HandsTally...);
   visit("RollsAtTable", Frame, Keep, games.RollsAtTable...);

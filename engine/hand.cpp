@@ -3,40 +3,15 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <type_traits>
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/move_cells.h"
 #include "core/seat_set.h"
 #include "engine/players.h"
 #include "engine/resolve.h"
 
 namespace {
-
-// Moves `Bytes` bytes from `from` to `to` and clears them, in blocks of at
-// most kMoveBlock bytes: the compiler expands a block that short as a few
-// vector moves, where a longer one becomes a rep movs / rep stos whose start
-// costs more than the whole move of a row here.
-constexpr std::size_t kMoveBlock = 64;
-
-template <std::size_t Bytes>
-void MoveBytes(unsigned char* from, unsigned char* to) {
-  constexpr std::size_t n = Bytes < kMoveBlock ? Bytes : kMoveBlock;
-  std::memcpy(to, from, n);
-  std::memset(from, 0, n);
-  if constexpr (Bytes > n) MoveBytes<Bytes - n>(from + n, to + n);
-}
-
-// Moves `Count` cells from `from` to `to` (another frame: never the same
-// cells) and clears them. The counts are the tables' own constants, so each
-// move is a fixed block copy and clear.
-template <std::size_t Count, class T>
-void MoveCells(T* from, T* to) {
-  static_assert(std::is_trivially_copyable_v<T>);  // and all-zero bytes are T{}
-  MoveBytes<Count * sizeof(T)>(reinterpret_cast<unsigned char*>(from),
-                               reinterpret_cast<unsigned char*>(to));
-}
 
 // Moves row j (whole depth) of slot p's current-hand frame to its last-hand
 // frame and clears it.
@@ -99,7 +74,7 @@ void CloseHand(Game& g) {
 
 void EndHand(Game& g) {
   for (int p = 0; p < kPlayerSlots; ++p)
-    if (SeatNamed(g, p)) MoveToLastHand(g.RollTally, p);
+    if (SeatNamed(g, p)) g.RollTally.MoveToLastHand(p);
 
   if (g.FirePayoff(1, FireRow(g)).raw > 0)
     for (int seat = 1; seat <= 8; ++seat) ResolveBet(g, seat, kWins, bet::kFire);

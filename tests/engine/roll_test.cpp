@@ -4,13 +4,16 @@
 // new session keeps and clears.
 #include <gtest/gtest.h>
 
+#include <random>
 #include <set>
 
 #include "core/catalogue.h"
+#include "core/checksum.h"
 #include "core/money.h"
 #include "cycle/session.h"
 #include "cycle/startup.h"
 #include "dice/rng.h"
+#include "engine/players.h"
 #include "store/game_file.h"
 #include "tests/engine/roll_fixture.h"
 
@@ -64,6 +67,75 @@ TEST_F(RollTallies, RollsSinceIsTheCountOfATableSteppedEveryRoll) {
   ASSERT_TRUE(OpenGameBytes(loaded, "saved.rvg", GameFileBytes(g)));
   for (int k = 0; k <= kLastEvent; ++k) ASSERT_EQ(loaded.RollsSince(k), plain[k]) << k;
   rollAndCompare(loaded, 700);
+}
+
+// RollTally counts a roll's pair and works the categories out when read:
+// whenever it is read, through a cell, a walk of the seat tables or a file,
+// it must hold what a table settled after every roll holds, with and
+// without a shooter, across hands' ends, player moves, new sessions and a
+// game saved and opened, each done while pairs are pending.
+TEST_F(RollTallies, PendingPairsReadAsATableSettledAfterEveryRoll) {
+  SeedRngWith(g, 20261125);
+  auto owner = MakeGame(platform);
+  Game& plain = *owner;
+  plain = g;
+  std::mt19937 pick(5);
+  auto chance = [&pick](int n) { return static_cast<int>(pick() % static_cast<unsigned>(n)); };
+  // Both games do the same; an opened game or a new session may draw a
+  // fresh seed from the clock, so both draw from the same seed again.
+  auto both = [&](auto&& act) {
+    act(g);
+    act(plain);
+    const double seed = pick() % 1000;
+    for (Game* game : {&g, &plain}) SeedRngWith(*game, seed);
+  };
+  auto compare = [&](int step) {
+    for (int i = 0; i <= kLastFrameIndex; ++i)
+      for (int k = 0; k <= kLastEvent; ++k)
+        ASSERT_EQ(g.RollTally(i, k), plain.RollTally(i, k)) << "step " << step << ", cell " << i << "," << k;
+  };
+  int shooterRolls = 0;
+  for (int step = 0; step < 400; ++step) {
+    switch (chance(10)) {
+      case 0:
+        compare(step);
+        break;
+      case 1:
+        ASSERT_EQ(TablesChecksum(g), TablesChecksum(plain)) << step;
+        break;
+      case 2:
+        both([&](Game& game) {
+          ASSERT_TRUE(OpenGameBytes(game, "saved.rvg", GameFileBytes(game)));
+        });
+        break;
+      case 3:
+        if (chance(4) == 0) {
+          const bool keepGames = chance(4) != 0;
+          both([=](Game& game) { NewSession(game, keepGames, true, true, 0); });
+        }
+        break;
+      case 4:
+        if (g.PlayerCount < 3) {
+          const int p = 1 + chance(8);
+          if (!Seated(g, p))
+            both([p](Game& game) { SeatPlayer(game, p, "P" + std::to_string(p), Currency::FromWhole(100)); });
+        } else {
+          int from = 1 + chance(8), to = 1 + chance(8);
+          while (!Seated(g, from)) from = from % 8 + 1;
+          if (to != from) both([=](Game& game) { MovePlayer(game, from, to); });
+        }
+        break;
+      default:
+        for (int r = 1 + chance(30); r > 0; --r) {
+          shooterRolls += g.HandShooter > 0;
+          RollDice(g);
+          RollDice(plain);
+          (void)plain.RollTally(kTableHand, kEventField);  // settles every roll
+        }
+    }
+  }
+  compare(-1);
+  EXPECT_GT(shooterRolls, 1000);
 }
 
 using StateMachine = RollFixture;

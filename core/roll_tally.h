@@ -1,0 +1,113 @@
+// RollTally: for each frame index (slot + 9 * frame) and roll-event category
+// 0..90, the rolls that showed it, as the statistics views, the scripts, the
+// game file and the checksum read it.
+//
+// A roll shows about ten categories, each counted in the three live frames
+// of the House and of the hand's shooter: some thirty to sixty counts a
+// roll, nearly all of them read only when a view, a script or a file asks.
+// Every category but the rolls (0) is a fixed sum over the 36 ordered pairs
+// of dice (core/pair_events.h), and the live rows of a slot grow by the same
+// sums. So a roll counts only its pair, per slot, and the categories are
+// worked out ("settled") from the pending pairs when anything reads them.
+// The rolls column is counted at once, so the roll path reads it freely.
+//
+// What must stay true:
+// - (*this)(i, k) is the count the plain table would hold: the stored cell
+//   plus what the pending pairs add to row i.
+// - Every read or write of a category other than the rolls settles first,
+//   and every walk of the whole table goes through Settled(): nothing reaches
+//   a stored cell that pending pairs still owe something.
+// - Slot p's pending pairs: hand to frame current hand, lastHand to last
+//   hand, sessions to both current session and all sessions; pairs has a bit
+//   set for every pair with a count in any of the three.
+// - A const read may settle, so a game that threads share for reading is
+//   settled before they start (batch/batch.cpp).
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "core/frames.h"
+#include "core/move_cells.h"
+#include "core/pair_events.h"
+#include "core/tables.h"
+
+class RollTallyTable {
+ public:
+  using Cells = Table2<Long, 0, kLastFrameIndex, 0, kLastEvent>;
+  static constexpr std::size_t kCols = Cells::kCols;
+
+  Long& operator()(int i, int k) {
+    if (k != kEventRolls) Settle();
+    return cells_(i, k);
+  }
+  const Long& operator()(int i, int k) const {
+    if (k != kEventRolls) Settle();
+    return cells_(i, k);
+  }
+  // Every cell as the plain table would hold it: for code that walks,
+  // copies or overwrites the whole table or whole rows.
+  Cells& Settled() {
+    Settle();
+    return cells_;
+  }
+  const Cells& Settled() const {
+    Settle();
+    return cells_;
+  }
+  void Fill(Long v) {
+    Settle();  // drops the pending pairs with what they owe
+    cells_.Fill(v);
+  }
+
+  // A roll of pair q (PairIndex) in slot p's live frames, for every
+  // category of the pair but the rolls.
+  void CountPair(int p, int q) {
+    Pending& s = pending_[static_cast<std::size_t>(p)];
+    const auto j = static_cast<std::size_t>(q);
+    ++s.hand[j];
+    ++s.sessions[j];
+    s.pairs |= std::uint64_t{1} << q;
+    anyPending_ = true;
+  }
+
+  // Slot p's hand ends: its current-hand row becomes its last-hand row and
+  // starts again from zero, pending pairs and all, without settling (what
+  // the old last-hand row still owed goes with its stored cells).
+  void MoveToLastHand(int p) {
+    MoveCells<kCols>(&cells_(FrameIndex(p, kFrameCurrentHand), 0),
+                     &cells_(FrameIndex(p, kFrameLastHand), 0));
+    Pending& s = pending_[static_cast<std::size_t>(p)];
+    MoveCells<kDicePairs>(s.hand.data(), s.lastHand.data());
+  }
+
+  friend bool operator==(const RollTallyTable& a, const RollTallyTable& b) {
+    return a.Settled() == b.Settled();
+  }
+
+ private:
+  using PairCounts = std::array<std::uint32_t, kDicePairs>;
+  struct Pending {
+    PairCounts hand{}, lastHand{}, sessions{};
+    std::uint64_t pairs = 0;
+  };
+
+  void Settle() const {
+    if (anyPending_) SettleAll();
+  }
+  // Adds every pending pair's categories to the stored rows and clears it.
+  void SettleAll() const;
+
+  // Settling changes how the counts are held, never what they are: so a
+  // const reader may settle.
+  mutable Cells cells_;
+  mutable std::array<Pending, kPlayerSlots> pending_{};
+  mutable bool anyPending_ = false;
+};
+
+// The cells in the order of files and checksums, settled.
+template <class F>
+void ForEachCellFirstFastest(const RollTallyTable& t, F&& visit) {
+  ForEachCellFirstFastest(t.Settled(), visit);
+}
