@@ -49,8 +49,9 @@ const std::string& ShooterName(const Game& g) {
   return g.PlayerName[static_cast<std::size_t>(g.Shooter)];
 }
 
-// Step 6: the bet requirement. False stops the roll (and the run).
-bool MeetsBetRequirement(Game& g) {
+// Step 6: the bet requirement. False stops the roll (and the run). Out of
+// line: the roll calls it only when a rule is set.
+[[gnu::noinline]] bool MeetsBetRequirement(Game& g) {
   const Long rule = g.rules.BetRequirement;
   if (rule == kNoBetRequired) return true;
   if (g.PlayerCount == 0) {
@@ -281,7 +282,8 @@ void KeepBankrollRecords(Game& g, unsigned seated) {
 
 // Steps 6 to 27: one roll. Returns false when a check stopped it before the dice.
 bool RollOnce(Game& g) {
-  if (!MeetsBetRequirement(g) || !WithinRollLimit(g)) return false;
+  if (g.rules.BetRequirement != kNoBetRequired && !MeetsBetRequirement(g)) return false;
+  if (!WithinRollLimit(g)) return false;
   const unsigned seated = SeatedPlayers(g);
   ForEachSeatIn(seated, [&g](int p) { g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p); });
   if (g.roll.LogOn) LogChangesSinceLastRoll(g);
