@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -169,12 +170,13 @@ void CopyStreaksNowToAtRoll(Long* trend) {
 }
 
 // BetAtRoll and BetContract take the real bets, the at-roll streaks their
-// present values. Every id marked (a new call, a script, the events) copies
-// whole rows; otherwise id by id.
+// present values, RailAtRoll the money off the table. Every id marked (a new
+// call, a script, the events) copies whole rows; otherwise id by id.
 void SnapshotAtRoll(Game& g, unsigned seated) {
   RollState& r = g.roll;
   const std::uint32_t upperChanged = r.UpperCellsChangedAtRoll;
   ForEachSeatIn(seated, [&g, &r, upperChanged](int p) {
+    g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
     CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
     const Currency* bets = &g.Bet(p, 0);
@@ -208,18 +210,26 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
     Currency* afterRoll = &g.BetAfterRoll(p, 0);
     const Long* working = &g.BetWorking(p, 0);
     Long* workingAfterRoll = &g.BetWorkingAfterRoll(p, 0);
+    // The working flags are those of ids 1..kLastRealBet (id 0 has none).
     const bool wholeRows = ids == RollState::kEveryBetId;
+    if (wholeRows || ((workingChanged >> p) & 1) != 0) {
+      // A copy of known size between two tables, which the compiler writes
+      // out as vector moves (std::copy would call memmove).
+      std::memcpy(workingAfterRoll + 1, working + 1, kLastRealBet * sizeof(Long));
+    }
     if (wholeRows) {
       std::copy_n(bets, kLastRealBet + 1, afterRoll);
-    } else {
+    } else if (((workingChanged >> p) & 1) != 0) {
       afterRoll[0] = bets[0];
       ids.ForEach([=](int b) { afterRoll[b] = bets[b]; });
+    } else {
+      // A bet and its working flag in one pass over the marked ids.
+      afterRoll[0] = bets[0];
+      (ids & kBetsWithWorkingFlags).ForEach([=](int b) {
+        afterRoll[b] = bets[b];
+        workingAfterRoll[b] = working[b];
+      });
     }
-    // The working flags of ids 1..kLastRealBet (id 0 has none).
-    if (wholeRows || ((workingChanged >> p) & 1) != 0)
-      std::copy(working + 1, working + kLastRealBet + 1, workingAfterRoll + 1);
-    else
-      (ids & kBetsWithWorkingFlags).ForEach([=](int b) { workingAfterRoll[b] = working[b]; });
   });
   r.UpperCellsChangedAfterRoll &= ~seated;
   r.WorkingChangedAfterRoll &= ~seated;
@@ -285,7 +295,8 @@ bool RollOnce(Game& g) {
   if (g.rules.BetRequirement != kNoBetRequired && !MeetsBetRequirement(g)) return false;
   if (!WithinRollLimit(g)) return false;
   const unsigned seated = SeatedPlayers(g);
-  ForEachSeatIn(seated, [&g](int p) { g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p); });
+  // The log of the changes reads the at-roll copies before the snapshot
+  // takes new ones (and reads no RailAtRoll).
   if (g.roll.LogOn) LogChangesSinceLastRoll(g);
   SnapshotAtRoll(g, seated);
   g.PointBeforeLast = g.PointAtRoll;
