@@ -170,12 +170,15 @@ void CopyStreaksNowToAtRoll(Long* trend) {
 }
 
 // BetAtRoll and BetContract take the real bets, the at-roll streaks their
-// present values, RailAtRoll the money off the table. Every id marked (a new
-// call, a script, the events) copies whole rows; otherwise id by id.
+// present values, RailAtRoll the money off the table. A seat with every id
+// marked (a new call, a script, the events: WholeRowsAtRoll) has its rows
+// copied whole; any other id by id.
 void SnapshotAtRoll(Game& g, unsigned seated) {
+  if (seated == 0) return;  // an empty table keeps its marks as they are
   RollState& r = g.roll;
   const std::uint32_t upperChanged = r.UpperCellsChangedAtRoll;
-  ForEachSeatIn(seated, [&g, &r, upperChanged](int p) {
+  const std::uint32_t wholeRows = r.WholeRowsAtRoll;
+  ForEachSeatIn(seated, [&g, &r, upperChanged, wholeRows](int p) {
     g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
     CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
@@ -183,7 +186,7 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
     Currency* atRoll = &g.BetAtRoll(p, 0);
     Currency* contract = &g.BetContract(p, 0);
     Long* trend = &g.BetTrend(p, 0, 0);
-    if (ids == RollState::kEveryBetId) {
+    if (((wholeRows >> p) & 1) != 0) {
       std::copy_n(bets, kLastRealBet + 1, atRoll);
       std::copy_n(bets, kLastRealBet + 1, contract);
       CopyStreaksNowToAtRoll(trend);
@@ -196,14 +199,18 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
     });
   });
   r.UpperCellsChangedAtRoll &= ~seated;
+  r.WholeRowsAtRoll &= ~seated;
 }
 
 // BetAfterRoll takes the bets, BetWorkingAfterRoll the working flags.
 void SnapshotAfterRoll(Game& g, unsigned seated) {
   RollState& r = g.roll;
+  r.ScriptActiveAtRoll = r.ScriptActive;
+  if (seated == 0) return;
   const std::uint32_t upperChanged = r.UpperCellsChangedAfterRoll;
   const std::uint32_t workingChanged = r.WorkingChangedAfterRoll;
-  ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged](int p) {
+  const std::uint32_t wholeRowsMarked = r.WholeRowsAfterRoll;
+  ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged, wholeRowsMarked](int p) {
     CopyUpperCells(g, p, upperChanged, g.BetAfterRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
     const Currency* bets = &g.Bet(p, 0);
@@ -211,7 +218,7 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
     const Long* working = &g.BetWorking(p, 0);
     Long* workingAfterRoll = &g.BetWorkingAfterRoll(p, 0);
     // The working flags are those of ids 1..kLastRealBet (id 0 has none).
-    const bool wholeRows = ids == RollState::kEveryBetId;
+    const bool wholeRows = ((wholeRowsMarked >> p) & 1) != 0;
     if (wholeRows || ((workingChanged >> p) & 1) != 0) {
       // A copy of known size between two tables, which the compiler writes
       // out as vector moves (std::copy would call memmove).
@@ -233,7 +240,7 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
   });
   r.UpperCellsChangedAfterRoll &= ~seated;
   r.WorkingChangedAfterRoll &= ~seated;
-  r.ScriptActiveAtRoll = r.ScriptActive;
+  r.WholeRowsAfterRoll &= ~seated;
 }
 
 // Step 12: the dice, from the first source that applies. False when the
@@ -391,6 +398,8 @@ void MarkSeatRowsChanged(Game& g) {
   r.UpperCellsChangedAtRoll = ~0u;
   r.UpperCellsChangedAfterRoll = ~0u;
   r.BetIdsChanged = RollState::EveryBetIdOfEverySeat();
+  r.WholeRowsAtRoll = ~0u;
+  r.WholeRowsAfterRoll = ~0u;
   r.WorkingChangedAfterRoll = ~0u;
   r.ForgetIdleGraphRows(true);
 }
