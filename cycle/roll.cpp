@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <tuple>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -141,17 +140,6 @@ BetIdSet TakeChangedIds(RollState& r, int p) {
   return ids;
 }
 
-// Calls f(b) for every id b of `ids`, lowest first: BetIdSet::ForEach with
-// its two words written out, which spares a seat with few marks the loop
-// over the words.
-template <class F>
-void ForEachMarkedId(const BetIdSet& ids, F&& f) {
-  static_assert(std::tuple_size_v<decltype(ids.words)> == 2);
-  for (std::uint64_t bits = ids.words[0]; bits != 0; bits &= bits - 1) f(std::countr_zero(bits));
-  for (std::uint64_t bits = ids.words[1]; bits != 0; bits &= bits - 1)
-    f(64 + std::countr_zero(bits));
-}
-
 // Copies Bet(p, kLastRealBet + 1..kLastBetId) into `to` when bit p of
 // `changed` is set.
 template <class Snapshot>
@@ -223,7 +211,7 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
       return;
     }
     atRoll[0] = contract[0] = bets[0];
-    ForEachMarkedId(ids, [=](int b) {
+    ids.ForEach([=](int b) {
       atRoll[b] = contract[b] = bets[b];
       trend[2 * b] = trend[2 * b + 1];
     });
@@ -254,11 +242,11 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
       std::copy_n(bets, kLastRealBet + 1, afterRoll);
     } else if (((workingChanged >> p) & 1) != 0) {
       afterRoll[0] = bets[0];
-      ForEachMarkedId(ids, [=](int b) { afterRoll[b] = bets[b]; });
+      ids.ForEach([=](int b) { afterRoll[b] = bets[b]; });
     } else {
       // A bet and its working flag in one pass over the marked ids.
       afterRoll[0] = bets[0];
-      ForEachMarkedId(ids & kBetsWithWorkingFlags, [=](int b) {
+      (ids & kBetsWithWorkingFlags).ForEach([=](int b) {
         afterRoll[b] = bets[b];
         workingAfterRoll[b] = working[b];
       });
