@@ -21,12 +21,13 @@ struct BetIdSet {
     return ((words[0] & o.words[0]) | (words[1] & o.words[1])) != 0;
   }
   constexpr bool Empty() const { return (words[0] | words[1]) == 0; }
-  // Calls f(b) for every id b of the set, lowest first.
+  // Calls f(b) for every id b of the set, lowest first. The two words are
+  // written out: the compiler keeps a loop over them, which a set of few
+  // ids pays for more than for its ids.
   template <class F>
   void ForEach(F&& f) const {
-    for (std::size_t w = 0; w < words.size(); ++w)
-      for (std::uint64_t bits = words[w]; bits != 0; bits &= bits - 1)
-        f(static_cast<int>(64 * w) + std::countr_zero(bits));
+    for (std::uint64_t bits = words[0]; bits != 0; bits &= bits - 1) f(std::countr_zero(bits));
+    for (std::uint64_t bits = words[1]; bits != 0; bits &= bits - 1) f(64 + std::countr_zero(bits));
   }
 
   friend constexpr BetIdSet operator|(const BetIdSet& a, const BetIdSet& b) {

@@ -58,18 +58,7 @@ void RunHyperDrive(Game& g) {
   RollDice(g);
 }
 
-void NoteHyperDriveRoll(Game& g) {
-  HyperDriveState& h = g.hyper;
-  ++h.RollsThisRun;
-  if (h.RollObserver) h.RollObserver(h.RollObserverContext, g);
-  if (h.RunRollLimit > 0 && h.RollsThisRun >= h.RunRollLimit) g.KeepRolling = false;
-}
-
-namespace {
-
-// The pacing step's work beyond the countdown: the event pump when `pump`,
-// Auto-Stop, and the throttle's spin and delay.
-[[gnu::noinline]] void PaceAndCheck(Game& g, bool pump) {
+void PaceAndCheckHyperDrive(Game& g, bool pump) {
   HyperDriveState& h = g.hyper;
   const std::int32_t throttle = h.HyperThrottle;
   if (pump) {
@@ -90,16 +79,6 @@ namespace {
     SpinRounds(std::llround(static_cast<double>(throttle) * throttle * g.roll.LoopsPerTick));
     if (throttle >= 10) WaitForDelay(g);
   }
-}
-
-}  // namespace
-
-void PaceHyperDrive(Game& g) {
-  HyperDriveState& h = g.hyper;
-  // At full speed without Auto-Stop most rolls only count down to the next pump.
-  const bool pump = h.HyperThrottle > 0 || --h.PaceCountdown <= 0;
-  if (!pump && h.AutoStopRolls.raw <= 0) return;
-  PaceAndCheck(g, pump);
 }
 
 void EndHyperDrive(Game& g) {

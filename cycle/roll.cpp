@@ -49,8 +49,9 @@ const std::string& ShooterName(const Game& g) {
   return g.PlayerName[static_cast<std::size_t>(g.Shooter)];
 }
 
-// Step 6: the bet requirement. False stops the roll (and the run).
-bool MeetsBetRequirement(Game& g) {
+// Step 6: the bet requirement. False stops the roll (and the run). Out of
+// line: the roll calls it only when a rule is set.
+[[gnu::noinline]] bool MeetsBetRequirement(Game& g) {
   const Long rule = g.rules.BetRequirement;
   if (rule == kNoBetRequired) return true;
   if (g.PlayerCount == 0) {
@@ -167,20 +168,43 @@ void CopyStreaksNowToAtRoll(Long* trend) {
 #endif
 }
 
+// Copies the working flags of ids 1..kLastRealBet (id 0 has none). With
+// SSE2 as whole vector moves and the odd flag: a call to memcpy or a string
+// move costs several times as much for a row this short.
+void CopyWorkingFlags(const Long* from, Long* to) {
+#if defined(__SSE2__)
+  static_assert(sizeof(Long) == 4);
+  constexpr int kPerVector = 4, kVectors = kLastRealBet / kPerVector;
+#pragma GCC unroll 21
+  for (int i = 0; i < kVectors; ++i) {
+    const int b = 1 + kPerVector * i;
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to + b),
+                     _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + b)));
+  }
+  for (int b = 1 + kPerVector * kVectors; b <= kLastRealBet; ++b) to[b] = from[b];
+#else
+  std::copy(from + 1, from + kLastRealBet + 1, to + 1);
+#endif
+}
+
 // BetAtRoll and BetContract take the real bets, the at-roll streaks their
-// present values. Every id marked (a new call, a script, the events) copies
-// whole rows; otherwise id by id.
+// present values, RailAtRoll the money off the table. A seat with every id
+// marked (a new call, a script, the events: WholeRowsAtRoll) has its rows
+// copied whole; any other id by id.
 void SnapshotAtRoll(Game& g, unsigned seated) {
+  if (seated == 0) return;  // an empty table keeps its marks as they are
   RollState& r = g.roll;
   const std::uint32_t upperChanged = r.UpperCellsChangedAtRoll;
-  ForEachSeatIn(seated, [&g, &r, upperChanged](int p) {
+  const std::uint32_t wholeRows = r.WholeRowsAtRoll;
+  ForEachSeatIn(seated, [&g, &r, upperChanged, wholeRows](int p) {
+    g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
     CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
     const Currency* bets = &g.Bet(p, 0);
     Currency* atRoll = &g.BetAtRoll(p, 0);
     Currency* contract = &g.BetContract(p, 0);
     Long* trend = &g.BetTrend(p, 0, 0);
-    if (ids == RollState::kEveryBetId) {
+    if (((wholeRows >> p) & 1) != 0) {
       std::copy_n(bets, kLastRealBet + 1, atRoll);
       std::copy_n(bets, kLastRealBet + 1, contract);
       CopyStreaksNowToAtRoll(trend);
@@ -193,36 +217,44 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
     });
   });
   r.UpperCellsChangedAtRoll &= ~seated;
+  r.WholeRowsAtRoll &= ~seated;
 }
 
 // BetAfterRoll takes the bets, BetWorkingAfterRoll the working flags.
 void SnapshotAfterRoll(Game& g, unsigned seated) {
   RollState& r = g.roll;
+  r.ScriptActiveAtRoll = r.ScriptActive;
+  if (seated == 0) return;
   const std::uint32_t upperChanged = r.UpperCellsChangedAfterRoll;
   const std::uint32_t workingChanged = r.WorkingChangedAfterRoll;
-  ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged](int p) {
+  const std::uint32_t wholeRowsMarked = r.WholeRowsAfterRoll;
+  ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged, wholeRowsMarked](int p) {
     CopyUpperCells(g, p, upperChanged, g.BetAfterRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
     const Currency* bets = &g.Bet(p, 0);
     Currency* afterRoll = &g.BetAfterRoll(p, 0);
     const Long* working = &g.BetWorking(p, 0);
     Long* workingAfterRoll = &g.BetWorkingAfterRoll(p, 0);
-    const bool wholeRows = ids == RollState::kEveryBetId;
+    // The working flags are those of ids 1..kLastRealBet (id 0 has none).
+    const bool wholeRows = ((wholeRowsMarked >> p) & 1) != 0;
+    if (wholeRows || ((workingChanged >> p) & 1) != 0) CopyWorkingFlags(working, workingAfterRoll);
     if (wholeRows) {
       std::copy_n(bets, kLastRealBet + 1, afterRoll);
-    } else {
+    } else if (((workingChanged >> p) & 1) != 0) {
       afterRoll[0] = bets[0];
       ids.ForEach([=](int b) { afterRoll[b] = bets[b]; });
+    } else {
+      // A bet and its working flag in one pass over the marked ids.
+      afterRoll[0] = bets[0];
+      (ids & kBetsWithWorkingFlags).ForEach([=](int b) {
+        afterRoll[b] = bets[b];
+        workingAfterRoll[b] = working[b];
+      });
     }
-    // The working flags of ids 1..kLastRealBet (id 0 has none).
-    if (wholeRows || ((workingChanged >> p) & 1) != 0)
-      std::copy(working + 1, working + kLastRealBet + 1, workingAfterRoll + 1);
-    else
-      (ids & kBetsWithWorkingFlags).ForEach([=](int b) { workingAfterRoll[b] = working[b]; });
   });
   r.UpperCellsChangedAfterRoll &= ~seated;
   r.WorkingChangedAfterRoll &= ~seated;
-  r.ScriptActiveAtRoll = r.ScriptActive;
+  r.WholeRowsAfterRoll &= ~seated;
 }
 
 // Step 12: the dice, from the first source that applies. False when the
@@ -281,9 +313,11 @@ void KeepBankrollRecords(Game& g, unsigned seated) {
 
 // Steps 6 to 27: one roll. Returns false when a check stopped it before the dice.
 bool RollOnce(Game& g) {
-  if (!MeetsBetRequirement(g) || !WithinRollLimit(g)) return false;
+  if (g.rules.BetRequirement != kNoBetRequired && !MeetsBetRequirement(g)) return false;
+  if (!WithinRollLimit(g)) return false;
   const unsigned seated = SeatedPlayers(g);
-  ForEachSeatIn(seated, [&g](int p) { g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p); });
+  // The log of the changes reads the at-roll copies before the snapshot
+  // takes new ones (and reads no RailAtRoll).
   if (g.roll.LogOn) LogChangesSinceLastRoll(g);
   SnapshotAtRoll(g, seated);
   g.PointBeforeLast = g.PointAtRoll;
@@ -378,6 +412,8 @@ void MarkSeatRowsChanged(Game& g) {
   r.UpperCellsChangedAtRoll = ~0u;
   r.UpperCellsChangedAfterRoll = ~0u;
   r.BetIdsChanged = RollState::EveryBetIdOfEverySeat();
+  r.WholeRowsAtRoll = ~0u;
+  r.WholeRowsAfterRoll = ~0u;
   r.WorkingChangedAfterRoll = ~0u;
   r.ForgetIdleGraphRows(true);
 }

@@ -33,18 +33,23 @@ void init_by_array(MtState& s, const std::uint32_t* key, int keyLength);
 // The second Mersenne Twister's seeding.
 void srandMT(MtState& s, std::uint32_t seed);
 
+// The twister's tempering of one state word into an output word.
+constexpr std::uint32_t kMtTemperB = 0x9d2c5680u, kMtTemperC = 0xefc60000u;
+inline std::uint32_t TemperMt(std::uint32_t y) {
+  y ^= y >> 11;
+  y ^= (y << 7) & kMtTemperB;
+  y ^= (y << 15) & kMtTemperC;
+  y ^= y >> 18;
+  return y;
+}
+
 // Next tempered 32-bit word; a never-seeded first twister seeds with 5489.
 inline std::uint32_t genrand_int32(MtState& s) {
   if (s.mti >= kMtWords) [[unlikely]] {
     if (s.mti == kMtWords + 1) init_genrand(s, 5489u);
     RegenerateMt(s);
   }
-  std::uint32_t y = s.mt[s.mti++];
-  y ^= y >> 11;
-  y ^= (y << 7) & 0x9d2c5680u;
-  y ^= (y << 15) & 0xefc60000u;
-  y ^= y >> 18;
-  return y;
+  return TemperMt(s.mt[s.mti++]);
 }
 
 // A double in [0, 1) with 32-bit resolution.

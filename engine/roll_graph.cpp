@@ -1,6 +1,8 @@
 // The bankroll graph's history, kept by the roll: one column per roll for
 // each player, a page of 525 columns, and the previous page in columns
 // 526..1050. A full page either starts a new page or scrolls by one column.
+#include <algorithm>
+
 #include "core/game.h"
 #include "core/platform.h"
 #include "core/seat_set.h"
@@ -34,7 +36,9 @@ void AddColumn(Game& g, int p, int count) {
   ForEachSeatIn(open, [&g, &idle](int p) {
     if (!g.Bet(p, 0).IsZero() || g.GraphHigh(p) < Currency{} || g.GraphLow(p) > Currency{}) return;
     std::int64_t any = 0;
-    for (const Currency c : g.GraphBankroll.Span(p, 1, kGraphColumns)) any |= c.raw;
+    // By reference: a copy of each cell keeps the loop from running two
+    // cells at a time.
+    for (const Currency& c : g.GraphBankroll.Span(p, 1, kGraphColumns)) any |= c.raw;
     if (any == 0) idle |= 1u << p;
   });
   return idle;
@@ -45,8 +49,9 @@ void StartNewPage(Game& g) {
   for (int p = 1; p <= 8; ++p) {
     g.GraphBankroll(p, 0) = rolls;
     RestartRange(g, p);
-    for (int k = 1; k <= kGraphColumns; ++k)
-      g.GraphBankroll(p, k + kGraphColumns) = g.GraphBankroll(p, k);
+    // The page becomes the previous page, columns 1.. to kGraphColumns + 1..
+    const auto page = g.GraphBankroll.Span(p, 1, kGraphColumns);
+    std::copy(page.begin(), page.end(), &g.GraphBankroll(p, kGraphColumns + 1));
   }
   g.GraphRollCount = 0;
   g.platform->RequestRedraw(Redraw::Graph);
@@ -71,6 +76,11 @@ void ScrollByOne(Game& g) {
   g.GraphRollCount = kGraphColumns - 1;
 }
 
+// A full page (GraphRollCount at kGraphColumns) is due for the auto-print.
+void NoteFullPage(Game& g) {
+  if (g.GraphRollCount == kGraphColumns && g.roll.GraphAutoPrint) g.roll.GraphPrintDue = true;
+}
+
 // A full page: a new page or a scroll moves every seat's columns (an idle
 // seat's stay 0), then the roll's column. Out of line: once in a page.
 [[gnu::noinline]] void TurnPage(Game& g) {
@@ -81,6 +91,36 @@ void ScrollByOne(Game& g) {
     ScrollByOne(g);
   const int count = ++g.GraphRollCount;
   for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, count) = g.Bet(p, 0);
+  NoteFullPage(g);
+}
+
+// The roll's column for every seat but the idle ones among `open`.
+inline void AddRollColumn(Game& g, unsigned open) {
+  RollState& r = g.roll;
+  r.GraphIdleSeats &= open;
+  if (g.GraphRollCount >= kGraphColumns) {
+    TurnPage(g);
+    return;
+  }
+  // The page has room: widen the range and add the column in one sweep,
+  // passing over the idle seats.
+  const int count = ++g.GraphRollCount;
+  if (r.GraphIdleSeats == 0) {
+    for (int p = 1; p <= 8; ++p) AddColumn(g, p, count);
+  } else {
+    ForEachSeatIn(kEverySeat & ~r.GraphIdleSeats, [&g, count](int p) { AddColumn(g, p, count); });
+  }
+  // With the graph on screen and its average shown, the view's moving
+  // average fills GraphTrend(p, count) here.
+  NoteFullPage(g);
+}
+
+// The same after looking the open seats over for idle ones. Out of line,
+// so that the usual step needs no frame.
+[[gnu::noinline]] void FindIdleSeatsThenAddColumn(Game& g, unsigned open) {
+  g.roll.GraphIdleSeats = FindIdleSeats(g, open);
+  g.roll.GraphIdleFound = true;
+  AddRollColumn(g, open);
 }
 
 }  // namespace
@@ -92,28 +132,10 @@ void ShiftGraphHistory(Game& g) {
 }
 
 void ShiftGraphHistory(Game& g, unsigned seated) {
-  RollState& r = g.roll;
-  seated &= kEverySeat;
   const unsigned open = kEverySeat & ~seated;
-  if (!r.GraphIdleFound && g.HyperDrive) {
-    r.GraphIdleSeats = FindIdleSeats(g, open);
-    r.GraphIdleFound = true;
+  if (!g.roll.GraphIdleFound && g.HyperDrive) [[unlikely]] {
+    FindIdleSeatsThenAddColumn(g, open);
+    return;
   }
-  r.GraphIdleSeats &= open;
-  if (g.GraphRollCount < kGraphColumns) {
-    // The page has room: widen the range and add the column in one sweep,
-    // passing over the idle seats.
-    const int count = ++g.GraphRollCount;
-    if (r.GraphIdleSeats == 0) {
-      for (int p = 1; p <= 8; ++p) AddColumn(g, p, count);
-    } else {
-      ForEachSeatIn(kEverySeat & ~r.GraphIdleSeats, [&g, count](int p) { AddColumn(g, p, count); });
-    }
-  } else {
-    TurnPage(g);
-  }
-  const int count = g.GraphRollCount;
-  // With the graph on screen and its average shown, the view's moving
-  // average fills GraphTrend(p, count) here.
-  if (count == kGraphColumns && g.roll.GraphAutoPrint) g.roll.GraphPrintDue = true;
+  AddRollColumn(g, open);
 }

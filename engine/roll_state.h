@@ -93,6 +93,11 @@ struct RollState {
   std::array<BetIdSet, 9> BetIdsChangedBefore = EveryBetIdOfEverySeat();
   // Seats (bit p) whose whole BetWorking row may differ from BetWorkingAfterRoll.
   std::uint32_t WorkingChangedAfterRoll = ~0u;
+  // Seats (bit p) whose every real bet id is marked (MarkSeatRowsChanged):
+  // the at-roll and the after-roll snapshot copy their rows whole, by a
+  // bit test rather than a test of the two-word sets.
+  std::uint32_t WholeRowsAtRoll = ~0u;
+  std::uint32_t WholeRowsAfterRoll = ~0u;
 
   // Notes that a cell of real bet b of seat p changed (see above).
   void MarkBetChanged(int p, int b) { BetIdsChanged[static_cast<std::size_t>(p)].Add(b); }

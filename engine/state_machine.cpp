@@ -50,9 +50,8 @@ void LogPass(Game& g, std::string_view line) {
   if (g.roll.LogOn && g.roll.LogPasses) WriteEventLine(g, line);
 }
 
-}  // namespace
-
-void AdvanceStateMachine(Game& g) {
+// The state machine on a come-out roll, a point made or a seven-out.
+[[gnu::noinline]] void AdvanceOnComeoutOrDecision(Game& g) {
   const int total = g.DiceTotal;
   const bool comeout = g.Point == 0;
   if (total == g.Point) {
@@ -108,4 +107,13 @@ void AdvanceStateMachine(Game& g) {
     ForHandFrames(g, [&](int i) { g.TotalsTally(i, total, 1) += 1; });
     RaiseHandRecord(g, g.MostComeoutHand, g.ComeoutsThisHand);
   }
+}
+
+}  // namespace
+
+void AdvanceStateMachine(Game& g) {
+  // With a point on, a roll that is neither the point nor a seven changes
+  // nothing; most such rolls leave here, before any frame.
+  if (g.Point != 0 && g.DiceTotal != g.Point && g.DiceTotal != 7) return;
+  AdvanceOnComeoutOrDecision(g);
 }
