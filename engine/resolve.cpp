@@ -585,23 +585,64 @@ void ResetWorkingFlags(Game& g) {
   ResetWorkingFlags(g, SeatedPlayers(g));
 }
 
+namespace {
+
+// The working flags of ids 1..85 as whole vectors of four and a tail.
+constexpr std::size_t kFlagsPerVector = 4;
+constexpr std::size_t kFlagVectors = kLastRealBet / kFlagsPerVector;
+static_assert(sizeof(Long) * kFlagsPerVector == 16);
+
+// A flag that is off (0) comes on (1); the others stay.
+void TurnOffFlagsOn(std::span<Long, kLastRealBet> working) {
+  std::size_t i = 0;
+#if defined(__SSE2__)
+  // w - (w == 0 ? -1 : 0), four flags a vector; unrolled so that the loop's
+  // own count and jump are shared by a few vectors.
+  const __m128i zero = _mm_setzero_si128();
+#pragma GCC unroll 7
+  for (std::size_t v = 0; v < kFlagVectors; ++v, i += kFlagsPerVector) {
+    auto* at = reinterpret_cast<__m128i*>(&working[i]);
+    const __m128i w = _mm_loadu_si128(at);
+    _mm_storeu_si128(at, _mm_sub_epi32(w, _mm_cmpeq_epi32(w, zero)));
+  }
+#endif
+  for (; i < working.size(); ++i) working[i] += Long{working[i] == 0};
+}
+
+// A flag the player called (on: 2, off: -1) stays; the others go back to their defaults.
+void RestoreFlagDefaults(std::span<Long, kLastRealBet> working,
+                         std::span<const Long, kLastRealBet> defaults) {
+  constexpr Long kCalledOn = 2, kCalledOff = -1;
+  std::size_t i = 0;
+#if defined(__SSE2__)
+  const __m128i on = _mm_set1_epi32(kCalledOn), off = _mm_set1_epi32(kCalledOff);
+#pragma GCC unroll 7
+  for (std::size_t v = 0; v < kFlagVectors; ++v, i += kFlagsPerVector) {
+    auto* at = reinterpret_cast<__m128i*>(&working[i]);
+    const __m128i w = _mm_loadu_si128(at);
+    const __m128i d = _mm_loadu_si128(reinterpret_cast<const __m128i*>(&defaults[i]));
+    const __m128i called = _mm_or_si128(_mm_cmpeq_epi32(w, on), _mm_cmpeq_epi32(w, off));
+    _mm_storeu_si128(at, _mm_or_si128(_mm_and_si128(called, w), _mm_andnot_si128(called, d)));
+  }
+#endif
+  for (; i < working.size(); ++i) {
+    const Long w = working[i];
+    working[i] = (w == kCalledOn || w == kCalledOff) ? w : defaults[i];
+  }
+}
+
+}  // namespace
+
 void ResetWorkingFlags(Game& g, unsigned seated) {
   const bool pointOn = g.Point > 0;
   ForEachSeatIn(seated, [&g, pointOn](int p) {
     // The flags of ids 1..85, a count known here so that the loops compile
     // to straight runs of vectors.
     const std::span<Long, kLastRealBet> working{&g.BetWorking(p, 1), kLastRealBet};
-    const std::span<const Long, kLastRealBet> defaults{&g.BetWorkingDefault(p, 1), kLastRealBet};
-    // Arithmetic and selects rather than branches, so that the loops run on
-    // whole vectors.
-    if (pointOn) {
-      for (Long& w : working) w += Long{w == 0};  // off (0) becomes on (1)
-    } else {
-      for (std::size_t i = 0; i < working.size(); ++i) {
-        const Long w = working[i], d = defaults[i];  // both read: no branch on a load
-        const bool called = (w == 2) | (w == -1);
-        working[i] = called ? w : d;
-      }
-    }
+    if (pointOn)
+      TurnOffFlagsOn(working);
+    else
+      RestoreFlagDefaults(working, std::span<const Long, kLastRealBet>{
+                                       &g.BetWorkingDefault(p, 1), kLastRealBet});
   });
 }
