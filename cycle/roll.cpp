@@ -176,6 +176,8 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
   ForEachSeatIn(seated, [&g, &r, upperChanged](int p) {
     CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
+    r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] =
+        r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] | ids;
     const Currency* bets = &g.Bet(p, 0);
     Currency* atRoll = &g.BetAtRoll(p, 0);
     Currency* contract = &g.BetContract(p, 0);
@@ -203,6 +205,8 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
   ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged](int p) {
     CopyUpperCells(g, p, upperChanged, g.BetAfterRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
+    r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] =
+        r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] | ids;
     const Currency* bets = &g.Bet(p, 0);
     Currency* afterRoll = &g.BetAfterRoll(p, 0);
     const Long* working = &g.BetWorking(p, 0);
@@ -308,7 +312,7 @@ bool RollOnce(Game& g) {
   TallyHandAndRoll(g);
   TallyRollEvents(g);
   AdvanceStateMachine(g);
-  DecideBets(g);
+  DecideRolledBets(g, seated);
 
   if (g.Point != g.PointAtRoll) {
     ResetWorkingFlags(g, seated);

@@ -166,31 +166,110 @@ unsigned NonZeroCells8(const Currency* cell) {
   d.held.Add(b);
 }
 
-// Who holds each bet the roll can decide, among the seats with bets. A
-// seven decides every bet, so it looks at every block; another roll looks
-// at the blocks from the Don't Come box up and, below them, at the Come box,
-// the line bets on a come-out that decides them or at the point, and the
-// bets of the box number rolled.
+// What the roll can decide beside the bets from the Don't Come box up: a
+// seven decides every bet; another roll the Come box, the line bets on a
+// come-out that decides them or at the point, and the bets of the box
+// number rolled.
+struct RollReach {
+  explicit RollReach(const Game& g)
+      : t(g.DiceTotal),
+        seven(t == 7),
+        box(IsBoxNumber(t)),
+        lineBets(t == g.PointAtRoll || (g.PointAtRoll == 0 && !box)) {}
+  int t;
+  bool seven, box, lineBets;
+};
+
+// Adds `bit` (a seat) to the holders of each bet of `bets` the roll can decide.
+void NoteSeatBets(Deciding& d, const RollReach& roll, const Currency* bets, unsigned bit) {
+  if (roll.seven) {
+    for (int block = 0; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
+    return;
+  }
+  for (int block = kFirstEveryRollBlock; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
+  NoteBet(d, bets, bet::kCome, bit);
+  if (roll.lineBets)
+    for (int b : {bet::kPassLine, bet::kPassLineOdds, bet::kDontPass, bet::kDontPassOdds})
+      NoteBet(d, bets, b, bit);
+  if (roll.box)
+    for (int b : kBoxBets[static_cast<std::size_t>(roll.t)]) NoteBet(d, bets, b, bit);
+}
+
+// Who holds each bet the roll can decide, among the seats with bets.
 void NoteBetsOnTable(Deciding& d, unsigned seats) {
-  const Game& g = d.g;
-  const int t = g.DiceTotal;
-  const bool seven = t == 7, box = IsBoxNumber(t);
-  const bool lineBets = t == g.PointAtRoll || (g.PointAtRoll == 0 && !box);
+  const RollReach roll(d.g);
+  for (; seats != 0; seats &= seats - 1) {
+    const int seat = std::countr_zero(seats);
+    NoteSeatBets(d, roll, &d.g.Bet(PlayerOfSeat(seat + 1), 0), 1u << seat);
+  }
+}
+
+// The real bets 1..85.
+constexpr BetIdSet kRealBets = BetIdRange(1, kLastRealBet);
+
+// The ids NoteSeatBets looks at, as a set: by total 2..12 and whether the
+// roll decides the line bets.
+constexpr auto kReachOfRoll = [] {
+  std::array<std::array<BetIdSet, 2>, 13> reach{};
+  for (int t = 2; t <= 12; ++t)
+    for (int line = 0; line <= 1; ++line) {
+      BetIdSet& s = reach[static_cast<std::size_t>(t)][static_cast<std::size_t>(line)];
+      if (t == 7) {
+        s = kRealBets;
+        continue;
+      }
+      s = BetIdRange(bet::kDontCome, kLastRealBet);
+      s.Add(bet::kCome);
+      if (line != 0)
+        for (int b : {bet::kPassLine, bet::kPassLineOdds, bet::kDontPass, bet::kDontPassOdds})
+          s.Add(b);
+      if (IsBoxNumber(t))
+        for (int b : kBoxBets[static_cast<std::size_t>(t)]) s.Add(b);
+    }
+  return reach;
+}();
+
+// Brings the held bets of player p up to date: the cells of the ids the
+// at-roll snapshots took since the last look, and of those marked since.
+void RefreshHeldBets(Game& g, int p) {
+  RollState& r = g.roll;
+  const auto slot = static_cast<std::size_t>(p);
+  const BetIdSet look = (r.BetIdsTakenAtRoll[slot] | r.BetIdsChanged[slot]) & kRealBets;
+  r.BetIdsTakenAtRoll[slot] = {};
+  if (look.Empty()) return;
+  const Currency* bets = &g.Bet(p, 0);
+  BetIdSet found;
+  if (look == kRealBets) {
+    for (int block = 0; block < kBlocks; ++block)
+      found.AddBlock(block * kBlock,
+                     NonZeroCells8(bets + block * kBlock) & kRealIds[static_cast<std::size_t>(block)]);
+  } else {
+    look.ForEach([&found, bets](int b) {
+      if (!bets[b].IsZero()) found.Add(b);
+    });
+  }
+  BetIdSet& held = r.HeldBetIds[slot];
+  for (std::size_t w = 0; w < held.words.size(); ++w)
+    held.words[w] = (held.words[w] & ~look.words[w]) | found.words[w];
+}
+
+// NoteBetsOnTable from the held bets of the seated players (bit p for
+// player p); a seat with bets outside them is looked at cell by cell.
+void NoteHeldBets(Deciding& d, unsigned seats, unsigned seated) {
+  const RollReach roll(d.g);
+  const BetIdSet reach =
+      kReachOfRoll[static_cast<std::size_t>(roll.t)][static_cast<std::size_t>(roll.lineBets)];
   for (; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats);
     const unsigned bit = 1u << seat;
-    const Currency* bets = &g.Bet(PlayerOfSeat(seat + 1), 0);
-    if (seven) {
-      for (int block = 0; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
+    const int p = PlayerOfSeat(seat + 1);
+    if (((seated >> p) & 1u) == 0) {
+      NoteSeatBets(d, roll, &d.g.Bet(p, 0), bit);
       continue;
     }
-    for (int block = kFirstEveryRollBlock; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
-    NoteBet(d, bets, bet::kCome, bit);
-    if (lineBets)
-      for (int b : {bet::kPassLine, bet::kPassLineOdds, bet::kDontPass, bet::kDontPassOdds})
-        NoteBet(d, bets, b, bit);
-    if (box)
-      for (int b : kBoxBets[static_cast<std::size_t>(t)]) NoteBet(d, bets, b, bit);
+    const BetIdSet held = d.g.roll.HeldBetIds[static_cast<std::size_t>(p)] & reach;
+    d.held = d.held | held;
+    held.ForEach([&d, bit](int b) { d.holders[static_cast<std::size_t>(b)] |= bit; });
   }
 }
 
@@ -530,6 +609,14 @@ void DecideBets(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
   Deciding d{g};
   if (const unsigned seats = SeatsWithBets(g); seats != 0) NoteBetsOnTable(d, seats);
+  RunPasses(d);
+}
+
+void DecideRolledBets(Game& g, unsigned seated) {
+  g.autoplay.WinLossHeadWritten = false;
+  ForEachSeatIn(seated, [&g](int p) { RefreshHeldBets(g, p); });
+  Deciding d{g};
+  if (const unsigned seats = SeatsWithBets(g); seats != 0) NoteHeldBets(d, seats, seated);
   RunPasses(d);
 }
 

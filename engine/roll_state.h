@@ -93,6 +93,13 @@ struct RollState {
   std::array<BetIdSet, 9> BetIdsChangedBefore = EveryBetIdOfEverySeat();
   // Seats (bit p) whose whole BetWorking row may differ from BetWorkingAfterRoll.
   std::uint32_t WorkingChangedAfterRoll = ~0u;
+  // Per seat, the ids the at-roll snapshots have taken (every id that
+  // changed since the seat's decisions last looked) and, as those decisions
+  // began, the real bets 1..85 with money on them: the roll's decisions
+  // (DecideRolledBets) look again only at the ids taken since, not at
+  // every cell of every seat.
+  std::array<BetIdSet, 9> BetIdsTakenAtRoll = EveryBetIdOfEverySeat();
+  std::array<BetIdSet, 9> HeldBetIds{};
 
   // Notes that a cell of real bet b of seat p changed (see above).
   void MarkBetChanged(int p, int b) { BetIdsChanged[static_cast<std::size_t>(p)].Add(b); }
