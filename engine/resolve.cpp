@@ -414,15 +414,23 @@ void LosersPass(Deciding& d) {
   if (d.held.Meets(kOneRollBets)) OneRollLosers(d);
 }
 
-void PointMade(Deciding& d) {
-  Game& g = d.g;
-  if (g.DiceTotal != g.PointAtRoll || !IsBoxNumber(g.DiceTotal)) return;
-  FlatWithOdds(d, kWins, bet::kPassLine, kOddsWins, bet::kPassLineOdds);
+bool IsPointMade(const Game& g) {
+  return g.DiceTotal == g.PointAtRoll && IsBoxNumber(g.DiceTotal);
+}
+
+// Counts the point just made among the hand's points made.
+void CountPointMade(Game& g) {
   const int bit = 1 << BoxIndex(g.DiceTotal);
   if ((g.PointsMadeMask & bit) == 0) {
     g.PointsMadeMask |= bit;
     ++g.PointsMade;
   }
+}
+
+void PointMade(Deciding& d) {
+  if (!IsPointMade(d.g)) return;
+  FlatWithOdds(d, kWins, bet::kPassLine, kOddsWins, bet::kPassLineOdds);
+  CountPointMade(d.g);
 }
 
 // Winners of box number n: the Come point with its odds, Place, Buy.
@@ -588,14 +596,17 @@ void ExtendTrend(Long& trend, bool won) {
 
 namespace {
 
-// The passes over the bets of `d`; with nothing the roll can decide on the
-// table, only the points made and the hand's end at a seven-out have
-// anything to do.
+// With nothing the roll can decide on the table, only the points made and
+// the hand's end at a seven-out have anything to do.
+void DecideNothingHeld(Game& g) {
+  if (IsPointMade(g)) CountPointMade(g);
+  if (g.DiceTotal == 7 && g.PointAtRoll > 0) EndHand(g);
+}
+
+// The passes over the bets of `d`.
 void RunPasses(Deciding& d) {
-  Game& g = d.g;
   if (d.held.Empty()) {
-    PointMade(d);
-    if (g.DiceTotal == 7 && g.PointAtRoll > 0) EndHand(g);
+    DecideNothingHeld(d.g);
     return;
   }
   LosersPass(d);
@@ -607,16 +618,26 @@ void RunPasses(Deciding& d) {
 
 void DecideBets(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
+  const unsigned seats = SeatsWithBets(g);
+  if (seats == 0) {
+    DecideNothingHeld(g);
+    return;
+  }
   Deciding d{g};
-  if (const unsigned seats = SeatsWithBets(g); seats != 0) NoteBetsOnTable(d, seats);
+  NoteBetsOnTable(d, seats);
   RunPasses(d);
 }
 
 void DecideRolledBets(Game& g, unsigned seated) {
   g.autoplay.WinLossHeadWritten = false;
   ForEachSeatIn(seated, [&g](int p) { RefreshHeldBets(g, p); });
+  const unsigned seats = SeatsWithBets(g);
+  if (seats == 0) {
+    DecideNothingHeld(g);
+    return;
+  }
   Deciding d{g};
-  if (const unsigned seats = SeatsWithBets(g); seats != 0) NoteHeldBets(d, seats, seated);
+  NoteHeldBets(d, seats, seated);
   RunPasses(d);
 }
 
