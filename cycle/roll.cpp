@@ -205,8 +205,6 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
   ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged](int p) {
     CopyUpperCells(g, p, upperChanged, g.BetAfterRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
-    r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] =
-        r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] | ids;
     const Currency* bets = &g.Bet(p, 0);
     Currency* afterRoll = &g.BetAfterRoll(p, 0);
     const Long* working = &g.BetWorking(p, 0);
