@@ -229,33 +229,46 @@ constexpr auto kReachOfRoll = [] {
   return reach;
 }();
 
-// Brings the held bets of player p up to date: the cells of the ids the
-// at-roll snapshots took since the last look, and of those marked since.
-void RefreshHeldBets(Game& g, int p) {
+// Brings the held bets of player p up to date from the ids the at-roll
+// snapshots took since the last look, and those marked since; false when
+// they are not known this roll. When every id was marked (a new call, a
+// script run, the events) the seat is read cell by cell this once, as
+// cheaply as before, and its held bets are read whole at the next roll that
+// marks fewer: a script that runs after every roll costs no more than that.
+bool RefreshHeldBets(Game& g, int p) {
   RollState& r = g.roll;
   const auto slot = static_cast<std::size_t>(p);
+  const std::uint32_t bit = 1u << p;
   const BetIdSet look = (r.BetIdsTakenAtRoll[slot] | r.BetIdsChanged[slot]) & kRealBets;
   r.BetIdsTakenAtRoll[slot] = {};
-  if (look.Empty()) return;
-  const Currency* bets = &g.Bet(p, 0);
-  BetIdSet found;
+  const bool unknown = (r.HeldBetIdsUnknown & bit) != 0;
+  if (!unknown && look.Empty()) return true;
   if (look == kRealBets) {
-    for (int block = 0; block < kBlocks; ++block)
-      found.AddBlock(block * kBlock,
-                     NonZeroCells8(bets + block * kBlock) & kRealIds[static_cast<std::size_t>(block)]);
-  } else {
-    look.ForEach([&found, bets](int b) {
-      if (!bets[b].IsZero()) found.Add(b);
-    });
+    r.HeldBetIdsUnknown |= bit;
+    return false;
   }
+  const Currency* bets = &g.Bet(p, 0);
   BetIdSet& held = r.HeldBetIds[slot];
+  if (unknown) {
+    r.HeldBetIdsUnknown &= ~bit;
+    held = {};
+    for (int block = 0; block < kBlocks; ++block)
+      held.AddBlock(block * kBlock,
+                    NonZeroCells8(bets + block * kBlock) & kRealIds[static_cast<std::size_t>(block)]);
+    return true;
+  }
+  BetIdSet found;
+  look.ForEach([&found, bets](int b) {
+    if (!bets[b].IsZero()) found.Add(b);
+  });
   for (std::size_t w = 0; w < held.words.size(); ++w)
     held.words[w] = (held.words[w] & ~look.words[w]) | found.words[w];
+  return true;
 }
 
-// NoteBetsOnTable from the held bets of the seated players (bit p for
-// player p); a seat with bets outside them is looked at cell by cell.
-void NoteHeldBets(Deciding& d, unsigned seats, unsigned seated) {
+// NoteBetsOnTable from the held bets of the players `known` (bit p for
+// player p); any other seat with bets is looked at cell by cell.
+void NoteHeldBets(Deciding& d, unsigned seats, unsigned known) {
   const RollReach roll(d.g);
   const BetIdSet reach =
       kReachOfRoll[static_cast<std::size_t>(roll.t)][static_cast<std::size_t>(roll.lineBets)];
@@ -263,7 +276,7 @@ void NoteHeldBets(Deciding& d, unsigned seats, unsigned seated) {
     const int seat = std::countr_zero(seats);
     const unsigned bit = 1u << seat;
     const int p = PlayerOfSeat(seat + 1);
-    if (((seated >> p) & 1u) == 0) {
+    if (((known >> p) & 1u) == 0) {
       NoteSeatBets(d, roll, &d.g.Bet(p, 0), bit);
       continue;
     }
@@ -630,14 +643,17 @@ void DecideBets(Game& g) {
 
 void DecideRolledBets(Game& g, unsigned seated) {
   g.autoplay.WinLossHeadWritten = false;
-  ForEachSeatIn(seated, [&g](int p) { RefreshHeldBets(g, p); });
+  unsigned known = 0;
+  ForEachSeatIn(seated, [&g, &known](int p) {
+    if (RefreshHeldBets(g, p)) known |= 1u << p;
+  });
   const unsigned seats = SeatsWithBets(g);
   if (seats == 0) {
     DecideNothingHeld(g);
     return;
   }
   Deciding d{g};
-  NoteHeldBets(d, seats, seated);
+  NoteHeldBets(d, seats, known);
   RunPasses(d);
 }
 
