@@ -200,6 +200,8 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
     g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
     CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
     const BetIdSet ids = TakeChangedIds(r, p);
+    r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] =
+        r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] | ids;
     const Currency* bets = &g.Bet(p, 0);
     Currency* atRoll = &g.BetAtRoll(p, 0);
     Currency* contract = &g.BetContract(p, 0);
@@ -342,7 +344,7 @@ bool RollOnce(Game& g) {
   TallyHandAndRoll(g);
   TallyRollEvents(g);
   AdvanceStateMachine(g);
-  DecideBets(g);
+  DecideRolledBets(g, seated);
 
   if (g.Point != g.PointAtRoll) {
     ResetWorkingFlags(g, seated);

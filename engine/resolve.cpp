@@ -166,31 +166,123 @@ unsigned NonZeroCells8(const Currency* cell) {
   d.held.Add(b);
 }
 
-// Who holds each bet the roll can decide, among the seats with bets. A
-// seven decides every bet, so it looks at every block; another roll looks
-// at the blocks from the Don't Come box up and, below them, at the Come box,
-// the line bets on a come-out that decides them or at the point, and the
-// bets of the box number rolled.
+// What the roll can decide beside the bets from the Don't Come box up: a
+// seven decides every bet; another roll the Come box, the line bets on a
+// come-out that decides them or at the point, and the bets of the box
+// number rolled.
+struct RollReach {
+  explicit RollReach(const Game& g)
+      : t(g.DiceTotal),
+        seven(t == 7),
+        box(IsBoxNumber(t)),
+        lineBets(t == g.PointAtRoll || (g.PointAtRoll == 0 && !box)) {}
+  int t;
+  bool seven, box, lineBets;
+};
+
+// Adds `bit` (a seat) to the holders of each bet of `bets` the roll can decide.
+void NoteSeatBets(Deciding& d, const RollReach& roll, const Currency* bets, unsigned bit) {
+  if (roll.seven) {
+    for (int block = 0; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
+    return;
+  }
+  for (int block = kFirstEveryRollBlock; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
+  NoteBet(d, bets, bet::kCome, bit);
+  if (roll.lineBets)
+    for (int b : {bet::kPassLine, bet::kPassLineOdds, bet::kDontPass, bet::kDontPassOdds})
+      NoteBet(d, bets, b, bit);
+  if (roll.box)
+    for (int b : kBoxBets[static_cast<std::size_t>(roll.t)]) NoteBet(d, bets, b, bit);
+}
+
+// Who holds each bet the roll can decide, among the seats with bets.
 void NoteBetsOnTable(Deciding& d, unsigned seats) {
-  const Game& g = d.g;
-  const int t = g.DiceTotal;
-  const bool seven = t == 7, box = IsBoxNumber(t);
-  const bool lineBets = t == g.PointAtRoll || (g.PointAtRoll == 0 && !box);
+  const RollReach roll(d.g);
+  for (; seats != 0; seats &= seats - 1) {
+    const int seat = std::countr_zero(seats);
+    NoteSeatBets(d, roll, &d.g.Bet(PlayerOfSeat(seat + 1), 0), 1u << seat);
+  }
+}
+
+// The real bets 1..85.
+constexpr BetIdSet kRealBets = BetIdRange(1, kLastRealBet);
+
+// The ids NoteSeatBets looks at, as a set: by total 2..12 and whether the
+// roll decides the line bets.
+constexpr auto kReachOfRoll = [] {
+  std::array<std::array<BetIdSet, 2>, 13> reach{};
+  for (int t = 2; t <= 12; ++t)
+    for (int line = 0; line <= 1; ++line) {
+      BetIdSet& s = reach[static_cast<std::size_t>(t)][static_cast<std::size_t>(line)];
+      if (t == 7) {
+        s = kRealBets;
+        continue;
+      }
+      s = BetIdRange(bet::kDontCome, kLastRealBet);
+      s.Add(bet::kCome);
+      if (line != 0)
+        for (int b : {bet::kPassLine, bet::kPassLineOdds, bet::kDontPass, bet::kDontPassOdds})
+          s.Add(b);
+      if (IsBoxNumber(t))
+        for (int b : kBoxBets[static_cast<std::size_t>(t)]) s.Add(b);
+    }
+  return reach;
+}();
+
+// Brings the held bets of player p up to date from the ids the at-roll
+// snapshots took since the last look, and those marked since; false when
+// they are not known this roll. When every id was marked (a new call, a
+// script run, the events) the seat is read cell by cell this once, as
+// cheaply as before, and its held bets are read whole at the next roll that
+// marks fewer: a script that runs after every roll costs no more than that.
+bool RefreshHeldBets(Game& g, int p) {
+  RollState& r = g.roll;
+  const auto slot = static_cast<std::size_t>(p);
+  const std::uint32_t bit = 1u << p;
+  const BetIdSet look = (r.BetIdsTakenAtRoll[slot] | r.BetIdsChanged[slot]) & kRealBets;
+  r.BetIdsTakenAtRoll[slot] = {};
+  const bool unknown = (r.HeldBetIdsUnknown & bit) != 0;
+  if (!unknown && look.Empty()) return true;
+  if (look == kRealBets) {
+    r.HeldBetIdsUnknown |= bit;
+    return false;
+  }
+  const Currency* bets = &g.Bet(p, 0);
+  BetIdSet& held = r.HeldBetIds[slot];
+  if (unknown) {
+    r.HeldBetIdsUnknown &= ~bit;
+    held = {};
+    for (int block = 0; block < kBlocks; ++block)
+      held.AddBlock(block * kBlock,
+                    NonZeroCells8(bets + block * kBlock) & kRealIds[static_cast<std::size_t>(block)]);
+    return true;
+  }
+  BetIdSet found;
+  look.ForEach([&found, bets](int b) {
+    if (!bets[b].IsZero()) found.Add(b);
+  });
+  for (std::size_t w = 0; w < held.words.size(); ++w)
+    held.words[w] = (held.words[w] & ~look.words[w]) | found.words[w];
+  return true;
+}
+
+// NoteBetsOnTable from the held bets of the players `known` (bit p for
+// player p); any other seat with bets is looked at cell by cell.
+void NoteHeldBets(Deciding& d, unsigned seats, unsigned known) {
+  const RollReach roll(d.g);
+  const BetIdSet reach =
+      kReachOfRoll[static_cast<std::size_t>(roll.t)][static_cast<std::size_t>(roll.lineBets)];
   for (; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats);
     const unsigned bit = 1u << seat;
-    const Currency* bets = &g.Bet(PlayerOfSeat(seat + 1), 0);
-    if (seven) {
-      for (int block = 0; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
+    const int p = PlayerOfSeat(seat + 1);
+    if (((known >> p) & 1u) == 0) {
+      NoteSeatBets(d, roll, &d.g.Bet(p, 0), bit);
       continue;
     }
-    for (int block = kFirstEveryRollBlock; block < kBlocks; ++block) NoteBlock(d, bets, block, bit);
-    NoteBet(d, bets, bet::kCome, bit);
-    if (lineBets)
-      for (int b : {bet::kPassLine, bet::kPassLineOdds, bet::kDontPass, bet::kDontPassOdds})
-        NoteBet(d, bets, b, bit);
-    if (box)
-      for (int b : kBoxBets[static_cast<std::size_t>(t)]) NoteBet(d, bets, b, bit);
+    const BetIdSet held = d.g.roll.HeldBetIds[static_cast<std::size_t>(p)] & reach;
+    d.held = d.held | held;
+    held.ForEach([&d, bit](int b) { d.holders[static_cast<std::size_t>(b)] |= bit; });
   }
 }
 
@@ -335,15 +427,23 @@ void LosersPass(Deciding& d) {
   if (d.held.Meets(kOneRollBets)) OneRollLosers(d);
 }
 
-void PointMade(Deciding& d) {
-  Game& g = d.g;
-  if (g.DiceTotal != g.PointAtRoll || !IsBoxNumber(g.DiceTotal)) return;
-  FlatWithOdds(d, kWins, bet::kPassLine, kOddsWins, bet::kPassLineOdds);
+bool IsPointMade(const Game& g) {
+  return g.DiceTotal == g.PointAtRoll && IsBoxNumber(g.DiceTotal);
+}
+
+// Counts the point just made among the hand's points made.
+void CountPointMade(Game& g) {
   const int bit = 1 << BoxIndex(g.DiceTotal);
   if ((g.PointsMadeMask & bit) == 0) {
     g.PointsMadeMask |= bit;
     ++g.PointsMade;
   }
+}
+
+void PointMade(Deciding& d) {
+  if (!IsPointMade(d.g)) return;
+  FlatWithOdds(d, kWins, bet::kPassLine, kOddsWins, bet::kPassLineOdds);
+  CountPointMade(d.g);
 }
 
 // Winners of box number n: the Come point with its odds, Place, Buy.
@@ -509,14 +609,17 @@ void ExtendTrend(Long& trend, bool won) {
 
 namespace {
 
-// The passes over the bets of `d`; with nothing the roll can decide on the
-// table, only the points made and the hand's end at a seven-out have
-// anything to do.
+// With nothing the roll can decide on the table, only the points made and
+// the hand's end at a seven-out have anything to do.
+void DecideNothingHeld(Game& g) {
+  if (IsPointMade(g)) CountPointMade(g);
+  if (g.DiceTotal == 7 && g.PointAtRoll > 0) EndHand(g);
+}
+
+// The passes over the bets of `d`.
 void RunPasses(Deciding& d) {
-  Game& g = d.g;
   if (d.held.Empty()) {
-    PointMade(d);
-    if (g.DiceTotal == 7 && g.PointAtRoll > 0) EndHand(g);
+    DecideNothingHeld(d.g);
     return;
   }
   LosersPass(d);
@@ -528,8 +631,29 @@ void RunPasses(Deciding& d) {
 
 void DecideBets(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
+  const unsigned seats = SeatsWithBets(g);
+  if (seats == 0) {
+    DecideNothingHeld(g);
+    return;
+  }
   Deciding d{g};
-  if (const unsigned seats = SeatsWithBets(g); seats != 0) NoteBetsOnTable(d, seats);
+  NoteBetsOnTable(d, seats);
+  RunPasses(d);
+}
+
+void DecideRolledBets(Game& g, unsigned seated) {
+  g.autoplay.WinLossHeadWritten = false;
+  unsigned known = 0;
+  ForEachSeatIn(seated, [&g, &known](int p) {
+    if (RefreshHeldBets(g, p)) known |= 1u << p;
+  });
+  const unsigned seats = SeatsWithBets(g);
+  if (seats == 0) {
+    DecideNothingHeld(g);
+    return;
+  }
+  Deciding d{g};
+  NoteHeldBets(d, seats, known);
   RunPasses(d);
 }
 
@@ -585,23 +709,64 @@ void ResetWorkingFlags(Game& g) {
   ResetWorkingFlags(g, SeatedPlayers(g));
 }
 
+namespace {
+
+// The working flags of ids 1..85 as whole vectors of four and a tail.
+constexpr std::size_t kFlagsPerVector = 4;
+constexpr std::size_t kFlagVectors = kLastRealBet / kFlagsPerVector;
+static_assert(sizeof(Long) * kFlagsPerVector == 16);
+
+// A flag that is off (0) comes on (1); the others stay.
+void TurnOffFlagsOn(std::span<Long, kLastRealBet> working) {
+  std::size_t i = 0;
+#if defined(__SSE2__)
+  // w - (w == 0 ? -1 : 0), four flags a vector; unrolled so that the loop's
+  // own count and jump are shared by a few vectors.
+  const __m128i zero = _mm_setzero_si128();
+#pragma GCC unroll 7
+  for (std::size_t v = 0; v < kFlagVectors; ++v, i += kFlagsPerVector) {
+    auto* at = reinterpret_cast<__m128i*>(&working[i]);
+    const __m128i w = _mm_loadu_si128(at);
+    _mm_storeu_si128(at, _mm_sub_epi32(w, _mm_cmpeq_epi32(w, zero)));
+  }
+#endif
+  for (; i < working.size(); ++i) working[i] += Long{working[i] == 0};
+}
+
+// A flag the player called (on: 2, off: -1) stays; the others go back to their defaults.
+void RestoreFlagDefaults(std::span<Long, kLastRealBet> working,
+                         std::span<const Long, kLastRealBet> defaults) {
+  constexpr Long kCalledOn = 2, kCalledOff = -1;
+  std::size_t i = 0;
+#if defined(__SSE2__)
+  const __m128i on = _mm_set1_epi32(kCalledOn), off = _mm_set1_epi32(kCalledOff);
+#pragma GCC unroll 7
+  for (std::size_t v = 0; v < kFlagVectors; ++v, i += kFlagsPerVector) {
+    auto* at = reinterpret_cast<__m128i*>(&working[i]);
+    const __m128i w = _mm_loadu_si128(at);
+    const __m128i d = _mm_loadu_si128(reinterpret_cast<const __m128i*>(&defaults[i]));
+    const __m128i called = _mm_or_si128(_mm_cmpeq_epi32(w, on), _mm_cmpeq_epi32(w, off));
+    _mm_storeu_si128(at, _mm_or_si128(_mm_and_si128(called, w), _mm_andnot_si128(called, d)));
+  }
+#endif
+  for (; i < working.size(); ++i) {
+    const Long w = working[i];
+    working[i] = (w == kCalledOn || w == kCalledOff) ? w : defaults[i];
+  }
+}
+
+}  // namespace
+
 void ResetWorkingFlags(Game& g, unsigned seated) {
   const bool pointOn = g.Point > 0;
   ForEachSeatIn(seated, [&g, pointOn](int p) {
     // The flags of ids 1..85, a count known here so that the loops compile
     // to straight runs of vectors.
     const std::span<Long, kLastRealBet> working{&g.BetWorking(p, 1), kLastRealBet};
-    const std::span<const Long, kLastRealBet> defaults{&g.BetWorkingDefault(p, 1), kLastRealBet};
-    // Arithmetic and selects rather than branches, so that the loops run on
-    // whole vectors.
-    if (pointOn) {
-      for (Long& w : working) w += Long{w == 0};  // off (0) becomes on (1)
-    } else {
-      for (std::size_t i = 0; i < working.size(); ++i) {
-        const Long w = working[i], d = defaults[i];  // both read: no branch on a load
-        const bool called = (w == 2) | (w == -1);
-        working[i] = called ? w : d;
-      }
-    }
+    if (pointOn)
+      TurnOffFlagsOn(working);
+    else
+      RestoreFlagDefaults(working, std::span<const Long, kLastRealBet>{
+                                       &g.BetWorkingDefault(p, 1), kLastRealBet});
   });
 }

@@ -37,6 +37,10 @@ constexpr int kWins = 1, kOddsWins = 2, kLoses = -1, kOddsLoses = -2;
 
 // Decides every bet of the roll now on the table: losers, point made, winners.
 void DecideBets(Game& game);
+// DecideBets within a roll call, for the seated players (bit p for player
+// p): their bets are known from the ids the at-roll snapshot took (RollState
+// HeldBetIds), not read cell by cell.
+void DecideRolledBets(Game& game, unsigned seated);
 // DecideBets without its shortcuts: every seat is visited for every bet id.
 // The plain computation that tests hold the shortcuts against.
 void DecideBetsVisitingAll(Game& game);

@@ -98,6 +98,15 @@ struct RollState {
   // bit test rather than a test of the two-word sets.
   std::uint32_t WholeRowsAtRoll = ~0u;
   std::uint32_t WholeRowsAfterRoll = ~0u;
+  // Per seat, the ids the at-roll snapshots have taken (every id that
+  // changed since the seat's decisions last looked) and, as those decisions
+  // began, the real bets 1..85 with money on them: the roll's decisions
+  // (DecideRolledBets) look again only at the ids taken since, not at
+  // every cell of every seat. Seats (bit p) whose held bets are not known
+  // (every id was marked) are read whole at their next look.
+  std::array<BetIdSet, 9> BetIdsTakenAtRoll = EveryBetIdOfEverySeat();
+  std::array<BetIdSet, 9> HeldBetIds{};
+  std::uint32_t HeldBetIdsUnknown = ~0u;
 
   // Notes that a cell of real bet b of seat p changed (see above).
   void MarkBetChanged(int p, int b) { BetIdsChanged[static_cast<std::size_t>(p)].Add(b); }
