@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cstdint>
-#include <initializer_list>
 
 #include "core/frames.h"
 
@@ -22,72 +21,43 @@ struct PairEvents {
   constexpr void Add(int c) { events[static_cast<std::size_t>(count++)] = static_cast<std::int8_t>(c); }
 };
 
+// The groups each total 2..12 belongs to, in the order the roll tallies them.
+struct TotalGroups {
+  int count = 0;
+  std::array<RollEvent, 7> events{};
+};
+inline constexpr std::array<TotalGroups, 13> kGroupsOfTotal = {{
+    {}, {},  // no totals 0 and 1
+    {6, {kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps, kEventNumbers212,
+         kEventNumbers23}},
+    {7, {kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps, kEventNumbers311,
+         kEventNumbers23, kEventNumbers312}},
+    {5, {kEventField, kEventBoxNumbers, kEventNumbers45910, kEventNumbers456, kEventNumbers410}},
+    {5, {kEventBoxNumbers, kEventNumbers5689, kEventNumbers45910, kEventNumbers456,
+         kEventNumbers59}},
+    {4, {kEventBoxNumbers, kEventNumbers5689, kEventNumbers456, kEventNumbers68}},
+    {2, {kEventNumbers2371112, kEventNumbers711}},
+    {4, {kEventBoxNumbers, kEventNumbers5689, kEventNumbers8910, kEventNumbers68}},
+    {6, {kEventField, kEventBoxNumbers, kEventNumbers5689, kEventNumbers45910, kEventNumbers8910,
+         kEventNumbers59}},
+    {5, {kEventField, kEventBoxNumbers, kEventNumbers45910, kEventNumbers8910, kEventNumbers410}},
+    {6, {kEventField, kEventNumbers2371112, kEventNumbers231112, kEventNumbers311,
+         kEventNumbers711, kEventNumbers1112}},
+    {7, {kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps, kEventNumbers212,
+         kEventNumbers312, kEventNumbers1112}},
+}};
+
 constexpr PairEvents EventsOfPair(int d1, int d2) {
   PairEvents e;
-  const bool pair = d1 == d2;
+  const int t = d1 + d2;
   e.Add(Die1FaceEvent(d1));
   e.Add(Die2FaceEvent(d2));
   e.Add(PairEvent(d1, d2));
-  auto addAll = [&](std::initializer_list<int> cs) {
-    for (int c : cs) e.Add(c);
-  };
-  switch (d1 + d2) {
-    case 2:
-      addAll({kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps, kEventNumbers212,
-              kEventNumbers23});
-      break;
-    case 3:
-      addAll({kEventNumber3, kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps,
-              kEventNumbers311, kEventNumbers23, kEventNumbers312});
-      break;
-    case 4:
-      e.Add(kEventAny4);
-      if (!pair) e.Add(EitherWayEvent(d1, d2));  // 1.3 or 3.1
-      addAll(
-          {kEventField, kEventBoxNumbers, kEventNumbers45910, kEventNumbers456, kEventNumbers410});
-      break;
-    case 5:
-      e.Add(kEventAny5);
-      e.Add(EitherWayEvent(d1, d2));  // 1.4 or 4.1; 2.3 or 3.2
-      addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers45910, kEventNumbers456,
-              kEventNumbers59});
-      break;
-    case 6:
-      e.Add(kEventAny6);
-      if (!pair) e.Add(EitherWayEvent(d1, d2));  // 1.5 or 5.1; 2.4 or 4.2
-      addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers456, kEventNumbers68});
-      break;
-    case 7:
-      e.Add(kEventAny7);
-      e.Add(EitherWayEvent(d1, d2));  // 1.6, 2.5 or 3.4 either way
-      addAll({kEventNumbers2371112, kEventNumbers711});
-      break;
-    case 8:
-      e.Add(kEventAny8);
-      if (!pair) e.Add(EitherWayEvent(d1, d2));  // 2.6 or 6.2; 3.5 or 5.3
-      addAll({kEventBoxNumbers, kEventNumbers5689, kEventNumbers8910, kEventNumbers68});
-      break;
-    case 9:
-      e.Add(kEventAny9);
-      e.Add(EitherWayEvent(d1, d2));  // 3.6 or 6.3; 4.5 or 5.4
-      addAll({kEventField, kEventBoxNumbers, kEventNumbers5689, kEventNumbers45910,
-              kEventNumbers8910, kEventNumbers59});
-      break;
-    case 10:
-      e.Add(kEventAny10);
-      if (!pair) e.Add(EitherWayEvent(d1, d2));  // 4.6 or 6.4
-      addAll(
-          {kEventField, kEventBoxNumbers, kEventNumbers45910, kEventNumbers8910, kEventNumbers410});
-      break;
-    case 11:
-      addAll({kEventNumber11, kEventField, kEventNumbers2371112, kEventNumbers231112,
-              kEventNumbers311, kEventNumbers711, kEventNumbers1112});
-      break;
-    case 12:
-      addAll({kEventField, kEventNumbers2371112, kEventNumbers231112, kEventCraps, kEventNumbers212,
-              kEventNumbers312, kEventNumbers1112});
-      break;
-  }
+  // The number itself, but for 2 and 12, whose pair is the number.
+  if (t != 2 && t != 12) e.Add(TotalEvent(t));
+  if (const int eitherWay = EitherWayEvent(d1, d2); eitherWay != 0) e.Add(eitherWay);
+  const TotalGroups& groups = kGroupsOfTotal[static_cast<std::size_t>(t)];
+  for (int i = 0; i < groups.count; ++i) e.Add(groups.events[static_cast<std::size_t>(i)]);
   return e;
 }
 
