@@ -454,7 +454,7 @@ void SetBetChecked(Game& g, int p, int b) {
   }
   const Currency B = g.Bet(p, b);
   // A hostile request (a script's huge number) is held where sums can't overflow.
-  // (Clamped on the counts, by value: no bound is read back through memory.)
+  // Clamped on the raw ten-thousandths, so the bounds are plain constants.
   const Currency request = Currency::FromRaw(
       std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
