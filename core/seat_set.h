@@ -8,6 +8,9 @@
 
 #include "core/game.h"
 
+// Every seat 1..8 (bits 1..8).
+constexpr unsigned kEverySeat = 0x1FEu;
+
 // True when seat (or slot) p has a player's name.
 inline bool SeatNamed(const Game& game, int p) {
   return !game.PlayerName[static_cast<std::size_t>(p)].empty();

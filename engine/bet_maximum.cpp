@@ -227,10 +227,7 @@ void FigureBetMaximum(Game& g, int p, int b) {
     g.betting.BetMaximum = SpecialMaximum(g, p, b);
     return;
   }
-  // Most bets end at the table maximum: they skip the search of the rest.
-  const MaxKind kind = kMaxKind[static_cast<std::size_t>(b)];
-  if (kind != MaxKind::Table) return FigureSpecialMaximum(g, p, b, kind);
-  FigureTableMaximum(g);
+  FigureMaximumOfId(g, p, b);
 }
 
 Currency BetMaximumInFull(const Game& g, int p, int b) { return SpecialMaximum(g, p, b); }

@@ -492,10 +492,7 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
-  if (const MaxKind kind = kMaxKind[static_cast<std::size_t>(b)]; kind == MaxKind::Table)
-    FigureTableMaximum(g);
-  else
-    FigureSpecialMaximum(g, p, b, kind);
+  FigureMaximumOfId(g, p, b);
   if (T > s.BetMaximum) {
     const Currency C = g.BetContract(p, b);
     if ((b == bet::kPassLine || IsComePoint(b)) && C > s.BetMaximum) {

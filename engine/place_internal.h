@@ -69,3 +69,13 @@ inline void FigureTableMaximum(Game& game) {
   // As for every bet: a negative maximum is 0, a multiple of any unit.
   game.betting.BetMaximum = t.value < Currency{} ? Currency{} : t.value;
 }
+
+// FigureBetMaximum for a bet id 0..kLastBetId: most bets end at the table
+// maximum and skip the search of the rest. Inline for the gate.
+inline void FigureMaximumOfId(Game& game, int p, int b) {
+  const MaxKind kind = kMaxKind[static_cast<std::size_t>(b)];
+  if (kind == MaxKind::Table)
+    FigureTableMaximum(game);
+  else
+    FigureSpecialMaximum(game, p, b, kind);
+}

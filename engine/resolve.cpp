@@ -65,7 +65,7 @@ constexpr auto kRealIds = [] {
   for (int b = 1; b <= kLastRealBet; ++b) bits[b / kBlock] |= std::uint8_t(1u << (b % kBlock));
   return bits;
 }();
-static_assert(64 % kBlock == 0, "a block never straddles two words of an BetIdSet");
+static_assert(64 % kBlock == 0, "a block never straddles two words of a BetIdSet");
 
 // The bets of box number n that only a roll of n (or a seven) decides: the
 // Lay, the Don't Come point and its odds, the Come point and its odds, the
@@ -195,15 +195,6 @@ void NoteSeatBets(Deciding& d, const RollReach& roll, const Currency* bets, unsi
     for (int b : kBoxBets[static_cast<std::size_t>(roll.t)]) NoteBet(d, bets, b, bit);
 }
 
-// Who holds each bet the roll can decide, among the seats with bets.
-void NoteBetsOnTable(Deciding& d, unsigned seats) {
-  const RollReach roll(d.g);
-  for (; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats);
-    NoteSeatBets(d, roll, &d.g.Bet(PlayerOfSeat(seat + 1), 0), 1u << seat);
-  }
-}
-
 // The real bets 1..85.
 constexpr BetIdSet kRealBets = BetIdRange(1, kLastRealBet);
 
@@ -266,8 +257,9 @@ bool RefreshHeldBets(Game& g, int p) {
   return true;
 }
 
-// NoteBetsOnTable from the held bets of the players `known` (bit p for
-// player p); any other seat with bets is looked at cell by cell.
+// Who holds each bet the roll can decide, among the seats with bets: the
+// held bets of the players `known` (bit p for player p), any other seat's
+// bets looked at cell by cell.
 void NoteHeldBets(Deciding& d, unsigned seats, unsigned known) {
   const RollReach roll(d.g);
   const BetIdSet reach =
@@ -629,24 +621,12 @@ void RunPasses(Deciding& d) {
 
 }  // namespace
 
-void DecideBets(Game& g) {
-  g.autoplay.WinLossHeadWritten = false;
-  const unsigned seats = SeatsWithBets(g);
-  if (seats == 0) {
-    DecideNothingHeld(g);
-    return;
-  }
-  Deciding d{g};
-  NoteBetsOnTable(d, seats);
-  RunPasses(d);
-}
+namespace {
 
-void DecideRolledBets(Game& g, unsigned seated) {
+// The decisions of the roll, the held bets of the players `known` (bit p)
+// taken from RollState, every other seat's read cell by cell.
+void DecideKnowing(Game& g, unsigned known) {
   g.autoplay.WinLossHeadWritten = false;
-  unsigned known = 0;
-  ForEachSeatIn(seated, [&g, &known](int p) {
-    if (RefreshHeldBets(g, p)) known |= 1u << p;
-  });
   const unsigned seats = SeatsWithBets(g);
   if (seats == 0) {
     DecideNothingHeld(g);
@@ -657,11 +637,23 @@ void DecideRolledBets(Game& g, unsigned seated) {
   RunPasses(d);
 }
 
+}  // namespace
+
+void DecideBets(Game& g) { DecideKnowing(g, 0); }
+
+void DecideRolledBets(Game& g, unsigned seated) {
+  unsigned known = 0;
+  ForEachSeatIn(seated, [&g, &known](int p) {
+    if (RefreshHeldBets(g, p)) known |= 1u << p;
+  });
+  DecideKnowing(g, known);
+}
+
 void DecideBetsVisitingAll(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
   Deciding d{g};
-  constexpr std::uint8_t kEverySeat = 0xFF;
-  for (int b = 1; b <= kLastRealBet; ++b) d.holders[static_cast<std::size_t>(b)] = kEverySeat;
+  constexpr std::uint8_t kEveryHolder = 0xFF;  // bit seat - 1 for seats 1..8
+  for (int b = 1; b <= kLastRealBet; ++b) d.holders[static_cast<std::size_t>(b)] = kEveryHolder;
   d.held = BetIdRange(1, kLastRealBet);
   RunPasses(d);
 }

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr unsigned kEverySeat = 0x1FEu;  // bits 1..8
-
 void RestartRange(Game& g, int p) {
   g.GraphHigh(p) = g.Bet(p, 0);
   g.GraphLow(p) = g.Bet(p, 0);
