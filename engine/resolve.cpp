@@ -110,19 +110,6 @@ struct Deciding {
   BetIdSet held;  // the ids somebody holds
 };
 
-// Seats whose player has money on the table when the decisions begin, bit
-// seat - 1: an empty table decides in a few nanoseconds.
-unsigned SeatsWithBets(const Game& g) {
-  unsigned seats = 0;
-  if (g.PlayerCount == 0) return seats;  // open seats hold no bets
-  std::int64_t any = 0;                  // one test for a table where nobody has a bet
-  for (int p = 1; p <= 8; ++p) any |= g.TotalBets(p).raw;
-  if (any == 0) return seats;
-  for (int seat = 1; seat <= 8; ++seat)
-    if (g.TotalBets(PlayerOfSeat(seat)) > Currency{}) seats |= 1u << (seat - 1);
-  return seats;
-}
-
 // Bit i set for each of the eight cells from `cell` that is not 0. With
 // SSE2 the cells are tested two at a time: a 64-bit cell is 0 when both of
 // its 32-bit halves are.
@@ -143,6 +130,19 @@ unsigned NonZeroCells8(const Currency* cell) {
   for (int i = 0; i < 8; ++i) mask |= unsigned{cell[i].raw != 0} << i;
   return mask;
 #endif
+}
+
+// The players among `among` (bit p) with money on the table (TotalBets above
+// 0): those whose bets the decisions look at. The eight totals are first
+// tested for 0 together, so that a table of one player asks only about him.
+unsigned PlayersWithBets(const Game& g, unsigned among) {
+  if (g.PlayerCount == 0) return 0;  // open seats hold no bets
+  static_assert(decltype(g.TotalBets)::kLow == 0 && decltype(g.TotalBets)::kHigh == 8);
+  unsigned with = (NonZeroCells8(&g.TotalBets(1)) << 1) & among;
+  ForEachSeatIn(with, [&g, &with](int p) {
+    if (g.TotalBets(p) <= Currency{}) with &= ~(1u << p);
+  });
+  return with;
 }
 
 // Adds `seat` (a bit) to the holders of the real bets of one block of its bets.
@@ -257,25 +257,34 @@ bool RefreshHeldBets(Game& g, int p) {
   return true;
 }
 
-// Who holds each bet the roll can decide, among the seats with bets: the
-// held bets of the players `known` (bit p for player p), any other seat's
-// bets looked at cell by cell.
-void NoteHeldBets(Deciding& d, unsigned seats, unsigned known) {
+// The ids of the bets that roll `roll` can decide (NoteSeatBets's reach).
+const BetIdSet& ReachOf(const RollReach& roll) {
+  return kReachOfRoll[static_cast<std::size_t>(roll.t)][static_cast<std::size_t>(roll.lineBets)];
+}
+
+// The seat bit (seat - 1) of each player 1..8.
+constexpr auto kSeatBitOfPlayer = [] {
+  std::array<std::uint8_t, 9> bits{};
+  for (int seat = 1; seat <= 8; ++seat)
+    bits[static_cast<std::size_t>(PlayerOfSeat(seat))] = std::uint8_t(1u << (seat - 1));
+  return bits;
+}();
+
+// Who holds each bet the roll can decide: the held bets of the players
+// `known` (bit p), the bets of the players `read` looked at cell by cell.
+// Holders are a seat's bit per id, so the players may come in any order.
+void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
   const RollReach roll(d.g);
-  const BetIdSet reach =
-      kReachOfRoll[static_cast<std::size_t>(roll.t)][static_cast<std::size_t>(roll.lineBets)];
-  for (; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats);
-    const unsigned bit = 1u << seat;
-    const int p = PlayerOfSeat(seat + 1);
-    if (((known >> p) & 1u) == 0) {
-      NoteSeatBets(d, roll, &d.g.Bet(p, 0), bit);
-      continue;
-    }
+  const BetIdSet& reach = ReachOf(roll);
+  ForEachSeatIn(known, [&d, &reach](int p) {
+    const unsigned bit = kSeatBitOfPlayer[static_cast<std::size_t>(p)];
     const BetIdSet held = d.g.roll.HeldBetIds[static_cast<std::size_t>(p)] & reach;
     d.held = d.held | held;
     held.ForEach([&d, bit](int b) { d.holders[static_cast<std::size_t>(b)] |= bit; });
-  }
+  });
+  ForEachSeatIn(read, [&d, &roll](int p) {
+    NoteSeatBets(d, roll, &d.g.Bet(p, 0), kSeatBitOfPlayer[static_cast<std::size_t>(p)]);
+  });
 }
 
 // ResolveBet for each of `seats` (bit seat - 1) whose bet b stands, in stick order.
@@ -624,29 +633,36 @@ void RunPasses(Deciding& d) {
 namespace {
 
 // The decisions of the roll, the held bets of the players `known` (bit p)
-// taken from RollState, every other seat's read cell by cell.
-void DecideKnowing(Game& g, unsigned known) {
+// taken from RollState, every other seat's read cell by cell. `reached` is
+// the union of the known players' held bets that the roll can decide: when
+// it is empty and nobody else has money, the roll decides nothing, which
+// is most rolls of a table of line bets, and no holders are gathered.
+void DecideKnowing(Game& g, unsigned known, const BetIdSet& reached) {
   g.autoplay.WinLossHeadWritten = false;
-  const unsigned seats = SeatsWithBets(g);
-  if (seats == 0) {
+  const unsigned read = PlayersWithBets(g, kEverySeat & ~known);
+  if (reached.Empty() && read == 0) {
     DecideNothingHeld(g);
     return;
   }
   Deciding d{g};
-  NoteHeldBets(d, seats, known);
+  NoteHeldBets(d, PlayersWithBets(g, known), read);
   RunPasses(d);
 }
 
 }  // namespace
 
-void DecideBets(Game& g) { DecideKnowing(g, 0); }
+void DecideBets(Game& g) { DecideKnowing(g, 0, BetIdSet{}); }
 
 void DecideRolledBets(Game& g, unsigned seated) {
+  const BetIdSet& reach = ReachOf(RollReach(g));
   unsigned known = 0;
-  ForEachSeatIn(seated, [&g, &known](int p) {
-    if (RefreshHeldBets(g, p)) known |= 1u << p;
+  BetIdSet reached;
+  ForEachSeatIn(seated, [&g, &known, &reached, &reach](int p) {
+    if (!RefreshHeldBets(g, p)) return;
+    known |= 1u << p;
+    reached = reached | (g.roll.HeldBetIds[static_cast<std::size_t>(p)] & reach);
   });
-  DecideKnowing(g, known);
+  DecideKnowing(g, known, reached);
 }
 
 void DecideBetsVisitingAll(Game& g) {
