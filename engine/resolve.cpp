@@ -171,11 +171,12 @@ unsigned PlayersWithBets(const Game& g, unsigned among) {
 // come-out that decides them or at the point, and the bets of the box
 // number rolled.
 struct RollReach {
-  explicit RollReach(const Game& g)
-      : t(g.DiceTotal),
+  explicit RollReach(const Game& g) : RollReach(g.DiceTotal, g.PointAtRoll) {}
+  constexpr RollReach(int total, int pointAtRoll)
+      : t(total),
         seven(t == 7),
         box(IsBoxNumber(t)),
-        lineBets(t == g.PointAtRoll || (g.PointAtRoll == 0 && !box)) {}
+        lineBets(t == pointAtRoll || (pointAtRoll == 0 && !box)) {}
   int t;
   bool seven, box, lineBets;
 };
@@ -220,27 +221,24 @@ constexpr auto kReachOfRoll = [] {
   return reach;
 }();
 
-// Brings the held bets of player p up to date from the ids the at-roll
-// snapshots took since the last look, and those marked since; false when
+// Brings the held bets of player p up to date from `look`, the ids the
+// at-roll snapshots took since the last look and those marked since; false when
 // they are not known this roll. When every id was marked (a new call, a
 // script run, the events) the seat is read cell by cell this once, as
 // cheaply as before, and its held bets are read whole at the next roll that
 // marks fewer: a script that runs after every roll costs no more than that.
-bool RefreshHeldBets(Game& g, int p) {
+[[gnu::always_inline]] inline bool RefreshChangedHeldBets(Game& g, int p, const BetIdSet& look) {
   RollState& r = g.roll;
   const auto slot = static_cast<std::size_t>(p);
   const std::uint32_t bit = 1u << p;
-  const BetIdSet look = (r.BetIdsTakenAtRoll[slot] | r.BetIdsChanged[slot]) & kRealBets;
-  r.BetIdsTakenAtRoll[slot] = {};
-  const bool unknown = (r.HeldBetIdsUnknown & bit) != 0;
-  if (!unknown && look.Empty()) return true;
-  if (look == kRealBets) {
+  // Word by word: the generated comparison of the sets calls memcmp.
+  if (look.words[0] == kRealBets.words[0] && look.words[1] == kRealBets.words[1]) {
     r.HeldBetIdsUnknown |= bit;
     return false;
   }
   const Currency* bets = &g.Bet(p, 0);
   BetIdSet& held = r.HeldBetIds[slot];
-  if (unknown) {
+  if ((r.HeldBetIdsUnknown & bit) != 0) {
     r.HeldBetIdsUnknown &= ~bit;
     held = {};
     for (int block = 0; block < kBlocks; ++block)
@@ -257,9 +255,72 @@ bool RefreshHeldBets(Game& g, int p) {
   return true;
 }
 
+// The roll's look at player p: most rolls change none of his bets, which
+// costs a test; the rest goes out of line.
+[[gnu::always_inline]] inline bool RefreshHeldBets(Game& g, int p) {
+  RollState& r = g.roll;
+  const auto slot = static_cast<std::size_t>(p);
+  const BetIdSet look = (r.BetIdsTakenAtRoll[slot] | r.BetIdsChanged[slot]) & kRealBets;
+  r.BetIdsTakenAtRoll[slot] = {};
+  if (look.Empty() && ((r.HeldBetIdsUnknown >> p) & 1u) == 0) return true;
+  return RefreshChangedHeldBets(g, p, look);
+}
+
 // The ids of the bets that roll `roll` can decide (NoteSeatBets's reach).
 const BetIdSet& ReachOf(const RollReach& roll) {
   return kReachOfRoll[static_cast<std::size_t>(roll.t)][static_cast<std::size_t>(roll.lineBets)];
+}
+
+// The same by the point at the roll (0 or a box number) and the total, looked
+// up at once: ReachOf's reach for each of them.
+constexpr int kReachPoints = 11;
+constexpr auto kReachAtPoint = [] {
+  std::array<std::array<BetIdSet, 13>, kReachPoints> reach{};
+  for (int point = 0; point < kReachPoints; ++point)
+    for (int t = 2; t <= 12; ++t) {
+      const RollReach roll(t, point);
+      reach[static_cast<std::size_t>(point)][static_cast<std::size_t>(t)] =
+          kReachOfRoll[static_cast<std::size_t>(t)][static_cast<std::size_t>(roll.lineBets)];
+    }
+  return reach;
+}();
+
+const BetIdSet& ReachOfRoll(const Game& g) {
+  const auto point = static_cast<unsigned>(g.PointAtRoll);
+  if (point >= kReachPoints) return ReachOf(RollReach(g));  // never a point in play
+  return kReachAtPoint[point][static_cast<std::size_t>(g.DiceTotal)];
+}
+
+// Each set of players 1..8 (bit p - 1) with each player's bit doubled (bits
+// 2(p - 1) and 2(p - 1) + 1): the two halves of his total in OthersHaveMoney.
+constexpr auto kHalvesOfPlayers = [] {
+  std::array<std::uint16_t, 256> halves{};
+  for (unsigned m = 0; m < 256; ++m)
+    for (unsigned i = 0; i < 8; ++i)
+      if ((m >> i) & 1u) halves[m] = std::uint16_t(halves[m] | (3u << (2 * i)));
+  return halves;
+}();
+
+// True when a player outside `known` (bit p) has a TotalBets that is not 0,
+// so that his bets must be looked at. With SSE2 the eight totals are
+// compared with 0 at once as 32-bit halves, packed to a byte each.
+bool OthersHaveMoney(const Game& g, unsigned known) {
+  static_assert(decltype(g.TotalBets)::kLow == 0 && decltype(g.TotalBets)::kHigh == 8);
+  const Currency* totals = &g.TotalBets(1);
+#if defined(__SSE2__)
+  const __m128i zero = _mm_setzero_si128();
+  auto zeroHalves = [&](int i) {
+    return _mm_cmpeq_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(totals + i)), zero);
+  };
+  const __m128i words = _mm_packs_epi32(zeroHalves(0), zeroHalves(2));
+  const __m128i words2 = _mm_packs_epi32(zeroHalves(4), zeroHalves(6));
+  const auto zero16 = static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(words, words2)));
+  return (~zero16 & kHalvesOfPlayers[(~known >> 1) & 0xFFu]) != 0;
+#else
+  for (int p = 1; p <= 8; ++p)
+    if (((known >> p) & 1u) == 0 && !totals[p - 1].IsZero()) return true;
+  return false;
+#endif
 }
 
 // The seat bit (seat - 1) of each player 1..8.
@@ -632,37 +693,42 @@ void RunPasses(Deciding& d) {
 
 namespace {
 
-// The decisions of the roll, the held bets of the players `known` (bit p)
-// taken from RollState, every other seat's read cell by cell. `reached` is
-// the union of the known players' held bets that the roll can decide: when
-// it is empty and nobody else has money, the roll decides nothing, which
-// is most rolls of a table of line bets, and no holders are gathered.
-void DecideKnowing(Game& g, unsigned known, const BetIdSet& reached) {
-  g.autoplay.WinLossHeadWritten = false;
-  const unsigned read = PlayersWithBets(g, kEverySeat & ~known);
-  if (reached.Empty() && read == 0) {
-    DecideNothingHeld(g);
-    return;
-  }
+// The decisions of a roll that can meet a bet on the table: the holders of
+// each id gathered, then the passes. Out of line, so that a roll deciding
+// nothing never sets up its frame.
+[[gnu::noinline]] void DecideHeld(Game& g, unsigned known) {
   Deciding d{g};
-  NoteHeldBets(d, PlayersWithBets(g, known), read);
+  const unsigned withBets = PlayersWithBets(g, kEverySeat);
+  NoteHeldBets(d, withBets & known, withBets & ~known);
   RunPasses(d);
 }
 
 }  // namespace
 
-void DecideBets(Game& g) { DecideKnowing(g, 0, BetIdSet{}); }
+void DecideBets(Game& g) {
+  g.autoplay.WinLossHeadWritten = false;
+  DecideHeld(g, 0);
+}
 
+// The held bets of the players `known` are taken from RollState, every
+// other seat's read cell by cell. When none of the known players' held bets
+// is in the roll's reach and nobody else has money, the roll decides
+// nothing, which is most rolls of a table of line bets: the holders are not
+// gathered.
 void DecideRolledBets(Game& g, unsigned seated) {
-  const BetIdSet& reach = ReachOf(RollReach(g));
+  const BetIdSet& reach = ReachOfRoll(g);
   unsigned known = 0;
-  BetIdSet reached;
+  BetIdSet reached;  // the known players' held bets in the reach
   ForEachSeatIn(seated, [&g, &known, &reached, &reach](int p) {
     if (!RefreshHeldBets(g, p)) return;
     known |= 1u << p;
     reached = reached | (g.roll.HeldBetIds[static_cast<std::size_t>(p)] & reach);
   });
-  DecideKnowing(g, known, reached);
+  g.autoplay.WinLossHeadWritten = false;
+  if (reached.Empty() && !OthersHaveMoney(g, known))
+    DecideNothingHeld(g);
+  else
+    DecideHeld(g, known);
 }
 
 void DecideBetsVisitingAll(Game& g) {
