@@ -1,5 +1,7 @@
 // TallyBetResult: the decision statistics of the live frames.
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -19,21 +21,24 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
 
 // One decision of `amount` in the six columns of the rows of every live
 // frame, `row` the first of them (a row's columns are contiguous and the
-// live frames' rows a fixed number of cells apart). Whether the amount is
-// above 0, which only the smallest-amount column asks, is asked once.
-void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
+// live frames' rows a fixed number of cells apart). The largest and the
+// smallest amount above 0 are chosen by selects, not jumps: the hand's
+// frame starts afresh every hand, so which way they go is a coin toss.
+[[gnu::noinline]] void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
+  const bool positive = amount > Currency{};
   for (Frame t : kLiveFrames) {
     Currency* r = row + FrameOffset(t);
     r[kStatCount] += Currency::FromWhole(1);
     r[kStatTotal] += amount;
-    if (amount > r[kStatLargest]) r[kStatLargest] = amount;
+    const std::int64_t largest = r[kStatLargest].raw, smallest = r[kStatSmallest].raw;
+    r[kStatLargest].raw = std::max(largest, amount.raw);
+    // All ones when the amount is the new smallest; GCC turns a plain
+    // condition here back into a jump.
+    const std::int64_t smaller =
+        -std::int64_t{positive & ((smallest == 0) | (smallest > amount.raw))};
+    r[kStatSmallest].raw = smallest ^ ((smallest ^ amount.raw) & smaller);
     r[kStatRollOfLast] = rollNumber;
     r[kStatAmountOfLast] = amount;
-  }
-  if (amount <= Currency{}) return;
-  for (Frame t : kLiveFrames) {
-    Currency& smallest = row[FrameOffset(t) + kStatSmallest];
-    if (smallest.IsZero() || smallest > amount) smallest = amount;
   }
 }
 
