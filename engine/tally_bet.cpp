@@ -21,24 +21,34 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
 
 // One decision of `amount` in the six columns of the rows of every live
 // frame, `row` the first of them (a row's columns are contiguous and the
-// live frames' rows a fixed number of cells apart). The largest and the
-// smallest amount above 0 are chosen by selects, not jumps: the hand's
-// frame starts afresh every hand, so which way they go is a coin toss.
+// live frames' rows a fixed number of cells apart). The hand's frame starts
+// afresh every hand, so whether an amount is its largest or smallest yet is
+// a coin toss: chosen by selects there, by jumps in the longer frames,
+// whose extremes seldom move.
 [[gnu::noinline]] void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
-  const bool positive = amount > Currency{};
+  static_assert(kLiveFrames[0] == kFrameCurrentHand);
   for (Frame t : kLiveFrames) {
     Currency* r = row + FrameOffset(t);
     r[kStatCount] += Currency::FromWhole(1);
     r[kStatTotal] += amount;
-    const std::int64_t largest = r[kStatLargest].raw, smallest = r[kStatSmallest].raw;
-    r[kStatLargest].raw = std::max(largest, amount.raw);
-    // All ones when the amount is the new smallest; GCC turns a plain
-    // condition here back into a jump.
-    const std::int64_t smaller =
-        -std::int64_t{positive & ((smallest == 0) | (smallest > amount.raw))};
-    r[kStatSmallest].raw = smallest ^ ((smallest ^ amount.raw) & smaller);
     r[kStatRollOfLast] = rollNumber;
     r[kStatAmountOfLast] = amount;
+  }
+  Currency* hand = row;
+  hand[kStatLargest].raw = std::max(hand[kStatLargest].raw, amount.raw);
+  for (Frame t : {kLiveFrames[1], kLiveFrames[2]}) {
+    Currency& largest = row[FrameOffset(t) + kStatLargest];
+    if (amount > largest) largest = amount;
+  }
+  if (amount <= Currency{}) return;
+  // All ones when the amount is the hand's new smallest (GCC turns a plain
+  // condition here back into a jump).
+  const std::int64_t smallest = hand[kStatSmallest].raw;
+  const std::int64_t smaller = -std::int64_t{(smallest == 0) | (smallest > amount.raw)};
+  hand[kStatSmallest].raw = smallest ^ ((smallest ^ amount.raw) & smaller);
+  for (Frame t : {kLiveFrames[1], kLiveFrames[2]}) {
+    Currency& least = row[FrameOffset(t) + kStatSmallest];
+    if (least.IsZero() || least > amount) least = amount;
   }
 }
 
