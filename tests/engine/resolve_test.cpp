@@ -208,6 +208,28 @@ TEST_F(Resolve, WorkingFlagsDecideWhatActs) {
   EXPECT_EQ(g.BetWorking(3, PlaceId(9)), -1);
 }
 
+TEST_F(Resolve, AResetTreatsEveryFlagOfTheRowAlike) {
+  // The resets work on whole vectors of flags, the last one overlapping the
+  // one before: every flag, the row's ends too, follows the same rule.
+  std::mt19937 rng(85);
+  auto flag = [&rng] { return static_cast<Long>(rng() % 5) - 1; };  // -1 .. 3
+  for (const int point : {6, 0, 4, 0}) {
+    for (int p = 1; p <= 3; ++p)
+      for (int b = 1; b <= kLastRealBet; ++b) {
+        g.BetWorking(p, b) = flag();
+        g.BetWorkingDefault(p, b) = flag();
+      }
+    const auto before = g.BetWorking;
+    PointOn(point);
+    for (int p = 1; p <= 3; ++p)
+      for (int b = 1; b <= kLastRealBet; ++b) {
+        const Long w = before(p, b), called = w == 2 || w == -1;
+        const Long want = point > 0 ? (w == 0 ? 1 : w) : (called ? w : g.BetWorkingDefault(p, b));
+        ASSERT_EQ(g.BetWorking(p, b), want) << "point " << point << " player " << p << " bet " << b;
+      }
+  }
+}
+
 TEST_F(Resolve, DecisionsAreCountedInTheLiveFramesOnly) {
   g.RollTally(kTableSession, kEventRolls) = 77;
   Put(1, kField, 5);
