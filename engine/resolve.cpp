@@ -252,8 +252,10 @@ constexpr auto kReachOfRoll = [] {
     return true;
   }
   BetIdSet found;
+  // Added by its truth rather than by a jump: a marked bet is as often
+  // gone as still there.
   look.ForEach([&found, bets](int b) {
-    if (!bets[b].IsZero()) found.Add(b);
+    found.words[static_cast<std::size_t>(b >> 6)] |= std::uint64_t{!bets[b].IsZero()} << (b & 63);
   });
   for (std::size_t w = 0; w < held.words.size(); ++w)
     held.words[w] = (held.words[w] & ~look.words[w]) | found.words[w];
