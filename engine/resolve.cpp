@@ -342,14 +342,15 @@ constexpr auto kSeatBitOfPlayer = [] {
 // `known` (bit p), the bets of the players `read` looked at cell by cell.
 // Holders are a seat's bit per id, so the players may come in any order.
 void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
-  const RollReach roll(d.g);
-  const BetIdSet& reach = ReachOf(roll);
+  const BetIdSet& reach = ReachOfRoll(d.g);
   ForEachSeatIn(known, [&d, &reach](int p) {
     const unsigned bit = kSeatBitOfPlayer[static_cast<std::size_t>(p)];
     const BetIdSet held = d.g.roll.HeldBetIds[static_cast<std::size_t>(p)] & reach;
     d.held = d.held | held;
     held.ForEach([&d, bit](int b) { d.holders[static_cast<std::size_t>(b)] |= bit; });
   });
+  if (read == 0) return;
+  const RollReach roll(d.g);
   ForEachSeatIn(read, [&d, &roll](int p) {
     NoteSeatBets(d, roll, &d.g.Bet(p, 0), kSeatBitOfPlayer[static_cast<std::size_t>(p)]);
   });
