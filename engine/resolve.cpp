@@ -724,16 +724,19 @@ void DecideBets(Game& g) {
 // nothing, which is most rolls of a table of line bets: the holders are not
 // gathered.
 void DecideRolledBets(Game& g, unsigned seated) {
-  const BetIdSet& reach = ReachOfRoll(g);
   unsigned known = 0;
   BetIdSet reached;  // the known players' held bets in the reach
-  ForEachSeatIn(seated, [&g, &known, &reached, &reach](int p) {
-    if (!RefreshHeldBets(g, p)) return;
-    known |= 1u << p;
-    reached = reached | (g.roll.HeldBetIds[static_cast<std::size_t>(p)] & reach);
-  });
+  if (seated != 0) {
+    const BetIdSet& reach = ReachOfRoll(g);
+    ForEachSeatIn(seated, [&g, &known, &reached, &reach](int p) {
+      if (!RefreshHeldBets(g, p)) return;
+      known |= 1u << p;
+      reached = reached | (g.roll.HeldBetIds[static_cast<std::size_t>(p)] & reach);
+    });
+  }
   g.autoplay.WinLossHeadWritten = false;
-  if (reached.Empty() && !OthersHaveMoney(g, known))
+  // Open seats hold no bets: an empty table asks nothing more.
+  if (reached.Empty() && (g.PlayerCount == 0 || !OthersHaveMoney(g, known)))
     DecideNothingHeld(g);
   else
     DecideHeld(g, known);
