@@ -263,7 +263,7 @@ constexpr auto kReachOfRoll = [] {
 }
 
 // The roll's look at player p: most rolls change none of his bets, which
-// costs a test; the rest goes out of line.
+// costs a test before RefreshChangedHeldBets.
 [[gnu::always_inline]] inline bool RefreshHeldBets(Game& g, int p) {
   RollState& r = g.roll;
   const auto slot = static_cast<std::size_t>(p);
@@ -890,7 +890,7 @@ void ResetWorkingFlags(Game& g, unsigned seated) {
 #else
   constexpr bool wide = false;
 #endif
-  ForEachSeatIn(seated, [&g, pointOn, wide](int p) {
+  ForEachSeatIn(seated, [&](int p) {
     // The flags of ids 1..85, a count known here so that the loops compile
     // to straight runs of vectors.
     const std::span<Long, kLastRealBet> working{&g.BetWorking(p, 1), kLastRealBet};
