@@ -103,6 +103,19 @@ struct StoreKey {
   void operator()(Currency c) { key[n++] = c.raw; }
 };
 
+// A figure not remembered under the inputs `read` passes to its visitor:
+// the inputs become its key and figure() is remembered under them. Out of
+// line, so that the remembered path has no more to save and restore than
+// its comparisons need.
+template <class Read, class Figure>
+[[gnu::noinline]] Currency Refigure(RememberedFigure& memo, Read read, Figure figure) {
+  StoreKey store{memo.key};
+  read(store);
+  memo.value = figure();
+  memo.valid = true;
+  return memo.value;
+}
+
 // The figure remembered under the inputs `read` passes to its visitor, or
 // figure() remembered under them now. The inputs are compared where they
 // lie, one by one, without gathering them first.
@@ -113,11 +126,7 @@ Currency Remember(RememberedFigure& memo, Read read, Figure figure) {
     read(check);
     if (check.same) return memo.value;
   }
-  StoreKey store{memo.key};
-  read(store);
-  memo.value = figure();
-  memo.valid = true;
-  return memo.value;
+  return Refigure(memo, read, figure);
 }
 
 // The slot of an odds bet among the remembered odds maxima (-1 for another
@@ -175,48 +184,47 @@ void FixedInputs(const Game& g, int b, Add& add) {
   }
 }
 
-// The remembered maximum of bet b of fixed kind K.
+// BetMaximum from the remembered maximum of bet b of fixed kind K. Each kind
+// has a function of its own, entered by a jump from FigureSpecialMaximum, so
+// a bet pays only for the comparisons of its own kind.
 template <MaxKind K>
-Currency FixedMaximum(Game& g, int p, int b) {
-  return Remember(
+[[gnu::noinline]] void FixedMaximum(Game& g, int p, int b) {
+  g.betting.BetMaximum = Remember(
       g.betting.maxima.fixed[static_cast<std::size_t>(b)],
       [&](auto& add) { FixedInputs<K>(g, b, add); }, [&] { return SpecialMaximum(g, p, b); });
+}
+
+// BetMaximum of an odds bet: remembered by seat and slot, or figured in full
+// for line odds without a point or for no seat.
+[[gnu::noinline]] void OddsMaximum(Game& g, int p, int b, MaxKind kind) {
+  const int slot = OddsSlot(b, g.Point);
+  if (kind == MaxKind::Odds && slot >= 0 && p >= 1 && p <= 8)
+    g.betting.BetMaximum = Remember(
+        g.betting.maxima.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); },
+        [&] { return SpecialMaximum(g, p, b); });
+  else
+    g.betting.BetMaximum = SpecialMaximum(g, p, b);
 }
 
 }  // namespace
 
 void FigureSpecialMaximum(Game& g, int p, int b, MaxKind kind) {
-  Currency m;
   switch (kind) {
     case MaxKind::Lay:
-      m = FixedMaximum<MaxKind::Lay>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::Lay>(g, p, b);
     case MaxKind::Fire:
-      m = FixedMaximum<MaxKind::Fire>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::Fire>(g, p, b);
     case MaxKind::CandE:
-      m = FixedMaximum<MaxKind::CandE>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::CandE>(g, p, b);
     case MaxKind::Horn:
-      m = FixedMaximum<MaxKind::Horn>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::Horn>(g, p, b);
     case MaxKind::World:
-      m = FixedMaximum<MaxKind::World>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::World>(g, p, b);
     case MaxKind::Payoff:
-      m = FixedMaximum<MaxKind::Payoff>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::Payoff>(g, p, b);
     default:
-      if (const int slot = OddsSlot(b, g.Point);
-          kind == MaxKind::Odds && slot >= 0 && p >= 1 && p <= 8)
-        m = Remember(
-            g.betting.maxima.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); },
-            [&] { return SpecialMaximum(g, p, b); });
-      else
-        m = SpecialMaximum(g, p, b);  // line odds without a point, or no seat
-      break;
+      return OddsMaximum(g, p, b, kind);
   }
-  g.betting.BetMaximum = m;
 }
 
 // The maxima are the same for every call with the same inputs (the rules,
