@@ -108,15 +108,16 @@ Next ContractRules(Game& g, int p, int b) {
   auto N = [&] { return B + s.BetChange; };
   // Texts are built only when they will be shown: never in Hyper-Drive.
   auto tell = [&] { return CanNotify(g, kNoticeNotAllowed); };
-  auto refuse = [&g, p, b](std::string_view text, int help) { RefuseNotice(g, p, b, text, help); };
 
   if (s.BetChange.IsZero()) {
     if ((b == bet::kPassLine || comePoint) && point && B < C()) {
       if (tell())
-        refuse(b == bet::kPassLine ? "You may not decrease or remove your Pass Line bet \rwhile a "
-                                     "point is established."
-                                   : "You may not decrease or remove an established Come bet.",
-               kHelpContractBets);
+        RefuseNotice(g, p, b,
+                     b == bet::kPassLine
+                         ? "You may not decrease or remove your Pass Line bet \rwhile a "
+                           "point is established."
+                         : "You may not decrease or remove an established Come bet.",
+                     kHelpContractBets);
       s.BetChange = C() - B;
     }
     return Next::Free;
@@ -126,7 +127,8 @@ Next ContractRules(Game& g, int p, int b) {
     if (comePoint || (b == bet::kPassLine && point)) {
       if (B == C()) {
         if (tell())
-          refuse(
+          RefuseNotice(
+              g, p, b,
               comePoint
                   ? "You may not decrease or remove a Come bet \rwhich is established on a point."
                   : "You may not decrease or remove a Pass Line bet \rwhile a point is "
@@ -159,25 +161,29 @@ Next ContractRules(Game& g, int p, int b) {
         return cutToContract(true);
       }
       if (tell())
-        refuse("You may not decrease or remove a Pass Line bet \rwhile a point is established.",
-               kHelpContractBets);
+        RefuseNotice(
+            g, p, b,
+            "You may not decrease or remove a Pass Line bet \rwhile a point is established.",
+            kHelpContractBets);
       return cutToContract(false);
     case bet::kCome:
     case bet::kDontCome:
       if (point) return Next::Free;
       if (tell())
-        refuse(b == bet::kCome
-                   ? "You may not make a Come bet \runtil a point is established."
-                   : "You may not make a Don't Come bet \runtil a point is established.",
-               b == bet::kCome ? kHelpComeBet : kHelpDontComeBet);
+        RefuseNotice(g, p, b,
+                     b == bet::kCome
+                         ? "You may not make a Come bet \runtil a point is established."
+                         : "You may not make a Don't Come bet \runtil a point is established.",
+                     b == bet::kCome ? kHelpComeBet : kHelpDontComeBet);
       s.BetChange = Currency{};
       return Next::Return;
     case bet::kDontPass:
       if (!point || N() <= C()) return Next::Free;
       if (tell())
-        RefuseRestore(g, p, b,
-                      "You may not make or increase a Don't Pass bet \rwhile a point is established.",
-                      C() > Currency{}, kHelpDontPassBet);
+        RefuseRestore(
+            g, p, b,
+            "You may not make or increase a Don't Pass bet \rwhile a point is established.",
+            C() > Currency{}, kHelpDontPassBet);
       return cutToContract(false);
     case bet::kPassLineOdds:
     case bet::kDontPassOdds: {
@@ -185,21 +191,23 @@ Next ContractRules(Game& g, int p, int b) {
       if (!g.Bet(p, pass ? bet::kPassLine : bet::kDontPass).IsZero() && g.Point != 0)
         return Next::Free;
       if (tell())
-        refuse(pass
-                   ? "You may not make a Pass Line Odds bet unless \ryou also have a Pass Line bet "
-                     "and a point is established."
-                   : "You may not make a Don't Pass Odds bet unless \ryou also have a Don't Pass "
-                     "bet and a point is established.",
-               pass ? kHelpPassLineBet : kHelpDontPassBet);
+        RefuseNotice(
+            g, p, b,
+            pass ? "You may not make a Pass Line Odds bet unless \ryou also have a Pass Line bet "
+                   "and a point is established."
+                 : "You may not make a Don't Pass Odds bet unless \ryou also have a Don't Pass "
+                   "bet and a point is established.",
+            pass ? kHelpPassLineBet : kHelpDontPassBet);
       s.BetChange = Currency{};
       return Next::Return;
     }
     case bet::kFire:
       if (g.RollTally(kTableHand, kEventRolls) == 0 || N() <= C()) return Next::Free;
       if (tell())
-        RefuseRestore(g, p, b,
-                      "You may not make or increase a Fire bet \rafter the shooter has started a hand.",
-                      B < C(), kHelpPutBets);
+        RefuseRestore(
+            g, p, b,
+            "You may not make or increase a Fire bet \rafter the shooter has started a hand.",
+            B < C(), kHelpPutBets);
       return cutToContract(true);
     default:
       break;
@@ -213,7 +221,9 @@ Next ContractRules(Game& g, int p, int b) {
       return cutToContract(true);
     }
     if (N() < C())
-      refuse("You may not decrease or remove a Come bet \rwhich is established on a point.", kHelpContractBets);
+      RefuseNotice(g, p, b,
+                   "You may not decrease or remove a Come bet \rwhich is established on a point.",
+                   kHelpContractBets);
     return cutToContract(false);
   }
   if (IsDontComePoint(b)) {
