@@ -561,6 +561,19 @@ void TakeBetDownChecked(Game& g, int p, int b) {
   FinishTakeDown(g, p, b);
 }
 
+// Beside the gate, so that the take-down of a bet already at 0 (the odds
+// taken at a new point) is made inline, without a call of its own.
+void TakeBetToMaximum(Game& g, int p, int b) {
+  if (p < 1 || p > 8 || b < 0 || b > kLastBetId) return;
+  const Long flags = g.rules.NoticeFlags;
+  g.rules.NoticeFlags = 0;
+  TakeBetDownChecked(g, p, b);
+  g.BetRequest = Currency::FromWhole(9999999);
+  SetBetChecked(g, p, b);
+  if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
+  g.rules.NoticeFlags = flags;
+}
+
 Currency TotalUpBets(const Game& g, int p) {
   Currency total;
   for (int b = 1; b <= kLastRealBet; ++b) total += g.Bet(p, b);
