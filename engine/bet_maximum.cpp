@@ -103,32 +103,6 @@ struct StoreKey {
   void operator()(Currency c) { key[n++] = c.raw; }
 };
 
-// A figure not remembered under the inputs `read` passes to its visitor:
-// the inputs become its key and figure() is remembered under them. Out of
-// line, so that the remembered path has no more to save and restore than
-// its comparisons need.
-template <class Read, class Figure>
-[[gnu::noinline]] Currency Refigure(RememberedFigure& memo, Read read, Figure figure) {
-  StoreKey store{memo.key};
-  read(store);
-  memo.value = figure();
-  memo.valid = true;
-  return memo.value;
-}
-
-// The figure remembered under the inputs `read` passes to its visitor, or
-// figure() remembered under them now. The inputs are compared where they
-// lie, one by one, without gathering them first.
-template <class Read, class Figure>
-Currency Remember(RememberedFigure& memo, Read read, Figure figure) {
-  if (memo.valid) {
-    SameKey check{memo.key};
-    read(check);
-    if (check.same) return memo.value;
-  }
-  return Refigure(memo, read, figure);
-}
-
 // The slot of an odds bet among the remembered odds maxima (-1 for another
 // bet, or for line odds without a point).
 constexpr int OddsSlot(int b, int point) {
@@ -184,14 +158,47 @@ void FixedInputs(const Game& g, int b, Add& add) {
   }
 }
 
+// The inputs of a figure of kind K (an odds bet's, or those of a fixed
+// kind) passed one by one to `add`.
+template <MaxKind K, class Add>
+void InputsOf(const Game& g, int p, int b, Add& add) {
+  if constexpr (K == MaxKind::Odds)
+    OddsInputs(g, p, b, add);
+  else
+    FixedInputs<K>(g, b, add);
+}
+
+// A figure of kind K not remembered under its inputs: they become its key
+// and the figure is made in full. Out of line, so that the remembered path
+// has no more to save and restore than its comparisons need.
+template <MaxKind K>
+[[gnu::noinline]] Currency Refigure(const Game& g, int p, int b, RememberedFigure& memo) {
+  StoreKey store{memo.key};
+  InputsOf<K>(g, p, b, store);
+  memo.value = SpecialMaximum(g, p, b);
+  memo.valid = true;
+  return memo.value;
+}
+
+// The figure of kind K for bet b of seat p remembered in `memo` under the
+// inputs it reads now, or made and remembered under them. The inputs are
+// compared where they lie, one by one, without gathering them first.
+template <MaxKind K>
+Currency Remember(const Game& g, int p, int b, RememberedFigure& memo) {
+  if (memo.valid) {
+    SameKey check{memo.key};
+    InputsOf<K>(g, p, b, check);
+    if (check.same) return memo.value;
+  }
+  return Refigure<K>(g, p, b, memo);
+}
+
 // BetMaximum from the remembered maximum of bet b of fixed kind K. Each kind
 // has a function of its own, entered by a jump from FigureSpecialMaximum, so
 // a bet pays only for the comparisons of its own kind.
 template <MaxKind K>
 [[gnu::noinline]] void FixedMaximum(Game& g, int p, int b) {
-  g.betting.BetMaximum = Remember(
-      g.betting.maxima.fixed[static_cast<std::size_t>(b)],
-      [&](auto& add) { FixedInputs<K>(g, b, add); }, [&] { return SpecialMaximum(g, p, b); });
+  g.betting.BetMaximum = Remember<K>(g, p, b, g.betting.maxima.fixed[static_cast<std::size_t>(b)]);
 }
 
 // BetMaximum of an odds bet: remembered by seat and slot, or figured in full
@@ -199,9 +206,7 @@ template <MaxKind K>
 [[gnu::noinline]] void OddsMaximum(Game& g, int p, int b, MaxKind kind) {
   const int slot = OddsSlot(b, g.Point);
   if (kind == MaxKind::Odds && slot >= 0 && p >= 1 && p <= 8)
-    g.betting.BetMaximum = Remember(
-        g.betting.maxima.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); },
-        [&] { return SpecialMaximum(g, p, b); });
+    g.betting.BetMaximum = Remember<MaxKind::Odds>(g, p, b, g.betting.maxima.odds(p, slot));
   else
     g.betting.BetMaximum = SpecialMaximum(g, p, b);
 }
