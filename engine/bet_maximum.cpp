@@ -113,19 +113,71 @@ constexpr int OddsSlot(int b, int point) {
 }
 static_assert(OddsSlot(bet::kDontPassOdds, 10) == kOddsSlots - 1);
 
+// What the remembered maximum of an odds bet hangs on, looked up by its id
+// once rather than worked out from the id at each step: its flat bet, its
+// number (0 for the line odds, which take the point) and its slot (for the
+// line odds, the slot of the point 4).
+struct OddsShape {
+  std::int8_t flat = 0, number = 0, slot = -1;
+};
+inline constexpr auto kOddsShape = [] {
+  std::array<OddsShape, kLastBetId + 1> shape{};
+  for (int b = 0; b <= kLastBetId; ++b) {
+    if (!IsOddsBet(b)) continue;
+    OddsShape& o = shape[static_cast<std::size_t>(b)];
+    o.flat = static_cast<std::int8_t>(FlatOf(b));
+    o.number = static_cast<std::int8_t>(IsLineOdds(b) ? 0 : BoxNumber(OddsSlot(b, 0) % 6));
+    o.slot = static_cast<std::int8_t>(IsLineOdds(b) ? OddsSlot(b, 4) : OddsSlot(b, 0));
+  }
+  return shape;
+}();
+
+// The box index of a point 0..10 (-1 for none), without the division BoxIndex makes.
+inline constexpr auto kPointIndex = [] {
+  std::array<std::int8_t, 11> index{};
+  for (int n = 0; n <= 10; ++n)
+    index[static_cast<std::size_t>(n)] =
+        static_cast<std::int8_t>(IsBoxNumber(n) ? BoxIndex(n) : -1);
+  return index;
+}();
+
+// OddsSlot through the shape of the bet (-1 for a bet that is no odds bet).
+constexpr int OddsSlotOf(const OddsShape& o, int point) {
+  if (o.slot < 0 || o.number != 0) return o.slot;
+  if (point < 0 || point > 10) return -1;
+  const int index = kPointIndex[static_cast<std::size_t>(point)];
+  return index < 0 ? -1 : o.slot + index;
+}
+
 // Everything SpecialMaximum reads for an odds bet of seat p: X, the method,
 // the flat bet, the payoff pair, the checks and both caps.
 template <class Add>
 void OddsInputs(const Game& g, int p, int b, Add& add) {
-  add(OddsMultipleOf(g, b));
+  const OddsShape& o = kOddsShape[static_cast<std::size_t>(b)];
+  add(OddsMultiple(g, o.number != 0 ? o.number : g.Point));  // OddsMultipleOf(g, b)
   add(Currency::FromRaw(g.rules.OddsCalcMethod));
-  add(g.Bet(p, FlatOf(b)));
+  add(g.Bet(p, o.flat));
   add(g.PayoffTbl(1, b));
   add(g.PayoffTbl(3, b));
   for (int i = 1; i <= 5; ++i) add(g.CheckValue(i));
   add(g.rules.MaxOddsBet);
   add(g.rules.MaxPlacardBet);
 }
+
+// The shapes agree with the rules they stand for.
+static_assert([] {
+  for (int b = 0; b <= kLastBetId; ++b) {
+    const OddsShape& o = kOddsShape[static_cast<std::size_t>(b)];
+    for (int point = -1; point <= 12; ++point)
+      if (OddsSlotOf(o, point) != OddsSlot(b, point)) return false;
+    if (!IsOddsBet(b)) continue;
+    if (o.flat != FlatOf(b)) return false;
+    if (!IsLineOdds(b) && o.number != (IsComeOdds(b) ? BoxNumber(b - bet::kComeOddsFirst)
+                                                     : BoxNumber(b - bet::kDontComeOddsFirst)))
+      return false;
+  }
+  return true;
+}());
 
 // Everything SpecialMaximum reads for a bet of kind K whose maximum hangs on
 // no other bet: the table maximum and unit, and the payoffs and caps of its
@@ -204,8 +256,8 @@ template <MaxKind K>
 // BetMaximum of an odds bet: remembered by seat and slot, or figured in full
 // for line odds without a point or for no seat.
 [[gnu::noinline]] void OddsMaximum(Game& g, int p, int b, MaxKind kind) {
-  const int slot = OddsSlot(b, g.Point);
-  if (kind == MaxKind::Odds && slot >= 0 && p >= 1 && p <= 8)
+  const int slot = kind == MaxKind::Odds ? OddsSlotOf(kOddsShape[static_cast<std::size_t>(b)], g.Point) : -1;
+  if (slot >= 0 && p >= 1 && p <= 8)
     g.betting.BetMaximum = Remember<MaxKind::Odds>(g, p, b, g.betting.maxima.odds(p, slot));
   else
     g.betting.BetMaximum = SpecialMaximum(g, p, b);
