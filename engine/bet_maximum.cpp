@@ -103,23 +103,6 @@ struct StoreKey {
   void operator()(Currency c) { key[n++] = c.raw; }
 };
 
-// The figure remembered under the inputs `read` passes to its visitor, or
-// figure() remembered under them now. The inputs are compared where they
-// lie, one by one, without gathering them first.
-template <class Read, class Figure>
-Currency Remember(RememberedFigure& memo, Read read, Figure figure) {
-  if (memo.valid) {
-    SameKey check{memo.key};
-    read(check);
-    if (check.same) return memo.value;
-  }
-  StoreKey store{memo.key};
-  read(store);
-  memo.value = figure();
-  memo.valid = true;
-  return memo.value;
-}
-
 // The slot of an odds bet among the remembered odds maxima (-1 for another
 // bet, or for line odds without a point).
 constexpr int OddsSlot(int b, int point) {
@@ -130,19 +113,71 @@ constexpr int OddsSlot(int b, int point) {
 }
 static_assert(OddsSlot(bet::kDontPassOdds, 10) == kOddsSlots - 1);
 
+// What the remembered maximum of an odds bet hangs on, looked up by its id
+// once rather than worked out from the id at each step: its flat bet, its
+// number (0 for the line odds, which take the point) and its slot (for the
+// line odds, the slot of the point 4).
+struct OddsShape {
+  std::int8_t flat = 0, number = 0, slot = -1;
+};
+inline constexpr auto kOddsShape = [] {
+  std::array<OddsShape, kLastBetId + 1> shape{};
+  for (int b = 0; b <= kLastBetId; ++b) {
+    if (!IsOddsBet(b)) continue;
+    OddsShape& o = shape[static_cast<std::size_t>(b)];
+    o.flat = static_cast<std::int8_t>(FlatOf(b));
+    o.number = static_cast<std::int8_t>(IsLineOdds(b) ? 0 : BoxNumber(OddsSlot(b, 0) % 6));
+    o.slot = static_cast<std::int8_t>(IsLineOdds(b) ? OddsSlot(b, 4) : OddsSlot(b, 0));
+  }
+  return shape;
+}();
+
+// The box index of a point 0..10 (-1 for none), without the division BoxIndex makes.
+inline constexpr auto kPointIndex = [] {
+  std::array<std::int8_t, 11> index{};
+  for (int n = 0; n <= 10; ++n)
+    index[static_cast<std::size_t>(n)] =
+        static_cast<std::int8_t>(IsBoxNumber(n) ? BoxIndex(n) : -1);
+  return index;
+}();
+
+// OddsSlot through the shape of the bet (-1 for a bet that is no odds bet).
+constexpr int OddsSlotOf(const OddsShape& o, int point) {
+  if (o.slot < 0 || o.number != 0) return o.slot;
+  if (point < 0 || point > 10) return -1;
+  const int index = kPointIndex[static_cast<std::size_t>(point)];
+  return index < 0 ? -1 : o.slot + index;
+}
+
 // Everything SpecialMaximum reads for an odds bet of seat p: X, the method,
 // the flat bet, the payoff pair, the checks and both caps.
 template <class Add>
 void OddsInputs(const Game& g, int p, int b, Add& add) {
-  add(OddsMultipleOf(g, b));
+  const OddsShape& o = kOddsShape[static_cast<std::size_t>(b)];
+  add(OddsMultiple(g, o.number != 0 ? o.number : g.Point));  // OddsMultipleOf(g, b)
   add(Currency::FromRaw(g.rules.OddsCalcMethod));
-  add(g.Bet(p, FlatOf(b)));
+  add(g.Bet(p, o.flat));
   add(g.PayoffTbl(1, b));
   add(g.PayoffTbl(3, b));
   for (int i = 1; i <= 5; ++i) add(g.CheckValue(i));
   add(g.rules.MaxOddsBet);
   add(g.rules.MaxPlacardBet);
 }
+
+// The shapes agree with the rules they stand for.
+static_assert([] {
+  for (int b = 0; b <= kLastBetId; ++b) {
+    const OddsShape& o = kOddsShape[static_cast<std::size_t>(b)];
+    for (int point = -1; point <= 12; ++point)
+      if (OddsSlotOf(o, point) != OddsSlot(b, point)) return false;
+    if (!IsOddsBet(b)) continue;
+    if (o.flat != FlatOf(b)) return false;
+    if (!IsLineOdds(b) && o.number != (IsComeOdds(b) ? BoxNumber(b - bet::kComeOddsFirst)
+                                                     : BoxNumber(b - bet::kDontComeOddsFirst)))
+      return false;
+  }
+  return true;
+}());
 
 // Everything SpecialMaximum reads for a bet of kind K whose maximum hangs on
 // no other bet: the table maximum and unit, and the payoffs and caps of its
@@ -175,48 +210,78 @@ void FixedInputs(const Game& g, int b, Add& add) {
   }
 }
 
-// The remembered maximum of bet b of fixed kind K.
+// The inputs of a figure of kind K (an odds bet's, or those of a fixed
+// kind) passed one by one to `add`.
+template <MaxKind K, class Add>
+void InputsOf(const Game& g, int p, int b, Add& add) {
+  if constexpr (K == MaxKind::Odds)
+    OddsInputs(g, p, b, add);
+  else
+    FixedInputs<K>(g, b, add);
+}
+
+// A figure of kind K not remembered under its inputs: they become its key
+// and the figure is made in full. Out of line, so that the remembered path
+// has no more to save and restore than its comparisons need.
 template <MaxKind K>
-Currency FixedMaximum(Game& g, int p, int b) {
-  return Remember(
-      g.betting.maxima.fixed[static_cast<std::size_t>(b)],
-      [&](auto& add) { FixedInputs<K>(g, b, add); }, [&] { return SpecialMaximum(g, p, b); });
+[[gnu::noinline]] Currency Refigure(const Game& g, int p, int b, RememberedFigure& memo) {
+  StoreKey store{memo.key};
+  InputsOf<K>(g, p, b, store);
+  memo.value = SpecialMaximum(g, p, b);
+  memo.valid = true;
+  return memo.value;
+}
+
+// The figure of kind K for bet b of seat p remembered in `memo` under the
+// inputs it reads now, or made and remembered under them. The inputs are
+// compared where they lie, one by one, without gathering them first.
+template <MaxKind K>
+Currency Remember(const Game& g, int p, int b, RememberedFigure& memo) {
+  if (memo.valid) {
+    SameKey check{memo.key};
+    InputsOf<K>(g, p, b, check);
+    if (check.same) return memo.value;
+  }
+  return Refigure<K>(g, p, b, memo);
+}
+
+// BetMaximum from the remembered maximum of bet b of fixed kind K. Each kind
+// has a function of its own, entered by a jump from FigureSpecialMaximum, so
+// a bet pays only for the comparisons of its own kind.
+template <MaxKind K>
+[[gnu::noinline]] void FixedMaximum(Game& g, int p, int b) {
+  g.betting.BetMaximum = Remember<K>(g, p, b, g.betting.maxima.fixed[static_cast<std::size_t>(b)]);
+}
+
+// BetMaximum of an odds bet: remembered by seat and slot, or figured in full
+// for line odds without a point or for no seat.
+[[gnu::noinline]] void OddsMaximum(Game& g, int p, int b, MaxKind kind) {
+  const int slot = kind == MaxKind::Odds ? OddsSlotOf(kOddsShape[static_cast<std::size_t>(b)], g.Point) : -1;
+  if (slot >= 0 && p >= 1 && p <= 8)
+    g.betting.BetMaximum = Remember<MaxKind::Odds>(g, p, b, g.betting.maxima.odds(p, slot));
+  else
+    g.betting.BetMaximum = SpecialMaximum(g, p, b);
 }
 
 }  // namespace
 
 void FigureSpecialMaximum(Game& g, int p, int b, MaxKind kind) {
-  Currency m;
   switch (kind) {
     case MaxKind::Lay:
-      m = FixedMaximum<MaxKind::Lay>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::Lay>(g, p, b);
     case MaxKind::Fire:
-      m = FixedMaximum<MaxKind::Fire>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::Fire>(g, p, b);
     case MaxKind::CandE:
-      m = FixedMaximum<MaxKind::CandE>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::CandE>(g, p, b);
     case MaxKind::Horn:
-      m = FixedMaximum<MaxKind::Horn>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::Horn>(g, p, b);
     case MaxKind::World:
-      m = FixedMaximum<MaxKind::World>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::World>(g, p, b);
     case MaxKind::Payoff:
-      m = FixedMaximum<MaxKind::Payoff>(g, p, b);
-      break;
+      return FixedMaximum<MaxKind::Payoff>(g, p, b);
     default:
-      if (const int slot = OddsSlot(b, g.Point);
-          kind == MaxKind::Odds && slot >= 0 && p >= 1 && p <= 8)
-        m = Remember(
-            g.betting.maxima.odds(p, slot), [&](auto& add) { OddsInputs(g, p, b, add); },
-            [&] { return SpecialMaximum(g, p, b); });
-      else
-        m = SpecialMaximum(g, p, b);  // line odds without a point, or no seat
-      break;
+      return OddsMaximum(g, p, b, kind);
   }
-  g.betting.BetMaximum = m;
 }
 
 // The maxima are the same for every call with the same inputs (the rules,

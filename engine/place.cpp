@@ -89,30 +89,46 @@ constexpr auto kUnderContract = [] {
 
 Next ContractRules(Game& g, int p, int b) {
   BettingState& s = g.betting;
-  const Currency B = g.Bet(p, b), C = g.BetContract(p, b), N = B + s.BetChange;
+  const Currency B = g.Bet(p, b);
   const bool point = g.Point > 0;
   const bool comePoint = IsComePoint(b);
+  // The contract, the new total and whether a notice may be shown are read
+  // where a rule needs them: most calls pass on the bet id and the sign of
+  // the change alone. Every path reads the contract before it shows a
+  // notice, and keeps what it read.
+  Currency contract;
+  bool contractRead = false;
+  auto C = [&] {
+    if (!contractRead) {
+      contract = g.BetContract(p, b);
+      contractRead = true;
+    }
+    return contract;
+  };
+  auto N = [&] { return B + s.BetChange; };
   // Texts are built only when they will be shown: never in Hyper-Drive.
-  const bool tell = CanNotify(g, kNoticeNotAllowed);
-  auto refuse = [&](std::string_view text, int help) { RefuseNotice(g, p, b, text, help); };
+  auto tell = [&] { return CanNotify(g, kNoticeNotAllowed); };
 
   if (s.BetChange.IsZero()) {
-    if ((b == bet::kPassLine || comePoint) && point && B < C) {
-      if (tell)
-        refuse(b == bet::kPassLine ? "You may not decrease or remove your Pass Line bet \rwhile a "
-                                     "point is established."
-                                   : "You may not decrease or remove an established Come bet.",
-               kHelpContractBets);
-      s.BetChange = C - B;
+    if ((b == bet::kPassLine || comePoint) && point && B < C()) {
+      if (tell())
+        RefuseNotice(g, p, b,
+                     b == bet::kPassLine
+                         ? "You may not decrease or remove your Pass Line bet \rwhile a "
+                           "point is established."
+                         : "You may not decrease or remove an established Come bet.",
+                     kHelpContractBets);
+      s.BetChange = C() - B;
     }
     return Next::Free;
   }
 
   if (s.BetChange < Currency{}) {
     if (comePoint || (b == bet::kPassLine && point)) {
-      if (B == C) {
-        if (tell)
-          refuse(
+      if (B == C()) {
+        if (tell())
+          RefuseNotice(
+              g, p, b,
               comePoint
                   ? "You may not decrease or remove a Come bet \rwhich is established on a point."
                   : "You may not decrease or remove a Pass Line bet \rwhile a point is "
@@ -121,8 +137,8 @@ Next ContractRules(Game& g, int p, int b) {
         s.BetChange = Currency{};
         return Next::Return;
       }
-      if (N >= C) return Next::Free;
-      s.BetChange = C - B;
+      if (N() >= C()) return Next::Free;
+      s.BetChange = C() - B;
       return Next::Apply;
     }
     return Next::Free;
@@ -131,88 +147,96 @@ Next ContractRules(Game& g, int p, int b) {
   // A positive change.
   const bool put = g.rules.AllowPutBets;
   auto cutToContract = [&](bool returnWhenZero) {
-    s.BetChange = C - B;
+    s.BetChange = C() - B;
     return returnWhenZero && s.BetChange.IsZero() ? Next::Return : Next::Apply;
   };
   switch (b) {
     case bet::kPassLine:
-      if (!point || (N >= C && put)) return Next::Free;
-      if (N >= C) {
-        if (tell)
+      if (!point || (N() >= C() && put)) return Next::Free;
+      if (N() >= C()) {
+        if (tell())
           RefusePut(g, p, b,
                     "You may not make or increase a Pass Line bet \rwhile a point is established.",
                     kHelpPutBets);
         return cutToContract(true);
       }
-      if (tell)
-        refuse("You may not decrease or remove a Pass Line bet \rwhile a point is established.",
-               kHelpContractBets);
+      if (tell())
+        RefuseNotice(
+            g, p, b,
+            "You may not decrease or remove a Pass Line bet \rwhile a point is established.",
+            kHelpContractBets);
       return cutToContract(false);
     case bet::kCome:
     case bet::kDontCome:
       if (point) return Next::Free;
-      if (tell)
-        refuse(b == bet::kCome
-                   ? "You may not make a Come bet \runtil a point is established."
-                   : "You may not make a Don't Come bet \runtil a point is established.",
-               b == bet::kCome ? kHelpComeBet : kHelpDontComeBet);
+      if (tell())
+        RefuseNotice(g, p, b,
+                     b == bet::kCome
+                         ? "You may not make a Come bet \runtil a point is established."
+                         : "You may not make a Don't Come bet \runtil a point is established.",
+                     b == bet::kCome ? kHelpComeBet : kHelpDontComeBet);
       s.BetChange = Currency{};
       return Next::Return;
     case bet::kDontPass:
-      if (!point || N <= C) return Next::Free;
-      if (tell)
-        RefuseRestore(g, p, b,
-                      "You may not make or increase a Don't Pass bet \rwhile a point is established.",
-                      C > Currency{}, kHelpDontPassBet);
+      if (!point || N() <= C()) return Next::Free;
+      if (tell())
+        RefuseRestore(
+            g, p, b,
+            "You may not make or increase a Don't Pass bet \rwhile a point is established.",
+            C() > Currency{}, kHelpDontPassBet);
       return cutToContract(false);
     case bet::kPassLineOdds:
     case bet::kDontPassOdds: {
       const bool pass = b == bet::kPassLineOdds;
       if (!g.Bet(p, pass ? bet::kPassLine : bet::kDontPass).IsZero() && g.Point != 0)
         return Next::Free;
-      if (tell)
-        refuse(pass
-                   ? "You may not make a Pass Line Odds bet unless \ryou also have a Pass Line bet "
-                     "and a point is established."
-                   : "You may not make a Don't Pass Odds bet unless \ryou also have a Don't Pass "
-                     "bet and a point is established.",
-               pass ? kHelpPassLineBet : kHelpDontPassBet);
+      if (tell())
+        RefuseNotice(
+            g, p, b,
+            pass ? "You may not make a Pass Line Odds bet unless \ryou also have a Pass Line bet "
+                   "and a point is established."
+                 : "You may not make a Don't Pass Odds bet unless \ryou also have a Don't Pass "
+                   "bet and a point is established.",
+            pass ? kHelpPassLineBet : kHelpDontPassBet);
       s.BetChange = Currency{};
       return Next::Return;
     }
     case bet::kFire:
-      if (g.RollTally(kTableHand, kEventRolls) == 0 || N <= C) return Next::Free;
-      if (tell)
-        RefuseRestore(g, p, b,
-                      "You may not make or increase a Fire bet \rafter the shooter has started a hand.",
-                      B < C, kHelpPutBets);
+      if (g.RollTally(kTableHand, kEventRolls) == 0 || N() <= C()) return Next::Free;
+      if (tell())
+        RefuseRestore(
+            g, p, b,
+            "You may not make or increase a Fire bet \rafter the shooter has started a hand.",
+            B < C(), kHelpPutBets);
       return cutToContract(true);
     default:
       break;
   }
   if (comePoint) {
-    if (s.MovingBet || (N > C && put)) return Next::Free;
-    if (N > C) {
-      if (tell)
+    if (s.MovingBet || (N() > C() && put)) return Next::Free;
+    if (N() > C()) {
+      if (tell())
         RefusePut(g, p, b, "You may not make or increase a Come bet \rdirectly on a point number.",
                   kHelpPutBets);
       return cutToContract(true);
     }
-    if (N < C)
-      refuse("You may not decrease or remove a Come bet \rwhich is established on a point.", kHelpContractBets);
+    if (N() < C())
+      RefuseNotice(g, p, b,
+                   "You may not decrease or remove a Come bet \rwhich is established on a point.",
+                   kHelpContractBets);
     return cutToContract(false);
   }
   if (IsDontComePoint(b)) {
-    if (s.MovingBet || N <= C) return Next::Free;
-    if (tell)
+    if (s.MovingBet || N() <= C()) return Next::Free;
+    if (tell())
       RefuseRestore(g, p, b,
                     "You may not make or increase a Don't Come bet \rdirectly on a point number.",
-                    C > Currency{}, kHelpDontComeBet);
+                    C() > Currency{}, kHelpDontComeBet);
     return cutToContract(false);
   }
   if (IsComeOdds(b) || IsDontComeOdds(b)) {
     if (!g.Bet(p, b - 6).IsZero()) return Next::Free;
-    if (tell) RefuseOddsWithoutFlat(g, p, b);
+    if (tell()) RefuseOddsWithoutFlat(g, p, b);
     s.BetChange = Currency{};
     return Next::Return;
   }
@@ -535,6 +559,19 @@ void TakeBetDownChecked(Game& g, int p, int b) {
   g.betting.BetChange = -B;
   ClearLimitsOf(g, b);
   FinishTakeDown(g, p, b);
+}
+
+// Beside the gate, so that the take-down of a bet already at 0 (the odds
+// taken at a new point) is made inline, without a call of its own.
+void TakeBetToMaximum(Game& g, int p, int b) {
+  if (p < 1 || p > 8 || b < 0 || b > kLastBetId) return;
+  const Long flags = g.rules.NoticeFlags;
+  g.rules.NoticeFlags = 0;
+  TakeBetDownChecked(g, p, b);
+  g.BetRequest = Currency::FromWhole(9999999);
+  SetBetChecked(g, p, b);
+  if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
+  g.rules.NoticeFlags = flags;
 }
 
 Currency TotalUpBets(const Game& g, int p) {

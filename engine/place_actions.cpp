@@ -94,17 +94,6 @@ void RemoveBet(Game& g, int p, int b) {
   PlaceBet(g, p, b);
 }
 
-void TakeBetToMaximum(Game& g, int p, int b) {
-  if (!Valid(p, b)) return;
-  const Long flags = g.rules.NoticeFlags;
-  g.rules.NoticeFlags = 0;
-  TakeBetDownChecked(g, p, b);
-  g.BetRequest = Currency::FromWhole(9999999);
-  SetBetChecked(g, p, b);
-  RedrawTable(g);
-  g.rules.NoticeFlags = flags;
-}
-
 void TakeFullOdds(Game& g, int p) {
   if (!Seat(p)) return;
   if (g.Bet(p, bet::kPassLine) > Currency{} && g.Point > 0)
