@@ -187,6 +187,30 @@ void CopyWorkingFlags(const Long* from, Long* to) {
 #endif
 }
 
+// The rows of seat p a seat-wide mark asks the at-roll snapshot for: the
+// ids above the real bets when bit p of `upperChanged` is set, and the real
+// bets and streaks whole when bit p of `wholeRows` is; otherwise the ids
+// `ids`. Out of line: a run marks seats so only at its start and pumps.
+[[gnu::noinline]] void CopyMarkedRowsAtRoll(Game& g, int p, std::uint32_t upperChanged,
+                                            std::uint32_t wholeRows, BetIdSet ids) {
+  CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
+  const Currency* bets = &g.Bet(p, 0);
+  Currency* atRoll = &g.BetAtRoll(p, 0);
+  Currency* contract = &g.BetContract(p, 0);
+  Long* trend = &g.BetTrend(p, 0, 0);
+  if (((wholeRows >> p) & 1) != 0) {
+    std::copy_n(bets, kLastRealBet + 1, atRoll);
+    std::copy_n(bets, kLastRealBet + 1, contract);
+    CopyStreaksNowToAtRoll(trend);
+    return;
+  }
+  atRoll[0] = contract[0] = bets[0];
+  ids.ForEach([=](int b) {
+    atRoll[b] = contract[b] = bets[b];
+    trend[2 * b] = trend[2 * b + 1];
+  });
+}
+
 // BetAtRoll and BetContract take the real bets, the at-roll streaks their
 // present values, RailAtRoll the money off the table. A seat with every id
 // marked (a new call, a script, the events: WholeRowsAtRoll) has its rows
@@ -196,22 +220,21 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
   RollState& r = g.roll;
   const std::uint32_t upperChanged = r.UpperCellsChangedAtRoll;
   const std::uint32_t wholeRows = r.WholeRowsAtRoll;
-  ForEachSeatIn(seated, [&g, &r, upperChanged, wholeRows](int p) {
-    g.RailAtRoll(p) = g.Bet(p, 0) - g.TotalBets(p);
-    CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
-    const BetIdSet ids = TakeChangedIds(r, p);
-    r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] =
-        r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] | ids;
+  // One test per seat for both seat-wide marks.
+  const std::uint32_t seatMarks = upperChanged | wholeRows;
+  ForEachSeatIn(seated, [&g, &r, upperChanged, wholeRows, seatMarks](int p) {
     const Currency* bets = &g.Bet(p, 0);
+    g.RailAtRoll(p) = bets[0] - g.TotalBets(p);
+    const BetIdSet ids = TakeChangedIds(r, p);
+    BetIdSet& taken = r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)];
+    taken = taken | ids;
+    if (((seatMarks >> p) & 1) != 0) [[unlikely]] {
+      CopyMarkedRowsAtRoll(g, p, upperChanged, wholeRows, ids);
+      return;
+    }
     Currency* atRoll = &g.BetAtRoll(p, 0);
     Currency* contract = &g.BetContract(p, 0);
     Long* trend = &g.BetTrend(p, 0, 0);
-    if (((wholeRows >> p) & 1) != 0) {
-      std::copy_n(bets, kLastRealBet + 1, atRoll);
-      std::copy_n(bets, kLastRealBet + 1, contract);
-      CopyStreaksNowToAtRoll(trend);
-      return;
-    }
     atRoll[0] = contract[0] = bets[0];
     ids.ForEach([=](int b) {
       atRoll[b] = contract[b] = bets[b];
@@ -222,37 +245,72 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
   r.WholeRowsAtRoll &= ~seated;
 }
 
-// BetAfterRoll takes the bets, BetWorkingAfterRoll the working flags.
+// Step 23 for seat p: the bankroll records.
+inline void KeepBankrollRecordsOf(Game& g, int p) {
+  const Currency bank = g.Bet(p, 0);
+  g.BankrollSum(p) += bank;
+  if (BankrollBeyondLimit(g, p)) LimitExceeded(g, p);
+  if (bank > g.BankrollHigh(p)) g.BankrollHigh(p) = bank;
+  if (bank < g.BankrollLow(p)) g.BankrollLow(p) = bank;
+}
+
+// Step 23: bankroll records.
+void KeepBankrollRecords(Game& g, unsigned seated) {
+  // An open seat's money and records are all 0.
+  ForEachSeatIn(seated, [&g](int p) { KeepBankrollRecordsOf(g, p); });
+}
+
+// The rows of seat p a seat-wide mark asks the after-roll snapshot for: the
+// ids above the real bets (`upperChanged`), the working flags whole
+// (`workingChanged` or `wholeRows`), the real bets whole (`wholeRows`);
+// otherwise the ids `ids`.
+void CopyMarkedRowsAfterRoll(Game& g, int p, std::uint32_t upperChanged,
+                             std::uint32_t workingChanged, std::uint32_t wholeRowsMarked,
+                             BetIdSet ids) {
+  CopyUpperCells(g, p, upperChanged, g.BetAfterRoll);
+  const bool wholeRows = ((wholeRowsMarked >> p) & 1) != 0;
+  if (wholeRows || ((workingChanged >> p) & 1) != 0)
+    CopyWorkingFlags(&g.BetWorking(p, 0), &g.BetWorkingAfterRoll(p, 0));
+  const Currency* bets = &g.Bet(p, 0);
+  Currency* afterRoll = &g.BetAfterRoll(p, 0);
+  if (wholeRows) {
+    std::copy_n(bets, kLastRealBet + 1, afterRoll);
+  } else {
+    ids.ForEach([=](int b) { afterRoll[b] = bets[b]; });
+  }
+}
+
+// BetAfterRoll takes the bets, BetWorkingAfterRoll the working flags. With
+// `keepRecords` each seat's bankroll records are kept in the same visit
+// (step 23, for a roll in which nothing between reads or changes them).
+template <bool keepRecords>
 void SnapshotAfterRoll(Game& g, unsigned seated) {
   RollState& r = g.roll;
   r.ScriptActiveAtRoll = r.ScriptActive;
   if (seated == 0) return;
   const std::uint32_t upperChanged = r.UpperCellsChangedAfterRoll;
   const std::uint32_t workingChanged = r.WorkingChangedAfterRoll;
-  const std::uint32_t wholeRowsMarked = r.WholeRowsAfterRoll;
-  ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged, wholeRowsMarked](int p) {
-    CopyUpperCells(g, p, upperChanged, g.BetAfterRoll);
-    const BetIdSet ids = TakeChangedIds(r, p);
+  const std::uint32_t wholeRows = r.WholeRowsAfterRoll;
+  // One test per seat for the seat-wide marks.
+  const std::uint32_t seatMarks = upperChanged | workingChanged | wholeRows;
+  ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged, wholeRows, seatMarks](int p) {
+    if constexpr (keepRecords) KeepBankrollRecordsOf(g, p);
     const Currency* bets = &g.Bet(p, 0);
     Currency* afterRoll = &g.BetAfterRoll(p, 0);
+    afterRoll[0] = bets[0];
+    const BetIdSet ids = TakeChangedIds(r, p);
+    if (((seatMarks >> p) & 1) != 0) {
+      CopyMarkedRowsAfterRoll(g, p, upperChanged, workingChanged, wholeRows, ids);
+      return;
+    }
+    // A bet and its working flag in one pass over the marked ids (the
+    // bankroll, id 0, has no flag and is copied above).
     const Long* working = &g.BetWorking(p, 0);
     Long* workingAfterRoll = &g.BetWorkingAfterRoll(p, 0);
-    // The working flags are those of ids 1..kLastRealBet (id 0 has none).
-    const bool wholeRows = ((wholeRowsMarked >> p) & 1) != 0;
-    if (wholeRows || ((workingChanged >> p) & 1) != 0) CopyWorkingFlags(working, workingAfterRoll);
-    if (wholeRows) {
-      std::copy_n(bets, kLastRealBet + 1, afterRoll);
-    } else if (((workingChanged >> p) & 1) != 0) {
-      afterRoll[0] = bets[0];
-      ids.ForEach([=](int b) { afterRoll[b] = bets[b]; });
-    } else {
-      // A bet and its working flag in one pass over the marked ids.
-      afterRoll[0] = bets[0];
-      (ids & kBetsWithWorkingFlags).ForEach([=](int b) {
-        afterRoll[b] = bets[b];
-        workingAfterRoll[b] = working[b];
-      });
-    }
+    (ids & kBetsWithWorkingFlags).ForEach([=](int b) {
+      afterRoll[b] = bets[b];
+      workingAfterRoll[b] = working[b];
+    });
   });
   r.UpperCellsChangedAfterRoll &= ~seated;
   r.WorkingChangedAfterRoll &= ~seated;
@@ -301,23 +359,16 @@ bool TakeDice(Game& g, DiceSource& source) {
   return true;
 }
 
-// Step 23: bankroll records.
-void KeepBankrollRecords(Game& g, unsigned seated) {
-  // An open seat's money and records are all 0.
-  ForEachSeatIn(seated, [&g](int p) {
-    const Currency bank = g.Bet(p, 0);
-    g.BankrollSum(p) += bank;
-    if (BankrollBeyondLimit(g, p)) LimitExceeded(g, p);
-    if (bank > g.BankrollHigh(p)) g.BankrollHigh(p) = bank;
-    if (bank < g.BankrollLow(p)) g.BankrollLow(p) = bank;
-  });
-}
-
 // Steps 6 to 27: one roll. Returns false when a check stopped it before the dice.
 bool RollOnce(Game& g) {
   if (g.rules.BetRequirement != kNoBetRequired && !MeetsBetRequirement(g)) return false;
   if (!WithinRollLimit(g)) return false;
-  const unsigned seated = SeatedPlayers(g);
+  RollState& r = g.roll;
+  if (!r.SeatsKnown) {
+    r.SeatsAtRoll = SeatedPlayers(g);
+    r.SeatsKnown = true;
+  }
+  const unsigned seated = r.SeatsAtRoll;
   // The log of the changes reads the at-roll copies before the snapshot
   // takes new ones (and reads no RailAtRoll).
   if (g.roll.LogOn) LogChangesSinceLastRoll(g);
@@ -354,14 +405,19 @@ bool RollOnce(Game& g) {
       AutoPlayPointActions(g, seated);
     }
   }
-  KeepBankrollRecords(g, seated);
+  // The scripts read the bankroll records and may change the bets; the log
+  // and the graph do neither, so in a run without scripts the records are
+  // kept in the after-roll snapshot's visit of each seat (a message of the
+  // limits, which only a roll outside Hyper-Drive shows, keeps them here).
+  const bool scripted = g.roll.ScriptActive[0] && g.roll.ScriptsOK;
+  const bool recordsLater = g.HyperDrive && !scripted;
+  if (!recordsLater) KeepBankrollRecords(g, seated);
   if (g.roll.LogOn) LogRollResults(g);
   ShiftGraphHistory(g, seated);
 
   // The scripts run last: a script sees the finished roll, and what it bets
   // stands for the next. Only a script seats or cashes out a player during
   // a roll, so without one the seats are those of the roll's start.
-  const bool scripted = g.roll.ScriptActive[0] && g.roll.ScriptsOK;
   if (scripted) RunAutoBets(g);
   // A script may change CheckStacks; a roll outside Hyper-Drive may show a
   // message, during which the window takes the user's changes.
@@ -369,7 +425,10 @@ bool RollOnce(Game& g) {
   // A script may run after every roll: the graph step then visits every
   // seat rather than look over the open seats' pages each time.
   if (scripted) g.roll.ForgetIdleGraphRows(false);
-  SnapshotAfterRoll(g, scripted ? SeatedPlayers(g) : seated);
+  if (recordsLater)
+    SnapshotAfterRoll<true>(g, seated);
+  else
+    SnapshotAfterRoll<false>(g, scripted ? SeatedPlayers(g) : seated);
   g.platform->RequestRedraw(Redraw::OpenViews);
   if (!g.HyperDrive) g.platform->RequestRedraw(Redraw::StatusBoxes);
   return true;
@@ -418,6 +477,7 @@ void MarkSeatRowsChanged(Game& g) {
   r.WholeRowsAfterRoll = ~0u;
   r.WorkingChangedAfterRoll = ~0u;
   r.ForgetIdleGraphRows(true);
+  r.SeatsKnown = false;
 }
 
 bool QueueDice(Game& g, int die1, int die2) {

@@ -37,6 +37,12 @@ constexpr Long kMissingSecondMt = 2;  // generators 1, 6 fall back to 3
 struct MtState {
   std::array<std::uint32_t, kMtWords> mt{};
   int mti = kMtWords + 1;
+  // The die of each word, Int(u x 6) + 1 of its tempered output as u in
+  // [0, 1), made by the regeneration that made the words, so that the first
+  // generator's dice are two reads. Only the regeneration writes words that
+  // are drawn: a seeding leaves mti at kMtWords or beyond, so no word is
+  // drawn before the next regeneration has made its die.
+  std::array<std::uint8_t, kMtWords> die{};
 
   friend bool operator==(const MtState&, const MtState&) = default;
 };

@@ -2,9 +2,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#if defined(__SSE2__) && defined(__x86_64__)
-#include <emmintrin.h>
-#endif
 
 #include "dice/generators.h"
 #include "dice/probability.h"
@@ -25,22 +22,6 @@ inline Long DieFrom(double u) {
 // below 6 and needs no cap.
 inline Long DieFromWord(std::uint32_t w) {
   return static_cast<Long>((std::uint64_t{w} * 6) >> 32) + 1;
-}
-
-// The tempered words of w[0] (low half) and w[1] (high half): with SSE2
-// the two words are tempered in one register, lane by lane the same
-// shifts, masks and exclusive ors as TemperMt.
-inline std::uint64_t TemperTwoMtWords(const std::uint32_t* w) {
-#if defined(__SSE2__) && defined(__x86_64__)
-  __m128i y = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(w));
-  y = _mm_xor_si128(y, _mm_srli_epi32(y, 11));
-  y = _mm_xor_si128(y, _mm_and_si128(_mm_slli_epi32(y, 7), _mm_set1_epi32(static_cast<int>(kMtTemperB))));
-  y = _mm_xor_si128(y, _mm_and_si128(_mm_slli_epi32(y, 15), _mm_set1_epi32(static_cast<int>(kMtTemperC))));
-  y = _mm_xor_si128(y, _mm_srli_epi32(y, 18));
-  return static_cast<std::uint64_t>(_mm_cvtsi128_si64(y));
-#else
-  return TemperMt(w[0]) | std::uint64_t{TemperMt(w[1])} << 32;
-#endif
 }
 
 // k for the probability table from a 32-bit draw: Int(u x 100000) + 1.
@@ -158,13 +139,13 @@ void DrawDice(Game& game) {
   MtState& mt = s.mt19937;
   // The first generator is the one selected at start-up. While two words
   // are left before the next regeneration (always, but for one roll in
-  // 312), its two draws are the next two words, tempered side by side;
-  // otherwise DrawOtherDice draws them one by one.
+  // 312), its dice are the dice the regeneration made of the next two
+  // words (MtState::die); otherwise DrawOtherDice draws them one by one.
   if (s.RngIndex == 0 && !s.ProbabilityDiceOn && mt.mti <= kMtWords - 2) [[likely]] {
-    const std::uint64_t words = TemperTwoMtWords(&mt.mt[static_cast<std::size_t>(mt.mti)]);
+    const auto i = static_cast<std::size_t>(mt.mti);
     mt.mti += 2;
-    game.Die1 = DieFromWord(static_cast<std::uint32_t>(words));
-    game.Die2 = DieFromWord(static_cast<std::uint32_t>(words >> 32));
+    game.Die1 = mt.die[i];
+    game.Die2 = mt.die[i + 1];
     return;
   }
   DrawOtherDice(game);

@@ -116,6 +116,14 @@ struct RollState {
     return all;
   }
 
+  // The seats (bit p) the last roll started with, while SeatsKnown: the
+  // roll reads the seats once per call rather than once per roll. Only a
+  // script run, an event pump or what happens outside a roll call seats or
+  // cashes out a player, and each is followed by MarkSeatRowsChanged, which
+  // clears SeatsKnown; a roll observer seats no one.
+  std::uint32_t SeatsAtRoll = 0;
+  bool SeatsKnown = false;
+
   // The bankroll graph's open seats that a new column within the page may
   // pass over (bit p): no money, every column of the page 0 and the range
   // around 0, so that adding a column of 0 changes nothing. In Hyper-Drive

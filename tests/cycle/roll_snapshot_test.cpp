@@ -149,6 +149,35 @@ TEST_F(RollSnapshots, ChangesBetweenCallsReachTheNextSnapshots) {
   EXPECT_EQ(checkedRolls, 6 * 21);
 }
 
+// The roll reads the seats once per call and again after each event pump:
+// a player seated in the events bets, is decided and has snapshots from the
+// next roll on; a seat left in the events is not visited again.
+TEST_F(RollSnapshots, SeatsTakenOrLeftInTheEventsCountFromTheNextRoll) {
+  ResetPlayer(g, 8);
+  g.PlayerName[8].clear();
+  --g.PlayerCount;
+  g.hyper.RollObserver = nullptr;
+  PumpEveryRoll();
+  platform.onEvents = [this] {
+    AfterRoll();
+    const long roll = g.RollTally(kTableSession, kEventRolls);
+    if (roll == 40) SeatPlayer(g, 8, "Ivy", Currency::FromWhole(500));
+    if (roll >= 40 && Seated(8) && g.Bet(8, bet::kField).IsZero()) {
+      g.BetRequest = Currency::FromWhole(5);
+      PlaceBet(g, 8, bet::kField);
+    }
+    if (roll == 120) {
+      ResetPlayer(g, 3);
+      g.PlayerName[3].clear();
+      --g.PlayerCount;
+    }
+    expectedAtRoll = g.Bet;
+  };
+  Run(200);
+  EXPECT_EQ(checkedRolls, 200);
+  EXPECT_NE(g.BankrollSum(8), Currency{});
+}
+
 
 // Of the real bets the snapshots copy only the ids marked as changed, and
 // the graph step passes over open seats whose rows a new column leaves as
