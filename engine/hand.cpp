@@ -40,6 +40,7 @@ void MoveToLastHand(Table1<T, 0, kLastFrameIndex>& t, int p) {
 }  // namespace
 
 void CloseHand(Game& g) {
+  auto& rollsAtTable = g.RollsAtTable.Settled();
   for (int p = 0; p < kPlayerSlots; ++p) {
     if (!SeatNamed(g, p)) continue;
     // The House never bets, so its money tallies are zero in both frames;
@@ -64,7 +65,7 @@ void CloseHand(Game& g) {
       MoveToLastHand(g.ComeTravelTotal, p);
     }
     MoveToLastHand(g.TotalsTally, p);
-    MoveToLastHand(g.RollsAtTable, p);
+    MoveToLastHand(rollsAtTable, p);
     MoveToLastHand(g.HandsTally, p);
   }
   g.ComeoutsThisHand = 0;

@@ -68,8 +68,7 @@ void TallyHandAndRoll(Game& g) {
     RaiseRecord(g.MostRollsHand, FrameIndex(hs, kFrameCurrentSession), shooterRolls);
     RaiseRecord(g.MostRollsHand, FrameIndex(hs, kFrameAllSessions), shooterRolls);
   }
-  for (int p = 0; p < kPlayerSlots; ++p)
-    for (int n = 0; n < 3; ++n) g.RollsAtTable(LiveIndex(p, n)) += 1;
+  g.RollsAtTable.CountRoll();  // every slot's live frames, added when read
 }
 
 void TallyRollEvents(Game& g) {
