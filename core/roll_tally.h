@@ -68,15 +68,19 @@ class RollTallyTable {
     cells_.Fill(v);
   }
 
-  // A roll of pair q (PairIndex) in slot p's live frames, for every
-  // category of the pair but the rolls.
-  void CountPair(int p, int q) {
-    Pending& s = pending_[static_cast<std::size_t>(p)];
+  // A roll of pair q (PairIndex) in the live frames of the House and of
+  // the hand's shooter (none when 0), for every category of the pair but
+  // the rolls.
+  void CountPair(int shooter, int q) {
     const auto j = static_cast<std::size_t>(q);
-    ++s.hand[j];
-    ++s.sessions[j];
-    s.pairs |= std::uint64_t{1} << q;
-    pendingHand_ |= SlotBit(p);
+    const std::uint64_t pair = std::uint64_t{1} << q;
+    Count(pending_[kHouse], j, pair);
+    std::uint16_t counted = SlotBit(kHouse);
+    if (shooter > 0) {
+      Count(pending_[static_cast<std::size_t>(shooter)], j, pair);
+      counted |= SlotBit(shooter);
+    }
+    pendingHand_ |= counted;
     anyPending_ = true;
   }
 
@@ -118,6 +122,11 @@ class RollTallyTable {
     std::uint64_t pairs = 0;
   };
 
+  static void Count(Pending& s, std::size_t j, std::uint64_t pair) {
+    ++s.hand[j];
+    ++s.sessions[j];
+    s.pairs |= pair;
+  }
   static constexpr std::uint16_t SlotBit(int p) { return static_cast<std::uint16_t>(1u << p); }
   void Settle() const {
     if (anyPending_) SettleAll();

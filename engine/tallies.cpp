@@ -76,8 +76,7 @@ void TallyRollEvents(Game& g) {
   assert(d1 >= 1 && d1 <= 6 && d2 >= 1 && d2 <= 6);
   const int q = PairIndex(d1, d2);
   // RollTally counts the pair alone and works its categories out when read.
-  g.RollTally.CountPair(kHouse, q);
-  if (g.HandShooter > 0) g.RollTally.CountPair(g.HandShooter, q);
+  g.RollTally.CountPair(g.HandShooter, q);
   // The gaps depend on the order of showings, so they are tallied now.
   // Every count moves on by this roll before the events read their gaps.
   g.RollsSince.NextRoll();
