@@ -82,16 +82,17 @@ void TallyRollEvents(Game& g) {
   g.RollsSince.NextRoll();
   const PairGapRows& e = kGapRowsOfPair[static_cast<std::size_t>(q)];
   Long* const gapTally = g.GapTally.cells.data();
-  const int count = e.count;  // held: the counts' stores could alias it
-  for (int n = 0; n < count; ++n) {
+  // Counted down: each event has its own count and row, so the order is free.
+  for (int n = e.count; n-- > 0;) {
     const auto i = static_cast<std::size_t>(n);
     Long* const gaps = gapTally + e.gapRows[i];  // GapTally(k, 0..kLongGap)
-    const Long since = g.RollsSince.Show(e.events[i]);
+    // Unsigned, as the clock counts: a gap is never negative.
+    const auto since = static_cast<std::uint32_t>(g.RollsSince.Show(e.events[i]));
     if (since < kLongGap) {
       gaps[since] += 1;
     } else {
       gaps[kLongGap] += 1;
-      gaps[0] += since;
+      gaps[0] += static_cast<Long>(since);
     }
   }
 }
