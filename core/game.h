@@ -31,6 +31,7 @@
 #include "core/currency.h"
 #include "core/message.h"
 #include "core/roll_tally.h"
+#include "core/rolls_at_table.h"
 #include "core/rolls_since.h"
 #include "core/tables.h"
 #include "dice/dice_file_state.h"
@@ -119,7 +120,7 @@ struct Game {
   RollTallyTable RollTally;  // by (frame index, roll event); see core/roll_tally.h
   Table3<Long, 0, kLastFrameIndex, 2, 12, 1, 3> TotalsTally;
   Table1<Long, 0, kLastFrameIndex> HandsTally;
-  Table1<Long, 0, kLastFrameIndex> RollsAtTable;
+  RollsAtTableTable RollsAtTable;  // by frame index; see core/rolls_at_table.h
   Table1<Long, 0, kLastFrameIndex> MostRollsHand;
   Table1<Long, 0, kLastFrameIndex> MostComeoutHand;
   Table1<Long, 0, kLastFrameIndex> MostPassesHand;

@@ -35,4 +35,7 @@ void RollTallyTable::SettleAll() const {
     s.pairs = 0;
   }
   anyPending_ = false;
+  // The categories now stand in the stored rows.
+  bareHand_ = bareLastHand_ = 0;
+  pendingHand_ = pendingLastHand_ = 0;
 }

@@ -66,7 +66,7 @@ void ForEachSeatTable(Visit&& visit, G&... games) {
   visit("RollTally", Frame, Keep, games.RollTally.Settled()...);
   visit("TotalsTally", Frame, Keep, games.TotalsTally...);
   visit("HandsTally", Frame, Keep, games.HandsTally...);
-  visit("RollsAtTable", Frame, Keep, games.RollsAtTable...);
+  visit("RollsAtTable", Frame, Keep, games.RollsAtTable.Settled()...);
   visit("MostRollsHand", Frame, Keep, games.MostRollsHand...);
   visit("MostComeoutHand", Frame, Keep, games.MostComeoutHand...);
   visit("MostPassesHand", Frame, Keep, games.MostPassesHand...);

@@ -1,5 +1,6 @@
 #include "engine/hand.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -18,6 +19,12 @@ namespace {
 template <class T, int L2, int H2, int L3, int H3>
 void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p, int j) {
   MoveCells<H3 - L3 + 1>(&t(p, j, L3), &t(FrameIndex(p, kFrameLastHand), j, L3));
+}
+
+// Clears row j (whole depth) of slot p's last-hand frame.
+template <class T, int L2, int H2, int L3, int H3>
+void ClearLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p, int j) {
+  std::fill_n(&t(FrameIndex(p, kFrameLastHand), j, L3), H3 - L3 + 1, T{});
 }
 
 // Moves the whole row of slot p's current-hand frame, rows being contiguous.
@@ -40,6 +47,7 @@ void MoveToLastHand(Table1<T, 0, kLastFrameIndex>& t, int p) {
 }  // namespace
 
 void CloseHand(Game& g) {
+  auto& rollsAtTable = g.RollsAtTable.Settled();
   for (int p = 0; p < kPlayerSlots; ++p) {
     if (!SeatNamed(g, p)) continue;
     // The House never bets, so its money tallies are zero in both frames;
@@ -50,7 +58,7 @@ void CloseHand(Game& g) {
       auto& thisHand = g.StatRowsThisHand[static_cast<std::size_t>(p)];
       auto& lastHand = g.StatRowsLastHand[static_cast<std::size_t>(p)];
       for (int w = 0; w < 2; ++w) {
-        for (std::uint64_t rows = thisHand[w] | lastHand[w]; rows != 0; rows &= rows - 1) {
+        for (std::uint64_t rows = thisHand[w]; rows != 0; rows &= rows - 1) {
           const int b = 64 * w + std::countr_zero(rows);
           if (b < 1 || b > kLastRealBet) continue;
           // Depth 0 of these rows holds nothing, so whole rows move.
@@ -58,13 +66,22 @@ void CloseHand(Game& g) {
           MoveToLastHand(g.StatWins, p, b);
           MoveToLastHand(g.StatLosses, p, b);
         }
+        // A row outside this hand's set is zero in the current hand: its
+        // move only clears the last-hand row.
+        for (std::uint64_t rows = lastHand[w] & ~thisHand[w]; rows != 0; rows &= rows - 1) {
+          const int b = 64 * w + std::countr_zero(rows);
+          if (b < 1 || b > kLastRealBet) continue;
+          ClearLastHand(g.StatAction, p, b);
+          ClearLastHand(g.StatWins, p, b);
+          ClearLastHand(g.StatLosses, p, b);
+        }
       }
       lastHand = thisHand;
       thisHand = {0, 0};
       MoveToLastHand(g.ComeTravelTotal, p);
     }
     MoveToLastHand(g.TotalsTally, p);
-    MoveToLastHand(g.RollsAtTable, p);
+    MoveToLastHand(rollsAtTable, p);
     MoveToLastHand(g.HandsTally, p);
   }
   g.ComeoutsThisHand = 0;

@@ -68,8 +68,7 @@ void TallyHandAndRoll(Game& g) {
     RaiseRecord(g.MostRollsHand, FrameIndex(hs, kFrameCurrentSession), shooterRolls);
     RaiseRecord(g.MostRollsHand, FrameIndex(hs, kFrameAllSessions), shooterRolls);
   }
-  for (int p = 0; p < kPlayerSlots; ++p)
-    for (int n = 0; n < 3; ++n) g.RollsAtTable(LiveIndex(p, n)) += 1;
+  g.RollsAtTable.CountRoll();  // every slot's live frames, added when read
 }
 
 void TallyRollEvents(Game& g) {
@@ -77,23 +76,23 @@ void TallyRollEvents(Game& g) {
   assert(d1 >= 1 && d1 <= 6 && d2 >= 1 && d2 <= 6);
   const int q = PairIndex(d1, d2);
   // RollTally counts the pair alone and works its categories out when read.
-  g.RollTally.CountPair(kHouse, q);
-  if (g.HandShooter > 0) g.RollTally.CountPair(g.HandShooter, q);
+  g.RollTally.CountPair(g.HandShooter, q);
   // The gaps depend on the order of showings, so they are tallied now.
   // Every count moves on by this roll before the events read their gaps.
   g.RollsSince.NextRoll();
   const PairGapRows& e = kGapRowsOfPair[static_cast<std::size_t>(q)];
   Long* const gapTally = g.GapTally.cells.data();
-  const int count = e.count;  // held: the counts' stores could alias it
-  for (int n = 0; n < count; ++n) {
+  // Counted down: each event has its own count and row, so the order is free.
+  for (int n = e.count; n-- > 0;) {
     const auto i = static_cast<std::size_t>(n);
     Long* const gaps = gapTally + e.gapRows[i];  // GapTally(k, 0..kLongGap)
-    const Long since = g.RollsSince.Show(e.events[i]);
+    // Unsigned, as the clock counts: a gap is never negative.
+    const auto since = static_cast<std::uint32_t>(g.RollsSince.Show(e.events[i]));
     if (since < kLongGap) {
       gaps[since] += 1;
     } else {
       gaps[kLongGap] += 1;
-      gaps[0] += since;
+      gaps[0] += static_cast<Long>(since);
     }
   }
 }

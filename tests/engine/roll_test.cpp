@@ -73,7 +73,8 @@ TEST_F(RollTallies, RollsSinceIsTheCountOfATableSteppedEveryRoll) {
 // whenever it is read, through a cell, a walk of the seat tables or a file,
 // it must hold what a table settled after every roll holds, with and
 // without a shooter, across hands' ends, player moves, new sessions and a
-// game saved and opened, each done while pairs are pending.
+// game saved and opened, each done while pairs are pending. RollsAtTable,
+// which adds the rolls it owes when read, is held to the same.
 TEST_F(RollTallies, PendingPairsReadAsATableSettledAfterEveryRoll) {
   SeedRngWith(g, 20261125);
   auto owner = MakeGame(platform);
@@ -93,6 +94,9 @@ TEST_F(RollTallies, PendingPairsReadAsATableSettledAfterEveryRoll) {
     for (int i = 0; i <= kLastFrameIndex; ++i)
       for (int k = 0; k <= kLastEvent; ++k)
         ASSERT_EQ(g.RollTally(i, k), plain.RollTally(i, k)) << "step " << step << ", cell " << i << "," << k;
+    const Game& reader = g;  // a const read adds what is owed without settling
+    for (int i = 0; i <= kLastFrameIndex; ++i)
+      ASSERT_EQ(reader.RollsAtTable(i), plain.RollsAtTable(i)) << "step " << step << ", index " << i;
   };
   int shooterRolls = 0;
   for (int step = 0; step < 400; ++step) {
@@ -131,6 +135,7 @@ TEST_F(RollTallies, PendingPairsReadAsATableSettledAfterEveryRoll) {
           RollDice(g);
           RollDice(plain);
           (void)plain.RollTally(kTableHand, kEventField);  // settles every roll
+          (void)plain.RollsAtTable.Settled();
         }
     }
   }
