@@ -43,11 +43,6 @@ class RollsAtTableTable {
     for (int i = Cells::kLow; i <= Cells::kHigh; ++i) all(i) = (*this)(i);
     return all;
   }
-  void Fill(Long v) {
-    pending_ = 0;  // the counts it owes are overwritten with the rest
-    cells_.Fill(v);
-  }
-
   // A roll: one more for every slot's live frames.
   void CountRoll() { ++pending_; }
 
