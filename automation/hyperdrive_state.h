@@ -27,7 +27,8 @@ struct HyperDriveState {
   // Rolls after which a run ends as if the user stopped it; 0 for none.
   std::int64_t RunRollLimit = 0;
   // Called after every roll of a run when set (a front end's trace or live
-  // view); null on the fast path.
+  // view); null on the fast path. It seats and cashes out no one: the
+  // roll keeps the seats it read at the start of its call.
   void (*RollObserver)(void* context, const Game& game) = nullptr;
   void* RollObserverContext = nullptr;
   // Why the last run ended, kept after the window has cleared StopMessage.
