@@ -187,28 +187,20 @@ void CopyWorkingFlags(const Long* from, Long* to) {
 #endif
 }
 
-// The rows of seat p a seat-wide mark asks the at-roll snapshot for: the
-// ids above the real bets when bit p of `upperChanged` is set, and the real
-// bets and streaks whole when bit p of `wholeRows` is; otherwise the ids
-// `ids`. Out of line: a run marks seats so only at its start and pumps.
-[[gnu::noinline]] void CopyMarkedRowsAtRoll(Game& g, int p, std::uint32_t upperChanged,
-                                            std::uint32_t wholeRows, BetIdSet ids) {
+// What a seat-wide mark of seat p asks the at-roll snapshot for: the ids
+// above the real bets when bit p of `upperChanged` is set, and the real
+// bets and streaks whole when bit p of `wholeRows` is. True when the rows
+// were copied whole; else the marked ids remain to be copied. Out of line:
+// a run marks seats so only at its start and pumps.
+[[gnu::noinline]] bool CopyMarkedRowsAtRoll(Game& g, int p, std::uint32_t upperChanged,
+                                            std::uint32_t wholeRows) {
   CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
+  if (((wholeRows >> p) & 1) == 0) return false;
   const Currency* bets = &g.Bet(p, 0);
-  Currency* atRoll = &g.BetAtRoll(p, 0);
-  Currency* contract = &g.BetContract(p, 0);
-  Long* trend = &g.BetTrend(p, 0, 0);
-  if (((wholeRows >> p) & 1) != 0) {
-    std::copy_n(bets, kLastRealBet + 1, atRoll);
-    std::copy_n(bets, kLastRealBet + 1, contract);
-    CopyStreaksNowToAtRoll(trend);
-    return;
-  }
-  atRoll[0] = contract[0] = bets[0];
-  ids.ForEach([=](int b) {
-    atRoll[b] = contract[b] = bets[b];
-    trend[2 * b] = trend[2 * b + 1];
-  });
+  std::copy_n(bets, kLastRealBet + 1, &g.BetAtRoll(p, 0));
+  std::copy_n(bets, kLastRealBet + 1, &g.BetContract(p, 0));
+  CopyStreaksNowToAtRoll(&g.BetTrend(p, 0, 0));
+  return true;
 }
 
 // BetAtRoll and BetContract take the real bets, the at-roll streaks their
@@ -229,8 +221,7 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
     BetIdSet& taken = r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)];
     taken = taken | ids;
     if (((seatMarks >> p) & 1) != 0) [[unlikely]] {
-      CopyMarkedRowsAtRoll(g, p, upperChanged, wholeRows, ids);
-      return;
+      if (CopyMarkedRowsAtRoll(g, p, upperChanged, wholeRows)) return;
     }
     Currency* atRoll = &g.BetAtRoll(p, 0);
     Currency* contract = &g.BetContract(p, 0);

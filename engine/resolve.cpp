@@ -137,13 +137,13 @@ unsigned NonZeroCells8(const Currency* cell) {
 #endif
 }
 
-// The players among `among` (bit p) with money on the table (TotalBets above
-// 0): those whose bets the decisions look at. The eight totals are first
+// The players (bit p) with money on the table (TotalBets above 0): those
+// whose bets the decisions look at. The eight totals are first
 // tested for 0 together, so that a table of one player asks only about him.
-unsigned PlayersWithBets(const Game& g, unsigned among) {
+unsigned PlayersWithBets(const Game& g) {
   if (g.PlayerCount == 0) return 0;  // open seats hold no bets
   static_assert(decltype(g.TotalBets)::kLow == 0 && decltype(g.TotalBets)::kHigh == 8);
-  unsigned with = (NonZeroCells8(&g.TotalBets(1)) << 1) & among;
+  unsigned with = NonZeroCells8(&g.TotalBets(1)) << 1;
   ForEachSeatIn(with, [&g, &with](int p) {
     if (g.TotalBets(p) <= Currency{}) with &= ~(1u << p);
   });
@@ -706,7 +706,7 @@ namespace {
 // nothing never sets up its frame.
 [[gnu::noinline]] void DecideHeld(Game& g, unsigned known) {
   Deciding d{g};
-  const unsigned withBets = PlayersWithBets(g, kEverySeat);
+  const unsigned withBets = PlayersWithBets(g);
   NoteHeldBets(d, withBets & known, withBets & ~known);
   RunPasses(d);
 }
