@@ -561,6 +561,43 @@ void TakeBetDownChecked(Game& g, int p, int b) {
   FinishTakeDown(g, p, b);
 }
 
+void KeepBetChecked(Game& g, int p, int b) {
+  g.BetRequest = Currency{};
+  // A seat held to its bankroll, a bet below 0, and a Pass Line or Come bet
+  // on a point below its contract (which no change brings back up to it)
+  // take the whole gate.
+  if (p < 1 || p > 8 || !IsRealBet(b) || !g.betting.AllowNegBankroll(p)) {
+    SetBetChecked(g, p, b);
+    return;
+  }
+  const Currency B = g.Bet(p, b);
+  if (B < Currency{} ||
+      ((b == bet::kPassLine || IsComePoint(b)) && g.Point > 0 && B < g.BetContract(p, b))) {
+    SetBetChecked(g, p, b);
+    return;
+  }
+  // No change is a multiple of any unit and passes the contract rules; the
+  // bankroll holds nothing for this seat, so the gate ends in Apply of 0.
+  BettingState& s = g.betting;
+  s.BetChange = Currency{};
+  ClearLimitsOf(g, b);
+  if (!B.IsZero()) {
+    // A bet at 0 is the gate's take-down, which figures no maximum; any
+    // other stays as it is only within its limits and, for a seat whose
+    // bets are adjusted, in whole proper units. Else the gate cuts it.
+    FigureMaximumOfId(g, p, b);
+    if (B < s.BetMinimum || B > s.BetMaximum ||
+        (g.autoplay.AutoAdjustMode(p) > 0 && !ProperAsAsked(g, p, b))) {
+      SetBetChecked(g, p, b);
+      return;
+    }
+  }
+  // Apply of no change: the bet and TotalBets stay, nothing is redrawn.
+  g.roll.MarkBetChanged(p, b);
+  if (B.IsZero()) ResetWorkingOf(g, p, b);
+  if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
+}
+
 // Beside the gate, so that the take-down of a bet already at 0 (the odds
 // taken at a new point) is made inline, without a call of its own.
 void TakeBetToMaximum(Game& g, int p, int b) {

@@ -34,6 +34,9 @@ void SetBetChecked(Game& game, int p, int b);
 // SetBetChecked with game.BetRequest set to minus the whole bet b of p: the
 // same rules, notices and writes, without the steps such a request skips.
 void TakeBetDownChecked(Game& game, int p, int b);
+// SetBetChecked with game.BetRequest set to 0 (a bet left as it stands): the
+// same rules and writes, without the steps such a request skips.
+void KeepBetChecked(Game& game, int p, int b);
 // Sets game.betting.BetMaximum, the highest total bet b of player p may have.
 void FigureBetMaximum(Game& game, int p, int b);
 // The same maximum figured in full each time, with nothing remembered and no

@@ -19,7 +19,10 @@ bool CanShow(const Game& g) { return !g.HyperDrive && g.platform != nullptr; }
 // BetRequest through the one gate; the bet is redrawn outside Hyper-Drive.
 void Request(Game& g, int p, Currency change, bool redraw = true) {
   g.BetRequest = change;
-  SetBetChecked(g, p, g.CurBet);
+  if (change.IsZero())
+    KeepBetChecked(g, p, g.CurBet);
+  else
+    SetBetChecked(g, p, g.CurBet);
   if (redraw && CanShow(g)) g.platform->RequestRedraw(Redraw::Table);
 }
 

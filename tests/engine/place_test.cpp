@@ -301,14 +301,16 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
 }
 
 // The settling, MoveBet and TakeBetToMaximum take a bet down through
-// TakeBetDownChecked, which skips the steps such a request cannot reach: over
-// a random walk of bets, points, contracts, bankroll, vig and notice rules it
-// must leave the game and the notices exactly as the whole gate does.
-TEST_F(Place, TakingABetDownDoesWhatTheWholeGateDoes) {
+// TakeBetDownChecked, and the settling leaves a bet as it stands through
+// KeepBetChecked; both skip the steps such a request cannot reach: over a
+// random walk of bets, points, contracts, limits, proper-odds adjustment,
+// bankroll, vig and notice rules each must leave the game and the notices
+// exactly as the whole gate does.
+TEST_F(Place, TakingABetDownOrKeepingItDoesWhatTheWholeGateDoes) {
   std::mt19937 rng(20261124);
   const int points[] = {0, 4, 5, 6, 8, 9, 10};
   g.roll.LogOn = false;
-  for (int i = 0; i < 3000; ++i) {
+  for (int i = 0; i < 6000; ++i) {
     const int r = static_cast<int>(rng() % 40);
     if (r == 0) PointOn(points[rng() % 7]);
     if (r == 1) FixContracts();
@@ -318,6 +320,12 @@ TEST_F(Place, TakingABetDownDoesWhatTheWholeGateDoes) {
     if (r == 5) g.rules.NoticeFlags = static_cast<Long>(rng() % 8);
     if (r == 6) g.HyperDrive = !g.HyperDrive;
     if (r == 7) g.Bet(1, 0) = Currency::FromWhole(static_cast<std::int64_t>(rng() % 400));
+    if (r == 8) g.autoplay.AutoAdjustMode(1) = static_cast<int>(rng() % 3);
+    if (r == 9) g.rules.MaxPlacardBet = Currency::FromWhole(10 + static_cast<std::int64_t>(rng() % 60));
+    if (r == 10) g.rules.MinPlacardBet = Currency::FromWhole(1 + static_cast<std::int64_t>(rng() % 12));
+    if (r == 11) g.rules.BuyVigRate = Currency::FromRaw(static_cast<std::int64_t>(rng() % 3) * 250);
+    if (r == 12) g.BetWorking(1, 1 + static_cast<int>(rng() % kLastRealBet)) = static_cast<Long>(rng() % 4) - 1;
+    if (r == 13) g.roll.BetIdsChanged[1] = BetIdSet{};  // as a roll's snapshot leaves them
     const int b = 1 + static_cast<int>(rng() % kLastRealBet);
     if (rng() % 3 != 0) {  // build the table up
       g.BetRequest = Currency::FromWhole(static_cast<std::int64_t>(rng() % 60));
@@ -333,12 +341,16 @@ TEST_F(Place, TakingABetDownDoesWhatTheWholeGateDoes) {
       platform.messages.resize(shown);
       return texts;
     };
-    gate->BetRequest = -gate->Bet(1, b);
+    const bool keep = rng() % 2 == 0;
+    gate->BetRequest = keep ? Currency{} : -gate->Bet(1, b);
     SetBetChecked(*gate, 1, b);
     const std::vector<std::string> gateNotices = newNotices();
-    TakeBetDownChecked(g, 1, b);
+    if (keep)
+      KeepBetChecked(g, 1, b);
+    else
+      TakeBetDownChecked(g, 1, b);
     const std::vector<std::string> notices = newNotices();
-    SCOPED_TRACE(testing::Message() << "step " << i << " on " << BetName(b));
+    SCOPED_TRACE(testing::Message() << "step " << i << (keep ? " keeps " : " takes down ") << BetName(b));
     ASSERT_EQ(notices, gateNotices);
     ASSERT_TRUE(g == *gate);
     ASSERT_EQ(g.betting.LimitText, gate->betting.LimitText);
