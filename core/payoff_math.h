@@ -104,6 +104,11 @@ inline bool ProperAsAsked(const Game& game, int player, int bet) {
   const Currency unit = ProperOddsUnit(game, bet);
   return unit.raw <= 0 || game.CheckValue(1).raw <= 0 || (current + change).raw % unit.raw == 0;
 }
+// ProperAsAsked for a bet standing at 0 and a positive change `amount`.
+inline bool ProperFromZero(const Game& game, int bet, Currency amount) {
+  const Currency unit = ProperOddsUnit(game, bet);
+  return unit.raw <= 0 || game.CheckValue(1).raw <= 0 || amount.raw % unit.raw == 0;
+}
 // The bias list that governs a bet (0 for bets without one).
 int ProperOddsBias(const Game& game, int player, int bet);
 // Changes BetChange during SetBetChecked for a player with AutoAdjustMode

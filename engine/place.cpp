@@ -598,6 +598,51 @@ void KeepBetChecked(Game& g, int p, int b) {
   if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
 }
 
+void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
+  BettingState& s = g.betting;
+  const Currency unit = g.CheckValue(1);
+  // In Hyper-Drive, for a bet the contract rules leave alone and a seat the
+  // bankroll never holds, the take-down always ends at 0, and a positive
+  // amount already in steps of a check is set from 0 unchanged when it lies
+  // within the bet's limits and, for a seat whose bets are adjusted, in
+  // whole proper units. Then only the writes of the two remain. No notice,
+  // text or redraw is made in Hyper-Drive; the maximum of such a bet hangs
+  // on no bet of the seat, so it is the same before the take-down as after.
+  bool plain = g.HyperDrive && p >= 1 && p <= 8 && IsRealBet(b) &&
+               !kUnderContract[static_cast<std::size_t>(b)] && s.AllowNegBankroll(p) &&
+               amount > Currency{} && amount <= kCheckStackLimit &&
+               (unit.raw <= 0 || amount.raw % unit.raw == 0);
+  const Currency B = plain ? g.Bet(p, b) : Currency{};
+  if (plain && B >= Currency{} && B <= kCheckStackLimit) {
+    ClearLimitsOf(g, b);
+    FigureMaximumOfId(g, p, b);
+    plain = amount >= s.BetMinimum && amount <= s.BetMaximum &&
+            (g.autoplay.AutoAdjustMode(p) <= 0 || ProperFromZero(g, b, amount));
+  } else {
+    plain = false;
+  }
+  if (!plain) {
+    TakeBetDownChecked(g, p, b);
+    g.BetRequest = amount;
+    if (amount.IsZero())
+      KeepBetChecked(g, p, b);
+    else
+      SetBetChecked(g, p, b);
+    return;
+  }
+  const bool vig = IsBuy(b) || IsLay(b);
+  // The take-down's Apply of -B, then the set's Apply of the amount.
+  g.Bet(p, b) -= B;
+  g.TotalBets(p) -= B;
+  ResetWorkingOf(g, p, b);
+  if (vig) UpdateVig(g, p, b);
+  g.Bet(p, b) += amount;
+  g.TotalBets(p) += amount;
+  if (vig) UpdateVig(g, p, b);
+  g.BetRequest = amount;
+  s.BetChange = amount;
+}
+
 // Beside the gate, so that the take-down of a bet already at 0 (the odds
 // taken at a new point) is made inline, without a call of its own.
 void TakeBetToMaximum(Game& g, int p, int b) {

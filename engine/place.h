@@ -37,6 +37,9 @@ void TakeBetDownChecked(Game& game, int p, int b);
 // SetBetChecked with game.BetRequest set to 0 (a bet left as it stands): the
 // same rules and writes, without the steps such a request skips.
 void KeepBetChecked(Game& game, int p, int b);
+// TakeBetDownChecked, then the gate with game.BetRequest set to `amount`
+// (KeepBetChecked for 0): a bet set afresh, as a settling rule does it.
+void ReplaceBetChecked(Game& game, int p, int b, Currency amount);
 // Sets game.betting.BetMaximum, the highest total bet b of player p may have.
 void FigureBetMaximum(Game& game, int p, int b);
 // The same maximum figured in full each time, with nothing remembered and no

@@ -344,6 +344,10 @@ void SetBetAmount(Game& g, int p, int k) {
   // of the bet as it stood at the roll; 2..6 a proper unit in checks.
   const Currency m =
       u == 1 ? CurFromDouble(g.BetAtRoll(p, g.CurBet).ToDouble() / 100.0) : UnitMultiplier(g, u);
+  if (g.HyperDrive) {  // no redraw between the two
+    ReplaceBetChecked(g, p, g.CurBet, CurMul(n, m));
+    return;
+  }
   RequestTakeDown(g, p);
   Request(g, p, CurMul(n, m));
   if (!CanShow(g)) return;

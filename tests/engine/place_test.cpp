@@ -302,11 +302,12 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
 
 // The settling, MoveBet and TakeBetToMaximum take a bet down through
 // TakeBetDownChecked, and the settling leaves a bet as it stands through
-// KeepBetChecked; both skip the steps such a request cannot reach: over a
-// random walk of bets, points, contracts, limits, proper-odds adjustment,
-// bankroll, vig and notice rules each must leave the game and the notices
-// exactly as the whole gate does.
-TEST_F(Place, TakingABetDownOrKeepingItDoesWhatTheWholeGateDoes) {
+// KeepBetChecked or sets it afresh through ReplaceBetChecked; each skips the
+// steps such requests cannot reach. Over a random walk of bets, points,
+// contracts, limits, proper-odds adjustment, bankroll, vig, working flags
+// and notice rules each must leave the game and the notices exactly as the
+// whole gate does.
+TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
   std::mt19937 rng(20261124);
   const int points[] = {0, 4, 5, 6, 8, 9, 10};
   g.roll.LogOn = false;
@@ -341,16 +342,21 @@ TEST_F(Place, TakingABetDownOrKeepingItDoesWhatTheWholeGateDoes) {
       platform.messages.resize(shown);
       return texts;
     };
-    const bool keep = rng() % 2 == 0;
-    gate->BetRequest = keep ? Currency{} : -gate->Bet(1, b);
+    // 0 takes the bet down, 1 keeps it, 2 takes it down and sets it afresh.
+    const int how = static_cast<int>(rng() % 3);
+    const Currency amount = Currency::FromRaw(static_cast<std::int64_t>(rng() % 240) * 2500);
+    gate->BetRequest = how == 1 ? Currency{} : -gate->Bet(1, b);
     SetBetChecked(*gate, 1, b);
+    if (how == 2) {
+      gate->BetRequest = amount;
+      SetBetChecked(*gate, 1, b);
+    }
     const std::vector<std::string> gateNotices = newNotices();
-    if (keep)
-      KeepBetChecked(g, 1, b);
-    else
-      TakeBetDownChecked(g, 1, b);
+    if (how == 0) TakeBetDownChecked(g, 1, b);
+    if (how == 1) KeepBetChecked(g, 1, b);
+    if (how == 2) ReplaceBetChecked(g, 1, b, amount);
     const std::vector<std::string> notices = newNotices();
-    SCOPED_TRACE(testing::Message() << "step " << i << (keep ? " keeps " : " takes down ") << BetName(b));
+    SCOPED_TRACE(testing::Message() << "step " << i << " (" << how << ") on " << BetName(b));
     ASSERT_EQ(notices, gateNotices);
     ASSERT_TRUE(g == *gate);
     ASSERT_EQ(g.betting.LimitText, gate->betting.LimitText);
