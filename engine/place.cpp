@@ -453,6 +453,28 @@ inline void FinishTakeDown(Game& g, int p, int b) {
   Apply(g, p, b);
 }
 
+// The gate's last steps for a change within the bet's limits: the
+// proper-odds adjustment (called only when it has something to do), the
+// bankroll, the limit notice and the write.
+[[gnu::always_inline]] inline void FinishChange(Game& g, int p, int b) {
+  const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
+  if (adjust && !ProperAsAsked(g, p, b))
+    AdjustThenHoldToBankroll(g, p, b);
+  else if (HoldToBankroll(g, p, b))
+    TellHeldToBankroll(g, p, b, adjust, nullptr);
+  else
+    LimitNotice(g, p, b);
+  Apply(g, p, b);
+}
+
+// The contract rules let an odds bet grow only over its flat bet (and the
+// line odds with a point on); the bets outside the rules always.
+bool FreeToGrow(const Game& g, int p, int b) {
+  if (!kUnderContract[static_cast<std::size_t>(b)]) return true;
+  if (!IsOddsBet(b)) return false;  // not known here: the whole gate decides
+  return !g.Bet(p, FlatOf(b)).IsZero() && (!IsLineOdds(b) || g.Point != 0);
+}
+
 }  // namespace
 
 bool CanNotify(const Game& g, long noticeBit) {
@@ -531,15 +553,7 @@ void SetBetChecked(Game& g, int p, int b) {
     }
   }
 
-  // The proper-odds adjustment is called only when it has something to do.
-  const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
-  if (adjust && !ProperAsAsked(g, p, b))
-    AdjustThenHoldToBankroll(g, p, b);
-  else if (HoldToBankroll(g, p, b))
-    TellHeldToBankroll(g, p, b, adjust, nullptr);
-  else
-    LimitNotice(g, p, b);
-  Apply(g, p, b);
+  FinishChange(g, p, b);
 }
 
 void TakeBetDownChecked(Game& g, int p, int b) {
@@ -647,10 +661,36 @@ void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
 // taken at a new point) is made inline, without a call of its own.
 void TakeBetToMaximum(Game& g, int p, int b) {
   if (p < 1 || p > 8 || b < 0 || b > kLastBetId) return;
+  constexpr Currency kAsked = Currency::FromWhole(9999999);
+  BettingState& s = g.betting;
+  // In Hyper-Drive a bet at 0 of a seat the bankroll never holds, which the
+  // contract rules let grow (the odds at a new point): the take-down is
+  // Apply of 0, and the set runs the gate's own steps for it from 0 with
+  // no text, notice or redraw, the request rounded only when the maximum
+  // does not cut it.
+  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && g.Bet(p, b).IsZero() &&
+      FreeToGrow(g, p, b)) {
+    s.BetChange = Currency{};
+    ClearLimitsOf(g, b);
+    g.roll.MarkBetChanged(p, b);
+    ResetWorkingOf(g, p, b);
+    if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
+    g.BetRequest = kAsked;
+    if (kAsked >= s.BetMinimum) {
+      FigureMaximumOfId(g, p, b);
+      s.BetChange = kAsked > s.BetMaximum ? s.BetMaximum
+                                          : RoundChange(kAsked, g.CheckValue(1), Currency{});
+      FinishChange(g, p, b);
+      return;
+    }
+    // Past the minimum: the whole gate, which finds the take-down done.
+    SetBetChecked(g, p, b);
+    return;
+  }
   const Long flags = g.rules.NoticeFlags;
   g.rules.NoticeFlags = 0;
   TakeBetDownChecked(g, p, b);
-  g.BetRequest = Currency::FromWhole(9999999);
+  g.BetRequest = kAsked;
   SetBetChecked(g, p, b);
   if (!g.HyperDrive && g.platform) g.platform->RequestRedraw(Redraw::Table);
   g.rules.NoticeFlags = flags;

@@ -302,8 +302,9 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
 
 // The settling, MoveBet and TakeBetToMaximum take a bet down through
 // TakeBetDownChecked, and the settling leaves a bet as it stands through
-// KeepBetChecked or sets it afresh through ReplaceBetChecked; each skips the
-// steps such requests cannot reach. Over a random walk of bets, points,
+// KeepBetChecked or sets it afresh through ReplaceBetChecked, and
+// TakeBetToMaximum sets a bet at 0 in one step; each skips the steps such
+// requests cannot reach. Over a random walk of bets, points,
 // contracts, limits, proper-odds adjustment, bankroll, vig, working flags
 // and notice rules each must leave the game and the notices exactly as the
 // whole gate does.
@@ -327,7 +328,7 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     if (r == 11) g.rules.BuyVigRate = Currency::FromRaw(static_cast<std::int64_t>(rng() % 3) * 250);
     if (r == 12) g.BetWorking(1, 1 + static_cast<int>(rng() % kLastRealBet)) = static_cast<Long>(rng() % 4) - 1;
     if (r == 13) g.roll.BetIdsChanged[1] = BetIdSet{};  // as a roll's snapshot leaves them
-    const int b = 1 + static_cast<int>(rng() % kLastRealBet);
+    int b = 1 + static_cast<int>(rng() % kLastRealBet);
     if (rng() % 3 != 0) {  // build the table up
       g.BetRequest = Currency::FromWhole(static_cast<std::int64_t>(rng() % 60));
       PlaceBet(g, 1, b);
@@ -342,19 +343,26 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
       platform.messages.resize(shown);
       return texts;
     };
-    // 0 takes the bet down, 1 keeps it, 2 takes it down and sets it afresh.
-    const int how = static_cast<int>(rng() % 3);
-    const Currency amount = Currency::FromRaw(static_cast<std::int64_t>(rng() % 240) * 2500);
+    // 0 takes the bet down, 1 keeps it, 2 takes it down and sets it afresh,
+    // 3 takes it to its maximum (without notices).
+    const int how = static_cast<int>(rng() % 4);
+    if (how == 3 && rng() % 2 == 0) b = IsOddsBet(b) ? b : rng() % 2 == 0 ? kPassLineOdds : kDontPassOdds;
+    const Currency amount = how == 3 ? Currency::FromWhole(9999999)
+                                     : Currency::FromRaw(static_cast<std::int64_t>(rng() % 240) * 2500);
+    const Long flags = gate->rules.NoticeFlags;
+    if (how == 3) gate->rules.NoticeFlags = 0;
     gate->BetRequest = how == 1 ? Currency{} : -gate->Bet(1, b);
     SetBetChecked(*gate, 1, b);
-    if (how == 2) {
+    if (how >= 2) {
       gate->BetRequest = amount;
       SetBetChecked(*gate, 1, b);
     }
+    gate->rules.NoticeFlags = flags;
     const std::vector<std::string> gateNotices = newNotices();
     if (how == 0) TakeBetDownChecked(g, 1, b);
     if (how == 1) KeepBetChecked(g, 1, b);
     if (how == 2) ReplaceBetChecked(g, 1, b, amount);
+    if (how == 3) TakeBetToMaximum(g, 1, b);
     const std::vector<std::string> notices = newNotices();
     SCOPED_TRACE(testing::Message() << "step " << i << " (" << how << ") on " << BetName(b));
     ASSERT_EQ(notices, gateNotices);
