@@ -425,7 +425,7 @@ void ChangeCheckStack(Game& g, int p, int b) {
   g.Bet(p, b) += s.BetChange;
   g.roll.MarkBetChanged(p, b);
   g.TotalBets(p) += s.BetChange;
-  if (g.Bet(p, b).IsZero()) ResetWorkingOf(g, p, b);  // a seat and a real bet
+  if (g.Bet(p, b).IsZero()) ResetWorkingOfMarked(g, p, b);  // a seat and a real bet
   if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
   if (!g.HyperDrive && g.platform && !s.BetChange.IsZero())
     g.platform->RequestRedraw(Redraw::OpenViews);
@@ -608,7 +608,7 @@ void KeepBetChecked(Game& g, int p, int b) {
   }
   // Apply of no change: the bet and TotalBets stay, nothing is redrawn.
   g.roll.MarkBetChanged(p, b);
-  if (B.IsZero()) ResetWorkingOf(g, p, b);
+  if (B.IsZero()) ResetWorkingOfMarked(g, p, b);
   if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
 }
 
@@ -673,7 +673,7 @@ void TakeBetToMaximum(Game& g, int p, int b) {
     s.BetChange = Currency{};
     ClearLimitsOf(g, b);
     g.roll.MarkBetChanged(p, b);
-    ResetWorkingOf(g, p, b);
+    ResetWorkingOfMarked(g, p, b);
     if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
     g.BetRequest = kAsked;
     if (kAsked >= s.BetMinimum) {

@@ -21,6 +21,10 @@ inline void ResetWorkingOf(Game& game, int p, int b) {
   game.BetWorking(p, b) = game.Point == 0 ? game.BetWorkingDefault(p, b) : 1;
   game.roll.MarkBetChanged(p, b);
 }
+// ResetWorkingOf for a cell its caller has just marked.
+inline void ResetWorkingOfMarked(Game& game, int p, int b) {
+  game.BetWorking(p, b) = game.Point == 0 ? game.BetWorkingDefault(p, b) : 1;
+}
 
 // Which branch figures the maximum of a bet, looked up once by its id: the
 // table maximum alone (most bets), the odds (by their flat bet), or one of the
