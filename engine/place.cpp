@@ -403,15 +403,11 @@ void ChangeCheckStack(Game& g, int p, int b) {
 }
 
 // The proper-odds adjustment of a change that needs one (a real bet of a seat
-// with AutoAdjustMode above 0, ProperAsAsked false), then the bankroll.
-// Only outside Hyper-Drive does the adjustment write the limit text, so only
-// then is the text before it kept.
+// with AutoAdjustMode above 0, ProperAsAsked false), then the bankroll,
+// outside Hyper-Drive: only there does the adjustment write the limit text,
+// so only there is the text before it kept. In Hyper-Drive the gate makes
+// the two steps itself, without this call.
 [[gnu::noinline]] void AdjustThenHoldToBankroll(Game& g, int p, int b) {
-  if (g.HyperDrive) {  // no text to keep: the string is not even made
-    AdjustWhereNeeded(g, p, b);
-    if (HoldToBankroll(g, p, b)) TellHeldToBankroll(g, p, b, true, nullptr);
-    return;
-  }
   const std::string before = g.betting.LimitText;
   AdjustWhereNeeded(g, p, b);
   if (HoldToBankroll(g, p, b))
@@ -458,9 +454,14 @@ inline void FinishTakeDown(Game& g, int p, int b) {
 // bankroll, the limit notice and the write.
 [[gnu::always_inline]] inline void FinishChange(Game& g, int p, int b) {
   const bool adjust = g.autoplay.AutoAdjustMode(p) > 0;
-  if (adjust && !ProperAsAsked(g, p, b))
-    AdjustThenHoldToBankroll(g, p, b);
-  else if (HoldToBankroll(g, p, b))
+  if (adjust && !ProperAsAsked(g, p, b)) {
+    if (!g.HyperDrive) {
+      AdjustThenHoldToBankroll(g, p, b);
+    } else {  // no text to keep: the string is not even made
+      AdjustWhereNeeded(g, p, b);
+      if (HoldToBankroll(g, p, b)) TellHeldToBankroll(g, p, b, true, nullptr);
+    }
+  } else if (HoldToBankroll(g, p, b))
     TellHeldToBankroll(g, p, b, adjust, nullptr);
   else
     LimitNotice(g, p, b);
