@@ -579,8 +579,8 @@ void TakeBetDownChecked(Game& g, int p, int b) {
 void KeepBetChecked(Game& g, int p, int b) {
   g.BetRequest = Currency{};
   // A seat held to its bankroll, a bet below 0, and a Pass Line or Come bet
-  // on a point below its contract (which no change brings back up to it)
-  // take the whole gate.
+  // on a point below its contract (which the gate brings back up to it even
+  // when no change is asked) take the whole gate.
   if (p < 1 || p > 8 || !IsRealBet(b) || !g.betting.AllowNegBankroll(p)) {
     SetBetChecked(g, p, b);
     return;
