@@ -246,7 +246,7 @@ Currency Remember(const Game& g, int p, int b, RememberedFigure& memo) {
 }
 
 // BetMaximum from the remembered maximum of bet b of fixed kind K. Each kind
-// has a function of its own, entered by a jump from FigureSpecialMaximum, so
+// has a function of its own, called straight through kSpecialMaximum, so
 // a bet pays only for the comparisons of its own kind.
 template <MaxKind K>
 [[gnu::noinline]] void FixedMaximum(Game& g, int p, int b) {
@@ -255,8 +255,8 @@ template <MaxKind K>
 
 // BetMaximum of an odds bet: remembered by seat and slot, or figured in full
 // for line odds without a point or for no seat.
-[[gnu::noinline]] void OddsMaximum(Game& g, int p, int b, MaxKind kind) {
-  const int slot = kind == MaxKind::Odds ? OddsSlotOf(kOddsShape[static_cast<std::size_t>(b)], g.Point) : -1;
+[[gnu::noinline]] void OddsMaximum(Game& g, int p, int b) {
+  const int slot = OddsSlotOf(kOddsShape[static_cast<std::size_t>(b)], g.Point);
   if (slot >= 0 && p >= 1 && p <= 8)
     g.betting.BetMaximum = Remember<MaxKind::Odds>(g, p, b, g.betting.maxima.odds(p, slot));
   else
@@ -265,24 +265,21 @@ template <MaxKind K>
 
 }  // namespace
 
-void FigureSpecialMaximum(Game& g, int p, int b, MaxKind kind) {
-  switch (kind) {
-    case MaxKind::Lay:
-      return FixedMaximum<MaxKind::Lay>(g, p, b);
-    case MaxKind::Fire:
-      return FixedMaximum<MaxKind::Fire>(g, p, b);
-    case MaxKind::CandE:
-      return FixedMaximum<MaxKind::CandE>(g, p, b);
-    case MaxKind::Horn:
-      return FixedMaximum<MaxKind::Horn>(g, p, b);
-    case MaxKind::World:
-      return FixedMaximum<MaxKind::World>(g, p, b);
-    case MaxKind::Payoff:
-      return FixedMaximum<MaxKind::Payoff>(g, p, b);
-    default:
-      return OddsMaximum(g, p, b, kind);
-  }
-}
+// The entries follow the order of MaxKind.
+static_assert(static_cast<int>(MaxKind::Table) == 0 && static_cast<int>(MaxKind::Odds) == 1 &&
+              static_cast<int>(MaxKind::Lay) == 2 && static_cast<int>(MaxKind::Fire) == 3 &&
+              static_cast<int>(MaxKind::CandE) == 4 && static_cast<int>(MaxKind::Horn) == 5 &&
+              static_cast<int>(MaxKind::World) == 6 && static_cast<int>(MaxKind::Payoff) == 7);
+const std::array<SpecialMaximumFn, 8> kSpecialMaximum = {
+    nullptr,
+    &OddsMaximum,
+    &FixedMaximum<MaxKind::Lay>,
+    &FixedMaximum<MaxKind::Fire>,
+    &FixedMaximum<MaxKind::CandE>,
+    &FixedMaximum<MaxKind::Horn>,
+    &FixedMaximum<MaxKind::World>,
+    &FixedMaximum<MaxKind::Payoff>,
+};
 
 // The maxima are the same for every call with the same inputs (the rules,
 // payoffs, checks and, for the odds, the flat bet), so each is remembered

@@ -54,9 +54,11 @@ inline Currency TableMaximum(const Game& game, Currency unit) {
                       : game.rules.MaxPlacardBet;
 }
 
-// FigureBetMaximum for a bet of any other kind than MaxKind::Table (seat p
-// 1..8 or, for a bet whose maximum hangs on no flat bet, any).
-void FigureSpecialMaximum(Game& game, int p, int b, MaxKind kind);
+// FigureBetMaximum for a bet of each kind other than MaxKind::Table (seat p
+// 1..8 or, for a bet whose maximum hangs on no flat bet, any), by kind: the
+// gate calls the kind's own function straight (the entry of Table is null).
+using SpecialMaximumFn = void (*)(Game& game, int p, int b);
+extern const std::array<SpecialMaximumFn, 8> kSpecialMaximum;
 
 // FigureBetMaximum for a bet of MaxKind::Table: the table maximum,
 // remembered with the placard maximum and the unit it comes from. Inline so
@@ -81,5 +83,5 @@ inline void FigureMaximumOfId(Game& game, int p, int b) {
   if (kind == MaxKind::Table)
     FigureTableMaximum(game);
   else
-    FigureSpecialMaximum(game, p, b, kind);
+    kSpecialMaximum[static_cast<std::size_t>(kind)](game, p, b);
 }
