@@ -359,7 +359,7 @@ void UpdateVig(Game& g, int p, int b) {
     ShowNotice(g, text, BetTitle(b), buy ? kHelpBuyBets : kHelpBetting, kMsgOk | kMsgHideCharges);
 }
 
-void ChangeCheckStack(Game& g, int p, int b) {
+[[gnu::noinline]] void ChangeCheckStack(Game& g, int p, int b) {
   BettingState& s = g.betting;
   s.BetMaximum = kCheckStackLimit;
   const Currency B = g.Bet(p, b);
