@@ -77,6 +77,35 @@ bool ReadsPressUnit(int rule, int manual, int pressUnit) {
   return rule == manual || rule == pressUnit;
 }
 
+// The notices of AdjustSameBet and SetBetAmount, whose titles tell the rule:
+// built only when shown, out of the way of the settling itself.
+[[gnu::cold]] [[gnu::noinline]] void AdjustNotice(Game& g, int p, int op, int u, Currency n,
+                                                  Currency m) {
+  static constexpr const char* kHead[4] = {"Same bet plus ", "Same bet minus ", "Same bet times ",
+                                           "Same bet divided by "};
+  std::string title = kHead[op < 0 || op > 3 ? 0 : op];
+  if (u == 0) {
+    title += Cat(op <= 1 ? "$" : "", PlainAmount(n));
+  } else if (u == 1) {
+    title += Cat(PlainAmount(n), "%");
+  } else {
+    title += Cat(op == 1 ? "$" : "", PlainAmount(n), " $", PlainAmount(m), " units");
+  }
+  ActionNotice(g, p, title);
+}
+
+[[gnu::cold]] [[gnu::noinline]] void SetAmountNotice(Game& g, int p, int u, Currency n,
+                                                     Currency m) {
+  std::string title;
+  if (u == 0)
+    title = Cat("Bet $", PlainAmount(n));
+  else if (u == 1)
+    title = Cat("Bet ", PlainAmount(n), "%");
+  else
+    title = Cat("Bet ", PlainAmount(n), " $", PlainAmount(m), " units");
+  ActionNotice(g, p, title);
+}
+
 void ShowDialogOf(Game& g, int p, SettleKind kind) {
   g.autoplay.Dialog.kind = kind;
   g.autoplay.Dialog.player = p;
@@ -323,18 +352,7 @@ void AdjustSameBet(Game& g, int p, int k) {
       break;
   }
   Request(g, p, request);
-  if (!CanShow(g)) return;  // the title is only for the notice
-  static constexpr const char* kHead[4] = {"Same bet plus ", "Same bet minus ", "Same bet times ",
-                                           "Same bet divided by "};
-  std::string title = kHead[op < 0 || op > 3 ? 0 : op];
-  if (u == 0) {
-    title += Cat(op <= 1 ? "$" : "", PlainAmount(n));
-  } else if (u == 1) {
-    title += Cat(PlainAmount(n), "%");
-  } else {
-    title += Cat(op == 1 ? "$" : "", PlainAmount(n), " $", PlainAmount(m), " units");
-  }
-  ActionNotice(g, p, title);
+  if (CanShow(g)) AdjustNotice(g, p, op, u, n, m);  // the title is only for the notice
 }
 
 void SetBetAmount(Game& g, int p, int k) {
@@ -350,13 +368,5 @@ void SetBetAmount(Game& g, int p, int k) {
   }
   RequestTakeDown(g, p);
   Request(g, p, CurMul(n, m));
-  if (!CanShow(g)) return;
-  std::string title;
-  if (u == 0)
-    title = Cat("Bet $", PlainAmount(n));
-  else if (u == 1)
-    title = Cat("Bet ", PlainAmount(n), "%");
-  else
-    title = Cat("Bet ", PlainAmount(n), " $", PlainAmount(m), " units");
-  ActionNotice(g, p, title);
+  if (CanShow(g)) SetAmountNotice(g, p, u, n, m);
 }
