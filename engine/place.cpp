@@ -335,16 +335,9 @@ void LimitNotice(Game& g, int p, int b) {
   if (!g.betting.LimitText.empty() && CanNotify(g, kNoticeLimits)) ShowLimitNotice(g, p, b);
 }
 
-// The vig entry of a Buy or Lay bet follows its new total; up front it counts in TotalBets.
-void UpdateVig(Game& g, int p, int b) {
-  const bool buy = IsBuy(b);
-  Currency& entry = buy ? g.BuyVig(p, b - bet::kBuyFirst) : g.LayVig(p, b - bet::kLayFirst);
-  const bool upFront = buy ? g.rules.BuyVigUpFront : g.rules.LayVigUpFront;
-  const Currency old = entry;
-  const Currency now = buy ? FigureBuyVig(g, b, g.Bet(p, b)) : FigureLayVig(g, b, g.Bet(p, b));
-  entry = now;
-  if (upFront) g.TotalBets(p) += now - old;
-  if (now == old || !CanNotify(g, kNoticeCharges)) return;
+// The notice of a changed vig, out of the way of the write.
+[[gnu::cold]] [[gnu::noinline]] void VigNotice(Game& g, int b, bool buy, bool upFront,
+                                               Currency old, Currency now) {
   std::string text = Cat(upFront ? "Total vig charge $" : "If you win, the vig charge will be $",
                          FormatMoney(now));
   if (old > Currency{}) {
@@ -357,6 +350,18 @@ void UpdateVig(Game& g, int p, int b) {
   }
   if (now > Currency{} || upFront)
     ShowNotice(g, text, BetTitle(b), buy ? kHelpBuyBets : kHelpBetting, kMsgOk | kMsgHideCharges);
+}
+
+// The vig entry of a Buy or Lay bet follows its new total; up front it counts in TotalBets.
+void UpdateVig(Game& g, int p, int b) {
+  const bool buy = IsBuy(b);
+  Currency& entry = buy ? g.BuyVig(p, b - bet::kBuyFirst) : g.LayVig(p, b - bet::kLayFirst);
+  const bool upFront = buy ? g.rules.BuyVigUpFront : g.rules.LayVigUpFront;
+  const Currency old = entry;
+  const Currency now = buy ? FigureBuyVig(g, b, g.Bet(p, b)) : FigureLayVig(g, b, g.Bet(p, b));
+  entry = now;
+  if (upFront) g.TotalBets(p) += now - old;
+  if (now != old && CanNotify(g, kNoticeCharges)) VigNotice(g, b, buy, upFront, old, now);
 }
 
 [[gnu::noinline]] void ChangeCheckStack(Game& g, int p, int b) {
