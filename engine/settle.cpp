@@ -46,6 +46,11 @@ void ActionNotice(Game& g, int p, std::string_view title) {
   ShowNotice(g, text, title, kHelpNone, kMsgOk | kMsgHideCharges);
 }
 
+// CurMul(n, m) for an amount n and a units multiplier m, which is 1 for
+// whole dollars: n times 1 is n exactly (the product in ten-thousandths
+// divides by the scale without a remainder), so no product is made then.
+Currency TimesUnits(Currency n, Currency m) { return m == Currency::FromWhole(1) ? n : CurMul(n, m); }
+
 int UnitsIndex(Currency units) {
   const std::int64_t u = units.raw / Currency::kScale;
   return u < 0 ? 0 : u > 6 ? 6 : static_cast<int>(u);
@@ -333,10 +338,10 @@ void AdjustSameBet(Game& g, int p, int k) {
   Currency request;
   switch (op) {
     case 0:
-      request = CurMul(n, m);
+      request = TimesUnits(n, m);
       break;
     case 1:
-      request = -CurMul(n, m);
+      request = -TimesUnits(n, m);
       break;
     case 2:
       request = CurMul(CurMul(B, n), m) - B;
@@ -363,10 +368,10 @@ void SetBetAmount(Game& g, int p, int k) {
   const Currency m =
       u == 1 ? CurFromDouble(g.BetAtRoll(p, g.CurBet).ToDouble() / 100.0) : UnitMultiplier(g, u);
   if (g.HyperDrive) {  // no redraw between the two
-    ReplaceBetChecked(g, p, g.CurBet, CurMul(n, m));
+    ReplaceBetChecked(g, p, g.CurBet, TimesUnits(n, m));
     return;
   }
   RequestTakeDown(g, p);
-  Request(g, p, CurMul(n, m));
+  Request(g, p, TimesUnits(n, m));
   if (CanShow(g)) SetAmountNotice(g, p, u, n, m);
 }
