@@ -336,8 +336,8 @@ void LimitNotice(Game& g, int p, int b) {
 }
 
 // The notice of a changed vig, out of the way of the write.
-[[gnu::cold]] [[gnu::noinline]] void VigNotice(Game& g, int b, bool buy, bool upFront,
-                                               Currency old, Currency now) {
+[[gnu::cold]] [[gnu::noinline]] void VigNotice(Game& g, int b, bool buy, bool upFront, Currency old,
+                                               Currency now) {
   std::string text = Cat(upFront ? "Total vig charge $" : "If you win, the vig charge will be $",
                          FormatMoney(now));
   if (old > Currency{}) {
@@ -684,8 +684,8 @@ void TakeBetToMaximum(Game& g, int p, int b) {
     g.BetRequest = kAsked;
     if (kAsked >= s.BetMinimum) {
       FigureMaximumOfId(g, p, b);
-      s.BetChange = kAsked > s.BetMaximum ? s.BetMaximum
-                                          : RoundChange(kAsked, g.CheckValue(1), Currency{});
+      s.BetChange =
+          kAsked > s.BetMaximum ? s.BetMaximum : RoundChange(kAsked, g.CheckValue(1), Currency{});
       FinishChange(g, p, b);
       return;
     }

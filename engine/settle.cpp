@@ -49,7 +49,9 @@ void ActionNotice(Game& g, int p, std::string_view title) {
 // CurMul(n, m) for an amount n and a units multiplier m, which is 1 for
 // whole dollars: n times 1 is n exactly (the product in ten-thousandths
 // divides by the scale without a remainder), so no product is made then.
-Currency TimesUnits(Currency n, Currency m) { return m == Currency::FromWhole(1) ? n : CurMul(n, m); }
+Currency TimesUnits(Currency n, Currency m) {
+  return m == Currency::FromWhole(1) ? n : CurMul(n, m);
+}
 
 int UnitsIndex(Currency units) {
   const std::int64_t u = units.raw / Currency::kScale;

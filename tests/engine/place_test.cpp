@@ -301,15 +301,15 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
 }
 
 // The settling, MoveBet and TakeBetToMaximum take a bet down through
-// TakeBetDownChecked, and the settling leaves a bet as it stands through
-// KeepBetChecked or sets it afresh through ReplaceBetChecked, and
-// TakeBetToMaximum sets a bet at 0 in one step; each skips the steps such
-// requests cannot reach. Over a random walk of bets, points,
-// contracts, limits, proper-odds adjustment, bankroll, vig, working flags
-// and notice rules each must leave the game and the notices exactly as the
-// whole gate does.
+// TakeBetDownChecked; the settling leaves a bet as it stands through
+// KeepBetChecked or sets it afresh through ReplaceBetChecked; and
+// TakeBetToMaximum sets a bet at 0 in one step. Each skips the steps such
+// requests cannot reach: over a random walk of bets, points, contracts,
+// limits, proper-odds adjustment, bankroll, vig, working flags and notice
+// rules each must leave the game and the notices exactly as the whole gate.
 TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
   std::mt19937 rng(20261124);
+  auto draw = [&](int n) { return static_cast<int>(rng() % static_cast<std::uint32_t>(n)); };
   const int points[] = {0, 4, 5, 6, 8, 9, 10};
   g.roll.LogOn = false;
   for (int i = 0; i < 6000; ++i) {
@@ -322,11 +322,11 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     if (r == 5) g.rules.NoticeFlags = static_cast<Long>(rng() % 8);
     if (r == 6) g.HyperDrive = !g.HyperDrive;
     if (r == 7) g.Bet(1, 0) = Currency::FromWhole(static_cast<std::int64_t>(rng() % 400));
-    if (r == 8) g.autoplay.AutoAdjustMode(1) = static_cast<int>(rng() % 3);
-    if (r == 9) g.rules.MaxPlacardBet = Currency::FromWhole(10 + static_cast<std::int64_t>(rng() % 60));
-    if (r == 10) g.rules.MinPlacardBet = Currency::FromWhole(1 + static_cast<std::int64_t>(rng() % 12));
-    if (r == 11) g.rules.BuyVigRate = Currency::FromRaw(static_cast<std::int64_t>(rng() % 3) * 250);
-    if (r == 12) g.BetWorking(1, 1 + static_cast<int>(rng() % kLastRealBet)) = static_cast<Long>(rng() % 4) - 1;
+    if (r == 8) g.autoplay.AutoAdjustMode(1) = draw(3);
+    if (r == 9) g.rules.MaxPlacardBet = Currency::FromWhole(10 + draw(60));
+    if (r == 10) g.rules.MinPlacardBet = Currency::FromWhole(1 + draw(12));
+    if (r == 11) g.rules.BuyVigRate = Currency::FromRaw(draw(3) * 250);
+    if (r == 12) g.BetWorking(1, 1 + draw(kLastRealBet)) = draw(4) - 1;
     if (r == 13) g.roll.BetIdsChanged[1] = BetIdSet{};  // as a roll's snapshot leaves them
     int b = 1 + static_cast<int>(rng() % kLastRealBet);
     if (rng() % 3 != 0) {  // build the table up
@@ -345,10 +345,11 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     };
     // 0 takes the bet down, 1 keeps it, 2 takes it down and sets it afresh,
     // 3 takes it to its maximum (without notices).
-    const int how = static_cast<int>(rng() % 4);
-    if (how == 3 && rng() % 2 == 0) b = IsOddsBet(b) ? b : rng() % 2 == 0 ? kPassLineOdds : kDontPassOdds;
-    const Currency amount = how == 3 ? Currency::FromWhole(9999999)
-                                     : Currency::FromRaw(static_cast<std::int64_t>(rng() % 240) * 2500);
+    const int how = draw(4);
+    if (how == 3 && draw(2) == 0)
+      b = IsOddsBet(b) ? b : draw(2) == 0 ? kPassLineOdds : kDontPassOdds;
+    const Currency amount =
+        how == 3 ? Currency::FromWhole(9999999) : Currency::FromRaw(draw(240) * 2500);
     const Long flags = gate->rules.NoticeFlags;
     if (how == 3) gate->rules.NoticeFlags = 0;
     gate->BetRequest = how == 1 ? Currency{} : -gate->Bet(1, b);
