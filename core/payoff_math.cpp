@@ -373,14 +373,17 @@ Currency RoundVig(Currency figure, Currency amount, int rounding, Currency unit)
   return vig;
 }
 
+// A bet of 0 has no vig: every step of either figure gives 0 for it (a
+// product of 0, no remainder, and the one-check floor only above 0), so a
+// bet taken down skips them.
 Currency FigureBuyVig(const Game& game, int bet, Currency amount) {
-  if (!IsBuy(bet) || game.rules.BuyVigRate.IsZero()) return Currency{};
+  if (!IsBuy(bet) || game.rules.BuyVigRate.IsZero() || amount.IsZero()) return Currency{};
   const Currency figure = CurMul(amount, game.rules.BuyVigRate);
   return RoundVig(figure, amount, game.rules.BuyVigRound, game.CheckValue(1));
 }
 
 Currency FigureLayVig(const Game& game, int bet, Currency amount) {
-  if (!IsLay(bet) || game.rules.LayVigRate.IsZero()) return Currency{};
+  if (!IsLay(bet) || game.rules.LayVigRate.IsZero() || amount.IsZero()) return Currency{};
   const double p1 = game.PayoffTbl(1, bet).ToDouble(), p3 = game.PayoffTbl(3, bet).ToDouble();
   if (p3 == 0.0) return Currency{};
   const Currency figure =
