@@ -676,9 +676,9 @@ void TakeBetToMaximum(Game& g, int p, int b) {
   // does not cut it.
   if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && g.Bet(p, b).IsZero() &&
       FreeToGrow(g, p, b)) {
+    // The take-down's mark is left to the set's write, which always comes.
     s.BetChange = Currency{};
     ClearLimitsOf(g, b);
-    g.roll.MarkBetChanged(p, b);
     ResetWorkingOfMarked(g, p, b);
     if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
     g.BetRequest = kAsked;
