@@ -388,20 +388,24 @@ bool RollOnce(Game& g) {
   AdvanceStateMachine(g);
   DecideRolledBets(g, seated);
 
-  if (g.Point != g.PointAtRoll) {
-    ResetWorkingFlags(g, seated);
-    g.roll.WorkingChangedAfterRoll = ~0u;
-    if (g.Point > 0) {
-      SetLineOddsPayoffs(g);
-      AutoPlayPointActions(g, seated);
-    }
-  }
   // The scripts read the bankroll records and may change the bets; the log
   // and the graph do neither, so in a run without scripts the records are
   // kept in the after-roll snapshot's visit of each seat (a message of the
   // limits, which only a roll outside Hyper-Drive shows, keeps them here).
   const bool scripted = g.roll.ScriptActive[0] && g.roll.ScriptsOK;
   const bool recordsLater = g.HyperDrive && !scripted;
+  if (g.Point != g.PointAtRoll) {
+    // In such a run nothing reads the after-roll working flags before this
+    // roll's snapshot, so the reset stores its flags there too and the
+    // snapshot copies only the flags changed after it (the placing gate
+    // marks those); otherwise the snapshot copies the rows whole.
+    ResetWorkingFlags(g, seated, recordsLater);
+    if (!recordsLater) g.roll.WorkingChangedAfterRoll = ~0u;
+    if (g.Point > 0) {
+      SetLineOddsPayoffs(g);
+      AutoPlayPointActions(g, seated);
+    }
+  }
   if (!recordsLater) KeepBankrollRecords(g, seated);
   if (g.roll.LogOn) LogRollResults(g);
   ShiftGraphHistory(g, seated);

@@ -80,11 +80,7 @@ void ApplyGeneratorFallback(Game& game) {
   }
 }
 
-namespace {
-
-// The generators other than the first, and the probability dice: out of
-// line, so that the first generator's draw needs no frame of its own.
-[[gnu::noinline]] void DrawOtherDice(Game& game) {
+void DrawDiceOtherwise(Game& game) {
   DiceState& s = game.dice;
   if (s.ProbabilityDiceOn) {
     DrawProbabilityDice(game);
@@ -130,25 +126,6 @@ namespace {
       break;
     }
   }
-}
-
-}  // namespace
-
-void DrawDice(Game& game) {
-  DiceState& s = game.dice;
-  MtState& mt = s.mt19937;
-  // The first generator is the one selected at start-up. While two words
-  // are left before the next regeneration (always, but for one roll in
-  // 312), its dice are the dice the regeneration made of the next two
-  // words (MtState::die); otherwise DrawOtherDice draws them one by one.
-  if (s.RngIndex == 0 && !s.ProbabilityDiceOn && mt.mti <= kMtWords - 2) [[likely]] {
-    const auto i = static_cast<std::size_t>(mt.mti);
-    mt.mti += 2;
-    game.Die1 = mt.die[i];
-    game.Die2 = mt.die[i + 1];
-    return;
-  }
-  DrawOtherDice(game);
 }
 
 Long DrawProbabilityNumber(Game& game) {

@@ -5,6 +5,10 @@
 #if defined(__SSE2__) && defined(__x86_64__)
 #include <emmintrin.h>
 #endif
+#if defined(__x86_64__) && defined(__GNUC__)
+#include <immintrin.h>
+#define RAVELTON_WIDE_MT 1  // the regeneration has an AVX2 form
+#endif
 
 namespace {
 
@@ -69,9 +73,10 @@ inline __m128i DiceOfFourWords(const std::uint32_t* w) {
 // The die of every word (MtState::die): Int(6t / 2^32) + 1 of its tempered
 // output t, which is Int(u x 6) + 1 of u = t / 2^32 exactly (see
 // DieFromWord in draw.cpp). With SSE2 sixteen words at a time, their dice
-// packed into one store of sixteen bytes.
-void MakeDice(MtState& s) {
-  std::size_t k = 0;
+// packed into one store of sixteen bytes. From word `from` (a multiple of
+// sixteen) on.
+void MakeDice(MtState& s, std::size_t from = 0) {
+  std::size_t k = from;
 #if defined(__SSE2__) && defined(__x86_64__)
   constexpr std::size_t kPerStore = 16;
   static_assert(kMtWords % kPerStore == 0);
@@ -88,9 +93,86 @@ void MakeDice(MtState& s) {
   }
 }
 
+#if defined(RAVELTON_WIDE_MT)
+// The AVX2 form of the regeneration: the same words and dice, eight words
+// a vector. Each vector reads words k + 1..k + 8, which no store has reached
+// yet, and the far words, which lie either all ahead of k (first loop) or
+// all at least 227 behind it (second loop) and so are as the scalar loop
+// reads them.
+constexpr int kWideWords = 8;
+
+[[gnu::target("avx2")]] inline __m256i TwistEight(const std::uint32_t* at,
+                                                  const std::uint32_t* far) {
+  const __m256i upper = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at));
+  const __m256i lower = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(at + 1));
+  const __m256i y =
+      _mm256_or_si256(_mm256_and_si256(upper, _mm256_set1_epi32(static_cast<int>(kUpperMask))),
+                      _mm256_and_si256(lower, _mm256_set1_epi32(static_cast<int>(kLowerMask))));
+  const __m256i odd = _mm256_sub_epi32(_mm256_setzero_si256(),
+                                       _mm256_and_si256(y, _mm256_set1_epi32(1)));
+  const __m256i f = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(far));
+  return _mm256_xor_si256(
+      _mm256_xor_si256(f, _mm256_srli_epi32(y, 1)),
+      _mm256_and_si256(odd, _mm256_set1_epi32(static_cast<int>(kMatrixA))));
+}
+
+// The dice of the eight words at w, as DiceOfFourWords does for four.
+[[gnu::target("avx2")]] inline __m256i DiceOfEightWords(const std::uint32_t* w) {
+  const __m256i b = _mm256_set1_epi32(static_cast<int>(kMtTemperB));
+  const __m256i c = _mm256_set1_epi32(static_cast<int>(kMtTemperC));
+  const __m256i six = _mm256_set1_epi32(6), one = _mm256_set1_epi32(1);
+  const __m256i oddLanes = _mm256_set_epi32(-1, 0, -1, 0, -1, 0, -1, 0);
+  __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(w));
+  y = _mm256_xor_si256(y, _mm256_srli_epi32(y, 11));
+  y = _mm256_xor_si256(y, _mm256_and_si256(_mm256_slli_epi32(y, 7), b));
+  y = _mm256_xor_si256(y, _mm256_and_si256(_mm256_slli_epi32(y, 15), c));
+  y = _mm256_xor_si256(y, _mm256_srli_epi32(y, 18));
+  const __m256i even = _mm256_mul_epu32(y, six);
+  const __m256i odd = _mm256_mul_epu32(_mm256_srli_epi64(y, 32), six);
+  return _mm256_add_epi32(
+      _mm256_or_si256(_mm256_srli_epi64(even, 32), _mm256_and_si256(odd, oddLanes)), one);
+}
+
+[[gnu::target("avx2")]] void RegenerateMtWide(MtState& s) {
+  std::uint32_t* mt = s.mt.data();
+  int k = 0;
+  for (; k + kWideWords <= kMtWords - kMtShift; k += kWideWords)
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(mt + k), TwistEight(mt + k, mt + k + kMtShift));
+  for (; k < kMtWords - kMtShift; ++k) mt[k] = Twist(mt[k], mt[k + 1], mt[k + kMtShift]);
+  for (; k + kWideWords <= kMtWords - 1; k += kWideWords)
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(mt + k),
+                        TwistEight(mt + k, mt + k + kMtShift - kMtWords));
+  for (; k < kMtWords - 1; ++k) mt[k] = Twist(mt[k], mt[k + 1], mt[k + kMtShift - kMtWords]);
+  mt[kMtWords - 1] = Twist(mt[kMtWords - 1], mt[0], mt[kMtShift - 1]);
+  // Thirty-two dice a store: the packs work within each half, so the four
+  // groups of four come out as a0 b0 c0 d0 a1 b1 c1 d1 and one permutation
+  // puts them in order.
+  constexpr int kPerStore = 32;
+  const __m256i order = _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7);
+  k = 0;
+  for (; k + kPerStore <= kMtWords; k += kPerStore) {
+    const std::uint32_t* w = mt + k;
+    const __m256i ab = _mm256_packs_epi32(DiceOfEightWords(w), DiceOfEightWords(w + 8));
+    const __m256i cd = _mm256_packs_epi32(DiceOfEightWords(w + 16), DiceOfEightWords(w + 24));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(&s.die[static_cast<std::size_t>(k)]),
+                        _mm256_permutevar8x32_epi32(_mm256_packus_epi16(ab, cd), order));
+  }
+  static_assert(kMtWords % kPerStore % 16 == 0);
+  MakeDice(s, static_cast<std::size_t>(k));  // the last sixteen
+  s.mti = 0;
+}
+#endif
+
 }  // namespace
 
 void RegenerateMt(MtState& s) {
+#if defined(RAVELTON_WIDE_MT)
+  // The same words and dice either way; the processor decides the width.
+  if (__builtin_cpu_supports("avx2")) {
+    RegenerateMtWide(s);
+    return;
+  }
+#endif
   auto& mt = s.mt;
   int k = 0;
   for (; k < kMtWords - kMtShift; ++k) mt[k] = Twist(mt[k], mt[k + 1], mt[k + kMtShift]);

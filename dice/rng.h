@@ -21,6 +21,8 @@
 //   which every seeding sets).
 #pragma once
 
+#include <cstddef>
+
 #include "core/game.h"
 
 // Forces RngIndex off a generator whose library MissingDllMask marks as
@@ -28,11 +30,30 @@
 // 3 without the second. Called at the very start of RollDice.
 void ApplyGeneratorFallback(Game& game);
 
+// DrawDice for every case but the first generator's dice made ahead: the
+// other generators, the probability dice, a regeneration due.
+void DrawDiceOtherwise(Game& game);
+
 // Sets game.Die1 and game.Die2 from the generator RngIndex selects. With
 // ProbabilityDiceOn one draw makes the probability table's k instead, kept in
 // ProbabilityPick, and PickProbabilityDice (dice/probability.h) turns it into
-// the pair.
-void DrawDice(Game& game);
+// the pair. Inline: the roll's usual case is two reads.
+inline void DrawDice(Game& game) {
+  DiceState& s = game.dice;
+  MtState& mt = s.mt19937;
+  // The first generator is the one selected at start-up. While two words
+  // are left before the next regeneration (always, but for one roll in
+  // 312), its dice are the dice the regeneration made of the next two
+  // words (MtState::die).
+  if (s.RngIndex == 0 && !s.ProbabilityDiceOn && mt.mti <= kMtWords - 2) [[likely]] {
+    const auto i = static_cast<std::size_t>(mt.mti);
+    mt.mti += 2;
+    game.Die1 = mt.die[i];
+    game.Die2 = mt.die[i + 1];
+    return;
+  }
+  DrawDiceOtherwise(game);
+}
 
 // One draw of the selected generator as the probability table's k: 1..100000
 // (Ran1 and Ran2 may give 100001). Used by DrawDice with ProbabilityDiceOn.

@@ -801,8 +801,11 @@ constexpr std::size_t kFlagsPerVector = 4;
 constexpr std::size_t kFlagVectors = kLastRealBet / kFlagsPerVector;
 static_assert(sizeof(Long) * kFlagsPerVector == 16);
 
+// Each reset below stores the flags it sets also at `copy` (the row's
+// after-roll copy, or the row itself when there is none to keep).
+
 // A flag that is off (0) comes on (1); the others stay.
-void TurnOffFlagsOn(std::span<Long, kLastRealBet> working) {
+void TurnOffFlagsOn(std::span<Long, kLastRealBet> working, Long* copy) {
   std::size_t i = 0;
 #if defined(__SSE2__)
   // w - (w == 0 ? -1 : 0), four flags a vector; unrolled so that the loop's
@@ -812,15 +815,17 @@ void TurnOffFlagsOn(std::span<Long, kLastRealBet> working) {
   for (std::size_t v = 0; v < kFlagVectors; ++v, i += kFlagsPerVector) {
     auto* at = reinterpret_cast<__m128i*>(&working[i]);
     const __m128i w = _mm_loadu_si128(at);
-    _mm_storeu_si128(at, _mm_sub_epi32(w, _mm_cmpeq_epi32(w, zero)));
+    const __m128i set = _mm_sub_epi32(w, _mm_cmpeq_epi32(w, zero));
+    _mm_storeu_si128(at, set);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(copy + i), set);
   }
 #endif
-  for (; i < working.size(); ++i) working[i] += Long{working[i] == 0};
+  for (; i < working.size(); ++i) copy[i] = working[i] += Long{working[i] == 0};
 }
 
 // A flag the player called (on: 2, off: -1) stays; the others go back to their defaults.
 void RestoreFlagDefaults(std::span<Long, kLastRealBet> working,
-                         std::span<const Long, kLastRealBet> defaults) {
+                         std::span<const Long, kLastRealBet> defaults, Long* copy) {
   constexpr Long kCalledOn = 2, kCalledOff = -1;
   std::size_t i = 0;
 #if defined(__SSE2__)
@@ -831,12 +836,14 @@ void RestoreFlagDefaults(std::span<Long, kLastRealBet> working,
     const __m128i w = _mm_loadu_si128(at);
     const __m128i d = _mm_loadu_si128(reinterpret_cast<const __m128i*>(&defaults[i]));
     const __m128i called = _mm_or_si128(_mm_cmpeq_epi32(w, on), _mm_cmpeq_epi32(w, off));
-    _mm_storeu_si128(at, _mm_or_si128(_mm_and_si128(called, w), _mm_andnot_si128(called, d)));
+    const __m128i set = _mm_or_si128(_mm_and_si128(called, w), _mm_andnot_si128(called, d));
+    _mm_storeu_si128(at, set);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(copy + i), set);
   }
 #endif
   for (; i < working.size(); ++i) {
     const Long w = working[i];
-    working[i] = (w == kCalledOn || w == kCalledOff) ? w : defaults[i];
+    copy[i] = working[i] = (w == kCalledOn || w == kCalledOff) ? w : defaults[i];
   }
 }
 
@@ -854,18 +861,22 @@ constexpr std::size_t WideStart(std::size_t v) {
   return std::min(v * kWideFlags, kLastWideStart);
 }
 
-[[gnu::target("avx2")]] void TurnOffFlagsOnWide(std::span<Long, kLastRealBet> working) {
+[[gnu::target("avx2")]] void TurnOffFlagsOnWide(std::span<Long, kLastRealBet> working,
+                                                Long* copy) {
   const __m256i zero = _mm256_setzero_si256();
 #pragma GCC unroll 11
   for (std::size_t v = 0; v < kWideVectors; ++v) {
     auto* at = reinterpret_cast<__m256i*>(&working[WideStart(v)]);
     const __m256i w = _mm256_loadu_si256(at);
-    _mm256_storeu_si256(at, _mm256_sub_epi32(w, _mm256_cmpeq_epi32(w, zero)));
+    const __m256i set = _mm256_sub_epi32(w, _mm256_cmpeq_epi32(w, zero));
+    _mm256_storeu_si256(at, set);
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(copy + WideStart(v)), set);
   }
 }
 
 [[gnu::target("avx2")]] void RestoreFlagDefaultsWide(std::span<Long, kLastRealBet> working,
-                                                     std::span<const Long, kLastRealBet> defaults) {
+                                                     std::span<const Long, kLastRealBet> defaults,
+                                                     Long* copy) {
   constexpr Long kCalledOn = 2, kCalledOff = -1;
   const __m256i on = _mm256_set1_epi32(kCalledOn), off = _mm256_set1_epi32(kCalledOff);
 #pragma GCC unroll 11
@@ -875,14 +886,16 @@ constexpr std::size_t WideStart(std::size_t v) {
     const __m256i w = _mm256_loadu_si256(at);
     const __m256i d = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(&defaults[i]));
     const __m256i called = _mm256_or_si256(_mm256_cmpeq_epi32(w, on), _mm256_cmpeq_epi32(w, off));
-    _mm256_storeu_si256(at, _mm256_blendv_epi8(d, w, called));
+    const __m256i set = _mm256_blendv_epi8(d, w, called);
+    _mm256_storeu_si256(at, set);
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(copy + i), set);
   }
 }
 #endif
 
 }  // namespace
 
-void ResetWorkingFlags(Game& g, unsigned seated) {
+void ResetWorkingFlags(Game& g, unsigned seated, bool alsoAfterRoll) {
   const bool pointOn = g.Point > 0;
 #if defined(RAVELTON_WIDE_FLAGS)
   // The same integer results either way; the processor decides the width.
@@ -895,18 +908,20 @@ void ResetWorkingFlags(Game& g, unsigned seated) {
     // to straight runs of vectors.
     const std::span<Long, kLastRealBet> working{&g.BetWorking(p, 1), kLastRealBet};
     const std::span<const Long, kLastRealBet> defaults{&g.BetWorkingDefault(p, 1), kLastRealBet};
+    // Storing into the row itself a second time is cheaper than a branch per vector.
+    Long* const copy = alsoAfterRoll ? &g.BetWorkingAfterRoll(p, 1) : working.data();
 #if defined(RAVELTON_WIDE_FLAGS)
     if (wide) {
       if (pointOn)
-        TurnOffFlagsOnWide(working);
+        TurnOffFlagsOnWide(working, copy);
       else
-        RestoreFlagDefaultsWide(working, defaults);
+        RestoreFlagDefaultsWide(working, defaults, copy);
       return;
     }
 #endif
     if (pointOn)
-      TurnOffFlagsOn(working);
+      TurnOffFlagsOn(working, copy);
     else
-      RestoreFlagDefaults(working, defaults);
+      RestoreFlagDefaults(working, defaults, copy);
   });
 }

@@ -55,5 +55,7 @@ void MoveBet(Game& game, int p, int fromBet, int toBet);
 // Brings every player's working flags in line with the point that just changed.
 void ResetWorkingFlags(Game& game);
 // The same for the seated players the caller already has (bit p for seat p),
-// which spares reading the names.
-void ResetWorkingFlags(Game& game, unsigned seated);
+// which spares reading the names; with `alsoAfterRoll` the flags set are
+// stored in BetWorkingAfterRoll too (for a roll whose after-roll snapshot
+// would copy them next, with nothing reading that row in between).
+void ResetWorkingFlags(Game& game, unsigned seated, bool alsoAfterRoll = false);

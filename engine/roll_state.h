@@ -80,9 +80,10 @@ struct RollState {
   // (BetIdsChangedBefore), which its own copies last saw, then moves one
   // set down. Within a roll call the writers of those cells mark them
   // (MarkBetChanged): SetBetChecked, ResolveBet (bankroll, contract and
-  // streak), MoveBet, the working-flag writers of place_actions; the roll
-  // marks every working flag after ResetWorkingFlags
-  // (WorkingChangedAfterRoll). What else writes them (files, seats,
+  // streak), MoveBet, the working-flag writers of place_actions; after
+  // ResetWorkingFlags the roll marks every working flag
+  // (WorkingChangedAfterRoll) or, in a Hyper-Drive roll without scripts,
+  // has the reset store its flags in BetWorkingAfterRoll too. What else writes them (files, seats,
   // sessions, dialogs, scripts, tests) does so outside a roll call, in a
   // script run or in an event pump, after each of which every id of every
   // seat is marked (MarkSeatRowsChanged); a roll observer changes bets only
