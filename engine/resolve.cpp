@@ -701,6 +701,61 @@ void RunPasses(Deciding& d) {
 
 namespace {
 
+// The Pass Line and its odds, both in the first word of a BetIdSet.
+constexpr std::uint64_t kPassLineWord =
+    (std::uint64_t{1} << bet::kPassLine) | (std::uint64_t{1} << bet::kPassLineOdds);
+static_assert(bet::kPassLine < 64 && bet::kPassLineOdds < 64);
+
+// True when `s` holds a bet other than the Pass Line and its odds.
+constexpr bool MeetsAllButPassLine(const BetIdSet& s) {
+  return ((s.words[0] & ~kPassLineWord) | s.words[1]) != 0;
+}
+
+// The decisions of a roll whose bets of the players `known` (bit p) it can
+// decide are only the Pass Line and its odds, when nobody else has money:
+// the passes would visit just these two ids (each once) and nothing else,
+// so they are decided here seat by seat in stick order, the odds right after
+// the flat, as the passes do, without gathering the holders. A come-out 7
+// or 11 wins the flat and a 2, 3 or 12 loses it; with a point on, the point
+// wins both and a seven loses both and ends the hand. False, having done
+// nothing, for any other roll (a point outside the box numbers) or when
+// somebody else has money, which the passes then take.
+[[gnu::noinline]] bool DecidePassLineOnly(Game& g, unsigned known) {
+  if (g.PlayerCount == 0 || OthersHaveMoney(g, known)) return false;
+  const int t = g.DiceTotal, point = g.PointAtRoll;
+  int sign = kWins;
+  const bool withOdds = point != 0;
+  if (point == 0) {
+    if (t == 2 || t == 3 || t == 12)
+      sign = kLoses;
+    else if (t != 7 && t != 11)
+      return false;
+  } else if (!IsBoxNumber(point) || (t != point && t != 7)) {
+    return false;
+  } else if (t == 7) {
+    sign = kLoses;
+  }
+  // The seats of the players with money on the table, as DecideHeld takes them.
+  unsigned seats = 0;
+  ForEachSeatIn(known, [&g, &seats](int p) {
+    if (g.TotalBets(p) > Currency{}) seats |= kSeatBitOfPlayer[static_cast<std::size_t>(p)];
+  });
+  for (; seats != 0; seats &= seats - 1) {
+    const int seat = std::countr_zero(seats) + 1;
+    const int p = PlayerOfSeat(seat);
+    if (!g.Bet(p, bet::kPassLine).IsZero()) ResolveBet(g, seat, sign, bet::kPassLine);
+    if (withOdds && !g.Bet(p, bet::kPassLineOdds).IsZero())
+      ResolveBet(g, seat, 2 * sign, bet::kPassLineOdds);  // kOddsWins or kOddsLoses
+  }
+  if (point != 0) {
+    if (t == point)
+      CountPointMade(g);
+    else
+      EndHand(g);
+  }
+  return true;
+}
+
 // The decisions of a roll that can meet a bet on the table: the holders of
 // each id gathered, then the passes. Out of line, so that a roll deciding
 // nothing never sets up its frame.
@@ -738,7 +793,7 @@ void DecideRolledBets(Game& g, unsigned seated) {
   // Open seats hold no bets: an empty table asks nothing more.
   if (reached.Empty() && (g.PlayerCount == 0 || !OthersHaveMoney(g, known)))
     DecideNothingHeld(g);
-  else
+  else if (MeetsAllButPassLine(reached) || !DecidePassLineOnly(g, known))
     DecideHeld(g, known);
 }
 

@@ -353,6 +353,50 @@ TEST_F(Resolve, ShortcutsDecideAsTheVisitOfEverySeatAndBet) {
   }
 }
 
+// A table whose bets the roll can decide are only the Pass Line and its
+// odds is decided without gathering the holders. Held against the plain
+// visit over seeded rolls of line bets on every seat (now and then with
+// another bet beside them), odds called on and off and every settling rule.
+TEST_F(Resolve, LineBetsAloneDecideAsTheVisitOfEverySeatAndBet) {
+  for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
+  auto plainOwner = std::make_unique<Game>();
+  Game& plain = *plainOwner;
+  std::mt19937 rng(20261125);
+  auto pick = [&rng](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
+  constexpr int kRolls = 1500, kLastRule = 7, kOtherBetEvery = 6;
+  constexpr int kPoints[] = {0, 4, 5, 6, 8, 9, 10};
+  constexpr unsigned kSeated = 0x1FEu;  // players 1..8
+  for (int roll = 0; roll < kRolls; ++roll) {
+    for (int p = 1; p <= 8; ++p) {
+      for (int b = 1; b <= kLastRealBet; ++b) g.Bet(p, b) = Currency{};
+      g.TotalBets(p) = Currency{};
+      g.autoplay.HandleWinningBets(p) = pick(kLastRule + 1);
+      g.autoplay.HandleLosingBets(p) = pick(kLastRule + 1);
+      if (pick(3) != 0) Put(p, kPassLine, 1 + pick(30));
+      if (pick(2) != 0) Put(p, kPassLineOdds, 1 + pick(60));
+      g.BetWorking(p, kPassLineOdds) = pick(4) - 1;  // -1 called off .. 2 called on
+      g.Bet(p, 0) = kStake;
+      // Every seat read whole as the roll begins.
+      g.roll.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] = {};
+      g.roll.BetIdsChanged[static_cast<std::size_t>(p)] = {};
+    }
+    if (pick(kOtherBetEvery) == 0) Put(1 + pick(8), 1 + pick(kLastRealBet), 1 + pick(30));
+    g.roll.HeldBetIdsUnknown = ~0u;
+    const int d1 = 1 + pick(6), d2 = 1 + pick(6), point = kPoints[pick(7)];
+    SCOPED_TRACE(testing::Message() << "roll " << roll << ": " << d1 << "-" << d2 << ", point "
+                                    << point);
+    SetRoll(g, d1, d2, point);
+    plain = g;
+    DecideRolledBets(g, kSeated);
+    DecideBetsVisitingAll(plain);
+    // What the roll learnt of the held bets is its own.
+    plain.roll.HeldBetIds = g.roll.HeldBetIds;
+    plain.roll.HeldBetIdsUnknown = g.roll.HeldBetIdsUnknown;
+    ASSERT_TRUE(g.Bet == plain.Bet && g.StatAction == plain.StatAction);
+    ASSERT_TRUE(g == plain);
+  }
+}
+
 Currency Raw(std::int64_t r) { return Currency::FromRaw(r); }
 
 class PayoffMath : public ::testing::Test {
