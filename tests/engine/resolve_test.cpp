@@ -3,6 +3,7 @@
 // arithmetic under them: odds maxima, proper units, vig and the proper-odds
 // adjustment with its messages.
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <random>
 #include <string>
@@ -511,7 +512,14 @@ TEST_F(PayoffMath, CapsWinOverEveryPushAndLineOddsNeedAPoint) {
 // A payoff whose quotient is a whole count of ten-thousandths is worked in
 // integers; it must be to the last ten-thousandth what the doubles give,
 // up to the largest amounts that path takes and for rows with fractions.
+// So must the net cut to whole smallest checks, of a win or of a loss, with
+// a one-unit check (worked in integers) or another.
 TEST_F(PayoffMath, WholeQuotientsAreWhatTheDoublesGive) {
+  auto cutToChecks = [this](Currency gross) {
+    const Currency unit = g.CheckValue(1);
+    const Currency q = CurFromDouble(gross.ToDouble() / unit.ToDouble());
+    return CurMulInt(unit, static_cast<std::int64_t>(std::floor(q.ToDouble())));
+  };
   const int b = PlaceId(6);
   g.Die1 = g.Die2 = 3;
   g.DiceTotal = 6;
@@ -530,9 +538,15 @@ TEST_F(PayoffMath, WholeQuotientsAreWhatTheDoublesGive) {
       if (i % 2 == 0) raw -= raw % d.raw;
       if (i % 8 == 1) raw = -raw;
       const Currency amount = Raw(raw);
+      g.CheckValue(1) = i % 3 == 0 ? Raw(2500) : 1_usd;
       FigurePayoff(g, 1, b, kWins, amount);
       const Currency want = CurFromDouble(CurMul(amount, a).ToDouble() / d.ToDouble());
       ASSERT_EQ(g.GrossPayoff, want) << raw << " at " << a.raw << "/" << d.raw;
+      if (want.raw < kLargest && want.raw > -kLargest) {  // where the doubles' floor is exact
+        ASSERT_EQ(g.NetPayoff, cutToChecks(want)) << raw << " at " << a.raw << "/" << d.raw;
+      }
+      FigurePayoff(g, 1, b, kLoses, amount);
+      ASSERT_EQ(g.NetPayoff, cutToChecks(-amount)) << raw << " lost";
     }
   }
 }
