@@ -806,6 +806,29 @@ void DecideBetsVisitingAll(Game& g) {
   RunPasses(d);
 }
 
+namespace {
+
+// What a decision does beside the money, by bet id, looked up once: a Come
+// point clears its flat at set and comes down unless put bets are allowed;
+// the line odds and the Don't Come points and odds always come down; the
+// Come and Don't Come boxes come down on a seven; a Come odds bet comes down
+// when its flat is gone.
+constexpr unsigned kComePointBet = 1, kDownAlways = 2, kDownOnSeven = 4, kDownWithoutFlat = 8;
+constexpr auto kAfterDecision = [] {
+  std::array<std::uint8_t, kLastBetId + 1> after{};
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    unsigned a = 0;
+    if (IsComePoint(b)) a |= kComePointBet;
+    if (IsLineOdds(b) || (b >= 7 && b <= 18)) a |= kDownAlways;
+    if (IsContract(b)) a |= kDownOnSeven;
+    if (IsComeOdds(b)) a |= kDownWithoutFlat;
+    after[static_cast<std::size_t>(b)] = static_cast<std::uint8_t>(a);
+  }
+  return after;
+}();
+
+}  // namespace
+
 void ResolveBet(Game& g, int seat, int sign, int b) {
   assert(seat >= 1 && seat <= 8 && IsRealBet(b));
   const int p = PlayerOfSeat(seat);
@@ -818,7 +841,8 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
   }
   FigurePayoff(g, p, b, sign, amount);
   TallyBetResult(g, p, b, amount, g.NetPayoff);
-  if (IsComePoint(b)) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
+  const unsigned after = kAfterDecision[static_cast<std::size_t>(b)];
+  if ((after & kComePointBet) != 0) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
   if (g.roll.LogOn) LogDecision(g, p, b);
 
   if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
@@ -827,8 +851,10 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
   g.BetContract(p, b) = Currency{};
   g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
 
-  if ((IsContract(b) && g.DiceTotal == 7) || IsLineOdds(b) || (b >= 7 && b <= 18) ||
-      (IsComePoint(b) && !g.rules.AllowPutBets) || (IsComeOdds(b) && g.Bet(p, b - 6).IsZero()))
+  if (after != 0 &&
+      ((after & kDownAlways) != 0 || ((after & kDownOnSeven) != 0 && g.DiceTotal == 7) ||
+       ((after & kComePointBet) != 0 && !g.rules.AllowPutBets) ||
+       ((after & kDownWithoutFlat) != 0 && g.Bet(p, b - 6).IsZero())))
     g.BetComesDown = true;
 
   Long& trend = g.BetTrend(p, b, 1);
