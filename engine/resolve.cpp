@@ -226,6 +226,19 @@ constexpr auto kReachOfRoll = [] {
   return reach;
 }();
 
+// The held bets of player p read cell by cell, now known. Out of line: the
+// seats of a roll are read so only after every id was marked.
+[[gnu::noinline]] void ReadHeldBetsWhole(Game& g, int p) {
+  RollState& r = g.roll;
+  r.HeldBetIdsUnknown &= ~(1u << p);
+  const Currency* bets = &g.Bet(p, 0);
+  BetIdSet& held = r.HeldBetIds[static_cast<std::size_t>(p)];
+  held = {};
+  for (int block = 0; block < kBlocks; ++block)
+    held.AddBlock(block * kBlock,
+                  NonZeroCells8(bets + block * kBlock) & kRealIds[static_cast<std::size_t>(block)]);
+}
+
 // Brings the held bets of player p up to date from `look`, the ids the
 // at-roll snapshots took since the last look and those marked since; false when
 // they are not known this roll. When every id was marked (a new call, a
@@ -244,11 +257,7 @@ constexpr auto kReachOfRoll = [] {
   const Currency* bets = &g.Bet(p, 0);
   BetIdSet& held = r.HeldBetIds[slot];
   if ((r.HeldBetIdsUnknown & bit) != 0) {
-    r.HeldBetIdsUnknown &= ~bit;
-    held = {};
-    for (int block = 0; block < kBlocks; ++block)
-      held.AddBlock(block * kBlock,
-                    NonZeroCells8(bets + block * kBlock) & kRealIds[static_cast<std::size_t>(block)]);
+    ReadHeldBetsWhole(g, p);
     return true;
   }
   BetIdSet found;
