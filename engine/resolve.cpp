@@ -366,10 +366,10 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
 }
 
 // ResolveBet for each of `seats` (bit seat - 1) whose bet b stands, in stick order.
-[[gnu::noinline]] void ResolveSeats(Deciding& d, unsigned seats, int sign, int b) {
+[[gnu::noinline]] void ResolveSeats(Game& g, unsigned seats, int sign, int b) {
   for (; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats) + 1;
-    if (!d.g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(d.g, seat, sign, b);
+    if (!g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(g, seat, sign, b);
   }
 }
 
@@ -377,17 +377,17 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
 // so the test stays in the passes and the seats loop out of them.
 [[gnu::always_inline]] inline void AllSeats(Deciding& d, int sign, int b) {
   if (const unsigned seats = d.holders[static_cast<std::size_t>(b)]; seats != 0)
-    ResolveSeats(d, seats, sign, b);
+    ResolveSeats(d.g, seats, sign, b);
 }
 
 // A flat bet and the odds behind it, seat by seat, the odds right after the flat.
-[[gnu::noinline]] void ResolveSeatsWithOdds(Deciding& d, unsigned seats, int flatSign, int flat,
+[[gnu::noinline]] void ResolveSeatsWithOdds(Game& g, unsigned seats, int flatSign, int flat,
                                             int oddsSign, int odds) {
   for (; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats) + 1;
     const int p = PlayerOfSeat(seat);
-    if (!d.g.Bet(p, flat).IsZero()) ResolveBet(d.g, seat, flatSign, flat);
-    if (!d.g.Bet(p, odds).IsZero()) ResolveBet(d.g, seat, oddsSign, odds);
+    if (!g.Bet(p, flat).IsZero()) ResolveBet(g, seat, flatSign, flat);
+    if (!g.Bet(p, odds).IsZero()) ResolveBet(g, seat, oddsSign, odds);
   }
 }
 
@@ -395,7 +395,7 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
                                                 int odds) {
   const unsigned seats =
       d.holders[static_cast<std::size_t>(flat)] | d.holders[static_cast<std::size_t>(odds)];
-  if (seats != 0) ResolveSeatsWithOdds(d, seats, flatSign, flat, oddsSign, odds);
+  if (seats != 0) ResolveSeatsWithOdds(d.g, seats, flatSign, flat, oddsSign, odds);
 }
 
 // Losers of the box number n: the Don't Come point with its odds, the Lay,
