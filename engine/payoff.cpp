@@ -198,6 +198,15 @@ namespace {
                                                               : Currency::FromRaw(net);
 }
 
+// The bets whose loss is minus the amount with no vig: all but the Field
+// and the Lay and Buy bets.
+constexpr auto kLosesFromOwnRow = [] {
+  std::array<bool, kLastBetId + 1> plain{};
+  for (int b = 0; b <= kLastBetId; ++b)
+    plain[static_cast<std::size_t>(b)] = b != bet::kField && !IsLay(b) && !IsBuy(b);
+  return plain;
+}();
+
 }  // namespace
 
 void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
@@ -208,7 +217,7 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
   // says what the dice do, nor a Lay or Buy) is minus the amount, exactly
   // as FigureGross has it below kUnitExact.
   const bool exact = amount.raw < kUnitExact && amount.raw > -kUnitExact;
-  if (sign <= 0 && exact && b != bet::kField && !IsLay(b) && !IsBuy(b)) {
+  if (sign <= 0 && exact && kLosesFromOwnRow[static_cast<std::size_t>(b)]) {
     g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
     g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
     g.PayoffTbl(3, 0) = Currency::FromWhole(1);
