@@ -156,34 +156,37 @@ bool GrossFromOtherRow(Game& g, int b, int sign, Currency amount) {
 
 int FireRow(const Game& g) { return g.PointsMade < 0 ? 0 : g.PointsMade > 6 ? 6 : g.PointsMade; }
 
-void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
-  // Vig is charged only on Lay and Buy, which are always paid from their own
-  // row; a bet paid from another row owes none.
-  g.autoplay.VigCharged = Currency{};
-  if (!GrossFromOtherRow(g, b, sign, amount)) {
-    if (sign <= 0) {
-      g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
-      g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
-      g.PayoffTbl(3, 0) = Currency::FromWhole(1);
-      // -1 to 1: Scaled's product is minus the amount, which its quotient by
-      // one unit gives back unchanged below kUnitExact.
-      const bool exact = amount.raw < kUnitExact && amount.raw > -kUnitExact;
-      g.GrossPayoff = exact ? -amount : Scaled(g, amount);
-    } else {
-      LoadRowZero(g, g.PayoffTbl, b);
-      g.GrossPayoff = Scaled(g, amount);
-    }
+namespace {
 
-    // Vig: up front it is lost either way; on a win only, only from a win.
-    if (IsLay(b) && (g.GrossPayoff > Currency{} || g.rules.LayVigUpFront)) {
-      g.autoplay.VigCharged = g.LayVig(p, b - bet::kLayFirst);
-    } else if (IsBuy(b) && (g.GrossPayoff > Currency{} || g.rules.BuyVigUpFront)) {
-      g.autoplay.VigCharged = g.BuyVig(p, b - bet::kBuyFirst);
-    }
-    g.GrossPayoff -= g.autoplay.VigCharged;
+// GrossPayoff and VigCharged of every decision but the plain loss
+// FigurePayoff figures itself.
+[[gnu::noinline]] void FigureGross(Game& g, int p, int b, int sign, Currency amount) {
+  if (GrossFromOtherRow(g, b, sign, amount)) return;
+  if (sign <= 0) {
+    g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
+    g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
+    g.PayoffTbl(3, 0) = Currency::FromWhole(1);
+    // -1 to 1: Scaled's product is minus the amount, which its quotient by
+    // one unit gives back unchanged below kUnitExact.
+    const bool exact = amount.raw < kUnitExact && amount.raw > -kUnitExact;
+    g.GrossPayoff = exact ? -amount : Scaled(g, amount);
+  } else {
+    LoadRowZero(g, g.PayoffTbl, b);
+    g.GrossPayoff = Scaled(g, amount);
   }
 
-  // The net is cut to whole smallest checks: a win rounds down, a loss up.
+  // Vig: up front it is lost either way; on a win only, only from a win.
+  if (IsLay(b) && (g.GrossPayoff > Currency{} || g.rules.LayVigUpFront)) {
+    g.autoplay.VigCharged = g.LayVig(p, b - bet::kLayFirst);
+  } else if (IsBuy(b) && (g.GrossPayoff > Currency{} || g.rules.BuyVigUpFront)) {
+    g.autoplay.VigCharged = g.BuyVig(p, b - bet::kBuyFirst);
+  }
+  g.GrossPayoff -= g.autoplay.VigCharged;
+}
+
+// NetPayoff: GrossPayoff cut to whole smallest checks, a win rounded down, a
+// loss up.
+[[gnu::noinline]] void CutNetToChecks(Game& g) {
   const Currency unit = g.CheckValue(1);
   const Currency q = QuotientInDoubles(g.GrossPayoff, unit);
   // Int(q) in whole units, then unit times that count (CurMulInt but for
@@ -193,4 +196,46 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
   std::int64_t net;
   g.NetPayoff = __builtin_mul_overflow(unit.raw, whole, &net) ? CurMulInt(unit, whole)
                                                               : Currency::FromRaw(net);
+}
+
+// The bets whose loss is minus the amount with no vig: all but the Field
+// and the Lay and Buy bets.
+constexpr auto kLosesFromOwnRow = [] {
+  std::array<bool, kLastBetId + 1> plain{};
+  for (int b = 0; b <= kLastBetId; ++b)
+    plain[static_cast<std::size_t>(b)] = b != bet::kField && !IsLay(b) && !IsBuy(b);
+  return plain;
+}();
+
+}  // namespace
+
+void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
+  // Vig is charged only on Lay and Buy, which are always paid from their own
+  // row; a bet paid from another row owes none.
+  g.autoplay.VigCharged = Currency{};
+  // A loss paid from its own row without vig (not the Field, whose row
+  // says what the dice do, nor a Lay or Buy) is minus the amount, exactly
+  // as FigureGross has it below kUnitExact.
+  const bool exact = amount.raw < kUnitExact && amount.raw > -kUnitExact;
+  if (sign <= 0 && exact && kLosesFromOwnRow[static_cast<std::size_t>(b)]) {
+    g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
+    g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
+    g.PayoffTbl(3, 0) = Currency::FromWhole(1);
+    g.GrossPayoff = -amount;
+  } else {
+    FigureGross(g, p, b, sign, amount);
+  }
+
+  // With the smallest check one unit, QuotientInDoubles gives the gross
+  // back below kUnitExact, and the cut is its floor in whole units, whose
+  // product with the unit cannot overflow.
+  const Currency gross = g.GrossPayoff;
+  if (g.CheckValue(1).raw == Currency::kScale && gross.raw < kUnitExact &&
+      gross.raw > -kUnitExact) {
+    std::int64_t whole = gross.raw / Currency::kScale;
+    if (gross.raw % Currency::kScale < 0) --whole;
+    g.NetPayoff = Currency::FromRaw(whole * Currency::kScale);
+    return;
+  }
+  CutNetToChecks(g);
 }

@@ -226,6 +226,19 @@ constexpr auto kReachOfRoll = [] {
   return reach;
 }();
 
+// The held bets of player p read cell by cell, now known. Out of line: the
+// seats of a roll are read so only after every id was marked.
+[[gnu::noinline]] void ReadHeldBetsWhole(Game& g, int p) {
+  RollState& r = g.roll;
+  r.HeldBetIdsUnknown &= ~(1u << p);
+  const Currency* bets = &g.Bet(p, 0);
+  BetIdSet& held = r.HeldBetIds[static_cast<std::size_t>(p)];
+  held = {};
+  for (int block = 0; block < kBlocks; ++block)
+    held.AddBlock(block * kBlock,
+                  NonZeroCells8(bets + block * kBlock) & kRealIds[static_cast<std::size_t>(block)]);
+}
+
 // Brings the held bets of player p up to date from `look`, the ids the
 // at-roll snapshots took since the last look and those marked since; false when
 // they are not known this roll. When every id was marked (a new call, a
@@ -244,11 +257,7 @@ constexpr auto kReachOfRoll = [] {
   const Currency* bets = &g.Bet(p, 0);
   BetIdSet& held = r.HeldBetIds[slot];
   if ((r.HeldBetIdsUnknown & bit) != 0) {
-    r.HeldBetIdsUnknown &= ~bit;
-    held = {};
-    for (int block = 0; block < kBlocks; ++block)
-      held.AddBlock(block * kBlock,
-                    NonZeroCells8(bets + block * kBlock) & kRealIds[static_cast<std::size_t>(block)]);
+    ReadHeldBetsWhole(g, p);
     return true;
   }
   BetIdSet found;
@@ -357,10 +366,10 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
 }
 
 // ResolveBet for each of `seats` (bit seat - 1) whose bet b stands, in stick order.
-[[gnu::noinline]] void ResolveSeats(Deciding& d, unsigned seats, int sign, int b) {
+[[gnu::noinline]] void ResolveSeats(Game& g, unsigned seats, int sign, int b) {
   for (; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats) + 1;
-    if (!d.g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(d.g, seat, sign, b);
+    if (!g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(g, seat, sign, b);
   }
 }
 
@@ -368,17 +377,17 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
 // so the test stays in the passes and the seats loop out of them.
 [[gnu::always_inline]] inline void AllSeats(Deciding& d, int sign, int b) {
   if (const unsigned seats = d.holders[static_cast<std::size_t>(b)]; seats != 0)
-    ResolveSeats(d, seats, sign, b);
+    ResolveSeats(d.g, seats, sign, b);
 }
 
 // A flat bet and the odds behind it, seat by seat, the odds right after the flat.
-[[gnu::noinline]] void ResolveSeatsWithOdds(Deciding& d, unsigned seats, int flatSign, int flat,
+[[gnu::noinline]] void ResolveSeatsWithOdds(Game& g, unsigned seats, int flatSign, int flat,
                                             int oddsSign, int odds) {
   for (; seats != 0; seats &= seats - 1) {
     const int seat = std::countr_zero(seats) + 1;
     const int p = PlayerOfSeat(seat);
-    if (!d.g.Bet(p, flat).IsZero()) ResolveBet(d.g, seat, flatSign, flat);
-    if (!d.g.Bet(p, odds).IsZero()) ResolveBet(d.g, seat, oddsSign, odds);
+    if (!g.Bet(p, flat).IsZero()) ResolveBet(g, seat, flatSign, flat);
+    if (!g.Bet(p, odds).IsZero()) ResolveBet(g, seat, oddsSign, odds);
   }
 }
 
@@ -386,7 +395,7 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
                                                 int odds) {
   const unsigned seats =
       d.holders[static_cast<std::size_t>(flat)] | d.holders[static_cast<std::size_t>(odds)];
-  if (seats != 0) ResolveSeatsWithOdds(d, seats, flatSign, flat, oddsSign, odds);
+  if (seats != 0) ResolveSeatsWithOdds(d.g, seats, flatSign, flat, oddsSign, odds);
 }
 
 // Losers of the box number n: the Don't Come point with its odds, the Lay,
@@ -701,6 +710,61 @@ void RunPasses(Deciding& d) {
 
 namespace {
 
+// The Pass Line and its odds, both in the first word of a BetIdSet.
+constexpr std::uint64_t kPassLineWord =
+    (std::uint64_t{1} << bet::kPassLine) | (std::uint64_t{1} << bet::kPassLineOdds);
+static_assert(bet::kPassLine < 64 && bet::kPassLineOdds < 64);
+
+// True when `s` holds a bet other than the Pass Line and its odds.
+constexpr bool MeetsAllButPassLine(const BetIdSet& s) {
+  return ((s.words[0] & ~kPassLineWord) | s.words[1]) != 0;
+}
+
+// The decisions of a roll whose bets of the players `known` (bit p) it can
+// decide are only the Pass Line and its odds, when nobody else has money:
+// the passes would visit just these two ids (each once) and nothing else,
+// so they are decided here seat by seat in stick order, the odds right after
+// the flat, as the passes do, without gathering the holders. A come-out 7
+// or 11 wins the flat and a 2, 3 or 12 loses it; with a point on, the point
+// wins both and a seven loses both and ends the hand. False, having done
+// nothing, for any other roll (a point outside the box numbers) or when
+// somebody else has money, which the passes then take.
+[[gnu::noinline]] bool DecidePassLineOnly(Game& g, unsigned known) {
+  if (g.PlayerCount == 0 || OthersHaveMoney(g, known)) return false;
+  const int t = g.DiceTotal, point = g.PointAtRoll;
+  int sign = kWins;
+  const bool withOdds = point != 0;
+  if (point == 0) {
+    if (t == 2 || t == 3 || t == 12)
+      sign = kLoses;
+    else if (t != 7 && t != 11)
+      return false;
+  } else if (!IsBoxNumber(point) || (t != point && t != 7)) {
+    return false;
+  } else if (t == 7) {
+    sign = kLoses;
+  }
+  // The seats of the players with money on the table, as DecideHeld takes them.
+  unsigned seats = 0;
+  ForEachSeatIn(known, [&g, &seats](int p) {
+    if (g.TotalBets(p) > Currency{}) seats |= kSeatBitOfPlayer[static_cast<std::size_t>(p)];
+  });
+  for (; seats != 0; seats &= seats - 1) {
+    const int seat = std::countr_zero(seats) + 1;
+    const int p = PlayerOfSeat(seat);
+    if (!g.Bet(p, bet::kPassLine).IsZero()) ResolveBet(g, seat, sign, bet::kPassLine);
+    if (withOdds && !g.Bet(p, bet::kPassLineOdds).IsZero())
+      ResolveBet(g, seat, 2 * sign, bet::kPassLineOdds);  // kOddsWins or kOddsLoses
+  }
+  if (point != 0) {
+    if (t == point)
+      CountPointMade(g);
+    else
+      EndHand(g);
+  }
+  return true;
+}
+
 // The decisions of a roll that can meet a bet on the table: the holders of
 // each id gathered, then the passes. Out of line, so that a roll deciding
 // nothing never sets up its frame.
@@ -738,7 +802,7 @@ void DecideRolledBets(Game& g, unsigned seated) {
   // Open seats hold no bets: an empty table asks nothing more.
   if (reached.Empty() && (g.PlayerCount == 0 || !OthersHaveMoney(g, known)))
     DecideNothingHeld(g);
-  else
+  else if (MeetsAllButPassLine(reached) || !DecidePassLineOnly(g, known))
     DecideHeld(g, known);
 }
 
@@ -750,6 +814,29 @@ void DecideBetsVisitingAll(Game& g) {
   d.held = BetIdRange(1, kLastRealBet);
   RunPasses(d);
 }
+
+namespace {
+
+// What a decision does beside the money, by bet id, looked up once: a Come
+// point clears its flat at set and comes down unless put bets are allowed;
+// the line odds and the Don't Come points and odds always come down; the
+// Come and Don't Come boxes come down on a seven; a Come odds bet comes down
+// when its flat is gone.
+constexpr unsigned kComePointBet = 1, kDownAlways = 2, kDownOnSeven = 4, kDownWithoutFlat = 8;
+constexpr auto kAfterDecision = [] {
+  std::array<std::uint8_t, kLastBetId + 1> after{};
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    unsigned a = 0;
+    if (IsComePoint(b)) a |= kComePointBet;
+    if (IsLineOdds(b) || (b >= 7 && b <= 18)) a |= kDownAlways;
+    if (IsContract(b)) a |= kDownOnSeven;
+    if (IsComeOdds(b)) a |= kDownWithoutFlat;
+    after[static_cast<std::size_t>(b)] = static_cast<std::uint8_t>(a);
+  }
+  return after;
+}();
+
+}  // namespace
 
 void ResolveBet(Game& g, int seat, int sign, int b) {
   assert(seat >= 1 && seat <= 8 && IsRealBet(b));
@@ -763,7 +850,8 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
   }
   FigurePayoff(g, p, b, sign, amount);
   TallyBetResult(g, p, b, amount, g.NetPayoff);
-  if (IsComePoint(b)) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
+  const unsigned after = kAfterDecision[static_cast<std::size_t>(b)];
+  if ((after & kComePointBet) != 0) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
   if (g.roll.LogOn) LogDecision(g, p, b);
 
   if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
@@ -772,8 +860,10 @@ void ResolveBet(Game& g, int seat, int sign, int b) {
   g.BetContract(p, b) = Currency{};
   g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
 
-  if ((IsContract(b) && g.DiceTotal == 7) || IsLineOdds(b) || (b >= 7 && b <= 18) ||
-      (IsComePoint(b) && !g.rules.AllowPutBets) || (IsComeOdds(b) && g.Bet(p, b - 6).IsZero()))
+  if (after != 0 &&
+      ((after & kDownAlways) != 0 || ((after & kDownOnSeven) != 0 && g.DiceTotal == 7) ||
+       ((after & kComePointBet) != 0 && !g.rules.AllowPutBets) ||
+       ((after & kDownWithoutFlat) != 0 && g.Bet(p, b - 6).IsZero())))
     g.BetComesDown = true;
 
   Long& trend = g.BetTrend(p, b, 1);

@@ -3,6 +3,7 @@
 // arithmetic under them: odds maxima, proper units, vig and the proper-odds
 // adjustment with its messages.
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <random>
 #include <string>
@@ -353,6 +354,50 @@ TEST_F(Resolve, ShortcutsDecideAsTheVisitOfEverySeatAndBet) {
   }
 }
 
+// A table whose bets the roll can decide are only the Pass Line and its
+// odds is decided without gathering the holders. Held against the plain
+// visit over seeded rolls of line bets on every seat (now and then with
+// another bet beside them), odds called on and off and every settling rule.
+TEST_F(Resolve, LineBetsAloneDecideAsTheVisitOfEverySeatAndBet) {
+  for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
+  auto plainOwner = std::make_unique<Game>();
+  Game& plain = *plainOwner;
+  std::mt19937 rng(20261125);
+  auto pick = [&rng](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
+  constexpr int kRolls = 1500, kLastRule = 7, kOtherBetEvery = 6;
+  constexpr int kPoints[] = {0, 4, 5, 6, 8, 9, 10};
+  constexpr unsigned kSeated = 0x1FEu;  // players 1..8
+  for (int roll = 0; roll < kRolls; ++roll) {
+    for (int p = 1; p <= 8; ++p) {
+      for (int b = 1; b <= kLastRealBet; ++b) g.Bet(p, b) = Currency{};
+      g.TotalBets(p) = Currency{};
+      g.autoplay.HandleWinningBets(p) = pick(kLastRule + 1);
+      g.autoplay.HandleLosingBets(p) = pick(kLastRule + 1);
+      if (pick(3) != 0) Put(p, kPassLine, 1 + pick(30));
+      if (pick(2) != 0) Put(p, kPassLineOdds, 1 + pick(60));
+      g.BetWorking(p, kPassLineOdds) = pick(4) - 1;  // -1 called off .. 2 called on
+      g.Bet(p, 0) = kStake;
+      // Every seat read whole as the roll begins.
+      g.roll.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] = {};
+      g.roll.BetIdsChanged[static_cast<std::size_t>(p)] = {};
+    }
+    if (pick(kOtherBetEvery) == 0) Put(1 + pick(8), 1 + pick(kLastRealBet), 1 + pick(30));
+    g.roll.HeldBetIdsUnknown = ~0u;
+    const int d1 = 1 + pick(6), d2 = 1 + pick(6), point = kPoints[pick(7)];
+    SCOPED_TRACE(testing::Message() << "roll " << roll << ": " << d1 << "-" << d2 << ", point "
+                                    << point);
+    SetRoll(g, d1, d2, point);
+    plain = g;
+    DecideRolledBets(g, kSeated);
+    DecideBetsVisitingAll(plain);
+    // What the roll learnt of the held bets is its own.
+    plain.roll.HeldBetIds = g.roll.HeldBetIds;
+    plain.roll.HeldBetIdsUnknown = g.roll.HeldBetIdsUnknown;
+    ASSERT_TRUE(g.Bet == plain.Bet && g.StatAction == plain.StatAction);
+    ASSERT_TRUE(g == plain);
+  }
+}
+
 Currency Raw(std::int64_t r) { return Currency::FromRaw(r); }
 
 class PayoffMath : public ::testing::Test {
@@ -467,7 +512,14 @@ TEST_F(PayoffMath, CapsWinOverEveryPushAndLineOddsNeedAPoint) {
 // A payoff whose quotient is a whole count of ten-thousandths is worked in
 // integers; it must be to the last ten-thousandth what the doubles give,
 // up to the largest amounts that path takes and for rows with fractions.
+// So must the net cut to whole smallest checks, of a win or of a loss, with
+// a one-unit check (worked in integers) or another.
 TEST_F(PayoffMath, WholeQuotientsAreWhatTheDoublesGive) {
+  auto cutToChecks = [this](Currency gross) {
+    const Currency unit = g.CheckValue(1);
+    const Currency q = CurFromDouble(gross.ToDouble() / unit.ToDouble());
+    return CurMulInt(unit, static_cast<std::int64_t>(std::floor(q.ToDouble())));
+  };
   const int b = PlaceId(6);
   g.Die1 = g.Die2 = 3;
   g.DiceTotal = 6;
@@ -486,9 +538,15 @@ TEST_F(PayoffMath, WholeQuotientsAreWhatTheDoublesGive) {
       if (i % 2 == 0) raw -= raw % d.raw;
       if (i % 8 == 1) raw = -raw;
       const Currency amount = Raw(raw);
+      g.CheckValue(1) = i % 3 == 0 ? Raw(2500) : 1_usd;
       FigurePayoff(g, 1, b, kWins, amount);
       const Currency want = CurFromDouble(CurMul(amount, a).ToDouble() / d.ToDouble());
       ASSERT_EQ(g.GrossPayoff, want) << raw << " at " << a.raw << "/" << d.raw;
+      if (want.raw < kLargest && want.raw > -kLargest) {  // where the doubles' floor is exact
+        ASSERT_EQ(g.NetPayoff, cutToChecks(want)) << raw << " at " << a.raw << "/" << d.raw;
+      }
+      FigurePayoff(g, 1, b, kLoses, amount);
+      ASSERT_EQ(g.NetPayoff, cutToChecks(-amount)) << raw << " lost";
     }
   }
 }
