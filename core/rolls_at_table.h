@@ -45,6 +45,14 @@ class RollsAtTableTable {
   }
   // A roll: one more for every slot's live frames.
   void CountRoll() { ++pending_; }
+  // Slot p's hand ends: its current-hand count moves to its last-hand cell
+  // and starts again from 0. The stored cell takes minus the pending rolls,
+  // which they bring back to 0, so nothing else is settled.
+  void MoveToLastHand(int p) {
+    Long& hand = cells_(FrameIndex(p, kFrameCurrentHand));
+    cells_(FrameIndex(p, kFrameLastHand)) = Plus(hand, pending_);
+    hand = Plus(0, 0u - pending_);
+  }
 
   friend bool operator==(const RollsAtTableTable& a, const RollsAtTableTable& b) {
     for (int i = Cells::kLow; i <= Cells::kHigh; ++i)
