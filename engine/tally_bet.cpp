@@ -25,7 +25,7 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
 // afresh every hand, so whether an amount is its largest or smallest yet is
 // a coin toss: chosen by selects there, by jumps in the longer frames,
 // whose extremes seldom move.
-[[gnu::noinline]] void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
+[[gnu::always_inline]] inline void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
   static_assert(kLiveFrames[0] == kFrameCurrentHand);
   for (Frame t : kLiveFrames) {
     Currency* r = row + FrameOffset(t);
@@ -52,6 +52,15 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
   }
 }
 
+// A decision in the action rows (`amount` wagered) and in the rows of its
+// side, the wins or the losses (`net`, the amount won or lost): one call
+// for both.
+[[gnu::noinline]] void CountDecision(Currency* action, Currency amount, Currency* side,
+                                     Currency net, Currency rollNumber) {
+  CountDecision(action, amount, rollNumber);
+  CountDecision(side, net, rollNumber);
+}
+
 }  // namespace
 
 void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
@@ -67,8 +76,8 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   const Currency sideAmount = won ? net : -net;
   // The live frames' rows of (p, b) lie a fixed number of cells apart, so
   // two addresses serve all six rows.
-  CountDecision(&g.StatAction(FrameIndex(p, kLiveFrames[0]), b, 0), amount, rollNumber);
-  CountDecision(&side(FrameIndex(p, kLiveFrames[0]), b, 0), sideAmount, rollNumber);
+  CountDecision(&g.StatAction(FrameIndex(p, kLiveFrames[0]), b, 0), amount,
+                &side(FrameIndex(p, kLiveFrames[0]), b, 0), sideAmount, rollNumber);
   if (IsComePoint(b)) {
     const Currency flat = g.ComeFlatAtSet(p, b - bet::kComePointFirst);
     for (Frame t : kLiveFrames)
