@@ -59,8 +59,8 @@ unsigned NamedSlots(const Game& g) {
 
 }  // namespace
 
-void CloseHand(Game& g) {
-  ForEachSeatIn(NamedSlots(g), [&g](int p) {
+void CloseHand(Game& g, unsigned named) {
+  ForEachSeatIn(named, [&g](int p) {
     // The House never bets, so its money tallies are zero in both frames;
     // skipping them keeps a hand's end cheap in a run without players.
     if (p > 0) {
@@ -104,14 +104,19 @@ void CloseHand(Game& g) {
 }
 
 void EndHand(Game& g) {
-  ForEachSeatIn(NamedSlots(g), [&g](int p) { g.RollTally.MoveToLastHand(p); });
+  unsigned named = NamedSlots(g);
+  ForEachSeatIn(named, [&g](int p) { g.RollTally.MoveToLastHand(p); });
 
-  if (g.FirePayoff(1, FireRow(g)).raw > 0)
+  if (g.FirePayoff(1, FireRow(g)).raw > 0) {
     for (int seat = 1; seat <= 8; ++seat) ResolveBet(g, seat, kWins, bet::kFire);
+    // Settling a bet may go through the platform, so the names are read
+    // again after the Fire bets; without them nothing ran that seats anyone.
+    named = NamedSlots(g);
+  }
   g.PointsMadeMask = 0;
   g.PointsMade = 0;
 
-  CloseHand(g);
+  CloseHand(g, named);
 
   g.PrevHandShooter = g.HandShooter;
   if (g.Shooter != g.HandShooter)
