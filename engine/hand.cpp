@@ -20,16 +20,21 @@ using StatTable = decltype(Game::StatAction);
 constexpr std::ptrdiff_t kToLastHand = static_cast<std::ptrdiff_t>(
     StatTable::Index(FrameIndex(0, kFrameLastHand), 0, 0) - StatTable::Index(0, 0, 0));
 
-// Moves the cells at `at` of a current-hand row to the last-hand row and
-// clears them.
+// The columns of a decision row that hold figures. Column 0 of the bet
+// rows is never written (the tally, the file and the views use columns
+// 1..6), so it stays 0 in every frame and a hand's end leaves it be.
+constexpr std::size_t kStatFigures = kStatColumnCount - kStatCount;
+
+// Moves the figures of the current-hand row at `at` (column 0) to the
+// last-hand row and clears them.
 inline void MoveRowToLastHand(StatTable& t, std::size_t at) {
-  Currency* const hand = t.cells.data() + at;
-  MoveCells<StatTable::kDepth>(hand, hand + kToLastHand);
+  Currency* const hand = t.cells.data() + at + kStatCount;
+  MoveCells<kStatFigures>(hand, hand + kToLastHand);
 }
 
-// Clears the cells at `at` of a last-hand row.
+// Clears the figures of the last-hand row whose current-hand row is at `at`.
 inline void ClearLastHandRow(StatTable& t, std::size_t at) {
-  std::fill_n(t.cells.data() + at + kToLastHand, StatTable::kDepth, Currency{});
+  std::fill_n(t.cells.data() + at + kStatCount + kToLastHand, kStatFigures, Currency{});
 }
 
 // Moves the whole row of slot p's current-hand frame, rows being contiguous.
@@ -72,8 +77,7 @@ void CloseHand(Game& g, unsigned named) {
         for (std::uint64_t rows = thisHand[w]; rows != 0; rows &= rows - 1) {
           const int b = 64 * w + std::countr_zero(rows);
           if (b < 1 || b > kLastRealBet) continue;
-          // Depth 0 of these rows holds nothing, so whole rows move. The
-          // three tables share one layout, so one index serves them all.
+          // The three tables share one layout, so one index serves them all.
           const std::size_t at = StatTable::Index(p, b, 0);
           MoveRowToLastHand(g.StatAction, at);
           MoveRowToLastHand(g.StatWins, at);
