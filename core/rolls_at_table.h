@@ -11,7 +11,9 @@
 // - (*this)(i) is the count the plain table would hold: the stored cell,
 //   plus the pending rolls when i is a live frame.
 // - Every write, and every walk of the whole table, goes through a
-//   non-const accessor, which adds the pending rolls to the cells first.
+//   non-const accessor, which adds the pending rolls to the cells first;
+//   only a hand's end (MoveToLastHand) writes the stored cells of one slot
+//   with the pending rolls taken into account instead.
 // - A const read never changes anything, so threads may share a game for
 //   reading.
 #pragma once
