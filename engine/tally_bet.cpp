@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -43,11 +44,11 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
     if (amount.raw > largest.raw) [[unlikely]] largest = amount;
   }
   if (amount <= Currency{}) return;
-  // All ones when the amount is the hand's new smallest (GCC turns a plain
-  // condition here back into a jump).
+  // A smallest of 0 holds no amount yet, so it compares as the largest
+  // possible; a negative one (only a file could hold it) stays.
   const std::int64_t smallest = hand[kStatSmallest].raw;
-  const std::int64_t smaller = -std::int64_t{(smallest == 0) | (smallest > amount.raw)};
-  hand[kStatSmallest].raw = smallest ^ ((smallest ^ amount.raw) & smaller);
+  const std::int64_t held = smallest == 0 ? std::numeric_limits<std::int64_t>::max() : smallest;
+  hand[kStatSmallest].raw = std::min(held, amount.raw);
   for (Frame t : {kLiveFrames[1], kLiveFrames[2]}) {
     Currency& least = row[FrameOffset(t) + kStatSmallest];
     // The larger test first: a frame's smallest is seldom 0.
