@@ -62,6 +62,14 @@ unsigned NamedSlots(const Game& g) {
   return named;
 }
 
+// The same at a hand's end: within a roll, the seats the roll started with
+// while it knows no one can have been seated since (RollState::SeatsAtRoll),
+// and the House.
+unsigned NamedSlotsAtHandsEnd(const Game& g) {
+  if (!g.roll.SeatsKnown) return NamedSlots(g);
+  return g.roll.SeatsAtRoll | static_cast<unsigned>(SeatNamed(g, kHouse));
+}
+
 }  // namespace
 
 void CloseHand(Game& g, unsigned named) {
@@ -108,14 +116,14 @@ void CloseHand(Game& g, unsigned named) {
 }
 
 void EndHand(Game& g) {
-  unsigned named = NamedSlots(g);
+  unsigned named = NamedSlotsAtHandsEnd(g);
   ForEachSeatIn(named, [&g](int p) { g.RollTally.MoveToLastHand(p); });
 
   if (g.FirePayoff(1, FireRow(g)).raw > 0) {
     for (int seat = 1; seat <= 8; ++seat) ResolveBet(g, seat, kWins, bet::kFire);
     // Settling a bet may go through the platform, so the names are read
     // again after the Fire bets; without them nothing ran that seats anyone.
-    named = NamedSlots(g);
+    named = NamedSlotsAtHandsEnd(g);
   }
   g.PointsMadeMask = 0;
   g.PointsMade = 0;
