@@ -49,10 +49,14 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
   const std::int64_t smallest = hand[kStatSmallest].raw;
   const std::int64_t held = smallest == 0 ? std::numeric_limits<std::int64_t>::max() : smallest;
   hand[kStatSmallest].raw = std::min(held, amount.raw);
+  // In the longer frames one unsigned test that seldom passes finds both a
+  // smallest above the amount and a 0, which wraps to the largest; a
+  // negative smallest (only a file could hold one) passes it too and stays.
+  const std::uint64_t belowAmount = static_cast<std::uint64_t>(amount.raw) - 1;
   for (Frame t : {kLiveFrames[1], kLiveFrames[2]}) {
     Currency& least = row[FrameOffset(t) + kStatSmallest];
-    // The larger test first: a frame's smallest is seldom 0.
-    if (least > amount || least.IsZero()) [[unlikely]] least = amount;
+    if (static_cast<std::uint64_t>(least.raw) - 1 > belowAmount) [[unlikely]]
+      if (least.raw >= 0) least = amount;
   }
 }
 
