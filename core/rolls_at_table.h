@@ -11,7 +11,9 @@
 // - (*this)(i) is the count the plain table would hold: the stored cell,
 //   plus the pending rolls when i is a live frame.
 // - Every write, and every walk of the whole table, goes through a
-//   non-const accessor, which adds the pending rolls to the cells first.
+//   non-const accessor, which adds the pending rolls to the cells first;
+//   only a hand's end (MoveToLastHand) writes the stored cells of one slot
+//   with the pending rolls taken into account instead.
 // - A const read never changes anything, so threads may share a game for
 //   reading.
 #pragma once
@@ -45,6 +47,14 @@ class RollsAtTableTable {
   }
   // A roll: one more for every slot's live frames.
   void CountRoll() { ++pending_; }
+  // Slot p's hand ends: its current-hand count moves to its last-hand cell
+  // and starts again from 0. The stored cell takes minus the pending rolls,
+  // which they bring back to 0, so nothing else is settled.
+  void MoveToLastHand(int p) {
+    Long& hand = cells_(FrameIndex(p, kFrameCurrentHand));
+    cells_(FrameIndex(p, kFrameLastHand)) = Plus(hand, pending_);
+    hand = Plus(0, 0u - pending_);
+  }
 
   friend bool operator==(const RollsAtTableTable& a, const RollsAtTableTable& b) {
     for (int i = Cells::kLow; i <= Cells::kHigh; ++i)

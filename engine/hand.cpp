@@ -14,17 +14,27 @@
 
 namespace {
 
-// Moves row j (whole depth) of slot p's current-hand frame to its last-hand
-// frame and clears it.
-template <class T, int L2, int H2, int L3, int H3>
-void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p, int j) {
-  MoveCells<H3 - L3 + 1>(&t(p, j, L3), &t(FrameIndex(p, kFrameLastHand), j, L3));
+using StatTable = decltype(Game::StatAction);
+// Cells from a current-hand row of a statistics table to the same row of
+// the last-hand frame.
+constexpr std::ptrdiff_t kToLastHand = static_cast<std::ptrdiff_t>(
+    StatTable::Index(FrameIndex(0, kFrameLastHand), 0, 0) - StatTable::Index(0, 0, 0));
+
+// The columns of a decision row that hold figures. Column 0 of the bet
+// rows is never written (the tally, the file and the views use columns
+// 1..6), so it stays 0 in every frame and a hand's end leaves it be.
+constexpr std::size_t kStatFigures = kStatColumnCount - kStatCount;
+
+// Moves the figures of the current-hand row at `at` (column 0) to the
+// last-hand row and clears them.
+inline void MoveRowToLastHand(StatTable& t, std::size_t at) {
+  Currency* const hand = t.cells.data() + at + kStatCount;
+  MoveCells<kStatFigures>(hand, hand + kToLastHand);
 }
 
-// Clears row j (whole depth) of slot p's last-hand frame.
-template <class T, int L2, int H2, int L3, int H3>
-void ClearLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p, int j) {
-  std::fill_n(&t(FrameIndex(p, kFrameLastHand), j, L3), H3 - L3 + 1, T{});
+// Clears the figures of the last-hand row whose current-hand row is at `at`.
+inline void ClearLastHandRow(StatTable& t, std::size_t at) {
+  std::fill_n(t.cells.data() + at + kStatCount + kToLastHand, kStatFigures, Currency{});
 }
 
 // Moves the whole row of slot p's current-hand frame, rows being contiguous.
@@ -44,12 +54,26 @@ void MoveToLastHand(Table1<T, 0, kLastFrameIndex>& t, int p) {
   t(p) = T{};
 }
 
+// The slots 0..8 with a name, as bits: one pass without a jump per slot.
+unsigned NamedSlots(const Game& g) {
+  unsigned named = 0;
+  for (int p = 0; p < kPlayerSlots; ++p)
+    named |= static_cast<unsigned>(SeatNamed(g, p)) << p;
+  return named;
+}
+
+// The same at a hand's end: within a roll, the seats the roll started with
+// while it knows no one can have been seated since (RollState::SeatsAtRoll),
+// and the House.
+unsigned NamedSlotsAtHandsEnd(const Game& g) {
+  if (!g.roll.SeatsKnown) return NamedSlots(g);
+  return g.roll.SeatsAtRoll | static_cast<unsigned>(SeatNamed(g, kHouse));
+}
+
 }  // namespace
 
-void CloseHand(Game& g) {
-  auto& rollsAtTable = g.RollsAtTable.Settled();
-  for (int p = 0; p < kPlayerSlots; ++p) {
-    if (!SeatNamed(g, p)) continue;
+void CloseHand(Game& g, unsigned named) {
+  ForEachSeatIn(named, [&g](int p) {
     // The House never bets, so its money tallies are zero in both frames;
     // skipping them keeps a hand's end cheap in a run without players.
     if (p > 0) {
@@ -61,19 +85,21 @@ void CloseHand(Game& g) {
         for (std::uint64_t rows = thisHand[w]; rows != 0; rows &= rows - 1) {
           const int b = 64 * w + std::countr_zero(rows);
           if (b < 1 || b > kLastRealBet) continue;
-          // Depth 0 of these rows holds nothing, so whole rows move.
-          MoveToLastHand(g.StatAction, p, b);
-          MoveToLastHand(g.StatWins, p, b);
-          MoveToLastHand(g.StatLosses, p, b);
+          // The three tables share one layout, so one index serves them all.
+          const std::size_t at = StatTable::Index(p, b, 0);
+          MoveRowToLastHand(g.StatAction, at);
+          MoveRowToLastHand(g.StatWins, at);
+          MoveRowToLastHand(g.StatLosses, at);
         }
         // A row outside this hand's set is zero in the current hand: its
         // move only clears the last-hand row.
         for (std::uint64_t rows = lastHand[w] & ~thisHand[w]; rows != 0; rows &= rows - 1) {
           const int b = 64 * w + std::countr_zero(rows);
           if (b < 1 || b > kLastRealBet) continue;
-          ClearLastHand(g.StatAction, p, b);
-          ClearLastHand(g.StatWins, p, b);
-          ClearLastHand(g.StatLosses, p, b);
+          const std::size_t at = StatTable::Index(p, b, 0);
+          ClearLastHandRow(g.StatAction, at);
+          ClearLastHandRow(g.StatWins, at);
+          ClearLastHandRow(g.StatLosses, at);
         }
       }
       lastHand = thisHand;
@@ -81,24 +107,28 @@ void CloseHand(Game& g) {
       MoveToLastHand(g.ComeTravelTotal, p);
     }
     MoveToLastHand(g.TotalsTally, p);
-    MoveToLastHand(rollsAtTable, p);
+    g.RollsAtTable.MoveToLastHand(p);
     MoveToLastHand(g.HandsTally, p);
-  }
+  });
   g.ComeoutsThisHand = 0;
   g.PassesThisHand = 0;
   g.MissesThisHand = 0;
 }
 
 void EndHand(Game& g) {
-  for (int p = 0; p < kPlayerSlots; ++p)
-    if (SeatNamed(g, p)) g.RollTally.MoveToLastHand(p);
+  unsigned named = NamedSlotsAtHandsEnd(g);
+  ForEachSeatIn(named, [&g](int p) { g.RollTally.MoveToLastHand(p); });
 
-  if (g.FirePayoff(1, FireRow(g)).raw > 0)
+  if (g.FirePayoff(1, FireRow(g)).raw > 0) {
     for (int seat = 1; seat <= 8; ++seat) ResolveBet(g, seat, kWins, bet::kFire);
+    // Settling a bet may go through the platform, so the names are read
+    // again after the Fire bets; without them nothing ran that seats anyone.
+    named = NamedSlotsAtHandsEnd(g);
+  }
   g.PointsMadeMask = 0;
   g.PointsMade = 0;
 
-  CloseHand(g);
+  CloseHand(g, named);
 
   g.PrevHandShooter = g.HandShooter;
   if (g.Shooter != g.HandShooter)

@@ -11,5 +11,6 @@ struct Game;
 
 // Ends the hand: frame copies, the Fire bets, CloseHand, the dice's next holder.
 void EndHand(Game& game);
-// Copies the hand statistics of named slots to the last-hand frame and clears the current one.
-void CloseHand(Game& game);
+// Copies the hand statistics of the slots in `named` (bit p for slot p, the
+// slots with a name) to the last-hand frame and clears the current one.
+void CloseHand(Game& game, unsigned named);

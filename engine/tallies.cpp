@@ -3,6 +3,7 @@
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include "core/game.h"
 #include "engine/roll_steps.h"
@@ -44,6 +45,25 @@ constexpr std::array<PairGapRows, kDicePairs> kGapRowsOfPair = [] {
   return all;
 }();
 
+// The fewest categories a pair shows: every roll tallies that many gaps.
+constexpr int kFewestPairEvents = [] {
+  int fewest = kGapRowsOfPair[0].count;
+  for (const PairGapRows& e : kGapRowsOfPair) fewest = e.count < fewest ? e.count : fewest;
+  return fewest;
+}();
+
+// The gap `since` of an event that this roll shows, in its row `gaps` of
+// GapTally: counted in its column, or, when long, in the last column with
+// its length added to column 0 (no gap is 0).
+inline void TallyGap(Long* gaps, std::uint32_t since) {
+  if (since < kLongGap) {
+    gaps[since] += 1;
+  } else {
+    gaps[kLongGap] += 1;
+    gaps[0] += static_cast<Long>(since);
+  }
+}
+
 }  // namespace
 
 void TallyHandAndRoll(Game& g) {
@@ -82,17 +102,14 @@ void TallyRollEvents(Game& g) {
   g.RollsSince.NextRoll();
   const PairGapRows& e = kGapRowsOfPair[static_cast<std::size_t>(q)];
   Long* const gapTally = g.GapTally.cells.data();
-  // Counted down: each event has its own count and row, so the order is free.
-  for (int n = e.count; n-- > 0;) {
-    const auto i = static_cast<std::size_t>(n);
-    Long* const gaps = gapTally + e.gapRows[i];  // GapTally(k, 0..kLongGap)
-    // Unsigned, as the clock counts: a gap is never negative.
-    const auto since = static_cast<std::uint32_t>(g.RollsSince.Show(e.events[i]));
-    if (since < kLongGap) {
-      gaps[since] += 1;
-    } else {
-      gaps[kLongGap] += 1;
-      gaps[0] += static_cast<Long>(since);
-    }
-  }
+  // Unsigned, as the clock counts: a gap is never negative.
+  auto tally = [&g, &e, gapTally](std::size_t i) {
+    TallyGap(gapTally + e.gapRows[i], static_cast<std::uint32_t>(g.RollsSince.Show(e.events[i])));
+  };
+  // Each event has its own count and row, so the order is free: the events
+  // every pair has come without a loop, the rest in one.
+  [&tally]<std::size_t... N>(std::index_sequence<N...>) {
+    (tally(N), ...);
+  }(std::make_index_sequence<static_cast<std::size_t>(kFewestPairEvents)>{});
+  for (int n = e.count - 1; n >= kFewestPairEvents; --n) tally(static_cast<std::size_t>(n));
 }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -25,7 +26,7 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
 // afresh every hand, so whether an amount is its largest or smallest yet is
 // a coin toss: chosen by selects there, by jumps in the longer frames,
 // whose extremes seldom move.
-[[gnu::noinline]] void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
+[[gnu::always_inline]] inline void CountDecision(Currency* row, Currency amount, Currency rollNumber) {
   static_assert(kLiveFrames[0] == kFrameCurrentHand);
   for (Frame t : kLiveFrames) {
     Currency* r = row + FrameOffset(t);
@@ -38,18 +39,34 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
   hand[kStatLargest].raw = std::max(hand[kStatLargest].raw, amount.raw);
   for (Frame t : {kLiveFrames[1], kLiveFrames[2]}) {
     Currency& largest = row[FrameOffset(t) + kStatLargest];
-    if (amount > largest) largest = amount;
+    // On the raw amounts: the defaulted three-way comparison costs GCC an
+    // extra jump for equality.
+    if (amount.raw > largest.raw) [[unlikely]] largest = amount;
   }
   if (amount <= Currency{}) return;
-  // All ones when the amount is the hand's new smallest (GCC turns a plain
-  // condition here back into a jump).
+  // A smallest of 0 holds no amount yet, so it compares as the largest
+  // possible; a negative one (only a file could hold it) stays.
   const std::int64_t smallest = hand[kStatSmallest].raw;
-  const std::int64_t smaller = -std::int64_t{(smallest == 0) | (smallest > amount.raw)};
-  hand[kStatSmallest].raw = smallest ^ ((smallest ^ amount.raw) & smaller);
+  const std::int64_t held = smallest == 0 ? std::numeric_limits<std::int64_t>::max() : smallest;
+  hand[kStatSmallest].raw = std::min(held, amount.raw);
+  // In the longer frames one unsigned test that seldom passes finds both a
+  // smallest above the amount and a 0, which wraps to the largest; a
+  // negative smallest (only a file could hold one) passes it too and stays.
+  const std::uint64_t belowAmount = static_cast<std::uint64_t>(amount.raw) - 1;
   for (Frame t : {kLiveFrames[1], kLiveFrames[2]}) {
     Currency& least = row[FrameOffset(t) + kStatSmallest];
-    if (least.IsZero() || least > amount) least = amount;
+    if (static_cast<std::uint64_t>(least.raw) - 1 > belowAmount) [[unlikely]]
+      if (least.raw >= 0) least = amount;
   }
+}
+
+// A decision in the action rows (`amount` wagered) and in the rows of its
+// side, the wins or the losses (`net`, the amount won or lost): one call
+// for both.
+[[gnu::noinline]] void CountDecision(Currency* action, Currency amount, Currency* side,
+                                     Currency net, Currency rollNumber) {
+  CountDecision(action, amount, rollNumber);
+  CountDecision(side, net, rollNumber);
 }
 
 }  // namespace
@@ -67,8 +84,8 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   const Currency sideAmount = won ? net : -net;
   // The live frames' rows of (p, b) lie a fixed number of cells apart, so
   // two addresses serve all six rows.
-  CountDecision(&g.StatAction(FrameIndex(p, kLiveFrames[0]), b, 0), amount, rollNumber);
-  CountDecision(&side(FrameIndex(p, kLiveFrames[0]), b, 0), sideAmount, rollNumber);
+  CountDecision(&g.StatAction(FrameIndex(p, kLiveFrames[0]), b, 0), amount,
+                &side(FrameIndex(p, kLiveFrames[0]), b, 0), sideAmount, rollNumber);
   if (IsComePoint(b)) {
     const Currency flat = g.ComeFlatAtSet(p, b - bet::kComePointFirst);
     for (Frame t : kLiveFrames)
