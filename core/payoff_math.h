@@ -105,7 +105,7 @@ inline bool ProperAsAsked(const Game& game, int player, int bet) {
   return unit.raw <= 0 || game.CheckValue(1).raw <= 0 || (current + change).raw % unit.raw == 0;
 }
 // ProperAsAsked for a bet standing at 0 and a positive change `amount`.
-inline bool ProperFromZero(const Game& game, int bet, Currency amount) {
+[[gnu::always_inline]] inline bool ProperFromZero(const Game& game, int bet, Currency amount) {
   const Currency unit = ProperOddsUnit(game, bet);
   return unit.raw <= 0 || game.CheckValue(1).raw <= 0 || amount.raw % unit.raw == 0;
 }

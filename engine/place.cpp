@@ -475,10 +475,32 @@ inline void FinishTakeDown(Game& g, int p, int b) {
 
 // The contract rules let an odds bet grow only over its flat bet (and the
 // line odds with a point on); the bets outside the rules always.
-bool FreeToGrow(const Game& g, int p, int b) {
+[[gnu::always_inline]] inline bool FreeToGrow(const Game& g, int p, int b) {
   if (!kUnderContract[static_cast<std::size_t>(b)]) return true;
   if (!IsOddsBet(b)) return false;  // not known here: the whole gate decides
   return !g.Bet(p, FlatOf(b)).IsZero() && (!IsLineOdds(b) || g.Point != 0);
+}
+
+// The contract rules pass a positive change to a bet standing at 0 as it
+// is, whatever its amount: a line bet on a come-out, a Come or Don't Come
+// bet with a point on, Fire before the hand's first roll, a bet carried to
+// its number (MovingBet), odds over their flat bet, and every bet outside
+// the rules. Any other such change the whole gate decides.
+[[gnu::always_inline]] inline bool FreeFromZero(const Game& g, int p, int b) {
+  switch (b) {
+    case bet::kPassLine:
+    case bet::kDontPass:
+      return g.Point <= 0;
+    case bet::kCome:
+    case bet::kDontCome:
+      return g.Point > 0;
+    case bet::kFire:
+      return g.RollTally(kTableHand, kEventRolls) == 0;
+    default:
+      break;
+  }
+  if (IsComePoint(b) || IsDontComePoint(b)) return g.betting.MovingBet;
+  return FreeToGrow(g, p, b);
 }
 
 }  // namespace
@@ -616,6 +638,32 @@ void KeepBetChecked(Game& g, int p, int b) {
   g.roll.MarkBetChanged(p, b);
   if (B.IsZero()) ResetWorkingOfMarked(g, p, b);
   if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
+}
+
+void OpenBetChecked(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  const Currency amount = g.BetRequest, unit = g.CheckValue(1);
+  // In Hyper-Drive, for a seat the bankroll never holds, a bet at 0 and an
+  // amount already in steps of a check that the contract rules pass as it
+  // is, the gate only writes the amount when it lies within the bet's
+  // limits and, for a seat whose bets are adjusted, in whole proper units:
+  // no rounding, cut, adjustment, text, notice or redraw is made. Else (the
+  // limits figured here are figured the same again) the whole gate.
+  const bool plain = g.HyperDrive && amount > Currency{} && p >= 1 && p <= 8 && IsRealBet(b) &&
+                     g.Bet(p, b).IsZero() && s.AllowNegBankroll(p) &&
+                     amount <= kCheckStackLimit && (unit.raw <= 0 || amount.raw % unit.raw == 0) &&
+                     FreeFromZero(g, p, b);
+  if (plain) {
+    ClearLimitsOf(g, b);
+    FigureMaximumOfId(g, p, b);
+    if (amount >= s.BetMinimum && amount <= s.BetMaximum &&
+        (g.autoplay.AutoAdjustMode(p) <= 0 || ProperFromZero(g, b, amount))) {
+      s.BetChange = amount;
+      Apply(g, p, b);
+      return;
+    }
+  }
+  SetBetChecked(g, p, b);
 }
 
 void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {

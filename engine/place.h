@@ -37,6 +37,10 @@ void TakeBetDownChecked(Game& game, int p, int b);
 // SetBetChecked with game.BetRequest set to 0 (a bet left as it stands): the
 // same rules and writes, without the steps such a request skips.
 void KeepBetChecked(Game& game, int p, int b);
+// SetBetChecked where a bet standing at 0 may be opened: in Hyper-Drive an
+// amount that passes every rule unchanged is written at once, with the same
+// writes the gate makes and without the steps such a request skips.
+void OpenBetChecked(Game& game, int p, int b);
 // TakeBetDownChecked, then the gate with game.BetRequest set to `amount`
 // (KeepBetChecked for 0): a bet set afresh, as a settling rule does it.
 void ReplaceBetChecked(Game& game, int p, int b, Currency amount);

@@ -74,7 +74,7 @@ void PlaceBet(Game& g, int p, int b, int /*x*/, int /*y*/) {
     s.BetChange = Currency{};
     return;
   }
-  SetBetChecked(g, p, b);
+  OpenBetChecked(g, p, b);
   const Currency change = s.BetChange;
   if (!change.IsZero()) {
     // A bet carried to its number (MoveBet) and a script's bets make no sound.

@@ -328,12 +328,14 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     if (r == 11) g.rules.BuyVigRate = Currency::FromRaw(draw(3) * 250);
     if (r == 12) g.BetWorking(1, 1 + draw(kLastRealBet)) = draw(4) - 1;
     if (r == 13) g.roll.BetIdsChanged[1] = BetIdSet{};  // as a roll's snapshot leaves them
+    if (r == 14) g.RollTally(kTableHand, kEventRolls) = draw(2);  // the hand's first roll made
     int b = 1 + static_cast<int>(rng() % kLastRealBet);
     if (rng() % 3 != 0) {  // build the table up
       g.BetRequest = Currency::FromWhole(static_cast<std::int64_t>(rng() % 60));
       PlaceBet(g, 1, b);
       continue;
     }
+    g.betting.MovingBet = draw(4) == 0;  // a Come or Don't Come bet carried to its number
     const auto gate = std::make_unique<Game>(g);
     const std::size_t shown = Shown();
     auto newNotices = [&] {
@@ -344,12 +346,17 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
       return texts;
     };
     // 0 takes the bet down, 1 keeps it, 2 takes it down and sets it afresh,
-    // 3 takes it to its maximum (without notices).
-    const int how = draw(4);
+    // 3 takes it to its maximum (without notices), 4 takes it down and
+    // opens it again.
+    const int how = draw(5);
     if (how == 3 && draw(2) == 0)
       b = IsOddsBet(b) ? b : draw(2) == 0 ? kPassLineOdds : kDontPassOdds;
-    const Currency amount =
-        how == 3 ? Currency::FromWhole(9999999) : Currency::FromRaw(draw(240) * 2500);
+    const int contracts[] = {kPassLine, kDontPass, kCome, kDontCome, kFire, ComeId(6), DontComeId(4)};
+    if (how == 4 && draw(2) == 0) b = contracts[draw(7)];
+    // A bet opened again mostly in whole dollars, the steps of a check.
+    const Currency amount = how == 3                    ? Currency::FromWhole(9999999)
+                            : how == 4 && draw(4) != 0 ? Currency::FromWhole(draw(60))
+                                                       : Currency::FromRaw(draw(240) * 2500);
     const Long flags = gate->rules.NoticeFlags;
     if (how == 3) gate->rules.NoticeFlags = 0;
     gate->BetRequest = how == 1 ? Currency{} : -gate->Bet(1, b);
@@ -360,7 +367,11 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     }
     gate->rules.NoticeFlags = flags;
     const std::vector<std::string> gateNotices = newNotices();
-    if (how == 0) TakeBetDownChecked(g, 1, b);
+    if (how == 0 || how == 4) TakeBetDownChecked(g, 1, b);
+    if (how == 4) {
+      g.BetRequest = amount;
+      OpenBetChecked(g, 1, b);
+    }
     if (how == 1) KeepBetChecked(g, 1, b);
     if (how == 2) ReplaceBetChecked(g, 1, b, amount);
     if (how == 3) TakeBetToMaximum(g, 1, b);
@@ -369,6 +380,7 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     ASSERT_EQ(notices, gateNotices);
     ASSERT_TRUE(g == *gate);
     ASSERT_EQ(g.betting.LimitText, gate->betting.LimitText);
+    g.betting.MovingBet = false;
   }
 }
 
