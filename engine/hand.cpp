@@ -37,6 +37,21 @@ inline void ClearLastHandRow(StatTable& t, std::size_t at) {
   std::fill_n(t.cells.data() + at + kStatCount + kToLastHand, kStatFigures, Currency{});
 }
 
+// Calls rowStep(table, at) on each of the three statistics tables for each
+// bet row of slot p in `rows`, word w of a row set; `at` is the row's
+// current-hand index, which the tables share as they share one layout.
+template <class RowStep>
+void ForEachStatRow(Game& g, int p, int w, std::uint64_t rows, RowStep rowStep) {
+  for (; rows != 0; rows &= rows - 1) {
+    const int b = 64 * w + std::countr_zero(rows);
+    if (b < 1 || b > kLastRealBet) continue;
+    const std::size_t at = StatTable::Index(p, b, 0);
+    rowStep(g.StatAction, at);
+    rowStep(g.StatWins, at);
+    rowStep(g.StatLosses, at);
+  }
+}
+
 // Moves the whole row of slot p's current-hand frame, rows being contiguous.
 template <class T, int L2, int H2, int L3, int H3>
 void MoveToLastHand(Table3<T, 0, kLastFrameIndex, L2, H2, L3, H3>& t, int p) {
@@ -82,25 +97,12 @@ void CloseHand(Game& g, unsigned named) {
       auto& thisHand = g.StatRowsThisHand[static_cast<std::size_t>(p)];
       auto& lastHand = g.StatRowsLastHand[static_cast<std::size_t>(p)];
       for (int w = 0; w < 2; ++w) {
-        for (std::uint64_t rows = thisHand[w]; rows != 0; rows &= rows - 1) {
-          const int b = 64 * w + std::countr_zero(rows);
-          if (b < 1 || b > kLastRealBet) continue;
-          // The three tables share one layout, so one index serves them all.
-          const std::size_t at = StatTable::Index(p, b, 0);
-          MoveRowToLastHand(g.StatAction, at);
-          MoveRowToLastHand(g.StatWins, at);
-          MoveRowToLastHand(g.StatLosses, at);
-        }
+        ForEachStatRow(g, p, w, thisHand[w],
+                       [](StatTable& t, std::size_t at) { MoveRowToLastHand(t, at); });
         // A row outside this hand's set is zero in the current hand: its
         // move only clears the last-hand row.
-        for (std::uint64_t rows = lastHand[w] & ~thisHand[w]; rows != 0; rows &= rows - 1) {
-          const int b = 64 * w + std::countr_zero(rows);
-          if (b < 1 || b > kLastRealBet) continue;
-          const std::size_t at = StatTable::Index(p, b, 0);
-          ClearLastHandRow(g.StatAction, at);
-          ClearLastHandRow(g.StatWins, at);
-          ClearLastHandRow(g.StatLosses, at);
-        }
+        ForEachStatRow(g, p, w, lastHand[w] & ~thisHand[w],
+                       [](StatTable& t, std::size_t at) { ClearLastHandRow(t, at); });
       }
       lastHand = thisHand;
       thisHand = {0, 0};

@@ -43,9 +43,11 @@ Currency Times(Currency amount, Currency a) {
 // whole checks, most Place and Buy wins) rounding to nearest gives exactly
 // it, and integer division gives the same amount without the doubles.
 constexpr std::int64_t kUnitExact = std::int64_t{1} << 50;
+// True when x lies strictly within kUnitExact of 0.
+constexpr bool BelowUnitExact(Currency x) { return x.raw < kUnitExact && x.raw > -kUnitExact; }
 Currency QuotientInDoubles(Currency x, Currency d) {
   constexpr std::int64_t kExact = std::int64_t{1} << 49;
-  if (d.raw == Currency::kScale && x.raw < kUnitExact && x.raw > -kUnitExact) return x;
+  if (d.raw == Currency::kScale && BelowUnitExact(x)) return x;
   if (d.raw > 0 && x.raw < kExact && x.raw > -kExact) {
     const std::int64_t scaled = x.raw * Currency::kScale;  // below 2^63 for x under 2^49
     if (scaled % d.raw == 0) {
@@ -158,18 +160,29 @@ int FireRow(const Game& g) { return g.PointsMade < 0 ? 0 : g.PointsMade > 6 ? 6 
 
 namespace {
 
+// Row 0 of a loss from the bet's own row: -1 to 1.
+inline void LoadLossRow(Game& g, int b) {
+  g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
+  g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
+  g.PayoffTbl(3, 0) = Currency::FromWhole(1);
+}
+
+// Int(q) in whole units: the count of units at or below q.
+inline std::int64_t WholeUnitsAtOrBelow(Currency q) {
+  std::int64_t whole = q.raw / Currency::kScale;
+  if (q.raw % Currency::kScale < 0) --whole;
+  return whole;
+}
+
 // GrossPayoff and VigCharged of every decision but the plain loss
 // FigurePayoff figures itself.
 [[gnu::noinline]] void FigureGross(Game& g, int p, int b, int sign, Currency amount) {
   if (GrossFromOtherRow(g, b, sign, amount)) return;
   if (sign <= 0) {
-    g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
-    g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
-    g.PayoffTbl(3, 0) = Currency::FromWhole(1);
+    LoadLossRow(g, b);
     // -1 to 1: Scaled's product is minus the amount, which its quotient by
     // one unit gives back unchanged below kUnitExact.
-    const bool exact = amount.raw < kUnitExact && amount.raw > -kUnitExact;
-    g.GrossPayoff = exact ? -amount : Scaled(g, amount);
+    g.GrossPayoff = BelowUnitExact(amount) ? -amount : Scaled(g, amount);
   } else {
     LoadRowZero(g, g.PayoffTbl, b);
     g.GrossPayoff = Scaled(g, amount);
@@ -191,8 +204,7 @@ namespace {
   const Currency q = QuotientInDoubles(g.GrossPayoff, unit);
   // Int(q) in whole units, then unit times that count (CurMulInt but for
   // the call).
-  std::int64_t whole = q.raw / Currency::kScale;
-  if (q.raw % Currency::kScale < 0) --whole;
+  const std::int64_t whole = WholeUnitsAtOrBelow(q);
   std::int64_t net;
   g.NetPayoff = __builtin_mul_overflow(unit.raw, whole, &net) ? CurMulInt(unit, whole)
                                                               : Currency::FromRaw(net);
@@ -216,11 +228,8 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
   // A loss paid from its own row without vig (not the Field, whose row
   // says what the dice do, nor a Lay or Buy) is minus the amount, exactly
   // as FigureGross has it below kUnitExact.
-  const bool exact = amount.raw < kUnitExact && amount.raw > -kUnitExact;
-  if (sign <= 0 && exact && kLosesFromOwnRow[static_cast<std::size_t>(b)]) {
-    g.PayoffTbl(1, 0) = Currency::FromWhole(-1);
-    g.PayoffTbl(2, 0) = g.PayoffTbl(2, b);
-    g.PayoffTbl(3, 0) = Currency::FromWhole(1);
+  if (sign <= 0 && BelowUnitExact(amount) && kLosesFromOwnRow[static_cast<std::size_t>(b)]) {
+    LoadLossRow(g, b);
     g.GrossPayoff = -amount;
   } else {
     FigureGross(g, p, b, sign, amount);
@@ -230,11 +239,8 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
   // back below kUnitExact, and the cut is its floor in whole units, whose
   // product with the unit cannot overflow.
   const Currency gross = g.GrossPayoff;
-  if (g.CheckValue(1).raw == Currency::kScale && gross.raw < kUnitExact &&
-      gross.raw > -kUnitExact) {
-    std::int64_t whole = gross.raw / Currency::kScale;
-    if (gross.raw % Currency::kScale < 0) --whole;
-    g.NetPayoff = Currency::FromRaw(whole * Currency::kScale);
+  if (g.CheckValue(1).raw == Currency::kScale && BelowUnitExact(gross)) {
+    g.NetPayoff = Currency::FromRaw(WholeUnitsAtOrBelow(gross) * Currency::kScale);
     return;
   }
   CutNetToChecks(g);

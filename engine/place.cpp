@@ -503,6 +503,26 @@ inline void FinishTakeDown(Game& g, int p, int b) {
   return FreeToGrow(g, p, b);
 }
 
+// A positive amount no larger than the largest request, in steps of the
+// smallest check: the rounding of the gate leaves it as it is.
+inline bool InWholeChecks(const Game& g, Currency amount) {
+  const Currency unit = g.CheckValue(1);
+  return amount > Currency{} && amount <= kCheckStackLimit &&
+         (unit.raw <= 0 || amount.raw % unit.raw == 0);
+}
+
+// Figures the limits of bet b of seat p, as the gate does, and tells whether
+// `amount` asked of the bet standing at 0 passes them unchanged: within the
+// minimum and the maximum and, for a seat whose bets are adjusted, in whole
+// proper units.
+inline bool SetFromZeroAsAsked(Game& g, int p, int b, Currency amount) {
+  const BettingState& s = g.betting;
+  ClearLimitsOf(g, b);
+  FigureMaximumOfId(g, p, b);
+  return amount >= s.BetMinimum && amount <= s.BetMaximum &&
+         (g.autoplay.AutoAdjustMode(p) <= 0 || ProperFromZero(g, b, amount));
+}
+
 }  // namespace
 
 bool CanNotify(const Game& g, long noticeBit) {
@@ -641,34 +661,25 @@ void KeepBetChecked(Game& g, int p, int b) {
 }
 
 void OpenBetChecked(Game& g, int p, int b) {
-  BettingState& s = g.betting;
-  const Currency amount = g.BetRequest, unit = g.CheckValue(1);
+  const Currency amount = g.BetRequest;
   // In Hyper-Drive, for a seat the bankroll never holds, a bet at 0 and an
   // amount already in steps of a check that the contract rules pass as it
   // is, the gate only writes the amount when it lies within the bet's
   // limits and, for a seat whose bets are adjusted, in whole proper units:
   // no rounding, cut, adjustment, text, notice or redraw is made. Else (the
   // limits figured here are figured the same again) the whole gate.
-  const bool plain = g.HyperDrive && amount > Currency{} && p >= 1 && p <= 8 && IsRealBet(b) &&
-                     g.Bet(p, b).IsZero() && s.AllowNegBankroll(p) &&
-                     amount <= kCheckStackLimit && (unit.raw <= 0 || amount.raw % unit.raw == 0) &&
-                     FreeFromZero(g, p, b);
-  if (plain) {
-    ClearLimitsOf(g, b);
-    FigureMaximumOfId(g, p, b);
-    if (amount >= s.BetMinimum && amount <= s.BetMaximum &&
-        (g.autoplay.AutoAdjustMode(p) <= 0 || ProperFromZero(g, b, amount))) {
-      s.BetChange = amount;
-      Apply(g, p, b);
-      return;
-    }
+  if (g.HyperDrive && p >= 1 && p <= 8 && IsRealBet(b) && g.Bet(p, b).IsZero() &&
+      g.betting.AllowNegBankroll(p) && InWholeChecks(g, amount) && FreeFromZero(g, p, b) &&
+      SetFromZeroAsAsked(g, p, b, amount)) {
+    g.betting.BetChange = amount;
+    Apply(g, p, b);
+    return;
   }
   SetBetChecked(g, p, b);
 }
 
 void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
   BettingState& s = g.betting;
-  const Currency unit = g.CheckValue(1);
   // In Hyper-Drive, for a bet the contract rules leave alone and a seat the
   // bankroll never holds, the take-down always ends at 0, and a positive
   // amount already in steps of a check is set from 0 unchanged when it lies
@@ -676,19 +687,10 @@ void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
   // whole proper units. Then only the writes of the two remain. No notice,
   // text or redraw is made in Hyper-Drive; the maximum of such a bet hangs
   // on no bet of the seat, so it is the same before the take-down as after.
-  bool plain = g.HyperDrive && p >= 1 && p <= 8 && IsRealBet(b) &&
-               !kUnderContract[static_cast<std::size_t>(b)] && s.AllowNegBankroll(p) &&
-               amount > Currency{} && amount <= kCheckStackLimit &&
-               (unit.raw <= 0 || amount.raw % unit.raw == 0);
-  const Currency B = plain ? g.Bet(p, b) : Currency{};
-  if (plain && B >= Currency{} && B <= kCheckStackLimit) {
-    ClearLimitsOf(g, b);
-    FigureMaximumOfId(g, p, b);
-    plain = amount >= s.BetMinimum && amount <= s.BetMaximum &&
-            (g.autoplay.AutoAdjustMode(p) <= 0 || ProperFromZero(g, b, amount));
-  } else {
-    plain = false;
-  }
+  const bool plain = g.HyperDrive && p >= 1 && p <= 8 && IsRealBet(b) &&
+                     !kUnderContract[static_cast<std::size_t>(b)] && s.AllowNegBankroll(p) &&
+                     InWholeChecks(g, amount) && g.Bet(p, b) >= Currency{} &&
+                     g.Bet(p, b) <= kCheckStackLimit && SetFromZeroAsAsked(g, p, b, amount);
   if (!plain) {
     TakeBetDownChecked(g, p, b);
     g.BetRequest = amount;
@@ -699,6 +701,7 @@ void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
     return;
   }
   const bool vig = IsBuy(b) || IsLay(b);
+  const Currency B = g.Bet(p, b);
   // The take-down's Apply of -B, then the set's Apply of the amount.
   g.Bet(p, b) -= B;
   g.TotalBets(p) -= B;

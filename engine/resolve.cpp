@@ -744,7 +744,9 @@ constexpr bool MeetsAllButPassLine(const BetIdSet& s) {
   } else if (t == 7) {
     sign = kLoses;
   }
-  // The seats of the players with money on the table, as DecideHeld takes them.
+  // The seats of the players with money on the table, as DecideHeld takes them
+  // (PlayersWithBets, whose test of all eight totals at once a table of one
+  // line bettor does not need).
   unsigned seats = 0;
   ForEachSeatIn(known, [&g, &seats](int p) {
     if (g.TotalBets(p) > Currency{}) seats |= kSeatBitOfPlayer[static_cast<std::size_t>(p)];
@@ -828,7 +830,7 @@ constexpr auto kAfterDecision = [] {
   for (int b = 1; b <= kLastRealBet; ++b) {
     unsigned a = 0;
     if (IsComePoint(b)) a |= kComePointBet;
-    if (IsLineOdds(b) || (b >= 7 && b <= 18)) a |= kDownAlways;
+    if (IsLineOdds(b) || IsDontComePoint(b) || IsDontComeOdds(b)) a |= kDownAlways;
     if (IsContract(b)) a |= kDownOnSeven;
     if (IsComeOdds(b)) a |= kDownWithoutFlat;
     after[static_cast<std::size_t>(b)] = static_cast<std::uint8_t>(a);
