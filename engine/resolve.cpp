@@ -365,11 +365,100 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
   });
 }
 
+// The streak of a decided bet: a win after losses starts at 1, a loss after
+// wins at -1.
+void ExtendTrend(Long& trend, bool won) {
+  if (won)
+    trend = trend < 0 ? 1 : trend + 1;
+  else
+    trend = trend > 0 ? -1 : trend - 1;
+}
+
+// The decision's line in the events log (its head first). Kept out of line:
+// the roll path calls it only with the log on.
+[[gnu::noinline, gnu::cold]] void LogDecision(Game& g, int p, int b) {
+  RollState& r = g.roll;
+  if (!(r.LogWins || r.LogLosses)) return;
+  if (!g.autoplay.WinLossHeadWritten) {
+    g.autoplay.WinLossHeadWritten = true;
+    WriteEventLine(g, r.LogWins && r.LogLosses ? "    Wins/losses:"
+                      : r.LogWins              ? "    Wins:"
+                                               : "    Losses:");
+  }
+  const Currency net = g.NetPayoff;
+  const bool won = r.LogWins && net > Currency{};
+  if (!won && !(r.LogLosses && net < Currency{})) return;
+  std::string& l = StartEventLine(g);
+  l += "      ";
+  l += g.PlayerName[p];
+  l += won ? " won $" : " lost $";
+  AppendPlainAmount(l, won ? net : -net);
+  l += " on ";
+  l += BetName(b);
+  WriteEventLine(g, l);
+}
+
+// What a decision does beside the money, by bet id, looked up once: a Come
+// point clears its flat at set and comes down unless put bets are allowed;
+// the line odds and the Don't Come points and odds always come down; the
+// Come and Don't Come boxes come down on a seven; a Come odds bet comes down
+// when its flat is gone.
+constexpr unsigned kComePointBet = 1, kDownAlways = 2, kDownOnSeven = 4, kDownWithoutFlat = 8;
+constexpr auto kAfterDecision = [] {
+  std::array<std::uint8_t, kLastBetId + 1> after{};
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    unsigned a = 0;
+    if (IsComePoint(b)) a |= kComePointBet;
+    if (IsLineOdds(b) || IsDontComePoint(b) || IsDontComeOdds(b)) a |= kDownAlways;
+    if (IsContract(b)) a |= kDownOnSeven;
+    if (IsComeOdds(b)) a |= kDownWithoutFlat;
+    after[static_cast<std::size_t>(b)] = static_cast<std::uint8_t>(a);
+  }
+  return after;
+}();
+
+// ResolveBet of the player p whose bet b holds `amount` (not 0).
+[[gnu::always_inline]] inline void DecideOne(Game& g, int p, int sign, int b, Currency amount) {
+  g.CurBet = b;
+  if (g.BetWorking(p, b) < 1) {
+    if (std::abs(sign) >= 2) SettleNotWorking(g, p);
+    return;
+  }
+  FigurePayoff(g, p, b, sign, amount);
+  TallyBetResult(g, p, b, amount, g.NetPayoff);
+  const unsigned after = kAfterDecision[static_cast<std::size_t>(b)];
+  if ((after & kComePointBet) != 0) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
+  if (g.roll.LogOn) LogDecision(g, p, b);
+
+  if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
+
+  g.Bet(p, 0) += g.NetPayoff;
+  g.BetContract(p, b) = Currency{};
+  g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
+
+  if (after != 0 &&
+      ((after & kDownAlways) != 0 || ((after & kDownOnSeven) != 0 && g.DiceTotal == 7) ||
+       ((after & kComePointBet) != 0 && !g.rules.AllowPutBets) ||
+       ((after & kDownWithoutFlat) != 0 && g.Bet(p, b - 6).IsZero())))
+    g.BetComesDown = true;
+
+  Long& trend = g.BetTrend(p, b, 1);
+  if (g.NetPayoff < Currency{}) {
+    ExtendTrend(trend, false);
+    SettleLoser(g, p);
+    return;
+  }
+  if (g.NetPayoff > Currency{}) ExtendTrend(trend, true);
+  if (!g.HyperDrive && g.Bet(p, b) > Currency{} && g.autoplay.HandleWinningBets(p) == kWinManual)
+    FillSettleLines(g, p, SettleKind::Winner);
+  SettleWinner(g, p);
+}
+
 // ResolveBet for each of `seats` (bit seat - 1) whose bet b stands, in stick order.
 [[gnu::noinline]] void ResolveSeats(Game& g, unsigned seats, int sign, int b) {
   for (; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats) + 1;
-    if (!g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(g, seat, sign, b);
+    const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
+    if (const Currency amount = g.Bet(p, b); !amount.IsZero()) DecideOne(g, p, sign, b, amount);
   }
 }
 
@@ -384,10 +473,11 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
 [[gnu::noinline]] void ResolveSeatsWithOdds(Game& g, unsigned seats, int flatSign, int flat,
                                             int oddsSign, int odds) {
   for (; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats) + 1;
-    const int p = PlayerOfSeat(seat);
-    if (!g.Bet(p, flat).IsZero()) ResolveBet(g, seat, flatSign, flat);
-    if (!g.Bet(p, odds).IsZero()) ResolveBet(g, seat, oddsSign, odds);
+    const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
+    if (const Currency amount = g.Bet(p, flat); !amount.IsZero())
+      DecideOne(g, p, flatSign, flat, amount);
+    if (const Currency amount = g.Bet(p, odds); !amount.IsZero())
+      DecideOne(g, p, oddsSign, odds, amount);
   }
 }
 
@@ -651,39 +741,6 @@ void WinnersPass(Deciding& d) {
   }
 }
 
-// The streak of a decided bet: a win after losses starts at 1, a loss after
-// wins at -1.
-void ExtendTrend(Long& trend, bool won) {
-  if (won)
-    trend = trend < 0 ? 1 : trend + 1;
-  else
-    trend = trend > 0 ? -1 : trend - 1;
-}
-
-// The decision's line in the events log (its head first). Kept out of line:
-// the roll path calls it only with the log on.
-[[gnu::noinline, gnu::cold]] void LogDecision(Game& g, int p, int b) {
-  RollState& r = g.roll;
-  if (!(r.LogWins || r.LogLosses)) return;
-  if (!g.autoplay.WinLossHeadWritten) {
-    g.autoplay.WinLossHeadWritten = true;
-    WriteEventLine(g, r.LogWins && r.LogLosses ? "    Wins/losses:"
-                      : r.LogWins              ? "    Wins:"
-                                               : "    Losses:");
-  }
-  const Currency net = g.NetPayoff;
-  const bool won = r.LogWins && net > Currency{};
-  if (!won && !(r.LogLosses && net < Currency{})) return;
-  std::string& l = StartEventLine(g);
-  l += "      ";
-  l += g.PlayerName[p];
-  l += won ? " won $" : " lost $";
-  AppendPlainAmount(l, won ? net : -net);
-  l += " on ";
-  l += BetName(b);
-  WriteEventLine(g, l);
-}
-
 }  // namespace
 
 namespace {
@@ -752,11 +809,11 @@ constexpr bool MeetsAllButPassLine(const BetIdSet& s) {
     if (g.TotalBets(p) > Currency{}) seats |= kSeatBitOfPlayer[static_cast<std::size_t>(p)];
   });
   for (; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats) + 1;
-    const int p = PlayerOfSeat(seat);
-    if (!g.Bet(p, bet::kPassLine).IsZero()) ResolveBet(g, seat, sign, bet::kPassLine);
-    if (withOdds && !g.Bet(p, bet::kPassLineOdds).IsZero())
-      ResolveBet(g, seat, 2 * sign, bet::kPassLineOdds);  // kOddsWins or kOddsLoses
+    const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
+    if (const Currency flat = g.Bet(p, bet::kPassLine); !flat.IsZero())
+      DecideOne(g, p, sign, bet::kPassLine, flat);
+    if (const Currency odds = g.Bet(p, bet::kPassLineOdds); withOdds && !odds.IsZero())
+      DecideOne(g, p, 2 * sign, bet::kPassLineOdds, odds);  // kOddsWins or kOddsLoses
   }
   if (point != 0) {
     if (t == point)
@@ -817,67 +874,10 @@ void DecideBetsVisitingAll(Game& g) {
   RunPasses(d);
 }
 
-namespace {
-
-// What a decision does beside the money, by bet id, looked up once: a Come
-// point clears its flat at set and comes down unless put bets are allowed;
-// the line odds and the Don't Come points and odds always come down; the
-// Come and Don't Come boxes come down on a seven; a Come odds bet comes down
-// when its flat is gone.
-constexpr unsigned kComePointBet = 1, kDownAlways = 2, kDownOnSeven = 4, kDownWithoutFlat = 8;
-constexpr auto kAfterDecision = [] {
-  std::array<std::uint8_t, kLastBetId + 1> after{};
-  for (int b = 1; b <= kLastRealBet; ++b) {
-    unsigned a = 0;
-    if (IsComePoint(b)) a |= kComePointBet;
-    if (IsLineOdds(b) || IsDontComePoint(b) || IsDontComeOdds(b)) a |= kDownAlways;
-    if (IsContract(b)) a |= kDownOnSeven;
-    if (IsComeOdds(b)) a |= kDownWithoutFlat;
-    after[static_cast<std::size_t>(b)] = static_cast<std::uint8_t>(a);
-  }
-  return after;
-}();
-
-}  // namespace
-
 void ResolveBet(Game& g, int seat, int sign, int b) {
   assert(seat >= 1 && seat <= 8 && IsRealBet(b));
   const int p = PlayerOfSeat(seat);
-  const Currency amount = g.Bet(p, b);
-  if (amount.IsZero()) return;
-  g.CurBet = b;
-  if (g.BetWorking(p, b) < 1) {
-    if (std::abs(sign) >= 2) SettleNotWorking(g, p);
-    return;
-  }
-  FigurePayoff(g, p, b, sign, amount);
-  TallyBetResult(g, p, b, amount, g.NetPayoff);
-  const unsigned after = kAfterDecision[static_cast<std::size_t>(b)];
-  if ((after & kComePointBet) != 0) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
-  if (g.roll.LogOn) LogDecision(g, p, b);
-
-  if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
-
-  g.Bet(p, 0) += g.NetPayoff;
-  g.BetContract(p, b) = Currency{};
-  g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
-
-  if (after != 0 &&
-      ((after & kDownAlways) != 0 || ((after & kDownOnSeven) != 0 && g.DiceTotal == 7) ||
-       ((after & kComePointBet) != 0 && !g.rules.AllowPutBets) ||
-       ((after & kDownWithoutFlat) != 0 && g.Bet(p, b - 6).IsZero())))
-    g.BetComesDown = true;
-
-  Long& trend = g.BetTrend(p, b, 1);
-  if (g.NetPayoff < Currency{}) {
-    ExtendTrend(trend, false);
-    SettleLoser(g, p);
-    return;
-  }
-  if (g.NetPayoff > Currency{}) ExtendTrend(trend, true);
-  if (!g.HyperDrive && g.Bet(p, b) > Currency{} && g.autoplay.HandleWinningBets(p) == kWinManual)
-    FillSettleLines(g, p, SettleKind::Winner);
-  SettleWinner(g, p);
+  if (const Currency amount = g.Bet(p, b); !amount.IsZero()) DecideOne(g, p, sign, b, amount);
 }
 
 void ResetWorkingFlags(Game& g) {
