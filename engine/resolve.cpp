@@ -137,17 +137,30 @@ unsigned NonZeroCells8(const Currency* cell) {
 #endif
 }
 
+// Bit i set for each of the eight cells from `cell` below 0. With SSE2 the
+// sign bits are read two cells at a time (a cell's sign is its top bit).
+unsigned NegativeCells8(const Currency* cell) {
+#if defined(__SSE2__)
+  unsigned negative = 0;
+  for (int i = 0; i < 8; i += 2) {
+    const __m128d v = _mm_castsi128_pd(_mm_loadu_si128(reinterpret_cast<const __m128i*>(cell + i)));
+    negative |= static_cast<unsigned>(_mm_movemask_pd(v)) << i;
+  }
+  return negative;
+#else
+  unsigned mask = 0;
+  for (int i = 0; i < 8; ++i) mask |= unsigned{cell[i].raw < 0} << i;
+  return mask;
+#endif
+}
+
 // The players (bit p) with money on the table (TotalBets above 0): those
-// whose bets the decisions look at. The eight totals are first
-// tested for 0 together, so that a table of one player asks only about him.
+// whose bets the decisions look at, the eight totals tested together.
 unsigned PlayersWithBets(const Game& g) {
   if (g.PlayerCount == 0) return 0;  // open seats hold no bets
   static_assert(decltype(g.TotalBets)::kLow == 0 && decltype(g.TotalBets)::kHigh == 8);
-  unsigned with = NonZeroCells8(&g.TotalBets(1)) << 1;
-  ForEachSeatIn(with, [&g, &with](int p) {
-    if (g.TotalBets(p) <= Currency{}) with &= ~(1u << p);
-  });
-  return with;
+  const Currency* totals = &g.TotalBets(1);
+  return (NonZeroCells8(totals) & ~NegativeCells8(totals)) << 1;
 }
 
 // Adds `seat` (a bit) to the holders of the real bets of one block of its bets.
