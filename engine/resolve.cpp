@@ -469,6 +469,12 @@ constexpr auto kAfterDecision = [] {
 
 // ResolveBet for each of `seats` (bit seat - 1) whose bet b stands, in stick order.
 [[gnu::noinline]] void ResolveSeats(Game& g, unsigned seats, int sign, int b) {
+  // Most bets are held by one seat: that seat alone, without the loop.
+  if ((seats & (seats - 1)) == 0) {
+    const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
+    if (const Currency amount = g.Bet(p, b); !amount.IsZero()) DecideOne(g, p, sign, b, amount);
+    return;
+  }
   for (; seats != 0; seats &= seats - 1) {
     const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
     if (const Currency amount = g.Bet(p, b); !amount.IsZero()) DecideOne(g, p, sign, b, amount);
