@@ -54,7 +54,6 @@ constexpr BetIdSet kDontComePoints = BetIdRange(bet::kDontComePointFirst, bet::k
 constexpr BetIdSet kComePoints = BetIdRange(bet::kComePointFirst, bet::kComeOddsLast);
 constexpr BetIdSet kPlaceAndBuy = BetIdRange(bet::kPlaceFirst, bet::kBuyLast);
 constexpr BetIdSet kHardways = BetIdRange(bet::kHard4, bet::kHard10);
-constexpr BetIdSet kHops = BetIdRange(bet::kHopFirst, bet::kHopLast);
 // The bets decided on every roll: the Field, the propositions, the hops, Midway.
 constexpr BetIdSet kOneRollBets = [] {
   BetIdSet s = BetIdRange(bet::kTwo, bet::kHopLast);
@@ -110,6 +109,9 @@ struct Deciding {
 #endif
   }
   Game& g;
+  // True for the plain computation (DecideBetsVisitingAll), which looks at
+  // every hop in turn rather than at the hops held.
+  bool plain = false;
   // Per id, the seats with money on it (bit seat - 1).
   alignas(16) std::array<std::uint8_t, kHolderBytes> holders;
   BetIdSet held;  // the ids somebody holds
@@ -539,6 +541,8 @@ void OneRollLosers(Deciding& d) {
   if (t >= 7) AllSeats(d, kLoses, bet::kUnder7);
   if (t <= 6) AllSeats(d, kWins, bet::kUnder7);
 
+  // The hops held are put each at its place in the order (by total, then
+  // by the lower die) and walked, so that only they are looked at.
   static constexpr auto kHopOrder = [] {
     std::array<int, kHopCount> order{};
     std::size_t n = 0;
@@ -547,10 +551,28 @@ void OneRollLosers(Deciding& d) {
         if (const int id = total - low <= 6 ? HopId(low, total - low) : 0) order[n++] = id;
     return order;
   }();
-  if (!d.held.Meets(kHops)) return;
+  static constexpr auto kHopRank = [] {
+    std::array<std::uint8_t, kHopCount> rank{};
+    for (std::size_t i = 0; i < kHopOrder.size(); ++i)
+      rank[static_cast<std::size_t>(kHopOrder[i] - bet::kHopFirst)] = std::uint8_t(i);
+    return rank;
+  }();
+  static_assert(bet::kHopFirst >= 64 && bet::kHopLast < 128);
+  unsigned held = static_cast<unsigned>(d.held.words[1] >> (bet::kHopFirst - 64)) &
+                  ((1u << kHopCount) - 1);
+  if (held == 0) return;
   const int hit = HopOfDice(g);
-  for (int b : kHopOrder)
-    if (b != hit) AllSeats(d, kLoses, b);
+  if (d.plain) {  // every hop in turn, as the rule reads
+    for (int b : kHopOrder)
+      if (b != hit) AllSeats(d, kLoses, b);
+    return;
+  }
+  if (hit != 0) held &= ~(1u << (hit - bet::kHopFirst));
+  unsigned ranks = 0;
+  for (; held != 0; held &= held - 1)
+    ranks |= 1u << kHopRank[static_cast<std::size_t>(std::countr_zero(held))];
+  for (; ranks != 0; ranks &= ranks - 1)
+    AllSeats(d, kLoses, kHopOrder[static_cast<std::size_t>(std::countr_zero(ranks))]);
 }
 
 void LosersPass(Deciding& d) {
@@ -887,6 +909,7 @@ void DecideRolledBets(Game& g, unsigned seated) {
 void DecideBetsVisitingAll(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
   Deciding d{g};
+  d.plain = true;
   constexpr std::uint8_t kEveryHolder = 0xFF;  // bit seat - 1 for seats 1..8
   for (int b = 1; b <= kLastRealBet; ++b) d.holders[static_cast<std::size_t>(b)] = kEveryHolder;
   d.held = BetIdRange(1, kLastRealBet);
