@@ -432,7 +432,9 @@ constexpr auto kAfterDecision = [] {
   return after;
 }();
 
-// ResolveBet of the player p whose bet b holds `amount` (not 0).
+// ResolveBet of the player p whose bet b holds `amount` (not 0): money,
+// tallies, log, settling. Inline in each seat loop, which has read the
+// amount already.
 [[gnu::always_inline]] inline void DecideOne(Game& g, int p, int sign, int b, Currency amount) {
   g.CurBet = b;
   if (g.BetWorking(p, b) < 1) {
@@ -558,8 +560,8 @@ void OneRollLosers(Deciding& d) {
     return rank;
   }();
   static_assert(bet::kHopFirst >= 64 && bet::kHopLast < 128);
-  unsigned held = static_cast<unsigned>(d.held.words[1] >> (bet::kHopFirst - 64)) &
-                  ((1u << kHopCount) - 1);
+  unsigned held =
+      static_cast<unsigned>(d.held.words[1] >> (bet::kHopFirst - 64)) & ((1u << kHopCount) - 1);
   if (held == 0) return;
   const int hit = HopOfDice(g);
   if (d.plain) {  // every hop in turn, as the rule reads
