@@ -54,7 +54,6 @@ constexpr BetIdSet kDontComePoints = BetIdRange(bet::kDontComePointFirst, bet::k
 constexpr BetIdSet kComePoints = BetIdRange(bet::kComePointFirst, bet::kComeOddsLast);
 constexpr BetIdSet kPlaceAndBuy = BetIdRange(bet::kPlaceFirst, bet::kBuyLast);
 constexpr BetIdSet kHardways = BetIdRange(bet::kHard4, bet::kHard10);
-constexpr BetIdSet kHops = BetIdRange(bet::kHopFirst, bet::kHopLast);
 // The bets decided on every roll: the Field, the propositions, the hops, Midway.
 constexpr BetIdSet kOneRollBets = [] {
   BetIdSet s = BetIdRange(bet::kTwo, bet::kHopLast);
@@ -110,6 +109,9 @@ struct Deciding {
 #endif
   }
   Game& g;
+  // True for the plain computation (DecideBetsVisitingAll), which looks at
+  // every hop in turn rather than at the hops held.
+  bool plain = false;
   // Per id, the seats with money on it (bit seat - 1).
   alignas(16) std::array<std::uint8_t, kHolderBytes> holders;
   BetIdSet held;  // the ids somebody holds
@@ -137,17 +139,30 @@ unsigned NonZeroCells8(const Currency* cell) {
 #endif
 }
 
+// Bit i set for each of the eight cells from `cell` below 0. With SSE2 the
+// sign bits are read two cells at a time (a cell's sign is its top bit).
+unsigned NegativeCells8(const Currency* cell) {
+#if defined(__SSE2__)
+  unsigned negative = 0;
+  for (int i = 0; i < 8; i += 2) {
+    const __m128d v = _mm_castsi128_pd(_mm_loadu_si128(reinterpret_cast<const __m128i*>(cell + i)));
+    negative |= static_cast<unsigned>(_mm_movemask_pd(v)) << i;
+  }
+  return negative;
+#else
+  unsigned mask = 0;
+  for (int i = 0; i < 8; ++i) mask |= unsigned{cell[i].raw < 0} << i;
+  return mask;
+#endif
+}
+
 // The players (bit p) with money on the table (TotalBets above 0): those
-// whose bets the decisions look at. The eight totals are first
-// tested for 0 together, so that a table of one player asks only about him.
+// whose bets the decisions look at, the eight totals tested together.
 unsigned PlayersWithBets(const Game& g) {
   if (g.PlayerCount == 0) return 0;  // open seats hold no bets
   static_assert(decltype(g.TotalBets)::kLow == 0 && decltype(g.TotalBets)::kHigh == 8);
-  unsigned with = NonZeroCells8(&g.TotalBets(1)) << 1;
-  ForEachSeatIn(with, [&g, &with](int p) {
-    if (g.TotalBets(p) <= Currency{}) with &= ~(1u << p);
-  });
-  return with;
+  const Currency* totals = &g.TotalBets(1);
+  return (NonZeroCells8(totals) & ~NegativeCells8(totals)) << 1;
 }
 
 // Adds `seat` (a bit) to the holders of the real bets of one block of its bets.
@@ -365,11 +380,108 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
   });
 }
 
+// The streak of a decided bet: a win after losses starts at 1, a loss after
+// wins at -1.
+void ExtendTrend(Long& trend, bool won) {
+  if (won)
+    trend = trend < 0 ? 1 : trend + 1;
+  else
+    trend = trend > 0 ? -1 : trend - 1;
+}
+
+// The decision's line in the events log (its head first). Kept out of line:
+// the roll path calls it only with the log on.
+[[gnu::noinline, gnu::cold]] void LogDecision(Game& g, int p, int b) {
+  RollState& r = g.roll;
+  if (!(r.LogWins || r.LogLosses)) return;
+  if (!g.autoplay.WinLossHeadWritten) {
+    g.autoplay.WinLossHeadWritten = true;
+    WriteEventLine(g, r.LogWins && r.LogLosses ? "    Wins/losses:"
+                      : r.LogWins              ? "    Wins:"
+                                               : "    Losses:");
+  }
+  const Currency net = g.NetPayoff;
+  const bool won = r.LogWins && net > Currency{};
+  if (!won && !(r.LogLosses && net < Currency{})) return;
+  std::string& l = StartEventLine(g);
+  l += "      ";
+  l += g.PlayerName[p];
+  l += won ? " won $" : " lost $";
+  AppendPlainAmount(l, won ? net : -net);
+  l += " on ";
+  l += BetName(b);
+  WriteEventLine(g, l);
+}
+
+// What a decision does beside the money, by bet id, looked up once: a Come
+// point clears its flat at set and comes down unless put bets are allowed;
+// the line odds and the Don't Come points and odds always come down; the
+// Come and Don't Come boxes come down on a seven; a Come odds bet comes down
+// when its flat is gone.
+constexpr unsigned kComePointBet = 1, kDownAlways = 2, kDownOnSeven = 4, kDownWithoutFlat = 8;
+constexpr auto kAfterDecision = [] {
+  std::array<std::uint8_t, kLastBetId + 1> after{};
+  for (int b = 1; b <= kLastRealBet; ++b) {
+    unsigned a = 0;
+    if (IsComePoint(b)) a |= kComePointBet;
+    if (IsLineOdds(b) || IsDontComePoint(b) || IsDontComeOdds(b)) a |= kDownAlways;
+    if (IsContract(b)) a |= kDownOnSeven;
+    if (IsComeOdds(b)) a |= kDownWithoutFlat;
+    after[static_cast<std::size_t>(b)] = static_cast<std::uint8_t>(a);
+  }
+  return after;
+}();
+
+// ResolveBet of the player p whose bet b holds `amount` (not 0): money,
+// tallies, log, settling. Inline in each seat loop, which has read the
+// amount already.
+[[gnu::always_inline]] inline void DecideOne(Game& g, int p, int sign, int b, Currency amount) {
+  g.CurBet = b;
+  if (g.BetWorking(p, b) < 1) {
+    if (std::abs(sign) >= 2) SettleNotWorking(g, p);
+    return;
+  }
+  FigurePayoff(g, p, b, sign, amount);
+  TallyBetResult(g, p, b, amount, g.NetPayoff);
+  const unsigned after = kAfterDecision[static_cast<std::size_t>(b)];
+  if ((after & kComePointBet) != 0) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
+  if (g.roll.LogOn) LogDecision(g, p, b);
+
+  if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
+
+  g.Bet(p, 0) += g.NetPayoff;
+  g.BetContract(p, b) = Currency{};
+  g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
+
+  if (after != 0 &&
+      ((after & kDownAlways) != 0 || ((after & kDownOnSeven) != 0 && g.DiceTotal == 7) ||
+       ((after & kComePointBet) != 0 && !g.rules.AllowPutBets) ||
+       ((after & kDownWithoutFlat) != 0 && g.Bet(p, b - 6).IsZero())))
+    g.BetComesDown = true;
+
+  Long& trend = g.BetTrend(p, b, 1);
+  if (g.NetPayoff < Currency{}) {
+    ExtendTrend(trend, false);
+    SettleLoser(g, p);
+    return;
+  }
+  if (g.NetPayoff > Currency{}) ExtendTrend(trend, true);
+  if (!g.HyperDrive && g.Bet(p, b) > Currency{} && g.autoplay.HandleWinningBets(p) == kWinManual)
+    FillSettleLines(g, p, SettleKind::Winner);
+  SettleWinner(g, p);
+}
+
 // ResolveBet for each of `seats` (bit seat - 1) whose bet b stands, in stick order.
 [[gnu::noinline]] void ResolveSeats(Game& g, unsigned seats, int sign, int b) {
+  // Most bets are held by one seat: that seat alone, without the loop.
+  if ((seats & (seats - 1)) == 0) {
+    const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
+    if (const Currency amount = g.Bet(p, b); !amount.IsZero()) DecideOne(g, p, sign, b, amount);
+    return;
+  }
   for (; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats) + 1;
-    if (!g.Bet(PlayerOfSeat(seat), b).IsZero()) ResolveBet(g, seat, sign, b);
+    const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
+    if (const Currency amount = g.Bet(p, b); !amount.IsZero()) DecideOne(g, p, sign, b, amount);
   }
 }
 
@@ -384,10 +496,11 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
 [[gnu::noinline]] void ResolveSeatsWithOdds(Game& g, unsigned seats, int flatSign, int flat,
                                             int oddsSign, int odds) {
   for (; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats) + 1;
-    const int p = PlayerOfSeat(seat);
-    if (!g.Bet(p, flat).IsZero()) ResolveBet(g, seat, flatSign, flat);
-    if (!g.Bet(p, odds).IsZero()) ResolveBet(g, seat, oddsSign, odds);
+    const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
+    if (const Currency amount = g.Bet(p, flat); !amount.IsZero())
+      DecideOne(g, p, flatSign, flat, amount);
+    if (const Currency amount = g.Bet(p, odds); !amount.IsZero())
+      DecideOne(g, p, oddsSign, odds, amount);
   }
 }
 
@@ -430,6 +543,8 @@ void OneRollLosers(Deciding& d) {
   if (t >= 7) AllSeats(d, kLoses, bet::kUnder7);
   if (t <= 6) AllSeats(d, kWins, bet::kUnder7);
 
+  // The hops held are put each at its place in the order (by total, then
+  // by the lower die) and walked, so that only they are looked at.
   static constexpr auto kHopOrder = [] {
     std::array<int, kHopCount> order{};
     std::size_t n = 0;
@@ -438,10 +553,28 @@ void OneRollLosers(Deciding& d) {
         if (const int id = total - low <= 6 ? HopId(low, total - low) : 0) order[n++] = id;
     return order;
   }();
-  if (!d.held.Meets(kHops)) return;
+  static constexpr auto kHopRank = [] {
+    std::array<std::uint8_t, kHopCount> rank{};
+    for (std::size_t i = 0; i < kHopOrder.size(); ++i)
+      rank[static_cast<std::size_t>(kHopOrder[i] - bet::kHopFirst)] = std::uint8_t(i);
+    return rank;
+  }();
+  static_assert(bet::kHopFirst >= 64 && bet::kHopLast < 128);
+  unsigned held =
+      static_cast<unsigned>(d.held.words[1] >> (bet::kHopFirst - 64)) & ((1u << kHopCount) - 1);
+  if (held == 0) return;
   const int hit = HopOfDice(g);
-  for (int b : kHopOrder)
-    if (b != hit) AllSeats(d, kLoses, b);
+  if (d.plain) {  // every hop in turn, as the rule reads
+    for (int b : kHopOrder)
+      if (b != hit) AllSeats(d, kLoses, b);
+    return;
+  }
+  if (hit != 0) held &= ~(1u << (hit - bet::kHopFirst));
+  unsigned ranks = 0;
+  for (; held != 0; held &= held - 1)
+    ranks |= 1u << kHopRank[static_cast<std::size_t>(std::countr_zero(held))];
+  for (; ranks != 0; ranks &= ranks - 1)
+    AllSeats(d, kLoses, kHopOrder[static_cast<std::size_t>(std::countr_zero(ranks))]);
 }
 
 void LosersPass(Deciding& d) {
@@ -651,39 +784,6 @@ void WinnersPass(Deciding& d) {
   }
 }
 
-// The streak of a decided bet: a win after losses starts at 1, a loss after
-// wins at -1.
-void ExtendTrend(Long& trend, bool won) {
-  if (won)
-    trend = trend < 0 ? 1 : trend + 1;
-  else
-    trend = trend > 0 ? -1 : trend - 1;
-}
-
-// The decision's line in the events log (its head first). Kept out of line:
-// the roll path calls it only with the log on.
-[[gnu::noinline, gnu::cold]] void LogDecision(Game& g, int p, int b) {
-  RollState& r = g.roll;
-  if (!(r.LogWins || r.LogLosses)) return;
-  if (!g.autoplay.WinLossHeadWritten) {
-    g.autoplay.WinLossHeadWritten = true;
-    WriteEventLine(g, r.LogWins && r.LogLosses ? "    Wins/losses:"
-                      : r.LogWins              ? "    Wins:"
-                                               : "    Losses:");
-  }
-  const Currency net = g.NetPayoff;
-  const bool won = r.LogWins && net > Currency{};
-  if (!won && !(r.LogLosses && net < Currency{})) return;
-  std::string& l = StartEventLine(g);
-  l += "      ";
-  l += g.PlayerName[p];
-  l += won ? " won $" : " lost $";
-  AppendPlainAmount(l, won ? net : -net);
-  l += " on ";
-  l += BetName(b);
-  WriteEventLine(g, l);
-}
-
 }  // namespace
 
 namespace {
@@ -752,11 +852,11 @@ constexpr bool MeetsAllButPassLine(const BetIdSet& s) {
     if (g.TotalBets(p) > Currency{}) seats |= kSeatBitOfPlayer[static_cast<std::size_t>(p)];
   });
   for (; seats != 0; seats &= seats - 1) {
-    const int seat = std::countr_zero(seats) + 1;
-    const int p = PlayerOfSeat(seat);
-    if (!g.Bet(p, bet::kPassLine).IsZero()) ResolveBet(g, seat, sign, bet::kPassLine);
-    if (withOdds && !g.Bet(p, bet::kPassLineOdds).IsZero())
-      ResolveBet(g, seat, 2 * sign, bet::kPassLineOdds);  // kOddsWins or kOddsLoses
+    const int p = PlayerOfSeat(std::countr_zero(seats) + 1);
+    if (const Currency flat = g.Bet(p, bet::kPassLine); !flat.IsZero())
+      DecideOne(g, p, sign, bet::kPassLine, flat);
+    if (const Currency odds = g.Bet(p, bet::kPassLineOdds); withOdds && !odds.IsZero())
+      DecideOne(g, p, 2 * sign, bet::kPassLineOdds, odds);  // kOddsWins or kOddsLoses
   }
   if (point != 0) {
     if (t == point)
@@ -811,73 +911,17 @@ void DecideRolledBets(Game& g, unsigned seated) {
 void DecideBetsVisitingAll(Game& g) {
   g.autoplay.WinLossHeadWritten = false;
   Deciding d{g};
+  d.plain = true;
   constexpr std::uint8_t kEveryHolder = 0xFF;  // bit seat - 1 for seats 1..8
   for (int b = 1; b <= kLastRealBet; ++b) d.holders[static_cast<std::size_t>(b)] = kEveryHolder;
   d.held = BetIdRange(1, kLastRealBet);
   RunPasses(d);
 }
 
-namespace {
-
-// What a decision does beside the money, by bet id, looked up once: a Come
-// point clears its flat at set and comes down unless put bets are allowed;
-// the line odds and the Don't Come points and odds always come down; the
-// Come and Don't Come boxes come down on a seven; a Come odds bet comes down
-// when its flat is gone.
-constexpr unsigned kComePointBet = 1, kDownAlways = 2, kDownOnSeven = 4, kDownWithoutFlat = 8;
-constexpr auto kAfterDecision = [] {
-  std::array<std::uint8_t, kLastBetId + 1> after{};
-  for (int b = 1; b <= kLastRealBet; ++b) {
-    unsigned a = 0;
-    if (IsComePoint(b)) a |= kComePointBet;
-    if (IsLineOdds(b) || IsDontComePoint(b) || IsDontComeOdds(b)) a |= kDownAlways;
-    if (IsContract(b)) a |= kDownOnSeven;
-    if (IsComeOdds(b)) a |= kDownWithoutFlat;
-    after[static_cast<std::size_t>(b)] = static_cast<std::uint8_t>(a);
-  }
-  return after;
-}();
-
-}  // namespace
-
 void ResolveBet(Game& g, int seat, int sign, int b) {
   assert(seat >= 1 && seat <= 8 && IsRealBet(b));
   const int p = PlayerOfSeat(seat);
-  const Currency amount = g.Bet(p, b);
-  if (amount.IsZero()) return;
-  g.CurBet = b;
-  if (g.BetWorking(p, b) < 1) {
-    if (std::abs(sign) >= 2) SettleNotWorking(g, p);
-    return;
-  }
-  FigurePayoff(g, p, b, sign, amount);
-  TallyBetResult(g, p, b, amount, g.NetPayoff);
-  const unsigned after = kAfterDecision[static_cast<std::size_t>(b)];
-  if ((after & kComePointBet) != 0) g.ComeFlatAtSet(p, b - bet::kComePointFirst) = Currency{};
-  if (g.roll.LogOn) LogDecision(g, p, b);
-
-  if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
-
-  g.Bet(p, 0) += g.NetPayoff;
-  g.BetContract(p, b) = Currency{};
-  g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
-
-  if (after != 0 &&
-      ((after & kDownAlways) != 0 || ((after & kDownOnSeven) != 0 && g.DiceTotal == 7) ||
-       ((after & kComePointBet) != 0 && !g.rules.AllowPutBets) ||
-       ((after & kDownWithoutFlat) != 0 && g.Bet(p, b - 6).IsZero())))
-    g.BetComesDown = true;
-
-  Long& trend = g.BetTrend(p, b, 1);
-  if (g.NetPayoff < Currency{}) {
-    ExtendTrend(trend, false);
-    SettleLoser(g, p);
-    return;
-  }
-  if (g.NetPayoff > Currency{}) ExtendTrend(trend, true);
-  if (!g.HyperDrive && g.Bet(p, b) > Currency{} && g.autoplay.HandleWinningBets(p) == kWinManual)
-    FillSettleLines(g, p, SettleKind::Winner);
-  SettleWinner(g, p);
+  if (const Currency amount = g.Bet(p, b); !amount.IsZero()) DecideOne(g, p, sign, b, amount);
 }
 
 void ResetWorkingFlags(Game& g) {
