@@ -62,15 +62,19 @@ void StartNewPage(Game& g) {
 // The queue's stored columns, oldest first, in a ring of kGraphColumns.
 using Queue = GraphScrollWindow::Queue;
 
-int Back(const Queue& q) { return q.slot[static_cast<std::size_t>((q.head + q.size - 1) % kGraphColumns)]; }
+// Position i of the queue's ring (i below 2 * kGraphColumns).
+std::int16_t& At(Queue& q, int i) {
+  return q.slot[static_cast<std::size_t>(i < kGraphColumns ? i : i - kGraphColumns)];
+}
 
 // Adds stored column `slot` as the newest, after dropping the columns it
 // outdoes: `outdoes(a, b)` when a is at least as far out as b (ties keep
 // the newest, which leaves the window last).
 template <class Outdoes>
 void Push(Queue& q, const Currency* row, int slot, Outdoes outdoes) {
-  while (q.size > 0 && outdoes(row[slot], row[Back(q)])) --q.size;
-  q.slot[static_cast<std::size_t>((q.head + q.size) % kGraphColumns)] = static_cast<std::int16_t>(slot);
+  const Currency v = row[slot];
+  while (q.size > 0 && outdoes(v, row[At(q, q.head + q.size - 1)])) --q.size;
+  At(q, q.head + q.size) = static_cast<std::int16_t>(slot);
   ++q.size;
 }
 
