@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "core/seats.h"
 
 namespace {
@@ -58,13 +59,33 @@ struct Fnv1a {
   void All(const T& table) {
     ForEachCellFirstFastest(table, [this](const auto& c) { Cell(c); });
   }
+  // A table of the graph's rings (core/graph_rows.h) as All takes it with
+  // the rings stored in logical order: seats 1..8 through their history
+  // columns, the House's row as it is.
+  template <class T, int Hi2>
+  void Ring(const Game& g, const Table2<T, 0, 8, 0, Hi2>& table) {
+    if (g.GraphStart == 0) return All(table);
+    for (int n = 0; n <= Hi2; ++n)
+      for (int p = 0; p <= 8; ++p) Cell(table(p, p == 0 ? n : GraphHistorySlot(g, n)));
+  }
 };
 
 }  // namespace
 
 std::uint64_t TablesChecksum(const Game& g) {
   Fnv1a f;
-  ForEachSeatTable([&f](const char*, auto, SeatReset, const auto& table) { f.All(table); }, g);
+  ForEachSeatTable(
+      [&f, &g](const char*, auto, SeatReset, const auto& table) {
+        using Table = std::remove_cvref_t<decltype(table)>;
+        if constexpr (std::is_same_v<Table, decltype(g.GraphBankroll)> ||
+                      std::is_same_v<Table, decltype(g.GraphTrend)>) {
+          if (static_cast<const void*>(&table) == &g.GraphBankroll ||
+              static_cast<const void*>(&table) == &g.GraphTrend)
+            return f.Ring(g, table);
+        }
+        f.All(table);
+      },
+      g);
   f.All(g.RollsSince);
   f.All(g.GapTally);
   f.All(g.PayoffTbl);

@@ -59,6 +59,21 @@ constexpr int kGraphColumns = 525;                  // columns of one page of th
 constexpr std::int64_t kBankrollLimit = 9'999'999;  // either sign
 constexpr std::int32_t kSessionRollLimit = 100'000'000;
 
+// The scrolling page's window (engine/roll_graph.cpp): for each seat, the
+// stored columns that can still be the page's highest (lowest) bankroll,
+// oldest first, each's value above (below) every later one's. Kept only
+// while `known`; anything that writes the page other than a scroll clears it.
+struct GraphScrollWindow {
+  struct Queue {
+    std::array<std::int16_t, kGraphColumns> slot{};  // a ring of stored columns
+    int head = 0, size = 0;
+    friend bool operator==(const Queue&, const Queue&) = default;
+  };
+  std::array<Queue, 9> high, low;
+  bool known = false;
+  friend bool operator==(const GraphScrollWindow&, const GraphScrollWindow&) = default;
+};
+
 // Every bet id's statistics row, for each slot: the safe starting state of
 // the hand-end row sets.
 constexpr std::array<std::array<std::uint64_t, 2>, kPlayerSlots> AllStatRows() {
@@ -143,6 +158,12 @@ struct Game {
   Table1<Currency, 0, 8> GraphHigh;
   Table1<Currency, 0, 8> GraphLow;
   Long GraphRollCount = 0;
+  // The page, the previous page and the trend of seats 1..8 are rings that
+  // share this start: logical column k is stored at column
+  // 1 + (k - 1 + GraphStart) % kGraphColumns (plus kGraphColumns for the
+  // previous page), so that a scroll moves no column. Read and write them
+  // through core/graph_rows.h. Not 0 only while the page is full.
+  Long GraphStart = 0;
 
   // Payoffs: for bet id b, column 0 the full-pay unit, 1 the numerator a,
   // 2 the "for" flag, 3 the denominator d. Row 0 is the bet under settlement.
@@ -173,6 +194,7 @@ struct Game {
   ScriptRunState scriptRun;
   TableState table;
   GraphViewState graph;
+  GraphScrollWindow GraphWindow;  // the scroll's window of the graph's page (engine/roll_graph.cpp)
 
   friend bool operator==(const Game&, const Game&) = default;
 };

@@ -12,6 +12,7 @@ void SwapSeatTables(Game& g, int a, int b) {
         }
       },
       g);
+  g.GraphWindow.known = false;  // the scroll's window is kept by seat
 }
 
 void ClearSeatTables(Game& g, int p) {

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "core/seat_set.h"
 #include "core/platform.h"
 #include "core/seats.h"
@@ -166,6 +167,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
     SetBeginningBankroll(g, p, remembered[p]);
   }
 
+  StraightenGraphRows(g);  // the trend stays, in logical order
   g.GraphBankroll.Fill({});
   r.GraphScale = Currency::FromWhole(1);
   r.GraphTop = Currency::FromWhole(150);

@@ -1,9 +1,12 @@
 // The bankroll graph's history, kept by the roll: one column per roll for
 // each player, a page of 525 columns, and the previous page in columns
-// 526..1050. A full page either starts a new page or scrolls by one column.
+// 526..1050. A full page either starts a new page or scrolls by one column;
+// a scroll moves the rings' start (core/graph_rows.h) rather than the
+// columns, and keeps the page's range with a sliding window.
 #include <algorithm>
 
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "core/platform.h"
 #include "core/seat_set.h"
 #include "engine/roll_steps.h"
@@ -43,6 +46,7 @@ void AddColumn(Game& g, int p, int count) {
 }
 
 void StartNewPage(Game& g) {
+  StraightenGraphRows(g);
   const Currency rolls = Currency::FromWhole(g.RollTally(kTableSession, kEventRolls));
   for (int p = 1; p <= 8; ++p) {
     g.GraphBankroll(p, 0) = rolls;
@@ -55,23 +59,93 @@ void StartNewPage(Game& g) {
   g.platform->RequestRedraw(Redraw::Graph);
 }
 
+// The queue's stored columns, oldest first, in a ring of kGraphColumns.
+using Queue = GraphScrollWindow::Queue;
+
+// Position i of the queue's ring (i below 2 * kGraphColumns).
+std::int16_t& At(Queue& q, int i) {
+  return q.slot[static_cast<std::size_t>(i < kGraphColumns ? i : i - kGraphColumns)];
+}
+
+// Adds stored column `slot` as the newest, after dropping the columns it
+// outdoes: `outdoes(a, b)` when a is at least as far out as b (ties keep
+// the newest, which leaves the window last).
+template <class Outdoes>
+void Push(Queue& q, const Currency* row, int slot, Outdoes outdoes) {
+  const Currency v = row[slot];
+  while (q.size > 0 && outdoes(v, row[At(q, q.head + q.size - 1)])) --q.size;
+  At(q, q.head + q.size) = static_cast<std::int16_t>(slot);
+  ++q.size;
+}
+
+// Drops stored column `slot` if it is the oldest.
+void DropOldest(Queue& q, int slot) {
+  if (q.size > 0 && q.slot[static_cast<std::size_t>(q.head)] == slot) {
+    q.head = q.head + 1 == kGraphColumns ? 0 : q.head + 1;
+    --q.size;
+  }
+}
+
+const auto kAtLeast = [](Currency a, Currency b) { return a >= b; };
+const auto kAtMost = [](Currency a, Currency b) { return a <= b; };
+
+// A scroll's range: the page's highest and lowest columns. The current
+// bankroll, where the range restarts, is the page's last column, and a
+// column leaves the window only by a scroll, so the queues' oldest columns
+// are exactly what a rescan of the page would find.
+void ScrolledRange(Game& g, int p) {
+  const GraphScrollWindow& w = g.GraphWindow;
+  const std::size_t i = static_cast<std::size_t>(p);
+  g.GraphHigh(p) = g.GraphBankroll(p, w.high[i].slot[static_cast<std::size_t>(w.high[i].head)]);
+  g.GraphLow(p) = g.GraphBankroll(p, w.low[i].slot[static_cast<std::size_t>(w.low[i].head)]);
+}
+
+// Fills the queues from the page, oldest column first.
+void BuildWindow(Game& g) {
+  for (int p = 1; p <= 8; ++p) {
+    const std::size_t i = static_cast<std::size_t>(p);
+    Queue& high = g.GraphWindow.high[i];
+    Queue& low = g.GraphWindow.low[i];
+    high = low = Queue{};
+    const Currency* row = &g.GraphBankroll(p, 0);
+    for (int k = 1; k <= kGraphColumns; ++k) {
+      Push(high, row, GraphSlot(g, k), kAtLeast);
+      Push(low, row, GraphSlot(g, k), kAtMost);
+    }
+  }
+  g.GraphWindow.known = true;
+}
+
+// Scrolls the page by one column and adds the roll's: the rings' start
+// moves on, so only the column that leaves and the one that comes are
+// written. The page's first column becomes the previous page's last (in
+// the stored column the previous page's first leaves), the roll's column
+// takes its place as the page's last, and the trend's last column stays.
 void ScrollByOne(Game& g) {
   const Currency first = Currency::FromWhole(g.RollTally(kTableSession, kEventRolls) - (kGraphColumns - 1));
+  const int leavingSlot = GraphSlot(g, 1);
+  const int lastSlot = GraphSlot(g, kGraphColumns);
+  const bool known = g.GraphWindow.known;
   for (int p = 1; p <= 8; ++p) {
-    RestartRange(g, p);
-    const Currency leaving = g.GraphBankroll(p, 1);
-    for (int k = 1; k < kGraphColumns; ++k) {
-      g.GraphBankroll(p, k) = g.GraphBankroll(p, k + 1);
-      g.GraphTrend(p, k) = g.GraphTrend(p, k + 1);
-      Widen(g, p, g.GraphBankroll(p, k));
-    }
-    for (int k = kGraphColumns + 1; k < 2 * kGraphColumns; ++k)
-      g.GraphBankroll(p, k) = g.GraphBankroll(p, k + 1);
-    g.GraphBankroll(p, 2 * kGraphColumns) = leaving;
+    const Currency leaving = g.GraphBankroll(p, leavingSlot);
+    g.GraphBankroll(p, kGraphColumns + leavingSlot) = leaving;
+    g.GraphTrend(p, leavingSlot) = g.GraphTrend(p, lastSlot);
+    g.GraphBankroll(p, leavingSlot) = g.Bet(p, 0);
     g.GraphBankroll(p, 0) = first;
+    if (known) {
+      const std::size_t i = static_cast<std::size_t>(p);
+      const Currency* row = &g.GraphBankroll(p, 0);
+      DropOldest(g.GraphWindow.high[i], leavingSlot);
+      DropOldest(g.GraphWindow.low[i], leavingSlot);
+      Push(g.GraphWindow.high[i], row, leavingSlot, kAtLeast);
+      Push(g.GraphWindow.low[i], row, leavingSlot, kAtMost);
+    }
   }
+  g.GraphStart = leavingSlot == kGraphColumns ? 0 : leavingSlot;
+  if (!known) BuildWindow(g);
+  for (int p = 1; p <= 8; ++p) ScrolledRange(g, p);
   g.platform->RequestRedraw(Redraw::Graph);
-  g.GraphRollCount = kGraphColumns - 1;
+  g.GraphRollCount = kGraphColumns;
 }
 
 // A full page (GraphRollCount at kGraphColumns) is due for the auto-print.
@@ -82,13 +156,13 @@ void NoteFullPage(Game& g) {
 // A full page: a new page or a scroll moves every seat's columns (an idle
 // seat's stay 0), then the roll's column. Out of line: once in a page.
 [[gnu::noinline]] void TurnPage(Game& g) {
-  for (int p = 1; p <= 8; ++p) Widen(g, p, g.Bet(p, 0));
-  if (g.roll.GraphPlotType == 0)
+  if (g.roll.GraphPlotType == 0) {
     StartNewPage(g);
-  else
+    g.GraphRollCount = 1;
+    for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, 1) = g.Bet(p, 0);
+  } else {
     ScrollByOne(g);
-  const int count = ++g.GraphRollCount;
-  for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, count) = g.Bet(p, 0);
+  }
   NoteFullPage(g);
 }
 

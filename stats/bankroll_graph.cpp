@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "core/money.h"
 #include "stats/number_format.h"
 
@@ -42,7 +43,7 @@ BankrollGraphFigures FigureBankrollGraph(const Game& g, int p) {
   for (int x = 1; x <= count; ++x) {
     GraphColumn c;
     c.x = x;
-    c.bankroll = g.GraphBankroll(p, x);
+    c.bankroll = GraphPage(g, p, x);
     c.line = r.GraphShowAverage ? trend[static_cast<std::size_t>(x)] : g.InvestedBankroll(p);
     c.row = GraphRow(g, c.bankroll);
     c.lineRow = GraphRow(g, c.line);
@@ -71,7 +72,7 @@ BankrollGraphFigures FigureBankrollGraph(const Game& g, int p) {
     f.refRolls = "Rolls:  " + FormatNumber(std::abs(c1 - c2), fmt_pattern::kWhole);
     if (c1 < g.GraphRollCount && c2 < g.GraphRollCount) {
       auto value = [&](int column, bool onAverage) {
-        if (!onAverage) return g.GraphBankroll(p, column + 1);
+        if (!onAverage) return GraphPage(g, p, column + 1);
         return r.GraphShowAverage ? trend[static_cast<std::size_t>(column + 1)] : g.InvestedBankroll(p);
       };
       const Currency a = value(c1, v.RefLine1OnAverage), b = value(c2, v.RefLine2OnAverage);

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "core/money.h"
 
 namespace {
@@ -64,7 +65,7 @@ Currency MovingBankrollAverage(const Game& g, int p, int column, int span) {
   Currency sum;
   int read = 0;
   while (read < span) {
-    sum += g.GraphBankroll(p, index);
+    sum += GraphHistory(g, p, index);
     ++read;
     if (--index < 1) {
       if (!twoPages) break;
@@ -90,7 +91,7 @@ std::vector<Currency> GraphTrendColumns(const Game& g, int p, int span) {
   for (int x = count; x >= 1; --x) {
     trend[static_cast<std::size_t>(x)] =
         n > 0 ? CurFromDouble(s.ToDouble() / static_cast<double>(n)) : s;
-    s -= g.GraphBankroll(p, x);
+    s -= GraphPage(g, p, x);
     if (n > 1) --n;
   }
   return trend;
@@ -104,7 +105,7 @@ void FigureGraphRange(Game& g, int p) {
   if (p < 1 || p > 8) return;
   g.GraphHigh(p) = g.GraphLow(p) = g.Bet(p, 0);
   for (int x = 1; x <= std::min<int>(g.GraphRollCount, kGraphColumns); ++x) {
-    g.GraphHigh(p) = std::max(g.GraphHigh(p), g.GraphBankroll(p, x));
-    g.GraphLow(p) = std::min(g.GraphLow(p), g.GraphBankroll(p, x));
+    g.GraphHigh(p) = std::max(g.GraphHigh(p), GraphPage(g, p, x));
+    g.GraphLow(p) = std::min(g.GraphLow(p), GraphPage(g, p, x));
   }
 }

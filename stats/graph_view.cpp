@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "core/money.h"
 
 void RebuildGraphTrend(Game& g) {
@@ -10,7 +11,7 @@ void RebuildGraphTrend(Game& g) {
   if (p < 1 || p > 8) return;
   const std::vector<Currency> trend = GraphTrendColumns(g, p, g.graph.GraphAverageSpan);
   for (int x = 1; x < static_cast<int>(trend.size()); ++x)
-    g.GraphTrend(p, x) = trend[static_cast<std::size_t>(x)];
+    GraphTrendAt(g, p, x) = trend[static_cast<std::size_t>(x)];
   FigureGraphRange(g, p);
 }
 
@@ -28,11 +29,11 @@ void FigureGraphScale(Game& g, bool recentre) {
     Currency c = CurInt(g.Bet(p, 0));
     if (v.GraphShowRefLines) {
       const bool in1 = v.RefLine1 < g.GraphRollCount, in2 = v.RefLine2 < g.GraphRollCount;
-      if (in1) c = g.GraphBankroll(p, v.RefLine1 + 1);
-      if (in2 && !in1) c = g.GraphBankroll(p, v.RefLine2 + 1);
+      if (in1) c = GraphPage(g, p, v.RefLine1 + 1);
+      if (in2 && !in1) c = GraphPage(g, p, v.RefLine2 + 1);
       if (in1 && in2)
-        c = CurFromDouble((g.GraphBankroll(p, v.RefLine1 + 1).ToDouble() +
-                           g.GraphBankroll(p, v.RefLine2 + 1).ToDouble()) /
+        c = CurFromDouble((GraphPage(g, p, v.RefLine1 + 1).ToDouble() +
+                           GraphPage(g, p, v.RefLine2 + 1).ToDouble()) /
                           2);
     }
     r.GraphTop = GraphTopAbove(r.GraphScale, c);

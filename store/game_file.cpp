@@ -11,6 +11,7 @@
 #include "config/sound.h"
 #include "core/data_folder.h"
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "core/message_dialog.h"
 #include "core/payoff_math.h"
 #include "core/platform.h"
@@ -58,6 +59,7 @@ Long NamedSeats(const Game& g) {
 // Every table of seats 1..8 as a new game has it, through the seat visitor,
 // so that no seat keeps anything of the game in play.
 void FreshSeats(Game& g) {
+  StraightenGraphRows(g);  // the rows are read with the rings' start at 0
   const auto fresh = std::make_unique<const Game>();
   ForEachSeatTable(
       [](const char*, auto axis, SeatReset, auto& table, const auto& freshTable) {

@@ -16,6 +16,7 @@
 #include <string>
 
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "store/record_io.h"
 
 inline constexpr int kFixedRecords = 415;
@@ -439,7 +440,7 @@ void PlayerBlock(IO& io, Game& g, Long& slot, BlockPaths& paths) {
     io.Begin();
     io.Text(0, kRecordBytes, g.CheckStackName(p, k));
   }
-  Run(io, 1051, 32, 8, [&](int n, int byte) { io.Cur(byte, g.GraphBankroll(p, n)); });  // 141-173
+  Run(io, 1051, 32, 8, [&](int n, int byte) { io.Cur(byte, GraphHistory(g, p, n)); });  // 141-173, in logical order
   SeatStatRun(io, g.StatAction, p);  // 174-267
   SeatStatRun(io, g.StatWins, p);    // 268-361
   SeatStatRun(io, g.StatLosses, p);  // 362-455

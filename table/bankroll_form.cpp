@@ -15,6 +15,7 @@
 #include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
 #include "core/game.h"
+#include "core/graph_rows.h"
 #include "core/money.h"
 #include "stats/graph_view.h"
 #include "table/menu_items.h"
@@ -71,8 +72,8 @@ void GraphWidget::paintEvent(QPaintEvent*) {
   auto row = [&](Currency a) { return static_cast<int>(std::clamp<std::int64_t>(GraphRow(g, a), -2, kGraphRows + 1)); };
   int lastY = row(g.Bet(pl, 0));
   for (int x = 1; x <= g.GraphRollCount; ++x) {
-    const int y = row(g.GraphBankroll(pl, x));
-    const int b = row(g.roll.GraphShowAverage ? g.GraphTrend(pl, x) : g.InvestedBankroll(pl));
+    const int y = row(GraphPage(g, pl, x));
+    const int b = row(g.roll.GraphShowAverage ? GraphTrendAt(g, pl, x) : g.InvestedBankroll(pl));
     const int e = v.GraphStyle == 0 ? b : y;
     const bool skip = (v.GraphStyle == 0 && (e < 0 || e > kGraphRows - 1)) ||
                       (v.GraphStyle == 1 && x % 2 == 1);
@@ -93,7 +94,7 @@ void GraphWidget::paintEvent(QPaintEvent*) {
       p.setPen(colors[i]);
       p.drawLine(lines[i], 0, lines[i], kGraphRows - 1);
       if (lines[i] < g.GraphRollCount) {
-        const int y = row(g.GraphBankroll(pl, lines[i] + 1));
+        const int y = row(GraphPage(g, pl, lines[i] + 1));
         p.drawLine(0, y, kGraphColumns, y);
       }
     }
@@ -354,8 +355,8 @@ void BankrollForm::Refresh() {
     refs = QString("Rolls:  %1").arg(std::abs(v.RefLine1 - v.RefLine2));
     if (v.RefLine1 < game_.GraphRollCount && v.RefLine2 < game_.GraphRollCount) {
       auto value = [&](int col, bool onAverage) {
-        if (!onAverage) return game_.GraphBankroll(p, col + 1);
-        return game_.roll.GraphShowAverage ? game_.GraphTrend(p, col + 1)
+        if (!onAverage) return GraphPage(game_, p, col + 1);
+        return game_.roll.GraphShowAverage ? GraphTrendAt(game_, p, col + 1)
                                            : game_.InvestedBankroll(p);
       };
       const Currency d = value(v.RefLine1, v.RefLine1OnAverage) - value(v.RefLine2, v.RefLine2OnAverage);

@@ -76,6 +76,7 @@ struct Options {
   int sessions = 0;
   int graphAdjust = -1;
   int graphAverage = -1;
+  bool graphScroll = false;
   int skin = 0;
   std::string prb;
   int probMode = -1;
@@ -218,6 +219,7 @@ int main(int argc, char** argv) {
       ->check(CLI::Range(0, 3));
   cli.add_option("--graph-average", o.graphAverage, "Bankroll graph: show the moving average over N rolls (0 all)")
       ->check(CLI::Range(0, 525));
+  cli.add_flag("--graph-scroll", o.graphScroll, "Bankroll graph: scroll by one roll once the page is full");
   cli.add_option("--skin", o.skin, "Colour the table with ready-made skin N (1-8)")
       ->check(CLI::Range(1, kTableSkins));
   AddProbabilityFileOption(cli, o.prb, "Play with the dice of this probability file");
@@ -285,6 +287,7 @@ int main(int argc, char** argv) {
   if (o.bettor >= 1 && o.bettor <= 8) game->betting.CurPlayer = o.bettor;
   if (o.skin > 0) ApplyTableSkin(game->table, o.skin);
   if (o.graphAdjust >= 0) game->graph.GraphAdjustType = o.graphAdjust;
+  if (o.graphScroll) game->roll.GraphPlotType = 1;
   if (o.graphAverage >= 0) {
     game->roll.GraphShowAverage = true;
     game->graph.GraphAverageSpan = o.graphAverage;

@@ -4,11 +4,15 @@
 // new session keeps and clears.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <memory>
 #include <random>
 #include <set>
 
 #include "core/catalogue.h"
 #include "core/checksum.h"
+#include "core/graph_rows.h"
 #include "core/money.h"
 #include "cycle/session.h"
 #include "cycle/startup.h"
@@ -212,38 +216,140 @@ TEST_F(StateMachine, TheShooterIsCreditedAndTheDicePassAtTheHandsEnd) {
   EXPECT_EQ(g.HandsTally(1 + 9), 1);
 }
 
-using GraphHistory = RollFixture;
+using GraphRows = RollFixture;
 
-// Fills player 1's page with distinct values, the count at the full page.
-void FillPage(Game& g) {
-  for (int k = 1; k <= 1050; ++k) g.GraphBankroll(1, k) = Currency::FromWhole(k);
-  for (int k = 1; k <= 525; ++k) g.GraphTrend(1, k) = Currency::FromWhole(2 * k);
-  g.GraphRollCount = 525;
-  g.RollTally(kTableSession, kEventRolls) = 1000;
-  g.Bet(1, 0) = Currency::FromWhole(-7);
+// The graph's rows kept the plain way, every column moved by a scroll: the
+// reference for the rings, which move nothing.
+struct PlainGraph {
+  std::array<std::array<Currency, 2 * kGraphColumns + 1>, 9> bank{};
+  std::array<std::array<Currency, kGraphColumns + 1>, 9> trend{};
+  std::array<Currency, 9> high{}, low{};
+  int count = 0;
+
+  void Widen(int p, Currency v) {
+    high[p] = std::max(high[p], v);
+    low[p] = std::min(low[p], v);
+  }
+  // The roll's step with every seat seated.
+  void Step(const Game& g) {
+    const Long rolls = g.RollTally(kTableSession, kEventRolls);
+    const bool full = count >= kGraphColumns, scroll = g.roll.GraphPlotType == 1;
+    count = full ? (scroll ? kGraphColumns : 1) : count + 1;
+    for (int p = 1; p <= 8; ++p) {
+      const Currency now = g.Bet(p, 0);
+      auto& b = bank[p];
+      if (full) high[p] = low[p] = now;
+      if (full && !scroll) {
+        b[0] = Currency::FromWhole(rolls);
+        std::copy(&b[1], &b[kGraphColumns + 1], &b[kGraphColumns + 1]);
+      } else if (full) {
+        const Currency leaving = b[1];
+        std::copy(&b[2], &b[kGraphColumns + 1], &b[1]);
+        std::copy(&trend[p][2], &trend[p][kGraphColumns + 1], &trend[p][1]);
+        std::copy(&b[kGraphColumns + 2], &b[2 * kGraphColumns + 1], &b[kGraphColumns + 1]);
+        b[2 * kGraphColumns] = leaving;
+        b[0] = Currency::FromWhole(rolls - (kGraphColumns - 1));
+        for (int k = 1; k < kGraphColumns; ++k) Widen(p, b[k]);
+      }
+      if (!full) Widen(p, now);
+      b[count] = now;
+    }
+  }
+  void Swap(int a, int b) {
+    std::swap(bank[a], bank[b]), std::swap(trend[a], trend[b]);
+    std::swap(high[a], high[b]), std::swap(low[a], low[b]);
+  }
+};
+
+// Every logical column, the range and the count, as the plain rows have them.
+void ExpectSameRows(const Game& g, const PlainGraph& ref, int step) {
+  ASSERT_EQ(g.GraphRollCount, ref.count) << step;
+  for (int p = 1; p <= 8; ++p) {
+    ASSERT_EQ(GraphHistory(g, p, 0), ref.bank[p][0]) << step;
+    for (int k = 1; k <= kGraphColumns; ++k) {
+      ASSERT_EQ(GraphPage(g, p, k), ref.bank[p][k]) << step << " " << p << " " << k;
+      ASSERT_EQ(GraphPrevious(g, p, k), ref.bank[p][kGraphColumns + k]) << step << " " << p << " " << k;
+      ASSERT_EQ(GraphTrendAt(g, p, k), ref.trend[p][k]) << step << " " << p << " " << k;
+    }
+    ASSERT_EQ(g.GraphHigh(p), ref.high[p]) << step << " " << p;
+    ASSERT_EQ(g.GraphLow(p), ref.low[p]) << step << " " << p;
+  }
 }
 
-TEST_F(GraphHistory, AFullPageStartsANewPageOrScrolls) {
-  FillPage(g);
-  g.roll.GraphPlotType = 0;
-  ShiftGraphHistory(g);
-  EXPECT_EQ(g.GraphBankroll(1, 0), Currency::FromWhole(1000));
-  EXPECT_EQ(g.GraphRollCount, 1);
-  EXPECT_EQ(g.GraphBankroll(1, 1), Currency::FromWhole(-7));
-  EXPECT_EQ(g.GraphBankroll(1, 1050), Currency::FromWhole(525));  // the old page kept behind
-
-  FillPage(g);
-  g.roll.GraphPlotType = 1;
+// Thousands of rolls of bankrolls walking (often standing still, so that
+// ranges tie), with the plot type switched, the range widened and reset by
+// other writers, trends drawn, players moved, the game saved and opened
+// again and new sessions, all in the middle of a scroll: the rings give
+// every column and range the plain shift gives, and the game file's bytes
+// and the checksum are those of the rows stored in order.
+TEST_F(GraphRows, TheRingsShowWhatAPlainShiftShows) {
+  for (int p = 1; p <= 7; ++p) SeatPlayer(g, p, "P" + std::to_string(p), Currency::FromWhole(100 * p));
   g.roll.GraphAutoPrint = true;
-  ShiftGraphHistory(g);
-  EXPECT_EQ(g.GraphRollCount, 525);
-  EXPECT_TRUE(g.roll.GraphPrintDue);  // a full page is printed when asked
-  for (int k = 1; k <= 524; ++k) {
-    ASSERT_EQ(g.GraphBankroll(1, k), Currency::FromWhole(k + 1)) << k;
-    ASSERT_EQ(g.GraphTrend(1, k), Currency::FromWhole(2 * (k + 1))) << k;
+  g.roll.GraphPlotType = 1;
+  const auto plain = std::make_unique<PlainGraph>();
+  PlainGraph& ref = *plain;
+  for (int p = 1; p <= 8; ++p) ref.bank[p][0] = GraphHistory(g, p, 0), ref.high[p] = ref.low[p] = g.Bet(p, 0);
+  std::mt19937 rng(20261124);
+  auto chance = [&rng](int in) { return std::uniform_int_distribution<int>(1, in)(rng) == 1; };
+  auto pick = [&rng](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(rng); };
+  const std::string path = folder.Path() + "ring.rvg";
+  int scrolls = 0, loads = 0, moves = 0;
+  for (int step = 0; step < 8000; ++step) {
+    for (int p = 1; p <= 7; ++p) g.Bet(p, 0) += Currency::FromWhole(5 * pick(-2, 2));
+    if (chance(1200)) g.roll.GraphPlotType = 1 - g.roll.GraphPlotType;
+    if (chance(60)) {  // another writer widens or restarts a range
+      const int p = pick(1, 8);
+      const Currency v = g.Bet(p, 0) + Currency::FromWhole(pick(-50, 50));
+      if (chance(2)) {
+        g.GraphHigh(p) = std::max(g.GraphHigh(p), v), g.GraphLow(p) = std::min(g.GraphLow(p), v);
+        ref.Widen(p, v);
+      } else {
+        g.GraphHigh(p) = g.GraphLow(p) = ref.high[p] = ref.low[p] = v;
+      }
+    }
+    if (chance(40) && g.GraphRollCount > 0) {  // the view draws a trend
+      const int p = pick(1, 8), k = pick(1, g.GraphRollCount);
+      GraphTrendAt(g, p, k) = ref.trend[p][k] = Currency::FromWhole(step);
+    }
+    if (chance(500)) {
+      const int a = pick(1, 8), b = pick(1, 8);
+      MovePlayer(g, a, b);
+      if (a != b) ref.Swap(a, b), ++moves;
+    }
+    if (chance(700)) {
+      const std::string bytes = GameFileBytes(g);
+      const auto straight = std::make_unique<Game>(g);
+      StraightenGraphRows(*straight);
+      ASSERT_EQ(GameFileBytes(*straight), bytes) << step;
+      ASSERT_EQ(TablesChecksum(*straight), TablesChecksum(g)) << step;
+      ASSERT_TRUE(OpenGameBytes(g, path, bytes));
+      for (int p = 1; p <= 8; ++p) {  // nor an open seat's rows, the trend or the range
+        ref.trend[p].fill({});
+        if (g.PlayerName[static_cast<std::size_t>(p)].empty()) ref.bank[p].fill({});
+        ref.high[p] = g.GraphHigh(p), ref.low[p] = g.GraphLow(p);
+      }
+      ++loads;
+    }
+    if (chance(2500)) {
+      NewSession(g, true, true, true, 0);
+      ref.count = 0;
+      for (int p = 1; p <= 8; ++p) {
+        ref.bank[p].fill({});
+        ref.bank[p][0] = Currency::FromWhole(1);
+        ref.high[p] = ref.low[p] = g.Bet(p, 0);
+      }
+    }
+    ++g.RollTally(kTableSession, kEventRolls);
+    g.roll.GraphPrintDue = false;
+    scrolls += g.GraphRollCount == kGraphColumns && g.roll.GraphPlotType == 1;
+    ShiftGraphHistory(g);
+    ref.Step(g);
+    ASSERT_EQ(g.roll.GraphPrintDue, ref.count == kGraphColumns) << step;  // a full page is printed when asked
+    ASSERT_NO_FATAL_FAILURE(ExpectSameRows(g, ref, step));
   }
-  EXPECT_EQ(g.GraphBankroll(1, 0), Currency::FromWhole(1000 - 524));
-  EXPECT_EQ(g.GraphHigh(1), Currency::FromWhole(525));
+  EXPECT_GT(scrolls, 1000);
+  EXPECT_GT(loads, 2);
+  EXPECT_GT(moves, 2);
 }
 
 class RollChecks : public RollFixture {
