@@ -26,4 +26,5 @@ void ClearSeatTables(Game& g, int p) {
         }
       },
       g, *fresh);
+  g.GraphWindow.known = false;  // the scroll's window of the cleared row is rebuilt
 }
