@@ -34,7 +34,8 @@ std::string RestoreClause(Currency bet, Currency contract) {
 }
 
 // A notice of the class Actions not allowed: the player's name, then text.
-[[gnu::cold]] [[gnu::noinline]] void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
+[[gnu::cold]] [[gnu::noinline]] void RefuseNotice(Game& g, int p, int b, std::string_view text,
+                                                  int help) {
   if (!CanNotify(g, kNoticeNotAllowed)) return;
   ShowNotice(g, Cat(g.PlayerName[p], ",\r\r", text), BetTitle(b), help,
              kMsgOk | kMsgHideNotAllowed);
@@ -266,7 +267,8 @@ void SetMinimumText(Game& g, int b) {
 }
 
 [[gnu::cold]] [[gnu::noinline]] void MaximumText(Game& g, int b) {
-  g.betting.LimitText = Cat("The maximum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMaximum));
+  g.betting.LimitText =
+      Cat("The maximum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMaximum));
 }
 
 // The contract bet stays where it was established above a lowered maximum.
@@ -487,6 +489,7 @@ inline void FinishTakeDown(Game& g, int p, int b) {
 // its number (MovingBet), odds over their flat bet, and every bet outside
 // the rules. Any other such change the whole gate decides.
 [[gnu::always_inline]] inline bool FreeFromZero(const Game& g, int p, int b) {
+  if (!kUnderContract[static_cast<std::size_t>(b)]) return true;  // most bets
   switch (b) {
     case bet::kPassLine:
     case bet::kDontPass:
@@ -549,8 +552,8 @@ void SetBetChecked(Game& g, int p, int b) {
   const Currency B = g.Bet(p, b);
   // A hostile request (a script's huge number) is held where sums can't overflow.
   // Clamped on the raw ten-thousandths, so the bounds are plain constants.
-  const Currency request = Currency::FromRaw(
-      std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
+  const Currency request =
+      Currency::FromRaw(std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
 
   switch (kUnderContract[static_cast<std::size_t>(b)] ? ContractRules(g, p, b) : Next::Free) {
@@ -610,8 +613,8 @@ void TakeBetDownChecked(Game& g, int p, int b) {
   // The contract rules hold up only a Pass Line or Come bet on a point
   // coming down: those, and a bet outside 0..the largest request, go
   // through the whole gate.
-  if (p < 1 || p > 8 || !IsRealBet(b) || b == bet::kPassLine || IsComePoint(b) ||
-      B < Currency{} || B > kCheckStackLimit) {
+  if (p < 1 || p > 8 || !IsRealBet(b) || b == bet::kPassLine || IsComePoint(b) || B < Currency{} ||
+      B > kCheckStackLimit) {
     SetBetChecked(g, p, b);
     return;
   }
@@ -714,20 +717,51 @@ void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
   s.BetChange = amount;
 }
 
+void ChangeBetChecked(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  // In Hyper-Drive, for a bet the contract rules leave alone and a seat the
+  // bankroll never holds, the gate's steps are the rounding, the minimum,
+  // the maximum, the proper-odds adjustment and the write: no notice, text
+  // or redraw is made, and HoldToBankroll never holds. Else the whole gate.
+  if (!g.HyperDrive || p < 1 || p > 8 || !IsRealBet(b) ||
+      kUnderContract[static_cast<std::size_t>(b)] || !s.AllowNegBankroll(p)) {
+    SetBetChecked(g, p, b);
+    return;
+  }
+  const Currency B = g.Bet(p, b);
+  const Currency request =
+      Currency::FromRaw(std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
+  s.BetChange = RoundChange(request, g.CheckValue(1), B);
+  s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
+  const Currency T = B + request;
+  if (!(T <= Currency{} && s.BetChange <= -B)) {  // else a take-down: the write alone
+    if (T > Currency{} && T < s.BetMinimum)
+      s.BetChange = s.BetChange <= Currency{} ? -B : s.BetMinimum - B;
+    FigureMaximumOfId(g, p, b);
+    if (T > s.BetMaximum && s.BetChange > s.BetMaximum - B) s.BetChange = s.BetMaximum - B;
+    if (g.autoplay.AutoAdjustMode(p) > 0 && !ProperAsAsked(g, p, b)) AdjustWhereNeeded(g, p, b);
+  }
+  Apply(g, p, b);
+}
+
 // Beside the gate, so that the take-down of a bet already at 0 (the odds
 // taken at a new point) is made inline, without a call of its own.
 void TakeBetToMaximum(Game& g, int p, int b) {
   if (p < 1 || p > 8 || b < 0 || b > kLastBetId) return;
   constexpr Currency kAsked = Currency::FromWhole(9999999);
   BettingState& s = g.betting;
-  // In Hyper-Drive a bet at 0 of a seat the bankroll never holds, which the
-  // contract rules let grow (the odds at a new point): the take-down is
-  // Apply of 0, and the set runs the gate's own steps for it from 0 with
-  // no text, notice or redraw, the request rounded only when the maximum
-  // does not cut it.
-  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && g.Bet(p, b).IsZero() &&
-      FreeToGrow(g, p, b)) {
+  // In Hyper-Drive a bet of a seat the bankroll never holds, which the
+  // contract rules let grow from 0 (the odds at a new point, or odds that
+  // stand and are taken to a new maximum): the take-down is Apply of minus
+  // the bet, and the set runs the gate's own steps for it from 0 with no
+  // text, notice or redraw, the request rounded only when the maximum does
+  // not cut it. Such a bet's maximum hangs on no amount of its own.
+  const Currency B = g.Bet(p, b);
+  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && B >= Currency{} &&
+      B <= kCheckStackLimit && FreeToGrow(g, p, b)) {
     // The take-down's mark is left to the set's write, which always comes.
+    g.Bet(p, b) = Currency{};
+    g.TotalBets(p) -= B;
     s.BetChange = Currency{};
     ClearLimitsOf(g, b);
     ResetWorkingOfMarked(g, p, b);

@@ -347,21 +347,23 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     };
     // 0 takes the bet down, 1 keeps it, 2 takes it down and sets it afresh,
     // 3 takes it to its maximum (without notices), 4 takes it down and
-    // opens it again.
-    const int how = draw(5);
+    // opens it again, 5 changes it as a settling rule does (either sign).
+    const int how = draw(6);
     if (how == 3 && draw(2) == 0)
       b = IsOddsBet(b) ? b : draw(2) == 0 ? kPassLineOdds : kDontPassOdds;
     const int contracts[] = {kPassLine, kDontPass, kCome, kDontCome, kFire, ComeId(6), DontComeId(4)};
     if (how == 4 && draw(2) == 0) b = contracts[draw(7)];
     // A bet opened again mostly in whole dollars, the steps of a check.
-    const Currency amount = how == 3                    ? Currency::FromWhole(9999999)
-                            : how == 4 && draw(4) != 0 ? Currency::FromWhole(draw(60))
-                                                       : Currency::FromRaw(draw(240) * 2500);
+    const Currency amount = how == 3 ? Currency::FromWhole(9999999)
+                            : (how == 4 || how == 5) && draw(4) != 0
+                                ? Currency::FromWhole(draw(60))
+                                : Currency::FromRaw(draw(240) * 2500);
     const Long flags = gate->rules.NoticeFlags;
     if (how == 3) gate->rules.NoticeFlags = 0;
-    gate->BetRequest = how == 1 ? Currency{} : -gate->Bet(1, b);
+    const Currency change = amount - Currency::FromWhole(30);
+    gate->BetRequest = how == 1 ? Currency{} : how == 5 ? change : -gate->Bet(1, b);
     SetBetChecked(*gate, 1, b);
-    if (how >= 2) {
+    if (how >= 2 && how <= 4) {
       gate->BetRequest = amount;
       SetBetChecked(*gate, 1, b);
     }
@@ -375,6 +377,10 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     if (how == 1) KeepBetChecked(g, 1, b);
     if (how == 2) ReplaceBetChecked(g, 1, b, amount);
     if (how == 3) TakeBetToMaximum(g, 1, b);
+    if (how == 5) {
+      g.BetRequest = change;
+      ChangeBetChecked(g, 1, b);
+    }
     const std::vector<std::string> notices = newNotices();
     SCOPED_TRACE(testing::Message() << "step " << i << " (" << how << ") on " << BetName(b));
     ASSERT_EQ(notices, gateNotices);
@@ -443,7 +449,7 @@ TEST_F(Players, AMoveCarriesTheDiceOnlyToANeighbour) {
   // Players between both ways: the dice pass on, below the old seat.
   SeatPlayer(g, 7, "Gus", 100_usd);
   g.RollTally(kTableHand, kEventRolls) = 3;  // mid-hand
-  MovePlayer(g, 4, 8);  // 7 upward, 3 and 2 downward
+  MovePlayer(g, 4, 8);                       // 7 upward, 3 and 2 downward
   EXPECT_EQ(g.Shooter, 3);
   // When nobody can take the dice, they stay with the player who moved.
   for (int p = 1; p <= 8; ++p) g.autoplay.AutoPassDice(p) = true;
@@ -466,7 +472,8 @@ TEST_F(Players, CashingOutAbandonsTheBetsThatCantComeDown) {
   EXPECT_EQ(platform.messages.back().text,
             "Would you like to remove P1?\r\rP1 still has an active Pass Line bet and 2 active "
             "Come bets that can't be removed and will be abandoned.\r(Total abandoned: $30)");
-  EXPECT_NE(EventsLogText(g).find("    P1 cashed out with $870 (net loss: $130 includes $30 abandoned)\n"),
+  EXPECT_NE(EventsLogText(g).find(
+                "    P1 cashed out with $870 (net loss: $130 includes $30 abandoned)\n"),
             std::string::npos);
   EXPECT_TRUE(g.Bet(1, kPassLine).IsZero());
   EXPECT_EQ(g.PlayerCount, 2);
