@@ -526,6 +526,50 @@ inline bool SetFromZeroAsAsked(Game& g, int p, int b, Currency amount) {
          (g.autoplay.AutoAdjustMode(p) <= 0 || ProperFromZero(g, b, amount));
 }
 
+// The proper-odds adjustment of a change that needs one (ProperAsAsked
+// false: a total above 0 and not in whole units), figured in place where
+// the rule comes down to a few steps: a bet outside the contract rules with
+// no bias list (neither Place nor Lay), and a change other than 0 whose size
+// is below every larger check, so that a color correction finds no wider
+// unit and acts as the minor one. Then the unit is the bet's own, the pick
+// is the unbiased one, and a change that both limits refuse is the room
+// left to the maximum (a decrease: the take-down). Returns false, leaving
+// the change, for any other: AdjustWhereNeeded decides it.
+bool AdjustPlainChange(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  const Currency a = s.BetChange, B = g.Bet(p, b);
+  if (a.IsZero() || IsPlace(b) || IsLay(b)) return false;
+  if (g.autoplay.AutoAdjustMode(p) == 2) {
+    const Currency size = a.raw < 0 ? -a : a;
+    for (int i = 2; i <= 5; ++i)
+      if (g.CheckValue(i).raw > 0 && size >= g.CheckValue(i)) return false;
+  }
+  const Currency w = ProperOddsUnit(g, b), total = B + a;
+  const Currency lo = Currency::FromRaw(total.raw / w.raw * w.raw) - B, hi = lo + w;
+  bool high;
+  if (!hi.IsZero() && (B + hi).raw % a.raw == 0)
+    high = true;
+  else if (!lo.IsZero() && (B + lo).raw % a.raw == 0)
+    high = false;
+  else if (a.raw > 0 && lo.raw <= 0)
+    high = true;
+  else if (a.raw < 0 && hi.raw >= 0)
+    high = false;
+  else
+    high = hi - a <= a - lo;
+  const bool hiTooHigh = B + hi > s.BetMaximum, loTooLow = B + lo < s.BetMinimum;
+  if (hiTooHigh && loTooLow) {
+    s.BetChange = a.raw < 0 ? -B : std::max(s.BetMaximum - B, Currency{});
+    return true;
+  }
+  Currency choice = high ? hi : lo;
+  if (!high && loTooLow) choice = a.raw > 0 && !hiTooHigh ? hi : -B;
+  if (B + choice > s.BetMaximum) choice = lo;
+  if (B + choice < s.BetMinimum && choice != -B) choice = hi;
+  s.BetChange = choice;
+  return true;
+}
+
 }  // namespace
 
 bool CanNotify(const Game& g, long noticeBit) {
@@ -739,7 +783,8 @@ void ChangeBetChecked(Game& g, int p, int b) {
       s.BetChange = s.BetChange <= Currency{} ? -B : s.BetMinimum - B;
     FigureMaximumOfId(g, p, b);
     if (T > s.BetMaximum && s.BetChange > s.BetMaximum - B) s.BetChange = s.BetMaximum - B;
-    if (g.autoplay.AutoAdjustMode(p) > 0 && !ProperAsAsked(g, p, b)) AdjustWhereNeeded(g, p, b);
+    if (g.autoplay.AutoAdjustMode(p) > 0 && !ProperAsAsked(g, p, b) && !AdjustPlainChange(g, p, b))
+      AdjustWhereNeeded(g, p, b);
   }
   Apply(g, p, b);
 }
