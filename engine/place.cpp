@@ -544,7 +544,8 @@ bool AdjustPlainChange(Game& g, int p, int b) {
     for (int i = 2; i <= 5; ++i)
       if (g.CheckValue(i).raw > 0 && size >= g.CheckValue(i)) return false;
   }
-  const Currency w = ProperOddsUnit(g, b), total = B + a;
+  // ProperOddsUnit of a bet outside the contract rules: its own unit.
+  const Currency w = g.PayoffTbl(0, b), total = B + a;
   const Currency lo = Currency::FromRaw(total.raw / w.raw * w.raw) - B, hi = lo + w;
   bool high;
   if (!hi.IsZero() && (B + hi).raw % a.raw == 0)
