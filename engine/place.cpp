@@ -777,7 +777,7 @@ void ChangeBetChecked(Game& g, int p, int b) {
   const Currency request =
       Currency::FromRaw(std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
-  s.BetMinimum = b < bet::kHard4 ? g.rules.MinPlacardBet : g.CheckValue(1);
+  ClearLimitsOf(g, b);
   const Currency T = B + request;
   if (!(T <= Currency{} && s.BetChange <= -B)) {  // else a take-down: the write alone
     if (T > Currency{} && T < s.BetMinimum)
