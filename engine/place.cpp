@@ -527,28 +527,38 @@ inline bool SetFromZeroAsAsked(Game& g, int p, int b, Currency amount) {
 }
 
 // The proper-odds adjustment of a change that needs one (ProperAsAsked
-// false: a total above 0 and not in whole units), figured in place where
-// the rule comes down to a few steps: a bet outside the contract rules with
-// no bias list (neither Place nor Lay), and a change other than 0 whose size
-// is below every larger check, so that a color correction finds no wider
-// unit and acts as the minor one. Then the unit is the bet's own, the pick
-// is the unbiased one, and a change that both limits refuse is the room
-// left to the maximum (a decrease: the take-down). Returns false, leaving
-// the change, for any other: AdjustWhereNeeded decides it.
+// false: a total above 0 and not in whole units), figured in place for a
+// bet outside the contract rules (neither odds nor a line or Come bet) and
+// a change other than 0 for which a color correction finds no wider unit:
+// the rule then comes down to the pick by the bet's bias (Place and Lay
+// bets have one) between the whole units either side, held to the limits;
+// a change that both limits refuse is the room left to the maximum (a
+// decrease: the take-down). Returns false, leaving the change, when a
+// wider unit would be taken: AdjustWhereNeeded decides it.
 bool AdjustPlainChange(Game& g, int p, int b) {
   BettingState& s = g.betting;
   const Currency a = s.BetChange, B = g.Bet(p, b);
-  if (a.IsZero() || IsPlace(b) || IsLay(b)) return false;
-  if (g.autoplay.AutoAdjustMode(p) == 2) {
-    const Currency size = a.raw < 0 ? -a : a;
-    for (int i = 2; i <= 5; ++i)
-      if (g.CheckValue(i).raw > 0 && size >= g.CheckValue(i)) return false;
-  }
   // ProperOddsUnit of a bet outside the contract rules: its own unit.
   const Currency w = g.PayoffTbl(0, b), total = B + a;
+  if (a.IsZero()) return false;
+  if (g.autoplay.AutoAdjustMode(p) == 2) {  // the color correction's search, as the rule makes it
+    const Currency size = a.raw < 0 ? -a : a, smallest = g.CheckValue(1);
+    for (int i = 5; i >= 2; --i) {
+      const Currency d = g.CheckValue(i);
+      if (d.raw <= 0 || size < d || a.raw % d.raw != 0) continue;
+      std::int64_t wide = 0;
+      if (__builtin_mul_overflow(w.raw, d.raw, &wide) || size.raw >= wide / smallest.raw)
+        return false;
+    }
+  }
   const Currency lo = Currency::FromRaw(total.raw / w.raw * w.raw) - B, hi = lo + w;
+  const int bias = IsPlace(b) ? g.autoplay.PlaceBias(p) : IsLay(b) ? g.autoplay.LayBias(p) : 0;
   bool high;
-  if (!hi.IsZero() && (B + hi).raw % a.raw == 0)
+  if (bias == 1)
+    high = a.raw > 0;
+  else if (bias == 2)
+    high = a.raw > 0 ? lo.raw <= 0 : !hi.IsZero();
+  else if (!hi.IsZero() && (B + hi).raw % a.raw == 0)
     high = true;
   else if (!lo.IsZero() && (B + lo).raw % a.raw == 0)
     high = false;
@@ -745,7 +755,7 @@ void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
     if (amount.IsZero())
       KeepBetChecked(g, p, b);
     else
-      SetBetChecked(g, p, b);
+      ChangeBetChecked(g, p, b);
     return;
   }
   const bool vig = IsBuy(b) || IsLay(b);
