@@ -800,38 +800,51 @@ void ChangeBetChecked(Game& g, int p, int b) {
   Apply(g, p, b);
 }
 
+// TakeBetToMaximum's set of a bet standing at 0 (or just taken down to it)
+// in Hyper-Drive, for a seat the bankroll never holds and a bet the contract
+// rules let grow from 0: the gate's own steps for it with no text, notice
+// or redraw, the request rounded only when the maximum does not cut it.
+// The take-down's mark is left to the set's write, which always comes.
+[[gnu::always_inline]] inline void MaximumFromZero(Game& g, int p, int b, Currency asked) {
+  BettingState& s = g.betting;
+  s.BetChange = Currency{};
+  ClearLimitsOf(g, b);
+  ResetWorkingOfMarked(g, p, b);
+  if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
+  g.BetRequest = asked;
+  if (asked >= s.BetMinimum) {
+    FigureMaximumOfId(g, p, b);
+    s.BetChange =
+        asked > s.BetMaximum ? s.BetMaximum : RoundChange(asked, g.CheckValue(1), Currency{});
+    FinishChange(g, p, b);
+    return;
+  }
+  // Past the minimum: the whole gate, which finds the take-down done.
+  SetBetChecked(g, p, b);
+}
+
 // Beside the gate, so that the take-down of a bet already at 0 (the odds
 // taken at a new point) is made inline, without a call of its own.
 void TakeBetToMaximum(Game& g, int p, int b) {
   if (p < 1 || p > 8 || b < 0 || b > kLastBetId) return;
   constexpr Currency kAsked = Currency::FromWhole(9999999);
   BettingState& s = g.betting;
-  // In Hyper-Drive a bet of a seat the bankroll never holds, which the
-  // contract rules let grow from 0 (the odds at a new point, or odds that
-  // stand and are taken to a new maximum): the take-down is Apply of minus
-  // the bet, and the set runs the gate's own steps for it from 0 with no
-  // text, notice or redraw, the request rounded only when the maximum does
-  // not cut it. Such a bet's maximum hangs on no amount of its own.
+  // In Hyper-Drive a bet at 0 of a seat the bankroll never holds, which the
+  // contract rules let grow (the odds at a new point): the take-down is
+  // Apply of 0.
+  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && g.Bet(p, b).IsZero() &&
+      FreeToGrow(g, p, b)) {
+    MaximumFromZero(g, p, b, kAsked);
+    return;
+  }
+  // The same for odds that stand (taken to a new maximum): the take-down is
+  // Apply of minus the bet. Such a bet's maximum hangs on no amount of its own.
   const Currency B = g.Bet(p, b);
-  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && B >= Currency{} &&
+  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && B > Currency{} &&
       B <= kCheckStackLimit && FreeToGrow(g, p, b)) {
-    // The take-down's mark is left to the set's write, which always comes.
     g.Bet(p, b) = Currency{};
     g.TotalBets(p) -= B;
-    s.BetChange = Currency{};
-    ClearLimitsOf(g, b);
-    ResetWorkingOfMarked(g, p, b);
-    if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
-    g.BetRequest = kAsked;
-    if (kAsked >= s.BetMinimum) {
-      FigureMaximumOfId(g, p, b);
-      s.BetChange =
-          kAsked > s.BetMaximum ? s.BetMaximum : RoundChange(kAsked, g.CheckValue(1), Currency{});
-      FinishChange(g, p, b);
-      return;
-    }
-    // Past the minimum: the whole gate, which finds the take-down done.
-    SetBetChecked(g, p, b);
+    MaximumFromZero(g, p, b, kAsked);
     return;
   }
   const Long flags = g.rules.NoticeFlags;
