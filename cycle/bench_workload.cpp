@@ -1,6 +1,8 @@
 #include "cycle/bench_workload.h"
 
 #include <array>
+#include <cstdint>
+#include <iterator>
 
 #include "automation/autoplay_state.h"
 #include "core/catalogue.h"
@@ -65,22 +67,43 @@ constexpr BaseBet kBaseBets[] = {
     {8, kPassLine, 15},  {8, kCome, 5},        {8, PlaceId(9), 10}, {8, kField, 5},
 };
 
-// A bet that the contract rules let a player make now: the line bets on a
-// come-out, the Come bets with a point on, Fire before the hand's first roll.
-bool MayBetNow(const Game& g, int b) {
+// When the contract rules let a player make a base bet: the line bets on a
+// come-out, the Come bets with a point on, Fire before the hand's first
+// roll, any other bet always.
+enum class When : std::uint8_t { Always, ComeOut, PointOn, FirstRoll };
+
+constexpr When WhenOf(int b) {
   switch (b) {
     case kPassLine:
     case kDontPass:
-      return g.Point == 0;
+      return When::ComeOut;
     case kCome:
     case kDontCome:
-      return g.Point > 0;
+      return When::PointOn;
     case kFire:
-      return g.RollTally(kTableHand, kEventRolls) == 0;
+      return When::FirstRoll;
     default:
-      return true;
+      return When::Always;
   }
 }
+
+// A base bet as the loop reads it: its cell among the bets, its seat and id,
+// and when it may be made, looked up once rather than at every roll.
+struct BaseCell {
+  std::size_t cell;
+  int seat, id;
+  When when;
+};
+
+constexpr auto kBaseCells = [] {
+  std::array<BaseCell, std::size(kBaseBets)> cells{};
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const BaseBet& base = kBaseBets[i];
+    cells[i] = {decltype(Game::Bet)::Index(base.seat, base.id), base.seat, base.id,
+                WhenOf(base.id)};
+  }
+  return cells;
+}();
 
 void SeatBenchPlayers(Game& g) {
   AutoPlayState& a = g.autoplay;
@@ -134,9 +157,15 @@ void SetUpBenchWorkload(Game& g, BenchWorkload workload) {
 }
 
 void KeepBenchBets(Game& g) {
-  for (const BaseBet& base : kBaseBets) {
-    if (!g.Bet(base.seat, base.id).IsZero() || !MayBetNow(g, base.id)) continue;
-    g.BetRequest = Currency::FromWhole(base.dollars);
+  for (std::size_t i = 0; i < kBaseCells.size(); ++i) {
+    const BaseCell& base = kBaseCells[i];
+    if (!g.Bet.cells[base.cell].IsZero()) continue;  // most stand: one read each
+    const bool may = base.when == When::Always    ? true
+                     : base.when == When::ComeOut ? g.Point == 0
+                     : base.when == When::PointOn ? g.Point > 0
+                                                  : g.RollTally(kTableHand, kEventRolls) == 0;
+    if (!may) continue;
+    g.BetRequest = Currency::FromWhole(kBaseBets[i].dollars);
     PlaceBet(g, base.seat, base.id);
   }
 }

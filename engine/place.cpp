@@ -34,7 +34,8 @@ std::string RestoreClause(Currency bet, Currency contract) {
 }
 
 // A notice of the class Actions not allowed: the player's name, then text.
-[[gnu::cold]] [[gnu::noinline]] void RefuseNotice(Game& g, int p, int b, std::string_view text, int help) {
+[[gnu::cold]] [[gnu::noinline]] void RefuseNotice(Game& g, int p, int b, std::string_view text,
+                                                  int help) {
   if (!CanNotify(g, kNoticeNotAllowed)) return;
   ShowNotice(g, Cat(g.PlayerName[p], ",\r\r", text), BetTitle(b), help,
              kMsgOk | kMsgHideNotAllowed);
@@ -266,7 +267,8 @@ void SetMinimumText(Game& g, int b) {
 }
 
 [[gnu::cold]] [[gnu::noinline]] void MaximumText(Game& g, int b) {
-  g.betting.LimitText = Cat("The maximum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMaximum));
+  g.betting.LimitText =
+      Cat("The maximum ", BetName(b), " bet is $", FormatMoney(g.betting.BetMaximum));
 }
 
 // The contract bet stays where it was established above a lowered maximum.
@@ -487,6 +489,7 @@ inline void FinishTakeDown(Game& g, int p, int b) {
 // its number (MovingBet), odds over their flat bet, and every bet outside
 // the rules. Any other such change the whole gate decides.
 [[gnu::always_inline]] inline bool FreeFromZero(const Game& g, int p, int b) {
+  if (!kUnderContract[static_cast<std::size_t>(b)]) return true;  // most bets
   switch (b) {
     case bet::kPassLine:
     case bet::kDontPass:
@@ -523,6 +526,61 @@ inline bool SetFromZeroAsAsked(Game& g, int p, int b, Currency amount) {
          (g.autoplay.AutoAdjustMode(p) <= 0 || ProperFromZero(g, b, amount));
 }
 
+// The proper-odds adjustment of a change that needs one (ProperAsAsked
+// false: a total above 0 and not in whole units), figured in place for a
+// bet outside the contract rules (neither odds nor a line or Come bet) and
+// a change other than 0 for which a color correction finds no wider unit:
+// the rule then comes down to the pick by the bet's bias (Place and Lay
+// bets have one) between the whole units either side, held to the limits;
+// a change that both limits refuse is the room left to the maximum (a
+// decrease: the take-down). Returns false, leaving the change, when a
+// wider unit would be taken: AdjustWhereNeeded decides it.
+bool AdjustPlainChange(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  const Currency a = s.BetChange, B = g.Bet(p, b);
+  // ProperOddsUnit of a bet outside the contract rules: its own unit.
+  const Currency w = g.PayoffTbl(0, b), total = B + a;
+  if (a.IsZero()) return false;
+  if (g.autoplay.AutoAdjustMode(p) == 2) {  // the color correction's search, as the rule makes it
+    const Currency size = a.raw < 0 ? -a : a, smallest = g.CheckValue(1);
+    for (int i = 5; i >= 2; --i) {
+      const Currency d = g.CheckValue(i);
+      if (d.raw <= 0 || size < d || a.raw % d.raw != 0) continue;
+      std::int64_t wide = 0;
+      if (__builtin_mul_overflow(w.raw, d.raw, &wide) || size.raw >= wide / smallest.raw)
+        return false;
+    }
+  }
+  const Currency lo = Currency::FromRaw(total.raw / w.raw * w.raw) - B, hi = lo + w;
+  const int bias = IsPlace(b) ? g.autoplay.PlaceBias(p) : IsLay(b) ? g.autoplay.LayBias(p) : 0;
+  bool high;
+  if (bias == 1)
+    high = a.raw > 0;
+  else if (bias == 2)
+    high = a.raw > 0 ? lo.raw <= 0 : !hi.IsZero();
+  else if (!hi.IsZero() && (B + hi).raw % a.raw == 0)
+    high = true;
+  else if (!lo.IsZero() && (B + lo).raw % a.raw == 0)
+    high = false;
+  else if (a.raw > 0 && lo.raw <= 0)
+    high = true;
+  else if (a.raw < 0 && hi.raw >= 0)
+    high = false;
+  else
+    high = hi - a <= a - lo;
+  const bool hiTooHigh = B + hi > s.BetMaximum, loTooLow = B + lo < s.BetMinimum;
+  if (hiTooHigh && loTooLow) {
+    s.BetChange = a.raw < 0 ? -B : std::max(s.BetMaximum - B, Currency{});
+    return true;
+  }
+  Currency choice = high ? hi : lo;
+  if (!high && loTooLow) choice = a.raw > 0 && !hiTooHigh ? hi : -B;
+  if (B + choice > s.BetMaximum) choice = lo;
+  if (B + choice < s.BetMinimum && choice != -B) choice = hi;
+  s.BetChange = choice;
+  return true;
+}
+
 }  // namespace
 
 bool CanNotify(const Game& g, long noticeBit) {
@@ -549,8 +607,8 @@ void SetBetChecked(Game& g, int p, int b) {
   const Currency B = g.Bet(p, b);
   // A hostile request (a script's huge number) is held where sums can't overflow.
   // Clamped on the raw ten-thousandths, so the bounds are plain constants.
-  const Currency request = Currency::FromRaw(
-      std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
+  const Currency request =
+      Currency::FromRaw(std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
   s.BetChange = RoundChange(request, g.CheckValue(1), B);
 
   switch (kUnderContract[static_cast<std::size_t>(b)] ? ContractRules(g, p, b) : Next::Free) {
@@ -610,8 +668,8 @@ void TakeBetDownChecked(Game& g, int p, int b) {
   // The contract rules hold up only a Pass Line or Come bet on a point
   // coming down: those, and a bet outside 0..the largest request, go
   // through the whole gate.
-  if (p < 1 || p > 8 || !IsRealBet(b) || b == bet::kPassLine || IsComePoint(b) ||
-      B < Currency{} || B > kCheckStackLimit) {
+  if (p < 1 || p > 8 || !IsRealBet(b) || b == bet::kPassLine || IsComePoint(b) || B < Currency{} ||
+      B > kCheckStackLimit) {
     SetBetChecked(g, p, b);
     return;
   }
@@ -697,7 +755,7 @@ void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
     if (amount.IsZero())
       KeepBetChecked(g, p, b);
     else
-      SetBetChecked(g, p, b);
+      ChangeBetChecked(g, p, b);
     return;
   }
   const bool vig = IsBuy(b) || IsLay(b);
@@ -714,6 +772,57 @@ void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
   s.BetChange = amount;
 }
 
+void ChangeBetChecked(Game& g, int p, int b) {
+  BettingState& s = g.betting;
+  // In Hyper-Drive, for a bet the contract rules leave alone and a seat the
+  // bankroll never holds, the gate's steps are the rounding, the minimum,
+  // the maximum, the proper-odds adjustment and the write: no notice, text
+  // or redraw is made, and HoldToBankroll never holds. Else the whole gate.
+  if (!g.HyperDrive || p < 1 || p > 8 || !IsRealBet(b) ||
+      kUnderContract[static_cast<std::size_t>(b)] || !s.AllowNegBankroll(p)) {
+    SetBetChecked(g, p, b);
+    return;
+  }
+  const Currency B = g.Bet(p, b);
+  const Currency request =
+      Currency::FromRaw(std::clamp(g.BetRequest.raw, -kCheckStackLimit.raw, kCheckStackLimit.raw));
+  s.BetChange = RoundChange(request, g.CheckValue(1), B);
+  ClearLimitsOf(g, b);
+  const Currency T = B + request;
+  if (!(T <= Currency{} && s.BetChange <= -B)) {  // else a take-down: the write alone
+    if (T > Currency{} && T < s.BetMinimum)
+      s.BetChange = s.BetChange <= Currency{} ? -B : s.BetMinimum - B;
+    FigureMaximumOfId(g, p, b);
+    if (T > s.BetMaximum && s.BetChange > s.BetMaximum - B) s.BetChange = s.BetMaximum - B;
+    if (g.autoplay.AutoAdjustMode(p) > 0 && !ProperAsAsked(g, p, b) && !AdjustPlainChange(g, p, b))
+      AdjustWhereNeeded(g, p, b);
+  }
+  Apply(g, p, b);
+}
+
+// TakeBetToMaximum's set of a bet standing at 0 (or just taken down to it)
+// in Hyper-Drive, for a seat the bankroll never holds and a bet the contract
+// rules let grow from 0: the gate's own steps for it with no text, notice
+// or redraw, the request rounded only when the maximum does not cut it.
+// The take-down's mark is left to the set's write, which always comes.
+[[gnu::always_inline]] inline void MaximumFromZero(Game& g, int p, int b, Currency asked) {
+  BettingState& s = g.betting;
+  s.BetChange = Currency{};
+  ClearLimitsOf(g, b);
+  ResetWorkingOfMarked(g, p, b);
+  if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
+  g.BetRequest = asked;
+  if (asked >= s.BetMinimum) {
+    FigureMaximumOfId(g, p, b);
+    s.BetChange =
+        asked > s.BetMaximum ? s.BetMaximum : RoundChange(asked, g.CheckValue(1), Currency{});
+    FinishChange(g, p, b);
+    return;
+  }
+  // Past the minimum: the whole gate, which finds the take-down done.
+  SetBetChecked(g, p, b);
+}
+
 // Beside the gate, so that the take-down of a bet already at 0 (the odds
 // taken at a new point) is made inline, without a call of its own.
 void TakeBetToMaximum(Game& g, int p, int b) {
@@ -722,26 +831,20 @@ void TakeBetToMaximum(Game& g, int p, int b) {
   BettingState& s = g.betting;
   // In Hyper-Drive a bet at 0 of a seat the bankroll never holds, which the
   // contract rules let grow (the odds at a new point): the take-down is
-  // Apply of 0, and the set runs the gate's own steps for it from 0 with
-  // no text, notice or redraw, the request rounded only when the maximum
-  // does not cut it.
+  // Apply of 0.
   if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && g.Bet(p, b).IsZero() &&
       FreeToGrow(g, p, b)) {
-    // The take-down's mark is left to the set's write, which always comes.
-    s.BetChange = Currency{};
-    ClearLimitsOf(g, b);
-    ResetWorkingOfMarked(g, p, b);
-    if (IsBuy(b) || IsLay(b)) UpdateVig(g, p, b);
-    g.BetRequest = kAsked;
-    if (kAsked >= s.BetMinimum) {
-      FigureMaximumOfId(g, p, b);
-      s.BetChange =
-          kAsked > s.BetMaximum ? s.BetMaximum : RoundChange(kAsked, g.CheckValue(1), Currency{});
-      FinishChange(g, p, b);
-      return;
-    }
-    // Past the minimum: the whole gate, which finds the take-down done.
-    SetBetChecked(g, p, b);
+    MaximumFromZero(g, p, b, kAsked);
+    return;
+  }
+  // The same for odds that stand (taken to a new maximum): the take-down is
+  // Apply of minus the bet. Such a bet's maximum hangs on no amount of its own.
+  const Currency B = g.Bet(p, b);
+  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && B > Currency{} &&
+      B <= kCheckStackLimit && FreeToGrow(g, p, b)) {
+    g.Bet(p, b) = Currency{};
+    g.TotalBets(p) -= B;
+    MaximumFromZero(g, p, b, kAsked);
     return;
   }
   const Long flags = g.rules.NoticeFlags;

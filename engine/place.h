@@ -41,6 +41,10 @@ void KeepBetChecked(Game& game, int p, int b);
 // amount that passes every rule unchanged is written at once, with the same
 // writes the gate makes and without the steps such a request skips.
 void OpenBetChecked(Game& game, int p, int b);
+// SetBetChecked for a change asked by a settling rule: in Hyper-Drive, for
+// a bet outside the contract rules and a seat the bankroll never holds, the
+// same steps and writes without those such a request skips.
+void ChangeBetChecked(Game& game, int p, int b);
 // TakeBetDownChecked, then the gate with game.BetRequest set to `amount`
 // (KeepBetChecked for 0): a bet set afresh, as a settling rule does it.
 void ReplaceBetChecked(Game& game, int p, int b, Currency amount);

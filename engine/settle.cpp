@@ -22,7 +22,7 @@ void Request(Game& g, int p, Currency change, bool redraw = true) {
   if (change.IsZero())
     KeepBetChecked(g, p, g.CurBet);
   else
-    SetBetChecked(g, p, g.CurBet);
+    ChangeBetChecked(g, p, g.CurBet);
   if (redraw && CanShow(g)) g.platform->RequestRedraw(Redraw::Table);
 }
 

@@ -311,8 +311,12 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
   std::mt19937 rng(20261124);
   auto draw = [&](int n) { return static_cast<int>(rng() % static_cast<std::uint32_t>(n)); };
   const int points[] = {0, 4, 5, 6, 8, 9, 10};
+  // Bets whose proper unit is above the smallest check: a change of a few
+  // dollars needs the adjustment, which a short path may figure itself
+  // (but for the bets with a bias list, the last two).
+  const int units[] = {kHorn, kWorld, kCandE, BuyId(5), BuyId(6), kHard4, PlaceId(6), LayId(10)};
   g.roll.LogOn = false;
-  for (int i = 0; i < 6000; ++i) {
+  for (int i = 0; i < 8000; ++i) {
     const int r = static_cast<int>(rng() % 40);
     if (r == 0) PointOn(points[rng() % 7]);
     if (r == 1) FixContracts();
@@ -323,12 +327,14 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     if (r == 6) g.HyperDrive = !g.HyperDrive;
     if (r == 7) g.Bet(1, 0) = Currency::FromWhole(static_cast<std::int64_t>(rng() % 400));
     if (r == 8) g.autoplay.AutoAdjustMode(1) = draw(3);
-    if (r == 9) g.rules.MaxPlacardBet = Currency::FromWhole(10 + draw(60));
+    if (r == 9) g.rules.MaxPlacardBet = Currency::FromWhole(2 + draw(68));
     if (r == 10) g.rules.MinPlacardBet = Currency::FromWhole(1 + draw(12));
     if (r == 11) g.rules.BuyVigRate = Currency::FromRaw(draw(3) * 250);
     if (r == 12) g.BetWorking(1, 1 + draw(kLastRealBet)) = draw(4) - 1;
     if (r == 13) g.roll.BetIdsChanged[1] = BetIdSet{};  // as a roll's snapshot leaves them
     if (r == 14) g.RollTally(kTableHand, kEventRolls) = draw(2);  // the hand's first roll made
+    // Where most short paths run.
+    if (r == 15) g.HyperDrive = g.betting.AllowNegBankroll(1) = true;
     int b = 1 + static_cast<int>(rng() % kLastRealBet);
     if (rng() % 3 != 0) {  // build the table up
       g.BetRequest = Currency::FromWhole(static_cast<std::int64_t>(rng() % 60));
@@ -347,21 +353,26 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     };
     // 0 takes the bet down, 1 keeps it, 2 takes it down and sets it afresh,
     // 3 takes it to its maximum (without notices), 4 takes it down and
-    // opens it again.
-    const int how = draw(5);
+    // opens it again, 5 changes it as a settling rule does (either sign;
+    // drawn twice as often as the others).
+    const int how = std::min(draw(7), 5);
     if (how == 3 && draw(2) == 0)
       b = IsOddsBet(b) ? b : draw(2) == 0 ? kPassLineOdds : kDontPassOdds;
     const int contracts[] = {kPassLine, kDontPass, kCome, kDontCome, kFire, ComeId(6), DontComeId(4)};
     if (how == 4 && draw(2) == 0) b = contracts[draw(7)];
+    if (how == 5 && draw(2) == 0) b = units[draw(8)];
     // A bet opened again mostly in whole dollars, the steps of a check.
-    const Currency amount = how == 3                    ? Currency::FromWhole(9999999)
-                            : how == 4 && draw(4) != 0 ? Currency::FromWhole(draw(60))
-                                                       : Currency::FromRaw(draw(240) * 2500);
+    const Currency amount = how == 3 ? Currency::FromWhole(9999999)
+                            : (how == 4 || how == 5) && draw(4) != 0
+                                ? Currency::FromWhole(draw(60))
+                                : Currency::FromRaw(draw(240) * 2500);
     const Long flags = gate->rules.NoticeFlags;
     if (how == 3) gate->rules.NoticeFlags = 0;
-    gate->BetRequest = how == 1 ? Currency{} : -gate->Bet(1, b);
+    const Currency change = how == 5 && draw(2) == 0 ? Currency::FromWhole(draw(13) - 6)
+                                                     : amount - Currency::FromWhole(30);
+    gate->BetRequest = how == 1 ? Currency{} : how == 5 ? change : -gate->Bet(1, b);
     SetBetChecked(*gate, 1, b);
-    if (how >= 2) {
+    if (how >= 2 && how <= 4) {
       gate->BetRequest = amount;
       SetBetChecked(*gate, 1, b);
     }
@@ -375,12 +386,34 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     if (how == 1) KeepBetChecked(g, 1, b);
     if (how == 2) ReplaceBetChecked(g, 1, b, amount);
     if (how == 3) TakeBetToMaximum(g, 1, b);
+    if (how == 5) {
+      g.BetRequest = change;
+      ChangeBetChecked(g, 1, b);
+    }
     const std::vector<std::string> notices = newNotices();
     SCOPED_TRACE(testing::Message() << "step " << i << " (" << how << ") on " << BetName(b));
     ASSERT_EQ(notices, gateNotices);
     ASSERT_TRUE(g == *gate);
     ASSERT_EQ(g.betting.LimitText, gate->betting.LimitText);
     g.betting.MovingBet = false;
+  }
+  // A settling rule's change of such a bet in Hyper-Drive, under both
+  // correction modes and limits that refuse one side of it or both.
+  g.HyperDrive = g.betting.AllowNegBankroll(1) = true;
+  for (int i = 0; i < 3000; ++i) {
+    const int b = units[draw(8)];
+    g.autoplay.AutoAdjustMode(1) = 1 + draw(2);
+    g.autoplay.PlaceBias(1) = g.autoplay.LayBias(1) = draw(3);
+    g.rules.MinPlacardBet = Currency::FromWhole(1 + draw(12));
+    g.rules.MaxPlacardBet = Currency::FromWhole(2 + draw(40));
+    g.Bet(1, b) = Currency::FromWhole(draw(4) == 0 ? 0 : draw(30));
+    g.TotalBets(1) = TotalUpBets(g, 1);
+    const auto gate = std::make_unique<Game>(g);
+    gate->BetRequest = g.BetRequest = Currency::FromWhole(draw(41) - 20);
+    SetBetChecked(*gate, 1, b);
+    ChangeBetChecked(g, 1, b);
+    SCOPED_TRACE(testing::Message() << "change " << i << " on " << BetName(b));
+    ASSERT_TRUE(g == *gate);
   }
 }
 
@@ -443,7 +476,7 @@ TEST_F(Players, AMoveCarriesTheDiceOnlyToANeighbour) {
   // Players between both ways: the dice pass on, below the old seat.
   SeatPlayer(g, 7, "Gus", 100_usd);
   g.RollTally(kTableHand, kEventRolls) = 3;  // mid-hand
-  MovePlayer(g, 4, 8);  // 7 upward, 3 and 2 downward
+  MovePlayer(g, 4, 8);                       // 7 upward, 3 and 2 downward
   EXPECT_EQ(g.Shooter, 3);
   // When nobody can take the dice, they stay with the player who moved.
   for (int p = 1; p <= 8; ++p) g.autoplay.AutoPassDice(p) = true;
@@ -466,7 +499,8 @@ TEST_F(Players, CashingOutAbandonsTheBetsThatCantComeDown) {
   EXPECT_EQ(platform.messages.back().text,
             "Would you like to remove P1?\r\rP1 still has an active Pass Line bet and 2 active "
             "Come bets that can't be removed and will be abandoned.\r(Total abandoned: $30)");
-  EXPECT_NE(EventsLogText(g).find("    P1 cashed out with $870 (net loss: $130 includes $30 abandoned)\n"),
+  EXPECT_NE(EventsLogText(g).find(
+                "    P1 cashed out with $870 (net loss: $130 includes $30 abandoned)\n"),
             std::string::npos);
   EXPECT_TRUE(g.Bet(1, kPassLine).IsZero());
   EXPECT_EQ(g.PlayerCount, 2);
