@@ -206,8 +206,6 @@ void AppendLine(std::string& text, const char* piece, Currency amount) {
   AppendMoney(text, amount);
 }
 
-enum class Pick { Hi, Lo, Other };
-
 // w x d / d1, truncated, as 128-bit arithmetic gives it: in 64 bits when the
 // product fits (the usual case: the 128-bit division is a library call).
 std::int64_t ScaledByChecks(std::int64_t w, std::int64_t d, std::int64_t d1) {
@@ -254,37 +252,6 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
       }
     }
 
-    Currency choice;
-    Pick pick = Pick::Other;
-    auto take = [&](Pick which) {
-      pick = which;
-      choice = which == Pick::Hi ? hi : lo;
-    };
-    if (in.bias == 1) {
-      take(a.raw < 0 ? Pick::Lo : Pick::Hi);
-    } else if (in.bias == 2) {
-      if (a.raw > 0)
-        take(lo.raw > 0 ? Pick::Lo : Pick::Hi);
-      else if (a.raw < 0)
-        take(!hi.IsZero() ? Pick::Hi : Pick::Lo);
-      else
-        take(Pick::Lo);
-    } else if (IsComeLike(in.bet) && b + lo < in.contract) {
-      take(Pick::Hi);
-    } else if (IsDontLike(in.bet) && !in.contract.IsZero() && b + hi > in.contract) {
-      take(Pick::Lo);
-    } else if (!a.IsZero() && WholeQuotient(b + hi, a) && !hi.IsZero()) {
-      take(Pick::Hi);
-    } else if (!a.IsZero() && WholeQuotient(b + lo, a) && !lo.IsZero()) {
-      take(Pick::Lo);
-    } else if (a.raw > 0 && lo.raw <= 0) {
-      take(Pick::Hi);
-    } else if (a.raw < 0 && hi.raw >= 0) {
-      take(Pick::Lo);
-    } else {
-      take((hi - a) <= (a - lo) ? Pick::Hi : Pick::Lo);
-    }
-
     const bool hiTooHigh = b + hi > in.maximum;
     const bool loTooLow = b + lo < in.minimum;
     if (hiTooHigh && loTooLow) {
@@ -305,9 +272,9 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
       return change;
     }
 
-    if (pick == Pick::Lo && loTooLow) choice = (a.raw > 0 && !hiTooHigh) ? hi : -b;
-    if (b + choice > in.maximum) choice = lo;
-    if (b + choice < in.minimum && choice != -b) choice = hi;
+    const bool high = ProperPicksHigh(b, a, lo, hi, in.bias, IsComeLike(in.bet),
+                                      IsDontLike(in.bet), in.contract);
+    const Currency choice = HoldProperPick(high, b, a, lo, hi, in.minimum, in.maximum);
 
     if (text) {
       if (text->find("Maximum") != std::string::npos || hiTooHigh)

@@ -76,6 +76,34 @@ struct ProperOddsInput {
 };
 // The adjusted change. `text` is the pending message text (null in Hyper-Drive).
 Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text);
+// The adjustment's two steps after it has the whole-unit totals either side
+// of b + a, as changes from b: lo and hi = lo + w. First the pick (true for
+// hi): by the bias (1 increase, 2 decrease), else toward the contract of a
+// line or Come bet (comeLike) or a Don't bet (dontLike), else toward a total
+// that a divides, else away from 0, else the nearer.
+inline bool ProperPicksHigh(Currency b, Currency a, Currency lo, Currency hi, int bias,
+                            bool comeLike, bool dontLike, Currency contract) {
+  if (bias == 1) return a.raw >= 0;
+  if (bias == 2) return a.raw > 0 ? lo.raw <= 0 : a.raw < 0 && !hi.IsZero();
+  if (comeLike && b + lo < contract) return true;
+  if (dontLike && !contract.IsZero() && b + hi > contract) return false;
+  if (!a.IsZero() && !hi.IsZero() && (b + hi).raw % a.raw == 0) return true;
+  if (!a.IsZero() && !lo.IsZero() && (b + lo).raw % a.raw == 0) return false;
+  if (a.raw > 0 && lo.raw <= 0) return true;
+  if (a.raw < 0 && hi.raw >= 0) return false;
+  return hi - a <= a - lo;
+}
+// Then the pick held to the limits, when they leave one of the two totals: a
+// low total under the minimum goes up (or, for a decrease, the bet comes
+// down), and the result stays within the maximum and the minimum.
+inline Currency HoldProperPick(bool high, Currency b, Currency a, Currency lo, Currency hi,
+                               Currency minimum, Currency maximum) {
+  Currency choice = high ? hi : lo;
+  if (!high && b + lo < minimum) choice = a.raw > 0 && b + hi <= maximum ? hi : -b;
+  if (b + choice > maximum) choice = lo;
+  if (b + choice < minimum && choice != -b) choice = hi;
+  return choice;
+}
 // The unit the adjustment uses for a bet: Pass Line and Don't Pass take their
 // Come or Don't Come unit, the line odds those of the odds on the point.
 inline Currency ProperOddsUnit(const Game& game, int bet) {

@@ -553,31 +553,12 @@ bool AdjustPlainChange(Game& g, int p, int b) {
   }
   const Currency lo = Currency::FromRaw(total.raw / w.raw * w.raw) - B, hi = lo + w;
   const int bias = IsPlace(b) ? g.autoplay.PlaceBias(p) : IsLay(b) ? g.autoplay.LayBias(p) : 0;
-  bool high;
-  if (bias == 1)
-    high = a.raw > 0;
-  else if (bias == 2)
-    high = a.raw > 0 ? lo.raw <= 0 : !hi.IsZero();
-  else if (!hi.IsZero() && (B + hi).raw % a.raw == 0)
-    high = true;
-  else if (!lo.IsZero() && (B + lo).raw % a.raw == 0)
-    high = false;
-  else if (a.raw > 0 && lo.raw <= 0)
-    high = true;
-  else if (a.raw < 0 && hi.raw >= 0)
-    high = false;
-  else
-    high = hi - a <= a - lo;
-  const bool hiTooHigh = B + hi > s.BetMaximum, loTooLow = B + lo < s.BetMinimum;
-  if (hiTooHigh && loTooLow) {
+  if (B + hi > s.BetMaximum && B + lo < s.BetMinimum) {
     s.BetChange = a.raw < 0 ? -B : std::max(s.BetMaximum - B, Currency{});
     return true;
   }
-  Currency choice = high ? hi : lo;
-  if (!high && loTooLow) choice = a.raw > 0 && !hiTooHigh ? hi : -B;
-  if (B + choice > s.BetMaximum) choice = lo;
-  if (B + choice < s.BetMinimum && choice != -B) choice = hi;
-  s.BetChange = choice;
+  s.BetChange = HoldProperPick(ProperPicksHigh(B, a, lo, hi, bias, false, false, Currency{}), B,
+                               a, lo, hi, s.BetMinimum, s.BetMaximum);
   return true;
 }
 
