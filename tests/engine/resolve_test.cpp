@@ -612,7 +612,8 @@ TEST(ProperOdds, NearestBiasesAndColorCorrection) {
       {6, 4, 1, 0, 6},                            // 12 = 3 x the clicked 4 wins
       {0, 175, 2, 0, 150},  {0, 175, 1, 0, 174},  // color correction: green x 6
       {0, 25, 2, 0, 24},                          // green too small to carry the unit
-      {160, 0, 2, 0, -10}};                       // a zero change looks at the bet
+      {160, 0, 2, 0, -10},                        // a zero change looks at the bet
+      {8, 0, 1, 1, 4}};                           // ... and a bias up lifts it
   for (const auto& c : cases) {
     std::string text;
     EXPECT_EQ(AdjustProperOdds(Place6(Currency::FromWhole(c[0]), Currency::FromWhole(c[1]),
@@ -622,6 +623,14 @@ TEST(ProperOdds, NearestBiasesAndColorCorrection) {
         << c[0] << " + " << c[1] << " mode " << c[2] << " bias " << c[3];
     EXPECT_TRUE(text.empty());
   }
+  // A decrease between whole totals goes down even when the total above,
+  // the bet as it stands, is nearer; a total at the maximum is kept.
+  ProperOddsInput in = Place6(10_usd, -2_usd);
+  in.unit = 5_usd;
+  EXPECT_EQ(AdjustProperOdds(in, nullptr), -5_usd);
+  in = Place6(0_usd, 10_usd);
+  in.maximum = 12_usd;
+  EXPECT_EQ(AdjustProperOdds(in, nullptr), 12_usd);
 }
 
 TEST(ProperOdds, TotalsStayProperAndWithinLimits) {
