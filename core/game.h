@@ -159,12 +159,6 @@ struct Game {
   Table1<Currency, 0, 8> GraphHigh;
   Table1<Currency, 0, 8> GraphLow;
   Long GraphRollCount = 0;
-  // The page, the previous page and the trend of seats 1..8 are rings that
-  // share this start: logical column k is stored at column
-  // 1 + (k - 1 + GraphStart) % kGraphColumns (plus kGraphColumns for the
-  // previous page), so that a scroll moves no column. Read and write them
-  // through core/graph_rows.h. Not 0 only while the page is full.
-  Long GraphStart = 0;
 
   // Payoffs: for bet id b, column 0 the full-pay unit, 1 the numerator a,
   // 2 the "for" flag, 3 the denominator d. Row 0 is the bet under settlement.
@@ -195,6 +189,14 @@ struct Game {
   ScriptRunState scriptRun;
   TableState table;
   GraphViewState graph;
+  // The bankroll graph's page, previous page and trend of seats 1..8 (above)
+  // are rings that share this start: logical column k is stored at column
+  // 1 + (k - 1 + GraphStart) % kGraphColumns (plus kGraphColumns for the
+  // previous page), so that a scroll moves no column. Read and write them
+  // through core/graph_rows.h. Not 0 only while the page is full. Kept at
+  // the end with the window, so that the tables the roll reads keep their
+  // places in the game.
+  Long GraphStart = 0;
   GraphScrollWindow GraphWindow;  // the scroll's window of the graph's page (engine/roll_graph.cpp)
 
   friend bool operator==(const Game&, const Game&) = default;
