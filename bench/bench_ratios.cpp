@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <random>
 
-#include "bench/bare_loop.h"
 #include "bench/hyperdrive_stretches.h"
 
 namespace {
@@ -28,9 +27,7 @@ void BM_RollCostRatios(benchmark::State& state) {
   double bare = 0, emptyS = 0, passS = 0, eightS = 0;
   long allocations = 0;
   for (auto _ : state) {
-    const double start = ThreadSeconds();
-    benchmark::DoNotOptimize(BareLoop(rng, kBareRolls));
-    bare += ThreadSeconds() - start;
+    bare += TimeBareLoop(rng, kBareRolls);
     emptyS += TimedStretch(*empty.game, kEmptyRolls, allocations);
     passS += TimedStretch(*passLine.game, kPassLineRolls, allocations);
     eightS += TimedStretch(*eight.game, kEightPlayerRolls, allocations);

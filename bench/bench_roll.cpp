@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <random>
 
-#include "bench/bare_loop.h"
 #include "bench/hyperdrive_stretches.h"
 #include "core/game.h"
 #include "cycle/roll.h"
@@ -55,9 +54,7 @@ void BM_EightPlayersScrolling(benchmark::State& state) {
   std::mt19937 rng(static_cast<std::uint32_t>(kBenchSeed));
   double bare = 0, scrolling = 0;
   for (auto _ : state) {
-    const double start = ThreadSeconds();
-    benchmark::DoNotOptimize(BareLoop(rng, kBareRolls));
-    bare += ThreadSeconds() - start;
+    bare += TimeBareLoop(rng, kBareRolls);
     scrolling += TimedStretch(g, kRolls, allocations);
   }
   const double n = static_cast<double>(state.iterations());

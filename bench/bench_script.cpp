@@ -14,7 +14,6 @@
 #include <random>
 #include <string>
 
-#include "bench/bare_loop.h"
 #include "bench/hyperdrive_stretches.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
@@ -70,9 +69,7 @@ void PlayScript(benchmark::State& state, const std::string& path, const std::str
   long allocations = 0;
   double bare = 0, script = 0;
   for (auto _ : state) {
-    const double start = ThreadSeconds();
-    benchmark::DoNotOptimize(BareLoop(rng, kBareRolls));
-    bare += ThreadSeconds() - start;
+    bare += TimeBareLoop(rng, kBareRolls);
     script += TimedStretch(*s.game, kRollsPerRun, allocations);
   }
   const double n = static_cast<double>(state.iterations());

@@ -12,6 +12,7 @@
 #include <ctime>
 #include <memory>
 
+#include "bench/bare_loop.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "cycle/bench_workload.h"
@@ -27,6 +28,13 @@ inline double ThreadSeconds() {
   timespec ts{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ts);
   return static_cast<double>(ts.tv_sec) + static_cast<double>(ts.tv_nsec) * 1e-9;
+}
+
+// Thread seconds that `rolls` rolls of the bare loop take.
+inline double TimeBareLoop(std::mt19937& rng, std::int64_t rolls) {
+  const double start = ThreadSeconds();
+  benchmark::DoNotOptimize(BareLoop(rng, rolls));
+  return ThreadSeconds() - start;
 }
 
 // A started-up game with one of the bench workloads, on a headless platform.
