@@ -206,15 +206,6 @@ void AppendLine(std::string& text, const char* piece, Currency amount) {
   AppendMoney(text, amount);
 }
 
-// w x d / d1, truncated, as 128-bit arithmetic gives it: in 64 bits when the
-// product fits (the usual case: the 128-bit division is a library call).
-std::int64_t ScaledByChecks(std::int64_t w, std::int64_t d, std::int64_t d1) {
-  std::int64_t product = 0;
-  if (!__builtin_mul_overflow(w, d, &product) && !(product == INT64_MIN && d1 == -1))
-    return product / d1;
-  return static_cast<std::int64_t>(static_cast<i128>(w) * d / d1);
-}
-
 }  // namespace
 
 Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
@@ -233,19 +224,7 @@ Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text) {
     Currency hi = lo + w;
 
     if (mode == 2) {
-      for (int i = 5; i >= 2; --i) {
-        if (d[i].raw <= 0) continue;
-        // A change that is no multiple of check i can't take its unit; one
-        // below the check (but not 0) is none, without a division.
-        const Currency size = Currency::FromRaw(std::llabs(a.raw));
-        if (!a.IsZero() && (size < d[i] || !WholeQuotient(a, d[i]))) continue;
-        const Currency wide = Currency::FromRaw(ScaledByChecks(w.raw, d[i].raw, d[1].raw));
-        const bool fits = a.IsZero() ? b >= wide : size >= wide;
-        if (fits) {
-          w = wide;
-          break;
-        }
-      }
+      w = ColorCorrectionUnit(w, a, b, [d](int i) { return d[i]; });
       if (w.raw > 0 && w != in.unit) {  // a wider unit was taken: its own pair
         lo = CurMulInt(w, FloorDiv(total.raw, w.raw)) - b;
         hi = lo + w;

@@ -13,6 +13,7 @@
 //   payoff such as 6 to 5 never fails a whole test through float error.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "core/catalogue.h"
@@ -76,6 +77,33 @@ struct ProperOddsInput {
 };
 // The adjusted change. `text` is the pending message text (null in Hyper-Drive).
 Currency AdjustProperOdds(const ProperOddsInput& in, std::string* text);
+// w x d / d1, truncated, as 128-bit arithmetic gives it: in 64 bits when the
+// product fits (the usual case: the 128-bit division is a library call).
+inline std::int64_t ScaledByChecks(std::int64_t w, std::int64_t d, std::int64_t d1) {
+  std::int64_t product = 0;
+  if (!__builtin_mul_overflow(w, d, &product) && !(product == INT64_MIN && d1 == -1))
+    return product / d1;
+  __extension__ typedef __int128 Wide;
+  return static_cast<std::int64_t>(static_cast<Wide>(w) * d / d1);
+}
+// The unit a color correction takes for a change a of bet b whose proper
+// unit is w: w scaled by the first of checks 5 down to 2 that a is a whole
+// number of, when a (for a change of 0, the bet) reaches that unit; w when
+// none does. `check(i)` is check i, check(1) above 0.
+template <class Check>
+inline Currency ColorCorrectionUnit(Currency w, Currency a, Currency b, Check check) {
+  // A change that is no multiple of check i can't take its unit; one below
+  // the check (but not 0) is none, without a division.
+  const Currency size = Currency::FromRaw(a.raw < 0 ? -a.raw : a.raw);
+  for (int i = 5; i >= 2; --i) {
+    const Currency d = check(i);
+    if (d.raw <= 0) continue;
+    if (!a.IsZero() && (size < d || a.raw % d.raw != 0)) continue;
+    const Currency wide = Currency::FromRaw(ScaledByChecks(w.raw, d.raw, check(1).raw));
+    if (a.IsZero() ? b >= wide : size >= wide) return wide;
+  }
+  return w;
+}
 // The adjustment's two steps after it has the whole-unit totals either side
 // of b + a, as changes from b: lo and hi = lo + w. First the pick (true for
 // hi): by the bias (1 increase, 2 decrease), else toward the contract of a

@@ -541,16 +541,9 @@ bool AdjustPlainChange(Game& g, int p, int b) {
   // ProperOddsUnit of a bet outside the contract rules: its own unit.
   const Currency w = g.PayoffTbl(0, b), total = B + a;
   if (a.IsZero()) return false;
-  if (g.autoplay.AutoAdjustMode(p) == 2) {  // the color correction's search, as the rule makes it
-    const Currency size = a.raw < 0 ? -a : a, smallest = g.CheckValue(1);
-    for (int i = 5; i >= 2; --i) {
-      const Currency d = g.CheckValue(i);
-      if (d.raw <= 0 || size < d || a.raw % d.raw != 0) continue;
-      std::int64_t wide = 0;
-      if (__builtin_mul_overflow(w.raw, d.raw, &wide) || size.raw >= wide / smallest.raw)
-        return false;
-    }
-  }
+  if (g.autoplay.AutoAdjustMode(p) == 2 &&
+      ColorCorrectionUnit(w, a, B, [&g](int i) { return g.CheckValue(i); }) != w)
+    return false;
   const Currency lo = Currency::FromRaw(total.raw / w.raw * w.raw) - B, hi = lo + w;
   const int bias = IsPlace(b) ? g.autoplay.PlaceBias(p) : IsLay(b) ? g.autoplay.LayBias(p) : 0;
   if (B + hi > s.BetMaximum && B + lo < s.BetMinimum) {

@@ -612,6 +612,7 @@ TEST(ProperOdds, NearestBiasesAndColorCorrection) {
       {6, 4, 1, 0, 6},                            // 12 = 3 x the clicked 4 wins
       {0, 175, 2, 0, 150},  {0, 175, 1, 0, 174},  // color correction: green x 6
       {0, 25, 2, 0, 24},                          // green too small to carry the unit
+      {3, 150, 2, 0, 297},                        // a change of just the green unit takes it
       {160, 0, 2, 0, -10},                        // a zero change looks at the bet
       {8, 0, 1, 1, 4}};                           // ... and a bias up lifts it
   for (const auto& c : cases) {
