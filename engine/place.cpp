@@ -640,10 +640,11 @@ void TakeBetDownChecked(Game& g, int p, int b) {
   const Currency B = g.Bet(p, b);
   g.BetRequest = -B;
   // The contract rules hold up only a Pass Line or Come bet on a point
-  // coming down: those, and a bet outside 0..the largest request, go
-  // through the whole gate.
-  if (p < 1 || p > 8 || !IsRealBet(b) || b == bet::kPassLine || IsComePoint(b) || B < Currency{} ||
-      B > kCheckStackLimit) {
+  // coming down, and only above 0, its contract: such a bet with a contract
+  // (cleared by its decision, so never when a settling takes it down), and a
+  // bet outside 0..the largest request, go through the whole gate.
+  if (p < 1 || p > 8 || !IsRealBet(b) || B < Currency{} || B > kCheckStackLimit ||
+      ((b == bet::kPassLine || IsComePoint(b)) && g.BetContract(p, b) > Currency{})) {
     SetBetChecked(g, p, b);
     return;
   }
