@@ -32,9 +32,9 @@ void RequestTakeDown(Game& g, int p) {
   if (CanShow(g)) g.platform->RequestRedraw(Redraw::Table);
 }
 
-// The notice that tells what became of the bet against the bet at the roll.
-void ActionNotice(Game& g, int p, std::string_view title) {
-  if (!CanShow(g) || (g.rules.NoticeFlags & kNoticeCharges) == 0) return;
+// The notice that tells what became of the bet against the bet at the roll,
+// built only when shown.
+[[gnu::cold]] [[gnu::noinline]] void ShowActionNotice(Game& g, int p, std::string_view title) {
   const Currency now = g.Bet(p, g.CurBet), before = g.BetAtRoll(p, g.CurBet);
   std::string text = Cat(g.PlayerName[p], ",\r\r", BetName(g.CurBet), " bet ");
   if (now > before)
@@ -44,6 +44,12 @@ void ActionNotice(Game& g, int p, std::string_view title) {
   else
     text += "remains the same.";
   ShowNotice(g, text, title, kHelpNone, kMsgOk | kMsgHideCharges);
+}
+
+// ShowActionNotice where a notice may be shown: the settling in Hyper-Drive
+// makes no call for it.
+void ActionNotice(Game& g, int p, std::string_view title) {
+  if (CanShow(g) && (g.rules.NoticeFlags & kNoticeCharges) != 0) ShowActionNotice(g, p, title);
 }
 
 // CurMul(n, m) for an amount n and a units multiplier m, which is 1 for
@@ -124,9 +130,15 @@ void ShowDialogOf(Game& g, int p, SettleKind kind) {
 void FigurePressUnit(Game& g, int p, int b) {
   const double unit = g.PayoffTbl(0, b).ToDouble(), smallest = g.CheckValue(1).ToDouble();
   const Currency bet = g.Bet(p, b);
+  const double below = bet.ToDouble() + 1.0;
   Currency x;
   for (int i = 5; i >= 1; --i) {
-    x = CurFromDouble(unit * g.CheckValue(i).ToDouble() / smallest);
+    const double figure = unit * g.CheckValue(i).ToDouble() / smallest;
+    // A unit a dollar or more above the bet rounds to no amount below it:
+    // the next smaller check is tried without rounding this one (the last
+    // is rounded always, as it is what stays when none divides the bet).
+    if (i > 1 && figure >= below) continue;
+    x = CurFromDouble(figure);
     if (x > Currency{} && x < bet && IsWhole(bet.ToDouble() / x.ToDouble())) break;
   }
   g.autoplay.PressUnit = x;
@@ -134,7 +146,8 @@ void FigurePressUnit(Game& g, int p, int b) {
 
 void SettleWinner(Game& g, int p) {
   const int b = g.CurBet;
-  PlayWinSound(g, g.autoplay.HandleWinningBets(p) != kWinManual);
+  // No sound plays in Hyper-Drive, so no call is made for one there.
+  if (!g.HyperDrive) PlayWinSound(g, g.autoplay.HandleWinningBets(p) != kWinManual);
   bool upFront = false;
   if (Currency* vig = VigEntry(g, p, b, &upFront)) {
     if (upFront) g.TotalBets(p) -= *vig;
@@ -283,6 +296,10 @@ void TakeBetDown(Game& g, int p) {
 }
 
 void SameBet(Game& g, int p) {
+  if (!CanShow(g)) {  // the amount before is read only for the notice
+    Request(g, p, Currency{}, false);
+    return;
+  }
   const Currency before = g.Bet(p, g.CurBet);
   Request(g, p, Currency{}, false);
   if (g.Bet(p, g.CurBet) != before) ActionNotice(g, p, "Same Bet");
@@ -316,11 +333,19 @@ void BetRemainder(Game& g, int p) {
   if (g.Bet(p, g.CurBet) > Currency{}) ActionNotice(g, p, "Bet remainder");
 }
 
-Currency AdjustMultiplier(const Game& g, int p, int k) {
-  const int u = UnitsIndex(g.autoplay.AdjustUnits(p, k));
+namespace {
+
+// AdjustMultiplier for the units index u of the slot, read once by the caller.
+Currency MultiplierOfUnits(const Game& g, int p, int u) {
   if (u == 0) return Currency::FromWhole(1);
   if (u == 1) return CurFromDouble(g.BetAtRoll(p, g.CurBet).ToDouble() / 100.0);
   return CurMul(g.CheckValue(u - 1), g.PayoffTbl(0, g.CurBet));
+}
+
+}  // namespace
+
+Currency AdjustMultiplier(const Game& g, int p, int k) {
+  return MultiplierOfUnits(g, p, UnitsIndex(g.autoplay.AdjustUnits(p, k)));
 }
 
 Currency UnitMultiplier(const Game& g, int u) {
@@ -334,7 +359,7 @@ void AdjustSameBet(Game& g, int p, int k) {
   const int u = UnitsIndex(g.autoplay.AdjustUnits(p, k));
   const Currency n = g.autoplay.AdjustAmount(p, k);
   const Currency B = g.BetAtRoll(p, g.CurBet);
-  Currency m = AdjustMultiplier(g, p, k);
+  Currency m = MultiplierOfUnits(g, p, u);
   const int op = g.autoplay.AdjustOperator(p, k);
   if ((op == 2 || op == 3) && u == 1) m = Currency::FromRaw(100);  // 0.01
   Currency request;
