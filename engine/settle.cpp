@@ -144,7 +144,10 @@ void FigurePressUnit(Game& g, int p, int b) {
   g.autoplay.PressUnit = x;
 }
 
-void SettleWinner(Game& g, int p) {
+// The two entry points the roll calls for nearly every decision take the
+// actions and their small helpers in line (flatten), so that a bet settled
+// in Hyper-Drive goes from here straight to the gate.
+[[gnu::flatten]] void SettleWinner(Game& g, int p) {
   const int b = g.CurBet;
   // No sound plays in Hyper-Drive, so no call is made for one there.
   if (!g.HyperDrive) PlayWinSound(g, g.autoplay.HandleWinningBets(p) != kWinManual);
@@ -194,7 +197,7 @@ void SettleWinner(Game& g, int p) {
   }
 }
 
-void SettleLoser(Game& g, int p) {
+[[gnu::flatten]] void SettleLoser(Game& g, int p) {
   const int b = g.CurBet;
   const int rule = EffectiveRule(g, g.autoplay.HandleLosingBets(p));
   if (rule == kLoseManual) {
