@@ -127,7 +127,9 @@ void ShowDialogOf(Game& g, int p, SettleKind kind) {
 
 }  // namespace
 
-void FigurePressUnit(Game& g, int p, int b) {
+// Out of line: the settling asks it for two rules only, and its doubles
+// would crowd the two entry points that take everything else in line.
+[[gnu::noinline]] void FigurePressUnit(Game& g, int p, int b) {
   const double unit = g.PayoffTbl(0, b).ToDouble(), smallest = g.CheckValue(1).ToDouble();
   const Currency bet = g.Bet(p, b);
   const double below = bet.ToDouble() + 1.0;
