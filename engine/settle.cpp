@@ -60,8 +60,11 @@ Currency TimesUnits(Currency n, Currency m) {
 }
 
 int UnitsIndex(Currency units) {
+  // Below one whole unit (most rules count in dollars, units 0) the index
+  // is 0 without a division.
+  if (units.raw < Currency::kScale) return 0;
   const std::int64_t u = units.raw / Currency::kScale;
-  return u < 0 ? 0 : u > 6 ? 6 : static_cast<int>(u);
+  return u > 6 ? 6 : static_cast<int>(u);
 }
 
 // Vig of a Lay or Buy bet settled now: up front it leaves TotalBets; the
