@@ -8,11 +8,7 @@
 void MoveBet(Game& g, int p, int fromBet, int toBet) {
   const Currency amount = g.Bet(p, fromBet);
   if (amount <= Currency{}) return;
-  TakeBetDownChecked(g, p, fromBet);
-  g.betting.MovingBet = true;
-  g.BetRequest = amount;
-  PlaceBet(g, p, toBet);
-  g.betting.MovingBet = false;
+  CarryBet(g, p, fromBet, toBet);
   g.BetContract(p, toBet) = amount;
   g.roll.MarkBetChanged(p, toBet);
   if (IsComePoint(toBet)) g.ComeFlatAtSet(p, toBet - bet::kComePointFirst) = amount;

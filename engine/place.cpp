@@ -711,6 +711,29 @@ void OpenBetChecked(Game& g, int p, int b) {
   SetBetChecked(g, p, b);
 }
 
+bool CarryBetChecked(Game& g, int p, int from, int to) {
+  // The take-down of a bet on a box ends at 0 for a seat the bankroll never
+  // holds, and the open of a bet carried to its number is the gate's short
+  // path (OpenBetChecked) when the amount lies within the limits of `to`,
+  // which hang on no bet of the seat: the take-down leaves them as they are.
+  const Currency amount = g.Bet(p, from);
+  if (!g.HyperDrive || p < 1 || p > 8 || (from != bet::kCome && from != bet::kDontCome) ||
+      !(IsComePoint(to) || IsDontComePoint(to)) || !g.betting.AllowNegBankroll(p) ||
+      !g.Bet(p, to).IsZero() || !InWholeChecks(g, amount) ||
+      !SetFromZeroAsAsked(g, p, to, amount))
+    return false;
+  // Apply of minus the amount on `from`, then of the amount on `to`:
+  // TotalBets ends as it was.
+  g.Bet(p, from) = Currency{};
+  g.roll.MarkBetChanged(p, from);
+  ResetWorkingOfMarked(g, p, from);
+  g.Bet(p, to) = amount;
+  g.roll.MarkBetChanged(p, to);
+  g.BetRequest = amount;
+  g.betting.BetChange = amount;
+  return true;
+}
+
 void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
   BettingState& s = g.betting;
   // In Hyper-Drive, for a bet the contract rules leave alone and a seat the

@@ -45,6 +45,12 @@ void OpenBetChecked(Game& game, int p, int b);
 // a bet outside the contract rules and a seat the bankroll never holds, the
 // same steps and writes without those such a request skips.
 void ChangeBetChecked(Game& game, int p, int b);
+// TakeBetDownChecked of bet `from` of p, then OpenBetChecked of bet `to`
+// with the amount `from` had, as a bet carried to its number (MovingBet):
+// in Hyper-Drive, for a Come or Don't Come bet carried to a number at 0, a
+// seat the bankroll never holds and an amount `to` takes as it is, the two
+// writes alone, and true. Else false, with no bet or total changed.
+bool CarryBetChecked(Game& game, int p, int from, int to);
 // TakeBetDownChecked, then the gate with game.BetRequest set to `amount`
 // (KeepBetChecked for 0): a bet set afresh, as a settling rule does it.
 void ReplaceBetChecked(Game& game, int p, int b, Currency amount);
@@ -58,6 +64,11 @@ Currency BetMaximumInFull(const Game& game, int p, int b);
 // bet is switched off), then the odds that hang on a changed flat bet follow.
 // x and y are table coordinates of a moving check, unused without a window.
 void PlaceBet(Game& game, int p, int b, int x = 0, int y = 0);
+// Bet `from` of p taken down and its amount placed on `to` as a bet carried
+// to its number (MovingBet), the odds following: TakeBetDownChecked, then
+// PlaceBet with MovingBet set, with the two gates made in one step where
+// CarryBetChecked can.
+void CarryBet(Game& game, int p, int from, int to);
 // Takes bet b down entirely, when it has an amount.
 void RemoveBet(Game& game, int p, int b);
 // Sets bet b to the most the rules allow, without notices.

@@ -87,6 +87,28 @@ void PlaceBet(Game& g, int p, int b, int /*x*/, int /*y*/) {
   s.PendingAction = kPendingNone;
 }
 
+void CarryBet(Game& g, int p, int from, int to) {
+  BettingState& s = g.betting;
+  if (!CarryBetChecked(g, p, from, to)) {
+    const Currency amount = g.Bet(p, from);
+    TakeBetDownChecked(g, p, from);
+    s.MovingBet = true;
+    g.BetRequest = amount;
+    PlaceBet(g, p, to);
+    s.MovingBet = false;
+    return;
+  }
+  // PlaceBet's steps after a change: a carried bet makes no sound, and
+  // Hyper-Drive no redraw.
+  const Currency change = s.BetChange;
+  g.roll.SessionDirty = true;
+  s.MovingBet = true;
+  FollowOdds(g, p, to);
+  s.MovingBet = false;
+  s.BetChange = change;
+  s.PendingAction = kPendingNone;
+}
+
 void RemoveBet(Game& g, int p, int b) {
   if (!Valid(p, b)) return;
   if (g.Bet(p, b).IsZero()) return;

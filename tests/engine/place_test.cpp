@@ -302,8 +302,9 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
 
 // The settling, MoveBet and TakeBetToMaximum take a bet down through
 // TakeBetDownChecked; the settling leaves a bet as it stands through
-// KeepBetChecked or sets it afresh through ReplaceBetChecked; and
-// TakeBetToMaximum sets a bet at 0 in one step. Each skips the steps such
+// KeepBetChecked or sets it afresh through ReplaceBetChecked;
+// TakeBetToMaximum sets a bet at 0 in one step; and MoveBet carries a bet
+// with its odds to its number in one step (CarryBet). Each skips the steps such
 // requests cannot reach: over a random walk of bets, points, contracts,
 // limits, proper-odds adjustment, bankroll, vig, working flags and notice
 // rules each must leave the game and the notices exactly as the whole gate.
@@ -335,6 +336,7 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     if (r == 14) g.RollTally(kTableHand, kEventRolls) = draw(2);  // the hand's first roll made
     // Where most short paths run.
     if (r == 15) g.HyperDrive = g.betting.AllowNegBankroll(1) = true;
+    if (r == 16) g.autoplay.AutoTakeFullOdds(1) = g.autoplay.AutoLayFullOdds(1) = draw(2) == 0;
     int b = 1 + static_cast<int>(rng() % kLastRealBet);
     if (rng() % 3 != 0) {  // build the table up
       g.BetRequest = Currency::FromWhole(static_cast<std::int64_t>(rng() % 60));
@@ -354,13 +356,26 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     // 0 takes the bet down, 1 keeps it, 2 takes it down and sets it afresh,
     // 3 takes it to its maximum (without notices), 4 takes it down and
     // opens it again, 5 changes it as a settling rule does (either sign;
-    // drawn twice as often as the others).
-    const int how = std::min(draw(7), 5);
+    // drawn twice as often as the others), 6 carries a Come or Don't Come
+    // bet to its number b, laid on the box here, its odds following.
+    const int kind = draw(8);
+    const int how = kind == 7 ? 6 : std::min(kind, 5);
     if (how == 3 && draw(2) == 0)
       b = IsOddsBet(b) ? b : draw(2) == 0 ? kPassLineOdds : kDontPassOdds;
     const int contracts[] = {kPassLine, kDontPass, kCome, kDontCome, kFire, ComeId(6), DontComeId(4)};
     if (how == 4 && draw(2) == 0) b = contracts[draw(7)];
     if (how == 5 && draw(2) == 0) b = units[draw(8)];
+    const int box = draw(2) == 0 ? kCome : kDontCome;
+    if (how == 6) {
+      b = (box == kCome ? ComeId(4) : DontComeId(4)) + draw(6);
+      const Currency laid = draw(4) != 0 ? Currency::FromWhole(draw(60)) : Currency::FromRaw(draw(240) * 2500);
+      const Long working = draw(4) - 1;  // called off, default, on
+      for (Game* x : {&g, gate.get()}) {
+        x->TotalBets(1) += laid - x->Bet(1, box);
+        x->Bet(1, box) = laid;
+        x->BetWorking(1, box) = working;
+      }
+    }
     // A bet opened again mostly in whole dollars, the steps of a check.
     const Currency amount = how == 3 ? Currency::FromWhole(9999999)
                             : (how == 4 || how == 5) && draw(4) != 0
@@ -371,7 +386,17 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     const Currency change = how == 5 && draw(2) == 0 ? Currency::FromWhole(draw(13) - 6)
                                                      : amount - Currency::FromWhole(30);
     gate->BetRequest = how == 1 ? Currency{} : how == 5 ? change : -gate->Bet(1, b);
-    SetBetChecked(*gate, 1, b);
+    if (how == 6) {  // MoveBet's steps one by one
+      const Currency carried = gate->Bet(1, box);
+      gate->BetRequest = -carried;
+      SetBetChecked(*gate, 1, box);
+      gate->BetRequest = carried;
+      gate->betting.MovingBet = true;
+      PlaceBet(*gate, 1, b);
+      gate->betting.MovingBet = false;
+    } else {
+      SetBetChecked(*gate, 1, b);
+    }
     if (how >= 2 && how <= 4) {
       gate->BetRequest = amount;
       SetBetChecked(*gate, 1, b);
@@ -385,6 +410,7 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     }
     if (how == 1) KeepBetChecked(g, 1, b);
     if (how == 2) ReplaceBetChecked(g, 1, b, amount);
+    if (how == 6) CarryBet(g, 1, box, b);
     if (how == 3) TakeBetToMaximum(g, 1, b);
     if (how == 5) {
       g.BetRequest = change;
