@@ -713,21 +713,26 @@ void OpenBetChecked(Game& g, int p, int b) {
 
 bool CarryBetChecked(Game& g, int p, int from, int to) {
   // The take-down of a bet on a box ends at 0 for a seat the bankroll never
-  // holds, and the open of a bet carried to its number is the gate's short
-  // path (OpenBetChecked) when the amount lies within the limits of `to`,
-  // which hang on no bet of the seat: the take-down leaves them as they are.
-  const Currency amount = g.Bet(p, from);
+  // holds, and the open of a bet carried to its number at 0 is the gate's
+  // short path (OpenBetChecked) when the amount lies within the limits of
+  // `to`, which hang on no bet of the seat: the take-down leaves them as
+  // they are.
+  // A bet already standing on the number (one left up) takes the amount
+  // the same way: the contract rules pass a carried bet, the rounding
+  // leaves a change in whole checks as it is, and the limits and proper
+  // units hold the new total as they hold an amount asked of a bet at 0.
+  const Currency amount = g.Bet(p, from), standing = g.Bet(p, to);
   if (!g.HyperDrive || p < 1 || p > 8 || (from != bet::kCome && from != bet::kDontCome) ||
       !(IsComePoint(to) || IsDontComePoint(to)) || !g.betting.AllowNegBankroll(p) ||
-      !g.Bet(p, to).IsZero() || !InWholeChecks(g, amount) ||
-      !SetFromZeroAsAsked(g, p, to, amount))
+      standing < Currency{} || standing > kCheckStackLimit || !InWholeChecks(g, amount) ||
+      !SetFromZeroAsAsked(g, p, to, standing + amount))
     return false;
   // Apply of minus the amount on `from`, then of the amount on `to`:
   // TotalBets ends as it was.
   g.Bet(p, from) = Currency{};
   g.roll.MarkBetChanged(p, from);
   ResetWorkingOfMarked(g, p, from);
-  g.Bet(p, to) = amount;
+  g.Bet(p, to) = standing + amount;
   g.roll.MarkBetChanged(p, to);
   g.BetRequest = amount;
   g.betting.BetChange = amount;

@@ -47,9 +47,9 @@ void OpenBetChecked(Game& game, int p, int b);
 void ChangeBetChecked(Game& game, int p, int b);
 // TakeBetDownChecked of bet `from` of p, then OpenBetChecked of bet `to`
 // with the amount `from` had, as a bet carried to its number (MovingBet):
-// in Hyper-Drive, for a Come or Don't Come bet carried to a number at 0, a
-// seat the bankroll never holds and an amount `to` takes as it is, the two
-// writes alone, and true. Else false, with no bet or total changed.
+// in Hyper-Drive, for a Come or Don't Come bet, a seat the bankroll never
+// holds and an amount `to` takes as it is, the two writes alone, and true.
+// Else false, with no bet or total changed.
 bool CarryBetChecked(Game& game, int p, int from, int to);
 // TakeBetDownChecked, then the gate with game.BetRequest set to `amount`
 // (KeepBetChecked for 0): a bet set afresh, as a settling rule does it.
