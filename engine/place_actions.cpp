@@ -77,9 +77,12 @@ void PlaceBet(Game& g, int p, int b, int /*x*/, int /*y*/) {
   OpenBetChecked(g, p, b);
   const Currency change = s.BetChange;
   if (!change.IsZero()) {
-    // A bet carried to its number (MoveBet) and a script's bets make no sound.
-    if (!s.MovingBet && !g.scriptRun.ScriptRunning) PlayCheckSound(g);
-    RedrawTable(g);
+    // A bet carried to its number (MoveBet) and a script's bets make no
+    // sound; Hyper-Drive makes neither sound nor redraw.
+    if (!g.HyperDrive) {
+      if (!s.MovingBet && !g.scriptRun.ScriptRunning) PlayCheckSound(g);
+      RedrawTable(g);
+    }
     g.roll.SessionDirty = true;
   }
   FollowOdds(g, p, b);
