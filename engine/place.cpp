@@ -721,11 +721,13 @@ bool CarryBetChecked(Game& g, int p, int from, int to) {
   // the same way: the contract rules pass a carried bet, the rounding
   // leaves a change in whole checks as it is, and the limits and proper
   // units hold the new total as they hold an amount asked of a bet at 0.
+  // An empty box carries nothing: the plain steps then change no bet and
+  // leave the session unmarked.
   const Currency amount = g.Bet(p, from), standing = g.Bet(p, to);
   if (!g.HyperDrive || p < 1 || p > 8 || (from != bet::kCome && from != bet::kDontCome) ||
       !(IsComePoint(to) || IsDontComePoint(to)) || !g.betting.AllowNegBankroll(p) ||
-      standing < Currency{} || standing > kCheckStackLimit || !InWholeChecks(g, amount) ||
-      !SetFromZeroAsAsked(g, p, to, standing + amount))
+      amount <= Currency{} || standing < Currency{} || standing > kCheckStackLimit ||
+      !InWholeChecks(g, amount) || !SetFromZeroAsAsked(g, p, to, standing + amount))
     return false;
   // Apply of minus the amount on `from`, then of the amount on `to`:
   // TotalBets ends as it was.
