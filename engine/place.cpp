@@ -475,6 +475,13 @@ inline void FinishTakeDown(Game& g, int p, int b) {
   Apply(g, p, b);
 }
 
+// Where the gate's short paths may run: in Hyper-Drive, which shows no
+// notice, text or redraw, for a real bet of a seat the bankroll never holds
+// (HoldToBankroll then never holds).
+[[gnu::always_inline]] inline bool QuietSeatBet(const Game& g, int p, int b) {
+  return g.HyperDrive && p >= 1 && p <= 8 && IsRealBet(b) && g.betting.AllowNegBankroll(p);
+}
+
 // The contract rules let an odds bet grow only over its flat bet (and the
 // line odds with a point on); the bets outside the rules always.
 [[gnu::always_inline]] inline bool FreeToGrow(const Game& g, int p, int b) {
@@ -550,8 +557,8 @@ bool AdjustPlainChange(Game& g, int p, int b) {
     s.BetChange = a.raw < 0 ? -B : std::max(s.BetMaximum - B, Currency{});
     return true;
   }
-  s.BetChange = HoldProperPick(ProperPicksHigh(B, a, lo, hi, bias, false, false, Currency{}), B,
-                               a, lo, hi, s.BetMinimum, s.BetMaximum);
+  s.BetChange = HoldProperPick(ProperPicksHigh(B, a, lo, hi, bias, false, false, Currency{}), B, a,
+                               lo, hi, s.BetMinimum, s.BetMaximum);
   return true;
 }
 
@@ -639,10 +646,10 @@ void SetBetChecked(Game& g, int p, int b) {
 void TakeBetDownChecked(Game& g, int p, int b) {
   const Currency B = g.Bet(p, b);
   g.BetRequest = -B;
-  // The contract rules hold up only a Pass Line or Come bet on a point
-  // coming down, and only above 0, its contract: such a bet with a contract
-  // (cleared by its decision, so never when a settling takes it down), and a
-  // bet outside 0..the largest request, go through the whole gate.
+  // The contract rules hold up a take-down only of a Pass Line or Come point
+  // bet whose contract is above 0 (a decision clears it, so a settling's
+  // take-down never meets one): such a bet, and a bet outside 0..the
+  // largest request, go through the whole gate.
   if (p < 1 || p > 8 || !IsRealBet(b) || B < Currency{} || B > kCheckStackLimit ||
       ((b == bet::kPassLine || IsComePoint(b)) && g.BetContract(p, b) > Currency{})) {
     SetBetChecked(g, p, b);
@@ -701,9 +708,8 @@ void OpenBetChecked(Game& g, int p, int b) {
   // limits and, for a seat whose bets are adjusted, in whole proper units:
   // no rounding, cut, adjustment, text, notice or redraw is made. Else (the
   // limits figured here are figured the same again) the whole gate.
-  if (g.HyperDrive && p >= 1 && p <= 8 && IsRealBet(b) && g.Bet(p, b).IsZero() &&
-      g.betting.AllowNegBankroll(p) && InWholeChecks(g, amount) && FreeFromZero(g, p, b) &&
-      SetFromZeroAsAsked(g, p, b, amount)) {
+  if (QuietSeatBet(g, p, b) && g.Bet(p, b).IsZero() && InWholeChecks(g, amount) &&
+      FreeFromZero(g, p, b) && SetFromZeroAsAsked(g, p, b, amount)) {
     g.betting.BetChange = amount;
     Apply(g, p, b);
     return;
@@ -721,13 +727,13 @@ bool CarryBetChecked(Game& g, int p, int from, int to) {
   // the same way: the contract rules pass a carried bet, the rounding
   // leaves a change in whole checks as it is, and the limits and proper
   // units hold the new total as they hold an amount asked of a bet at 0.
-  // An empty box carries nothing: the plain steps then change no bet and
-  // leave the session unmarked.
+  // An empty box (not in whole checks) carries nothing: the plain steps
+  // then change no bet and leave the session unmarked.
   const Currency amount = g.Bet(p, from), standing = g.Bet(p, to);
-  if (!g.HyperDrive || p < 1 || p > 8 || (from != bet::kCome && from != bet::kDontCome) ||
-      !(IsComePoint(to) || IsDontComePoint(to)) || !g.betting.AllowNegBankroll(p) ||
-      amount <= Currency{} || standing < Currency{} || standing > kCheckStackLimit ||
-      !InWholeChecks(g, amount) || !SetFromZeroAsAsked(g, p, to, standing + amount))
+  if (!QuietSeatBet(g, p, to) || (from != bet::kCome && from != bet::kDontCome) ||
+      !(IsComePoint(to) || IsDontComePoint(to)) || standing < Currency{} ||
+      standing > kCheckStackLimit || !InWholeChecks(g, amount) ||
+      !SetFromZeroAsAsked(g, p, to, standing + amount))
     return false;
   // Apply of minus the amount on `from`, then of the amount on `to`:
   // TotalBets ends as it was.
@@ -750,8 +756,7 @@ void ReplaceBetChecked(Game& g, int p, int b, Currency amount) {
   // whole proper units. Then only the writes of the two remain. No notice,
   // text or redraw is made in Hyper-Drive; the maximum of such a bet hangs
   // on no bet of the seat, so it is the same before the take-down as after.
-  const bool plain = g.HyperDrive && p >= 1 && p <= 8 && IsRealBet(b) &&
-                     !kUnderContract[static_cast<std::size_t>(b)] && s.AllowNegBankroll(p) &&
+  const bool plain = QuietSeatBet(g, p, b) && !kUnderContract[static_cast<std::size_t>(b)] &&
                      InWholeChecks(g, amount) && g.Bet(p, b) >= Currency{} &&
                      g.Bet(p, b) <= kCheckStackLimit && SetFromZeroAsAsked(g, p, b, amount);
   if (!plain) {
@@ -783,8 +788,7 @@ void ChangeBetChecked(Game& g, int p, int b) {
   // bankroll never holds, the gate's steps are the rounding, the minimum,
   // the maximum, the proper-odds adjustment and the write: no notice, text
   // or redraw is made, and HoldToBankroll never holds. Else the whole gate.
-  if (!g.HyperDrive || p < 1 || p > 8 || !IsRealBet(b) ||
-      kUnderContract[static_cast<std::size_t>(b)] || !s.AllowNegBankroll(p)) {
+  if (!QuietSeatBet(g, p, b) || kUnderContract[static_cast<std::size_t>(b)]) {
     SetBetChecked(g, p, b);
     return;
   }
@@ -833,20 +837,18 @@ void ChangeBetChecked(Game& g, int p, int b) {
 void TakeBetToMaximum(Game& g, int p, int b) {
   if (p < 1 || p > 8 || b < 0 || b > kLastBetId) return;
   constexpr Currency kAsked = Currency::FromWhole(9999999);
-  BettingState& s = g.betting;
-  // In Hyper-Drive a bet at 0 of a seat the bankroll never holds, which the
-  // contract rules let grow (the odds at a new point): the take-down is
-  // Apply of 0.
-  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && g.Bet(p, b).IsZero() &&
-      FreeToGrow(g, p, b)) {
+  // In Hyper-Drive a bet of a seat the bankroll never holds, which the
+  // contract rules let grow (the odds at a new point): at 0 the take-down
+  // is Apply of 0.
+  const bool quiet = QuietSeatBet(g, p, b) && FreeToGrow(g, p, b);
+  const Currency B = g.Bet(p, b);
+  if (quiet && B.IsZero()) {
     MaximumFromZero(g, p, b, kAsked);
     return;
   }
   // The same for odds that stand (taken to a new maximum): the take-down is
   // Apply of minus the bet. Such a bet's maximum hangs on no amount of its own.
-  const Currency B = g.Bet(p, b);
-  if (g.HyperDrive && IsRealBet(b) && s.AllowNegBankroll(p) && B > Currency{} &&
-      B <= kCheckStackLimit && FreeToGrow(g, p, b)) {
+  if (quiet && B > Currency{} && B <= kCheckStackLimit) {
     g.Bet(p, b) = Currency{};
     g.TotalBets(p) -= B;
     MaximumFromZero(g, p, b, kAsked);
