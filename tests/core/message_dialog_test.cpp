@@ -82,14 +82,6 @@ TEST_F(MessageDialog, AnswersComeBackAsAmounts) {
   EXPECT_EQ(g.BetRequest, 0_usd);
 }
 
-TEST(MsgInputRule, ByStyle) {
-  EXPECT_FALSE(MsgInputRule(kMsgInput1).numeric);
-  const InputRule amounts = MsgInputRule(kMsgInput1 | kMsgAmountInput | kMsgSignedInput);
-  EXPECT_TRUE(amounts.numeric && amounts.decimals == 2 && !amounts.allowMinus);
-  const InputRule signedRule = MsgInputRule(kMsgInput1 | kMsgSignedInput);
-  EXPECT_TRUE(signedRule.decimals == 4 && signedRule.allowMinus);
-}
-
 // Types `keys` into an empty box with the caret at the end; returns the text.
 std::string Type(std::string_view keys, int decimals, bool allowMinus) {
   std::string text;
