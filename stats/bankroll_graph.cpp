@@ -23,7 +23,7 @@ BankrollGraphFigures FigureBankrollGraph(const Game& g, int p) {
   f.player = p;
   if (!SeatTaken(g, p)) return f;
   const RollState& r = g.roll;
-  const ViewsState& v = g.views;
+  const GraphViewState& v = g.graph;
   f.playerName = g.PlayerName[static_cast<std::size_t>(p)];
   f.scale = r.GraphScale;
   f.top = r.GraphTop;

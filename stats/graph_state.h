@@ -1,8 +1,16 @@
 // The bankroll graph view's own settings (the history itself is the roll's,
-// in Game). Data only; the game file stores them.
+// in Game; the plot type, scale and top are RollState's). Data only, and the
+// one copy: the window, the reports and the game file all read these. The
+// file keeps the player and the options; the reference lines' places are
+// the window's for as long as the game runs.
 #pragma once
 
 #include <cstdint>
+
+// The choices of the view's option menus.
+constexpr std::int32_t kGraphAdjustTypes = 4;    // manual, auto-shift, expanding, snap-back
+constexpr std::int32_t kGraphStyles = 3;         // plain, striped, solid
+constexpr std::int32_t kGraphColorSchemes = 10;  // the colour schemes
 
 struct GraphViewState {
   std::int32_t GraphPlayer = 0;       // the player shown; 0 none
@@ -16,5 +24,6 @@ struct GraphViewState {
   std::int32_t RefLine2 = 0;
   bool RefLine1OnAverage = false;
   bool RefLine2OnAverage = false;
+  std::int32_t GraphPagesPending = 0;  // graphs already sent to the page being printed
   friend bool operator==(const GraphViewState&, const GraphViewState&) = default;
 };

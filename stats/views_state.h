@@ -36,18 +36,6 @@ struct ViewsState {
   std::int32_t HandsPlayers = 0, HandsFrame = 2;
   bool HandsShowPercent = false;
 
-  // Bankroll graph (the plot type, scale and top are the roll's, in RollState).
-  std::int32_t GraphPlayer = 0;
-  std::int32_t GraphAdjustType = 0;  // 0 manual, 1 auto-shift, 2 expanding, 3 snap-back
-  std::int32_t GraphStyle = 0;       // 0 plain, 1 striped, 2 solid
-  std::int32_t GraphColor = 0;
-  bool GraphShowGrid = false;
-  bool GraphShowRefLines = false;
-  std::int32_t GraphAverageSpan = 0;  // 0: all rolls of the session
-  std::int32_t RefLine1 = 0, RefLine2 = 0;
-  bool RefLine1OnAverage = false, RefLine2OnAverage = false;
-  std::int32_t GraphPagesPending = 0;
-
   // Sessions log.
   std::int32_t SessionsPlayer = 0;
   std::int32_t SessionsView = 8;    // the sampled value, 0..31

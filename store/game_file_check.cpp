@@ -84,7 +84,7 @@ bool SeatSound(const Game& g, int p) {
 
 bool GameSound(const Game& g) {
   for (Long p : {g.Shooter, g.betting.CurPlayer, g.HandShooter, g.PrevHandShooter, g.betting.CheckStacksPlayer,
-                 g.betting.BankrollTabPlayer, g.scriptSource.EdPlayer})
+                 g.betting.BankrollTabPlayer, g.scriptSource.EdPlayer, g.graph.GraphPlayer})
     if (!Within(p, 0, 8)) return false;
   if (!Within(g.Die1, 1, 6) || !Within(g.Die2, 1, 6)) return false;
   if (!PointOrNone(g.Point) || !PointOrNone(g.PointAtRoll) || !PointOrNone(g.PointBeforeLast))
@@ -102,6 +102,12 @@ bool GameSound(const Game& g) {
   if (t.RollsPerHour <= Currency{} || !Money(t.RollsPerHour)) return false;
   if (!Within(g.hyper.HyperThrottle, 0, 10) || !Within(g.GraphRollCount, 0, kGraphSlots)) return false;
   if (!Within(g.roll.GraphPlotType, 0, 1)) return false;
+  const GraphViewState& graph = g.graph;
+  if (!Within(graph.GraphAdjustType, 0, kGraphAdjustTypes - 1) ||
+      !Within(graph.GraphStyle, 0, kGraphStyles - 1) ||
+      !Within(graph.GraphColor, 0, kGraphColorSchemes - 1) ||
+      !Within(graph.GraphAverageSpan, 0, kGraphColumns))
+    return false;
   if (g.ComeoutsThisHand < 0 || g.PassesThisHand < 0 || g.MissesThisHand < 0) return false;
   if (!PayoffsSound(g.PayoffTbl, 100) || !PayoffsSound(g.FieldPayoff, 21) ||
       !PayoffsSound(g.MidwayPayoff, 5) || !PayoffsSound(g.FirePayoff, 6))

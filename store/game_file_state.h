@@ -45,7 +45,7 @@ struct GameFileState {
 
   // Players selected on the bankroll and games views; the table's rotation
   // as cosine and sine, figured on reading.
-  L BankrollPlayer = 0, GamesPlayer = 0;
+  L GamesPlayer = 0;
   double TableCos = 1, TableSin = 0;
 
   // Events log window.
@@ -67,8 +67,6 @@ struct GameFileState {
   bool CheckStacksItalic = false, CheckStacksBold = false;
   L RyonKind = 0, RyonColor = 0;
   L DiceFilesFontSize = 0;
-  L BankrollReferenceLines = 0, BankrollColor = 0, BankrollAdjustType = 0, BankrollGraphType = 0;
-  L BankrollGridLines = 0, BankrollAverageSpan = 0;
 
   // Script editor options (record 413; the permissions per player there are
   // the script's own, in ScriptRunState).

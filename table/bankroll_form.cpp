@@ -31,7 +31,7 @@ constexpr int kScaleOverhang = 16;  // a label's height, centred on its row
 struct Scheme {
   QColor back, line, above, below, ref1, ref2;
 };
-const Scheme kSchemes[10] = {
+const Scheme kSchemes[kGraphColorSchemes] = {
     {{0, 0, 0}, {0, 255, 0}, {0, 128, 128}, {128, 0, 128}, {255, 0, 0}, {255, 255, 0}},
     {{0, 255, 255}, {0, 0, 0}, {0, 0, 255}, {255, 0, 0}, {0, 0, 0}, {255, 0, 255}},
     {{255, 255, 255}, {0, 0, 0}, {0, 0, 255}, {255, 0, 0}, {0, 128, 128}, {128, 0, 128}},
@@ -59,7 +59,7 @@ QSize GraphWidget::sizeHint() const { return {kGraphColumns, kGraphRows}; }
 void GraphWidget::paintEvent(QPaintEvent*) {
   const Game& g = game_;
   const GraphViewState& v = g.graph;
-  const Scheme& c = kSchemes[std::clamp(v.GraphColor, 0, 9)];
+  const Scheme& c = kSchemes[std::clamp(v.GraphColor, 0, kGraphColorSchemes - 1)];
   QPainter p(this);
   p.fillRect(rect(), c.back);
   const int pl = v.GraphPlayer;

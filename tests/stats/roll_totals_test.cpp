@@ -168,7 +168,7 @@ class Graph : public RollFixture {
  protected:
   Graph() {
     Seat(1, "Ann");
-    g.graph.GraphPlayer = g.views.GraphPlayer = 1;
+    g.graph.GraphPlayer = 1;
   }
   // Columns 1..n of player 1 hold `values` one after the other.
   void History(std::initializer_list<long> values) {
@@ -321,14 +321,14 @@ TEST_F(Graph, ReportFiguresBesideTheGraph) {
   EXPECT_EQ(f.columns[0].lineRow, 150);
   EXPECT_FALSE(f.columns[0].bandBelow);
   // Reference lines: both beyond the roll count leave the bankroll line blank.
-  g.views.GraphShowRefLines = true;
-  g.views.RefLine1 = 0;
-  g.views.RefLine2 = 7;
+  g.graph.GraphShowRefLines = true;
+  g.graph.RefLine1 = 0;
+  g.graph.RefLine2 = 7;
   f = FigureBankrollGraph(g, 1);
   EXPECT_EQ(f.refRolls, "Rolls:  7");
   EXPECT_EQ(f.refBankroll, "");
-  g.views.RefLine2 = 0;
-  g.views.RefLine2OnAverage = true;  // bankroll against the beginning bankroll
+  g.graph.RefLine2 = 0;
+  g.graph.RefLine2OnAverage = true;  // bankroll against the beginning bankroll
   EXPECT_EQ(FigureBankrollGraph(g, 1).refBankroll, "Bankroll:  10");
   EXPECT_EQ(FormatSimHours(0.00001), "< 0.0001");
   EXPECT_EQ(FormatSimHours(1234.56), "1,234.6");

@@ -172,7 +172,7 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
     next(view.zoom), next(view.rotation), next(view.offsetA), next(view.offsetB);
   }
   next(tv.TableRotation), next(tv.TableOffsetA), next(tv.TableOffsetB), next(tv.TableZoom);
-  next(v.SummaryPlayers), next(v.BetResultsPlayers), next(f.BankrollPlayer), next(f.GamesPlayer);
+  next(v.SummaryPlayers), next(v.BetResultsPlayers), next(f.GamesPlayer);
   next(v.HandsPlayers), next(v.BetTrendsPlayer);
   f.LogLatestOnTop = true, f.LogBold = true, f.LogItalic = false;
   next(f.LogFontSize);
@@ -185,12 +185,14 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
                   &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame,
                   &v.HandsFrame, &v.SummaryFrame, &tv.StatusView, &f.CheckStacksScroll,
                   &f.CheckStacksFontSize, &v.SessionsFilter, &v.SessionsView,
-                  &f.RyonKind, &f.RyonColor, &f.DiceFilesFontSize, &f.BankrollReferenceLines,
-                  &f.BankrollColor, &f.BankrollAdjustType, &f.BankrollGraphType,
-                  &f.BankrollGridLines, &f.BankrollAverageSpan, &f.EditorStepsWindow,
+                  &f.RyonKind, &f.RyonColor, &f.DiceFilesFontSize, &f.EditorStepsWindow,
                   &f.EditorLineNumbers, &f.EditorSyntaxLists, &f.EditorAutoIndent,
                   &f.EditorHighlight, &f.EditorItalic, &f.EditorBold, &f.EditorFontSize})
     next(*x);
+  // The bankroll graph's player and options, each off its default.
+  GraphViewState& graph = g.graph;
+  graph.GraphPlayer = 6, graph.GraphAdjustType = 3, graph.GraphStyle = 2, graph.GraphColor = 9;
+  graph.GraphShowGrid = false, graph.GraphShowRefLines = true, graph.GraphAverageSpan = 525;
   v.BetResultsSelection = "Pass Line, Field";
   v.RollTotalsVsSkewed = true, v.HandsShowPercent = true;
   v.RollFreqCategory = 33;
@@ -348,6 +350,9 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(table.TableOffsetB); SAME(table.TableZoom); SAME(table.AutoSize);
   SAME(table.DisplayBetAmounts); SAME(table.HopBetsShown); SAME(table.StatusView);
   SAME(table.LayoutColor); SAME(table.Spotlight); SAME(table.TablePreset); SAME(table.PaletteColor);
+  SAME(graph.GraphPlayer); SAME(graph.GraphAdjustType); SAME(graph.GraphStyle);
+  SAME(graph.GraphColor); SAME(graph.GraphShowGrid); SAME(graph.GraphShowRefLines);
+  SAME(graph.GraphAverageSpan);
   SAME(views.SummaryPlayers); SAME(views.BetResultsPlayers); SAME(views.HandsPlayers);
   SAME(views.BetTrendsPlayer); SAME(views.RollTotalsKind); SAME(views.RollTotalsFrame);
   SAME(views.RollTotalsPlayers); SAME(views.BetResultsFrame); SAME(views.HandsFrame);
@@ -581,6 +586,9 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {5, 32, 4, 7},                    // a die of 7
       {5, 20, 4, 7},                    // a point of 7
       {5, 8, 4, 9},                     // shooter in no seat
+      {5, 104, 4, 9},                   // the bankroll graph's player in no seat
+      {411, 108, 4, 10},                // a graph colour scheme past the last
+      {411, 132, 4, 526},               // a moving average longer than the page
       {10, 200, 8, 8 * 10000},          // generator 9
       {10, 200, 8, 0x7fffffffffffLL},   // a whole number beyond a Long
       {416, 0, 8, 0},                   // a block for slot 0
