@@ -49,16 +49,22 @@ const Switch kSwitches[] = {
 EventsLogView::EventsLogView(Game& game, QWidget* parent) : QWidget(parent), game_(game) {
   setObjectName("picEventsLog");
   setMinimumSize(300, 150);
-  SetFontStep(0);
+  SetFontStep(game_.gamefile.LogFontSize);  // as the game (or its file) left it
 }
 
 void EventsLogView::SetFontStep(int step) {
-  fontStep_ = std::clamp(step, -kFontSteps, kFontSteps);
+  game_.gamefile.LogFontSize = std::clamp(step, -kFontSteps, kFontSteps);
   QFont fixed("DejaVu Sans Mono");
   fixed.setStyleHint(QFont::Monospace);
-  fixed.setPointSize(kNormalPointSize + 2 * fontStep_);
+  fixed.setPointSize(kNormalPointSize + 2 * FontStep());
+  fixed.setBold(game_.gamefile.LogBold);
+  fixed.setItalic(game_.gamefile.LogItalic);
   setFont(fixed);
   update();
+}
+
+int EventsLogView::FontStep() const {
+  return std::clamp(game_.gamefile.LogFontSize, -kFontSteps, kFontSteps);
 }
 
 int EventsLogView::RowHeight() const { return fontMetrics().height(); }

@@ -2,8 +2,8 @@
 // file commands. A paint reads one screenful of lines through the log's
 // index (logs/events_log_view.h), whatever the log's size; the top line is
 // the game's LogTopLine, and the scroll bar keeps to its range of 30,000
-// for longer logs by the rules of that unit. The form keeps only the font
-// size, which is presentation.
+// for longer logs by the rules of that unit. The font size is the game's
+// LogFontSize, in steps from normal, so the game file keeps it.
 #pragma once
 
 #include <QDialog>
@@ -18,9 +18,10 @@ class EventsLogView : public QWidget {
   explicit EventsLogView(Game& game, QWidget* parent = nullptr);
   int RowHeight() const;
   int VisibleRows() const;
-  // Ctrl -, Ctrl 0, Ctrl +: the font one step smaller, normal, one larger.
+  // Ctrl -, Ctrl 0, Ctrl +: the font one step smaller, normal, one larger,
+  // as the game's LogFontSize (held to the steps offered).
   void SetFontStep(int step);
-  int FontStep() const { return fontStep_; }
+  int FontStep() const;
 
  signals:
   void scrolled(int lines);
@@ -31,7 +32,6 @@ class EventsLogView : public QWidget {
 
  private:
   Game& game_;
-  int fontStep_ = 0;
 };
 
 class EventsLogForm : public QDialog {

@@ -267,6 +267,16 @@ void ToolWindowsTest::anOpenedLogShowsItsLinesAndFindMovesTheTop() {
   QCOMPARE(t.shown.back(), std::make_pair(std::string("Search Results"), std::string("Text not found.")));
   QCOMPARE(t.game->eventsLog.LogTopLine, 37);
 
+  // The font size is the game's, which the file keeps: a view opened later
+  // over the same game takes it, held to the steps offered.
+  QAction* larger = nullptr;
+  for (QAction* a : t.form->findChildren<QAction*>())
+    if (a->text() == "&Larger") larger = a;
+  QVERIFY(larger);
+  for (int i = 0; i < 6; ++i) larger->trigger();
+  QCOMPARE(t.game->gamefile.LogFontSize, 4);
+  QCOMPARE(EventsLogView(*t.game).font().pointSize(), t.form->View()->font().pointSize());
+
   // File > Print sends the opened log to the printer.
   t.platform.printToFile = t.dir.filePath("log.pdf");
   t.Trigger("mnuPrint");
