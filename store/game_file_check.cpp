@@ -6,6 +6,7 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "dice/roll_pad.h"
 
 namespace {
 
@@ -144,6 +145,7 @@ bool GameSound(const Game& g) {
 bool CheckLoadedGame(Game& g) {
   RepairGraphAndDelay(g);
   RepairEnterBet(g.gamefile);
+  CheckPadOptions(g.pad);  // a colour past the last reads as the first, no kind as kind 1
   for (int p = 1; p <= 8; ++p) RepairAdjustments(g.autoplay, p);
   if (static_cast<int>(g.gamefile.CheckImages.size()) > kManyCheckImages)
     g.rules.AutoArrangeChecks = true;

@@ -308,8 +308,8 @@ void ViewRecords(IO& io, Game& g) {
   io.Long(40, v.RollFreqCategory);
   io.Long(44, v.SessionsFilter);
   io.Long(48, v.SessionsView);
-  io.Long(52, f.RyonKind);
-  io.Long(56, f.RyonColor);
+  io.Long(52, g.pad.PadOptions);
+  io.Long(56, g.pad.PadColor);
   io.Long(60, d.DiceFileMode);
   io.Long(64, d.optInsertRolls);
   io.Long(84, f.DiceFilesFontSize);

@@ -65,7 +65,6 @@ struct GameFileState {
   L EnterBetId = 1;  // the bet under the keyed-in amount box
   L CheckStacksScroll = 0, CheckStacksFontSize = 0;
   bool CheckStacksItalic = false, CheckStacksBold = false;
-  L RyonKind = 0, RyonColor = 0;
   L DiceFilesFontSize = 0;
 
   // Script editor options (record 413; the permissions per player there are

@@ -185,7 +185,7 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
                   &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame,
                   &v.HandsFrame, &v.SummaryFrame, &tv.StatusView, &f.CheckStacksScroll,
                   &f.CheckStacksFontSize, &v.SessionsFilter, &v.SessionsView,
-                  &f.RyonKind, &f.RyonColor, &f.DiceFilesFontSize, &f.EditorStepsWindow,
+                  &f.DiceFilesFontSize, &f.EditorStepsWindow,
                   &f.EditorLineNumbers, &f.EditorSyntaxLists, &f.EditorAutoIndent,
                   &f.EditorHighlight, &f.EditorItalic, &f.EditorBold, &f.EditorFontSize})
     next(*x);
@@ -193,6 +193,7 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
   GraphViewState& graph = g.graph;
   graph.GraphPlayer = 6, graph.GraphAdjustType = 3, graph.GraphStyle = 2, graph.GraphColor = 9;
   graph.GraphShowGrid = false, graph.GraphShowRefLines = true, graph.GraphAverageSpan = 525;
+  g.pad.PadOptions = 2 | 16 | 64, g.pad.PadColor = 2;  // the roll pad's kind, buttons and colours
   v.BetResultsSelection = "Pass Line, Field";
   v.RollTotalsVsSkewed = true, v.HandsShowPercent = true;
   v.RollFreqCategory = 33;
@@ -352,7 +353,7 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(table.LayoutColor); SAME(table.Spotlight); SAME(table.TablePreset); SAME(table.PaletteColor);
   SAME(graph.GraphPlayer); SAME(graph.GraphAdjustType); SAME(graph.GraphStyle);
   SAME(graph.GraphColor); SAME(graph.GraphShowGrid); SAME(graph.GraphShowRefLines);
-  SAME(graph.GraphAverageSpan);
+  SAME(graph.GraphAverageSpan); SAME(pad.PadOptions); SAME(pad.PadColor);
   SAME(views.SummaryPlayers); SAME(views.BetResultsPlayers); SAME(views.HandsPlayers);
   SAME(views.BetTrendsPlayer); SAME(views.RollTotalsKind); SAME(views.RollTotalsFrame);
   SAME(views.RollTotalsPlayers); SAME(views.BetResultsFrame); SAME(views.HandsFrame);
@@ -483,6 +484,10 @@ TEST_F(ReadRepairs, OutOfRangeValuesAreRepairedAsTheFileRulesSay) {
   EXPECT_EQ(Reopened(414, 24, -1, 8)->hyper.HyperDelaySeconds, Currency{});
   EXPECT_EQ(Reopened(414, 0, 0, 8)->roll.GraphScale, Currency::FromRaw(2000));
   EXPECT_EQ(Reopened(414, 8, -5, 8)->roll.GraphBaseScale, game->roll.GraphScale);
+  // The roll pad: a colour past the last reads as the first; options
+  // without a display kind show kind 1 alone.
+  EXPECT_EQ(Reopened(411, 56, 3, 4)->pad.PadColor, 0);
+  EXPECT_EQ(Reopened(411, 52, 16 | 32, 4)->pad.PadOptions, 2);
   EXPECT_EQ(Reopened(413, 40, 5, 4)->scriptRun.AllowReset(1), true);
   EXPECT_EQ(Reopened(413, 72, 5, 4)->scriptRun.AllowActForOthers(1), true);
   EXPECT_EQ(Reopened(413, 164, -1, 4)->scriptRun.AllowAnyFolder(8), true);
