@@ -136,7 +136,7 @@ void SettingsRecords(IO& io, Game& g) {
   io.Begin();  // 9
   io.Long(0, r.LogOn);
   io.Long(4, r.LogClearOnNew);
-  io.Long(8, f.LogLatestOnTop);
+  io.Long(8, r.LogRollOnTop);
   io.Long(12, f.LogFontSize);
   io.Long(16, f.LogBold);
   io.Long(20, f.LogItalic);
@@ -334,10 +334,11 @@ void ViewRecords(IO& io, Game& g) {
   io.Text(0, kRecordBytes, d.DiceOutputFormat);
 
   io.Begin();  // 413
-  Long* editor[] = {&f.EditorStepsWindow, &f.EditorLineNumbers, &f.EditorSyntaxLists,
-                    &f.EditorAutoIndent,  &f.EditorHighlight,   &f.EditorItalic,
-                    &f.EditorBold,        &f.EditorFontSize};
-  for (int i = 0; i < 8; ++i) io.Long(i * 4, *editor[i]);
+  io.Long(0, g.scriptRun.ShowSteps);  // the step-by-step mode
+  Long* editor[] = {&f.EditorLineNumbers, &f.EditorSyntaxLists, &f.EditorAutoIndent,
+                    &f.EditorHighlight,   &f.EditorItalic,      &f.EditorBold,
+                    &f.EditorFontSize};
+  for (int i = 0; i < 7; ++i) io.Long((i + 1) * 4, *editor[i]);
   io.Long(32, r.ScriptActive[0]);
   // The script permissions by player; the fourth, the use of folders
   // other than the data folder, follows the three in bytes 136-164.

@@ -43,13 +43,12 @@ struct GameFileState {
   std::array<float, 64> LayoutA{};
   std::array<float, 64> LayoutB{};
 
-  // Players selected on the bankroll and games views; the table's rotation
+  // The player selected on the games view; the table's rotation
   // as cosine and sine, figured on reading.
   L GamesPlayer = 0;
   double TableCos = 1, TableSin = 0;
 
   // Events log window.
-  bool LogLatestOnTop = false;
   L LogFontSize = 0;
   bool LogBold = false, LogItalic = false;
 
@@ -67,9 +66,9 @@ struct GameFileState {
   bool CheckStacksItalic = false, CheckStacksBold = false;
   L DiceFilesFontSize = 0;
 
-  // Script editor options (record 413; the permissions per player there are
-  // the script's own, in ScriptRunState).
-  L EditorStepsWindow = 0, EditorLineNumbers = 0, EditorSyntaxLists = 0, EditorAutoIndent = 0;
+  // Script editor options (record 413; the step mode and the permissions per
+  // player there are the scripts' own, in ScriptRunState).
+  L EditorLineNumbers = 0, EditorSyntaxLists = 0, EditorAutoIndent = 0;
   L EditorHighlight = 0, EditorItalic = 0, EditorBold = 0, EditorFontSize = 0;
 
   // The checks drawn on the layout, in drawing order.

@@ -534,4 +534,7 @@ void CrapTableWindow::RestoreWindows() {
   restore(KeptWindow::SessionsLog, sessionsLog_, &CrapTableWindow::SessionsLog);
   restore(KeptWindow::EventsLog, eventsLog_, &CrapTableWindow::EventsLog);
   statsViews_->RestoreShown();
+  // The keyed-in amount box stands again over the bet it was left on.
+  if (game_.betting.KeyInBetAmounts && game_.betting.CurPlayer > 0)
+    view_->OpenEnterBet(game_.gamefile.EnterBetId);
 }

@@ -1,6 +1,7 @@
 // txtEnterBet: an amount typed over a bet (mnuKeyInBetAmounts). Enter or a
 // click elsewhere commits it through CommitKeyedAmount; the arrow keys move
 // the box to the neighbouring bet in the direction the key points on screen.
+// The bet under the box is the game's EnterBetId, which the game file keeps.
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <cmath>
@@ -33,7 +34,7 @@ void TableView::OpenEnterBet(int b) {
     enterBet_->installEventFilter(this);
   }
   const int p = game_.betting.CurPlayer;
-  enterBetId_ = b;
+  game_.gamefile.EnterBetId = b;
   const int spot = IsCheckStack(b) ? 100 + [&] {
     for (int i = 1; i <= 4; ++i)
       if (game_.betting.CheckStackSlot(p, i) == b) return i;
@@ -51,9 +52,10 @@ void TableView::OpenEnterBet(int b) {
 }
 
 bool TableView::CommitEnterBet() {
-  if (!enterBet_ || !enterBet_->isVisible() || enterBetId_ == 0) return false;
+  const int b = game_.gamefile.EnterBetId;
+  if (!enterBet_ || !enterBet_->isVisible() || b == 0) return false;
   const int p = game_.betting.CurPlayer;
-  const std::string text = CommitKeyedAmount(game_, p, enterBetId_, enterBet_->text().toStdString());
+  const std::string text = CommitKeyedAmount(game_, p, b, enterBet_->text().toStdString());
   enterBet_->setText(QString::fromStdString(text));
   emit gameChanged();
   update();
@@ -63,18 +65,19 @@ bool TableView::CommitEnterBet() {
 void TableView::MoveEnterBet(int key) {
   CommitEnterBet();
   const int p = game_.betting.CurPlayer;
-  if (!IsRealBet(enterBetId_)) return;
+  const int at = game_.gamefile.EnterBetId;
+  if (!IsRealBet(at)) return;
   // The direction the key points on screen, in layout terms: the keys turn
   // with the table in sectors of 90 degrees starting at 45.
   const int sector = ((game_.table.TableRotation + 45) / 90) % 4;
   int dir = key == Qt::Key_Right ? 0 : key == Qt::Key_Down ? 1 : key == Qt::Key_Left ? 2 : 3;
   dir = (dir - sector + 4) % 4;
   const QPointF want[4] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
-  const QPointF from = BasePosition(p, enterBetId_);
+  const QPointF from = BasePosition(p, at);
   int best = 0;
   double bestScore = 1e9;
   for (int b = 1; b <= kLastRealBet; ++b) {
-    if (b == enterBetId_ || !RegionShown(game_, b)) continue;
+    if (b == at || !RegionShown(game_, b)) continue;
     const QPointF d = BasePosition(p, b) - from;
     const double along = d.x() * want[dir].x() + d.y() * want[dir].y();
     if (along <= 1) continue;

@@ -89,7 +89,6 @@ class TableView : public QWidget {
   int tumbleStep_ = 0;
   QLabel* amt_ = nullptr;  // picAmt / lblAmt
   QPointer<QLineEdit> enterBet_;
-  int enterBetId_ = 0;
   int hoverHot_ = -1;
   QPoint hoverPos_;
   // Dragging: the table by its edge, or an amount lifted off a bet with Alt.

@@ -174,7 +174,7 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
   next(tv.TableRotation), next(tv.TableOffsetA), next(tv.TableOffsetB), next(tv.TableZoom);
   next(v.SummaryPlayers), next(v.BetResultsPlayers), next(f.GamesPlayer);
   next(v.HandsPlayers), next(v.BetTrendsPlayer);
-  f.LogLatestOnTop = true, f.LogBold = true, f.LogItalic = false;
+  r.LogRollOnTop = true, f.LogBold = true, f.LogItalic = false;
   next(f.LogFontSize);
   g.advantage.CountZeroOutcomes = true, g.advantage.ShowMiscData = true;
   next(g.advantage.AdvantageTopRow), next(f.PayoffsScroll);
@@ -185,7 +185,7 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
                   &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame,
                   &v.HandsFrame, &v.SummaryFrame, &tv.StatusView, &f.CheckStacksScroll,
                   &f.CheckStacksFontSize, &v.SessionsFilter, &v.SessionsView,
-                  &f.DiceFilesFontSize, &f.EditorStepsWindow,
+                  &f.DiceFilesFontSize,
                   &f.EditorLineNumbers, &f.EditorSyntaxLists, &f.EditorAutoIndent,
                   &f.EditorHighlight, &f.EditorItalic, &f.EditorBold, &f.EditorFontSize})
     next(*x);
@@ -194,6 +194,7 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
   graph.GraphPlayer = 6, graph.GraphAdjustType = 3, graph.GraphStyle = 2, graph.GraphColor = 9;
   graph.GraphShowGrid = false, graph.GraphShowRefLines = true, graph.GraphAverageSpan = 525;
   g.pad.PadOptions = 2 | 16 | 64, g.pad.PadColor = 2;  // the roll pad's kind, buttons and colours
+  g.scriptRun.ShowSteps = true;
   v.BetResultsSelection = "Pass Line, Field";
   v.RollTotalsVsSkewed = true, v.HandsShowPercent = true;
   v.RollFreqCategory = 33;
@@ -340,7 +341,8 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(dice.ReseedEachSession); SAME(dice.ProbabilityDiceOn);
   SAME(roll.LogOn); SAME(roll.LogRolls); SAME(roll.LogBets); SAME(roll.LogStacks);
   SAME(roll.LogNewHand); SAME(roll.LogWins); SAME(roll.LogLosses); SAME(roll.LogPasses);
-  SAME(roll.LogBankroll); SAME(roll.LogClearOnNew); SAME(roll.GraphPlotType);
+  SAME(roll.LogBankroll); SAME(roll.LogClearOnNew); SAME(roll.LogRollOnTop);
+  SAME(roll.GraphPlotType);
   SAME(roll.GraphShowAverage); SAME(roll.GraphAutoPrint); SAME(roll.GraphScale);
   SAME(roll.GraphBaseScale); SAME(roll.GraphTop); SAME(roll.ScriptActive); SAME(roll.EventsLogPath);
   SAME(hyper.HyperThrottle); SAME(hyper.HyperDelaySeconds); SAME(hyper.AutoStopRolls);
@@ -354,6 +356,7 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(graph.GraphPlayer); SAME(graph.GraphAdjustType); SAME(graph.GraphStyle);
   SAME(graph.GraphColor); SAME(graph.GraphShowGrid); SAME(graph.GraphShowRefLines);
   SAME(graph.GraphAverageSpan); SAME(pad.PadOptions); SAME(pad.PadColor);
+  SAME(scriptRun.ShowSteps);
   SAME(views.SummaryPlayers); SAME(views.BetResultsPlayers); SAME(views.HandsPlayers);
   SAME(views.BetTrendsPlayer); SAME(views.RollTotalsKind); SAME(views.RollTotalsFrame);
   SAME(views.RollTotalsPlayers); SAME(views.BetResultsFrame); SAME(views.HandsFrame);

@@ -254,6 +254,7 @@ void TableViewTest::keyedAmountsAndTheirArrowKeys() {
   QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Up);
   const QPoint come = t.Pixel(BasePosition(1, bet::kCome));
   QVERIFY((t.View()->EnterBetBox()->geometry().center() - come).manhattanLength() < 20);
+  QCOMPARE(g.gamefile.EnterBetId, int(bet::kCome));  // the game's, which the file keeps
   // Turned by 180 degrees, Up on the screen points the other way on the table.
   g.table.TableRotation = 180;
   t.View()->AutoSize();

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QScrollBar>
@@ -20,6 +21,7 @@
 #include <functional>
 
 #include "config/settings_state.h"
+#include "core/catalogue.h"
 #include "core/frames.h"
 #include "desktop_fixture.h"
 #include "dice/roll_pad.h"
@@ -30,6 +32,7 @@
 #include "table/roll_pad_form.h"
 #include "table/sessions_log_form.h"
 #include "table/summary_form.h"
+#include "table/table_view.h"
 #include "store/game_file.h"
 #include "table/stats_form.h"
 #include "table/stats_views.h"
@@ -328,6 +331,8 @@ void ToolWindowsTest::anOpenedGameOpensAndClosesItsWindows() {
   CheckStacksForm* stacks = t.window->CheckStacks();
   stacks->show();
   stacks->move(140, 90);
+  t.game->betting.KeyInBetAmounts = true, t.game->betting.CurPlayer = 1;
+  t.game->gamefile.EnterBetId = bet::kField;
   t.window->findChild<QAction*>("mnuSummary")->trigger();
   QApplication::processEvents();
   const std::string path =
@@ -351,6 +356,9 @@ void ToolWindowsTest::anOpenedGameOpensAndClosesItsWindows() {
   QCOMPARE(stacks->pos(), QPoint(140, 90));
   QVERIFY(t.window->findChild<SummaryForm*>()->isVisible());
   QVERIFY(!log->isVisible());
+  // With key-in amounts on, the amount box stands again over its bet.
+  QVERIFY(t.window->View()->EnterBetBox() && !t.window->View()->EnterBetBox()->isHidden());
+  QCOMPARE(t.game->gamefile.EnterBetId, int(bet::kField));
 }
 
 QTEST_MAIN(ToolWindowsTest)
