@@ -111,6 +111,8 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-summary.png --view print:summary --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-hands.png --view print:hands --rolls 500 $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-freqs.png --view print:freqs --rolls 500 $(STATS_GAME)
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-bankroll-graph.png --view print:bankroll --rolls 500 \
+	  --graph-adjust 2 --graph-average 50 $(STATS_GAME)
 	rm -f $(BUILD)/screenshot-print.slg $(BUILD)/screenshot-print.rol
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-sessions-histogram.png --view print:sessions \
 	  --sessions-log $(BUILD)/screenshot-print.slg --sessions 60 --rolls 150 $(DEMO_PLAYER)

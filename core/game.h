@@ -30,6 +30,7 @@
 #include "core/catalogue.h"
 #include "core/currency.h"
 #include "core/message.h"
+#include "core/print_document.h"
 #include "core/roll_tally.h"
 #include "core/rolls_at_table.h"
 #include "core/rolls_since.h"
@@ -198,6 +199,7 @@ struct Game {
   // places in the game.
   Long GraphStart = 0;
   GraphScrollWindow GraphWindow;  // the scroll's window of the graph's page (engine/roll_graph.cpp)
+  PrintDocument GraphSheet;  // bankroll graphs waiting for a full sheet (stats/bankroll_printout.h)
 
   friend bool operator==(const Game&, const Game&) = default;
 };

@@ -28,6 +28,7 @@ struct PrintCell {
   int column = 0;
   int colour = kPrintBlack;
   bool alignRight = false;
+  friend bool operator==(const PrintCell&, const PrintCell&) = default;
 };
 
 // A picture across the page: filled rectangles in the picture's own units
@@ -36,11 +37,25 @@ struct PrintCell {
 struct PrintRect {
   int left = 0, top = 0, width = 1, height = 1;
   int colour = kPrintBlack;
+  friend bool operator==(const PrintRect&, const PrintRect&) = default;
+};
+// A text set beside the picture: right-aligned against its left edge and
+// centred on a row (a scale), or in the line under it, starting at, centred
+// on or ending at a column of the picture.
+enum class LabelPlace { Left, UnderStart, UnderCentre, UnderEnd };
+struct PrintLabel {
+  std::string text;
+  LabelPlace place = LabelPlace::Left;
+  int at = 0;  // the row (Left) or the column (Under*), in picture units
+  int colour = kPrintBlack;
+  friend bool operator==(const PrintLabel&, const PrintLabel&) = default;
 };
 struct PrintGraph {
   int width = 1, height = 1;
-  int lines = 1;  // the line heights it takes on the page
+  int lines = 1;  // the line heights it takes on the page, the line under it included
   std::vector<PrintRect> rects;
+  std::vector<PrintLabel> labels;
+  friend bool operator==(const PrintGraph&, const PrintGraph&) = default;
 };
 
 struct PrintLine {
@@ -48,6 +63,7 @@ struct PrintLine {
   bool centred = false;  // one cell centred across the page (headings)
   bool bold = false;
   int graph = -1;  // index in PrintDocument::graphs: the line is that picture
+  friend bool operator==(const PrintLine&, const PrintLine&) = default;
 };
 
 struct PrintDocument {
@@ -66,6 +82,7 @@ struct PrintDocument {
   void AddText(std::string text, bool centred = false, bool bold = false);
   // Appends an empty line.
   void AddBlank();
+  friend bool operator==(const PrintDocument&, const PrintDocument&) = default;
 };
 
 // The colour a figure prints in by its sign, from the rules' PrintColors

@@ -12,6 +12,7 @@
 #include "engine/roll_internal.h"
 #include "script/activation.h"
 #include "script/files.h"
+#include "stats/bankroll_printout.h"
 #include "store/file_chooser.h"
 #include "store/file_stamp.h"
 #include "store/game_file.h"
@@ -161,6 +162,8 @@ bool CloseProgram(Game& g, bool windowMoved) {
       return false;
     g.KeepRolling = false;
   }
+  // With auto-print on, the last graph and a part-filled sheet are offered first.
+  if (g.roll.GraphAutoPrint) PromptGraphPrint(g);
   if (windowMoved) g.roll.SessionDirty = true;
   if (!PromptUnsavedWork(g)) return false;
   std::string error;

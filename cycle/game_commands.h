@@ -46,7 +46,8 @@ bool OpenGameCommand(Game& game);
 bool SaveGameCommand(Game& game);
 // mnuSaveAs: the prompts for scripts and probabilities, the chooser, SaveGame.
 bool SaveGameAsCommand(Game& game);
-// Closing the program: the questions and prompts, then default.rvg saved and
+// Closing the program: the questions and prompts (with the graph's auto-print
+// on, PromptGraphPrint first), then default.rvg saved and
 // the dice clipboard file removed; false keeps the program open.
 // windowMoved: the main window was moved or resized since the last save.
 bool CloseProgram(Game& game, bool windowMoved);

@@ -27,6 +27,7 @@
 #include "engine/roll_steps.h"
 #include "script/activation.h"
 #include "script/interpreter.h"
+#include "stats/bankroll_printout.h"
 
 namespace {
 
@@ -420,6 +421,10 @@ bool RollOnce(Game& g) {
   // A script may run after every roll: the graph step then visits every
   // seat rather than look over the open seats' pages each time.
   if (scripted) g.roll.ForgetIdleGraphRows(false);
+  // A full page of the graph prints by itself with auto-print on; the test
+  // is all a roll pays when nothing prints.
+  if (g.roll.GraphPrintDue) [[unlikely]]
+    PrintDueGraph(g);
   if (recordsLater)
     SnapshotAfterRoll<true>(g, seated);
   else

@@ -10,7 +10,8 @@
 // - Every decision of a roll tests PointAtRoll; the state machine alone
 //   moves Point.
 // - Nothing on the roll path draws, sounds or asks while HyperDrive is set,
-//   and nothing allocates unless LogOn asks for log lines.
+//   and nothing allocates unless LogOn asks for log lines or a full page
+//   of the bankroll graph is due for its auto-print.
 #pragma once
 
 #include <cstdint>

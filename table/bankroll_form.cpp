@@ -17,6 +17,7 @@
 #include "core/game.h"
 #include "core/graph_rows.h"
 #include "core/money.h"
+#include "stats/bankroll_printout.h"
 #include "stats/graph_view.h"
 #include "table/menu_items.h"
 #include "table/status_box.h"
@@ -177,6 +178,16 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
          "Auto-Shift with S&nap-back Scale"},
         game_.graph.GraphAdjustType);
   radio(plot, "mnuBRTypePlot", {"Page", "Scroll"}, game_.roll.GraphPlotType);
+  QMenu* print = menu->addMenu("&Print");
+  MenuItem(this, print, "mnuPrintNow", "Print &Now", [this] {
+    PrintBankrollGraph(game_, game_.graph.GraphPlayer);
+    PromptGraphPrint(game_);
+  });
+  autoPrint_ = MenuItem(this, print, "mnuAutoPrint", "&Auto-Print", [this](bool on) {
+    SetGraphAutoPrint(game_, on);
+    Refresh();
+  });
+  autoPrint_->setCheckable(true);
 
   player_ = new QComboBox;
   player_->setObjectName("cmbPlayer");
@@ -209,6 +220,8 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
   figures_->setTextFormat(Qt::RichText);
   average_ = new QLabel;
   average_->setObjectName("lblMovingAverage");
+  autoPrintLabel_ = new QLabel;
+  autoPrintLabel_->setObjectName("lblAutoPrint");
   auto button = [&](const char* name, const QString& text, auto f) {
     auto* b = new QPushButton(text);
     b->setObjectName(name);
@@ -245,6 +258,7 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
   side->addWidget(player_);
   side->addWidget(figures_);
   side->addWidget(average_);
+  side->addWidget(autoPrintLabel_);
   side->addStretch(1);
   auto* scaleButtons = new QGridLayout;
   scaleButtons->addWidget(larger, 0, 0);
@@ -322,6 +336,8 @@ void BankrollForm::Refresh() {
   filling_ = false;
   throttle_->setValue(game_.hyper.HyperThrottle);
   hyperDrive_->setText(game_.HyperDrive ? "Stop Hyper-&Drive" : "Start Hyper-&Drive");
+  autoPrint_->setChecked(game_.roll.GraphAutoPrint);
+  autoPrintLabel_->setText(game_.roll.GraphAutoPrint ? "Auto-Print ON" : QString());
   const int p = game_.graph.GraphPlayer;
   // A run moves the bankroll out of the picture: the scale follows by its rules.
   if (p >= 1 && p <= 8 && game_.graph.GraphAdjustType > 0) {

@@ -1,6 +1,7 @@
 // frmBankroll: one player's bankroll roll by roll on the 525 x 301 grid,
-// with the figures, the scale buttons, and Hyper-Drive's start/stop button,
-// throttle, Auto-Stop and time delay. The graph is drawn from the history
+// with the figures, the scale buttons, Hyper-Drive's start/stop button,
+// throttle, Auto-Stop and time delay, and the graph's printing (Print Now,
+// Auto-Print; the printout is stats/bankroll_printout.h). The graph is drawn from the history
 // the roll keeps (GraphBankroll, GraphTrend); the scale and top come from
 // FigureGraphScale, so the view itself holds nothing of the game.
 #pragma once
@@ -9,6 +10,7 @@
 #include <QTimer>
 #include <array>
 
+class QAction;
 class QComboBox;
 class QLabel;
 class QPushButton;
@@ -55,6 +57,8 @@ class BankrollForm : public QDialog {
   QLabel* rollsRight_;
   QLabel* figures_;
   QLabel* average_;
+  QLabel* autoPrintLabel_;  // "Auto-Print ON" while the graph prints its full pages
+  QAction* autoPrint_;
   QPushButton* hyperDrive_;
   QScrollBar* throttle_;
   QTimer live_;  // keeps the figures moving during a run

@@ -115,12 +115,19 @@ void PrintPages::Paint(QPainter& painter, int index) const {
 
 void PrintPages::PaintGraph(QPainter& painter, const PrintGraph& graph, QRect area) const {
   // The picture keeps its shape: as wide as the page allows at the height
-  // it was given, centred, with a line height's gap below it.
+  // it was given, centred, with a line height's gap below it (where the
+  // labels under it stand). Labels at its left take room of their own.
+  painter.setFont(font_);
+  const QFontMetricsF metrics(font_);
+  double labelRoom = 0;
+  for (const PrintLabel& label : graph.labels)
+    if (label.place == LabelPlace::Left)
+      labelRoom = std::max(labelRoom, metrics.horizontalAdvance(Text(label.text)) + charWidth_);
   const double height = std::max(1, area.height() - lineHeight_);
-  const double scale = std::min(area.width() / double(std::max(1, graph.width)),
+  const double scale = std::min((area.width() - labelRoom) / double(std::max(1, graph.width)),
                                 height / double(std::max(1, graph.height)));
   const double width = graph.width * scale;
-  const QPointF origin(area.left() + (area.width() - width) / 2, area.top());
+  const QPointF origin(area.left() + labelRoom + (area.width() - labelRoom - width) / 2, area.top());
   painter.save();
   // The frame first, so that a rule on the picture's edge shows over it.
   painter.setPen(QPen(Qt::black, 0));
@@ -131,6 +138,23 @@ void PrintPages::PaintGraph(QPainter& painter, const PrintGraph& graph, QRect ar
     const QRectF box(origin.x() + r.left * scale, origin.y() + r.top * scale,
                      std::max(1.0, r.width * scale), std::max(1.0, r.height * scale));
     painter.fillRect(box, BasicColour(r.colour));
+  }
+  const double under = origin.y() + graph.height * scale + metrics.ascent();
+  for (const PrintLabel& label : graph.labels) {
+    const QString text = Text(label.text);
+    const double w = metrics.horizontalAdvance(text);
+    const double x = origin.x() + label.at * scale;
+    painter.setPen(BasicColour(label.colour));
+    switch (label.place) {
+      case LabelPlace::Left:
+        painter.drawText(QPointF(origin.x() - charWidth_ / 2 - w,
+                                 origin.y() + label.at * scale + (metrics.ascent() - metrics.descent()) / 2),
+                         text);
+        break;
+      case LabelPlace::UnderStart: painter.drawText(QPointF(x, under), text); break;
+      case LabelPlace::UnderCentre: painter.drawText(QPointF(x - w / 2, under), text); break;
+      case LabelPlace::UnderEnd: painter.drawText(QPointF(x - w, under), text); break;
+    }
   }
   painter.restore();
 }

@@ -26,6 +26,8 @@
 #include "dice/rng.h"
 #include "logs/events_log_view.h"
 #include "engine/check_stacks_print.h"
+#include "stats/bankroll_printout.h"
+#include "stats/graph_view.h"
 #include "stats/sessions_log.h"
 #include "stats/sessions_printouts.h"
 #include "stats/summary_printouts.h"
@@ -133,6 +135,18 @@ int SavePrintPreview(Game& game, const std::string& what, const std::string& pat
     std::string error;
     doc = what == "sessions" ? SessionsHistogramPrintout(game, FigureSessionsLog(rq), name, rq.path, today)
                              : SessionsRawDataPrintout(game, rq, name, today, error);
+  } else if (what == "bankroll") {
+    // A sheet of graphs, one for each seated player (as many as it holds),
+    // each scaled as its window would show it.
+    doc = BankrollGraphSheet(GraphsPerSheet(kLetterPrintableTwips));
+    for (int p = 1, added = 0; p <= 8 && added < GraphsPerSheet(kLetterPrintableTwips); ++p) {
+      if (game.PlayerName[static_cast<std::size_t>(p)].empty()) continue;
+      game.graph.GraphPlayer = p;
+      RebuildGraphTrend(game);
+      FigureGraphScale(game, true);
+      AddBankrollGraph(doc, game, FigureBankrollGraph(game, p), today, "Tuesday.rvg");
+      ++added;
+    }
   } else if (what == "dicefile") {
     // The whole file, the sevens highlighted.
     ToggleHighlightTotal(game, 7);
@@ -202,7 +216,7 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or print:checkstacks|advantage|payoffs|summary|hands|freqs|sessions|sessionsraw|dicefile (page 1 of the printout)");
+  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or print:checkstacks|advantage|payoffs|summary|hands|freqs|sessions|sessionsraw|dicefile|bankroll (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");

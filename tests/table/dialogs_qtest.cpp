@@ -242,7 +242,7 @@ void DialogsTest::settleDialogPaysByTheButtonPressed() {
 }
 
 // frmBankroll: the scale buttons climb the ladder, the moving average's
-// span and the throttle reach the game, and Hyper-Drive started from the
+// span, the auto-print and the throttle reach the game, and Hyper-Drive started from the
 // form stops on Auto-Stop with its message.
 void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   DesktopTable t(1);
@@ -263,6 +263,14 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
     form->findChild<QAction*>("mnuSetAverage")->trigger();
     QCOMPARE(g.graph.GraphAverageSpan, want);
   }
+  // mnuAutoPrint holds GraphAutoPrint and lblAutoPrint says so.
+  QAction* autoPrint = form->findChild<QAction*>("mnuAutoPrint");
+  autoPrint->trigger();
+  QVERIFY(g.roll.GraphAutoPrint && autoPrint->isChecked());
+  QCOMPARE(form->findChild<QLabel*>("lblAutoPrint")->text(), QString("Auto-Print ON"));
+  autoPrint->trigger();
+  QVERIFY(!g.roll.GraphAutoPrint);
+  QCOMPARE(form->findChild<QLabel*>("lblAutoPrint")->text(), QString());
   form->findChild<QScrollBar*>("hsbThrottle")->setValue(7);
   QCOMPARE(g.hyper.HyperThrottle, 7);
   // Set Hyper-Drive Auto-Stop ... typed into its real prompt.
