@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "core/platform.h"
 #include "stats/number_format.h"
@@ -162,14 +163,14 @@ void PromptGraphPrint(Game& game) {
   GraphViewState& v = game.graph;
   const std::int64_t rolls = game.RollTally(kTableSession, kEventRolls);
   if (SeatTaken(game, v.GraphPlayer) && rolls > 0 && rolls != v.GraphPrintedRoll &&
-      ShowNotice(game, "Would you like to print the last graph now?", kPromptTitle, 0, kYesNo) == kAnswerYes)
+      ShowNotice(game, "Would you like to print the last graph now?", kPromptTitle, kHelpNone, kYesNo) == kAnswerYes)
     PrintBankrollGraph(game, v.GraphPlayer);
   if (v.GraphPagesPending <= 0) return;
   const std::string text = "So far you've sent " + FormatNumber(v.GraphPagesPending, fmt_pattern::kWhole) +
                            " to the current page.\r" +
                            FormatNumber(GraphsPerSheet(kLetterPrintableTwips), fmt_pattern::kWhole) +
                            " graphs will fit on a page.\r\rWould you like to finish printing now?";
-  if (ShowNotice(game, text, kPromptTitle, 0, kYesNo) == kAnswerYes) SendGraphSheet(game);
+  if (ShowNotice(game, text, kPromptTitle, kHelpNone, kYesNo) == kAnswerYes) SendGraphSheet(game);
 }
 
 void SetGraphAutoPrint(Game& game, bool on) {
