@@ -109,7 +109,10 @@ bool ParseSize(const std::string& text, int& w, int& h) {
 // a letter-size sheet at 96 dots an inch, white, with inch margins.
 int SavePrintPreview(Game& game, const std::string& what, const std::string& path) {
   constexpr int kDpi = 96, kSheetWidth = 816, kSheetHeight = 1056, kMargin = 72;
-  const CalendarDate today = game.platform->Today();
+  // A fixed day (the Tuesday of the file name), so that the pictures of the
+  // printouts come out the same whenever they are made.
+  constexpr CalendarDate kPreviewDate{2026, 11, 24};
+  const CalendarDate today = kPreviewDate;
   PrintDocument doc;
   if (what == "checkstacks") {
     ShowSomeCheckStacks(game);
