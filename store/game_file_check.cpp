@@ -85,7 +85,8 @@ bool SeatSound(const Game& g, int p) {
 
 bool GameSound(const Game& g) {
   for (Long p : {g.Shooter, g.betting.CurPlayer, g.HandShooter, g.PrevHandShooter, g.betting.CheckStacksPlayer,
-                 g.betting.BankrollTabPlayer, g.scriptSource.EdPlayer, g.graph.GraphPlayer})
+                 g.betting.BankrollTabPlayer, g.scriptSource.EdPlayer, g.graph.GraphPlayer,
+                 g.views.SessionsPlayer})
     if (!Within(p, 0, 8)) return false;
   if (!Within(g.Die1, 1, 6) || !Within(g.Die2, 1, 6)) return false;
   if (!PointOrNone(g.Point) || !PointOrNone(g.PointAtRoll) || !PointOrNone(g.PointBeforeLast))

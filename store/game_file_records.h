@@ -114,7 +114,7 @@ void PositionRecord(IO& io, Game& g, Long& checkImageCount) {
   io.Long(100, g.betting.BankrollTabPlayer);
   io.Long(104, g.graph.GraphPlayer);
   io.Long(108, g.scriptSource.EdPlayer);
-  io.Long(112, f.GamesPlayer);
+  io.Long(112, g.views.SessionsPlayer);
   io.Long(116, g.views.HandsPlayers);
   io.Long(120, g.views.BetTrendsPlayer);
 }

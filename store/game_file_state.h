@@ -43,9 +43,7 @@ struct GameFileState {
   std::array<float, 64> LayoutA{};
   std::array<float, 64> LayoutB{};
 
-  // The player selected on the games view; the table's rotation
-  // as cosine and sine, figured on reading.
-  L GamesPlayer = 0;
+  // The table's rotation as cosine and sine, figured on reading.
   double TableCos = 1, TableSin = 0;
 
   // Events log window.

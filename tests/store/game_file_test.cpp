@@ -172,7 +172,8 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
     next(view.zoom), next(view.rotation), next(view.offsetA), next(view.offsetB);
   }
   next(tv.TableRotation), next(tv.TableOffsetA), next(tv.TableOffsetB), next(tv.TableZoom);
-  next(v.SummaryPlayers), next(v.BetResultsPlayers), next(f.GamesPlayer);
+  next(v.SummaryPlayers), next(v.BetResultsPlayers);
+  v.SessionsPlayer = 7;
   next(v.HandsPlayers), next(v.BetTrendsPlayer);
   r.LogRollOnTop = true, f.LogBold = true, f.LogItalic = false;
   next(f.LogFontSize);
@@ -349,6 +350,7 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(betting.AtmAmount); SAME(betting.KeyInBetAmounts); SAME(betting.DisplayZeroStacks);
   SAME(betting.CheckStacksPlayer); SAME(betting.BankrollTabPlayer); SAME(betting.CurPlayer);
   SAME(autoplay.SelectedPlayers); SAME(scriptSource.EdPlayer); SAME(gamefile);
+  SAME(views.SessionsPlayer);
   SAME(table.SavedView); SAME(table.TableRotation); SAME(table.TableOffsetA);
   SAME(table.TableOffsetB); SAME(table.TableZoom); SAME(table.AutoSize);
   SAME(table.DisplayBetAmounts); SAME(table.HopBetsShown); SAME(table.StatusView);
@@ -595,6 +597,7 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {5, 20, 4, 7},                    // a point of 7
       {5, 8, 4, 9},                     // shooter in no seat
       {5, 104, 4, 9},                   // the bankroll graph's player in no seat
+      {5, 112, 4, -1},                  // the sessions log's player in no seat
       {411, 108, 4, 10},                // a graph colour scheme past the last
       {411, 132, 4, 526},               // a moving average longer than the page
       {10, 200, 8, 8 * 10000},          // generator 9
