@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <fstream>
 #include <memory>
 #include <sys/stat.h>
@@ -30,7 +29,6 @@ namespace {
 using namespace game_file;
 
 constexpr const char* kOpenTitle = "Unable to Open Ravelton Game File";
-constexpr double kDegreesToRadians = 0.017453292519943278;
 // The longest file worth reading: eight players and the most check images.
 const std::size_t kLongestFile = GameFileLength(8, kMaxCheckImages);
 
@@ -180,9 +178,6 @@ ReadResult ReadRecords(std::string_view bytes, Game& g) {
 void DeriveAfterReading(Game& g) {
   g.DiceTotal = g.Die1 + g.Die2;
   g.PointsMade = std::popcount(static_cast<unsigned>(g.PointsMadeMask));
-  GameFileState& f = g.gamefile;
-  f.TableCos = std::cos(g.table.TableRotation * kDegreesToRadians);
-  f.TableSin = std::sin(g.table.TableRotation * kDegreesToRadians);
   g.diceFile.DiceSelEnd = g.diceFile.DiceFilePos;
   g.RollsSince.Set(kEventRolls, g.RollTally(kTableSession, kEventRolls));
   for (int p = 1; p <= 8; ++p)

@@ -43,9 +43,6 @@ struct GameFileState {
   std::array<float, 64> LayoutA{};
   std::array<float, 64> LayoutB{};
 
-  // The table's rotation as cosine and sine, figured on reading.
-  double TableCos = 1, TableSin = 0;
-
   // Events log window.
   L LogFontSize = 0;
   bool LogBold = false, LogItalic = false;

@@ -305,8 +305,6 @@ void CopyNotStored(Game& expected, const Game& loaded) {
     if (!kept(game_file::kLayoutA)) f.LayoutA[i] = loaded.gamefile.LayoutA[i];
     if (!kept(game_file::kLayoutB)) f.LayoutB[i] = loaded.gamefile.LayoutB[i];
   }
-  f.TableCos = loaded.gamefile.TableCos;
-  f.TableSin = loaded.gamefile.TableSin;
   f.GameFilePath = loaded.gamefile.GameFilePath;
   f.WindowTitle = loaded.gamefile.WindowTitle;
 }
