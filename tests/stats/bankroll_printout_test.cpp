@@ -6,23 +6,19 @@
 
 #include <gtest/gtest.h>
 
-#include "../engine/table_fixture.h"
 #include "core/message_dialog.h"
 #include "cycle/game_commands.h"
 #include "dice/rng.h"
+#include "printout_fixture.h"
 
 namespace {
 
 using namespace bet;
 
-class GraphPrint : public TableFixture {
+class GraphPrint : public PrintoutFixture {
  protected:
   GraphPrint() {
-    g.rules.BetRequirement = kNoBetRequired;
-    g.Shooter = g.HandShooter = 1;
     g.graph.GraphPlayer = 1;
-    platform.fixedDate = CalendarDate{2026, 11, 24};
-    g.rules.PrintColors = {9, 12, 13};  // blue gains, red losses
     // The seats' records start at the stake, in the picture's rows, and the
     // first column is the session's first roll, as after a new session.
     for (int p = 1; p <= 3; ++p) {
@@ -30,10 +26,6 @@ class GraphPrint : public TableFixture {
       g.GraphBankroll(p, 0) = Currency::FromWhole(1);
     }
     g.roll.GraphTop = Currency::FromWhole(1100);
-  }
-  void Roll(int d1, int d2) {
-    ASSERT_TRUE(QueueDice(g, d1, d2));
-    RollDice(g);
   }
   void Rolls(int n) {
     for (int i = 0; i < n; ++i) RollDice(g);
@@ -76,7 +68,7 @@ TEST_F(GraphPrint, OneGraphShowsTheWindowsFiguresAndPicture) {
   ASSERT_GE(doc.lines.size(), 10u);
   EXPECT_EQ(doc.linesPerPage, perSheet * kGraphPrintLines);
   EXPECT_EQ(LineText(doc.lines[0]), "Bankroll Graph");
-  EXPECT_EQ(LineText(doc.lines[1]), "24-Nov-26");
+  EXPECT_EQ(LineText(doc.lines[1]), "23-Nov-26");
   EXPECT_EQ(LineText(doc.lines[2]), "Game file:  untitled");
   EXPECT_EQ(LineText(doc.lines[3]), "Player:  P1");
   EXPECT_EQ(LineText(doc.lines[4]), "High:  1,010  Low:  1,000  Current:  1,010");

@@ -7,8 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include "../engine/table_fixture.h"
 #include "analysis/advantage.h"
+#include "printout_fixture.h"
 #include "stats/bet_results.h"
 #include "stats/summary.h"
 #include "stats/summary_printouts.h"
@@ -17,18 +17,8 @@ namespace {
 
 using namespace bet;
 
-class Views : public TableFixture {
+class Views : public PrintoutFixture {
  protected:
-  Views() {
-    g.rules.BetRequirement = kNoBetRequired;
-    g.Shooter = g.HandShooter = 1;
-    platform.fixedDate = CalendarDate{2026, 11, 23};
-    g.rules.PrintColors = {9, 12, 13};  // blue gains, red losses
-  }
-  void Roll(int d1, int d2) {
-    ASSERT_TRUE(QueueDice(g, d1, d2));
-    RollDice(g);
-  }
   // P1 bets 10 on the Pass Line: a natural 7 wins, craps 2 loses, 11 wins.
   void ThreeComeOuts() {
     Put(1, kPassLine, 10);
