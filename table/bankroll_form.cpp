@@ -14,6 +14,7 @@
 
 #include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
+#include "script/activation.h"
 #include "core/game.h"
 #include "core/graph_rows.h"
 #include "core/money.h"
@@ -180,6 +181,8 @@ BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_
   radio(plot, "mnuBRTypePlot", {"Page", "Scroll"}, game_.roll.GraphPlotType);
   QMenu* print = menu->addMenu("&Print");
   MenuItem(this, print, "mnuPrintNow", "Print &Now", [this] {
+    // During a script run the print waits for the user's leave to interrupt it.
+    if (game_.scriptRun.ScriptRunning && !AskInterruptAutoBetting(game_)) return;
     PrintBankrollGraph(game_, game_.graph.GraphPlayer);
     PromptGraphPrint(game_);
   });

@@ -271,6 +271,13 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   autoPrint->trigger();
   QVERIFY(!g.roll.GraphAutoPrint);
   QCOMPARE(form->findChild<QLabel*>("lblAutoPrint")->text(), QString());
+  // Print Now during a script run asks first: No keeps the run and prints nothing.
+  g.scriptRun.ScriptRunning = true;
+  t.AnswerMessage(2);  // No
+  form->findChild<QAction*>("mnuPrintNow")->trigger();
+  QCOMPARE(t.shown.back().first, std::string("Auto-Bet Active"));
+  QVERIFY(g.scriptRun.ScriptRunning && g.graph.GraphPagesPending == 0);
+  g.scriptRun.ScriptRunning = false;
   form->findChild<QScrollBar*>("hsbThrottle")->setValue(7);
   QCOMPARE(g.hyper.HyperThrottle, 7);
   // Set Hyper-Drive Auto-Stop ... typed into its real prompt.
