@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -138,6 +139,7 @@ void ConfigureForm::Fill() {
   fieldList_->clearSelection();
   payoffs_->currentItem()->setSelected(true);
   FillPayoffRow();
+  payoffs_->verticalScrollBar()->setValue(game_.gamefile.PayoffsScroll);
   FillSound();
   const int tab = static_cast<int>(r.ConfigureTab);
   // The bankroll tab has nothing to show with nobody at the table.

@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -63,6 +64,14 @@ QWidget* ConfigureForm::BuildPayoffs() {
     }
   }
   payoffs_->setItemDelegate(new PayoffRowDelegate(payoffs_));
+  // vsbPayoffs: where the list stands is the game's PayoffsScroll, which the
+  // game file keeps; the list takes it again whenever its range is laid out.
+  QScrollBar* scroll = payoffs_->verticalScrollBar();
+  connect(scroll, &QScrollBar::valueChanged, this, [this](int top) {
+    if (!FormLoading) game_.gamefile.PayoffsScroll = top;
+  });
+  connect(scroll, &QScrollBar::rangeChanged, this,
+          [this, scroll] { scroll->setValue(game_.gamefile.PayoffsScroll); });
   layout->addWidget(payoffs_, 1);
   // The Field pays by dice combination: its 21 rows stand beside the bets.
   fieldList_ = new QListWidget;

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabWidget>
@@ -41,6 +42,7 @@ class ConfigureTest : public QObject {
   void clearingFireWithAFireBetAnsweredNoKeepsIt();
   void generatorBoxSelectsAndSeeds();
   void fieldRowsAreEditedBesideTheBets();
+  void thePayoffListStandsWhereTheGameLeftIt();
   void compListButtonsSetTheBitWords();
   void bankrollTabWithNobodySaysSoAndStays();
   void bankrollTabWorksOnTheChosenPlayer();
@@ -246,6 +248,20 @@ void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(field->currentRow(), kSix - 1);
   QVERIFY(Label(form, "lblPayoff").startsWith("Field 6"));
+}
+
+// The payoff list's scroll position is the game's (the file keeps it): a
+// form filled again stands where the game says.
+void ConfigureTest::thePayoffListStandsWhereTheGameLeftIt() {
+  DesktopTable t;
+  ConfigureForm* form = t.OpenConfigure(kTabPayoffs);
+  QScrollBar* scroll = Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar();
+  QVERIFY(scroll->maximum() >= 20);
+  scroll->setValue(20);
+  QCOMPARE(t.game->gamefile.PayoffsScroll, 20);
+  t.game->gamefile.PayoffsScroll = 7;  // as a game opened later leaves it
+  form = t.OpenConfigure(kTabPayoffs);
+  QCOMPARE(Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar()->value(), 7);
 }
 
 void ConfigureTest::compListButtonsSetTheBitWords() {
