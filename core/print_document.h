@@ -72,6 +72,9 @@ struct PrintDocument {
   std::vector<PrintLine> lines;
   std::vector<PrintGraph> graphs;
   int linesPerPage = 0;  // 0: as many as the page holds
+  // Sent by itself (the bankroll graph's auto-print): the platform prints
+  // it on the printer last chosen, asking only when none was chosen yet.
+  bool unattended = false;
 
   // The line heights a line takes: a picture's, else 1.
   int HeightOf(const PrintLine& line) const;

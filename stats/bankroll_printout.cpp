@@ -123,7 +123,7 @@ void AddBankrollGraph(PrintDocument& sheet, const Game& game, const BankrollGrap
   sheet.AddBlank();
 }
 
-bool PrintBankrollGraph(Game& game, int p) {
+bool PrintBankrollGraph(Game& game, int p, bool unattended) {
   if (game.platform == nullptr || !SeatTaken(game, p)) return false;
   GraphViewState& v = game.graph;
   const int perSheet = GraphsPerSheet(kLetterPrintableTwips);
@@ -134,7 +134,10 @@ bool PrintBankrollGraph(Game& game, int p) {
   AddBankrollGraph(game.GraphSheet, game, FigureBankrollGraph(game, p), game.platform->Today(),
                    game.gamefile.GameFilePath);
   v.GraphPrintedRoll = game.RollTally(kTableSession, kEventRolls);
-  if (++v.GraphPagesPending >= perSheet) SendGraphSheet(game);
+  if (++v.GraphPagesPending >= perSheet) {
+    game.GraphSheet.unattended = unattended;  // filled by the auto-print: no printer asked
+    SendGraphSheet(game);
+  }
   return true;
 }
 
@@ -156,7 +159,7 @@ void PrintDueGraph(Game& game) {
   if (r.GraphPlotType == 1 &&
       game.RollTally(kTableSession, kEventRolls) - game.graph.GraphPrintedRoll < kGraphColumns)
     return;
-  PrintBankrollGraph(game, game.graph.GraphPlayer);
+  PrintBankrollGraph(game, game.graph.GraphPlayer, true);
 }
 
 void PromptGraphPrint(Game& game) {

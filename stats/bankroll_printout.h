@@ -40,8 +40,9 @@ void AddBankrollGraph(PrintDocument& sheet, const Game& game, const BankrollGrap
                       const CalendarDate& today, std::string_view gameFile);
 
 // PrintBankrollGraph: player p's graph joins the waiting sheet, which is
-// sent when full. False when p has no seat.
-bool PrintBankrollGraph(Game& game, int p);
+// sent when full (unattended: by the auto-print, which asks for no
+// printer once one was chosen). False when p has no seat.
+bool PrintBankrollGraph(Game& game, int p, bool unattended = false);
 // Sends the waiting sheet as it stands; false when none waits or nothing printed.
 bool SendGraphSheet(Game& game);
 // The auto-print of a full page the roll marked with GraphPrintDue.

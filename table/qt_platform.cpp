@@ -73,9 +73,12 @@ bool QtPlatform::Print(const PrintDocument& document) {
   if (!printToFile.isEmpty()) {
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(printToFile);
+  } else if (document.unattended && !chosenPrinter.isEmpty()) {
+    printer.setPrinterName(chosenPrinter);
   } else {
     QPrintDialog dialog(&printer, mainWindow_);
     if (RunModal(dialog) != QDialog::Accepted) return false;
+    chosenPrinter = printer.printerName();
   }
   if (!PaintDocument(document, printer)) return false;
   ++documentsPrinted;

@@ -44,7 +44,9 @@ class QtPlatform : public QObject, public Platform {
   // A Qt file dialog with the request's caption, types and folder.
   std::optional<std::string> ChooseFile(const FileChooserRequest& request) override;
   // The printer dialog, then the document's pages on the chosen printer;
-  // with printToFile set, straight into that PDF file instead.
+  // with printToFile set, straight into that PDF file instead. A document
+  // sent unattended goes to chosenPrinter without the dialog once one was
+  // chosen, so that an auto-print never stops a run to ask.
   bool Print(const PrintDocument& document) override;
   // The help window on the topic's page, over the modal dialog open (so
   // that it takes input) or else the main window.
@@ -64,6 +66,8 @@ class QtPlatform : public QObject, public Platform {
   // A PDF file that printouts go to without the printer dialog (tests,
   // --print-to); empty in play.
   QString printToFile;
+  // The printer of the last print dialog accepted; empty until then.
+  QString chosenPrinter;
   int documentsPrinted = 0;
   // Counts of what was shown, for tests and the status line.
   int messagesShown = 0;

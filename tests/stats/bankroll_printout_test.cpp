@@ -112,6 +112,7 @@ TEST_F(GraphPrint, GraphsFillASheetThatIsSentWhenFull) {
   ASSERT_TRUE(PrintBankrollGraph(g, 1));
   ASSERT_EQ(platform.printed.size(), 1u);
   const PrintDocument& sent = platform.printed[0];
+  EXPECT_FALSE(sent.unattended);  // sent by hand: the printer may be asked for
   EXPECT_EQ(Count(sent, "Bankroll Graph"), perSheet);
   EXPECT_EQ(Count(sent, "Player:  P2"), 1);
   EXPECT_EQ(sent.graphs.size(), static_cast<std::size_t>(perSheet));
@@ -143,6 +144,7 @@ TEST_F(GraphPrint, AFullPagePrintsByItself) {
   Rolls(2 * kGraphColumns);
   ASSERT_EQ(platform.printed.size(), 1u);
   const PrintDocument& sent = platform.printed[0];
+  EXPECT_TRUE(sent.unattended);  // sent by itself: no printer is asked for
   ASSERT_EQ(sent.graphs.size(), 3u);
   EXPECT_EQ(sent.graphs[1].labels[7].text, "526");
   EXPECT_EQ(sent.graphs[2].labels[7].text, "1,051");

@@ -278,6 +278,18 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   QCOMPARE(t.shown.back().first, std::string("Auto-Bet Active"));
   QVERIFY(g.scriptRun.ScriptRunning && g.graph.GraphPagesPending == 0);
   g.scriptRun.ScriptRunning = false;
+  // A sheet the auto-print sends goes to the printer chosen before without
+  // the print dialog; with none chosen yet the dialog asks.
+  PrintDocument sheet;
+  sheet.AddText("Bankroll Graph");
+  sheet.unattended = true;
+  const std::size_t dialogs = t.shown.size();
+  t.platform.chosenPrinter = "Ravelton test printer";
+  t.platform.Print(sheet);
+  QCOMPARE(t.shown.size(), dialogs);
+  t.platform.chosenPrinter.clear();
+  QVERIFY(!t.platform.Print(sheet));  // the dialog, closed by its default answer
+  QCOMPARE(t.shown.size(), dialogs + 1);
   form->findChild<QScrollBar*>("hsbThrottle")->setValue(7);
   QCOMPARE(g.hyper.HyperThrottle, 7);
   // Set Hyper-Drive Auto-Stop ... typed into its real prompt.
