@@ -21,16 +21,25 @@ std::string FormatSimHours(double h) {
 BankrollGraphFigures FigureBankrollGraph(const Game& g, int p) {
   BankrollGraphFigures f;
   f.player = p;
-  if (!SeatTaken(g, p)) return f;
+  // The scale and the session's rolls stand beside the graph with or
+  // without a player.
   const RollState& r = g.roll;
-  const GraphViewState& v = g.graph;
-  f.playerName = g.PlayerName[static_cast<std::size_t>(p)];
   f.scale = r.GraphScale;
   f.top = r.GraphTop;
   for (int n = 0; n < 7; ++n) {
     const Currency at = r.GraphTop - CurMulInt(r.GraphScale, kGraphBlockRows * n);
     f.scaleLabels[static_cast<std::size_t>(n)] = ShowValue(at.ToDouble(), FormatNumber(at, fmt_pattern::kWhole));
   }
+  const Long rolls = g.RollTally(kTableSession, kEventRolls);
+  const double perHour = g.rules.RollsPerHour.ToDouble();
+  f.totalRolls = ShowCount(rolls, "#,#;0;0");
+  f.rollsPerHour = ShowValue(perHour, FormatWholeOr(perHour, fmt_pattern::kWhole, "#,0.0###;-#,#;0"));
+  const double hours = perHour != 0 ? rolls / perHour : 0;
+  f.simHours = ShowValue(hours, FormatSimHours(hours));
+  if (!SeatTaken(g, p)) return f;
+
+  const GraphViewState& v = g.graph;
+  f.playerName = g.PlayerName[static_cast<std::size_t>(p)];
   const double left = g.GraphBankroll(p, 0).ToDouble();
   f.rollsLeft = ShowCount(left, fmt_pattern::kWhole);
   f.rollsRight = ShowCount(left + kGraphColumns - 1, fmt_pattern::kWhole);
@@ -52,12 +61,6 @@ BankrollGraphFigures FigureBankrollGraph(const Game& g, int p) {
   }
   f.currentRow = GraphRow(g, g.Bet(p, 0));
 
-  const Long rolls = g.RollTally(kTableSession, kEventRolls);
-  const double perHour = g.rules.RollsPerHour.ToDouble();
-  f.totalRolls = ShowCount(rolls, "#,#;0;0");
-  f.rollsPerHour = ShowValue(perHour, FormatWholeOr(perHour, fmt_pattern::kWhole, "#,0.0###;-#,#;0"));
-  const double hours = perHour != 0 ? rolls / perHour : 0;
-  f.simHours = ShowValue(hours, FormatSimHours(hours));
   const Currency high = g.BankrollHigh(p), low = g.BankrollLow(p), now = g.Bet(p, 0);
   // All three whole (to the smallest check when that is whole): no decimals.
   const bool whole = IsWhole(high) && IsWhole(low) && IsWhole(now);

@@ -38,5 +38,6 @@ struct BankrollGraphFigures {
 
 // FormatSimHours(hours): "< 0.0001" for a sliver that rounds to nothing.
 std::string FormatSimHours(double hours);
-// Everything the window draws for player p (GraphPlayer by default).
+// Everything the window draws for player p (GraphPlayer by default); for a
+// seat with no player, only the scale and the session's rolls.
 BankrollGraphFigures FigureBankrollGraph(const Game& game, int p);

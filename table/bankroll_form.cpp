@@ -18,10 +18,10 @@
 #include "core/game.h"
 #include "core/graph_rows.h"
 #include "core/money.h"
+#include "stats/bankroll_graph.h"
 #include "stats/bankroll_printout.h"
 #include "stats/graph_view.h"
 #include "table/menu_items.h"
-#include "table/status_box.h"
 
 namespace {
 
@@ -46,8 +46,6 @@ const Scheme kSchemes[kGraphColorSchemes] = {
     {{138, 91, 56}, {255, 255, 255}, {185, 159, 83}, {0, 0, 0}, {255, 0, 0}, {255, 255, 0}}};
 const char* const kColorCaption[10] = {"&Black", "&Cyan", "&White", "&Red", "&Green",
                                        "&Yellow", "Bl&ue", "Gr&ay", "&Tan", "Br&own"};
-
-QString Whole(Currency a) { return QString::fromStdString(StatusAmount(a, false)); }
 
 }  // namespace
 
@@ -347,46 +345,28 @@ void BankrollForm::Refresh() {
     const std::int64_t r = GraphRow(game_, game_.Bet(p, 0));
     if (r < 0 || r > kGraphRows - 1) FigureGraphScale(game_, false);
   }
-  for (std::size_t n = 0; n < scale_.size(); ++n)
-    scale_[n]->setText(Whole(game_.roll.GraphTop -
-                             CurMulInt(game_.roll.GraphScale, static_cast<std::int64_t>(n) * kGraphBlockRows)));
-  const Currency first = game_.GraphBankroll(p >= 1 && p <= 8 ? p : 1, 0);
-  rollsLeft_->setText(Whole(first));
-  rollsRight_->setText(Whole(first + Currency::FromWhole(kGraphColumns - 1)));
-  const long total = game_.RollTally(kTableSession, kEventRolls);
-  const double perHour = game_.rules.RollsPerHour.ToDouble();
-  QString text = QString("Total rolls:  %1<br>Rolls / hr:  %2<br>Sim hrs:  %3")
-                     .arg(QString::fromStdString(StatusAmount(Currency::FromWhole(total), false)))
-                     .arg(perHour, 0, 'f', 0)
-                     .arg(perHour > 0 ? total / perHour : 0.0, 0, 'f', 2);
-  if (p >= 1 && p <= 8) {
-    auto money = [&](const char* label, Currency a) {
-      const char* color = a < Currency{} ? "#ff0000" : "#0000ff";
-      return QString("<br>%1  <span style='color:%2'>%3</span>").arg(label, color, Whole(a));
+  // The texts beside the graph are the report's own figures.
+  const BankrollGraphFigures f = FigureBankrollGraph(game_, p);
+  const auto text = [](const Shown& shown) { return QString::fromStdString(shown.text); };
+  for (std::size_t n = 0; n < scale_.size(); ++n) scale_[n]->setText(text(f.scaleLabels[n]));
+  rollsLeft_->setText(text(f.rollsLeft));
+  rollsRight_->setText(text(f.rollsRight));
+  QString figures = QString("Total rolls:  %1<br>Rolls / hr:  %2<br>Sim hrs:  %3")
+                        .arg(text(f.totalRolls), text(f.rollsPerHour), text(f.simHours));
+  if (!f.playerName.empty()) {
+    auto money = [&](const char* label, const Shown& amount) {
+      const char* color = amount.value < 0 ? "#ff0000" : "#0000ff";
+      return QString("<br>%1  <span style='color:%2'>%3</span>").arg(label, color, text(amount));
     };
-    text += money("High:", game_.BankrollHigh(p)) + money("Low:", game_.BankrollLow(p)) +
-            money("Current:", game_.Bet(p, 0));
+    figures += money("High:", f.high) + money("Low:", f.low) + money("Current:", f.current);
   }
-  const GraphViewState& v = game_.graph;
-  QString refs;
-  if (v.GraphShowRefLines && p >= 1 && p <= 8) {
-    // picRefDif: the two reference lines measured against each other.
-    refs = QString("Rolls:  %1").arg(std::abs(v.RefLine1 - v.RefLine2));
-    if (v.RefLine1 < game_.GraphRollCount && v.RefLine2 < game_.GraphRollCount) {
-      auto value = [&](int col, bool onAverage) {
-        if (!onAverage) return GraphPage(game_, p, col + 1);
-        return game_.roll.GraphShowAverage ? GraphTrendAt(game_, p, col + 1)
-                                           : game_.InvestedBankroll(p);
-      };
-      const Currency d = value(v.RefLine1, v.RefLine1OnAverage) - value(v.RefLine2, v.RefLine2OnAverage);
-      refs += "<br>Bankroll:  " + Whole(d < Currency{} ? -d : d);
-    }
-    text += "<br><br>" + refs;
+  // picRefDif: the two reference lines measured against each other.
+  if (!f.refRolls.empty()) {
+    figures += "<br><br>" + QString::fromStdString(f.refRolls);
+    if (!f.refBankroll.empty()) figures += "<br>" + QString::fromStdString(f.refBankroll);
   }
-  figures_->setText(text);
-  average_->setText(game_.roll.GraphShowAverage
-                        ? QString::fromStdString(GraphTrendLabel(game_.graph.GraphAverageSpan))
-                        : QString());
+  figures_->setText(figures);
+  average_->setText(QString::fromStdString(f.averageLabel));
   graph_->update();
 }
 
