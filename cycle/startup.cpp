@@ -92,6 +92,9 @@ void StartUp(Game& game, const std::string& appFolder, const std::string& dataFo
   r.GraphScale = Currency::FromWhole(1);
   r.GraphBaseScale = Currency::FromWhole(1);
   r.GraphTop = Currency::FromWhole(150);
+  // The graph's first column is the session's first roll, as a new session
+  // leaves it.
+  for (int p = 1; p <= 8; ++p) game.GraphBankroll(p, 0) = Currency::FromWhole(1);
   SetDefaultWorking(game);
   for (int p = 0; p < kPlayerSlots; ++p)
     for (int b = 1; b <= kLastRealBet; ++b) {

@@ -19,12 +19,10 @@ class GraphPrint : public PrintoutFixture {
  protected:
   GraphPrint() {
     g.graph.GraphPlayer = 1;
-    // The seats' records start at the stake, in the picture's rows, and the
-    // first column is the session's first roll, as after a new session.
-    for (int p = 1; p <= 3; ++p) {
+    // The seats' records start at the stake, in the picture's rows; the
+    // first column is the session's first roll from the start.
+    for (int p = 1; p <= 3; ++p)
       g.InvestedBankroll(p) = g.BankrollHigh(p) = g.BankrollLow(p) = kStake;
-      g.GraphBankroll(p, 0) = Currency::FromWhole(1);
-    }
     g.roll.GraphTop = Currency::FromWhole(1100);
   }
   void Rolls(int n) {
