@@ -123,18 +123,16 @@ void AddBankrollGraph(PrintDocument& sheet, const Game& game, const BankrollGrap
   sheet.AddBlank();
 }
 
+int GraphPagesPending(const Game& game) { return static_cast<int>(game.GraphSheet.graphs.size()); }
+
 bool PrintBankrollGraph(Game& game, int p, bool unattended) {
   if (game.platform == nullptr || !SeatTaken(game, p)) return false;
-  GraphViewState& v = game.graph;
   const int perSheet = GraphsPerSheet(kLetterPrintableTwips);
-  if (v.GraphPagesPending <= 0) {
-    game.GraphSheet = BankrollGraphSheet(perSheet);
-    v.GraphPagesPending = 0;
-  }
+  if (GraphPagesPending(game) == 0) game.GraphSheet = BankrollGraphSheet(perSheet);
   AddBankrollGraph(game.GraphSheet, game, FigureBankrollGraph(game, p), game.platform->Today(),
                    game.gamefile.GameFilePath);
-  v.GraphPrintedRoll = game.RollTally(kTableSession, kEventRolls);
-  if (++v.GraphPagesPending >= perSheet) {
+  game.graph.GraphPrintedRoll = game.RollTally(kTableSession, kEventRolls);
+  if (GraphPagesPending(game) >= perSheet) {
     game.GraphSheet.unattended = unattended;  // filled by the auto-print: no printer asked
     SendGraphSheet(game);
   }
@@ -142,11 +140,9 @@ bool PrintBankrollGraph(Game& game, int p, bool unattended) {
 }
 
 bool SendGraphSheet(Game& game) {
-  GraphViewState& v = game.graph;
-  if (game.platform == nullptr || v.GraphPagesPending <= 0) return false;
+  if (game.platform == nullptr || GraphPagesPending(game) == 0) return false;
   const bool printed = game.platform->Print(game.GraphSheet);
   // A sheet the printer refused is not kept: the next graph starts a new one.
-  v.GraphPagesPending = 0;
   game.GraphSheet = PrintDocument();
   return printed;
 }
@@ -168,8 +164,9 @@ void PromptGraphPrint(Game& game) {
   if (SeatTaken(game, v.GraphPlayer) && rolls > 0 && rolls != v.GraphPrintedRoll &&
       ShowNotice(game, "Would you like to print the last graph now?", kPromptTitle, kHelpNone, kYesNo) == kAnswerYes)
     PrintBankrollGraph(game, v.GraphPlayer);
-  if (v.GraphPagesPending <= 0) return;
-  const std::string text = "So far you've sent " + FormatNumber(v.GraphPagesPending, fmt_pattern::kWhole) +
+  const int pending = GraphPagesPending(game);
+  if (pending == 0) return;
+  const std::string text = "So far you've sent " + FormatNumber(pending, fmt_pattern::kWhole) +
                            " to the current page.\r" +
                            FormatNumber(GraphsPerSheet(kLetterPrintableTwips), fmt_pattern::kWhole) +
                            " graphs will fit on a page.\r\rWould you like to finish printing now?";

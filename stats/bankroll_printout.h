@@ -2,7 +2,7 @@
 // of a full page): one graph of a player under "Bankroll Graph", the date,
 // the game file, the player and the window's figures, the graph as a
 // picture with its scale, and the reference line differences. Several
-// graphs share a sheet: they wait in Game::GraphSheet, counted by
+// graphs share a sheet: they wait in Game::GraphSheet, whose graphs are
 // GraphPagesPending, until the sheet is full or the user asks to finish it.
 //
 // What must stay true:
@@ -39,6 +39,8 @@ PrintDocument BankrollGraphSheet(int graphs);
 void AddBankrollGraph(PrintDocument& sheet, const Game& game, const BankrollGraphFigures& f,
                       const CalendarDate& today, std::string_view gameFile);
 
+// GraphPagesPending: the graphs already sent to the sheet being printed.
+int GraphPagesPending(const Game& game);
 // PrintBankrollGraph: player p's graph joins the waiting sheet, which is
 // sent when full (unattended: by the auto-print, which asks for no
 // printer once one was chosen). False when p has no seat.

@@ -24,7 +24,6 @@ struct GraphViewState {
   std::int32_t RefLine2 = 0;
   bool RefLine1OnAverage = false;
   bool RefLine2OnAverage = false;
-  std::int32_t GraphPagesPending = 0;  // graphs already sent to the page being printed
   std::int64_t GraphPrintedRoll = 0;   // the session roll of the last graph printed
   friend bool operator==(const GraphViewState&, const GraphViewState&) = default;
 };

@@ -59,7 +59,7 @@ TEST_F(GraphPrint, OneGraphShowsTheWindowsFiguresAndPicture) {
   Roll(5, 6);
   ASSERT_TRUE(PrintBankrollGraph(g, 1));
   EXPECT_TRUE(platform.printed.empty());  // the sheet waits for two more
-  EXPECT_EQ(g.graph.GraphPagesPending, 1);
+  EXPECT_EQ(GraphPagesPending(g), 1);
   EXPECT_EQ(g.graph.GraphPrintedRoll, 3);
 
   const PrintDocument& doc = g.GraphSheet;
@@ -114,14 +114,14 @@ TEST_F(GraphPrint, GraphsFillASheetThatIsSentWhenFull) {
   EXPECT_EQ(Count(sent, "Bankroll Graph"), perSheet);
   EXPECT_EQ(Count(sent, "Player:  P2"), 1);
   EXPECT_EQ(sent.graphs.size(), static_cast<std::size_t>(perSheet));
-  EXPECT_EQ(g.graph.GraphPagesPending, 0);
+  EXPECT_EQ(GraphPagesPending(g), 0);
   EXPECT_TRUE(g.GraphSheet.lines.empty());
 
   EXPECT_FALSE(PrintBankrollGraph(g, 5));  // an open seat has no graph
-  EXPECT_EQ(g.graph.GraphPagesPending, 0);
+  EXPECT_EQ(GraphPagesPending(g), 0);
   platform.printerAvailable = false;
   for (int n = 0; n < perSheet; ++n) PrintBankrollGraph(g, 1);
-  EXPECT_EQ(g.graph.GraphPagesPending, 0);
+  EXPECT_EQ(GraphPagesPending(g), 0);
   EXPECT_EQ(platform.printed.size(), 1u);
 }
 
@@ -131,10 +131,10 @@ TEST_F(GraphPrint, AFullPagePrintsByItself) {
   SeedRngWith(g, 20261124);
   g.roll.GraphAutoPrint = true;
   Rolls(kGraphColumns - 1);
-  EXPECT_EQ(g.graph.GraphPagesPending, 0);
+  EXPECT_EQ(GraphPagesPending(g), 0);
   EXPECT_TRUE(g.GraphSheet.lines.empty());
   Rolls(1);
-  EXPECT_EQ(g.graph.GraphPagesPending, 1);
+  EXPECT_EQ(GraphPagesPending(g), 1);
   EXPECT_EQ(g.graph.GraphPrintedRoll, kGraphColumns);
   EXPECT_FALSE(g.roll.GraphPrintDue);
   ASSERT_EQ(g.GraphSheet.graphs.size(), 1u);
@@ -152,11 +152,11 @@ TEST_F(GraphPrint, AFullPagePrintsByItself) {
   // A scrolling graph is full at every roll, and prints once a page.
   g.roll.GraphPlotType = 1;
   Rolls(kGraphColumns - 1);
-  EXPECT_EQ(g.graph.GraphPagesPending, 0);
+  EXPECT_EQ(GraphPagesPending(g), 0);
   Rolls(1);
-  EXPECT_EQ(g.graph.GraphPagesPending, 1);
+  EXPECT_EQ(GraphPagesPending(g), 1);
   Rolls(1);
-  EXPECT_EQ(g.graph.GraphPagesPending, 1);
+  EXPECT_EQ(GraphPagesPending(g), 1);
 }
 
 // The last graph is offered when it was not printed, then a part-filled
@@ -174,7 +174,7 @@ TEST_F(GraphPrint, PromptOffersTheLastGraphAndTheWaitingSheet) {
   EXPECT_EQ(platform.messages[1].title, "Bankroll Graph Auto-Print Active");
   ASSERT_EQ(platform.printed.size(), 1u);
   EXPECT_EQ(platform.printed[0].graphs.size(), 1u);
-  EXPECT_EQ(g.graph.GraphPagesPending, 0);
+  EXPECT_EQ(GraphPagesPending(g), 0);
 
   // Printed already and nothing waits: nothing to ask.
   PromptGraphPrint(g);
@@ -188,7 +188,7 @@ TEST_F(GraphPrint, PromptOffersTheLastGraphAndTheWaitingSheet) {
   Reply(kAnswerNo);
   PromptGraphPrint(g);
   EXPECT_EQ(platform.messages.size(), 4u);
-  EXPECT_EQ(g.graph.GraphPagesPending, 1);
+  EXPECT_EQ(GraphPagesPending(g), 1);
   EXPECT_EQ(platform.printed.size(), 1u);
 
   // Auto-print on asks nothing; turned off it asks, and Yes, Yes prints two.

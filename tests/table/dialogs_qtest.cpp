@@ -21,6 +21,7 @@
 #include "desktop_fixture.h"
 #include "dice/dice_file.h"
 #include "engine/place.h"
+#include "stats/bankroll_printout.h"
 #include "stats/graph_view.h"
 #include "table/bankroll_form.h"
 #include "table/help_window.h"
@@ -276,7 +277,7 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   t.AnswerMessage(2);  // No
   form->findChild<QAction*>("mnuPrintNow")->trigger();
   QCOMPARE(t.shown.back().first, std::string("Auto-Bet Active"));
-  QVERIFY(g.scriptRun.ScriptRunning && g.graph.GraphPagesPending == 0);
+  QVERIFY(g.scriptRun.ScriptRunning && GraphPagesPending(g) == 0);
   g.scriptRun.ScriptRunning = false;
   // A sheet the auto-print sends goes to the printer chosen before without
   // the print dialog; with none chosen yet the dialog asks.
