@@ -224,22 +224,13 @@ void AutoBetForm::BuildMenus(QMenuBar* bar) {
           stored(&GameFileState::EditorItalic));
   connect(CheckItem(font, "mnuFontBold", "&Bold"), &QAction::toggled, this,
           stored(&GameFileState::EditorBold));
-  struct Size {
-    const char* caption;
-    const char* keys;
-    int step;  // 0: back to normal
-  };
-  for (const Size& s : {Size{"&Smaller", "Ctrl+-", -1}, Size{"&Normal", "Ctrl+0", 0},
-                        Size{"&Larger", "Ctrl++", 1}}) {
-    QAction* a = MenuItem(font, "mnuFontSize", s.caption);
-    a->setShortcut(QKeySequence(s.keys));
+  for (QAction* a : FontSizeItems(this, font, "mnuFontSize", [this](int step) {
+         Long& size = game_.gamefile.EditorFontSize;
+         size = NextFontStep(static_cast<int>(size), step, kFontStepMin, kFontStepMax);
+         ApplyOptions();
+       })) {
     a->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(a);
-    connect(a, &QAction::triggered, this, [this, s] {
-      Long& size = game_.gamefile.EditorFontSize;
-      size = s.step == 0 ? 0 : std::clamp<Long>(size + s.step, kFontStepMin, kFontStepMax);
-      ApplyOptions();
-    });
   }
   connect(CheckItem(options, "mnuAutoIndent", "Auto-&Indent"), &QAction::toggled, this,
           stored(&GameFileState::EditorAutoIndent));

@@ -149,24 +149,11 @@ CheckStacksForm::CheckStacksForm(Game& game, QWidget* parent) : QDialog(parent),
   }
   QMenu* size = display->addMenu("Font &Size");
   size->setObjectName("mnuFontSize");
-  struct Size {
-    const char* caption;
-    QKeySequence key;
-    int step;  // 0: back to normal
-  };
-  for (const Size& s : {Size{"&Smaller", QKeySequence(Qt::CTRL | Qt::Key_Minus), -1},
-                        Size{"&Normal", QKeySequence(Qt::CTRL | Qt::Key_0), 0},
-                        Size{"&Larger", QKeySequence(Qt::CTRL | Qt::Key_Plus), 1}}) {
-    QAction* a = size->addAction(s.caption);
-    a->setShortcut(s.key);
-    a->setObjectName(QString("mnuFontSize%1").arg(s.step + 1));
-    const int step = s.step;
-    connect(a, &QAction::triggered, this, [this, step] {
-      auto& font = game_.gamefile.CheckStacksFontSize;
-      font = step == 0 ? 0 : std::clamp(font + step, kFontStepMin, kFontStepMax);
-      ApplyFont();
-    });
-  }
+  FontSizeItems(this, size, "mnuFontSize", [this](int step) {
+    auto& font = game_.gamefile.CheckStacksFontSize;
+    font = NextFontStep(font, step, kFontStepMin, kFontStepMax);
+    ApplyFont();
+  });
 
   player_ = new QComboBox;
   player_->setObjectName("cmbPlayer");

@@ -31,6 +31,10 @@ namespace {
 
 constexpr int kListWidth = 230;
 constexpr int kWheelRows = 3;
+// The list's font in point steps around the application's size, and the
+// smallest size it is drawn at.
+constexpr int kFontStepMin = -4, kFontStepMax = 8;
+constexpr double kSmallestPoints = 6.0;
 enum EditCommand { kCut, kCopy, kPaste, kDelete, kSelectAll };
 
 QString Grouped(std::int64_t n) { return QString::fromStdString(FormatCount(n)); }
@@ -40,9 +44,17 @@ QString Grouped(std::int64_t n) { return QString::fromStdString(FormatCount(n));
 DiceRollList::DiceRollList(Game& game, QWidget* parent) : QWidget(parent), game_(game) {
   setObjectName("picDiceRolls");
   setMinimumSize(kListWidth, 200);
+  ApplyFontSize();
+}
+
+void DiceRollList::ApplyFontSize() {
   QFont fixed("DejaVu Sans Mono");
   fixed.setStyleHint(QFont::Monospace);
+  const int step = std::clamp(game_.gamefile.DiceFilesFontSize, kFontStepMin, kFontStepMax);
+  fixed.setPointSizeF(std::max(kSmallestPoints, QApplication::font().pointSizeF() + step));
+  if (fixed == font()) return;  // the form refreshes after every roll
   setFont(fixed);
+  update();
 }
 
 int DiceRollList::RowHeight() const { return fontMetrics().height() + 2; }
@@ -105,6 +117,7 @@ DiceFilesForm::DiceFilesForm(Game& game, QWidget* parent) : QDialog(parent), gam
   BuildFileMenu(menu->addMenu("&File"));
   BuildEditMenu(menu->addMenu("&Edit"));
   highlight_ = BuildHighlightMenu(menu->addMenu("&Highlight"));
+  BuildFontMenu(menu->addMenu("F&ont Size"));
 
   list_ = new DiceRollList(game, this);
   connect(list_, &DiceRollList::rowClicked, this, [this](int row, bool keep) {
@@ -251,6 +264,15 @@ QMenu* DiceFilesForm::BuildEditMenu(QMenu* m) {
     connect(a, &QAction::triggered, this, [this, command] { Edit(command); });
   }
   return m;
+}
+
+void DiceFilesForm::BuildFontMenu(QMenu* m) {
+  m->setObjectName("mnuFontSize");
+  FontSizeItems(this, m, "mnuFontSize", [this](int step) {
+    Long& size = game_.gamefile.DiceFilesFontSize;
+    size = NextFontStep(size, step, kFontStepMin, kFontStepMax);
+    Refresh();
+  });
 }
 
 QMenu* DiceFilesForm::BuildHighlightMenu(QMenu* m) {
@@ -435,6 +457,7 @@ void DiceFilesForm::Refresh() {
                                         "<b style='color:#c00000'>Recording every roll</b>",
                                         "<b style='color:#007000'>Playing back the file</b>"};
   state_->setText(kState[std::clamp(f.DiceFileMode, 0, 2)]);
+  list_->ApplyFontSize();  // a game opened since may hold another size
   scroll_->setRange(1, static_cast<int>(std::clamp<std::int64_t>(total + 1, 1, INT32_MAX)));
   scroll_->setPageStep(list_->VisibleRows());
   scroll_->setValue(std::max(1, f.DiceSelStart));

@@ -27,6 +27,8 @@ class DiceRollList : public QWidget {
   int VisibleRows() const;
   // The height of one row.
   int RowHeight() const;
+  // Sets the list's fixed-pitch font at the game's DiceFilesFontSize step.
+  void ApplyFontSize();
 
  signals:
   // A click on row `row` (from 0); keepOtherEnd with Shift or the right button.
@@ -61,6 +63,8 @@ class DiceFilesForm : public QDialog {
   QMenu* BuildFileMenu(QMenu* menu);
   QMenu* BuildEditMenu(QMenu* menu);
   QMenu* BuildHighlightMenu(QMenu* menu);
+  // Smaller, Normal and Larger for the list's font, kept in the game.
+  void BuildFontMenu(QMenu* menu);
   QWidget* BuildRecorder();
   QWidget* BuildRollButtons();
   // mnuCut, mnuCopy, mnuPaste, mnuDelete, mnuSelectAll: on the text box

@@ -202,30 +202,10 @@ void EventsLogForm::BuildMenus() {
 
   QMenu* font = bar->addMenu("F&ont Size");
   font->setObjectName("mnuFontSize");
-  struct Size {
-    const char* text;
-    QKeySequence key;
-    int step;  // relative, or 0 for normal
-  };
-  for (const Size& s : {Size{"&Smaller", QKeySequence(Qt::CTRL | Qt::Key_Minus), -1},
-                        Size{"&Normal", QKeySequence(Qt::CTRL | Qt::Key_0), 0},
-                        Size{"&Larger", QKeySequence(Qt::CTRL | Qt::Key_Plus), 1}}) {
-    QAction* a = font->addAction(s.text);
-    a->setShortcut(s.key);
-    const int step = s.step;
-    connect(a, &QAction::triggered, this, [this, step] {
-      view_->SetFontStep(step == 0 ? 0 : view_->FontStep() + step);
-      Refresh();
-    });
-  }
-  // Ctrl = is where + is without Shift.
-  auto* equal = new QAction(this);
-  equal->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Equal));
-  connect(equal, &QAction::triggered, this, [this] {
-    view_->SetFontStep(view_->FontStep() + 1);
+  FontSizeItems(this, font, "mnuFontSize", [this](int step) {
+    view_->SetFontStep(NextFontStep(view_->FontStep(), step, -kFontSteps, kFontSteps));
     Refresh();
   });
-  addAction(equal);
 }
 
 void EventsLogForm::Refresh() {

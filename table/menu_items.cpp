@@ -1,5 +1,8 @@
 #include "table/menu_items.h"
 
+#include <QKeySequence>
+#include <algorithm>
+
 QAction* MenuItem(QMenu* menu, const char* name, const QString& caption) {
   QAction* a = menu->addAction(caption);
   a->setObjectName(name);
@@ -18,4 +21,32 @@ QAction* UnbuiltItem(QMenu* menu, const char* name, const QString& caption, cons
   a->setToolTip(why);
   a->setStatusTip(why);
   return a;
+}
+
+std::array<QAction*, 3> FontSizeItems(QObject* owner, QMenu* menu, const char* name,
+                                      const std::function<void(int step)>& stepped) {
+  struct Size {
+    const char* caption;
+    QList<QKeySequence> keys;
+    int step;
+  };
+  const Size sizes[] = {
+      {"&Smaller", {QKeySequence(Qt::CTRL | Qt::Key_Minus)}, -1},
+      {"&Normal", {QKeySequence(Qt::CTRL | Qt::Key_0)}, 0},
+      {"&Larger", {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)}, 1},
+  };
+  std::array<QAction*, 3> items{};
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    const Size& s = sizes[i];
+    QAction* a = MenuItem(menu, name, s.caption);
+    a->setShortcuts(s.keys);
+    const int step = s.step;
+    QObject::connect(a, &QAction::triggered, owner, [stepped, step] { stepped(step); });
+    items[i] = a;
+  }
+  return items;
+}
+
+int NextFontStep(int now, int step, int min, int max) {
+  return step == 0 ? 0 : std::clamp(now + step, min, max);
 }

@@ -1,5 +1,6 @@
 // Menu entries shared by the main window and the forms: a named entry, a named
-// entry joined to a handler, and an entry not built yet (disabled, saying why).
+// entry joined to a handler, an entry not built yet (disabled, saying why),
+// exclusive entries, and the font size entries of the text windows.
 #pragma once
 
 #include <QAction>
@@ -8,6 +9,8 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <array>
+#include <functional>
 
 // An entry of `menu` showing `caption`, named `name` so tests and settings find it.
 QAction* MenuItem(QMenu* menu, const char* name, const QString& caption);
@@ -37,3 +40,11 @@ void RadioItems(QObject* owner, QMenu* menu, const char* name, const QStringList
     QObject::connect(a, &QAction::triggered, owner, [chosen, i] { chosen(i); });
   }
 }
+
+// The font size entries "&Smaller" (Ctrl -), "&Normal" (Ctrl 0) and "&Larger"
+// (Ctrl +, or Ctrl = where + needs Shift), each named `name`: choosing one
+// calls `stepped` with -1, 0 (back to normal) or +1.
+std::array<QAction*, 3> FontSizeItems(QObject* owner, QMenu* menu, const char* name,
+                                      const std::function<void(int step)>& stepped);
+// A stored font step after choosing `step` (0: back to normal), held to min..max.
+int NextFontStep(int now, int step, int min, int max);

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -91,6 +92,24 @@ void DiceFilesTest::keyedRollsReachTheFileTypedOverOrInserted() {
   QCOMPARE(Bytes(t.path), (std::vector<unsigned char>{DiceRollByte(2, 1), DiceRollByte(4, 5),
                                                       DiceRollByte(6, 6)}));
   QCOMPARE(t.Label("lblTotalNumRolls"), QString("3"));
+
+  // Larger and Smaller move the list's font a point, held to the steps
+  // offered; the game keeps the step, so its file does too.
+  auto size = [&t](const char* caption) {
+    for (QAction* a : FormChild<QMenu>(*t.form, "mnuFontSize")->actions())
+      if (a->text() == caption) a->trigger();
+  };
+  DiceRollList* list = t.form->List();
+  const qreal normal = list->font().pointSizeF();
+  size("&Larger");
+  QCOMPARE(t.game->gamefile.DiceFilesFontSize, 1);
+  QCOMPARE(list->font().pointSizeF(), normal + 1);
+  for (int i = 0; i < 20; ++i) size("&Smaller");
+  QCOMPARE(t.game->gamefile.DiceFilesFontSize, -4);
+  QVERIFY(list->font().pointSizeF() < normal);
+  size("&Normal");
+  QCOMPARE(t.game->gamefile.DiceFilesFontSize, 0);
+  QCOMPARE(list->font().pointSizeF(), normal);
 }
 
 void DiceFilesTest::aSelectionIsCopiedAndPastedAtTheCaret() {
