@@ -36,6 +36,8 @@ class HeadlessPlatform : public Platform {
     printed.push_back(document);
     return true;
   }
+  // Records the notice; an empty text (taken down) is recorded too.
+  void ShowProgressNotice(std::string_view text) override { progressNotices.emplace_back(text); }
   // Records the topic; there is no window to show it in.
   bool ShowHelp(int topic) override {
     helpTopics.push_back(topic);
@@ -65,6 +67,7 @@ class HeadlessPlatform : public Platform {
   std::vector<ScriptStep> steps;
   std::vector<PrintDocument> printed;
   std::vector<int> helpTopics;  // the topics help was asked for
+  std::vector<std::string> progressNotices;
   bool printerAvailable = true;
   std::optional<CalendarDate> fixedDate;  // a fixed day for tests
   long eventPumps = 0;

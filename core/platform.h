@@ -99,6 +99,10 @@ class Platform {
     (void)document;
     return false;
   }
+  // Shows a short notice while slow work runs (the printouts' "Preparing
+  // output for printer."), without waiting for the user; an empty text
+  // takes it down.
+  virtual void ShowProgressNotice(std::string_view text) { (void)text; }
   // Opens the help on a topic's page (core/help_topics.h); false when no
   // help can be shown here.
   virtual bool ShowHelp(int topic) {

@@ -75,6 +75,8 @@ struct PrintDocument {
   // Sent by itself (the bankroll graph's auto-print): the platform prints
   // it on the printer last chosen, asking only when none was chosen yet.
   bool unattended = false;
+  // Shown while the pages go to the printer, once it is chosen; empty: none.
+  std::string sendingNotice;
 
   // The line heights a line takes: a picture's, else 1.
   int HeightOf(const PrintLine& line) const;

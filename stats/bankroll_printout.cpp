@@ -13,6 +13,8 @@
 namespace {
 
 constexpr const char* kPromptTitle = "Bankroll Graph Auto-Print Active";
+constexpr const char* kPreparingNotice = "Preparing output for printer.";
+constexpr const char* kSendingNotice = "Sending output to printer.";
 constexpr int kYesNo = kMsgYes | kMsgNo | kMsgPicQmark;
 
 // The picture: the window's grid of columns and rows, framed, with the
@@ -100,6 +102,7 @@ int GraphsPerSheet(int printableTwips) {
 PrintDocument BankrollGraphSheet(int graphs) {
   PrintDocument sheet;
   sheet.jobName = "Ravelton Bankroll Graph";
+  sheet.sendingNotice = kSendingNotice;
   sheet.linesPerPage = std::max(1, graphs) * kGraphPrintLines;
   return sheet;
 }
@@ -128,9 +131,11 @@ int GraphPagesPending(const Game& game) { return static_cast<int>(game.GraphShee
 bool PrintBankrollGraph(Game& game, int p, bool unattended) {
   if (game.platform == nullptr || !SeatTaken(game, p)) return false;
   const int perSheet = GraphsPerSheet(kLetterPrintableTwips);
+  game.platform->ShowProgressNotice(kPreparingNotice);
   if (GraphPagesPending(game) == 0) game.GraphSheet = BankrollGraphSheet(perSheet);
   AddBankrollGraph(game.GraphSheet, game, FigureBankrollGraph(game, p), game.platform->Today(),
                    game.gamefile.GameFilePath);
+  game.platform->ShowProgressNotice({});  // down before a printer dialog may open
   game.graph.GraphPrintedRoll = game.RollTally(kTableSession, kEventRolls);
   if (GraphPagesPending(game) >= perSheet) {
     game.GraphSheet.unattended = unattended;  // filled by the auto-print: no printer asked

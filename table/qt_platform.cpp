@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QFileDialog>
+#include <QLabel>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStringList>
@@ -80,9 +81,39 @@ bool QtPlatform::Print(const PrintDocument& document) {
     if (RunModal(dialog) != QDialog::Accepted) return false;
     chosenPrinter = printer.printerName();
   }
-  if (!PaintDocument(document, printer)) return false;
+  if (!document.sendingNotice.empty()) ShowProgressNotice(document.sendingNotice);
+  const bool painted = PaintDocument(document, printer);
+  if (!document.sendingNotice.empty()) ShowProgressNotice({});
+  if (!painted) return false;
   ++documentsPrinted;
   return true;
+}
+
+void QtPlatform::ShowProgressNotice(std::string_view text) {
+  if (text.empty()) {
+    if (progressNotice_) progressNotice_->hide();
+    return;
+  }
+  const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  progressNoticesShown << shown;
+  if (!progressNotice_) {
+    constexpr int kPadding = 16;
+    progressNotice_ = new QLabel(mainWindow_, Qt::Tool | Qt::FramelessWindowHint);
+    progressNotice_->setObjectName("lblProgressNotice");
+    progressNotice_->setFrameStyle(QFrame::Panel | QFrame::Raised);
+    progressNotice_->setMargin(kPadding);
+    progressNotice_->setAlignment(Qt::AlignCenter);
+  }
+  progressNotice_->setText(shown);
+  progressNotice_->adjustSize();
+  if (mainWindow_) {
+    const QPoint centre = mainWindow_->mapToGlobal(mainWindow_->rect().center());
+    progressNotice_->move(centre - progressNotice_->rect().center());
+  }
+  progressNotice_->show();
+  progressNotice_->raise();
+  // The work that follows holds the event loop: paint the notice now.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 std::optional<std::string> QtPlatform::ChooseFile(const FileChooserRequest& request) {

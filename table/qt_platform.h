@@ -20,6 +20,7 @@
 #include "table/sound_player.h"
 
 class QDialog;
+class QLabel;
 class QWidget;
 struct Game;
 
@@ -48,6 +49,9 @@ class QtPlatform : public QObject, public Platform {
   // sent unattended goes to chosenPrinter without the dialog once one was
   // chosen, so that an auto-print never stops a run to ask.
   bool Print(const PrintDocument& document) override;
+  // A small frameless window over the main window with the text, painted
+  // at once; an empty text hides it.
+  void ShowProgressNotice(std::string_view text) override;
   // The help window on the topic's page, over the modal dialog open (so
   // that it takes input) or else the main window.
   bool ShowHelp(int topic) override;
@@ -69,6 +73,8 @@ class QtPlatform : public QObject, public Platform {
   // The printer of the last print dialog accepted; empty until then.
   QString chosenPrinter;
   int documentsPrinted = 0;
+  // Every progress notice shown, in order (tests).
+  QStringList progressNoticesShown;
   // Counts of what was shown, for tests and the status line.
   int messagesShown = 0;
   int settleDialogsShown = 0;
@@ -85,4 +91,5 @@ class QtPlatform : public QObject, public Platform {
   QPointer<QWidget> mainWindow_;
   QElapsedTimer clock_;
   SoundPlayer sounds_;
+  QPointer<QLabel> progressNotice_;
 };

@@ -111,6 +111,14 @@ TEST_F(GraphPrint, GraphsFillASheetThatIsSentWhenFull) {
   ASSERT_EQ(platform.printed.size(), 1u);
   const PrintDocument& sent = platform.printed[0];
   EXPECT_FALSE(sent.unattended);  // sent by hand: the printer may be asked for
+  EXPECT_EQ(sent.sendingNotice, "Sending output to printer.");
+  // Each graph is prepared under its notice, taken down before the printer
+  // may be asked for.
+  ASSERT_EQ(platform.progressNotices.size(), 2u * perSheet);
+  for (std::size_t i = 0; i < platform.progressNotices.size(); i += 2) {
+    EXPECT_EQ(platform.progressNotices[i], "Preparing output for printer.");
+    EXPECT_EQ(platform.progressNotices[i + 1], "");
+  }
   EXPECT_EQ(Count(sent, "Bankroll Graph"), perSheet);
   EXPECT_EQ(Count(sent, "Player:  P2"), 1);
   EXPECT_EQ(sent.graphs.size(), static_cast<std::size_t>(perSheet));

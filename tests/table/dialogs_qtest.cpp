@@ -285,12 +285,19 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   sheet.AddText("Bankroll Graph");
   sheet.unattended = true;
   const std::size_t dialogs = t.shown.size();
+  // Its notice stands while the pages go out, and only once a printer is
+  // chosen.
+  sheet.sendingNotice = "Sending output to printer.";
   t.platform.chosenPrinter = "Ravelton test printer";
   t.platform.Print(sheet);
   QCOMPARE(t.shown.size(), dialogs);
+  QCOMPARE(t.platform.progressNoticesShown, QStringList{"Sending output to printer."});
+  auto* notice = t.window->findChild<QLabel*>("lblProgressNotice");
+  QVERIFY(notice && !notice->isVisible());
   t.platform.chosenPrinter.clear();
   QVERIFY(!t.platform.Print(sheet));  // the dialog, closed by its default answer
   QCOMPARE(t.shown.size(), dialogs + 1);
+  QCOMPARE(t.platform.progressNoticesShown.size(), 1);
   form->findChild<QScrollBar*>("hsbThrottle")->setValue(7);
   QCOMPARE(g.hyper.HyperThrottle, 7);
   // Set Hyper-Drive Auto-Stop ... typed into its real prompt.
