@@ -33,7 +33,9 @@ std::array<QAction*, 3> FontSizeItems(QObject* owner, QMenu* menu, const char* n
   const Size sizes[] = {
       {"&Smaller", {QKeySequence(Qt::CTRL | Qt::Key_Minus)}, -1},
       {"&Normal", {QKeySequence(Qt::CTRL | Qt::Key_0)}, 0},
-      {"&Larger", {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)}, 1},
+      {"&Larger",
+       {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
+       1},
   };
   std::array<QAction*, 3> items{};
   for (std::size_t i = 0; i < items.size(); ++i) {
