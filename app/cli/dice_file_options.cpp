@@ -3,21 +3,11 @@
 #include <CLI/CLI.hpp>
 #include <sstream>
 
+#include "app/cli/message_line.h"
 #include "core/file_io.h"
 #include "core/game.h"
 #include "cycle/session.h"
 #include "dice/dice_file.h"
-
-namespace {
-
-// A message of the game as one line of the command line's output.
-std::string OneLine(std::string text) {
-  for (char& c : text)
-    if (c == '\r') c = ' ';
-  return text;
-}
-
-}  // namespace
 
 void AddDiceFileOptions(CLI::App& cmd, DiceFileOptions& o) {
   CLI::Option* record = cmd.add_option("--record", o.record,
@@ -52,7 +42,7 @@ bool ApplyDiceFileOptions(Game& g, const DiceFileOptions& o, std::string& error)
       return false;
     }
     if (!IsDiceRollFile(o.playback)) {
-      error = OneLine(NotADiceRollFileText(o.playback));
+      error = MessageLine(NotADiceRollFileText(o.playback));
       return false;
     }
     if (o.fromRoll < 1 || o.fromRoll > INT32_MAX) {

@@ -5,22 +5,11 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "app/cli/message_line.h"
 #include "core/data_folder.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
 #include "store/game_file.h"
-
-std::string MessageLine(const std::string& text) {
-  std::string out;
-  for (char c : text) {
-    if (c != '\r')
-      out += c;
-    else if (!out.empty() && out.back() != ' ')
-      out += ' ';
-  }
-  while (!out.empty() && out.back() == ' ') out.pop_back();
-  return out;
-}
 
 void PrintMessages(const HeadlessPlatform& platform, std::size_t from) {
   for (std::size_t i = from; i < platform.messages.size(); ++i)

@@ -28,7 +28,5 @@ void ApplyDataOption(const GameFileOptions& options);
 bool LoadGameOption(Game& game, HeadlessPlatform& platform, const GameFileOptions& options);
 // Saves to --save; false after its message on stderr.
 bool SaveGameOption(Game& game, HeadlessPlatform& platform, const GameFileOptions& options);
-// A message of the game on one line: the CR pieces joined by blanks.
-std::string MessageLine(const std::string& text);
 // Prints the messages shown since `from` to stderr, one a line.
 void PrintMessages(const HeadlessPlatform& platform, std::size_t from);

@@ -7,6 +7,7 @@
 #include <iostream>
 #include <optional>
 
+#include "app/cli/message_line.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/money.h"
@@ -19,20 +20,6 @@ namespace {
 
 constexpr Currency kDefaultBankroll = Currency::FromWhole(1000);
 constexpr Currency kBankLimit = Currency::FromWhole(kBankrollLimit);
-
-// A notice's text on one line: CR pieces joined by blanks.
-std::string OneLine(std::string text) {
-  std::string out;
-  for (char c : text) {
-    if (c == '\r') {
-      if (!out.empty() && out.back() != ' ') out += ' ';
-    } else {
-      out += c;
-    }
-  }
-  while (!out.empty() && out.back() == ' ') out.pop_back();
-  return out;
-}
 
 // An amount typed on the command line: digits with an optional sign and point.
 std::optional<Currency> Amount(std::string_view text) {
@@ -150,7 +137,7 @@ bool SeatAll(Game& game, const PlayerOptions& o, std::string& error) {
         return false;
       }
       if (const std::string problem = PlayerNameProblem(game, a.name, 0); !problem.empty()) {
-        error = "--player " + o.players[i] + ": " + OneLine(problem);
+        error = "--player " + o.players[i] + ": " + MessageLine(problem);
         return false;
       }
       SeatPlayer(game, a.seat, a.name, a.bankroll);
@@ -209,7 +196,7 @@ bool PlaceAll(Game& game, const std::vector<std::string>& args, std::string& err
     if (game.betting.BetChange != *amount) {
       std::cerr << "ravelton-cli run: --bet " << arg << ": " << FormatMoney(game.betting.BetChange)
                 << " placed";
-      if (!game.msg.MsgText.empty()) std::cerr << ": " << OneLine(game.msg.MsgText);
+      if (!game.msg.MsgText.empty()) std::cerr << ": " << MessageLine(game.msg.MsgText);
       std::cerr << '\n';
     }
   }

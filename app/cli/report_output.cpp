@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iomanip>
 
+#include "app/cli/message_line.h"
 #include "app/cli/report.h"
 
 namespace {
@@ -22,11 +23,6 @@ std::string CsvCell(const nlohmann::json& v) {
     return q + "\"";
   }
   return v.dump();
-}
-
-std::string OneLine(std::string s) {
-  std::replace(s.begin(), s.end(), '\r', ' ');
-  return s;
 }
 
 }  // namespace
@@ -61,7 +57,7 @@ void PrintReportText(std::ostream& out, const Report& r) {
   if (!r.selectionLabel.empty()) out << ", " << r.selectionLabel;
   out << '\n';
   if (r.extra.contains("explanation") && !r.extra["explanation"].get<std::string>().empty())
-    out << OneLine(r.extra["explanation"].get<std::string>()) << '\n';
+    out << MessageLine(r.extra["explanation"].get<std::string>()) << '\n';
   if (r.rows.empty()) return;
   std::vector<std::size_t> width(r.rows.front().fields.size() + 1, 0);
   for (const ReportRow& row : r.rows) {

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "app/cli/commands.h"
+#include "app/cli/message_line.h"
 #include "core/file_io.h"
 #include "dice/dice_file.h"
 #include "dice/dice_file_text.h"
@@ -31,15 +32,9 @@ int Fail(const std::string& error) {
   return 1;
 }
 
-std::string OneLine(std::string text) {
-  for (char& c : text)
-    if (c == '\r') c = ' ';
-  return text;
-}
-
 int PrintRolls(const RollsOptions& o) {
   if (!FileExists(o.file)) return Fail("no dice roll file " + o.file);
-  if (!IsDiceRollFile(o.file)) return Fail(OneLine(NotADiceRollFileText(o.file)));
+  if (!IsDiceRollFile(o.file)) return Fail(MessageLine(NotADiceRollFileText(o.file)));
   if (!HasDiceInformation(o.format))
     return Fail(
         "You must include one or more pieces of dice roll information in your output format, "

@@ -14,6 +14,7 @@
 #include "app/cli/commands.h"
 #include "app/cli/dice_file_options.h"
 #include "app/cli/game_file_options.h"
+#include "app/cli/message_line.h"
 #include "app/cli/player_options.h"
 #include "app/cli/report.h"
 #include "app/cli/script_options.h"
@@ -71,7 +72,8 @@ struct Observer {
 void ObserveRoll(void* context, const Game& game) {
   auto& o = *static_cast<Observer*>(context);
   if (o.trace)
-    std::cout << game.RollTally(kTableSession, kEventRolls) << ' ' << game.Die1 << ' ' << game.Die2 << '\n';
+    std::cout << game.RollTally(kTableSession, kEventRolls) << ' ' << game.Die1 << ' ' << game.Die2
+              << '\n';
   if (!o.scripts->pendingDice.empty()) FeedDice(*o.game, *o.scripts);
 }
 
@@ -88,7 +90,7 @@ nlohmann::json RunSummaryJson(const Game& game, const RunResult& result,
     totals[std::to_string(t)] = game.RollTally(kTableSession, TotalEvent(t));
   nlohmann::json summary = {
       {"rolls", game.RollTally(kTableSession, kEventRolls)},
-      {"stop", result.stop},
+      {"stop", MessageLine(result.stop)},
       {"hands", game.HandsTally(kTableSession)},
       {"comeouts", SessionTotals(game, 1)},
       {"passes", SessionTotals(game, 2)},
@@ -104,7 +106,8 @@ nlohmann::json RunSummaryJson(const Game& game, const RunResult& result,
 }
 
 void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) {
-  out << "Stopped: " << (result.stop.empty() ? "roll count reached" : result.stop) << '\n';
+  out << "Stopped: " << (result.stop.empty() ? "roll count reached" : MessageLine(result.stop))
+      << '\n';
   out << "Rolls: " << game.RollTally(kTableSession, kEventRolls)
       << "  hands: " << game.HandsTally(kTableSession) << "  come-outs: " << SessionTotals(game, 1)
       << "  passes: " << SessionTotals(game, 2) << "  misses: " << SessionTotals(game, 3) << '\n';
@@ -128,7 +131,9 @@ int PrintRunReport(Game& game, const RunResult& result, const RunOptions& option
     return 1;
   }
   if (options.json) {
-    std::cout << nlohmann::json{{"run", RunSummaryJson(game, result, platform)}, {"report", ReportJson(report)}}.dump()
+    std::cout << nlohmann::json{{"run", RunSummaryJson(game, result, platform)},
+                                {"report", ReportJson(report)}}
+                     .dump()
               << '\n';
   } else if (options.report.csv) {
     PrintReportCsv(std::cout, report);
@@ -152,7 +157,8 @@ int Run(RunOptions& options) {
     std::cerr << "ravelton-cli run: " << error << '\n';
     return 1;
   }
-  if (!SetUpPlayers(*game, options, error) || !ApplyDiceFileOptions(*game, options.diceFiles, error) ||
+  if (!SetUpPlayers(*game, options, error) ||
+      !ApplyDiceFileOptions(*game, options.diceFiles, error) ||
       !ApplyLogOptions(*game, options.diceFiles, error)) {
     std::cerr << "ravelton-cli run: " << error << '\n';
     return 1;

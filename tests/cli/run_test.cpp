@@ -18,7 +18,11 @@
 
 #include "cli_util.h"
 #include "core/file_io.h"
+#include "core/game.h"
+#include "core/headless_platform.h"
+#include "cycle/startup.h"
 #include "dice/dice_file.h"
+#include "store/game_file.h"
 #include "tests/support/file_text.h"
 #include "tests/support/temp_folder.h"
 
@@ -304,6 +308,26 @@ TEST_F(CliFiles, ARunSplitBySaveAndLoadEndsAsTheStraightRun) {
   a.erase("seconds"), b.erase("seconds");
   EXPECT_EQ(a, b);
   EXPECT_EQ(b["rolls"], 1000);
+}
+
+// A game a few rolls short of the session's limit: the run stops there with
+// the limit's message, whose line breaks are blanks on one output line.
+TEST_F(CliFiles, TheRollLimitStopsARunWithItsMessageOnOneLine) {
+  ASSERT_EQ(Run("--rolls 0 --save '" + Path("near.rvg") + "'").exitCode, 0);
+  {
+    HeadlessPlatform platform;
+    auto g = MakeGame(platform);
+    StartUp(*g, dir.Path());
+    ASSERT_TRUE(OpenGame(*g, Path("near.rvg")));
+    g->RollTally(kTableSession, kEventRolls) = kSessionRollLimit - 3;
+    ASSERT_TRUE(SaveGame(*g, Path("near.rvg")));
+  }
+  const std::string stop =
+      "Stopped due to reaching the maximum limit of 100,000,000 rolls. "
+      "Select \"New\" from the \"Game\" menu to reset the table.";
+  const auto text = Run("--load '" + Path("near.rvg") + "' --rolls 10");
+  EXPECT_NE(text.out.find("Stopped: " + stop + "\n"), std::string::npos) << text.out;
+  EXPECT_EQ(Json("run --load '" + Path("near.rvg") + "' --rolls 10")["stop"], stop);
 }
 
 TEST_F(CliFiles, ALoadedGameKeepsItsSettingsUnlessAnOptionIsGiven) {
