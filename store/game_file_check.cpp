@@ -1,7 +1,6 @@
 #include "store/game_file_check.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <initializer_list>
 
 #include "core/catalogue.h"
@@ -36,7 +35,8 @@ template <class Table>
 bool PayoffsSound(const Table& t, int rows) {
   for (int i = 1; i <= rows; ++i) {
     const std::int64_t a = t(1, i).raw, flag = t(2, i).raw, d = t(3, i).raw;
-    if (std::llabs(a) > kPayoffLimit || d <= 0 || d > kPayoffLimit) return false;
+    // Compared both ways, not by its magnitude: the lowest 64-bit value has none.
+    if (a < -kPayoffLimit || a > kPayoffLimit || d <= 0 || d > kPayoffLimit) return false;
     if (flag != 0 && flag != -Currency::kScale) return false;
   }
   return true;

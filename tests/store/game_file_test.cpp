@@ -607,6 +607,7 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {416 + 1, 0, 4, 0x20202020},      // a player without a name
       {416 + 41, 10, 1, 0},             // a NUL inside a CheckStack name
       {18, 64, 8, 0},                   // a payoff "for" 0
+      {12, 0, 8, INT64_MIN},            // a payoff of the lowest 64-bit amount
   };
   for (auto [record, at, width, value] : patches) {
     std::string bytes = good;
