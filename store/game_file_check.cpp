@@ -57,6 +57,10 @@ void RepairEnterBet(GameFileState& f) {
 }
 
 void RepairAdjustments(AutoPlayState& a, int p) {
+  // An amount beyond the money limit is refused by SeatSound, not repaired:
+  // the lowest 64-bit amount has no opposite to take.
+  for (int k = 5; k <= 12; ++k)
+    if (!Money(a.AdjustAmount(p, k))) return;
   a.AdjustAmount(p, 5) = a.AdjustAmount(p, 5) < Currency{} ? -a.AdjustAmount(p, 5) : a.AdjustAmount(p, 5);
   for (int k = 5; k <= 12; ++k) {
     if (!Within(a.AdjustOperator(p, k), 0, 3)) a.AdjustOperator(p, k) = 0;
@@ -80,6 +84,8 @@ bool SeatSound(const Game& g, int p) {
   for (Currency c : {g.TotalBets(p), g.BankrollHigh(p), g.BankrollLow(p), g.BankrollSum(p),
                      g.InvestedBankroll(p), b.StartBankroll(p)})
     if (!Money(c)) return false;
+  for (int k = 5; k <= 12; ++k)
+    if (!Money(a.AdjustAmount(p, k))) return false;
   return true;
 }
 

@@ -604,6 +604,8 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {416 + 458, 0, 8, 1 * 10000},     // slot 1 given twice
       {416 + 5, 88, 8, 8 * 10000},      // winning-bet rule 8
       {416 + 39, 0, 2, 3},              // a working state of 3
+      {416 + 457, 32, 8, INT64_MIN},    // an auto-adjust amount of the lowest 64-bit value
+      {416 + 457, 40, 8, INT64_MAX},    // and of the highest
       {416 + 1, 0, 4, 0x20202020},      // a player without a name
       {416 + 41, 10, 1, 0},             // a NUL inside a CheckStack name
       {18, 64, 8, 0},                   // a payoff "for" 0
