@@ -587,6 +587,8 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
 
   // Counts, slots and texts out of their ranges: record, byte, width, value.
   const std::tuple<int, int, int, std::int64_t> patches[] = {
+      {2, 4, 4, 0x7fc00000},            // a window's top that is not a number
+      {3, 8, 4, 0x7149f2ca},            // a window's left of 1e30 pixels
       {5, 0, 4, 9},                     // nine players
       {5, 0, 4, -1},                    //
       {5, 76, 4, 2001},                 // check images above 2,000
