@@ -16,7 +16,19 @@ constexpr std::int64_t kMoneyLimit = Currency::FromWhole(100'000'000'000).raw;
 constexpr std::int64_t kPayoffLimit = Currency::FromWhole(1'000'000).raw;
 constexpr Long kGraphSlots = kGraphColumns;
 
+// A count (rolls, hands, tallies, gaps) is never negative and at most a
+// billion, a streak at most a billion either way: the game goes on counting
+// from it, and a count plus a gap stays inside a Long.
+constexpr Long kCountLimit = 1'000'000'000;
+
 bool Within(Long v, Long lo, Long hi) { return v >= lo && v <= hi; }
+bool Count(Long v) { return Within(v, 0, kCountLimit); }
+template <class Cells>
+bool AllCounts(const Cells& t) {
+  for (Long c : t.cells)
+    if (!Count(c)) return false;
+  return true;
+}
 bool Money(Currency c) { return c.raw >= -kMoneyLimit && c.raw <= kMoneyLimit; }
 bool PointOrNone(Long v) {
   for (Long n : {0, 4, 5, 6, 8, 9, 10})
@@ -81,6 +93,9 @@ bool SeatSound(const Game& g, int p) {
     if (!Within(bias, 0, 2)) return false;
   for (int k = 1; k <= 4; ++k)
     if (!IsCheckStack(b.CheckStackSlot(p, k))) return false;
+  for (int bet = 1; bet <= 100; ++bet)
+    for (int k = 0; k <= 1; ++k)
+      if (!Within(g.BetTrend(p, bet, k), -kCountLimit, kCountLimit)) return false;
   for (Currency c : {g.TotalBets(p), g.BankrollHigh(p), g.BankrollLow(p), g.BankrollSum(p),
                      g.InvestedBankroll(p), b.StartBankroll(p)})
     if (!Money(c)) return false;
@@ -116,7 +131,14 @@ bool GameSound(const Game& g) {
       !Within(graph.GraphColor, 0, kGraphColorSchemes - 1) ||
       !Within(graph.GraphAverageSpan, 0, kGraphColumns))
     return false;
-  if (g.ComeoutsThisHand < 0 || g.PassesThisHand < 0 || g.MissesThisHand < 0) return false;
+  if (!Count(g.ComeoutsThisHand) || !Count(g.PassesThisHand) || !Count(g.MissesThisHand)) return false;
+  if (!AllCounts(g.RollTally.Settled()) || !AllCounts(g.GapTally) || !AllCounts(g.TotalsTally) ||
+      !AllCounts(g.HandsTally) || !AllCounts(g.RollsAtTable.Settled()) ||
+      !AllCounts(g.MostRollsHand) || !AllCounts(g.MostComeoutHand) ||
+      !AllCounts(g.MostPassesHand) || !AllCounts(g.MostMissesHand))
+    return false;
+  for (int k = 0; k <= kLastEvent; ++k)
+    if (!Count(g.RollsSince(k))) return false;
   if (!PayoffsSound(g.PayoffTbl, 100) || !PayoffsSound(g.FieldPayoff, 21) ||
       !PayoffsSound(g.MidwayPayoff, 5) || !PayoffsSound(g.FirePayoff, 6))
     return false;

@@ -600,12 +600,15 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {5, 112, 4, -1},                  // the sessions log's player in no seat
       {411, 108, 4, 10},                // a graph colour scheme past the last
       {411, 132, 4, 526},               // a moving average longer than the page
+      {29, 0, 4, -1},                   // a negative tally
+      {96, 0, 4, 0x7fffffff},           // a gap tally the next roll would carry past a Long
       {10, 200, 8, 8 * 10000},          // generator 9
       {10, 200, 8, 0x7fffffffffffLL},   // a whole number beyond a Long
       {416, 0, 8, 0},                   // a block for slot 0
       {416 + 458, 0, 8, 1 * 10000},     // slot 1 given twice
       {416 + 5, 88, 8, 8 * 10000},      // winning-bet rule 8
       {416 + 39, 0, 2, 3},              // a working state of 3
+      {416 + 31, 0, 4, INT32_MIN},      // a losing streak the next loss would carry past a Long
       {416 + 457, 32, 8, INT64_MIN},    // an auto-adjust amount of the lowest 64-bit value
       {416 + 457, 40, 8, INT64_MAX},    // and of the highest
       {416 + 1, 0, 4, 0x20202020},      // a player without a name
