@@ -153,7 +153,8 @@ bool GameSound(const Game& g) {
     if (!Money(c)) return false;
   if (!AllMoney(g.Bet) || !AllMoney(g.BetAtRoll) || !AllMoney(g.BetAfterRoll) ||
       !AllMoney(g.BetContract) || !AllMoney(g.LayVig) || !AllMoney(g.BuyVig) ||
-      !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll))
+      !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll) || !AllMoney(g.StatAction) ||
+      !AllMoney(g.StatWins) || !AllMoney(g.StatLosses) || !AllMoney(g.ComeTravelTotal))
     return false;
   const DiceFileState& d = g.diceFile;
   if (!Within(d.DiceFileMode, kDiceFileInactive, kDiceFilePlayback) || d.DiceFilePos < 0 ||

@@ -609,6 +609,7 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {416 + 5, 88, 8, 8 * 10000},      // winning-bet rule 8
       {416 + 39, 0, 2, 3},              // a working state of 3
       {416 + 31, 0, 4, INT32_MIN},      // a losing streak the next loss would carry past a Long
+      {416 + 173, 8, 8, INT64_MAX},     // a bet's action beyond the money limit
       {416 + 457, 32, 8, INT64_MIN},    // an auto-adjust amount of the lowest 64-bit value
       {416 + 457, 40, 8, INT64_MAX},    // and of the highest
       {416 + 1, 0, 4, 0x20202020},      // a player without a name
