@@ -125,6 +125,10 @@ bool GameSound(const Game& g) {
   if (t.RollsPerHour <= Currency{} || !Money(t.RollsPerHour)) return false;
   if (!Within(g.hyper.HyperThrottle, 0, 10) || !Within(g.GraphRollCount, 0, kGraphSlots)) return false;
   if (!Within(g.roll.GraphPlotType, 0, 1)) return false;
+  // The statistics views index their tables by the frame they show.
+  const ViewsState& v = g.views;
+  for (Long frame : {v.RollTotalsFrame, v.BetResultsFrame, v.HandsFrame, v.SummaryFrame})
+    if (!Within(frame, 0, kFrameCount - 1)) return false;
   const GraphViewState& graph = g.graph;
   if (!Within(graph.GraphAdjustType, 0, kGraphAdjustTypes - 1) ||
       !Within(graph.GraphStyle, 0, kGraphStyles - 1) ||

@@ -183,13 +183,14 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
   tv.Spotlight = false;
   for (auto* x : {&v.RollTotalsKind, &f.RollTotalsBackColor, &f.RollTotalsGraphColor,
                   &f.RollTotalsScrollX, &f.RollTotalsScrollY,
-                  &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame,
-                  &v.HandsFrame, &v.SummaryFrame, &tv.StatusView, &f.CheckStacksScroll,
+                  &v.RollTotalsPlayers, &tv.StatusView, &f.CheckStacksScroll,
                   &f.CheckStacksFontSize, &v.SessionsFilter, &v.SessionsView,
                   &f.DiceFilesFontSize,
                   &f.EditorLineNumbers, &f.EditorSyntaxLists, &f.EditorAutoIndent,
                   &f.EditorHighlight, &f.EditorItalic, &f.EditorBold, &f.EditorFontSize})
     next(*x);
+  // The views' frames, each off its default.
+  v.RollTotalsFrame = 1, v.BetResultsFrame = 3, v.HandsFrame = 4, v.SummaryFrame = 0;
   // The bankroll graph's player and options, each off its default.
   GraphViewState& graph = g.graph;
   graph.GraphPlayer = 6, graph.GraphAdjustType = 3, graph.GraphStyle = 2, graph.GraphColor = 9;
@@ -598,6 +599,8 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {5, 8, 4, 9},                     // shooter in no seat
       {5, 104, 4, 9},                   // the bankroll graph's player in no seat
       {5, 112, 4, -1},                  // the sessions log's player in no seat
+      {409, 36, 4, 9},                  // the bet results view on a frame past the last
+      {409, 60, 4, -1},                 // the summary view on a frame before the first
       {411, 108, 4, 10},                // a graph colour scheme past the last
       {411, 132, 4, 526},               // a moving average longer than the page
       {29, 0, 4, -1},                   // a negative tally
