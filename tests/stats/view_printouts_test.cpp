@@ -110,6 +110,10 @@ TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
     EXPECT_EQ(f.rows[1][kNetPctCol].text, "0");
     EXPECT_EQ(f.rows[11][kNetPctCol].text, "0");
   }
+  // Each player's rolls fit a Long; the two players' sum does not.
+  g.RollsAtTable(FrameIndex(1, 2)) = g.RollsAtTable(FrameIndex(2, 2)) = 2'000'000'000;
+  EXPECT_DOUBLE_EQ(FigureBetResults(g, 2, kP1 | kP2, {kPassLine}).hours,
+                   4e9 / g.rules.RollsPerHour.ToDouble());
   g.rules.RollsPerHour = {};
   EXPECT_EQ(FigureBetResults(g, 2, kP1, {kPassLine}).rows[9][kWagersCol].text, "0");
   EXPECT_EQ(BetsWithDecisions(g, 2, kP1), std::vector<int>{kPassLine});
