@@ -82,7 +82,7 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
   f.betsLabel = SelectedBetsLabel(static_cast<int>(bets.size()));
   const std::vector<int> slots = SelectedSlots(game, players);
 
-  Long rolls = 0;
+  std::int64_t rolls = 0;  // several players' counts add up beyond a Long
   for (int p : slots) rolls += game.RollsAtTable(FrameIndex(p, frame));
   const double perHour = game.rules.RollsPerHour.ToDouble();
   f.hours = perHour != 0 ? rolls / perHour : 0;

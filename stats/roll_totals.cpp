@@ -51,12 +51,13 @@ RollTotalsFigures FigureRollTotals(const Game& game, int kind, int frame, std::i
   std::vector<int> indices;
   for (int p : SelectedSlots(game, players)) indices.push_back(FrameIndex(p, f.frame));
   if (indices.empty()) indices.push_back(FrameIndex(0, f.frame));
+  // Several players' counts add up beyond a Long.
   auto sum = [&](int c) {
-    Long n = 0;
+    std::int64_t n = 0;
     for (int i : indices) n += game.RollTally(i, c);
     return n;
   };
-  const Long total = sum(0);
+  const std::int64_t total = sum(0);
   f.totalRolls = ShowCount(total, fmt_pattern::kWhole);
 
   double largest = 0;
@@ -64,7 +65,7 @@ RollTotalsFigures FigureRollTotals(const Game& game, int kind, int frame, std::i
     RollTotalsRow row;
     row.category = c;
     row.text = CategoryText(c);
-    const Long count = sum(c);
+    const std::int64_t count = sum(c);
     const double actual = total > 0 ? count * 100.0 / total : 0;
     const double probable = ProbablePercent(c, dice ? &*dice : nullptr);
     row.probablePct = ShowValue(probable, FormatNumber(probable, fmt_pattern::kPercent2));

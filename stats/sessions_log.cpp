@@ -271,7 +271,13 @@ bool SessionsLogReader::Read(std::int32_t s, SessionRecord& record) {
   in_.clear();
   in_.seekg(static_cast<std::streamoff>(s) * kSessionRecordBytes);
   if (!in_.read(reinterpret_cast<char*>(b.data()), kSessionRecordBytes)) return false;
-  for (int n = 0; n < kSessionValues; ++n)
-    record[static_cast<std::size_t>(n)] = Currency::FromRaw(GetInt64(b.data() + 8 * n));
+  for (int n = 0; n < kSessionValues; ++n) {
+    const std::int64_t raw = GetInt64(b.data() + 8 * n);
+    if (raw < -kSessionValueLimit || raw > kSessionValueLimit) {
+      error_ = DamagedLogMessage(path_);
+      return false;
+    }
+    record[static_cast<std::size_t>(n)] = Currency::FromRaw(raw);
+  }
   return true;
 }

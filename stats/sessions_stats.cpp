@@ -29,6 +29,14 @@ int Column(Currency x, Currency low, Currency high) {
   return static_cast<int>(num / (high.raw - low.raw));
 }
 
+// A sum of many sessions back as an amount: a log of two billion sessions
+// can add up beyond 64 bits, and then the sum stands at the bound of its sign.
+Currency SaturatedAmount(Wide sum) {
+  if (sum > INT64_MAX) return Currency::FromRaw(INT64_MAX);
+  if (sum < INT64_MIN) return Currency::FromRaw(INT64_MIN);
+  return Currency::FromRaw(static_cast<std::int64_t>(sum));
+}
+
 void Count(HistogramColumn& col, Currency x) {
   if (col.count == 0 || x < col.low) col.low = x;
   if (col.count == 0 || x > col.high) col.high = x;
@@ -102,6 +110,7 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
   // Pass 1: classes, totals, high and low.
   std::array<std::int64_t, 3> classes{};
   std::int64_t m = 0;
+  Wide handle = 0, net = 0, sum = 0;
   SessionRecord r{};
   for (std::int32_t s = 1; s <= f.sessions && log.ok(); ++s) {
     if (!log.Read(s, r)) break;
@@ -109,14 +118,18 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
     ++classes[static_cast<std::size_t>(cls)];
     if (!Includes(rq, cls)) continue;
     const Currency x = r[static_cast<std::size_t>(value)];
-    f.handle += r[kHandleValue];
-    f.net += r[kNetValue];
-    f.sum += x;
+    handle += r[kHandleValue].raw;
+    net += r[kNetValue].raw;
+    sum += x.raw;
     if (m == 0 || x > f.high) f.high = x;
     if (m == 0 || x < f.low) f.low = x;
     ++m;
   }
   f.included = m;
+  f.handle = SaturatedAmount(handle);
+  f.net = SaturatedAmount(net);
+  f.sum = SaturatedAmount(sum);
+  if (!log.ok()) f.error = log.error();  // a damaged record stopped the pass
   const std::int64_t total = classes[0] + classes[1] + classes[2];
   for (int k = 0; k < 3; ++k) {
     const auto n = static_cast<double>(classes[static_cast<std::size_t>(k)]);
@@ -136,7 +149,7 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
 
   double deviation = 0;
   if (m > 0) {
-    f.mean = f.sum.ToDouble() / static_cast<double>(m);
+    f.mean = static_cast<double>(sum) / Currency::kScale / static_cast<double>(m);
     f.range = f.high - f.low;
     // Pass 2: the square sum and the histogram.
     double squares = 0;

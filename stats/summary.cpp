@@ -47,7 +47,7 @@ void FigureComps(Game& g, CompFigures& c, int i) {
     const Currency wagered = g.StatAction(i, b, kStatTotal);
     if (wagered <= Currency{} || !CompRatedBet(g, b)) continue;
     c.action += wagered;
-    c.decisions += static_cast<std::int32_t>(CurInt(g.StatAction(i, b, kStatCount)).raw / Currency::kScale);
+    c.decisions += CurInt(g.StatAction(i, b, kStatCount)).raw / Currency::kScale;
     house += wagered.ToDouble() * ExpectedValuePerDecision(g, b);
   }
   c.vig -= house;
@@ -73,7 +73,7 @@ SummaryFigures FigureSummary(Game& g, int frame, std::int32_t players) {
   const std::vector<int> slots = SelectedSlots(g, players);
 
   f.totalRolls = ShowCount(g.RollsAtTable(base), fmt_pattern::kWhole);
-  Long hands = 0, shooting = 0;
+  std::int64_t hands = 0, shooting = 0;
   if (slots.empty()) {
     hands = g.HandsTally(base);
     shooting = g.RollTally(base, kEventRolls);
@@ -182,23 +182,23 @@ HandsFigures FigureHands(const Game& g, int frame, std::int32_t players, bool pe
   for (int p : SelectedSlots(g, players)) indices.push_back(base + p);
   if (indices.empty()) indices.push_back(base);
 
-  std::array<std::array<Long, 3>, kHandRows + 1> v{};
+  std::array<std::array<std::int64_t, 3>, kHandRows + 1> v{};
   for (int n = 2; n <= 12; ++n)
     for (int k = 1; k <= 3; ++k) {
-      Long sum = 0;
+      std::int64_t sum = 0;
       for (int i : indices) sum += g.TotalsTally(i, n, k);
       v[static_cast<std::size_t>(n)][static_cast<std::size_t>(k - 1)] = sum;
       v[13][static_cast<std::size_t>(k - 1)] += sum;
       const bool natural = n == 2 || n == 3 || n == 7 || n == 11 || n == 12;
       v[natural ? 14u : 15u][static_cast<std::size_t>(k - 1)] += sum;
     }
-  const Long comeouts = v[13][0];
+  const std::int64_t comeouts = v[13][0];
   for (int row = 2; row <= kHandRows; ++row)
     for (int k = 0; k < 3; ++k) {
       const bool shown = row > 12 || k == 0 || (k == 1 && row >= 4 && row <= 11) ||
                          (k == 2 && row != 7 && row != 11);
       Shown& cell = f.cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(k)];
-      const Long value = v[static_cast<std::size_t>(row)][static_cast<std::size_t>(k)];
+      const std::int64_t value = v[static_cast<std::size_t>(row)][static_cast<std::size_t>(k)];
       if (!shown) {
         cell = ShowNone("");
       } else if (!percent) {
@@ -211,7 +211,8 @@ HandsFigures FigureHands(const Game& g, int frame, std::int32_t players, bool pe
       }
     }
 
-  Long hands = 0, rolls = 0, most[4] = {};
+  std::int64_t hands = 0, rolls = 0;
+  Long most[4] = {};
   for (int i : indices) {
     hands += g.HandsTally(i);
     rolls += g.RollTally(i, kEventRolls);

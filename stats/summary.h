@@ -13,6 +13,8 @@
 //   call and leave ProbabilityDiceOn as they found it.
 // - FigureBetTotals writes bet slot 0 of the statistics tables: working
 //   storage of the views and the sessions log, never a bet's figures.
+// - Counts of several players or totals are added in 64 bits: each count
+//   fits a Long, their sum need not.
 #pragma once
 
 #include <array>
@@ -34,7 +36,7 @@ void FigureBetTotals(Game& game, int i, int t, int from, int to, bool clear);
 struct CompFigures {
   double value = 0, vig = 0;
   Currency action, actionTime;
-  std::int32_t decisions = 0, rolls = 0;
+  std::int64_t decisions = 0, rolls = 0;
 };
 // FigureComps: adds frame index i into the running figures and works out value.
 void FigureComps(Game& game, CompFigures& comps, int i);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <fstream>
 #include <memory>
 #include <sys/stat.h>
@@ -122,6 +123,17 @@ bool LengthFitsCounts(std::string_view bytes) {
          bytes.size() >= GameFileLength(players, images);
 }
 
+// The windows' states, places and sizes of records 2 and 3: numbers a
+// screen can hold, far inside an int, as the windows turn them into ints.
+// Not a number, an infinity or a place a billion pixels away is damage.
+bool WindowPlacesSound(const GameFileState& f) {
+  constexpr float kLimit = 1e7f;
+  for (const auto* singles : {&f.LayoutA, &f.LayoutB})
+    for (float v : *singles)
+      if (!(std::fabs(v) <= kLimit)) return false;
+  return true;
+}
+
 struct ReadResult {
   bool ok = false;
   GameFilePaths paths;
@@ -140,6 +152,7 @@ ReadResult ReadRecords(std::string_view bytes, Game& g) {
   result.windows = g.gamefile;
   result.views = g.table;
   WindowRecords(io, result.windows);
+  if (!WindowPlacesSound(result.windows)) io.Fail();
   SavedViewsRecord(io, result.views);
   Long checkImages = 0;
   PositionRecord(io, g, checkImages);

@@ -1,7 +1,6 @@
 #include "store/game_file_check.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <initializer_list>
 
 #include "core/catalogue.h"
@@ -17,7 +16,19 @@ constexpr std::int64_t kMoneyLimit = Currency::FromWhole(100'000'000'000).raw;
 constexpr std::int64_t kPayoffLimit = Currency::FromWhole(1'000'000).raw;
 constexpr Long kGraphSlots = kGraphColumns;
 
+// A count (rolls, hands, tallies, gaps) is never negative and at most a
+// billion, a streak at most a billion either way: the game goes on counting
+// from it, and a count plus a gap stays inside a Long.
+constexpr Long kCountLimit = 1'000'000'000;
+
 bool Within(Long v, Long lo, Long hi) { return v >= lo && v <= hi; }
+bool Count(Long v) { return Within(v, 0, kCountLimit); }
+template <class Cells>
+bool AllCounts(const Cells& t) {
+  for (Long c : t.cells)
+    if (!Count(c)) return false;
+  return true;
+}
 bool Money(Currency c) { return c.raw >= -kMoneyLimit && c.raw <= kMoneyLimit; }
 bool PointOrNone(Long v) {
   for (Long n : {0, 4, 5, 6, 8, 9, 10})
@@ -36,7 +47,8 @@ template <class Table>
 bool PayoffsSound(const Table& t, int rows) {
   for (int i = 1; i <= rows; ++i) {
     const std::int64_t a = t(1, i).raw, flag = t(2, i).raw, d = t(3, i).raw;
-    if (std::llabs(a) > kPayoffLimit || d <= 0 || d > kPayoffLimit) return false;
+    // Compared both ways, not by its magnitude: the lowest 64-bit value has none.
+    if (a < -kPayoffLimit || a > kPayoffLimit || d <= 0 || d > kPayoffLimit) return false;
     if (flag != 0 && flag != -Currency::kScale) return false;
   }
   return true;
@@ -57,6 +69,10 @@ void RepairEnterBet(GameFileState& f) {
 }
 
 void RepairAdjustments(AutoPlayState& a, int p) {
+  // An amount beyond the money limit is refused by SeatSound, not repaired:
+  // the lowest 64-bit amount has no opposite to take.
+  for (int k = 5; k <= 12; ++k)
+    if (!Money(a.AdjustAmount(p, k))) return;
   a.AdjustAmount(p, 5) = a.AdjustAmount(p, 5) < Currency{} ? -a.AdjustAmount(p, 5) : a.AdjustAmount(p, 5);
   for (int k = 5; k <= 12; ++k) {
     if (!Within(a.AdjustOperator(p, k), 0, 3)) a.AdjustOperator(p, k) = 0;
@@ -77,9 +93,14 @@ bool SeatSound(const Game& g, int p) {
     if (!Within(bias, 0, 2)) return false;
   for (int k = 1; k <= 4; ++k)
     if (!IsCheckStack(b.CheckStackSlot(p, k))) return false;
+  for (int bet = 1; bet <= 100; ++bet)
+    for (int k = 0; k <= 1; ++k)
+      if (!Within(g.BetTrend(p, bet, k), -kCountLimit, kCountLimit)) return false;
   for (Currency c : {g.TotalBets(p), g.BankrollHigh(p), g.BankrollLow(p), g.BankrollSum(p),
                      g.InvestedBankroll(p), b.StartBankroll(p)})
     if (!Money(c)) return false;
+  for (int k = 5; k <= 12; ++k)
+    if (!Money(a.AdjustAmount(p, k))) return false;
   return true;
 }
 
@@ -104,13 +125,24 @@ bool GameSound(const Game& g) {
   if (t.RollsPerHour <= Currency{} || !Money(t.RollsPerHour)) return false;
   if (!Within(g.hyper.HyperThrottle, 0, 10) || !Within(g.GraphRollCount, 0, kGraphSlots)) return false;
   if (!Within(g.roll.GraphPlotType, 0, 1)) return false;
+  // The statistics views index their tables by the frame they show.
+  const ViewsState& v = g.views;
+  for (Long frame : {v.RollTotalsFrame, v.BetResultsFrame, v.HandsFrame, v.SummaryFrame})
+    if (!Within(frame, 0, kFrameCount - 1)) return false;
   const GraphViewState& graph = g.graph;
   if (!Within(graph.GraphAdjustType, 0, kGraphAdjustTypes - 1) ||
       !Within(graph.GraphStyle, 0, kGraphStyles - 1) ||
       !Within(graph.GraphColor, 0, kGraphColorSchemes - 1) ||
       !Within(graph.GraphAverageSpan, 0, kGraphColumns))
     return false;
-  if (g.ComeoutsThisHand < 0 || g.PassesThisHand < 0 || g.MissesThisHand < 0) return false;
+  if (!Count(g.ComeoutsThisHand) || !Count(g.PassesThisHand) || !Count(g.MissesThisHand)) return false;
+  if (!AllCounts(g.RollTally.Settled()) || !AllCounts(g.GapTally) || !AllCounts(g.TotalsTally) ||
+      !AllCounts(g.HandsTally) || !AllCounts(g.RollsAtTable.Settled()) ||
+      !AllCounts(g.MostRollsHand) || !AllCounts(g.MostComeoutHand) ||
+      !AllCounts(g.MostPassesHand) || !AllCounts(g.MostMissesHand))
+    return false;
+  for (int k = 0; k <= kLastEvent; ++k)
+    if (!Count(g.RollsSince(k))) return false;
   if (!PayoffsSound(g.PayoffTbl, 100) || !PayoffsSound(g.FieldPayoff, 21) ||
       !PayoffsSound(g.MidwayPayoff, 5) || !PayoffsSound(g.FirePayoff, 6))
     return false;
@@ -125,7 +157,8 @@ bool GameSound(const Game& g) {
     if (!Money(c)) return false;
   if (!AllMoney(g.Bet) || !AllMoney(g.BetAtRoll) || !AllMoney(g.BetAfterRoll) ||
       !AllMoney(g.BetContract) || !AllMoney(g.LayVig) || !AllMoney(g.BuyVig) ||
-      !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll))
+      !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll) || !AllMoney(g.StatAction) ||
+      !AllMoney(g.StatWins) || !AllMoney(g.StatLosses) || !AllMoney(g.ComeTravelTotal))
     return false;
   const DiceFileState& d = g.diceFile;
   if (!Within(d.DiceFileMode, kDiceFileInactive, kDiceFilePlayback) || d.DiceFilePos < 0 ||

@@ -134,6 +134,10 @@ TEST_F(RollTotals, ASelectionWithNoRollsShowsZeroAndTheProbableScale) {
   for (const RollTotalsRow& r : f.rows) EXPECT_EQ(r.actualPct.text, "0");
   EXPECT_DOUBLE_EQ(f.graphTop, 20);  // 16.67 rounded up to a multiple of 5
   EXPECT_EQ(f.axisMarks, (std::array<double, 4>{5, 10, 15, 20}));
+  // Each player's count fits a Long; the selection's sum does not.
+  Seat(2, "Bob");
+  for (int p = 1; p <= 2; ++p) g.RollTally(FrameIndex(p, 2), kEventRolls) = 2'000'000'000;
+  EXPECT_EQ(FigureRollTotals(g, 0, 2, (1 << 1) | (1 << 2), false).totalRolls.text, "4,000,000,000");
 }
 
 TEST_F(RollTotals, SelectionLabels) {

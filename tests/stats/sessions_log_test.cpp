@@ -124,6 +124,21 @@ TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
     EXPECT_TRUE(AppendSessionRecord(path, r).has_value());
     EXPECT_EQ(ReadWholeFile(path), bytes);
   }
+  // An amount no session can hold is damage too, told when its record is
+  // read: the figures never add it up.
+  std::string huge = good;
+  for (int s = 1; s <= 2; ++s) huge.replace(s * 256 + 8 * kNetValue, 8, "\xff\xff\xff\xff\xff\xff\xff\x7f");
+  const std::string path = Path("huge.slg");
+  WriteWholeFile(path, huge);
+  const SessionsFigures figures = Figures(path);
+  EXPECT_EQ(figures.error, DamagedLogMessage(path));
+  EXPECT_EQ(figures.included, 0);
+  std::string error;
+  SessionsRequest rq;
+  rq.path = path;
+  SessionsRawDataPrintout(g, rq, "Ann", CalendarDate{}, error);
+  EXPECT_EQ(error, DamagedLogMessage(path));
+  EXPECT_EQ(FindSessionValue(rq, Currency::FromRaw(INT64_MAX), 1), 0);
   // A missing log is an empty one.
   SessionsLogReader missing(Path("none.slg"));
   EXPECT_TRUE(missing.ok());

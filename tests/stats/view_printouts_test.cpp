@@ -110,6 +110,10 @@ TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
     EXPECT_EQ(f.rows[1][kNetPctCol].text, "0");
     EXPECT_EQ(f.rows[11][kNetPctCol].text, "0");
   }
+  // Each player's rolls fit a Long; the two players' sum does not.
+  g.RollsAtTable(FrameIndex(1, 2)) = g.RollsAtTable(FrameIndex(2, 2)) = 2'000'000'000;
+  EXPECT_DOUBLE_EQ(FigureBetResults(g, 2, kP1 | kP2, {kPassLine}).hours,
+                   4e9 / g.rules.RollsPerHour.ToDouble());
   g.rules.RollsPerHour = {};
   EXPECT_EQ(FigureBetResults(g, 2, kP1, {kPassLine}).rows[9][kWagersCol].text, "0");
   EXPECT_EQ(BetsWithDecisions(g, 2, kP1), std::vector<int>{kPassLine});
@@ -217,6 +221,14 @@ TEST_F(Views, CompsAddUpOverPlayersAndFollowTheirBase) {
   g.dice.ProbabilityDiceOn = true;
   FigureComps(g, c = {}, i1);
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);  // left as it was found
+  // Counts that each fit a Long add up beyond one.
+  g.StatAction(i1, kField, 1) = g.StatAction(i2, kField, 1) = Currency::FromWhole(2'000'000'000);
+  g.StatAction(i2, kField, 2) = 40_usd;
+  g.RollsAtTable(i1) = g.RollsAtTable(i2) = 2'000'000'000;
+  FigureComps(g, c = {}, i1);
+  FigureComps(g, c, i2);
+  EXPECT_EQ(c.decisions, 4'000'000'000);
+  EXPECT_EQ(c.rolls, 4'000'000'000);
 }
 
 TEST_F(Views, HandsByNumberAndTheirPrintout) {
@@ -229,6 +241,14 @@ TEST_F(Views, HandsByNumberAndTheirPrintout) {
   // The last hand shows its rolls; an empty frame shows "0" everywhere in percent.
   EXPECT_EQ(FigureHands(g, 1, 0, false).handTotal.text, "6");
   EXPECT_EQ(FigureHands(g, 0, 0, true).cells[13][0].text, "0");
+  // Each player's count fits a Long; their sum does not.
+  for (int p = 1; p <= 2; ++p) {
+    g.TotalsTally(FrameIndex(p, 4), 7, 1) = 2'000'000'000;
+    g.HandsTally(FrameIndex(p, 4)) = 2'000'000'000;
+  }
+  EXPECT_EQ(FigureHands(g, 4, kP1 | kP2, false).cells[7][0].text, "4,000,000,000");
+  EXPECT_EQ(FigureHands(g, 4, kP1 | kP2, false).handTotal.text, "4,000,000,000");
+  EXPECT_EQ(FigureSummary(g, 4, kP1 | kP2).totalHands.text, "4,000,000,000");
 
   g.views.HandsFrame = 2;
   g.views.HandsPlayers = 0;

@@ -183,13 +183,14 @@ void FillGame(Game& g, const std::array<const char*, 9>& names) {
   tv.Spotlight = false;
   for (auto* x : {&v.RollTotalsKind, &f.RollTotalsBackColor, &f.RollTotalsGraphColor,
                   &f.RollTotalsScrollX, &f.RollTotalsScrollY,
-                  &v.RollTotalsFrame, &v.RollTotalsPlayers, &v.BetResultsFrame,
-                  &v.HandsFrame, &v.SummaryFrame, &tv.StatusView, &f.CheckStacksScroll,
+                  &v.RollTotalsPlayers, &tv.StatusView, &f.CheckStacksScroll,
                   &f.CheckStacksFontSize, &v.SessionsFilter, &v.SessionsView,
                   &f.DiceFilesFontSize,
                   &f.EditorLineNumbers, &f.EditorSyntaxLists, &f.EditorAutoIndent,
                   &f.EditorHighlight, &f.EditorItalic, &f.EditorBold, &f.EditorFontSize})
     next(*x);
+  // The views' frames, each off its default.
+  v.RollTotalsFrame = 1, v.BetResultsFrame = 3, v.HandsFrame = 4, v.SummaryFrame = 0;
   // The bankroll graph's player and options, each off its default.
   GraphViewState& graph = g.graph;
   graph.GraphPlayer = 6, graph.GraphAdjustType = 3, graph.GraphStyle = 2, graph.GraphColor = 9;
@@ -587,6 +588,8 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
 
   // Counts, slots and texts out of their ranges: record, byte, width, value.
   const std::tuple<int, int, int, std::int64_t> patches[] = {
+      {2, 4, 4, 0x7fc00000},            // a window's top that is not a number
+      {3, 8, 4, 0x7149f2ca},            // a window's left of 1e30 pixels
       {5, 0, 4, 9},                     // nine players
       {5, 0, 4, -1},                    //
       {5, 76, 4, 2001},                 // check images above 2,000
@@ -596,17 +599,26 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {5, 8, 4, 9},                     // shooter in no seat
       {5, 104, 4, 9},                   // the bankroll graph's player in no seat
       {5, 112, 4, -1},                  // the sessions log's player in no seat
+      {409, 36, 4, 9},                  // the bet results view on a frame past the last
+      {409, 60, 4, -1},                 // the summary view on a frame before the first
       {411, 108, 4, 10},                // a graph colour scheme past the last
       {411, 132, 4, 526},               // a moving average longer than the page
+      {29, 0, 4, -1},                   // a negative tally
+      {96, 0, 4, 0x7fffffff},           // a gap tally the next roll would carry past a Long
       {10, 200, 8, 8 * 10000},          // generator 9
       {10, 200, 8, 0x7fffffffffffLL},   // a whole number beyond a Long
       {416, 0, 8, 0},                   // a block for slot 0
       {416 + 458, 0, 8, 1 * 10000},     // slot 1 given twice
       {416 + 5, 88, 8, 8 * 10000},      // winning-bet rule 8
       {416 + 39, 0, 2, 3},              // a working state of 3
+      {416 + 31, 0, 4, INT32_MIN},      // a losing streak the next loss would carry past a Long
+      {416 + 173, 8, 8, INT64_MAX},     // a bet's action beyond the money limit
+      {416 + 457, 32, 8, INT64_MIN},    // an auto-adjust amount of the lowest 64-bit value
+      {416 + 457, 40, 8, INT64_MAX},    // and of the highest
       {416 + 1, 0, 4, 0x20202020},      // a player without a name
       {416 + 41, 10, 1, 0},             // a NUL inside a CheckStack name
       {18, 64, 8, 0},                   // a payoff "for" 0
+      {12, 0, 8, INT64_MIN},            // a payoff of the lowest 64-bit amount
   };
   for (auto [record, at, width, value] : patches) {
     std::string bytes = good;
