@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <limits>
 
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -16,10 +17,11 @@ constexpr std::int64_t kMoneyLimit = Currency::FromWhole(100'000'000'000).raw;
 constexpr std::int64_t kPayoffLimit = Currency::FromWhole(1'000'000).raw;
 constexpr Long kGraphSlots = kGraphColumns;
 
-// A count (rolls, hands, tallies, gaps) is never negative and at most a
-// billion, a streak at most a billion either way: the game goes on counting
-// from it, and a count plus a gap stays inside a Long.
-constexpr Long kCountLimit = 1'000'000'000;
+// A count (rolls, hands, tallies, gaps) is never negative and leaves room
+// in a Long for a whole session more of counting (the roll limit ends a
+// session there), so a game many sessions long still opens; a streak the
+// same either way.
+constexpr Long kCountLimit = std::numeric_limits<Long>::max() - kSessionRollLimit;
 
 bool Within(Long v, Long lo, Long hi) { return v >= lo && v <= hi; }
 bool Count(Long v) { return Within(v, 0, kCountLimit); }
