@@ -101,7 +101,7 @@ int NewRunString(Game& game) {
 
 ScriptElement MakeRunString(Game& game, std::string_view text) {
   const int k = NewRunString(game);
-  game.scriptRun.AllStrings[static_cast<std::size_t>(k)].Text.assign(text);
+  game.scriptRun.AllStrings[static_cast<std::size_t>(k)].Text.assign(text.substr(0, kMaxRunText));
   return {kString, static_cast<double>(k)};
 }
 
