@@ -44,6 +44,7 @@ class HeadlessPlatform : public Platform {
     return false;
   }
   CalendarDate Today() override { return fixedDate ? *fixedDate : Platform::Today(); }
+  int SecondsOfDay() override { return fixedSecondsOfDay ? *fixedSecondsOfDay : Platform::SecondsOfDay(); }
 
   // Default answer of a message style: the first button the style shows
   // (OK 1, Yes 6, No 7, Cancel 2), or the focused one if 0x1000/0x2000 says.
@@ -70,6 +71,7 @@ class HeadlessPlatform : public Platform {
   std::vector<std::string> progressNotices;
   bool printerAvailable = true;
   std::optional<CalendarDate> fixedDate;  // a fixed day for tests
+  std::optional<int> fixedSecondsOfDay;   // a fixed time of day for tests
   long eventPumps = 0;
   long redraws[static_cast<int>(Redraw::kCount)] = {};
 

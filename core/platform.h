@@ -111,4 +111,6 @@ class Platform {
   }
   // Today's date on the local calendar.
   virtual CalendarDate Today();
+  // The local time of day, in seconds after midnight (0 to 86399).
+  virtual int SecondsOfDay();
 };

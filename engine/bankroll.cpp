@@ -46,15 +46,18 @@ Currency Atm(Game& g, int p, bool isDeposit, Currency amount, bool fromConfigure
   const Currency bank = g.Bet(p, 0), bets = g.TotalBets(p);
   Currency allowed = amount;
   std::string why, title = isDeposit ? "ATM Deposit" : "ATM Withdrawal";
+  // The limits are tested against the room left, never by adding the
+  // amount to the bankroll: a script may ask for any amount up to the
+  // largest one, which the sum would overflow.
   if (!isDeposit) {
-    if (bank + amount > kBankLimit) {
+    if (amount > kBankLimit - bank) {
       allowed = kBankLimit - bank;
       why =
           "The full amount of this transaction was not allowed since it would have caused the "
           "current bankroll to exceed the bank limit of $9,999,999";
     }
   } else if (!g.betting.AllowNegBankroll(p)) {
-    if (bank - bets - amount < Currency{}) {
+    if (amount > bank - bets) {
       allowed = bank - bets;
       const bool betting = bets > Currency{};
       why = Cat("The full amount of this transaction was not allowed since it would have ",
@@ -66,7 +69,7 @@ Currency Atm(Game& g, int p, bool isDeposit, Currency amount, bool fromConfigure
                 fromConfigure ? "" : " on the Configuration screen",
                 betting ? ", and/or by reducing the amount of your current bets." : ".");
     }
-  } else if (bank - amount < -kBankLimit) {
+  } else if (amount > bank + kBankLimit) {
     allowed = bank + kBankLimit;
     why =
         "The full amount of this transaction was not allowed since it would have caused your "

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <string>
 
 #include "automation/autoplay.h"
@@ -21,6 +22,8 @@ namespace {
 constexpr int kFirstTableTarget = 3000;  // targets from here on have no player
 constexpr double kMinRollsPerHour = 0.0001;
 constexpr double kMaxRollsPerHour = 36'000'000;
+// The largest count of units a rounding works on: an amount, less a margin.
+constexpr double kMaxRoundedUnits = 9e14;
 
 ScriptElement& Work(Game& g, int position) {
   return g.scriptRun.WorkStatement[static_cast<std::size_t>(position)];
@@ -200,7 +203,15 @@ void ActOnTarget(Game& g, int action, int position, const ScriptElement& value) 
       const Currency unit = CurFromDouble(NumberOf(g, value));
       if (unit.IsZero()) return;
       const double read = NumberOf(g, ReadTargetValue(g, position));
-      const Currency q = CurFromDouble(read / unit.ToDouble());
+      // The count of units is an amount, with room for the half and the one
+      // unit the rounding adds; a count beyond that overflows, as an amount
+      // out of range does anywhere in a run.
+      const double units = read / unit.ToDouble();
+      if (!(std::fabs(units) < kMaxRoundedUnits)) {
+        ScriptRunFailure(g, "Overflow", 6);
+        return;
+      }
+      const Currency q = CurFromDouble(units);
       if (IsWhole(q)) return;  // already on a multiple
       Currency whole = CurInt(q);
       if (action == 487) whole = CurInt(q + Currency::FromRaw(Currency::kScale / 2));

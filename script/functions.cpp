@@ -17,9 +17,6 @@
 
 namespace {
 
-// The longest text a run makes; a longer result is cut there, so that a
-// script that doubles a text in a loop cannot exhaust the memory.
-constexpr std::size_t kMaxRunText = 65'535;
 constexpr int kInputNumberStyle = kMsgOk | kMsgPicQmark | kMsgInput1 | kMsgSignedInput;  // 0x461
 constexpr int kInputTextStyle = kMsgOk | kMsgPicQmark | kMsgInput1;                      // 0x441
 constexpr int kScriptHelpId = kHelpScriptMessages;
@@ -35,7 +32,7 @@ struct Call {
   void Text(int k, std::string& out) { ElementText(g, At(k), out); }
   void SetNumber(double v) { At(0) = {kNumber, v}; }
   void SetText(std::string_view text) {
-    At(0) = MakeRunString(g, text.substr(0, std::min(text.size(), kMaxRunText)));
+    At(0) = MakeRunString(g, text);
   }
   void SetEmptyText() { At(0) = {kString, 0}; }
 };

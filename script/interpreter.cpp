@@ -744,6 +744,10 @@ void Runner::Run() {
       if (notes_ && r_.ScriptRunning && !r_.RunFailed) ShowStep();
       // Only a note makes the text longer than nothing.
       if (!r_.CurStepNote.empty()) r_.CurStepNote.clear();
+      // The strings a statement made end with it (a name keeps its own
+      // copy), so a loop that makes texts reuses the same pool entries
+      // instead of growing the pool by one text a statement.
+      r_.AllStringsCount = std::min(poolSize, r_.AllStringsCount);
       if (r_.RunFailed || !r_.ScriptRunning) break;
       if (limit > 0 && ++statements >= limit) {
         // The headless stand-in for the user who interrupts a run.

@@ -1,13 +1,13 @@
 #include "script/script_text.h"
 
+#include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <ctime>
 
 #include "core/game.h"
 #include "core/money.h"
+#include "core/platform.h"
 #include "script/compile_common.h"
 
 namespace {
@@ -18,16 +18,20 @@ constexpr int kFromRollValue = -15;
 constexpr int kStackNameBase = -800;
 constexpr int kPlayerNameBase = -900;
 
-void AppendClock(std::string& out, bool date) {
-  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-  std::tm local{};
-  localtime_r(&now, &local);
+// Today's date or the time of day, read from the platform, so that a run
+// with the platform's clock fixed reads the same texts every time.
+void AppendClock(Game& game, std::string& out, bool date) {
+  if (!game.platform) return;
   char buf[32];
-  const int n = date ? std::snprintf(buf, sizeof buf, "%04d-%02d-%02d", local.tm_year + 1900,
-                                     local.tm_mon + 1, local.tm_mday)
-                     : std::snprintf(buf, sizeof buf, "%02d:%02d:%02d", local.tm_hour,
-                                     local.tm_min, local.tm_sec);
-  out.append(buf, static_cast<std::size_t>(n > 0 ? n : 0));
+  int n = 0;
+  if (date) {
+    const CalendarDate d = game.platform->Today();
+    n = std::snprintf(buf, sizeof buf, "%04d-%02d-%02d", d.year, d.month, d.day);
+  } else {
+    const int s = game.platform->SecondsOfDay();
+    n = std::snprintf(buf, sizeof buf, "%02d:%02d:%02d", s / 3600, s / 60 % 60, s % 60);
+  }
+  out.append(buf, static_cast<std::size_t>(std::clamp(n, 0, static_cast<int>(sizeof buf) - 1)));
 }
 
 }  // namespace
@@ -76,7 +80,7 @@ void ElementText(Game& game, const ScriptElement& e, std::string& out) {
   } else if (v == 0 || v == kFromRollValue) {
     return;
   } else if (v == kDateValue || v == kTimeValue) {
-    AppendClock(out, v == kDateValue);
+    AppendClock(game, out, v == kDateValue);
     return;
   } else if (v <= kStackNameBase && v > kStackNameBase - 100) {
     const int n = kStackNameBase - Code(v);
@@ -101,7 +105,7 @@ int NewRunString(Game& game) {
 
 ScriptElement MakeRunString(Game& game, std::string_view text) {
   const int k = NewRunString(game);
-  game.scriptRun.AllStrings[static_cast<std::size_t>(k)].Text.assign(text);
+  game.scriptRun.AllStrings[static_cast<std::size_t>(k)].Text.assign(text.substr(0, kMaxRunText));
   return {kString, static_cast<double>(k)};
 }
 

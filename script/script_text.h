@@ -31,7 +31,11 @@ void ElementText(Game& game, const ScriptElement& element, std::string& out);
 // A new entry at the end of AllStrings, its text emptied; returns its index,
 // the Value of a string element that stands for it.
 int NewRunString(Game& game);
-// A string element for a new pool entry holding `text`.
+// The longest text a run makes; a longer one is cut there, so that a
+// script that doubles a text in a loop cannot exhaust the memory.
+inline constexpr std::size_t kMaxRunText = 65'535;
+
+// A string element for a new pool entry holding `text`, cut to kMaxRunText.
 ScriptElement MakeRunString(Game& game, std::string_view text);
 
 // Val: the number a text starts with.

@@ -77,6 +77,16 @@ TEST_F(Interpreter, StringsMadeInARunAreGoneAfterItButANameKeepsItsCopy) {
   EXPECT_EQ(g.scriptRun.AllStringsCount, joined);
   EXPECT_EQ(Name(1, 1), "a1");
   EXPECT_EQ(Name(1, 2), "a1!");
+
+  // Within a run too, a statement's strings end with it: a loop making long
+  // texts does not add a pool entry an iteration.
+  Script(1, "Do : csn3 = space$(1000) & cs4 : add 1 to cs4 : If cs4 >= 500 Then ExitDo EndIf : Loop");
+  CompileALLAutobets(g);
+  ASSERT_TRUE(g.roll.ScriptsOK);
+  RunAutoBets(g);
+  EXPECT_EQ(Stack(1, 4), 500);
+  EXPECT_EQ(Name(1, 3).size(), 1003u);
+  EXPECT_LT(g.scriptRun.AllStrings.size(), static_cast<std::size_t>(g.scriptRun.AllStringsCount) + 10);
 }
 
 TEST_F(Interpreter, RunawayGoSubEndsTheRunWithTheStandardError) {

@@ -72,6 +72,8 @@ class Case {
   Case() : owner_(MakeGame(platform_)), g_(*owner_) {
     platform_.fixedTime = 0;
     platform_.clockStep = 1000;  // the clock measure of start-up and the run floor end at once
+    platform_.fixedDate = CalendarDate{2026, 11, 24};
+    platform_.fixedSecondsOfDay = 9 * 3600 + 5 * 60 + 7;
     StartUp(g_, "/tmp/ravelton-run-cases");
     g_.roll.DataFolder = "/tmp/ravelton-run-cases/";
     fs::create_directories(g_.roll.DataFolder);
