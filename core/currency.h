@@ -31,6 +31,13 @@ struct Currency {
   constexpr bool IsZero() const { return raw == 0; }
 };
 
+// The largest amount a CheckStack may hold, either sign.
+constexpr Currency kCheckStackLimit = Currency::FromRaw(999'999'999'999'999'999);
+// The largest amount, either sign, any other money figure of the game holds
+// (a setting, a bet, a statistic): far inside 64 bits, so that the sums and
+// products figured from such amounts cannot overflow.
+constexpr Currency kMoneyLimit = Currency::FromWhole(100'000'000'000);
+
 // Whole-unit literal: 25_usd is Currency::FromWhole(25).
 constexpr Currency operator""_usd(unsigned long long units) {
   return Currency::FromWhole(static_cast<std::int64_t>(units));

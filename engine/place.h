@@ -25,9 +25,6 @@
 
 struct Game;
 
-// The largest amount a CheckStack may hold, either sign.
-constexpr Currency kCheckStackLimit = Currency::FromRaw(999999999999999999);
-
 // Applies game.BetRequest to bet b of player p under every rule; the applied
 // change is left in game.betting.BetChange.
 void SetBetChecked(Game& game, int p, int b);

@@ -107,7 +107,11 @@ void SetTarget(Game& g, int position, const ScriptElement& value, bool absolute)
   }
   if (target >= 800 && target <= 899) {
     ElementText(g, value, r.TextC);
-    g.CheckStackName(p, target - 800) = r.TextC;
+    // The game file keeps a name as text ending at a NUL: a NUL made by the
+    // script (Chr$(0)) would end it there, so the name keeps none.
+    std::string& name = g.CheckStackName(p, target - 800);
+    name = r.TextC;
+    std::erase(name, '\0');
     return;
   }
   const double v = NumberOf(g, value);
@@ -147,7 +151,8 @@ void SetTarget(Game& g, int position, const ScriptElement& value, bool absolute)
       break;
     }
     case 3691:
-      g.rules.CompRate = CurFromDouble(v * 100);
+      // Held to the money any setting may hold, so that the game still saves and opens.
+      g.rules.CompRate = std::clamp(CurFromDouble(v * 100), -kMoneyLimit, kMoneyLimit);
       break;
     default:
       break;

@@ -43,7 +43,7 @@ using SessionRecord = std::array<Currency, kSessionValues>;
 // The largest amount a session's value holds, either sign: the game's own
 // limit on money. Beyond it the record is damage, and the statistics never
 // see it, so that their sums and ranges stay inside 64 bits.
-constexpr std::int64_t kSessionValueLimit = Currency::FromWhole(100'000'000'000).raw;
+constexpr std::int64_t kSessionValueLimit = kMoneyLimit.raw;
 
 // Index of the values that the classing and the totals read.
 constexpr int kHandleValue = 5;  // "$ Bets Decided (Handle)"

@@ -10,9 +10,6 @@
 
 namespace {
 
-// Money read from a file stays far inside a 64-bit count, so sums and
-// products of the engine cannot overflow: a hundred billion a value.
-constexpr std::int64_t kMoneyLimit = Currency::FromWhole(100'000'000'000).raw;
 // A payoff's numbers: at most a million to one.
 constexpr std::int64_t kPayoffLimit = Currency::FromWhole(1'000'000).raw;
 constexpr Long kGraphSlots = kGraphColumns;
@@ -31,7 +28,8 @@ bool AllCounts(const Cells& t) {
     if (!Count(c)) return false;
   return true;
 }
-bool Money(Currency c) { return c.raw >= -kMoneyLimit && c.raw <= kMoneyLimit; }
+// Money read from a file stays within kMoneyLimit (core/game.h).
+bool Money(Currency c) { return c >= -kMoneyLimit && c <= kMoneyLimit; }
 bool PointOrNone(Long v) {
   for (Long n : {0, 4, 5, 6, 8, 9, 10})
     if (v == n) return true;
@@ -42,6 +40,19 @@ template <class Table>
 bool AllMoney(const Table& t) {
   for (const Currency& c : t.cells)
     if (!Money(c)) return false;
+  return true;
+}
+
+// A table of every seat's bets (and bankroll, id 0): its CheckStacks may
+// hold up to their own, larger limit, every other amount is money.
+template <class Table>
+bool BetRowsSound(const Table& t) {
+  for (int p = 0; p <= 8; ++p)
+    for (int b = 0; b <= kLastBetId; ++b) {
+      const Currency c = t(p, b);
+      const Currency limit = IsCheckStack(b) ? kCheckStackLimit : kMoneyLimit;
+      if (c < -limit || c > limit) return false;
+    }
   return true;
 }
 
@@ -157,7 +168,7 @@ bool GameSound(const Game& g) {
                      t.CompRate, g.betting.AtmAmount, g.hyper.AutoStopRolls, g.roll.GraphScale,
                      g.roll.GraphBaseScale, g.roll.GraphTop})
     if (!Money(c)) return false;
-  if (!AllMoney(g.Bet) || !AllMoney(g.BetAtRoll) || !AllMoney(g.BetAfterRoll) ||
+  if (!BetRowsSound(g.Bet) || !BetRowsSound(g.BetAtRoll) || !BetRowsSound(g.BetAfterRoll) ||
       !AllMoney(g.BetContract) || !AllMoney(g.LayVig) || !AllMoney(g.BuyVig) ||
       !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll) || !AllMoney(g.StatAction) ||
       !AllMoney(g.StatWins) || !AllMoney(g.StatLosses) || !AllMoney(g.ComeTravelTotal))

@@ -26,6 +26,7 @@
 #include "script/activation.h"
 #include "script/script_text.h"
 #include "script/variables.h"
+#include "store/game_file.h"
 #include "script_test_util.h"
 #include "tests/engine/roll_fixture.h"
 #include "tests/support/count_allocations.h"
@@ -87,6 +88,24 @@ TEST_F(Interpreter, StringsMadeInARunAreGoneAfterItButANameKeepsItsCopy) {
   EXPECT_EQ(Stack(1, 4), 500);
   EXPECT_EQ(Name(1, 3).size(), 1003u);
   EXPECT_LT(g.scriptRun.AllStrings.size(), static_cast<std::size_t>(g.scriptRun.AllStringsCount) + 10);
+}
+
+// Whatever a script sets, the game still saves and opens again: a
+// CheckStack near its own limit, a NUL made into a name, a comp rate past
+// any money.
+TEST_F(Interpreter, WhatAScriptSetsTheGameStillSavesAndOpens) {
+  Script(1, "cs1 = 99999999999999 : csn1 = \"a\" & chr$(0) & \"b\" : comp rate = 10 ^ 308");
+  CompileALLAutobets(g);
+  ASSERT_TRUE(g.roll.ScriptsOK);
+  RunAutoBets(g);
+  EXPECT_EQ(Name(1, 1), "ab");
+  EXPECT_EQ(g.rules.CompRate, kMoneyLimit);
+  const std::string path = folder / "data/set.rvg";
+  ASSERT_TRUE(SaveGame(g, path));
+  g.Bet(1, 101) = Currency{};
+  ASSERT_TRUE(OpenGame(g, path));
+  EXPECT_EQ(Stack(1, 1), 99999999999999.0);
+  EXPECT_EQ(Name(1, 1), "ab");
 }
 
 TEST_F(Interpreter, RunawayGoSubEndsTheRunWithTheStandardError) {
