@@ -6,13 +6,9 @@
 
 namespace {
 
-__extension__ typedef __int128 i128;
+using i128 = WideRaw;
 
-Currency Saturate(i128 v) {
-  if (v > INT64_MAX) return kCurrencyMax;
-  if (v < INT64_MIN) return kCurrencyMin;
-  return Currency::FromRaw(static_cast<std::int64_t>(v));
-}
+Currency Saturate(i128 v) { return CurFromWide(v); }
 
 // n / d rounded to nearest, ties to even (d above 0).
 i128 DivRoundEven(i128 n, i128 d) {
@@ -56,6 +52,12 @@ Currency CurMul(Currency a, Currency b) {
   if (!__builtin_mul_overflow(a.raw, b.raw, &product))
     return Currency::FromRaw(DivScaleRoundEven(product));
   return Saturate(DivRoundEven(static_cast<i128>(a.raw) * b.raw, Currency::kScale));
+}
+
+Currency CurFromWide(WideRaw raw) {
+  if (raw > INT64_MAX) return kCurrencyMax;
+  if (raw < INT64_MIN) return kCurrencyMin;
+  return Currency::FromRaw(static_cast<std::int64_t>(raw));
 }
 
 Currency CurMulIntSaturated(Currency a, std::int64_t n) {

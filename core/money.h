@@ -23,6 +23,11 @@
 constexpr Currency kCurrencyMax = Currency::FromRaw(INT64_MAX);
 constexpr Currency kCurrencyMin = Currency::FromRaw(INT64_MIN);
 
+// A count of ten-thousandths wider than 64 bits (a sum of many amounts).
+__extension__ typedef __int128 WideRaw;
+// A wide count as an amount: the bound of its sign when it does not fit.
+Currency CurFromWide(WideRaw raw);
+
 // Product of two amounts, rounded to the nearest ten-thousandth (ties to even).
 Currency CurMul(Currency a, Currency b);
 // An amount times a whole count whose product overflows: the bound of its sign.

@@ -107,11 +107,7 @@ void SetTarget(Game& g, int position, const ScriptElement& value, bool absolute)
   }
   if (target >= 800 && target <= 899) {
     ElementText(g, value, r.TextC);
-    // The game file keeps a name as text ending at a NUL: a NUL made by the
-    // script (Chr$(0)) would end it there, so the name keeps none.
-    std::string& name = g.CheckStackName(p, target - 800);
-    name = r.TextC;
-    std::erase(name, '\0');
+    g.CheckStackName(p, target - 800) = r.TextC;
     return;
   }
   const double v = NumberOf(g, value);

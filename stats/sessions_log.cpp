@@ -273,7 +273,7 @@ bool SessionsLogReader::Read(std::int32_t s, SessionRecord& record) {
   if (!in_.read(reinterpret_cast<char*>(b.data()), kSessionRecordBytes)) return false;
   for (int n = 0; n < kSessionValues; ++n) {
     const std::int64_t raw = GetInt64(b.data() + 8 * n);
-    if (raw < -kSessionValueLimit || raw > kSessionValueLimit) {
+    if (raw < -kMoneyLimit.raw || raw > kMoneyLimit.raw) {
       error_ = DamagedLogMessage(path_);
       return false;
     }

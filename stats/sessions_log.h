@@ -19,7 +19,8 @@
 //   never read, and the file keeps its length when sessions are deleted.
 // - A file whose header lacks "Data Format 5.0", or that is shorter than its
 //   count says, is refused with the message naming it; so is a record with
-//   an amount beyond kSessionValueLimit, when it is read.
+//   an amount beyond kMoneyLimit (damage: the statistics never see it, so
+//   their sums and ranges stay inside 64 bits), when it is read.
 #pragma once
 
 #include <array>
@@ -40,10 +41,6 @@ constexpr std::string_view kSessionsLogFormat = "Data Format 5.0";
 constexpr std::string_view kSessionsLogTitle = "Unable to Open Ravelton Sessions Log";
 
 using SessionRecord = std::array<Currency, kSessionValues>;
-// The largest amount a session's value holds, either sign: the game's own
-// limit on money. Beyond it the record is damage, and the statistics never
-// see it, so that their sums and ranges stay inside 64 bits.
-constexpr std::int64_t kSessionValueLimit = kMoneyLimit.raw;
 
 // Index of the values that the classing and the totals read.
 constexpr int kHandleValue = 5;  // "$ Bets Decided (Handle)"
@@ -94,7 +91,7 @@ class SessionsLogReader {
   std::int32_t count() const { return count_; }
   bool exists() const { return exists_; }
   // Session s (1..count) into `record`; false on a read failure. A record
-  // with a value beyond kSessionValueLimit is false too, and from then on
+  // with a value beyond kMoneyLimit is false too, and from then on
   // the log is not ok() and error() tells the damage.
   bool Read(std::int32_t s, SessionRecord& record);
 

@@ -10,7 +10,7 @@
 namespace {
 
 // Products of a column and a range of amounts need more than 64 bits.
-__extension__ typedef __int128 Wide;
+using Wide = WideRaw;
 
 constexpr int kLastColumn = kHistogramColumns - 1;  // 524
 constexpr int kMiddleColumn = 262;
@@ -27,14 +27,6 @@ int Column(Currency x, Currency low, Currency high) {
   if (x == high) return kLastColumn;
   const Wide num = static_cast<Wide>(kLastColumn) * (x.raw - low.raw);
   return static_cast<int>(num / (high.raw - low.raw));
-}
-
-// A sum of many sessions back as an amount: a log of two billion sessions
-// can add up beyond 64 bits, and then the sum stands at the bound of its sign.
-Currency SaturatedAmount(Wide sum) {
-  if (sum > INT64_MAX) return Currency::FromRaw(INT64_MAX);
-  if (sum < INT64_MIN) return Currency::FromRaw(INT64_MIN);
-  return Currency::FromRaw(static_cast<std::int64_t>(sum));
 }
 
 void Count(HistogramColumn& col, Currency x) {
@@ -126,9 +118,9 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
     ++m;
   }
   f.included = m;
-  f.handle = SaturatedAmount(handle);
-  f.net = SaturatedAmount(net);
-  f.sum = SaturatedAmount(sum);
+  f.handle = CurFromWide(handle);
+  f.net = CurFromWide(net);
+  f.sum = CurFromWide(sum);
   if (!log.ok()) f.error = log.error();  // a damaged record stopped the pass
   const std::int64_t total = classes[0] + classes[1] + classes[2];
   for (int k = 0; k < 3; ++k) {

@@ -1,5 +1,6 @@
 #include "store/record_io.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cmath>
 #include <cstring>
@@ -86,6 +87,9 @@ void RecordWriter::Text(int byte, int n, std::string& v) {
   const std::size_t len = std::min(v.size(), static_cast<std::size_t>(n));
   std::memcpy(at, v.data(), len);
   std::memset(at + len, ' ', static_cast<std::size_t>(n) - len);
+  // A NUL inside a text field is what the reader takes for damage: a text
+  // that holds one (a script's Chr$(0)) is written with a blank there.
+  std::replace(at, at + len, static_cast<unsigned char>('\0'), static_cast<unsigned char>(' '));
 }
 void RecordWriter::Path(std::string& path, std::string& stamp) {
   Begin();
