@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <fstream>
 #include <memory>
 #include <sys/stat.h>
@@ -121,17 +120,6 @@ bool LengthFitsCounts(std::string_view bytes) {
   const auto images = static_cast<std::int32_t>(GetLE(at + 76, 4));
   return players >= 0 && players <= 8 && images >= 0 && images <= kMaxCheckImages &&
          bytes.size() >= GameFileLength(players, images);
-}
-
-// The windows' states, places and sizes of records 2 and 3: numbers a
-// screen can hold, far inside an int, as the windows turn them into ints.
-// Not a number, an infinity or a place a billion pixels away is damage.
-bool WindowPlacesSound(const GameFileState& f) {
-  constexpr float kLimit = 1e7f;
-  for (const auto* singles : {&f.LayoutA, &f.LayoutB})
-    for (float v : *singles)
-      if (!(std::fabs(v) <= kLimit)) return false;
-  return true;
 }
 
 struct ReadResult {

@@ -198,3 +198,12 @@ bool CheckLoadedGame(Game& g) {
     g.rules.AutoArrangeChecks = true;
   return GameSound(g);
 }
+
+bool WindowPlacesSound(const GameFileState& f) {
+  // Not a number, an infinity or a place ten million pixels away is damage.
+  constexpr float kLimit = 1e7f;
+  for (const auto* singles : {&f.LayoutA, &f.LayoutB})
+    for (float v : *singles)
+      if (!(std::fabs(v) <= kLimit)) return false;
+  return true;
+}

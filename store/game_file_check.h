@@ -7,7 +7,12 @@
 #pragma once
 
 struct Game;
+struct GameFileState;
 
 // Applies the file's repairs and checks every range; false when the game
 // must be refused.
 bool CheckLoadedGame(Game& game);
+// The windows' states, places and sizes of records 2 and 3 (read apart from
+// the game): false for a value no screen holds, which the windows would
+// turn into an int.
+bool WindowPlacesSound(const GameFileState& windows);
