@@ -20,6 +20,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <string>
 
 #include "analysis/advantage_state.h"
@@ -59,6 +60,12 @@ constexpr int kLongGap = 200;                       // GapTally's last (sum of l
 constexpr int kGraphColumns = 525;                  // columns of one page of the bankroll graph
 constexpr std::int64_t kBankrollLimit = 9'999'999;  // either sign
 constexpr std::int32_t kSessionRollLimit = 100'000'000;
+// The most rolls all sessions together may count: a Long less one session's
+// limit. Every count of the tables (tallies, gaps, hands, streaks) grows at
+// most by one a roll, so none can overflow, and a game saved at the limit
+// still opens (the game file takes counts up to it).
+constexpr std::int32_t kAllSessionsRollLimit =
+    std::numeric_limits<std::int32_t>::max() - kSessionRollLimit;
 
 // The scrolling page's window (engine/roll_graph.cpp): for each seat, the
 // stored columns that can still be the page's highest (lowest) bankroll,

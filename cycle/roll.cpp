@@ -105,16 +105,23 @@ const std::string& ShooterName(const Game& g) {
   return false;
 }
 
-// Step 7: the session's roll limit. False stops the roll (and the run).
+// Step 7: the session's roll limit, and the limit of all sessions together,
+// which keeps every count of a game played over many sessions within a
+// Long. False stops the roll (and the run).
 bool WithinRollLimit(Game& g) {
-  if (g.RollTally(kTableSession, kEventRolls) < kSessionRollLimit) return true;
+  const bool sessionFull = g.RollTally(kTableSession, kEventRolls) >= kSessionRollLimit;
+  if (!sessionFull && g.RollTally(kTableAllSessions, kEventRolls) < kAllSessionsRollLimit)
+      [[likely]]
+    return true;
   g.KeepRolling = false;
-  const std::string limit = FormatMoney(Currency::FromWhole(kSessionRollLimit));
+  std::string rolls =
+      FormatMoney(Currency::FromWhole(sessionFull ? kSessionRollLimit : kAllSessionsRollLimit));
+  rolls += sessionFull ? " rolls" : " rolls in all sessions";
   if (g.HyperDrive) {
-    g.StopMessage = "Stopped due to reaching the maximum limit of " + limit + " rolls.\r\r";
+    g.StopMessage = "Stopped due to reaching the maximum limit of " + rolls + ".\r\r";
     g.StopMessage += kResetSentence;
   } else {
-    std::string t = "Sorry ... the maximum limit of " + limit + " rolls has been reached.\r\r";
+    std::string t = "Sorry ... the maximum limit of " + rolls + " has been reached.\r\r";
     t += kResetSentence;
     ShowRollMessage(g, std::move(t), "Reached Maximum Roll Limit");
   }

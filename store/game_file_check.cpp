@@ -14,11 +14,10 @@ namespace {
 constexpr std::int64_t kPayoffLimit = Currency::FromWhole(1'000'000).raw;
 constexpr Long kGraphSlots = kGraphColumns;
 
-// A count (rolls, hands, tallies, gaps) is never negative and leaves room
-// in a Long for a whole session more of counting (the roll limit ends a
-// session there), so a game many sessions long still opens; a streak the
-// same either way.
-constexpr Long kCountLimit = std::numeric_limits<Long>::max() - kSessionRollLimit;
+// A count (rolls, hands, tallies, gaps) is never negative and at most what
+// the roll limit of all sessions lets the rolls reach; a streak the same
+// either way.
+constexpr Long kCountLimit = kAllSessionsRollLimit;
 
 bool Within(Long v, Long lo, Long hi) { return v >= lo && v <= hi; }
 bool Count(Long v) { return Within(v, 0, kCountLimit); }

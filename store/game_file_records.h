@@ -87,7 +87,6 @@ void SavedViewsRecord(IO& io, TableState& t) {
 // Record 5: the game in hand, the table's position, the views' players.
 template <class IO>
 void PositionRecord(IO& io, Game& g, Long& checkImageCount) {
-  GameFileState& f = g.gamefile;
   io.Begin();
   io.Long(0, g.PlayerCount);
   io.Long(4, g.betting.CurPlayer);

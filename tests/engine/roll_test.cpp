@@ -407,7 +407,18 @@ TEST_F(RollChecks, TheRollAndBankrollLimitsStopTheNextRoll) {
   EXPECT_EQ(LastMessage().text,
             "Sorry ... the maximum limit of 100,000,000 rolls has been reached.\r\r" + kReset);
 
-  g.RollTally(kTableSession, kEventRolls) = 0;
+  // All sessions together stop where their counts still fit a Long.
+  g.RollTally(kTableSession, kEventRolls) = 5;
+  g.RollTally(kTableAllSessions, kEventRolls) = kAllSessionsRollLimit - 1;
+  Roll(2, 3);
+  EXPECT_EQ(g.RollTally(kTableAllSessions, kEventRolls), kAllSessionsRollLimit);
+  RollDice(g);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 6);
+  EXPECT_EQ(LastMessage().text,
+            "Sorry ... the maximum limit of 2,047,483,647 rolls in all sessions has been "
+            "reached.\r\r" + kReset);
+
+  g.RollTally(kTableSession, kEventRolls) = g.RollTally(kTableAllSessions, kEventRolls) = 0;
   Seat(1, "Ann");
   g.Bet(1, 0) = Currency::FromWhole(9'999'999);
   Roll(1, 2);  // exactly the limit still rolls
