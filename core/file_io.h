@@ -51,6 +51,13 @@ bool CopyModificationTime(const std::string& from, const std::string& to);
 // Deletes a file if it is there.
 void RemoveFileIfPresent(const std::string& path);
 
+// What reading a whole file of bounded length came to.
+enum class WholeFileRead { Read, Missing, TooLong, Failed };
+// Reads the regular file at `path` into `bytes` when it holds at most
+// `limit` bytes. Never takes more than limit + 1 bytes of memory, whatever
+// the file claims or grows to while read; `bytes` is untouched unless Read.
+WholeFileRead ReadWholeFileUpTo(const std::string& path, std::size_t limit, std::string& bytes);
+
 // Reads up to n bytes at offset; the count read (short at the end), -1 on error.
 std::int64_t ReadAt(const FileHandle& f, std::int64_t offset, void* buffer, std::size_t n);
 // Writes all n bytes at offset; false on error.

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <new>
 
+#include "core/file_io.h"
 #include "core/game.h"
 
 namespace {
@@ -59,13 +60,6 @@ void CopyEditorToSlot(ScriptSource& ss, int p) {
   ss.ScriptIndent[p].resize(count + 1, 0);
   ss.ScriptBandMark[p] = ss.EdBandMark;
   ss.ScriptBandMark[p].resize(count + 1, 0);
-}
-
-bool ReadWholeFile(const std::string& path, std::string& bytes) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-  return !in.bad();
 }
 
 // Lines 1.. of `target` with `inserted` put in at the caret: the caret's line
@@ -180,9 +174,16 @@ bool OpenAutoBets(Game& game, int p, const std::string& path) {
     std::error_code ec;
     if (path.empty() || !std::filesystem::exists(path, ec)) return false;
     std::string bytes;
-    if (std::filesystem::is_directory(path, ec) || !ReadWholeFile(path, bytes)) {
-      ReportError(game, "Path/File access error", 75, "OpenAutoBets");
-      return false;
+    switch (ReadWholeFileUpTo(path, kScriptFileLimit, bytes)) {
+      case WholeFileRead::Read:
+        break;
+      case WholeFileRead::TooLong:
+        ss.ErrorText = path + "\r\ris larger than " + std::string(kScriptFileLimitText) +
+                       ", too large to be an Auto-Bet file.";
+        return false;
+      default:  // a folder, or a file that cannot be read
+        ReportError(game, "Path/File access error", 75, "OpenAutoBets");
+        return false;
     }
     std::vector<std::string> loaded = ReadScriptBytes(bytes).lines;
 

@@ -12,9 +12,11 @@
 //   file beside the target and renames it into place, so an interrupted
 //   save never leaves a half-written script under the script's name.
 // - Failures are reported the guarded way: a description, ", Error #", the
-//   number, " occurred, at: " and the place go to scriptSource.ErrorText.
+//   number, " occurred, at: " and the place go to scriptSource.ErrorText;
+//   a file longer than kScriptFileLimit gets its own message there.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +24,11 @@
 #include "script/translate.h"
 
 struct ScriptSource;
+
+// The longest script file read: far past any script a person writes, and
+// short of what a damaged or hostile file could make the program hold.
+inline constexpr std::size_t kScriptFileLimit = std::size_t{16} << 20;
+inline constexpr std::string_view kScriptFileLimitText = "16 MB";
 
 struct Game;
 

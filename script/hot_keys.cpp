@@ -8,6 +8,7 @@
 
 #include "core/atomic_file.h"
 #include "core/data_folder.h"
+#include "core/file_io.h"
 #include "core/game.h"
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
@@ -109,13 +110,17 @@ bool LoadHotKeys(Game& game) {
   std::error_code ec;
   if (!std::filesystem::exists(path, ec)) return true;
   std::string error;
-  std::ifstream in(path, std::ios::binary);
   std::string bytes;
-  if (in && !std::filesystem::is_directory(path, ec)) {
-    bytes.assign(std::istreambuf_iterator<char>(in), {});
-    if (ReadHotKeyFileBytes(bytes, table, error)) return true;
-  } else {
-    error = "it can't be opened";
+  switch (ReadWholeFileUpTo(path, kHotKeyFileLimit, bytes)) {
+    case WholeFileRead::Read:
+      if (ReadHotKeyFileBytes(bytes, table, error)) return true;
+      break;
+    case WholeFileRead::TooLong:
+      error = "it is larger than any Hot-Key file can be";
+      break;
+    default:  // a folder, or a file that cannot be read
+      error = "it can't be opened";
+      break;
   }
   ShowNotice(game,
              path + "\r\ris not a Hot-Key file that can be read: " + error + ".\r\r" +

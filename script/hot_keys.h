@@ -34,6 +34,9 @@ inline constexpr std::size_t kHotKeyTextSize = 100;
 inline constexpr std::size_t kHotKeyFieldsSize = 1 + 2 * kHotKeyTextSize;
 inline constexpr std::string_view kHotKeyFileName = "HotKeys.dta";
 inline constexpr std::string_view kHotKeyHeader = "Ravelton Hot-Key File";
+// The longest file read: room for thousands of rows where a table has one a
+// letter, and short of what a damaged file could make the program hold.
+inline constexpr std::size_t kHotKeyFileLimit = 4096 * kHotKeyRecordSize;
 
 // The file's bytes for a table.
 std::string HotKeyFileBytes(const std::vector<HotKeyRow>& rows);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/cli/commands.h"
+#include "app/cli/script_options.h"
 #include "core/game.h"
 #include "script/compile_script.h"
 #include "script/files.h"
@@ -18,17 +19,18 @@
 
 namespace {
 
-struct ScriptOptions {
+// The options of check and dump: the file, its slot, the players named.
+struct CheckOptions {
   std::string file;
   int slot = 1;
   std::vector<std::string> players;
 };
 
 // Compiles the file; on failure prints FILE:LINE:COL: message and the span.
-bool CompileFile(const ScriptOptions& opt, Game& game) {
+bool CompileFile(const CheckOptions& opt, Game& game) {
   // The file loads as the table loads it: older record formats are translated.
   if (!OpenAutoBets(game, opt.slot, opt.file)) {
-    std::cerr << opt.file << ": cannot read the script file\n";
+    std::cerr << opt.file << ": cannot read the script file" << ScriptReadReason(game) << '\n';
     throw CLI::RuntimeError(1);
   }
   for (std::size_t i = 0; i < opt.players.size() && i < 8; ++i)
@@ -39,7 +41,7 @@ bool CompileFile(const ScriptOptions& opt, Game& game) {
   return false;
 }
 
-void AddOptions(CLI::App* cmd, ScriptOptions& opt) {
+void AddOptions(CLI::App* cmd, CheckOptions& opt) {
   cmd->add_option("file", opt.file, "Auto-Bet script (.bet)")->required();
   cmd->add_option("--slot", opt.slot, "player slot whose script it is")->check(CLI::Range(0, 8));
   cmd->add_option("--player", opt.players, "names of the seated players, in order");
@@ -48,7 +50,7 @@ void AddOptions(CLI::App* cmd, ScriptOptions& opt) {
 }  // namespace
 
 void AddScriptCommands(CLI::App& app) {
-  auto check = std::make_shared<ScriptOptions>();
+  auto check = std::make_shared<CheckOptions>();
   CLI::App* checkCmd = app.add_subcommand("check", "compile a script and report its first error");
   AddOptions(checkCmd, *check);
   checkCmd->callback([check] {
@@ -57,7 +59,7 @@ void AddScriptCommands(CLI::App& app) {
     std::cout << "Your script is properly structured.\n";
   });
 
-  auto dump = std::make_shared<ScriptOptions>();
+  auto dump = std::make_shared<CheckOptions>();
   CLI::App* dumpCmd = app.add_subcommand("dump", "print a script's compiled element stream");
   AddOptions(dumpCmd, *dump);
   dumpCmd->callback([dump] {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "app/cli/message_line.h"
 #include "cycle/hyperdrive.h"
 #include "core/catalogue.h"
 #include "core/message_dialog.h"
@@ -59,7 +60,7 @@ bool SetScripts(Game& game, ScriptOptions& o, std::string& error) {
     }
     const std::string file = arg.substr(eq + 1);
     if (!OpenAutoBets(game, p, file)) {
-      error = "--script: cannot read the script file " + file;
+      error = "--script: cannot read the script file " + file + ScriptReadReason(game);
       return false;
     }
     o.files[static_cast<std::size_t>(p)] = file;
@@ -131,6 +132,11 @@ void QueueAnswers(RunPlatform& platform, const std::vector<std::string>& answers
 }
 
 }  // namespace
+
+std::string ScriptReadReason(const Game& game) {
+  const std::string& why = game.scriptSource.ErrorText;
+  return why.empty() ? std::string() : ": " + MessageLine(why);
+}
 
 MessageReply RunPlatform::ShowMessage(const MessageRequest& request) {
   const int buttons = (request.style & kMsgOk ? 1 : 0) + (request.style & kMsgYes ? 1 : 0) +

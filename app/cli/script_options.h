@@ -37,6 +37,10 @@ class RunPlatform : public HeadlessPlatform {
   MessageReply ShowMessage(const MessageRequest& request) override;
 };
 
+// Why the last script file could not be read, as ": " and the game's
+// message on one line, or "" when it gave none.
+std::string ScriptReadReason(const Game& game);
+
 // Adds --script, --dice, --answer, --allow and --data to the run command.
 void AddScriptOptions(CLI::App& cmd, ScriptOptions& options);
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/cli/commands.h"
+#include "app/cli/script_options.h"
 #include "core/game.h"
 #include "script/files.h"
 
@@ -23,7 +24,7 @@ void AddTranslateCommand(CLI::App& app) {
       throw CLI::RuntimeError(1);
     }
     if (!OpenAutoBets(*game, 1, *file)) {
-      std::cerr << *file << ": cannot read the script file\n";
+      std::cerr << *file << ": cannot read the script file" << ScriptReadReason(*game) << '\n';
       throw CLI::RuntimeError(1);
     }
     const auto& lines = game->scriptSource.ScriptLines[1];

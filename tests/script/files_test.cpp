@@ -168,6 +168,15 @@ TEST_F(FilesTest, FailuresLeaveTheScriptAlone) {
   EXPECT_TRUE(ss.ErrorText.empty());  // a missing file passes silently
   EXPECT_FALSE(OpenAutoBets(*game, 4, dir.string()));
   EXPECT_EQ(ss.ErrorText, "Path/File access error, Error #75 occurred, at: OpenAutoBets");
+  // A file past the limit is refused without being read (a sparse one here).
+  const std::string huge = Write("huge.bet", "bet 5 on field\r\n");
+  fs::resize_file(huge, kScriptFileLimit + 1);
+  EXPECT_FALSE(OpenAutoBets(*game, 4, huge));
+  EXPECT_EQ(ss.ErrorText, huge + "\r\ris larger than 16 MB, too large to be an Auto-Bet file.");
+  fs::resize_file(huge, kScriptFileLimit);
+  ss.ErrorText.clear();
+  EXPECT_TRUE(OpenAutoBets(*game, 3, huge));
+  EXPECT_TRUE(ss.ErrorText.empty());
   EXPECT_FALSE(OpenAutoBets(*game, 9, path) || OpenAutoBets(*game, -1, path));
   EXPECT_EQ(Script(4), before);
   EXPECT_EQ(ss.ScriptFile[4], file);
@@ -353,6 +362,17 @@ TEST_F(HotKeys, TheFileIsWrittenAtomicallyAndReadBackAtStartUp) {
   EXPECT_FALSE(LoadHotKeys(*game));
   EXPECT_TRUE(game->scriptSource.HotKeyTable.empty());
   EXPECT_NE(LastMessage().find(HotKeysPath(*game)), std::string::npos) << LastMessage();
+  // Bytes past the rows are ignored up to the limit, and beyond it the file
+  // is not read at all.
+  game->scriptSource.HotKeyTable = TwoRows();
+  ASSERT_TRUE(SaveHotKeys(*game));
+  std::filesystem::resize_file(HotKeysPath(*game), kHotKeyFileLimit);
+  ASSERT_TRUE(LoadHotKeys(*game));
+  EXPECT_EQ(game->scriptSource.HotKeyTable, TwoRows());
+  std::filesystem::resize_file(HotKeysPath(*game), kHotKeyFileLimit + 1);
+  EXPECT_FALSE(LoadHotKeys(*game));
+  EXPECT_TRUE(game->scriptSource.HotKeyTable.empty());
+  EXPECT_NE(LastMessage().find("larger than any Hot-Key file"), std::string::npos);
   std::filesystem::remove(HotKeysPath(*game));
   EXPECT_TRUE(LoadHotKeys(*game));  // no file: no Hot-Keys, no message
 }
