@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "core/atomic_file.h"
 #include "core/data_folder.h"
