@@ -247,7 +247,10 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
 // Step 23 for seat p: the bankroll records.
 inline void KeepBankrollRecordsOf(Game& g, int p) {
   const Currency bank = g.Bet(p, 0);
-  g.BankrollSum(p) += bank;
+  // The sum of one bankroll a roll passes the money limit within a session
+  // at a large bankroll; it is held within a CheckStack's wider limit, which
+  // the game file takes and whose average over the rolls cannot overflow.
+  g.BankrollSum(p) = std::clamp(g.BankrollSum(p) + bank, -kCheckStackLimit, kCheckStackLimit);
   if (BankrollBeyondLimit(g, p)) LimitExceeded(g, p);
   if (bank > g.BankrollHigh(p)) g.BankrollHigh(p) = bank;
   if (bank < g.BankrollLow(p)) g.BankrollLow(p) = bank;

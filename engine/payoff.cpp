@@ -1,4 +1,5 @@
 // FigurePayoff: the money of one decision, from the payoff rows.
+#include <algorithm>
 #include <array>
 #include <cassert>
 #include <cstdint>
@@ -241,7 +242,11 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
   const Currency gross = g.GrossPayoff;
   if (g.CheckValue(1).raw == Currency::kScale && BelowUnitExact(gross)) {
     g.NetPayoff = Currency::FromRaw(WholeUnitsAtOrBelow(gross) * Currency::kScale);
-    return;
+  } else {
+    CutNetToChecks(g);
   }
-  CutNetToChecks(g);
+  // A payoff of up to a million to one over a ten-thousandth can reach the
+  // bounds of the type; what the decision pays or takes is held to the money
+  // limit, so that the bankroll and the statistics it is added to cannot wrap.
+  g.NetPayoff = std::clamp(g.NetPayoff, -kMoneyLimit, kMoneyLimit);
 }

@@ -23,9 +23,11 @@ Shown Figure(double x) {
   return s;
 }
 
-// The expected result of the action W on bet b for frame index i.
-Currency ExpectedOn(const Game& g, int i, int b, Currency w) {
-  auto times = [](double ev, Currency amount) { return CurFromDouble(ev * amount.ToDouble()); };
+// The expected result of the action W on bet b for frame index i, as a
+// wide count: at a million to one the expectation of a large action is
+// beyond an amount, and the view's total sums it over every bet and player.
+WideRaw ExpectedOn(const Game& g, int i, int b, Currency w) {
+  auto times = [](double ev, Currency amount) -> WideRaw { return CurFromDouble(ev * amount.ToDouble()).raw; };
   if (b == bet::kCome) return times(ExpectedValuePerDecision(g, bet::kPassLine), w);
   if (b == bet::kDontCome || IsDontComePoint(b))
     return times(ExpectedValuePerDecision(g, bet::kDontPass), w);
@@ -88,6 +90,7 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
   f.hours = perHour != 0 ? rolls / perHour : 0;
 
   Currency nowCount, nowAmount, lastCount, lastAmount;
+  WideRaw expected = 0;
   const StatTable* tables[3] = {&game.StatAction, &game.StatWins, &game.StatLosses};
   std::array<std::array<Currency, kResultRows + 1>, 3> col{};
   const Currency rollNumber = Currency::FromWhole(rolls);
@@ -103,7 +106,7 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
         lastCount += 1_usd;
         lastAmount += game.BetAtRoll(p, b);
       }
-      f.expected += ExpectedOn(game, i, b, game.StatAction(i, b, kStatTotal));
+      expected += ExpectedOn(game, i, b, game.StatAction(i, b, kStatTotal));
       for (int k = 0; k < 3; ++k) {
         const StatTable& s = *tables[k];
         auto& c = col[static_cast<std::size_t>(k)];
@@ -119,6 +122,7 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
       }
     }
   }
+  f.expected = CurFromWide(expected);  // the bound of its sign beyond an amount
   for (auto& c : col) {
     if (c[1] > Currency{}) c[5] = CurFromDouble(c[2].ToDouble() / c[1].ToDouble());
     if (f.hours > 0) {

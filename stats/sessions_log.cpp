@@ -1,5 +1,6 @@
 #include "stats/sessions_log.h"
 
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <vector>
@@ -177,6 +178,11 @@ SessionRecord SessionRecordOf(Game& g, int p) {
   r[11] = g.Bet(p, 0);
   for (int n = 0; n < kStackValues; ++n)
     r[static_cast<std::size_t>(kFirstStackValue + n)] = g.Bet(p, bet::kCheckStackFirst + n);
+  // The log takes no amount beyond the money limit (a reader calls such a
+  // record damage), but a game may reach past it: a CheckStack holds up to
+  // its own limit, a session's totals add up every bet's. Such a value is
+  // written at the limit of its sign.
+  for (Currency& v : r) v = std::clamp(v, -kMoneyLimit, kMoneyLimit);
   return r;
 }
 

@@ -56,7 +56,8 @@ std::string SessionValueName(int index);
 std::string SessionLogPathOf(const Game& game, int p);
 // The player's default log: the data folder, the lower-cased name and ".slg".
 std::string DefaultSessionLogPath(const Game& game, int p);
-// The record of player p's current session (FigureBetTotals fills bet slot 0).
+// The record of player p's current session (FigureBetTotals fills bet slot 0),
+// each value within kMoneyLimit as the log takes it.
 SessionRecord SessionRecordOf(Game& game, int p);
 // The message for a file that is not a readable sessions log.
 std::string DamagedLogMessage(const std::string& path);

@@ -108,9 +108,12 @@ bool SeatSound(const Game& g, int p) {
   for (int bet = 1; bet <= 100; ++bet)
     for (int k = 0; k <= 1; ++k)
       if (!Within(g.BetTrend(p, bet, k), -kCountLimit, kCountLimit)) return false;
-  for (Currency c : {g.TotalBets(p), g.BankrollHigh(p), g.BankrollLow(p), g.BankrollSum(p),
-                     g.InvestedBankroll(p), b.StartBankroll(p)})
+  for (Currency c : {g.TotalBets(p), g.BankrollHigh(p), g.BankrollLow(p), g.InvestedBankroll(p),
+                     b.StartBankroll(p)})
     if (!Money(c)) return false;
+  // The sum of the bankroll at every roll outgrows the money limit in play;
+  // the roll holds it within a CheckStack's limit.
+  if (g.BankrollSum(p) < -kCheckStackLimit || g.BankrollSum(p) > kCheckStackLimit) return false;
   for (int k = 5; k <= 12; ++k)
     if (!Money(a.AdjustAmount(p, k))) return false;
   return true;

@@ -77,8 +77,9 @@ void ObserveRoll(void* context, const Game& game) {
   if (!o.scripts->pendingDice.empty()) FeedDice(*o.game, *o.scripts);
 }
 
-Long SessionTotals(const Game& game, int kind) {
-  Long n = 0;
+// Summed wide: each total's count may reach the count limit of a Long.
+std::int64_t SessionTotals(const Game& game, int kind) {
+  std::int64_t n = 0;
   for (int t = 2; t <= 12; ++t) n += game.TotalsTally(18, t, kind);
   return n;
 }

@@ -328,6 +328,17 @@ TEST_F(CliFiles, TheRollLimitStopsARunWithItsMessageOnOneLine) {
   const auto text = Run("--load '" + Path("near.rvg") + "' --rolls 10");
   EXPECT_NE(text.out.find("Stopped: " + stop + "\n"), std::string::npos) << text.out;
   EXPECT_EQ(Json("run --load '" + Path("near.rvg") + "' --rolls 10")["stop"], stop);
+  // Come-outs at the count limit on every total add up beyond a Long.
+  {
+    HeadlessPlatform platform;
+    auto g = MakeGame(platform);
+    StartUp(*g, dir.Path());
+    ASSERT_TRUE(OpenGame(*g, Path("near.rvg")));
+    for (int t = 2; t <= 12; ++t) g->TotalsTally(kTableSession, t, 1) = kAllSessionsRollLimit;
+    ASSERT_TRUE(SaveGame(*g, Path("far.rvg")));
+  }
+  EXPECT_EQ(Json("run --load '" + Path("far.rvg") + "' --rolls 0")["comeouts"],
+            11 * std::int64_t{kAllSessionsRollLimit});
 }
 
 TEST_F(CliFiles, ALoadedGameKeepsItsSettingsUnlessAnOptionIsGiven) {

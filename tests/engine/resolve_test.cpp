@@ -47,6 +47,16 @@ TEST_F(Resolve, SingleBetsOnFixedDice) {
     g.TotalBets(1) -= g.Bet(1, c.bet);
     g.Bet(1, c.bet) = Currency{};
   }
+  // A million to one over a ten-thousandth pays at most the money limit,
+  // so two such wins on one roll add up without wrapping the bankroll.
+  for (int b : {kCraps, kTwelve}) {
+    g.PayoffTbl(1, b) = 1'000'000_usd;
+    g.PayoffTbl(3, b) = Currency::FromRaw(1);
+    Put(1, b, 1'000'000);
+  }
+  const Currency bank = g.Bet(1, 0);
+  Decide(6, 6, 0);
+  EXPECT_EQ(g.Bet(1, 0) - bank, kMoneyLimit + kMoneyLimit);
 }
 
 TEST_F(Resolve, LineBetsAndOddsArePaidAtTheirRows) {

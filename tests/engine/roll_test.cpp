@@ -445,6 +445,10 @@ TEST_F(RollChecks, BankrollRecordsFollowEveryRoll) {
     Roll(1, 2);
   }
   EXPECT_EQ(g.BankrollSum(2), Currency::FromWhole(380));
+  // The sum stops at its limit rather than wrapping.
+  g.BankrollSum(2) = kCheckStackLimit - 1_usd;
+  Roll(1, 2);
+  EXPECT_EQ(g.BankrollSum(2), kCheckStackLimit);
   EXPECT_EQ(g.BankrollHigh(2), Currency::FromWhole(140));
   EXPECT_EQ(g.BankrollLow(2), Currency::FromWhole(40));
   EXPECT_EQ(g.RailAtRoll(2), Currency::FromWhole(140));

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "analysis/advantage.h"
+#include "core/money.h"
 #include "printout_fixture.h"
 #include "stats/bet_results.h"
 #include "stats/summary.h"
@@ -132,6 +133,14 @@ TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
   g.StatAction(i, PlaceId(6), 4) = 12_usd;
   EXPECT_EQ(FigureBetResults(g, 2, kP1, {kField, PlaceId(6), kHard4}).rows[4][kWagersCol].text,
             "5");
+  // At a million to one the expectation of the largest action is beyond an
+  // amount: the total of two such bets stands at the bound, not wrapped.
+  for (int b : {kTwo, kTwelve}) {
+    g.PayoffTbl(1, b) = 1'000'000_usd;
+    g.PayoffTbl(3, b) = 1_usd;
+    g.StatAction(i, b, 2) = kMoneyLimit;
+  }
+  EXPECT_EQ(FigureBetResults(g, 2, kP1, {kTwo, kTwelve}).expected, kCurrencyMax);
   // Ids outside the bets have no expected value.
   EXPECT_EQ(ExpectedValuePerDecision(g, 0), 0);
   EXPECT_EQ(ExpectedValuePerDecision(g, 93), 0);
