@@ -38,6 +38,16 @@ constexpr Currency kCheckStackLimit = Currency::FromRaw(999'999'999'999'999'999)
 // products figured from such amounts cannot overflow.
 constexpr Currency kMoneyLimit = Currency::FromWhole(100'000'000'000);
 
+// `x` held within ±`limit` (not negative): one unsigned test on the way of
+// an amount already inside, as nearly every amount of a roll is.
+constexpr Currency HeldWithin(Currency x, Currency limit) {
+  const auto span = 2 * static_cast<std::uint64_t>(limit.raw);
+  if (static_cast<std::uint64_t>(x.raw) + static_cast<std::uint64_t>(limit.raw) > span)
+      [[unlikely]]
+    return x.raw < 0 ? -limit : limit;
+  return x;
+}
+
 // Whole-unit literal: 25_usd is Currency::FromWhole(25).
 constexpr Currency operator""_usd(unsigned long long units) {
   return Currency::FromWhole(static_cast<std::int64_t>(units));

@@ -250,7 +250,7 @@ inline void KeepBankrollRecordsOf(Game& g, int p) {
   // The sum of one bankroll a roll passes the money limit within a session
   // at a large bankroll; it is held within a CheckStack's wider limit, which
   // the game file takes and whose average over the rolls cannot overflow.
-  g.BankrollSum(p) = std::clamp(g.BankrollSum(p) + bank, -kCheckStackLimit, kCheckStackLimit);
+  g.BankrollSum(p) = HeldWithin(g.BankrollSum(p) + bank, kCheckStackLimit);
   if (BankrollBeyondLimit(g, p)) LimitExceeded(g, p);
   if (bank > g.BankrollHigh(p)) g.BankrollHigh(p) = bank;
   if (bank < g.BankrollLow(p)) g.BankrollLow(p) = bank;

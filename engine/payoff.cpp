@@ -1,5 +1,4 @@
 // FigurePayoff: the money of one decision, from the payoff rows.
-#include <algorithm>
 #include <array>
 #include <cassert>
 #include <cstdint>
@@ -248,5 +247,5 @@ void FigurePayoff(Game& g, int p, int b, int sign, Currency amount) {
   // A payoff of up to a million to one over a ten-thousandth can reach the
   // bounds of the type; what the decision pays or takes is held to the money
   // limit, so that the bankroll and the statistics it is added to cannot wrap.
-  g.NetPayoff = std::clamp(g.NetPayoff, -kMoneyLimit, kMoneyLimit);
+  g.NetPayoff = HeldWithin(g.NetPayoff, kMoneyLimit);
 }
