@@ -27,7 +27,9 @@ Shown Figure(double x) {
 // wide count: at a million to one the expectation of a large action is
 // beyond an amount, and the view's total sums it over every bet and player.
 WideRaw ExpectedOn(const Game& g, int i, int b, Currency w) {
-  auto times = [](double ev, Currency amount) -> WideRaw { return CurFromDouble(ev * amount.ToDouble()).raw; };
+  auto times = [](double ev, Currency amount) -> WideRaw {
+    return CurFromDouble(ev * amount.ToDouble()).raw;
+  };
   if (b == bet::kCome) return times(ExpectedValuePerDecision(g, bet::kPassLine), w);
   if (b == bet::kDontCome || IsDontComePoint(b))
     return times(ExpectedValuePerDecision(g, bet::kDontPass), w);

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <initializer_list>
-#include <limits>
 
 #include "core/catalogue.h"
 #include "core/game.h"

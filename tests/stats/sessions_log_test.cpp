@@ -101,7 +101,8 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   // limit are written at the money limit, so the log reads them back.
   SeatPlayer(g, 2, "Bo", 500_usd);
   g.Bet(2, bet::kCheckStackFirst) = -kCheckStackLimit;
-  for (int b : {bet::kPassLine, bet::kField}) g.StatAction(FrameIndex(2, 2), b, kStatTotal) = kMoneyLimit;
+  for (int b : {bet::kPassLine, bet::kField})
+    g.StatAction(FrameIndex(2, 2), b, kStatTotal) = kMoneyLimit;
   ASSERT_FALSE(WriteSessionRecord(g, 2).has_value());
   SessionsLogReader bo(g.roll.SessionLogPath[2]);
   ASSERT_TRUE(bo.Read(1, r)) << bo.error();
