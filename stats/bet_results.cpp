@@ -1,5 +1,7 @@
 #include "stats/bet_results.h"
 
+#include <cmath>
+
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/money.h"
@@ -16,10 +18,14 @@ constexpr std::string_view kRowLabels[kResultRows + 1] = {
 constexpr std::string_view kColumnTitles[kResultColumns] = {"Wagers", "Wins", "Losses", "Net",
                                                             "Net %"};
 
+constexpr double kBeyondInt64 = 0x1p63;
+
 // Every number of the view: whole as "#,#", otherwise up to four decimals.
 Shown Figure(double x) {
   Shown s = ShowValue(x, FormatWholeOr(x, fmt_pattern::kWhole, fmt_pattern::kFraction4));
-  s.integer = x == static_cast<double>(static_cast<std::int64_t>(x));
+  // Whole and within 64 bits, tested in doubles: a figure over all players
+  // may lie beyond them, and a reader takes a whole figure as a 64-bit one.
+  s.integer = std::fabs(x) < kBeyondInt64 && std::trunc(x) == x;
   return s;
 }
 
