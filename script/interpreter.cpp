@@ -1,6 +1,7 @@
 #include "script/interpreter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <string>
 
@@ -779,10 +780,11 @@ void Runner::Run() {
     platform.RequestRedraw(Redraw::Table);
   }
   // A run outside Hyper-Drive lasts at least 0.3 seconds from its start (a
-  // dialog that closed moved the start back), or until the clock wraps.
-  const std::uint32_t from = static_cast<std::uint32_t>(r_.RunStartSeconds * 1000.0);
+  // dialog that closed moved the start back, before the clock's 0 when the
+  // clock is young), or until the clock wraps. In doubles, which hold both.
+  const double from = std::floor(r_.RunStartSeconds * 1000.0);
   for (;;) {
-    const std::uint32_t now = platform.TimeGetTime();
+    const double now = platform.TimeGetTime();
     if (now < from || now - from >= kRunFloorMs) break;
     platform.DoEvents();
   }
