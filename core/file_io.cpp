@@ -80,26 +80,36 @@ std::int64_t ReadAt(const FileHandle& f, std::int64_t offset, void* buffer, std:
   return static_cast<std::int64_t>(done);
 }
 
-WholeFileRead ReadWholeFileUpTo(const std::string& path, std::size_t limit, std::string& bytes) {
+WholeFileRead ReadFileStart(const std::string& path, std::size_t count, std::string& bytes) {
   const std::int64_t length = FileLength(path);
   if (length < 0) return WholeFileRead::Missing;
-  if (static_cast<std::uint64_t>(length) > limit) return WholeFileRead::TooLong;
   const FileHandle f = OpenForReading(path);
   if (!f.IsOpen()) return WholeFileRead::Failed;
-  // Read to the end rather than to the length seen, in steps, up to one
-  // byte past the limit: a file that grew since tells itself that way.
+  // Read to the end rather than to the length seen, in steps, up to `count`:
+  // a file that grew since is read as it is now, and never beyond.
   constexpr std::size_t kStep = std::size_t{1} << 16;
   std::string read;
-  read.reserve(static_cast<std::size_t>(length) + 1);
-  while (read.size() <= limit) {
+  read.reserve(std::min(static_cast<std::size_t>(length), count));
+  while (read.size() < count) {
     const std::size_t at = read.size();
-    const std::size_t want = std::min(kStep, limit + 1 - at);
+    const std::size_t want = std::min(kStep, count - at);
     read.resize(at + want);
     const std::int64_t got = ReadAt(f, static_cast<std::int64_t>(at), read.data() + at, want);
     if (got < 0) return WholeFileRead::Failed;
     read.resize(at + static_cast<std::size_t>(got));
     if (static_cast<std::size_t>(got) < want) break;  // the end of the file
   }
+  bytes = std::move(read);
+  return WholeFileRead::Read;
+}
+
+WholeFileRead ReadWholeFileUpTo(const std::string& path, std::size_t limit, std::string& bytes) {
+  const std::int64_t length = FileLength(path);
+  if (length >= 0 && static_cast<std::uint64_t>(length) > limit) return WholeFileRead::TooLong;
+  // One byte past the limit tells a file that grew since its length was seen.
+  std::string read;
+  const WholeFileRead result = ReadFileStart(path, limit + 1, read);
+  if (result != WholeFileRead::Read) return result;
   if (read.size() > limit) return WholeFileRead::TooLong;
   bytes = std::move(read);
   return WholeFileRead::Read;

@@ -51,8 +51,11 @@ bool CopyModificationTime(const std::string& from, const std::string& to);
 // Deletes a file if it is there.
 void RemoveFileIfPresent(const std::string& path);
 
-// What reading a whole file of bounded length came to.
+// What reading a whole file of bounded length, or a file's start, came to.
 enum class WholeFileRead { Read, Missing, TooLong, Failed };
+// Reads the first `count` bytes of the regular file at `path` into `bytes`,
+// fewer when the file is shorter; `bytes` is untouched unless Read.
+WholeFileRead ReadFileStart(const std::string& path, std::size_t count, std::string& bytes);
 // Reads the regular file at `path` into `bytes` when it holds at most
 // `limit` bytes. Never takes more than limit + 1 bytes of memory, whatever
 // the file claims or grows to while read; `bytes` is untouched unless Read.

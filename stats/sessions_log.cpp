@@ -182,7 +182,7 @@ SessionRecord SessionRecordOf(Game& g, int p) {
   // record damage), but a game may reach past it: a CheckStack holds up to
   // its own limit, a session's totals add up every bet's. Such a value is
   // written at the limit of its sign.
-  for (Currency& v : r) v = std::clamp(v, -kMoneyLimit, kMoneyLimit);
+  for (Currency& v : r) v = HeldWithin(v, kMoneyLimit);
   return r;
 }
 

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <bit>
-#include <fstream>
 #include <memory>
 #include <sys/stat.h>
 
 #include "config/payoffs.h"
 #include "config/sound.h"
 #include "core/data_folder.h"
+#include "core/file_io.h"
 #include "core/game.h"
 #include "core/graph_rows.h"
 #include "core/message_dialog.h"
@@ -87,14 +87,7 @@ void ShowOpenFailure(Game& g, const std::string& path, bool notFound) {
 bool ReadFileBytes(const std::string& path, std::string& bytes, bool& notFound) {
   struct stat st {};
   notFound = ::stat(path.c_str(), &st) != 0;
-  if (notFound || !S_ISREG(st.st_mode)) return false;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  bytes.resize(kLongestFile + 1);
-  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (in.bad()) return false;
-  bytes.resize(static_cast<std::size_t>(in.gcount()));
-  return true;
+  return !notFound && ReadFileStart(path, kLongestFile + 1, bytes) == WholeFileRead::Read;
 }
 
 // Record 1: the header's message when it is not this program's file, or "".
