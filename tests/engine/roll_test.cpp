@@ -33,14 +33,6 @@ TEST_F(RollTallies, FourOneCountsItsTenEventsInEveryLiveFrame) {
   EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
 }
 
-// The gaps themselves are the roll totals tests' business; category 0
-// counts every roll.
-TEST_F(RollTallies, RollsSinceCountsFromTheLastShowing) {
-  for (auto [a, b] : {std::pair{3, 4}, {2, 2}, {1, 1}, {6, 1}}) Roll(a, b);
-  EXPECT_EQ(g.RollsSince(4), 2);
-  EXPECT_EQ(g.RollsSince(0), 4);
-}
-
 // RollsSince keeps the roll of each event's last showing, not a count
 // stepped every roll: its counts must be those of the plain table, through a
 // new session and a game saved and opened again.
