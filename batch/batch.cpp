@@ -9,13 +9,13 @@
 #include "core/frames.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
+#include "core/money.h"
 #include "cycle/hyperdrive.h"
 #include "dice/rng.h"
 #include "engine/players.h"
 
 namespace {
 
-constexpr int kWageredColumn = 2;  // StatAction's amount-wagered column
 constexpr auto kProgressEvery = std::chrono::milliseconds(100);
 
 std::uint64_t SplitMix64(std::uint64_t x) {
@@ -103,16 +103,18 @@ Currency PlayerNet(const Game& game, int seat) {
 
 Currency PlayerWagered(const Game& game, int seat) {
   const int f = FrameIndex(seat, kFrameCurrentSession);
-  Currency sum;
-  for (int b = 1; b <= kLastRealBet; ++b) sum += game.StatAction(f, b, kWageredColumn);
-  return sum;
+  // Summed in 128 bits, each total holding up to a total's limit, and held
+  // to that limit too, so that the difference of two sums stays in 64 bits.
+  WideRaw sum = 0;
+  for (int b = 1; b <= kLastRealBet; ++b) sum += game.StatAction(f, b, kStatTotal).raw;
+  return HeldWithin(CurFromWide(sum), kStatTotalLimit);
 }
 
 int OnlyBetWagered(const Game& game, int seat) {
   const int f = FrameIndex(seat, kFrameCurrentSession);
   int only = 0;
   for (int b = 1; b <= kLastRealBet; ++b) {
-    if (game.StatAction(f, b, kWageredColumn) <= Currency{}) continue;
+    if (game.StatAction(f, b, kStatTotal) <= Currency{}) continue;
     if (only != 0) return 0;
     only = b;
   }

@@ -38,6 +38,12 @@ constexpr Currency kCheckStackLimit = Currency::FromRaw(999'999'999'999'999'999)
 // products figured from such amounts cannot overflow.
 constexpr Currency kMoneyLimit = Currency::FromWhole(100'000'000'000);
 
+// The largest total a statistic sums (wagered, won or lost; a come bet's
+// travel), either sign: long play at a high table sums the longer frames
+// beyond kMoneyLimit, so a total has a CheckStack's bound, and the figures
+// that add totals together add them in 128 bits.
+constexpr Currency kStatTotalLimit = kCheckStackLimit;
+
 // `x` held within ±`limit` (not negative): one unsigned test on the way of
 // an amount already inside, as nearly every amount of a roll is.
 constexpr Currency HeldWithin(Currency x, Currency limit) {

@@ -37,7 +37,7 @@ Reading FrameOf(const Game& g, const ScriptElement& player, const ScriptElement&
 // The statistics row of one class: wagers (A), wins (W) or losses (L).
 struct Row {
   const Game& g;
-  const Table3<Currency, 0, 44, 0, 100, 0, 6>& t;
+  const decltype(Game::StatAction)& t;
   int i, b;
   double operator()(int k) const { return t(i, b, k).ToDouble(); }
 };

@@ -1,16 +1,18 @@
 #include "stats/bet_results.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
+#include "analysis/advantage.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/money.h"
-#include "analysis/advantage.h"
 #include "stats/number_format.h"
 
 namespace {
 
-using StatTable = Table3<Currency, 0, 44, 0, 100, 0, 6>;
+using StatTable = decltype(Game::StatAction);
 
 constexpr std::string_view kRowLabels[kResultRows + 1] = {
     "",           "Total #",     "Total $",      "High $",       "Low $",         "Average $",
@@ -19,6 +21,25 @@ constexpr std::string_view kColumnTitles[kResultColumns] = {"Wagers", "Wins", "L
                                                             "Net %"};
 
 constexpr double kBeyondInt64 = 0x1p63;
+
+// The rows of the view's three sides (row 0 unused, row kResultRows the
+// expected value).
+enum ResultRow : int {
+  kRowCount = 1,
+  kRowTotal,
+  kRowHigh,
+  kRowLow,
+  kRowAverage,
+  kRowLast,
+  kRowLastRollCount,
+  kRowLastRollAmount,
+  kRowCountPerHour,
+  kRowAmountPerHour,
+};
+static_assert(kRowAmountPerHour + 1 == kResultRows);
+
+// A sum of amounts in ten-thousandths as dollars, rounded as a 64-bit one is.
+double Dollars(WideRaw raw) { return static_cast<double>(raw) / Currency::kScale; }
 
 // Every number of the view: whole as "#,#", otherwise up to four decimals.
 Shown Figure(double x) {
@@ -100,7 +121,9 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
   Currency nowCount, nowAmount, lastCount, lastAmount;
   WideRaw expected = 0;
   const StatTable* tables[3] = {&game.StatAction, &game.StatWins, &game.StatLosses};
-  std::array<std::array<Currency, kResultRows + 1>, 3> col{};
+  // The rows of each side summed over every selected bet and player in 128
+  // bits: a total may hold up to kStatTotalLimit, and the view adds hundreds.
+  std::array<std::array<WideRaw, kResultRows + 1>, 3> col{};
   const Currency rollNumber = Currency::FromWhole(rolls);
   for (int p : slots) {
     const int i = FrameIndex(p, frame);
@@ -118,24 +141,26 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
       for (int k = 0; k < 3; ++k) {
         const StatTable& s = *tables[k];
         auto& c = col[static_cast<std::size_t>(k)];
-        c[1] += s(i, b, 1);
-        c[2] += s(i, b, 2);
-        if (s(i, b, 3) > c[3]) c[3] = s(i, b, 3);
-        if (s(i, b, 4) > Currency{} && (c[4].IsZero() || c[4] > s(i, b, 4))) c[4] = s(i, b, 4);
-        c[6] += s(i, b, 6);
-        if (rolls > 0 && s(i, b, 5) == rollNumber) {
-          c[7] += 1_usd;
-          c[8] += s(i, b, 6);
+        c[kRowCount] += s(i, b, kStatCount).raw;
+        c[kRowTotal] += s(i, b, kStatTotal).raw;
+        c[kRowHigh] = std::max<WideRaw>(c[kRowHigh], s(i, b, kStatLargest).raw);
+        const std::int64_t low = s(i, b, kStatSmallest).raw;
+        if (low > 0 && (c[kRowLow] == 0 || c[kRowLow] > low)) c[kRowLow] = low;
+        c[kRowLast] += s(i, b, kStatAmountOfLast).raw;
+        if (rolls > 0 && s(i, b, kStatRollOfLast) == rollNumber) {
+          c[kRowLastRollCount] += (1_usd).raw;
+          c[kRowLastRollAmount] += s(i, b, kStatAmountOfLast).raw;
         }
       }
     }
   }
   f.expected = CurFromWide(expected);  // the bound of its sign beyond an amount
   for (auto& c : col) {
-    if (c[1] > Currency{}) c[5] = CurFromDouble(c[2].ToDouble() / c[1].ToDouble());
+    if (c[kRowCount] > 0)
+      c[kRowAverage] = CurFromDouble(Dollars(c[kRowTotal]) / Dollars(c[kRowCount])).raw;
     if (f.hours > 0) {
-      c[9] = CurFromDouble(c[1].ToDouble() / f.hours);
-      c[10] = CurFromDouble(c[2].ToDouble() / f.hours);
+      c[kRowCountPerHour] = CurFromDouble(Dollars(c[kRowCount]) / f.hours).raw;
+      c[kRowAmountPerHour] = CurFromDouble(Dollars(c[kRowTotal]) / f.hours).raw;
     }
   }
 
@@ -143,12 +168,13 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
                ShowCount(lastCount.ToDouble(), fmt_pattern::kWhole), Figure(lastAmount.ToDouble())};
   for (int row = 1; row < kResultRows; ++row) {
     auto& out = f.rows[static_cast<std::size_t>(row)];
-    for (int k = 0; k < 3; ++k) out[static_cast<std::size_t>(k)] = Figure(col[static_cast<std::size_t>(k)][row].ToDouble());
-    const Currency wagers = col[0][row], net = col[1][row] - col[2][row];
-    out[kNetCol] = Figure(net.ToDouble());
-    if (wagers > Currency{}) {
-      out[kNetPctCol] = Figure(net.ToDouble() * 100 / wagers.ToDouble());
-      out[kNetPctCol].negative = net < Currency{};
+    for (int k = 0; k < 3; ++k)
+      out[static_cast<std::size_t>(k)] = Figure(Dollars(col[static_cast<std::size_t>(k)][row]));
+    const WideRaw wagers = col[0][row], net = col[1][row] - col[2][row];
+    out[kNetCol] = Figure(Dollars(net));
+    if (wagers > 0) {
+      out[kNetPctCol] = Figure(Dollars(net) * 100 / Dollars(wagers));
+      out[kNetPctCol].negative = net < 0;
     } else {
       out[kNetPctCol] = ShowValue(0, "0");
     }
@@ -156,9 +182,9 @@ BetResultsFigures FigureBetResults(const Game& game, int frame, std::int32_t pla
   auto& last = f.rows[kResultRows];
   for (int k = 0; k < 3; ++k) last[static_cast<std::size_t>(k)] = ShowNone("");
   last[kNetCol] = ShowValue(f.expected.ToDouble(), FormatNumber(f.expected, fmt_pattern::kFraction4));
-  const Currency handle = col[0][2];
-  if (handle > Currency{})
-    last[kNetPctCol] = Figure(f.expected.ToDouble() * 100 / handle.ToDouble());
+  const WideRaw handle = col[0][kRowTotal];
+  if (handle > 0)
+    last[kNetPctCol] = Figure(f.expected.ToDouble() * 100 / Dollars(handle));
   else
     last[kNetPctCol] = ShowValue(0, "0");
   last[kNetPctCol].negative = f.expected < Currency{};

@@ -12,9 +12,7 @@
 
 namespace {
 
-constexpr int kLastHandFrame = 1, kLastSessionFrame = 3;
-
-using StatTable = Table3<Currency, 0, 44, 0, 100, 0, 6>;
+using StatTable = decltype(Game::StatAction);
 
 Shown Money(Currency a, std::string_view other) {
   return ShowValue(a.ToDouble(), FormatWholeOr(a.ToDouble(), fmt_pattern::kWhole, other));
@@ -31,12 +29,15 @@ bool CompRatedBet(const Game& g, int b) {
 void FigureBetTotals(Game& g, int i, int t, int from, int to, bool clear) {
   const int index = FrameIndex(i, t);
   StatTable* tables[3] = {&g.StatAction, &g.StatWins, &g.StatLosses};
-  for (StatTable* s : tables) {
-    if (clear)
-      for (int k = kStatCount; k <= kStatAmountOfLast; ++k) (*s)(index, 0, k) = {};
-    for (int b = std::max(from, 1); b <= std::min(to, kLastRealBet); ++b)
-      for (int k = kStatCount; k <= kStatAmountOfLast; ++k) (*s)(index, 0, k) += (*s)(index, b, k);
-  }
+  for (StatTable* s : tables)
+    for (int k = kStatCount; k <= kStatAmountOfLast; ++k) {
+      // In 128 bits and held to a total's limit: a total may itself hold
+      // up to that limit.
+      WideRaw sum = clear ? 0 : (*s)(index, 0, k).raw;
+      for (int b = std::max(from, 1); b <= std::min(to, kLastRealBet); ++b)
+        sum += (*s)(index, b, k).raw;
+      (*s)(index, 0, k) = HeldWithin(CurFromWide(sum), kStatTotalLimit);
+    }
 }
 
 void FigureComps(Game& g, CompFigures& c, int i) {
@@ -46,7 +47,7 @@ void FigureComps(Game& g, CompFigures& c, int i) {
   for (int b = 1; b <= kLastRealBet; ++b) {
     const Currency wagered = g.StatAction(i, b, kStatTotal);
     if (wagered <= Currency{} || !CompRatedBet(g, b)) continue;
-    c.action += wagered;
+    c.action = CurFromWide(static_cast<WideRaw>(c.action.raw) + wagered.raw);  // stops at 64 bits' end
     c.decisions += CurInt(g.StatAction(i, b, kStatCount)).raw / Currency::kScale;
     house += wagered.ToDouble() * ExpectedValuePerDecision(g, b);
   }
@@ -108,7 +109,7 @@ SummaryFigures FigureSummary(Game& g, int frame, std::int32_t players) {
   const char* cents = "#,0.##;-#,0.##;0";
   const int n = static_cast<int>(slots.size());
   if (n < 2) {
-    f.bankrollCaption = f.frame == kLastHandFrame || f.frame == kLastSessionFrame
+    f.bankrollCaption = f.frame == kFrameLastHand || f.frame == kFrameLastSession
                             ? "Ending bankroll"
                             : "Current bankroll";
     f.bankrollCurrent = Money(sum, cents);
@@ -142,22 +143,28 @@ SummaryFigures FigureSummary(Game& g, int frame, std::int32_t players) {
              ShowValue(comps.value, FormatWholeOr(comps.value, fmt_pattern::kWhole, two))};
 
   // Decisions: the totals of bets 1..85 for each selected player.
-  std::array<std::array<Currency, 3>, 2> totals{};  // [Total #, Total $][made, won, lost]
+  // [Total #, Total $][made, won, lost], in 128 bits: the players' totals
+  // may each hold up to a total's limit.
+  std::array<std::array<WideRaw, 3>, 2> totals{};
+  constexpr StatColumn kTotalsRows[2] = {kStatCount, kStatTotal};
   for (int p : slots) {
     FigureBetTotals(g, p, f.frame, 1, kLastRealBet, true);
     const int i = base + p;
     const StatTable* tables[3] = {&g.StatAction, &g.StatWins, &g.StatLosses};
     for (int k = 0; k < 3; ++k)
       for (int row = 0; row < 2; ++row)
-        totals[static_cast<std::size_t>(row)][static_cast<std::size_t>(k)] += (*tables[k])(i, 0, row + 1);
+        totals[static_cast<std::size_t>(row)][static_cast<std::size_t>(k)] +=
+            (*tables[k])(i, 0, kTotalsRows[row]).raw;
   }
   for (int row = 0; row < 2; ++row) {
     const auto& t = totals[static_cast<std::size_t>(row)];
     auto& out = f.decisions[static_cast<std::size_t>(row)];
-    for (int k = 0; k < 3; ++k) out[static_cast<std::size_t>(k)] = Money(t[static_cast<std::size_t>(k)], fmt_pattern::kFraction4);
-    const Currency net = t[1] - t[2];
-    out[3] = Money(net, fmt_pattern::kFraction4);
-    const double pct = t[0] > Currency{} ? net.ToDouble() * 100 / t[0].ToDouble() : 0;
+    for (int k = 0; k < 3; ++k)
+      out[static_cast<std::size_t>(k)] =
+          Money(CurFromWide(t[static_cast<std::size_t>(k)]), fmt_pattern::kFraction4);
+    const WideRaw net = t[1] - t[2];
+    out[3] = Money(CurFromWide(net), fmt_pattern::kFraction4);
+    const double pct = t[0] > 0 ? static_cast<double>(net) * 100 / static_cast<double>(t[0]) : 0;
     out[4] = ShowValue(pct, FormatWholeOr(pct, fmt_pattern::kWhole, fmt_pattern::kFraction4));
   }
   return f;

@@ -41,6 +41,19 @@ bool AllMoney(const Table& t) {
   return true;
 }
 
+bool Total(Currency c) { return c >= -kStatTotalLimit && c <= kStatTotalLimit; }
+
+// A statistics table: its totals hold up to their own, larger limit (long
+// play sums them beyond the money limit), every other figure is money.
+template <class Table>
+bool StatRowsSound(const Table& t) {
+  // A row's columns are its innermost, contiguous cells.
+  static_assert(Table::kLow3 == 0 && Table::kHigh3 == kStatColumnCount - 1);
+  for (std::size_t n = 0; n < t.cells.size(); ++n)
+    if (!(n % kStatColumnCount == kStatTotal ? Total(t.cells[n]) : Money(t.cells[n]))) return false;
+  return true;
+}
+
 // A table of every seat's bets (and bankroll, id 0): its CheckStacks may
 // hold up to their own, larger limit, every other amount is money.
 template <class Table>
@@ -171,9 +184,11 @@ bool GameSound(const Game& g) {
     if (!Money(c)) return false;
   if (!BetRowsSound(g.Bet) || !BetRowsSound(g.BetAtRoll) || !BetRowsSound(g.BetAfterRoll) ||
       !AllMoney(g.BetContract) || !AllMoney(g.LayVig) || !AllMoney(g.BuyVig) ||
-      !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll) || !AllMoney(g.StatAction) ||
-      !AllMoney(g.StatWins) || !AllMoney(g.StatLosses) || !AllMoney(g.ComeTravelTotal))
+      !AllMoney(g.ComeFlatAtSet) || !AllMoney(g.GraphBankroll) || !StatRowsSound(g.StatAction) ||
+      !StatRowsSound(g.StatWins) || !StatRowsSound(g.StatLosses))
     return false;
+  for (Currency travel : g.ComeTravelTotal.cells)
+    if (!Total(travel)) return false;
   const DiceFileState& d = g.diceFile;
   if (!Within(d.DiceFileMode, kDiceFileInactive, kDiceFilePlayback) || d.DiceFilePos < 0 ||
       d.DiceFileLast < 0)

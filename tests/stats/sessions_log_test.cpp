@@ -98,11 +98,12 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   ASSERT_TRUE(log.Read(2, r));
   EXPECT_EQ(r[0], 1_usd);
   // A CheckStack at its own limit and a handle summed beyond the money
-  // limit are written at the money limit, so the log reads them back.
+  // limit (each total at its own) are written at the money limit, so the log
+  // reads them back.
   SeatPlayer(g, 2, "Bo", 500_usd);
   g.Bet(2, bet::kCheckStackFirst) = -kCheckStackLimit;
   for (int b : {bet::kPassLine, bet::kField})
-    g.StatAction(FrameIndex(2, 2), b, kStatTotal) = kMoneyLimit;
+    g.StatAction(FrameIndex(2, 2), b, kStatTotal) = kStatTotalLimit;
   ASSERT_FALSE(WriteSessionRecord(g, 2).has_value());
   SessionsLogReader bo(g.roll.SessionLogPath[2]);
   ASSERT_TRUE(bo.Read(1, r)) << bo.error();

@@ -146,6 +146,33 @@ TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
   EXPECT_EQ(ExpectedValuePerDecision(g, 93), 0);
 }
 
+// Years of play leave every total of the longer frames near its limit: the
+// views add hundreds of them without wrapping.
+TEST_F(Views, TotalsAtTheirLimitAddUpOverEveryBetAndPlayer) {
+  for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
+  const Currency nearLimit = Currency::FromWhole(99'999'999'999'999);
+  ASSERT_LE(nearLimit, kStatTotalLimit);
+  std::vector<int> every;
+  for (int b = 1; b <= kLastRealBet; ++b) every.push_back(b);
+  for (int p = 1; p <= 8; ++p)
+    for (int b : every) {
+      const int i = FrameIndex(p, kFrameAllSessions);
+      g.StatAction(i, b, kStatCount) = g.StatWins(i, b, kStatCount) = 1_usd;
+      g.StatAction(i, b, kStatTotal) = g.StatWins(i, b, kStatTotal) = nearLimit;
+    }
+  constexpr std::int32_t kAll = 0x1fe;
+  const double sum = 8.0 * kLastRealBet * nearLimit.ToDouble();
+  const BetResultsFigures f = FigureBetResults(g, kFrameAllSessions, kAll, every);
+  EXPECT_DOUBLE_EQ(f.rows[2][kWagersCol].value, sum);
+  EXPECT_DOUBLE_EQ(f.rows[2][kNetCol].value, sum);
+  EXPECT_EQ(f.rows[2][kNetPctCol].text, "100");
+  EXPECT_DOUBLE_EQ(f.rows[5][kWagersCol].value, nearLimit.ToDouble());  // the average
+  // A player's sum over every bet stands at a total's limit.
+  const SummaryFigures summary = FigureSummary(g, kFrameAllSessions, kAll);
+  EXPECT_DOUBLE_EQ(summary.decisions[1][0].value, 8 * kStatTotalLimit.ToDouble());
+  EXPECT_DOUBLE_EQ(summary.decisions[1][3].value, 8 * kStatTotalLimit.ToDouble());
+}
+
 TEST_F(Views, TrendsListEveryBetWithItsStreakAndPrintTheStreaks) {
   ThreeComeOuts();
   const std::vector<BetTrendRow> rows = FigureBetTrends(g, 1);

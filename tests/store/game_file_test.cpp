@@ -384,6 +384,13 @@ TEST_F(GameFile, EverySavedTableComesBackWholeAndSavesToTheSameBytes) {
     // A long session at a large bankroll sums it beyond the money limit.
     for (int p = 1; p <= 8; ++p)
       if (*names[p]) game->BankrollSum(p) = p % 2 ? kCheckStackLimit : -kCheckStackLimit;
+    // So do the totals of the longer frames over years of play.
+    for (int p = 1; p <= 8; ++p) {
+      const int all = FrameIndex(p, kFrameAllSessions);
+      game->StatAction(all, bet::kPassLine, kStatTotal) = kStatTotalLimit;
+      game->StatLosses(all, bet::kField, kStatTotal) = -kStatTotalLimit;
+      game->ComeTravelTotal(FrameIndex(p, kFrameCurrentSession), 5) = kStatTotalLimit;
+    }
     const auto original = std::make_unique<Game>(*game);
     ASSERT_TRUE(SaveGame(*game, Path("full.rvg"))) << LastMessage();
     HeadlessPlatform other;
@@ -590,6 +597,7 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
   ExpectRefused(good.substr(0, 300), title, WithPath(kCorrupt, path));
 
   // Counts, slots and texts out of their ranges: record, byte, width, value.
+  constexpr std::int64_t kPastTotal = kStatTotalLimit.raw + 1, kPastMoney = kMoneyLimit.raw + 1;
   const std::tuple<int, int, int, std::int64_t> patches[] = {
       {2, 4, 4, 0x7fc00000},            // a window's top that is not a number
       {3, 8, 4, 0x7149f2ca},            // a window's left of 1e30 pixels
@@ -615,7 +623,10 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
       {416 + 5, 88, 8, 8 * 10000},      // winning-bet rule 8
       {416 + 39, 0, 2, 3},              // a working state of 3
       {416 + 31, 0, 4, INT32_MIN},      // a losing streak the next loss would carry past a Long
-      {416 + 173, 8, 8, INT64_MAX},     // a bet's action beyond the money limit
+      {416 + 173, 8, 8, INT64_MAX},     // a bet's total wagered beyond 64 bits' reach
+      {416 + 173, 8, 8, kPastTotal},    // and just beyond a total's limit
+      {416 + 173, 16, 8, kPastMoney},   // a largest amount beyond the money limit
+      {416 + 455, 8, 8, -kPastTotal},   // a come bet's travel beyond a total's limit
       {416 + 457, 32, 8, INT64_MIN},    // an auto-adjust amount of the lowest 64-bit value
       {416 + 457, 40, 8, INT64_MAX},    // and of the highest
       {416 + 1, 0, 4, 0x20202020},      // a player without a name
