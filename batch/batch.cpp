@@ -69,7 +69,8 @@ void WatchRoll(void* context, const Game&) {
       StopPlayer(w, game, r, p, PlayerOutcome::kStopWin);
     } else if (c.stopLoss[p] && net <= -*c.stopLoss[p]) {
       StopPlayer(w, game, r, p, PlayerOutcome::kStopLoss);
-    } else if (!game.betting.AllowNegBankroll(p) && game.Bet(p, 0) < game.rules.MinPlacardBet) {
+    } else if (!game.betting.AllowNegBankroll(p) &&
+               game.Bet(p, bet::kBankroll) < game.rules.MinPlacardBet) {
       r.outcome[p] = PlayerOutcome::kBroke;
     } else {
       anyInPlay = true;
@@ -98,7 +99,7 @@ Long SessionSeed(std::uint64_t batchSeed, std::int64_t k, Long limit) {
 }
 
 Currency PlayerNet(const Game& game, int seat) {
-  return game.Bet(seat, 0) - game.InvestedBankroll(seat);
+  return game.Bet(seat, bet::kBankroll) - game.InvestedBankroll(seat);
 }
 
 Currency PlayerWagered(const Game& game, int seat) {

@@ -76,7 +76,7 @@ void BM_GraphScrollStep(benchmark::State& state) {
   std::mt19937 rng(static_cast<std::uint32_t>(kBenchSeed));
   std::uniform_int_distribution<int> step(-5, 5);
   auto walk = [&] {
-    for (int p = 1; p <= 8; ++p) g.Bet(p, 0) += Currency::FromWhole(step(rng));
+    for (int p = 1; p <= 8; ++p) g.Bet(p, bet::kBankroll) += Currency::FromWhole(step(rng));
   };
   for (int k = 0; k <= kGraphColumns; ++k) {
     walk();

@@ -56,7 +56,7 @@ inline double TimedStretch(Game& g, int rolls, long& allocations) {
   if (g.RollTally(kTableSession, kEventRolls) > kSessionRollLimit - 2 * rolls)
     g.RollTally(kTableSession, kEventRolls) = 0;
   for (int p = 1; p <= 8; ++p)  // keep the bankrolls far from the table limits
-    if (!g.PlayerName[p].empty()) g.Bet(p, 0) = kBenchBankroll + g.TotalBets(p);
+    if (!g.PlayerName[p].empty()) g.Bet(p, bet::kBankroll) = kBenchBankroll + g.TotalBets(p);
   g.hyper.RunRollLimit = rolls;
   const long before = gAllocations.load();
   const double start = ThreadSeconds();

@@ -176,7 +176,7 @@ void ApplyConfigureClose(Game& game) {
   // Money moved at the ATM while the form was open is caught in the records.
   const bool anyRoll = game.RollTally(kTableSession, kEventRolls) != 0;
   for (int p = 1; p <= 8; ++p) {
-    const Currency bankroll = game.Bet(p, 0);
+    const Currency bankroll = game.Bet(p, bet::kBankroll);
     if (!anyRoll) {
       game.BankrollHigh(p) = bankroll;
       game.BankrollLow(p) = bankroll;

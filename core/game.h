@@ -56,7 +56,8 @@ class Platform;
 
 // Small named bounds of the tables.
 constexpr int kLastBetId = 200;                     // Bet has ids 0..200 (CheckStacks 100..199)
-constexpr int kLongGap = 200;                       // GapTally's last (sum of long gaps) column
+constexpr int kLongGap = 200;                       // GapTally's last column: the long gaps' count
+constexpr int kLongGapRolls = 0;                    // GapTally's column 0: the long gaps' rolls
 constexpr int kGraphColumns = 525;                  // columns of one page of the bankroll graph
 constexpr std::int64_t kBankrollLimit = 9'999'999;  // either sign
 constexpr std::int32_t kSessionRollLimit = 100'000'000;

@@ -204,7 +204,7 @@ void CopyWorkingFlags(const Long* from, Long* to) {
                                             std::uint32_t wholeRows) {
   CopyUpperCells(g, p, upperChanged, g.BetAtRoll);
   if (((wholeRows >> p) & 1) == 0) return false;
-  const Currency* bets = &g.Bet(p, 0);
+  const Currency* bets = &g.Bet(p, bet::kBankroll);
   std::copy_n(bets, kLastRealBet + 1, &g.BetAtRoll(p, 0));
   std::copy_n(bets, kLastRealBet + 1, &g.BetContract(p, 0));
   CopyStreaksNowToAtRoll(&g.BetTrend(p, 0, 0));
@@ -223,7 +223,7 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
   // One test per seat for both seat-wide marks.
   const std::uint32_t seatMarks = upperChanged | wholeRows;
   ForEachSeatIn(seated, [&g, &r, upperChanged, wholeRows, seatMarks](int p) {
-    const Currency* bets = &g.Bet(p, 0);
+    const Currency* bets = &g.Bet(p, bet::kBankroll);
     g.RailAtRoll(p) = bets[0] - g.TotalBets(p);
     const BetIdSet ids = TakeChangedIds(r, p);
     BetIdSet& taken = r.BetIdsTakenAtRoll[static_cast<std::size_t>(p)];
@@ -246,7 +246,7 @@ void SnapshotAtRoll(Game& g, unsigned seated) {
 
 // Step 23 for seat p: the bankroll records.
 inline void KeepBankrollRecordsOf(Game& g, int p) {
-  const Currency bank = g.Bet(p, 0);
+  const Currency bank = g.Bet(p, bet::kBankroll);
   // The sum of one bankroll a roll passes the money limit within a session
   // at a large bankroll; it is held within a CheckStack's wider limit, which
   // the game file takes and whose average over the rolls cannot overflow.
@@ -273,7 +273,7 @@ void CopyMarkedRowsAfterRoll(Game& g, int p, std::uint32_t upperChanged,
   const bool wholeRows = ((wholeRowsMarked >> p) & 1) != 0;
   if (wholeRows || ((workingChanged >> p) & 1) != 0)
     CopyWorkingFlags(&g.BetWorking(p, 0), &g.BetWorkingAfterRoll(p, 0));
-  const Currency* bets = &g.Bet(p, 0);
+  const Currency* bets = &g.Bet(p, bet::kBankroll);
   Currency* afterRoll = &g.BetAfterRoll(p, 0);
   if (wholeRows) {
     std::copy_n(bets, kLastRealBet + 1, afterRoll);
@@ -297,7 +297,7 @@ void SnapshotAfterRoll(Game& g, unsigned seated) {
   const std::uint32_t seatMarks = upperChanged | workingChanged | wholeRows;
   ForEachSeatIn(seated, [&g, &r, upperChanged, workingChanged, wholeRows, seatMarks](int p) {
     if constexpr (keepRecords) KeepBankrollRecordsOf(g, p);
-    const Currency* bets = &g.Bet(p, 0);
+    const Currency* bets = &g.Bet(p, bet::kBankroll);
     Currency* afterRoll = &g.BetAfterRoll(p, 0);
     afterRoll[0] = bets[0];
     const BetIdSet ids = TakeChangedIds(r, p);
@@ -447,14 +447,14 @@ bool RollOnce(Game& g) {
 }  // namespace
 
 bool BankrollBeyondLimit(const Game& g, int p) {
-  const Currency bank = g.Bet(p, 0);
+  const Currency bank = g.Bet(p, bet::kBankroll);
   return bank > kLimitAmount || bank < -kLimitAmount;
 }
 
 void LimitExceeded(Game& g, int p) {
   const std::string limit = FormatMoney(kLimitAmount);
   const std::string& name = g.PlayerName[static_cast<std::size_t>(p)];
-  const bool loss = g.Bet(p, 0).raw < 0;
+  const bool loss = g.Bet(p, bet::kBankroll).raw < 0;
   if (g.HyperDrive) {
     g.KeepRolling = false;
     g.StopMessage = loss ? "Stopped by exceeding the max loss limit of $"

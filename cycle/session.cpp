@@ -90,7 +90,7 @@ void LogSessionOpening(Game& g) {
       if (!SeatNamed(g, p)) continue;
       std::string l = "      " + g.PlayerName[static_cast<std::size_t>(p)] + " at stick " +
                       RailPositionName(p) + " with $";
-      AppendPlainAmount(l, g.Bet(p, 0));
+      AppendPlainAmount(l, g.Bet(p, bet::kBankroll));
       WriteEventLine(g, l);
     }
   }
@@ -144,7 +144,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
 
   Currency remembered[kPlayerSlots] = {};
   for (int p = 1; p <= 8; ++p) {
-    remembered[p] = g.Bet(p, 0);
+    remembered[p] = g.Bet(p, bet::kBankroll);
     for (int b = 0; b <= kLastRealBet; ++b) {
       g.Bet(p, b) = {};
       g.BetAtRoll(p, b) = {};
@@ -174,7 +174,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
   g.GraphRollCount = 0;
   for (int p = 1; p <= 8; ++p) {
     g.GraphBankroll(p, 0) = Currency::FromWhole(1);
-    g.GraphHigh(p) = g.GraphLow(p) = g.Bet(p, 0);
+    g.GraphHigh(p) = g.GraphLow(p) = g.Bet(p, bet::kBankroll);
   }
   g.platform->RequestRedraw(Redraw::Graph);
   g.StopMessage.clear();

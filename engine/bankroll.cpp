@@ -28,7 +28,7 @@ bool ShowAtmNotice(const Game& g, bool fromConfigure) {
 // After money moved: the session's records restart while nothing was rolled,
 // and the graph's range holds the new bankroll.
 void FollowBankroll(Game& g, int p) {
-  const Currency bank = g.Bet(p, 0);
+  const Currency bank = g.Bet(p, bet::kBankroll);
   if (g.RollTally(kTableSession, kEventRolls) == 0) g.BankrollHigh(p) = g.BankrollLow(p) = bank;
   if (g.GraphRollCount == 0) {
     g.GraphHigh(p) = g.GraphLow(p) = bank;
@@ -43,7 +43,7 @@ void FollowBankroll(Game& g, int p) {
 
 Currency Atm(Game& g, int p, bool isDeposit, Currency amount, bool fromConfigure) {
   if (p < 1 || p > 8 || amount <= Currency{}) return Currency{};
-  const Currency bank = g.Bet(p, 0), bets = g.TotalBets(p);
+  const Currency bank = g.Bet(p, bet::kBankroll), bets = g.TotalBets(p);
   Currency allowed = amount;
   std::string why, title = isDeposit ? "ATM Deposit" : "ATM Withdrawal";
   // The limits are tested against the room left, never by adding the
@@ -83,7 +83,7 @@ Currency Atm(Game& g, int p, bool isDeposit, Currency amount, bool fromConfigure
                title, kHelpLimits, kMsgOk | (fromConfigure ? 0 : kMsgHideNotAllowed));
   const Currency moved = isDeposit ? -allowed : allowed;
   g.InvestedBankroll(p) += moved;
-  g.Bet(p, 0) += moved;
+  g.Bet(p, bet::kBankroll) += moved;
   FollowBankroll(g, p);
   return allowed;
 }
@@ -112,7 +112,7 @@ bool ChangeAllowNegBankroll(Game& g, int p, bool on) {
     allow = on;
     return allow;
   }
-  const Currency bank = g.Bet(p, 0), bets = g.TotalBets(p);
+  const Currency bank = g.Bet(p, bet::kBankroll), bets = g.TotalBets(p);
   const std::string& name = Name(g, p);
   if (bank < Currency{}) {
     ShowNotice(g,
@@ -170,7 +170,8 @@ void SetBeginningBankroll(Game& g, int p, Currency previous) {
     bank = s.StartBankroll(p);
   }
   bank = std::clamp(bank, -kBankLimit, kBankLimit);
-  g.Bet(p, 0) = g.BetAtRoll(p, 0) = g.BetAfterRoll(p, 0) = bank;
+  g.Bet(p, bet::kBankroll) = g.BetAtRoll(p, bet::kBankroll) = g.BetAfterRoll(p, bet::kBankroll) =
+      bank;
   if (mode != kStartCarryWithNet) g.InvestedBankroll(p) = bank;
   if (bank < Currency{}) s.AllowNegBankroll(p) = true;
   g.BankrollHigh(p) = g.BankrollLow(p) = bank;

@@ -288,7 +288,7 @@ void SetMinimumText(Game& g, int b) {
 // Returns true when it shrank the change.
 [[gnu::noinline]] bool ShrinkToBankroll(Game& g, int p, int b) {
   BettingState& s = g.betting;
-  const Currency B = g.Bet(p, b), bank = g.Bet(p, 0), unit = g.CheckValue(1);
+  const Currency B = g.Bet(p, b), bank = g.Bet(p, bet::kBankroll), unit = g.CheckValue(1);
   const Currency oldVig = StoredUpFrontVig(g, p, b);
   auto need = [&] {
     return g.TotalBets(p) + s.BetChange + UpFrontVig(g, b, B + s.BetChange) - oldVig;

@@ -76,7 +76,8 @@ void SeatPlayer(Game& g, int p, std::string_view name, Currency bankroll) {
   Name(g, p) = std::string(name);
   ResetPlayer(g, p);
   g.InvestedBankroll(p) = bankroll;
-  g.Bet(p, 0) = g.BetAtRoll(p, 0) = g.BetAfterRoll(p, 0) = bankroll;
+  g.Bet(p, bet::kBankroll) = g.BetAtRoll(p, bet::kBankroll) = g.BetAfterRoll(p, bet::kBankroll) =
+      bankroll;
   g.BankrollHigh(p) = g.BankrollLow(p) = g.BankrollSum(p) = bankroll;
   g.RailAtRoll(p) = bankroll;
   g.betting.StartBankroll(p) = bankroll;
@@ -156,9 +157,9 @@ bool CashOutPlayer(Game& g) {
     return false;
 
   if (g.roll.LogOn) {
-    const Currency net = g.Bet(p, 0) - g.InvestedBankroll(p) - abandoned;
+    const Currency net = g.Bet(p, bet::kBankroll) - g.InvestedBankroll(p) - abandoned;
     std::string line =
-        Cat("    ", name, " cashed out with $", PlainAmount(g.Bet(p, 0) - abandoned));
+        Cat("    ", name, " cashed out with $", PlainAmount(g.Bet(p, bet::kBankroll) - abandoned));
     if (net > Currency{})
       line += Cat(" (net win: $", PlainAmount(net), ")");
     else if (net < Currency{})

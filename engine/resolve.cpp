@@ -246,7 +246,7 @@ constexpr auto kReachOfRoll = [] {
 [[gnu::noinline]] void ReadHeldBetsWhole(Game& g, int p) {
   RollState& r = g.roll;
   r.HeldBetIdsUnknown &= ~(1u << p);
-  const Currency* bets = &g.Bet(p, 0);
+  const Currency* bets = &g.Bet(p, bet::kBankroll);
   BetIdSet& held = r.HeldBetIds[static_cast<std::size_t>(p)];
   held = {};
   for (int block = 0; block < kBlocks; ++block)
@@ -269,7 +269,7 @@ constexpr auto kReachOfRoll = [] {
     r.HeldBetIdsUnknown |= bit;
     return false;
   }
-  const Currency* bets = &g.Bet(p, 0);
+  const Currency* bets = &g.Bet(p, bet::kBankroll);
   BetIdSet& held = r.HeldBetIds[slot];
   if ((r.HeldBetIdsUnknown & bit) != 0) {
     ReadHeldBetsWhole(g, p);
@@ -376,7 +376,8 @@ void NoteHeldBets(Deciding& d, unsigned known, unsigned read) {
   if (read == 0) return;
   const RollReach roll(d.g);
   ForEachSeatIn(read, [&d, &roll](int p) {
-    NoteSeatBets(d, roll, &d.g.Bet(p, 0), kSeatBitOfPlayer[static_cast<std::size_t>(p)]);
+    NoteSeatBets(d, roll, &d.g.Bet(p, bet::kBankroll),
+                 kSeatBitOfPlayer[static_cast<std::size_t>(p)]);
   });
 }
 
@@ -449,7 +450,7 @@ constexpr auto kAfterDecision = [] {
 
   if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
 
-  g.Bet(p, 0) += g.NetPayoff;
+  g.Bet(p, bet::kBankroll) += g.NetPayoff;
   g.BetContract(p, b) = Currency{};
   g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
 

@@ -14,8 +14,8 @@
 namespace {
 
 void RestartRange(Game& g, int p) {
-  g.GraphHigh(p) = g.Bet(p, 0);
-  g.GraphLow(p) = g.Bet(p, 0);
+  g.GraphHigh(p) = g.Bet(p, bet::kBankroll);
+  g.GraphLow(p) = g.Bet(p, bet::kBankroll);
 }
 
 void Widen(Game& g, int p, Currency v) {
@@ -25,7 +25,7 @@ void Widen(Game& g, int p, Currency v) {
 
 // Widens p's range by the bankroll and writes it as column `count`.
 void AddColumn(Game& g, int p, int count) {
-  const Currency bank = g.Bet(p, 0);
+  const Currency bank = g.Bet(p, bet::kBankroll);
   Widen(g, p, bank);
   g.GraphBankroll(p, count) = bank;
 }
@@ -35,7 +35,9 @@ void AddColumn(Game& g, int p, int count) {
 [[gnu::noinline]] unsigned FindIdleSeats(const Game& g, unsigned open) {
   unsigned idle = 0;
   ForEachSeatIn(open, [&g, &idle](int p) {
-    if (!g.Bet(p, 0).IsZero() || g.GraphHigh(p) < Currency{} || g.GraphLow(p) > Currency{}) return;
+    if (!g.Bet(p, bet::kBankroll).IsZero() || g.GraphHigh(p) < Currency{} ||
+        g.GraphLow(p) > Currency{})
+      return;
     std::int64_t any = 0;
     // By reference: a copy of each cell keeps the loop from running two
     // cells at a time.
@@ -130,7 +132,7 @@ void ScrollByOne(Game& g) {
     const Currency leaving = g.GraphBankroll(p, leavingSlot);
     g.GraphBankroll(p, kGraphColumns + leavingSlot) = leaving;
     g.GraphTrend(p, leavingSlot) = g.GraphTrend(p, lastSlot);
-    g.GraphBankroll(p, leavingSlot) = g.Bet(p, 0);
+    g.GraphBankroll(p, leavingSlot) = g.Bet(p, bet::kBankroll);
     g.GraphBankroll(p, 0) = first;
     if (known) {
       const std::size_t i = static_cast<std::size_t>(p);
@@ -159,7 +161,7 @@ void NoteFullPage(Game& g) {
   if (g.roll.GraphPlotType == 0) {
     StartNewPage(g);
     g.GraphRollCount = 1;
-    for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, 1) = g.Bet(p, 0);
+    for (int p = 1; p <= 8; ++p) g.GraphBankroll(p, 1) = g.Bet(p, bet::kBankroll);
   } else {
     ScrollByOne(g);
   }

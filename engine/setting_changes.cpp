@@ -133,7 +133,7 @@ bool ApplyVigControl(Game& game, VigSide side, T TableSettings::*buy, T TableSet
   for (int p = 1; p <= 8; ++p) game.TotalBets(p) = TotalUpBets(game, p);
   for (int p = 1; p <= 8; ++p) {
     if (game.betting.AllowNegBankroll(p)) continue;
-    if (game.Bet(p, 0) - game.TotalBets(p) < Currency{}) return false;
+    if (game.Bet(p, bet::kBankroll) - game.TotalBets(p) < Currency{}) return false;
   }
   return true;
 }

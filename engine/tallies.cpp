@@ -54,13 +54,13 @@ constexpr int kFewestPairEvents = [] {
 
 // The gap `since` of an event that this roll shows, in its row `gaps` of
 // GapTally: counted in its column, or, when long, in the last column with
-// its length added to column 0 (no gap is 0).
+// its length added to column kLongGapRolls (no gap is 0).
 inline void TallyGap(Long* gaps, std::uint32_t since) {
   if (since < kLongGap) {
     gaps[since] += 1;
   } else {
     gaps[kLongGap] += 1;
-    gaps[0] += static_cast<Long>(since);
+    gaps[kLongGapRolls] += static_cast<Long>(since);
   }
 }
 

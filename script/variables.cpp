@@ -315,13 +315,13 @@ double PlayerVariable(Game& g, int v, int p) {
   if (v >= 100 && v <= 199) return g.Bet(p, v).ToDouble();
   switch (v) {
     case 651:
-      return (g.Bet(p, 0) - g.TotalBets(p)).ToDouble();
+      return (g.Bet(p, bet::kBankroll) - g.TotalBets(p)).ToDouble();
     case 652:
       return g.BankrollHigh(p).ToDouble();
     case 653:
       return g.BankrollLow(p).ToDouble();
     case 654:
-      return g.Bet(p, 0).ToDouble();
+      return g.Bet(p, bet::kBankroll).ToDouble();
     case 655:
       return g.RailAtRoll(p).ToDouble();
     case 670:

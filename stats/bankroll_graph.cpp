@@ -59,9 +59,9 @@ BankrollGraphFigures FigureBankrollGraph(const Game& g, int p) {
     c.bandBelow = c.lineRow <= c.row;
     f.columns.push_back(c);
   }
-  f.currentRow = GraphRow(g, g.Bet(p, 0));
+  f.currentRow = GraphRow(g, g.Bet(p, bet::kBankroll));
 
-  const Currency high = g.BankrollHigh(p), low = g.BankrollLow(p), now = g.Bet(p, 0);
+  const Currency high = g.BankrollHigh(p), low = g.BankrollLow(p), now = g.Bet(p, bet::kBankroll);
   // All three whole (to the smallest check when that is whole): no decimals.
   const bool whole = IsWhole(high) && IsWhole(low) && IsWhole(now);
   const char* pattern = whole ? "#,#;-#,#;0" : "#,#.00;-#,#.00;0.00";

@@ -103,7 +103,7 @@ std::string GraphTrendLabel(int span) {
 
 void FigureGraphRange(Game& g, int p) {
   if (p < 1 || p > 8) return;
-  g.GraphHigh(p) = g.GraphLow(p) = g.Bet(p, 0);
+  g.GraphHigh(p) = g.GraphLow(p) = g.Bet(p, bet::kBankroll);
   for (int x = 1; x <= std::min<int>(g.GraphRollCount, kGraphColumns); ++x) {
     g.GraphHigh(p) = std::max(g.GraphHigh(p), GraphPage(g, p, x));
     g.GraphLow(p) = std::min(g.GraphLow(p), GraphPage(g, p, x));

@@ -26,7 +26,7 @@ void FigureGraphScale(Game& g, bool recentre) {
   auto block = [&r] { return CurMulInt(r.GraphScale, kGraphBlockRows); };
   auto bottom = [&r] { return r.GraphTop - CurMulInt(r.GraphScale, kGraphBottomRow); };
   if (recentre) {
-    Currency c = CurInt(g.Bet(p, 0));
+    Currency c = CurInt(g.Bet(p, bet::kBankroll));
     if (v.GraphShowRefLines) {
       const bool in1 = v.RefLine1 < g.GraphRollCount, in2 = v.RefLine2 < g.GraphRollCount;
       if (in1) c = GraphPage(g, p, v.RefLine1 + 1);
@@ -39,8 +39,8 @@ void FigureGraphScale(Game& g, bool recentre) {
     r.GraphTop = GraphTopAbove(r.GraphScale, c);
   }
   if (v.GraphAdjustType == 1) {
-    if (g.Bet(p, 0) > r.GraphTop) r.GraphTop += block();
-    if (g.Bet(p, 0) < bottom()) r.GraphTop -= block();
+    if (g.Bet(p, bet::kBankroll) > r.GraphTop) r.GraphTop += block();
+    if (g.Bet(p, bet::kBankroll) < bottom()) r.GraphTop -= block();
   } else if (v.GraphAdjustType >= 2) {
     bool climbed = false;
     while (g.GraphHigh(p) - g.GraphLow(p) > CurMulInt(r.GraphScale, kGraphFitRows)) {

@@ -102,8 +102,9 @@ RollFreqFigures FigureRollFreqs(const Game& game, int c, bool skewed) {
   f.actualPct = ShowValue(actual, FormatNumber(actual, fmt_pattern::kStandard));
   f.rollsSince = ShowCount(game.RollsSince(c), fmt_pattern::kWhole);
 
-  // The long gaps (200 and more) are summed in column 0 and counted in 200.
-  double rolls = game.GapTally(c, 0);
+  // The long gaps (kLongGap and more) are summed in their own column and
+  // counted in kLongGap's.
+  double rolls = game.GapTally(c, kLongGapRolls);
   double gaps = 0;
   for (int g = 1; g <= kLongGap; ++g) {
     const Long n = game.GapTally(c, g);

@@ -175,7 +175,7 @@ SessionRecord SessionRecordOf(Game& g, int p) {
   r[8] = r[6] - r[7];
   r[9] = r[5].IsZero() ? Currency{} : CurFromDouble(100 * r[8].ToDouble() / r[5].ToDouble());
   r[10] = g.InvestedBankroll(p);
-  r[11] = g.Bet(p, 0);
+  r[11] = g.Bet(p, bet::kBankroll);
   for (int n = 0; n < kStackValues; ++n)
     r[static_cast<std::size_t>(kFirstStackValue + n)] = g.Bet(p, bet::kCheckStackFirst + n);
   // The log takes no amount beyond the money limit (a reader calls such a

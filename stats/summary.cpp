@@ -96,7 +96,7 @@ SummaryFigures FigureSummary(Game& g, int frame, std::int32_t players) {
   Currency high, low, sum, average, currentMax, currentMin;
   bool first = true;
   for (int p : slots) {
-    const Currency now = g.Bet(p, 0);
+    const Currency now = g.Bet(p, bet::kBankroll);
     const Currency whole = CurFromDouble(std::nearbyint(now.ToDouble()));
     if (first || g.BankrollHigh(p) > high) high = g.BankrollHigh(p);
     if (first || g.BankrollLow(p) < low) low = g.BankrollLow(p);

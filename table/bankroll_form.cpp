@@ -70,7 +70,7 @@ void GraphWidget::paintEvent(QPaintEvent*) {
       p.drawLine(0, row, kGraphColumns, row);
   }
   auto row = [&](Currency a) { return static_cast<int>(std::clamp<std::int64_t>(GraphRow(g, a), -2, kGraphRows + 1)); };
-  int lastY = row(g.Bet(pl, 0));
+  int lastY = row(g.Bet(pl, bet::kBankroll));
   for (int x = 1; x <= g.GraphRollCount; ++x) {
     const int y = row(GraphPage(g, pl, x));
     const int b = row(g.roll.GraphShowAverage ? GraphTrendAt(g, pl, x) : g.InvestedBankroll(pl));
@@ -86,7 +86,7 @@ void GraphWidget::paintEvent(QPaintEvent*) {
     lastY = y;
   }
   p.setPen(c.line);
-  p.drawPoint(std::max(0, g.GraphRollCount - 1), row(g.Bet(pl, 0)));
+  p.drawPoint(std::max(0, g.GraphRollCount - 1), row(g.Bet(pl, bet::kBankroll)));
   if (v.GraphShowRefLines) {
     const int lines[2] = {v.RefLine1, v.RefLine2};
     const QColor colors[2] = {c.ref1, c.ref2};
@@ -342,7 +342,7 @@ void BankrollForm::Refresh() {
   const int p = game_.graph.GraphPlayer;
   // A run moves the bankroll out of the picture: the scale follows by its rules.
   if (p >= 1 && p <= 8 && game_.graph.GraphAdjustType > 0) {
-    const std::int64_t r = GraphRow(game_, game_.Bet(p, 0));
+    const std::int64_t r = GraphRow(game_, game_.Bet(p, bet::kBankroll));
     if (r < 0 || r > kGraphRows - 1) FigureGraphScale(game_, false);
   }
   // The texts beside the graph are the report's own figures.

@@ -130,8 +130,8 @@ void ConfigureForm::FillBankroll() {
   if (any) {
     const BettingState& b = game_.betting;
     bankrollShown_[0]->setText(Money(game_.InvestedBankroll(p)));
-    bankrollShown_[1]->setText(Money(game_.Bet(p, 0)));
-    const Currency net = game_.Bet(p, 0) - game_.InvestedBankroll(p);
+    bankrollShown_[1]->setText(Money(game_.Bet(p, bet::kBankroll)));
+    const Currency net = game_.Bet(p, bet::kBankroll) - game_.InvestedBankroll(p);
     bankrollShown_[2]->setText(Money(net));
     bankrollShown_[2]->setStyleSheet(net < Currency{} ? "color: rgb(255,0,0)"
                                                       : "color: rgb(0,0,255)");

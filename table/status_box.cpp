@@ -35,7 +35,7 @@ std::string StatusAmount(Currency amount, bool fraction) {
 bool StatusBoxesUseFractions(const Game& g) {
   for (int p = 1; p <= 8; ++p) {
     if (g.PlayerName[static_cast<std::size_t>(p)].empty()) continue;
-    if (HasFraction(g.Bet(p, 0)) || HasFraction(g.TotalBets(p)) ||
+    if (HasFraction(g.Bet(p, bet::kBankroll)) || HasFraction(g.TotalBets(p)) ||
         HasFraction(g.InvestedBankroll(p)))
       return true;
   }
@@ -45,7 +45,7 @@ bool StatusBoxesUseFractions(const Game& g) {
 StatusBoxText StatusBoxLines(const Game& g, int p, bool fraction) {
   StatusBoxText t;
   t.name = g.PlayerName[static_cast<std::size_t>(p)];
-  const Currency bankroll = g.Bet(p, 0);
+  const Currency bankroll = g.Bet(p, bet::kBankroll);
   t.lines[0] = "Rail:  " + StatusAmount(bankroll - g.TotalBets(p), fraction);
   int bets = 0;
   for (int b = 1; b <= kLastRealBet; ++b) bets += g.Bet(p, b) > Currency{} ? 1 : 0;

@@ -42,9 +42,9 @@ nlohmann::json PlayerJson(const Game& g, int p) {
   const auto s = static_cast<std::size_t>(p);
   return {{"slot", p},
           {"name", g.PlayerName[s]},
-          {"bankroll", Money(g.Bet(p, 0))},
+          {"bankroll", Money(g.Bet(p, bet::kBankroll))},
           {"invested", Money(g.InvestedBankroll(p))},
-          {"rail", Money(g.Bet(p, 0) - g.TotalBets(p))},
+          {"rail", Money(g.Bet(p, bet::kBankroll) - g.TotalBets(p))},
           {"total_bets", Money(g.TotalBets(p))},
           {"on_table", onTable},
           {"checkstacks", stacks},

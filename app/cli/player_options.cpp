@@ -256,7 +256,7 @@ nlohmann::json PlayersJson(const Game& game) {
     list.push_back({
         {"name", game.PlayerName[p]},
         {"seat", p},
-        {"bankroll", Money(game.Bet(p, 0))},
+        {"bankroll", Money(game.Bet(p, bet::kBankroll))},
         {"invested", Money(game.InvestedBankroll(p))},
         {"total_bets", Money(game.TotalBets(p))},
         {"bets", bets},
@@ -269,9 +269,10 @@ void PrintPlayers(std::ostream& out, const Game& game) {
   for (int p = 1; p <= 8; ++p) {
     if (game.PlayerName[p].empty()) continue;
     const int f = FrameIndex(p, kFrameCurrentSession);
-    out << game.PlayerName[p] << " (seat " << p << "): bankroll $" << FormatMoney(game.Bet(p, 0))
-        << ", invested $" << FormatMoney(game.InvestedBankroll(p)) << ", on bets $"
-        << FormatMoney(game.TotalBets(p)) << '\n';
+    out << game.PlayerName[p] << " (seat " << p << "): bankroll $"
+        << FormatMoney(game.Bet(p, bet::kBankroll)) << ", invested $"
+        << FormatMoney(game.InvestedBankroll(p)) << ", on bets $" << FormatMoney(game.TotalBets(p))
+        << '\n';
     for (int b = 1; b <= kLastRealBet; ++b) {
       const Currency decisions = game.StatAction(f, b, kStatCount);
       if (decisions <= Currency{}) continue;

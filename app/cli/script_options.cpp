@@ -213,7 +213,7 @@ void AddScriptJson(nlohmann::json& summary, const Game& game, const RunPlatform&
         if (!game.CheckStackName(p, n).empty())
           names[std::to_string(n)] = game.CheckStackName(p, n);
       }
-      player["rail"] = (game.Bet(p, 0) - game.TotalBets(p)).ToDouble();
+      player["rail"] = (game.Bet(p, bet::kBankroll) - game.TotalBets(p)).ToDouble();
       player["on_table"] = onTable;
       player["checkstacks"] = stacks;
       player["checkstack_names"] = names;

@@ -60,7 +60,7 @@ TEST_F(HyperDrive, AutoStopStopsAtTheNextMultipleOfTheSessionCount) {
 TEST_F(HyperDrive, AnEarlierStopReasonIsNotOverwrittenByAutoStop) {
   Seat(1, "Ann");
   g.hyper.AutoStopRolls = Currency::FromWhole(50);
-  At(49, [](Game& game) { game.Bet(1, 0) = Currency::FromWhole(10'000'000); });
+  At(49, [](Game& game) { game.Bet(1, bet::kBankroll) = Currency::FromWhole(10'000'000); });
   Run(0);
   EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 50);
   EXPECT_EQ(g.hyper.LastStopMessage,

@@ -113,7 +113,7 @@ TEST_F(Settings, ClosingTheFormRefiguresFieldAndUnits) {
   for (int r = 1; r <= kFieldRows; ++r) g.FieldPayoff(3, r) = 2_usd;
   g.PayoffTbl(1, PlaceId(6)) = 7_usd;
   g.PayoffTbl(3, PlaceId(6)) = 4_usd;
-  g.Bet(1, 0) = 500_usd;
+  g.Bet(1, bet::kBankroll) = 500_usd;
   g.BankrollHigh(1) = 300_usd;
   g.BankrollLow(1) = 200_usd;
   ApplyConfigureClose(g);
@@ -122,7 +122,7 @@ TEST_F(Settings, ClosingTheFormRefiguresFieldAndUnits) {
   EXPECT_TRUE(g.BankrollHigh(1) == 500_usd && g.BankrollLow(1) == 500_usd)
       << "no roll yet: both records take the bankroll";
   g.RollTally(kTableSession, kEventRolls) = 3;
-  g.Bet(1, 0) = 100_usd;
+  g.Bet(1, bet::kBankroll) = 100_usd;
   ApplyConfigureClose(g);
   EXPECT_TRUE(g.BankrollHigh(1) == 500_usd && g.BankrollLow(1) == 100_usd);
 }

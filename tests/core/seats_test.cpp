@@ -86,7 +86,7 @@ TEST(SeatVisitor, ResettingASeatClearsItsMoneyAndRulesButKeepsItsHistory) {
   ResetPlayer(*g, 3);
 
   const auto fresh = std::make_unique<Game>();
-  EXPECT_EQ(g->Bet(3, 0), fresh->Bet(3, 0));
+  EXPECT_EQ(g->Bet(3, bet::kBankroll), fresh->Bet(3, bet::kBankroll));
   EXPECT_EQ(g->autoplay.HandleLosingBets(3), fresh->autoplay.HandleLosingBets(3));
   EXPECT_EQ(g->betting.CheckStackSlot(3, 1), fresh->betting.CheckStackSlot(3, 1));
   EXPECT_EQ(g->RollTally(FrameIndex(3, kFrameAllSessions), 5),

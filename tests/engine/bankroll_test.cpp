@@ -36,9 +36,9 @@ class Bankroll : public TableFixture {
 };
 
 TEST_F(Bankroll, WithdrawalsStopAtTheBankLimit) {
-  g.Bet(1, 0) = 9'999'800_usd;
+  g.Bet(1, bet::kBankroll) = 9'999'800_usd;
   EXPECT_EQ(Atm(g, 1, false, 500_usd), 199_usd);
-  EXPECT_EQ(g.Bet(1, 0), 9'999'999_usd);
+  EXPECT_EQ(g.Bet(1, bet::kBankroll), 9'999'999_usd);
   EXPECT_EQ(g.InvestedBankroll(1), 1199_usd);
   EXPECT_EQ(LastText(),
             "Requested amount:  $500\rAllowed amount:  $199\r\rThe full amount of this transaction "
@@ -54,7 +54,7 @@ TEST_F(Bankroll, DepositsKeepTheBetsCoveredUnlessNegativeAmountsAreAllowed) {
   EXPECT_EQ(g.InvestedBankroll(1), 300_usd);
   g.betting.AllowNegBankroll(3) = true;
   EXPECT_EQ(Atm(g, 3, true, 11'000'000_usd), 10'000'999_usd);
-  EXPECT_EQ(g.Bet(3, 0), -9'999'999_usd);
+  EXPECT_EQ(g.Bet(3, bet::kBankroll), -9'999'999_usd);
   EXPECT_NE(LastText().find("exceed the bank limit of $-9,999,999"), std::string::npos);
 
   // In Hyper-Drive a script's transaction is cut just the same, silently.
@@ -69,15 +69,15 @@ TEST_F(Bankroll, TheNegativeBankrollBoxStaysCheckedWhileItIsNeeded) {
   g.autoplay.AutoAdjustMode(1) = 0;
   g.BetRequest = 400_usd;
   SetBetChecked(g, 1, kField);
-  g.Bet(1, 0) = 250_usd;
+  g.Bet(1, bet::kBankroll) = 250_usd;
   EXPECT_TRUE(ChangeAllowNegBankroll(g, 1, false));
   EXPECT_EQ(LastText(),
             "The amount of P1's current bets exceeds his/her current bankroll.\r\rTherefore, "
             "before you can un-check this box, P1 must either:\r\r -- Reduce the amount of "
             "his/her current bets, or \r -- Make at least a $150 withdrawal from the ATM.");
-  g.Bet(1, 0) = -5_usd;
+  g.Bet(1, bet::kBankroll) = -5_usd;
   EXPECT_TRUE(ChangeAllowNegBankroll(g, 1, false));
-  g.Bet(1, 0) = 400_usd;
+  g.Bet(1, bet::kBankroll) = 400_usd;
   EXPECT_FALSE(ChangeAllowNegBankroll(g, 1, false));
   EXPECT_TRUE(ChangeAllowNegBankroll(g, 2, true));
 }
@@ -97,7 +97,7 @@ TEST_F(Bankroll, EachStartRuleSetsTheNewSessionsBankroll) {
 
   s.StartBankrollMode(3) = kStartCarryWithNet;
   SetBeginningBankroll(g, 3, 1200_usd);
-  EXPECT_EQ(g.Bet(3, 0), 1200_usd);
+  EXPECT_EQ(g.Bet(3, bet::kBankroll), 1200_usd);
   EXPECT_EQ(g.InvestedBankroll(3), kStake);  // the net runs on
   EXPECT_EQ(g.BankrollLow(3), 1200_usd);
 
@@ -108,7 +108,7 @@ TEST_F(Bankroll, EachStartRuleSetsTheNewSessionsBankroll) {
   ASSERT_EQ(platform.messages.size(), 2u);
   EXPECT_EQ(platform.messages[1].text,
             "The maximum player bankroll is $9,999,999\r\rEnter P3's beginning bankroll:");
-  EXPECT_EQ(g.Bet(3, 0), 2500_usd);
+  EXPECT_EQ(g.Bet(3, bet::kBankroll), 2500_usd);
   EXPECT_EQ(s.StartBankroll(3), 2500_usd);
 }
 
@@ -197,7 +197,7 @@ class SettingChanges : public ::testing::Test {
 
 TEST_F(SettingChanges, FireOffAnsweredNoKeepsEverything) {
   EXPECT_TRUE(ChangeBetSwitch(g, BetSwitch::Midway, false));  // no bets: nothing to ask
-  g.Bet(1, 0) = 100_usd;
+  g.Bet(1, bet::kBankroll) = 100_usd;
   Stake(1, bet::kFire, 5_usd);
   Answer(kAnswerNo);
   EXPECT_FALSE(ChangeBetSwitch(g, BetSwitch::Fire, false));
@@ -211,8 +211,8 @@ TEST_F(SettingChanges, FireOffAnsweredNoKeepsEverything) {
 TEST_F(SettingChanges, BigSixEightOffAnsweredYesRemovesEveryonesBets) {
   g.PlayerName[3] = "Bo";
   g.PlayerCount = 2;
-  g.Bet(1, 0) = 100_usd;
-  g.Bet(3, 0) = 100_usd;
+  g.Bet(1, bet::kBankroll) = 100_usd;
+  g.Bet(3, bet::kBankroll) = 100_usd;
   Stake(1, bet::kBig6, 10_usd);
   Stake(3, bet::kBig8, 6_usd);
   Stake(3, bet::kField, 4_usd);
@@ -231,7 +231,7 @@ class VigChanges : public SettingChanges {
   void SetUp() override {
     SettingChanges::SetUp();
     g.rules.BuyVigUpFront = false;
-    g.Bet(1, 0) = 104_usd;
+    g.Bet(1, bet::kBankroll) = 104_usd;
     Stake(1, BuyId(4), 100_usd);
     g.BuyVig(1, 0) = 5_usd;
   }
@@ -258,7 +258,7 @@ TEST_F(VigChanges, RateAndRoundingRefigureTheVig) {
       ChangeVigRate(g, VigSide::Buy, Currency::FromRaw(1000)));  // charged on a win: no limit
   EXPECT_EQ(g.BuyVig(1, 0), 10_usd);
   EXPECT_TRUE(ChangeVigRate(g, VigSide::Buy, Currency::FromRaw(500)));
-  g.Bet(1, 0) = 106_usd;
+  g.Bet(1, bet::kBankroll) = 106_usd;
   ASSERT_TRUE(ChangeVigUpFront(g, VigSide::Buy, true));
   EXPECT_EQ(g.TotalBets(1), 105_usd);
   // 4.5% of 100 is 4.50: rounded up it is 5, rounded normally 4.
@@ -274,7 +274,7 @@ TEST_F(VigChanges, RateAndRoundingRefigureTheVig) {
 }
 
 TEST_F(SettingChanges, LayVigIsTheTwin) {
-  g.Bet(1, 0) = 40_usd;
+  g.Bet(1, bet::kBankroll) = 40_usd;
   g.rules.LayVigUpFront = false;
   Stake(1, LayId(4), 40_usd);
   g.LayVig(1, 0) = 1_usd;

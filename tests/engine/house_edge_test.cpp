@@ -60,7 +60,7 @@ class HouseEdge : public TableFixture {
       Keep(7, kDontCome, 10);
     }
     for (int p = 1; p <= 8; ++p)
-      if (g.Bet(p, 0) < 1'000'000_usd) g.Bet(p, 0) += 1'000'000_usd;
+      if (g.Bet(p, bet::kBankroll) < 1'000'000_usd) g.Bet(p, bet::kBankroll) += 1'000'000_usd;
   }
 
   static void AfterRoll(void* self, const Game&) { static_cast<HouseEdge*>(self)->KeepBets(); }

@@ -134,7 +134,7 @@ TEST_F(Place, RemovedDontAndFireBetsMayBeRestoredUpToTheirContractOnly) {
 }
 
 TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
-  g.Bet(1, 0) = 100_usd;
+  g.Bet(1, bet::kBankroll) = 100_usd;
   EXPECT_EQ(Ask(1, PlaceId(8), 150), 100_usd);
   EXPECT_TRUE(Ask(1, kField, 5).IsZero());
   EXPECT_EQ(LastText(),
@@ -148,9 +148,9 @@ TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
   // Bets above a bankroll that lost come down to what it covers when next
   // looked at, and no further than to nothing.
   g.betting.AllowNegBankroll(1) = false;
-  g.Bet(1, 0) = 103_usd;
+  g.Bet(1, bet::kBankroll) = 103_usd;
   EXPECT_EQ(Ask(1, PlaceId(8), 0), -2_usd);
-  g.Bet(1, 0) = -50_usd;
+  g.Bet(1, bet::kBankroll) = -50_usd;
   const size_t shown = Shown();
   EXPECT_EQ(Ask(1, kField, -5), -5_usd);
   EXPECT_EQ(Shown(), shown + 1) << "a bet taken down whole tells of the money too";
@@ -159,7 +159,7 @@ TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
 }
 
 TEST_F(Place, UpFrontVigMustFitTooAndIsRefundedWhenTheBetComesDown) {
-  g.Bet(1, 0) = 100_usd;
+  g.Bet(1, bet::kBankroll) = 100_usd;
   EXPECT_EQ(Ask(1, BuyId(4), 100), 95_usd);  // 95 with a vig of 5 is all 100 can carry
   EXPECT_EQ(g.TotalBets(1), 100_usd);
   Ask(1, BuyId(4), -95);
@@ -253,7 +253,7 @@ TEST_F(Place, BuyingCallingKeyingAndRemoving) {
   EXPECT_EQ(g.BetWorking(1, kPassLine), 1);
 
   // A keyed amount replaces the bet, within the bankroll.
-  g.Bet(2, 0) = 40_usd;
+  g.Bet(2, bet::kBankroll) = 40_usd;
   EXPECT_EQ(CommitKeyedAmount(g, 2, PlaceId(9), "100"), "40");
   EXPECT_EQ(CommitKeyedAmount(g, 2, PlaceId(9), "25"), "25");
   EXPECT_TRUE(CheckBetLedger(g, 2));
@@ -273,7 +273,7 @@ TEST_F(Place, BuyingCallingKeyingAndRemoving) {
 TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
   std::mt19937 rng(20261123);
   const int points[] = {0, 4, 5, 6, 8, 9, 10};
-  g.Bet(1, 0) = 300_usd;
+  g.Bet(1, bet::kBankroll) = 300_usd;
   g.roll.LogOn = false;
   for (int i = 0; i < 20000; ++i) {
     const int r = static_cast<int>(rng() % 100);
@@ -291,7 +291,7 @@ TEST_F(Place, RandomRequestsKeepTheLedgerAndTheRail) {
     SCOPED_TRACE(testing::Message() << "step " << i << " on " << BetName(b));
     ASSERT_TRUE(CheckBetLedger(g, 1));
     ASSERT_EQ(g.Bet(1, b), before + g.betting.BetChange);
-    ASSERT_LE(g.TotalBets(1), g.Bet(1, 0));
+    ASSERT_LE(g.TotalBets(1), g.Bet(1, bet::kBankroll));
     FigureBetMaximum(g, 1, b);
     if (g.Bet(1, b) > g.betting.BetMaximum && !IsComePoint(b) && b != kPassLine) {
       ASSERT_LT(g.betting.BetChange, 1_usd) << "a bet above its maximum never grows";
@@ -326,7 +326,8 @@ TEST_F(Place, TheGatesShortcutsDoWhatTheWholeGateDoes) {
     if (r == 4) g.rules.BuyVigUpFront = !g.rules.BuyVigUpFront;
     if (r == 5) g.rules.NoticeFlags = static_cast<Long>(rng() % 8);
     if (r == 6) g.HyperDrive = !g.HyperDrive;
-    if (r == 7) g.Bet(1, 0) = Currency::FromWhole(static_cast<std::int64_t>(rng() % 400));
+    if (r == 7)
+      g.Bet(1, bet::kBankroll) = Currency::FromWhole(static_cast<std::int64_t>(rng() % 400));
     if (r == 8) g.autoplay.AutoAdjustMode(1) = draw(3);
     if (r == 9) g.rules.MaxPlacardBet = Currency::FromWhole(2 + draw(68));
     if (r == 10) g.rules.MinPlacardBet = Currency::FromWhole(1 + draw(12));
@@ -518,7 +519,7 @@ TEST_F(Players, CashingOutAbandonsTheBetsThatCantComeDown) {
   Put(1, kField, 5);
   g.Point = 4;
   for (int p = 1; p <= 3; ++p) g.InvestedBankroll(p) = kStake;
-  g.Bet(1, 0) = 900_usd;  // lost 100 so far
+  g.Bet(1, bet::kBankroll) = 900_usd;  // lost 100 so far
   g.betting.CurPlayer = 1;
   g.Shooter = g.HandShooter = 1;
   ASSERT_TRUE(CashOutPlayer(g));
@@ -611,7 +612,7 @@ TEST_F(RollFixture, PlayersBettingInHyperDriveAllocateNothing) {
   EXPECT_EQ(gAllocations.load() - before, 0);
   for (int p = 1; p <= 4; ++p) {
     EXPECT_TRUE(CheckBetLedger(g, p)) << p;
-    EXPECT_LE(g.TotalBets(p), g.Bet(p, 0)) << p;
+    EXPECT_LE(g.TotalBets(p), g.Bet(p, bet::kBankroll)) << p;
   }
   // The run did what it claims: odds were taken and laid, vig was charged.
   EXPECT_GT(g.StatAction(FrameIndex(1, 2), kPassLineOdds, 1), Currency{});

@@ -41,9 +41,9 @@ TEST_F(Resolve, SingleBetsOnFixedDice) {
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << BetName(c.bet) << " on " << c.d1 << c.d2);
     Put(1, c.bet, c.amount);
-    const Currency bank = g.Bet(1, 0);
+    const Currency bank = g.Bet(1, bet::kBankroll);
     Decide(c.d1, c.d2, c.point);
-    EXPECT_EQ(g.Bet(1, 0) - bank, Currency::FromWhole(c.won));
+    EXPECT_EQ(g.Bet(1, bet::kBankroll) - bank, Currency::FromWhole(c.won));
     g.TotalBets(1) -= g.Bet(1, c.bet);
     g.Bet(1, c.bet) = Currency{};
   }
@@ -54,9 +54,9 @@ TEST_F(Resolve, SingleBetsOnFixedDice) {
     g.PayoffTbl(3, b) = Currency::FromRaw(1);
     Put(1, b, 1'000'000);
   }
-  const Currency bank = g.Bet(1, 0);
+  const Currency bank = g.Bet(1, bet::kBankroll);
   Decide(6, 6, 0);
-  EXPECT_EQ(g.Bet(1, 0) - bank, kMoneyLimit + kMoneyLimit);
+  EXPECT_EQ(g.Bet(1, bet::kBankroll) - bank, kMoneyLimit + kMoneyLimit);
 }
 
 TEST_F(Resolve, LineBetsAndOddsArePaidAtTheirRows) {
@@ -370,7 +370,7 @@ TEST_F(Resolve, ShortcutsDecideAsTheVisitOfEverySeatAndBet) {
       for (int k = 0; k < kNewBetsPerSeat; ++k)
         if (const int b = 1 + pick(kLastRealBet); g.Bet(p, b).IsZero()) Put(p, b, 1 + pick(30));
       g.BetWorking(p, 1 + pick(kLastRealBet)) = pick(4) - 1;  // -1 called off .. 2 called on
-      g.Bet(p, 0) = kStake;  // nobody runs out of money
+      g.Bet(p, bet::kBankroll) = kStake;                      // nobody runs out of money
     }
     const int d1 = 1 + pick(6), d2 = 1 + pick(6), point = kPoints[pick(7)];
     SCOPED_TRACE(testing::Message() << "roll " << roll << ": " << d1 << "-" << d2 << ", point "
@@ -406,7 +406,7 @@ TEST_F(Resolve, LineBetsAloneDecideAsTheVisitOfEverySeatAndBet) {
       if (pick(3) != 0) Put(p, kPassLine, 1 + pick(30));
       if (pick(2) != 0) Put(p, kPassLineOdds, 1 + pick(60));
       g.BetWorking(p, kPassLineOdds) = pick(4) - 1;  // -1 called off .. 2 called on
-      g.Bet(p, 0) = kStake;
+      g.Bet(p, bet::kBankroll) = kStake;
       // Every seat read whole as the roll begins.
       g.roll.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] = {};
       g.roll.BetIdsChanged[static_cast<std::size_t>(p)] = {};

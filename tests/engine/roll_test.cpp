@@ -228,7 +228,7 @@ struct PlainGraph {
     const bool full = count >= kGraphColumns, scroll = g.roll.GraphPlotType == 1;
     count = full ? (scroll ? kGraphColumns : 1) : count + 1;
     for (int p = 1; p <= 8; ++p) {
-      const Currency now = g.Bet(p, 0);
+      const Currency now = g.Bet(p, bet::kBankroll);
       auto& b = bank[p];
       if (full) high[p] = low[p] = now;
       if (full && !scroll) {
@@ -280,18 +280,19 @@ TEST_F(GraphRows, TheRingsShowWhatAPlainShiftShows) {
   g.roll.GraphPlotType = 1;
   const auto plain = std::make_unique<PlainGraph>();
   PlainGraph& ref = *plain;
-  for (int p = 1; p <= 8; ++p) ref.bank[p][0] = GraphHistory(g, p, 0), ref.high[p] = ref.low[p] = g.Bet(p, 0);
+  for (int p = 1; p <= 8; ++p)
+    ref.bank[p][0] = GraphHistory(g, p, 0), ref.high[p] = ref.low[p] = g.Bet(p, bet::kBankroll);
   std::mt19937 rng(20261124);
   auto chance = [&rng](int in) { return std::uniform_int_distribution<int>(1, in)(rng) == 1; };
   auto pick = [&rng](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(rng); };
   const std::string path = folder.Path() + "ring.rvg";
   int scrolls = 0, loads = 0, moves = 0;
   for (int step = 0; step < 8000; ++step) {
-    for (int p = 1; p <= 7; ++p) g.Bet(p, 0) += Currency::FromWhole(5 * pick(-2, 2));
+    for (int p = 1; p <= 7; ++p) g.Bet(p, bet::kBankroll) += Currency::FromWhole(5 * pick(-2, 2));
     if (chance(1200)) g.roll.GraphPlotType = 1 - g.roll.GraphPlotType;
     if (chance(60)) {  // another writer widens or restarts a range
       const int p = pick(1, 8);
-      const Currency v = g.Bet(p, 0) + Currency::FromWhole(pick(-50, 50));
+      const Currency v = g.Bet(p, bet::kBankroll) + Currency::FromWhole(pick(-50, 50));
       if (chance(2)) {
         g.GraphHigh(p) = std::max(g.GraphHigh(p), v), g.GraphLow(p) = std::min(g.GraphLow(p), v);
         ref.Widen(p, v);
@@ -328,7 +329,7 @@ TEST_F(GraphRows, TheRingsShowWhatAPlainShiftShows) {
       for (int p = 1; p <= 8; ++p) {
         ref.bank[p].fill({});
         ref.bank[p][0] = Currency::FromWhole(1);
-        ref.high[p] = ref.low[p] = g.Bet(p, 0);
+        ref.high[p] = ref.low[p] = g.Bet(p, bet::kBankroll);
       }
     }
     ++g.RollTally(kTableSession, kEventRolls);
@@ -412,16 +413,16 @@ TEST_F(RollChecks, TheRollAndBankrollLimitsStopTheNextRoll) {
 
   g.RollTally(kTableSession, kEventRolls) = g.RollTally(kTableAllSessions, kEventRolls) = 0;
   Seat(1, "Ann");
-  g.Bet(1, 0) = Currency::FromWhole(9'999'999);
+  g.Bet(1, bet::kBankroll) = Currency::FromWhole(9'999'999);
   Roll(1, 2);  // exactly the limit still rolls
   const auto shown = platform.messages.size();
-  g.Bet(1, 0) = Currency::FromWhole(9'999'999) + Currency::FromRaw(1);
+  g.Bet(1, bet::kBankroll) = Currency::FromWhole(9'999'999) + Currency::FromRaw(1);
   RollDice(g);
   EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
   EXPECT_EQ(platform.messages.size(), shown + 1);
   EXPECT_EQ(LastMessage().text,
             "Congratulations!\r\rAnn broke the bank limit of $9,999,999\r\r" + kReset);
-  g.Bet(1, 0) = -(Currency::FromWhole(9'999'999) + Currency::FromRaw(1));
+  g.Bet(1, bet::kBankroll) = -(Currency::FromWhole(9'999'999) + Currency::FromRaw(1));
   RollDice(g);
   EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
   EXPECT_EQ(LastMessage().text,
@@ -430,10 +431,10 @@ TEST_F(RollChecks, TheRollAndBankrollLimitsStopTheNextRoll) {
 
 TEST_F(RollChecks, BankrollRecordsFollowEveryRoll) {
   Seat(2, "Bob");
-  g.Bet(2, 0) = Currency::FromWhole(100);
+  g.Bet(2, bet::kBankroll) = Currency::FromWhole(100);
   g.BankrollHigh(2) = g.BankrollLow(2) = g.BankrollSum(2) = Currency::FromWhole(100);
   for (long bank : {100, 40, 140}) {
-    g.Bet(2, 0) = Currency::FromWhole(bank);
+    g.Bet(2, bet::kBankroll) = Currency::FromWhole(bank);
     Roll(1, 2);
   }
   EXPECT_EQ(g.BankrollSum(2), Currency::FromWhole(380));
@@ -452,7 +453,7 @@ using RollLog = RollFixture;
 // the kinds of lines switched off, and a bet lost and laid again.
 TEST_F(RollLog, ALostBetIsNotReportedAsRemovedAndItsReturnIsANewBet) {
   Seat(1, "Ann");
-  g.Bet(1, 0) = Currency::FromWhole(100);
+  g.Bet(1, bet::kBankroll) = Currency::FromWhole(100);
   g.HyperDrive = true;  // settle by rule, no dialog
   g.roll.LogOn = true;
   g.roll.LogRolls = g.roll.LogPasses = g.roll.LogWins = g.roll.LogLosses = false;
@@ -555,18 +556,19 @@ TEST_F(Session, TheGameInHandAndTheGapTablesStartAgain) {
 TEST_F(Session, BankrollsComeFromEachPlayersStartRule) {
   Seat(5, "Eve");
   g.betting.StartBankrollMode(5) = kStartCarry;
-  g.Bet(5, 0) = Currency::FromWhole(250);
+  g.Bet(5, bet::kBankroll) = Currency::FromWhole(250);
   g.Bet(5, bet::kPassLine) = Currency::FromWhole(10);
   g.TotalBets(5) = Currency::FromWhole(10);
   g.HyperDrive = true;  // winners settle by rule
   PlaySomeRolls();
-  const Currency carried = g.Bet(5, 0);  // the session's end, the Pass Line's results in it
+  const Currency carried =
+      g.Bet(5, bet::kBankroll);  // the session's end, the Pass Line's results in it
   ASSERT_NE(carried, Currency::FromWhole(250));
   NewSession(g, false, false, true, 0);
-  EXPECT_EQ(g.Bet(5, 0), carried);
+  EXPECT_EQ(g.Bet(5, bet::kBankroll), carried);
   EXPECT_EQ(g.Bet(5, bet::kPassLine), Currency());
   EXPECT_EQ(g.GraphLow(5), carried);
-  EXPECT_EQ(g.Bet(3, 0), Currency());  // an open seat stays empty
+  EXPECT_EQ(g.Bet(3, bet::kBankroll), Currency());  // an open seat stays empty
 }
 
 }  // namespace

@@ -45,11 +45,11 @@ TEST_F(Settle, WinningAndLosingRulesOnAPlaceSix) {
     g.autoplay.AdjustOperator(1, k) = c.op;
     g.autoplay.AdjustUnits(1, k) = Currency::FromWhole(c.units);
     g.autoplay.AdjustAmount(1, k) = Currency::FromWhole(c.amount);
-    const Currency bank = g.Bet(1, 0);
+    const Currency bank = g.Bet(1, bet::kBankroll);
     PointOn(4);
     Put(1, PlaceId(6), 12);
     Decide(3, c.win ? 3 : 4, 4);
-    EXPECT_EQ(g.Bet(1, 0) - bank, c.win ? 14_usd : -12_usd);
+    EXPECT_EQ(g.Bet(1, bet::kBankroll) - bank, c.win ? 14_usd : -12_usd);
     EXPECT_EQ(g.TotalBets(1), Currency::FromWhole(c.want));
     Put(1, PlaceId(6), -g.Bet(1, PlaceId(6)));
   }

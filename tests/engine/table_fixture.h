@@ -50,8 +50,8 @@ class TableFixture : public ::testing::Test {
     // A player who sits down takes the working flags of the phase in play.
     for (int b = 1; b <= kLastRealBet; ++b)
       g.BetWorking(p, b) = g.Point == 0 ? g.BetWorkingDefault(p, b) : 1;
-    g.Bet(p, 0) = kStake;
-    g.BetAtRoll(p, 0) = kStake;
+    g.Bet(p, bet::kBankroll) = kStake;
+    g.BetAtRoll(p, bet::kBankroll) = kStake;
     // Bets stay up after a decision unless a test says otherwise.
     g.autoplay.HandleWinningBets(p) = 2;
     g.autoplay.HandleLosingBets(p) = 2;
@@ -99,7 +99,7 @@ class TableFixture : public ::testing::Test {
   }
 
   // What player p won (+) or lost (-) since being seated.
-  Currency Won(int p) const { return g.Bet(p, 0) - kStake; }
+  Currency Won(int p) const { return g.Bet(p, bet::kBankroll) - kStake; }
 
   // The text of the last notice shown, and an answer queued for the next prompt.
   std::string LastText() const {

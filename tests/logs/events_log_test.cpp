@@ -416,7 +416,7 @@ TEST_F(EventLines, AScriptedGameWritesEveryFormat) {
   Lay(1, kPassLineOdds, 20);
   Lay(1, PlaceId(6), 12);
   g.BetWorking(1, PlaceId(6)) = -1;        // called off
-  g.Bet(6, 0) += Currency::FromWhole(50);  // an ATM withdrawal
+  g.Bet(6, bet::kBankroll) += Currency::FromWhole(50);  // an ATM withdrawal
   g.Bet(6, 101) = Currency::FromRaw(25000);
   Roll(1, 2);  // the Field wins again
   Lay(1, PlaceId(6), 6);
@@ -463,7 +463,7 @@ TEST_F(EventLines, TheOtherFormsOfEachLine) {
   g.roll.LogLosses = false;  // the heading of wins alone
   Lay(4, PlaceId(8), -6);
   Lay(4, kHard6, -1);
-  g.Bet(4, 0) -= Currency::FromWhole(20);  // an ATM deposit
+  g.Bet(4, bet::kBankroll) -= Currency::FromWhole(20);  // an ATM deposit
   g.Bet(4, 110) = Currency::FromWhole(1);
   Roll(4, 4);  // the Place 8, called on, wins on the come-out
   g.roll.LogLosses = true;

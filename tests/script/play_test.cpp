@@ -61,7 +61,7 @@ struct PlayTable {
       net += g.StatWins(FrameIndex(p, 2), b, 2) - g.StatLosses(FrameIndex(p, 2), b, 2);
       decided |= g.StatAction(FrameIndex(p, 4), b, 1) > Currency{};
     }
-    EXPECT_EQ(g.Bet(p, 0), g.InvestedBankroll(p) + net) << "player " << p;
+    EXPECT_EQ(g.Bet(p, bet::kBankroll), g.InvestedBankroll(p) + net) << "player " << p;
     EXPECT_TRUE(CheckBetLedger(g, p)) << "player " << p;
     return decided;
   }

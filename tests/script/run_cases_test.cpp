@@ -53,8 +53,9 @@ std::string StateText(const Game& g) {
   std::ostringstream out;
   for (int p = 1; p <= 8; ++p) {
     if (g.PlayerName[static_cast<std::size_t>(p)].empty()) continue;
-    out << g.PlayerName[static_cast<std::size_t>(p)] << ": bankroll " << FormatMoney(g.Bet(p, 0))
-        << ", on bets " << FormatMoney(g.TotalBets(p)) << '\n';
+    out << g.PlayerName[static_cast<std::size_t>(p)] << ": bankroll "
+        << FormatMoney(g.Bet(p, bet::kBankroll)) << ", on bets " << FormatMoney(g.TotalBets(p))
+        << '\n';
     for (int b = 1; b <= kLastRealBet; ++b)
       if (!g.Bet(p, b).IsZero()) out << "  " << BetName(b) << " = " << FormatMoney(g.Bet(p, b)) << '\n';
     for (int n = 0; n <= 99; ++n) {

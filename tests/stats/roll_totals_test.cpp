@@ -251,7 +251,7 @@ TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
   EXPECT_EQ(GraphTrendLabel(0), "All rolls average");
   EXPECT_EQ(GraphTrendLabel(2), "2 roll moving average");
   // The desktop view puts its trend and range into the game.
-  g.Bet(1, 0) = 1030_usd;
+  g.Bet(1, bet::kBankroll) = 1030_usd;
   g.graph.GraphAverageSpan = 2;
   RebuildGraphTrend(g);
   EXPECT_EQ(g.GraphTrend(1, 3), 1010_usd);
@@ -264,7 +264,7 @@ TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
 TEST_F(Graph, AutoShiftMovesOneBlockAtATimeAndManualNever) {
   g.roll.GraphScale = 1_usd;
   g.roll.GraphTop = 150_usd;
-  g.Bet(1, 0) = 1000_usd;
+  g.Bet(1, bet::kBankroll) = 1000_usd;
   g.graph.GraphAdjustType = 0;
   FigureGraphScale(g, false);
   EXPECT_EQ(g.roll.GraphTop, 150_usd);
@@ -278,7 +278,7 @@ TEST_F(Graph, AutoShiftMovesOneBlockAtATimeAndManualNever) {
 TEST_F(Graph, ExpansionClimbsUntilTheRangeFitsAndSnapBackReturns) {
   g.graph.GraphAdjustType = 2;
   g.roll.GraphScale = 1_usd;
-  g.Bet(1, 0) = 1000_usd;
+  g.Bet(1, bet::kBankroll) = 1000_usd;
   History({1000, 1600, 700});
   FigureGraphRange(g, 1);
   FigureGraphScale(g, false);
@@ -307,7 +307,7 @@ TEST_F(Graph, ExpansionClimbsUntilTheRangeFitsAndSnapBackReturns) {
 
 // The report: the figures beside the graph, from the views' settings.
 TEST_F(Graph, ReportFiguresBesideTheGraph) {
-  g.Bet(1, 0) = g.BankrollHigh(1) = 1010_usd;
+  g.Bet(1, bet::kBankroll) = g.BankrollHigh(1) = 1010_usd;
   g.BankrollLow(1) = Currency::FromRaw(9'905'000);
   g.InvestedBankroll(1) = 1000_usd;
   g.GraphBankroll(1, 0) = 1_usd;

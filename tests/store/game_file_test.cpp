@@ -272,7 +272,7 @@ void CopyNotStored(Game& expected, const Game& loaded) {
   for (int p = 0; p <= 8; ++p) {
     expected.BetTrend(p, 0, 0) = loaded.BetTrend(p, 0, 0);
     expected.BetTrend(p, 0, 1) = loaded.BetTrend(p, 0, 1);
-    expected.BetContract(p, 0) = loaded.BetContract(p, 0);
+    expected.BetContract(p, bet::kBankroll) = loaded.BetContract(p, bet::kBankroll);
     for (int k : {6, 8, 11, 12}) expected.autoplay.AdjustOperator(p, k) = loaded.autoplay.AdjustOperator(p, k);
     for (int k : {11, 12}) expected.autoplay.AdjustUnits(p, k) = loaded.autoplay.AdjustUnits(p, k);
   }

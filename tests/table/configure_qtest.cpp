@@ -310,15 +310,15 @@ void ConfigureTest::bankrollTabWorksOnTheChosenPlayer() {
   ConfigureForm* form = t.OpenConfigure(kTabBankroll);
   Type(form, "txtAddSub", "700");
   Press(form, "cmdAddSub0");
-  QCOMPARE(g.Bet(1, 0), Currency::FromWhole(5700));
+  QCOMPARE(g.Bet(1, bet::kBankroll), Currency::FromWhole(5700));
   QCOMPARE(Label(form, "lblInvestedBankroll"), QString("5,700"));
-  g.Bet(1, 0) += Currency::FromWhole(-200);  // lost at the table
+  g.Bet(1, bet::kBankroll) += Currency::FromWhole(-200);  // lost at the table
   form->Fill();
   QCOMPARE(Label(form, "lblNet"), QString("-200"));
   QVERIFY(Get<QLabel>(form, "lblNet")->styleSheet().contains("255,0,0"));
   Type(form, "txtAddSub", "9000");
   Press(form, "cmdAddSub1");
-  QCOMPARE(g.Bet(1, 0), Currency{});  // only the free money goes
+  QCOMPARE(g.Bet(1, bet::kBankroll), Currency{});  // only the free money goes
   QCOMPARE(t.shown.back().first, std::string("ATM Deposit"));
   // Said from this form, the notice does not send the user to it.
   QVERIFY(t.shown.back().second.find("on the Configuration screen") == std::string::npos);
@@ -332,7 +332,7 @@ void ConfigureTest::bankrollTabWorksOnTheChosenPlayer() {
   Choose(form, "optBankrollInitType2");
   // The other player's rules were not touched, and the tab shows them.
   g.betting.AllowNegBankroll(1) = true;
-  g.Bet(1, 0) = Currency::FromWhole(10);
+  g.Bet(1, bet::kBankroll) = Currency::FromWhole(10);
   g.TotalBets(1) = Currency::FromWhole(25);
   player->setCurrentIndex(player->findData(1));
   QVERIFY(Get<QRadioButton>(form, "optBankrollInitType0")->isChecked());
@@ -344,7 +344,7 @@ void ConfigureTest::bankrollTabWorksOnTheChosenPlayer() {
   QVERIFY(g.betting.AllowNegBankroll(1));
   QCOMPARE(t.shown.back().first, std::string("Bankroll"));
   QVERIFY(t.shown.back().second.find("Make at least a $15 withdrawal") != std::string::npos);
-  g.Bet(1, 0) = Currency::FromWhole(100);
+  g.Bet(1, bet::kBankroll) = Currency::FromWhole(100);
   box->setChecked(false);
   QVERIFY(!box->isChecked());
   QVERIFY(!g.betting.AllowNegBankroll(1));

@@ -60,7 +60,7 @@ const Currency kStart = Currency::FromWhole(5000);
 // A session that has been played: a bankroll moved, bets and a CheckStack
 // standing, tallies in every frame, a script switched on.
 void PlaySome(Game& g) {
-  g.Bet(1, 0) = Currency::FromWhole(4200);
+  g.Bet(1, bet::kBankroll) = Currency::FromWhole(4200);
   g.Bet(1, bet::kField) = Currency::FromWhole(25);
   g.Bet(1, 101) = Currency::FromWhole(300);
   for (int t = 0; t < kFrameCount; ++t) g.RollTally(FrameIndex(kHouse, t), kEvent) = 10 + t;
@@ -237,7 +237,7 @@ void DialogsTest::settleDialogPaysByTheButtonPressed() {
   QCOMPARE(g.autoplay.Dialog.caption, std::string("Ann wins!"));
   QCOMPARE(g.Bet(1, bet::kPassLine), Currency::FromWhole(bet));
   // Pass Line 10 wins 10 on the point: the bankroll is 1,010 whatever stays up.
-  QCOMPARE(g.Bet(1, 0), 1010_usd);
+  QCOMPARE(g.Bet(1, bet::kBankroll), 1010_usd);
   QCOMPARE(g.autoplay.LastWinButton(1), button);
   QVERIFY(CheckBetLedger(g, 1));
 }
@@ -362,7 +362,7 @@ void DialogsTest::theChoicesReachTheNewSession() {
     QTest::mouseClick(FormChild<QPushButton>(form, "cmdOK"), Qt::LeftButton);
 
     const Game& g = *t.game;
-    QCOMPARE(g.Bet(1, 0), kStart);  // the start rule's bankroll
+    QCOMPARE(g.Bet(1, bet::kBankroll), kStart);  // the start rule's bankroll
     // Kept: this session becomes the last one and all sessions keep adding up.
     QCOMPARE(g.RollTally(kTableLastSession, kEvent), Long{c.keepStats ? 12 : 0});
     QCOMPARE(g.RollTally(kTableAllSessions, kEvent), Long{c.keepStats ? 14 : 0});

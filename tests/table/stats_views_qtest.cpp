@@ -84,8 +84,8 @@ void DoubleClick(QWidget& form, const char* label) {
 void StatsViewsTest::summaryFollowsRollsFramesAndTheSelection() {
   const auto t = PlayedTable();
   Game& g = *t->game;
-  g.Bet(1, 0) = Currency::FromWhole(1234);
-  g.Bet(2, 0) = Currency::FromWhole(-40);  // Bo owes the house
+  g.Bet(1, bet::kBankroll) = Currency::FromWhole(1234);
+  g.Bet(2, bet::kBankroll) = Currency::FromWhole(-40);  // Bo owes the house
   StatsForm* form = OpenByMenu(*t, "mnuSummary", "frmSummary");
   QVERIFY(form->isVisible() && !form->isModal());
   QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(kRolls));

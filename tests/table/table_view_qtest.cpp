@@ -378,7 +378,7 @@ void TableViewTest::theRailSeatsAndNamesTheBettor() {
   t.AnswerMessage(0, "750");
   t.Click(RailCheckRect(6, 2).center());
   QCOMPARE(g.PlayerName[6], std::string("Zed"));
-  QCOMPARE(g.Bet(6, 0), 750_usd);
+  QCOMPARE(g.Bet(6, bet::kBankroll), 750_usd);
 }
 
 void TableViewTest::moveAndCashOutFromThePlayersMenu() {
@@ -443,7 +443,7 @@ void TableViewTest::statusBoxesFormatAmounts() {
   StatusBoxText box = StatusBoxLines(g, 1, StatusBoxesUseFractions(g));
   QCOMPARE(box.lines[0], std::string("Rail:  4,975"));
   QCOMPARE(box.lines[3], std::string("Even:  0"));
-  g.Bet(2, 0) = Currency::FromRaw(49'987'500);  // 4,998.75: every box shows cents
+  g.Bet(2, bet::kBankroll) = Currency::FromRaw(49'987'500);  // 4,998.75: every box shows cents
   QVERIFY(StatusBoxesUseFractions(g));
   QCOMPARE(StatusBoxLines(g, 2, true).lines[3], std::string("Lost:  1.25"));
   QCOMPARE(StatusBoxLines(g, 1, true).lines[1], std::string("1 Bet:  25.00"));
