@@ -72,9 +72,9 @@ class HouseEdge : public TableFixture {
     Result r;
     for (int b : ids) {
       const int i = p + 18;
-      r.wagered += g.StatAction(i, b, 2).ToDouble();
-      r.decisions += g.StatAction(i, b, 1).ToDouble();
-      r.net += g.StatWins(i, b, 2).ToDouble() - g.StatLosses(i, b, 2).ToDouble();
+      r.wagered += g.StatAction(i, b, kStatTotal).ToDouble();
+      r.decisions += g.StatAction(i, b, kStatCount).ToDouble();
+      r.net += g.StatWins(i, b, kStatTotal).ToDouble() - g.StatLosses(i, b, kStatTotal).ToDouble();
     }
     return r;
   }

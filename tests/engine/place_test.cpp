@@ -615,9 +615,11 @@ TEST_F(RollFixture, PlayersBettingInHyperDriveAllocateNothing) {
     EXPECT_LE(g.TotalBets(p), g.Bet(p, bet::kBankroll)) << p;
   }
   // The run did what it claims: odds were taken and laid, vig was charged.
-  EXPECT_GT(g.StatAction(FrameIndex(1, 2), kPassLineOdds, 1), Currency{});
-  EXPECT_GT(g.StatAction(FrameIndex(2, 2), kDontPassOdds, 1), Currency{});
-  EXPECT_GT(g.StatAction(FrameIndex(3, 2), BuyId(4), 1), Currency{});
+  EXPECT_GT(g.StatAction(FrameIndex(1, kFrameCurrentSession), kPassLineOdds, kStatCount),
+            Currency{});
+  EXPECT_GT(g.StatAction(FrameIndex(2, kFrameCurrentSession), kDontPassOdds, kStatCount),
+            Currency{});
+  EXPECT_GT(g.StatAction(FrameIndex(3, kFrameCurrentSession), BuyId(4), kStatCount), Currency{});
 }
 
 }  // namespace

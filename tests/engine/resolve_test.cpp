@@ -94,7 +94,7 @@ TEST_F(Resolve, TheBarPushesTheDontBetsByOmission) {
   Decide(6, 6, 0);
   EXPECT_EQ(Won(1), 0_usd);
   EXPECT_EQ(g.Bet(1, kDontPass), 10_usd);
-  EXPECT_EQ(g.StatAction(1, kDontPass, 1), 0_usd);  // a push is no decision
+  EXPECT_EQ(g.StatAction(1, kDontPass, kStatCount), 0_usd);  // a push is no decision
   Decide(1, 1, 0);
   EXPECT_EQ(Won(1), 10_usd);
 
@@ -151,7 +151,7 @@ TEST_F(Resolve, FieldPresetsHalfLossesAndSplitBets) {
   Decide(2, 3, 4);
   EXPECT_EQ(Won(2), 7_usd);
   EXPECT_EQ(g.Bet(2, kField), 6_usd);
-  EXPECT_EQ(g.StatAction(2, kField, 1), Currency::FromWhole(1));
+  EXPECT_EQ(g.StatAction(2, kField, kStatCount), Currency::FromWhole(1));
 
   // Half the bet lost: a loss is cut up to the next whole check.
   g.FieldPayoff(1, 10) = Currency::FromWhole(-1);
@@ -201,7 +201,7 @@ TEST_F(Resolve, WorkingFlagsDecideWhatActs) {
   EXPECT_EQ(Won(1), -10_usd);  // the Come flat only
   EXPECT_EQ(g.Bet(1, PlaceId(6)), 12_usd);
   EXPECT_EQ(Won(2), -5_usd);  // hardways work
-  EXPECT_EQ(g.StatAction(1, ComeId(5) + 6, 1), 0_usd);
+  EXPECT_EQ(g.StatAction(1, ComeId(5) + 6, kStatCount), 0_usd);
 
   // Called OFF with a point on: a seven changes nothing.
   g.BetWorking(2, kHard8) = -1;
@@ -250,19 +250,19 @@ TEST_F(Resolve, DecisionsAreCountedInTheLiveFramesOnly) {
   for (int t = 0; t < 5; ++t) {
     const int i = FrameIndex(1, t);
     const int live = t % 2 == 0;
-    EXPECT_EQ(g.StatAction(i, kField, 1), Currency::FromWhole(2 * live)) << t;
-    EXPECT_EQ(g.StatAction(i, kField, 2), Currency::FromWhole(12 * live)) << t;
-    EXPECT_EQ(g.StatAction(i, kField, 5), Currency::FromWhole(77 * live)) << t;
-    EXPECT_EQ(g.StatWins(i, kField, 2), Currency::FromWhole(10 * live)) << t;
-    EXPECT_EQ(g.StatLosses(i, kField, 2), Currency::FromWhole(7 * live)) << t;
+    EXPECT_EQ(g.StatAction(i, kField, kStatCount), Currency::FromWhole(2 * live)) << t;
+    EXPECT_EQ(g.StatAction(i, kField, kStatTotal), Currency::FromWhole(12 * live)) << t;
+    EXPECT_EQ(g.StatAction(i, kField, kStatRollOfLast), Currency::FromWhole(77 * live)) << t;
+    EXPECT_EQ(g.StatWins(i, kField, kStatTotal), Currency::FromWhole(10 * live)) << t;
+    EXPECT_EQ(g.StatLosses(i, kField, kStatTotal), Currency::FromWhole(7 * live)) << t;
   }
 
   // Up-front vig counts in the amount wagered.
   PointOn(6);
   Put(2, LayId(4), 40);
   Decide(3, 4, 6);
-  EXPECT_EQ(g.StatAction(2 + 18, LayId(4), 2), 41_usd);
-  EXPECT_EQ(g.StatWins(2 + 18, LayId(4), 2), 19_usd);
+  EXPECT_EQ(g.StatAction(2 + 18, LayId(4), kStatTotal), 41_usd);
+  EXPECT_EQ(g.StatWins(2 + 18, LayId(4), kStatTotal), 19_usd);
 
   // Wins and losses in a row make a trend.
   Put(2, kField, 1);
@@ -279,18 +279,19 @@ TEST_F(Resolve, DecisionsAreCountedInTheLiveFramesOnly) {
 TEST_F(Resolve, HandEndMovesDecidedRowsAndClearsOlderOnes) {
   Put({{1, kField, 5}, {1, kPassLine, 10}});
   Decide(3, 4, 6);  // seven-out: both lose
-  const int now = FrameIndex(1, 0), last = FrameIndex(1, 1);
-  EXPECT_EQ(g.StatAction(last, kField, 1), 1_usd);
-  EXPECT_EQ(g.StatLosses(last, kPassLine, 2), 10_usd);
-  EXPECT_EQ(g.StatAction(now, kField, 1), 0_usd);
+  const int now = FrameIndex(1, kFrameCurrentHand), last = FrameIndex(1, kFrameLastHand);
+  EXPECT_EQ(g.StatAction(last, kField, kStatCount), 1_usd);
+  EXPECT_EQ(g.StatLosses(last, kPassLine, kStatTotal), 10_usd);
+  EXPECT_EQ(g.StatAction(now, kField, kStatCount), 0_usd);
 
   g.TotalBets(1) -= g.Bet(1, kField);  // the Field comes down before the next hand
   g.Bet(1, kField) = Currency{};
   Decide(4, 3, 8);  // another seven-out: only the Pass Line is decided
-  EXPECT_EQ(g.StatAction(last, kField, 1), 0_usd);
-  EXPECT_EQ(g.StatAction(last, kField, 2), 0_usd);
-  EXPECT_EQ(g.StatAction(last, kPassLine, 1), 1_usd);
-  EXPECT_EQ(g.StatAction(FrameIndex(1, 2), kField, 1), 1_usd);  // the session keeps it
+  EXPECT_EQ(g.StatAction(last, kField, kStatCount), 0_usd);
+  EXPECT_EQ(g.StatAction(last, kField, kStatTotal), 0_usd);
+  EXPECT_EQ(g.StatAction(last, kPassLine, kStatCount), 1_usd);
+  EXPECT_EQ(g.StatAction(FrameIndex(1, kFrameCurrentSession), kField, kStatCount),
+            1_usd);  // the session keeps it
 }
 
 // Years at a high table sum the longer frames' totals beyond any single

@@ -58,8 +58,9 @@ struct PlayTable {
     Currency net;
     bool decided = false;
     for (int b = 1; b <= kLastRealBet; ++b) {
-      net += g.StatWins(FrameIndex(p, 2), b, 2) - g.StatLosses(FrameIndex(p, 2), b, 2);
-      decided |= g.StatAction(FrameIndex(p, 4), b, 1) > Currency{};
+      net += g.StatWins(FrameIndex(p, kFrameCurrentSession), b, kStatTotal) -
+             g.StatLosses(FrameIndex(p, kFrameCurrentSession), b, kStatTotal);
+      decided |= g.StatAction(FrameIndex(p, kFrameAllSessions), b, kStatCount) > Currency{};
     }
     EXPECT_EQ(g.Bet(p, bet::kBankroll), g.InvestedBankroll(p) + net) << "player " << p;
     EXPECT_TRUE(CheckBetLedger(g, p)) << "player " << p;
@@ -86,7 +87,8 @@ TEST(ExamplesPlay, EveryExampleBetsAndEveryDollarIsAccountedFor) {
     EXPECT_EQ(g.hyper.RollsThisRun, kExampleRolls) << g.hyper.LastStopMessage;
     long decisions = 0;
     for (int b = 1; b <= kLastRealBet; ++b)
-      decisions += g.StatAction(FrameIndex(1, 4), b, 1).raw / Currency::kScale;
+      decisions +=
+          g.StatAction(FrameIndex(1, kFrameAllSessions), b, kStatCount).raw / Currency::kScale;
     t.ExpectMoneyAccountedFor(1);
     EXPECT_GT(decisions, kExampleRolls / 20) << "the script placed bets";
     ++played;

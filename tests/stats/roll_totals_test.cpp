@@ -136,7 +136,8 @@ TEST_F(RollTotals, ASelectionWithNoRollsShowsZeroAndTheProbableScale) {
   EXPECT_EQ(f.axisMarks, (std::array<double, 4>{5, 10, 15, 20}));
   // Each player's count fits a Long; the selection's sum does not.
   Seat(2, "Bob");
-  for (int p = 1; p <= 2; ++p) g.RollTally(FrameIndex(p, 2), kEventRolls) = 2'000'000'000;
+  for (int p = 1; p <= 2; ++p)
+    g.RollTally(FrameIndex(p, kFrameCurrentSession), kEventRolls) = 2'000'000'000;
   EXPECT_EQ(FigureRollTotals(g, 0, 2, (1 << 1) | (1 << 2), false).totalRolls.text, "4,000,000,000");
 }
 

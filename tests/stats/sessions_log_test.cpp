@@ -103,7 +103,7 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   SeatPlayer(g, 2, "Bo", 500_usd);
   g.Bet(2, bet::kCheckStackFirst) = -kCheckStackLimit;
   for (int b : {bet::kPassLine, bet::kField})
-    g.StatAction(FrameIndex(2, 2), b, kStatTotal) = kStatTotalLimit;
+    g.StatAction(FrameIndex(2, kFrameCurrentSession), b, kStatTotal) = kStatTotalLimit;
   ASSERT_FALSE(WriteSessionRecord(g, 2).has_value());
   SessionsLogReader bo(g.roll.SessionLogPath[2]);
   ASSERT_TRUE(bo.Read(1, r)) << bo.error();

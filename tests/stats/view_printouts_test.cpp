@@ -112,7 +112,8 @@ TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
     EXPECT_EQ(f.rows[11][kNetPctCol].text, "0");
   }
   // Each player's rolls fit a Long; the two players' sum does not.
-  g.RollsAtTable(FrameIndex(1, 2)) = g.RollsAtTable(FrameIndex(2, 2)) = 2'000'000'000;
+  g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) =
+      g.RollsAtTable(FrameIndex(2, kFrameCurrentSession)) = 2'000'000'000;
   EXPECT_DOUBLE_EQ(FigureBetResults(g, 2, kP1 | kP2, {kPassLine}).hours,
                    4e9 / g.rules.RollsPerHour.ToDouble());
   g.rules.RollsPerHour = {};
@@ -122,15 +123,15 @@ TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
 }
 
 TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
-  const int i = FrameIndex(1, 2);
-  g.StatAction(i, ComeId(4), 1) = 2_usd;
-  g.StatAction(i, ComeId(4), 2) = 30_usd;
+  const int i = FrameIndex(1, kFrameCurrentSession);
+  g.StatAction(i, ComeId(4), kStatCount) = 2_usd;
+  g.StatAction(i, ComeId(4), kStatTotal) = 30_usd;
   g.ComeTravelTotal(i, 0) = 10_usd;
   // -0.014141 x 10 -> -0.1414; -0.333333 x 20 -> -6.6667.
   EXPECT_EQ(FigureBetResults(g, 2, kP1, {ComeId(4)}).expected, Usd(-6.8081));
   // Low $ is the smallest amount among bets that have a decision.
-  g.StatAction(i, kField, 4) = 5_usd;
-  g.StatAction(i, PlaceId(6), 4) = 12_usd;
+  g.StatAction(i, kField, kStatSmallest) = 5_usd;
+  g.StatAction(i, PlaceId(6), kStatSmallest) = 12_usd;
   EXPECT_EQ(FigureBetResults(g, 2, kP1, {kField, PlaceId(6), kHard4}).rows[4][kWagersCol].text,
             "5");
   // At a million to one the expectation of the largest action is beyond an
@@ -138,7 +139,7 @@ TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
   for (int b : {kTwo, kTwelve}) {
     g.PayoffTbl(1, b) = 1'000'000_usd;
     g.PayoffTbl(3, b) = 1_usd;
-    g.StatAction(i, b, 2) = kMoneyLimit;
+    g.StatAction(i, b, kStatTotal) = kMoneyLimit;
   }
   EXPECT_EQ(FigureBetResults(g, 2, kP1, {kTwo, kTwelve}).expected, kCurrencyMax);
   // Ids outside the bets have no expected value.
@@ -238,10 +239,10 @@ TEST_F(Views, SummaryBankrollsDecisionsCompsAndTheirPrintout) {
 }
 
 TEST_F(Views, CompsAddUpOverPlayersAndFollowTheirBase) {
-  const int i1 = FrameIndex(1, 4), i2 = FrameIndex(2, 4);
-  g.StatAction(i1, kField, 1) = 4_usd;
-  g.StatAction(i1, kField, 2) = 40_usd;
-  g.StatAction(i2, kPassLineOdds, 2) = 100_usd;  // odds are not rated
+  const int i1 = FrameIndex(1, kFrameAllSessions), i2 = FrameIndex(2, kFrameAllSessions);
+  g.StatAction(i1, kField, kStatCount) = 4_usd;
+  g.StatAction(i1, kField, kStatTotal) = 40_usd;
+  g.StatAction(i2, kPassLineOdds, kStatTotal) = 100_usd;  // odds are not rated
   g.RollsAtTable(i1) = g.RollsAtTable(i2) = 60;
   CompFigures c;
   FigureComps(g, c, i1);
@@ -258,8 +259,9 @@ TEST_F(Views, CompsAddUpOverPlayersAndFollowTheirBase) {
   FigureComps(g, c = {}, i1);
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);  // left as it was found
   // Counts that each fit a Long add up beyond one.
-  g.StatAction(i1, kField, 1) = g.StatAction(i2, kField, 1) = Currency::FromWhole(2'000'000'000);
-  g.StatAction(i2, kField, 2) = 40_usd;
+  g.StatAction(i1, kField, kStatCount) = g.StatAction(i2, kField, kStatCount) =
+      Currency::FromWhole(2'000'000'000);
+  g.StatAction(i2, kField, kStatTotal) = 40_usd;
   g.RollsAtTable(i1) = g.RollsAtTable(i2) = 2'000'000'000;
   FigureComps(g, c = {}, i1);
   FigureComps(g, c, i2);
@@ -279,8 +281,8 @@ TEST_F(Views, HandsByNumberAndTheirPrintout) {
   EXPECT_EQ(FigureHands(g, 0, 0, true).cells[13][0].text, "0");
   // Each player's count fits a Long; their sum does not.
   for (int p = 1; p <= 2; ++p) {
-    g.TotalsTally(FrameIndex(p, 4), 7, 1) = 2'000'000'000;
-    g.HandsTally(FrameIndex(p, 4)) = 2'000'000'000;
+    g.TotalsTally(FrameIndex(p, kFrameAllSessions), 7, 1) = 2'000'000'000;
+    g.HandsTally(FrameIndex(p, kFrameAllSessions)) = 2'000'000'000;
   }
   EXPECT_EQ(FigureHands(g, 4, kP1 | kP2, false).cells[7][0].text, "4,000,000,000");
   EXPECT_EQ(FigureHands(g, 4, kP1 | kP2, false).handTotal.text, "4,000,000,000");
