@@ -125,6 +125,13 @@ constexpr int Die2FaceEvent(int face) { return kEventDie2Face1 + face - 1; }
 // The text of category c (0..90) as the frequency view lists it.
 std::string_view RollEventText(int c);
 
+// The columns of TotalsTally's row of a total: what the total was rolled as.
+enum TotalsColumn : int {
+  kTotalsComeOut = 1,  // rolled on a come-out
+  kTotalsPass = 2,     // a pass at it (the point, or the natural)
+  kTotalsMiss = 3,     // a miss at it (the point, or the craps)
+};
+
 // The columns of a decision row of StatAction, StatWins and StatLosses.
 enum StatColumn : int {
   kStatCount = 1,         // how many decisions

@@ -31,7 +31,7 @@ void Pass(Game& g) {
   g.PassesThisHand += 1;
   RaiseHandRecord(g, g.MostPassesHand, g.PassesThisHand);
   const int x = DecidedNumber(g);
-  ForHandFrames(g, [&](int i) { g.TotalsTally(i, x, 2) += 1; });
+  ForHandFrames(g, [&](int i) { g.TotalsTally(i, x, kTotalsPass) += 1; });
   PlayStickCall(g, 13);
 }
 
@@ -39,7 +39,7 @@ void MissWithCall(Game& g, int call) {
   g.MissesThisHand += 1;
   RaiseHandRecord(g, g.MostMissesHand, g.MissesThisHand);
   const int x = DecidedNumber(g);
-  ForHandFrames(g, [&](int i) { g.TotalsTally(i, x, 3) += 1; });
+  ForHandFrames(g, [&](int i) { g.TotalsTally(i, x, kTotalsMiss) += 1; });
   PlayStickCall(g, call);
 }
 
@@ -104,7 +104,7 @@ void LogPass(Game& g, std::string_view line) {
   }
   if (comeout) {
     g.ComeoutsThisHand += 1;
-    ForHandFrames(g, [&](int i) { g.TotalsTally(i, total, 1) += 1; });
+    ForHandFrames(g, [&](int i) { g.TotalsTally(i, total, kTotalsComeOut) += 1; });
     RaiseHandRecord(g, g.MostComeoutHand, g.ComeoutsThisHand);
   }
 }

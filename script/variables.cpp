@@ -188,7 +188,9 @@ int RollsSubscript(double field) {
 // Sum of TotalsTally over the totals a field selects, for a phase (0
 // come-out rolls, 1 passes, 2 misses).
 double TotalsSum(const Game& g, int i, int field, int phase) {
-  auto at = [&](int total) { return static_cast<double>(g.TotalsTally(i, total, phase + 1)); };
+  auto at = [&](int total) {
+    return static_cast<double>(g.TotalsTally(i, total, kTotalsComeOut + phase));
+  };
   double sum = 0;
   switch (field) {
     case 0:

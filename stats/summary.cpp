@@ -184,20 +184,21 @@ HandsFigures FigureHands(const Game& g, int frame, std::int32_t players, bool pe
   f.percent = percent;
   const int base = FrameIndex(0, f.frame);
   f.selectionLabel = SelectedPlayersLabel(g, players);
-  if (f.frame < 2) f.explanation = HandCreditExplanation(g, f.frame);
+  if (f.frame <= kFrameLastHand) f.explanation = HandCreditExplanation(g, f.frame);
   std::vector<int> indices;
   for (int p : SelectedSlots(g, players)) indices.push_back(base + p);
   if (indices.empty()) indices.push_back(base);
 
   std::array<std::array<std::int64_t, 3>, kHandRows + 1> v{};
   for (int n = 2; n <= 12; ++n)
-    for (int k = 1; k <= 3; ++k) {
+    for (int k = kTotalsComeOut; k <= kTotalsMiss; ++k) {
       std::int64_t sum = 0;
       for (int i : indices) sum += g.TotalsTally(i, n, k);
-      v[static_cast<std::size_t>(n)][static_cast<std::size_t>(k - 1)] = sum;
-      v[13][static_cast<std::size_t>(k - 1)] += sum;
+      const auto column = static_cast<std::size_t>(k - kTotalsComeOut);
+      v[static_cast<std::size_t>(n)][column] = sum;
+      v[13][column] += sum;
       const bool natural = n == 2 || n == 3 || n == 7 || n == 11 || n == 12;
-      v[natural ? 14u : 15u][static_cast<std::size_t>(k - 1)] += sum;
+      v[natural ? 14u : 15u][column] += sum;
     }
   const std::int64_t comeouts = v[13][0];
   for (int row = 2; row <= kHandRows; ++row)

@@ -78,9 +78,9 @@ void ObserveRoll(void* context, const Game& game) {
 }
 
 // Summed wide: each total's count may reach the count limit of a Long.
-std::int64_t SessionTotals(const Game& game, int kind) {
+std::int64_t SessionTotals(const Game& game, TotalsColumn kind) {
   std::int64_t n = 0;
-  for (int t = 2; t <= 12; ++t) n += game.TotalsTally(18, t, kind);
+  for (int t = 2; t <= 12; ++t) n += game.TotalsTally(kTableSession, t, kind);
   return n;
 }
 
@@ -93,9 +93,9 @@ nlohmann::json RunSummaryJson(const Game& game, const RunResult& result,
       {"rolls", game.RollTally(kTableSession, kEventRolls)},
       {"stop", MessageLine(result.stop)},
       {"hands", game.HandsTally(kTableSession)},
-      {"comeouts", SessionTotals(game, 1)},
-      {"passes", SessionTotals(game, 2)},
-      {"misses", SessionTotals(game, 3)},
+      {"comeouts", SessionTotals(game, kTotalsComeOut)},
+      {"passes", SessionTotals(game, kTotalsPass)},
+      {"misses", SessionTotals(game, kTotalsMiss)},
       {"totals", totals},
       {"rng", game.dice.RngIndex + 1},
       {"seed", game.dice.LastSeed},
@@ -110,8 +110,10 @@ void PrintSummary(std::ostream& out, const Game& game, const RunResult& result) 
   out << "Stopped: " << (result.stop.empty() ? "roll count reached" : MessageLine(result.stop))
       << '\n';
   out << "Rolls: " << game.RollTally(kTableSession, kEventRolls)
-      << "  hands: " << game.HandsTally(kTableSession) << "  come-outs: " << SessionTotals(game, 1)
-      << "  passes: " << SessionTotals(game, 2) << "  misses: " << SessionTotals(game, 3) << '\n';
+      << "  hands: " << game.HandsTally(kTableSession)
+      << "  come-outs: " << SessionTotals(game, kTotalsComeOut)
+      << "  passes: " << SessionTotals(game, kTotalsPass)
+      << "  misses: " << SessionTotals(game, kTotalsMiss) << '\n';
   out << "Totals:";
   for (int t = 2; t <= 12; ++t)
     out << ' ' << t << '=' << game.RollTally(kTableSession, TotalEvent(t));

@@ -334,7 +334,8 @@ TEST_F(CliFiles, TheRollLimitStopsARunWithItsMessageOnOneLine) {
     auto g = MakeGame(platform);
     StartUp(*g, dir.Path());
     ASSERT_TRUE(OpenGame(*g, Path("near.rvg")));
-    for (int t = 2; t <= 12; ++t) g->TotalsTally(kTableSession, t, 1) = kAllSessionsRollLimit;
+    for (int t = 2; t <= 12; ++t)
+      g->TotalsTally(kTableSession, t, kTotalsComeOut) = kAllSessionsRollLimit;
     ASSERT_TRUE(SaveGame(*g, Path("far.rvg")));
   }
   EXPECT_EQ(Json("run --load '" + Path("far.rvg") + "' --rolls 0")["comeouts"],

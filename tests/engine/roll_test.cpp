@@ -144,7 +144,7 @@ using StateMachine = RollFixture;
 TEST_F(StateMachine, PointMadeAndSevenOutMoveTheHandToTheLastHandFrame) {
   Roll(2, 2);  // point 4
   Roll(1, 3);  // point made
-  EXPECT_EQ(g.TotalsTally(18, 4, 2), 1);
+  EXPECT_EQ(g.TotalsTally(kTableSession, 4, kTotalsPass), 1);
   Roll(6, 5);  // come-out eleven: pass
   Roll(5, 1);  // point 6
   Roll(2, 3);
@@ -154,17 +154,17 @@ TEST_F(StateMachine, PointMadeAndSevenOutMoveTheHandToTheLastHandFrame) {
 
   // The hand is over: frame 0 empty, frame 9 the hand, frames 18 and 36 kept.
   EXPECT_EQ(g.RollTally(kTableHand, kEventRolls), 0);
-  EXPECT_EQ(g.RollTally(9, 0), 6);
-  EXPECT_EQ(g.TotalsTally(9, 6, 3), 1);  // the miss counts at the point
-  EXPECT_EQ(g.HandsTally(0), 0);
+  EXPECT_EQ(g.RollTally(kTableLastHand, kEventRolls), 6);
+  EXPECT_EQ(g.TotalsTally(kTableLastHand, 6, kTotalsMiss), 1);  // the miss counts at the point
+  EXPECT_EQ(g.HandsTally(kTableHand), 0);
   EXPECT_EQ(g.ComeoutsThisHand + g.PassesThisHand + g.MissesThisHand, 0);
-  EXPECT_EQ(g.MostComeoutHand(18), 3);
-  EXPECT_EQ(g.MostPassesHand(36), 2);
+  EXPECT_EQ(g.MostComeoutHand(kTableSession), 3);
+  EXPECT_EQ(g.MostPassesHand(kTableAllSessions), 2);
 
   Roll(1, 2);  // first roll of the next hand: the hand count rises now
-  EXPECT_EQ(g.HandsTally(0), 1);
+  EXPECT_EQ(g.HandsTally(kTableHand), 1);
   EXPECT_EQ(g.HandsTally(kTableSession), 2);
-  EXPECT_EQ(g.MostRollsHand(18), 6);
+  EXPECT_EQ(g.MostRollsHand(kTableSession), 6);
 }
 
 TEST_F(StateMachine, BarNumberDecidesWhichComeOutCrapsIsMissedAtTheBar) {
@@ -184,7 +184,7 @@ TEST_F(StateMachine, BarNumberDecidesWhichComeOutCrapsIsMissedAtTheBar) {
   Roll(1, 1);
   EXPECT_EQ(lastCall(), "call15");
   EXPECT_EQ(g.MissesThisHand, 3);
-  EXPECT_EQ(g.TotalsTally(0, 12, 3), 1);
+  EXPECT_EQ(g.TotalsTally(kTableHand, 12, kTotalsMiss), 1);
 }
 
 TEST_F(StateMachine, TheShooterIsCreditedAndTheDicePassAtTheHandsEnd) {
@@ -194,8 +194,9 @@ TEST_F(StateMachine, TheShooterIsCreditedAndTheDicePassAtTheHandsEnd) {
   Roll(4, 4);     // point 8
   g.Shooter = 1;  // dice passed during the hand: the hand stays Cleo's
   Roll(4, 3);     // seven-out
-  EXPECT_EQ(g.HandsTally(3 + 9), 1);
-  EXPECT_EQ(g.RollsAtTable(5 + 18), 2);  // every slot saw the rolls, the House's too
+  EXPECT_EQ(g.HandsTally(FrameIndex(3, kFrameLastHand)), 1);
+  EXPECT_EQ(g.RollsAtTable(FrameIndex(5, kFrameCurrentSession)),
+            2);  // every slot saw the rolls, the House's too
   EXPECT_EQ(g.PrevHandShooter, 3);
   EXPECT_EQ(g.HandShooter, 1);
 
@@ -204,8 +205,8 @@ TEST_F(StateMachine, TheShooterIsCreditedAndTheDicePassAtTheHandsEnd) {
   EXPECT_EQ(g.Shooter, 3);
   EXPECT_EQ(g.HandShooter, 3);
   Roll(2, 1);
-  EXPECT_EQ(g.HandsTally(3), 1);
-  EXPECT_EQ(g.HandsTally(1 + 9), 1);
+  EXPECT_EQ(g.HandsTally(FrameIndex(3, kFrameCurrentHand)), 1);
+  EXPECT_EQ(g.HandsTally(FrameIndex(1, kFrameLastHand)), 1);
 }
 
 using GraphRows = RollFixture;
@@ -504,23 +505,24 @@ TEST_F(Session, PreservedGamesMoveTheSessionToTheLastSessionFrame) {
   ASSERT_GT(before->RollTally(kTableSession, kEventRolls), 0);
   NewSession(g, true, false, true, 0);
   for (int k = 0; k <= 90; ++k) {
-    EXPECT_EQ(g.RollTally(27, k), before->RollTally(18, k)) << k;
-    EXPECT_EQ(g.RollTally(36, k), before->RollTally(36, k)) << k;
+    EXPECT_EQ(g.RollTally(kTableLastSession, k), before->RollTally(kTableSession, k)) << k;
+    EXPECT_EQ(g.RollTally(kTableAllSessions, k), before->RollTally(kTableAllSessions, k)) << k;
     for (int i = 0; i <= 26; ++i) ASSERT_EQ(g.RollTally(i, k), 0) << i << ' ' << k;
   }
   for (int t = 2; t <= 12; ++t)
-    for (int c = 1; c <= 3; ++c) EXPECT_EQ(g.TotalsTally(27, t, c), before->TotalsTally(18, t, c));
-  EXPECT_EQ(g.HandsTally(27), before->HandsTally(kTableSession));
+    for (int c = kTotalsComeOut; c <= kTotalsMiss; ++c)
+      EXPECT_EQ(g.TotalsTally(kTableLastSession, t, c), before->TotalsTally(kTableSession, t, c));
+  EXPECT_EQ(g.HandsTally(kTableLastSession), before->HandsTally(kTableSession));
 
   // A second new session with no roll in between leaves the last session alone.
   NewSession(g, true, false, true, 0);
-  EXPECT_EQ(g.RollTally(27, 0), 8);
-  EXPECT_EQ(g.RollTally(36, 0), 8);
+  EXPECT_EQ(g.RollTally(kTableLastSession, kEventRolls), 8);
+  EXPECT_EQ(g.RollTally(kTableAllSessions, kEventRolls), 8);
 
   // Without preserving, every frame starts again.
   NewSession(g, false, false, true, 0);
-  EXPECT_EQ(g.RollTally(27, 0), 0);
-  EXPECT_EQ(g.RollTally(36, 0), 0);
+  EXPECT_EQ(g.RollTally(kTableLastSession, kEventRolls), 0);
+  EXPECT_EQ(g.RollTally(kTableAllSessions, kEventRolls), 0);
 }
 
 TEST_F(Session, TheGameInHandAndTheGapTablesStartAgain) {

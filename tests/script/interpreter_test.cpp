@@ -146,7 +146,7 @@ TEST_F(Interpreter, AScriptThatDoesNotCompileStopsHyperDriveBeforeAnyRoll) {
   g.hyper.RunRollLimit = 10;
   RunHyperDrive(g);
   EXPECT_FALSE(g.HyperDrive || g.KeepRolling || g.roll.ScriptsOK);
-  EXPECT_EQ(g.RollTally(18, 0), 0);
+  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
   EXPECT_EQ(g.scriptRun.FailedPlayer, 1);
   ASSERT_FALSE(platform.messages.empty());
   EXPECT_EQ(platform.messages.front().title, "Auto-bet script error");

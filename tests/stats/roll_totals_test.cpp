@@ -47,7 +47,7 @@ TEST_F(RollTotals, EachPairCountsTheCategoriesTheRollTallies) {
       TallyRollEvents(g);
       std::set<int> tallied, listed;
       for (int c = 1; c <= kLastEvent; ++c)
-        if (g.RollTally(18, c) != 0) tallied.insert(c);
+        if (g.RollTally(kTableSession, c) != 0) tallied.insert(c);
       std::array<int, 12> cats{};
       const int n = RollCategories(d1, d2, cats);
       listed.insert(cats.begin(), cats.begin() + n);
@@ -186,7 +186,7 @@ class Graph : public RollFixture {
     for (int x = 1; x <= 525; ++x) g.GraphBankroll(1, 525 + x) = Currency::FromWhole(1000 + x);
     for (int x = 1; x <= columns; ++x) g.GraphBankroll(1, x) = Currency::FromWhole(x);
     g.GraphRollCount = columns;
-    g.RollTally(18, 0) = 525 + columns;
+    g.RollTally(kTableSession, kEventRolls) = 525 + columns;
   }
 };
 
@@ -227,18 +227,18 @@ TEST_F(Graph, MovingAverageWrapsIntoThePageBefore) {
   EXPECT_EQ(MovingBankrollAverage(g, 1, 0, 2),
             Currency::FromRaw(1524'5000));  // column 0 begins at 1050
   // In the first page a span beyond the rolls averages what exists.
-  g.RollTally(18, 0) = 3;
+  g.RollTally(kTableSession, kEventRolls) = 3;
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 10), 2_usd);
   EXPECT_EQ(MovingBankrollAverage(g, 1, 0, 10), Currency{});
   // Span 0: the sum over the rolls and the beginning bankroll.
   g.BankrollSum(1) = 400_usd;
-  g.RollsAtTable(19) = 3;
+  g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) = 3;
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 0), 100_usd);
 }
 
 TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
   History({1010, 990, 1030});
-  g.RollsAtTable(19) = 3;
+  g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) = 3;
   g.BankrollSum(1) = Currency::FromWhole(1000 + 1010 + 990 + 1030);
   // All rolls: s / n walking back from the newest column.
   const std::vector<Currency> all = GraphTrendColumns(g, 1, 0);
@@ -246,7 +246,7 @@ TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
   EXPECT_EQ(all[3], Currency::FromRaw(1343'3333));
   EXPECT_EQ(all[2], 1500_usd);  // (1000 + 1010 + 990) / 2
   // A player with no rolls yet divides by nothing.
-  g.RollsAtTable(19) = 0;
+  g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) = 0;
   EXPECT_EQ(GraphTrendColumns(g, 1, 0)[3], g.BankrollSum(1));
   EXPECT_EQ(GraphTrendColumns(g, 1, 2)[3], 1010_usd);  // (990 + 1030) / 2
   EXPECT_EQ(GraphTrendLabel(0), "All rolls average");
@@ -314,7 +314,7 @@ TEST_F(Graph, ReportFiguresBesideTheGraph) {
   g.GraphBankroll(1, 0) = 1_usd;
   g.GraphBankroll(1, 1) = 1010_usd;
   g.GraphRollCount = 1;
-  g.RollTally(18, 0) = 1;
+  g.RollTally(kTableSession, kEventRolls) = 1;
   g.roll.GraphTop = 1150_usd;
   BankrollGraphFigures f = FigureBankrollGraph(g, 1);
   EXPECT_EQ(f.high.text, "1,010.00");  // one figure not whole: all with cents

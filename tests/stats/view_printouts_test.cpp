@@ -281,7 +281,7 @@ TEST_F(Views, HandsByNumberAndTheirPrintout) {
   EXPECT_EQ(FigureHands(g, 0, 0, true).cells[13][0].text, "0");
   // Each player's count fits a Long; their sum does not.
   for (int p = 1; p <= 2; ++p) {
-    g.TotalsTally(FrameIndex(p, kFrameAllSessions), 7, 1) = 2'000'000'000;
+    g.TotalsTally(FrameIndex(p, kFrameAllSessions), 7, kTotalsComeOut) = 2'000'000'000;
     g.HandsTally(FrameIndex(p, kFrameAllSessions)) = 2'000'000'000;
   }
   EXPECT_EQ(FigureHands(g, 4, kP1 | kP2, false).cells[7][0].text, "4,000,000,000");

@@ -64,7 +64,7 @@ void PlaySome(Game& g) {
   g.Bet(1, bet::kField) = Currency::FromWhole(25);
   g.Bet(1, 101) = Currency::FromWhole(300);
   for (int t = 0; t < kFrameCount; ++t) g.RollTally(FrameIndex(kHouse, t), kEvent) = 10 + t;
-  g.RollTally(kTableSession, 0) = 40;  // the session has rolls
+  g.RollTally(kTableSession, kEventRolls) = 40;  // the session has rolls
   g.roll.ScriptActive[1] = true;
 }
 
@@ -306,7 +306,7 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   QCOMPARE(g.hyper.AutoStopRolls, 250_usd);
   g.hyper.RunRollLimit = 100000;  // a safety net: the test never runs away
   QTest::mouseClick(form->HyperDriveButton(), Qt::LeftButton);
-  QCOMPARE(g.RollTally(18, 0), 250);
+  QCOMPARE(g.RollTally(kTableSession, kEventRolls), 250);
   QVERIFY(!g.HyperDrive);
   QCOMPARE(t.shown.back(), std::make_pair(std::string("Hyper-Drive Stopped"),
                                           std::string("Stopped by Auto-Stop.")));

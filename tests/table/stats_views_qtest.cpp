@@ -107,7 +107,7 @@ void StatsViewsTest::summaryFollowsRollsFramesAndTheSelection() {
   // Another frame is kept in the game; the table's roll count stays.
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(4);
   QCOMPARE(g.views.SummaryFrame, 4);
-  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollsAtTable(36)));
+  QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollsAtTable(kTableAllSessions)));
 }
 
 void StatsViewsTest::rollTotalsKindsListTheirCategories() {
@@ -200,7 +200,7 @@ void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
   long closed = 0;
   for (int r = 0; r < gaps->rowCount(); ++r)
     for (int c = 1; c < gaps->columnCount(); c += 2) closed += gaps->item(r, c)->text().toLong();
-  QCOMPARE(closed, long{g.RollTally(18, 6)});
+  QCOMPARE(closed, long{g.RollTally(kTableSession, kEventAny6)});
 }
 
 void StatsViewsTest::betTrendsShowOnePlayersStreaks() {

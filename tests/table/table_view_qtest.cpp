@@ -235,7 +235,7 @@ void TableViewTest::pendingActionsAndToolsActOnTheNextClick() {
   QueueDice(g, 2, 5);
   t.Click(FeltRect().center(), Qt::RightButton);
   QCOMPARE(g.betting.PendingAction, static_cast<int>(kPendingNone));
-  QCOMPARE(g.RollTally(18, 0), 2);
+  QCOMPARE(g.RollTally(kTableSession, kEventRolls), 2);
 }
 
 void TableViewTest::keyedAmountsAndTheirArrowKeys() {
