@@ -391,7 +391,7 @@ bool RollOnce(Game& g) {
   if (!g.HyperDrive) {
     PlayDiceSound(g);
     PlayStickCall(g, g.DiceTotal);
-    if (g.Die1 == g.Die2 && g.DiceTotal != 2 && g.DiceTotal != 12) PlayStickCall(g, 16);
+    if (g.Die1 == g.Die2 && g.DiceTotal != 2 && g.DiceTotal != 12) PlayStickCall(g, kCallPair);
   }
 
   TallyHandAndRoll(g);

@@ -32,7 +32,7 @@ void Pass(Game& g) {
   RaiseHandRecord(g, g.MostPassesHand, g.PassesThisHand);
   const int x = DecidedNumber(g);
   ForHandFrames(g, [&](int i) { g.TotalsTally(i, x, kTotalsPass) += 1; });
-  PlayStickCall(g, 13);
+  PlayStickCall(g, kCallPass);
 }
 
 void MissWithCall(Game& g, int call) {
@@ -43,8 +43,8 @@ void MissWithCall(Game& g, int call) {
   PlayStickCall(g, call);
 }
 
-void Miss(Game& g) { MissWithCall(g, 14); }
-void MissAtBar(Game& g) { MissWithCall(g, 15); }
+void Miss(Game& g) { MissWithCall(g, kCallMiss); }
+void MissAtBar(Game& g) { MissWithCall(g, kCallMissAtBar); }
 
 void LogPass(Game& g, std::string_view line) {
   if (g.roll.LogOn && g.roll.LogPasses) WriteEventLine(g, line);
