@@ -59,10 +59,19 @@ class LineReader {
   std::size_t at_ = 0, size_ = 0;
 };
 
+// True when the 1-based position `at` is where a line of the log starts:
+// its first byte, or a byte just after a line's end.
+bool AtLineStart(const FileHandle& log, std::int64_t at, std::int64_t logLength) {
+  if (at < 1 || at > logLength) return false;
+  char before = 0;
+  return at == 1 || (ReadAt(log, at - 2, &before, 1) == 1 && before == '\n');
+}
+
 // Lines a..b of the log, visited in `direction` order until visit returns
-// true; false only when the files cannot be read as the index says. Records
-// a..b+1 and the span between them come in one read each; a span too long
-// for one read is read line by line, each line cut.
+// true; false, before any visit, when the files cannot be read as the index
+// says or the index does not fit the log there. Records a..b+1 and the span
+// between them come in one read each; a span too long for one read is read
+// line by line, each line cut.
 template <class Visit>
 bool VisitLines(const FileHandle& log, const FileHandle& index, std::int64_t lines,
                 std::int64_t logLength, std::int64_t a, std::int64_t b, int direction,
@@ -83,11 +92,20 @@ bool VisitLines(const FileHandle& log, const FileHandle& index, std::int64_t lin
     span.resize(static_cast<std::size_t>(to - from));
     if (ReadAt(log, from - 1, span.data(), span.size()) != to - from) return false;
   }
+  // Every record on a line's start: the first at the log's start or after a
+  // line end, and each line at least a byte long and closed by a line end
+  // just before the next record (the log's last line may have none).
+  if (!AtLineStart(log, from, logLength)) return false;
+  for (std::int64_t n = a; n <= b; ++n) {
+    const std::int64_t s = start(n), e = start(n + 1);
+    if (s < from || e <= s || e > to) return false;
+    if (whole && e <= logLength && span[static_cast<std::size_t>(e - from - 1)] != '\n')
+      return false;
+  }
   std::string line;
   for (std::int64_t k = 0; k <= b - a; ++k) {
     const std::int64_t n = direction > 0 ? a + k : b - k;
     const std::int64_t s = start(n), e = start(n + 1);
-    if (s < from || e < s || e > to) return false;
     const std::size_t len =
         static_cast<std::size_t>(std::min<std::int64_t>(e - s, kEventsLogShownLine + 2));
     if (whole) {
@@ -103,6 +121,46 @@ bool VisitLines(const FileHandle& log, const FileHandle& index, std::int64_t lin
   }
   return true;
 }
+
+// The log and its index for a pass over many lines: VisitLines through
+// the index, which is built afresh once when a chunk shows it does not fit
+// the log (its few checked records can look right while others are wrong).
+class IndexedLog {
+ public:
+  IndexedLog(Game& g, std::int64_t lines)
+      : g_(g),
+        log_(OpenForReading(g.roll.EventsLogPath)),
+        index_(OpenForReading(g.eventsLog.IndexPath)),
+        lines_(lines),
+        logLength_(FileLength(g.roll.EventsLogPath)) {}
+
+  // Lines a..b as VisitLines visits them; false with `error` set when they
+  // cannot be read.
+  template <class Visitor>
+  bool Visit(std::int64_t a, std::int64_t b, int direction, Visitor&& visit, std::string& error) {
+    if (!log_.IsOpen() || !index_.IsOpen()) {
+      error = "Cannot read " + g_.roll.EventsLogPath + ": " + SystemErrorText();
+      return false;
+    }
+    if (VisitLines(log_, index_, lines_, logLength_, a, b, direction, visit)) return true;
+    // A rebuilt index of another length would renumber the lines of the pass.
+    if (!rebuilt_ && BuildEventsLogRef(g_.roll.EventsLogPath, g_.eventsLog.IndexPath, error)) {
+      rebuilt_ = true;
+      index_ = OpenForReading(g_.eventsLog.IndexPath);
+      if (index_.IsOpen() && FileLength(g_.eventsLog.IndexPath) == lines_ * kRecord &&
+          VisitLines(log_, index_, lines_, logLength_, a, b, direction, visit))
+        return true;
+    }
+    if (error.empty()) error = "The index of " + g_.roll.EventsLogPath + " does not fit the log.";
+    return false;
+  }
+
+ private:
+  Game& g_;
+  FileHandle log_, index_;
+  std::int64_t lines_, logLength_;
+  bool rebuilt_ = false;
+};
 
 }  // namespace
 
@@ -122,16 +180,37 @@ EventsLogPage ReadEventLines(Game& g, std::int64_t first, int count) {
   if (page.lineCount == 0 || count <= 0) return page;
   first = std::clamp<std::int64_t>(first, 1, page.lineCount);
   page.first = first;
-  FileHandle log = OpenForReading(g.roll.EventsLogPath);
-  FileHandle index = OpenForReading(g.eventsLog.IndexPath);
-  unsigned char record[kRecord];
-  if (!log.IsOpen() || !index.IsOpen() ||
-      ReadAt(index, (first - 1) * kRecord, record, kRecord) != kRecord) {
-    page.error = "Cannot read " + g.roll.EventsLogPath + ": " + SystemErrorText();
+  const std::string& logPath = g.roll.EventsLogPath;
+  FileHandle log = OpenForReading(logPath);
+  const std::int64_t logLength = FileLength(logPath);
+  // The record of line `first`: 0 when it cannot be read, -1 when it is
+  // not where a line of the log starts.
+  auto startOf = [&]() -> std::int64_t {
+    FileHandle index = OpenForReading(g.eventsLog.IndexPath);
+    unsigned char record[kRecord];
+    if (!log.IsOpen() || !index.IsOpen() ||
+        ReadAt(index, (first - 1) * kRecord, record, kRecord) != kRecord)
+      return 0;
+    const std::int64_t at = GetLong32(record);
+    return AtLineStart(log, at, logLength) ? at : -1;
+  };
+  std::int64_t at = startOf();
+  // The index passed a check of a few of its records; the one a page starts
+  // from is checked too, and an index it shows wrong is built afresh.
+  if (at < 0 && BuildEventsLogRef(logPath, g.eventsLog.IndexPath, page.error)) {
+    page.lineCount = std::max<std::int64_t>(FileLength(g.eventsLog.IndexPath), 0) / kRecord;
+    if (page.lineCount == 0) return page;
+    page.first = first = std::min(first, page.lineCount);
+    at = startOf();
+  }
+  if (at <= 0) {
+    if (page.error.empty())
+      page.error = at == 0 ? "Cannot read " + logPath + ": " + SystemErrorText()
+                           : "The index of " + logPath + " does not fit the log.";
     return page;
   }
   const std::int64_t wanted = std::min<std::int64_t>(count, page.lineCount - first + 1);
-  LineReader reader(log, static_cast<std::int64_t>(GetLong32(record)) - 1);
+  LineReader reader(log, at - 1);
   std::string line;
   while (static_cast<std::int64_t>(page.lines.size()) < wanted && reader.Next(line))
     page.lines.push_back(line);
@@ -141,23 +220,15 @@ EventsLogPage ReadEventLines(Game& g, std::int64_t first, int count) {
 void ForEachEventLine(Game& g, const std::function<void(std::string&)>& visit, std::string& error) {
   const std::int64_t lines = PrepareEventsLogIndex(g, error);
   if (lines == 0) return;
-  FileHandle log = OpenForReading(g.roll.EventsLogPath);
-  FileHandle index = OpenForReading(g.eventsLog.IndexPath);
-  const std::int64_t logLength = FileLength(g.roll.EventsLogPath);
+  IndexedLog log(g, lines);
   std::string text;
   auto each = [&](std::int64_t, const std::string& line) {
     text = line;
     visit(text);
     return false;
   };
-  for (std::int64_t a = 1; a <= lines; a += kFindChunk) {
-    const std::int64_t b = std::min(a + kFindChunk - 1, lines);
-    if (!log.IsOpen() || !index.IsOpen() ||
-        !VisitLines(log, index, lines, logLength, a, b, 1, each)) {
-      error = "Cannot read " + g.roll.EventsLogPath + ": " + SystemErrorText();
-      return;
-    }
-  }
+  for (std::int64_t a = 1; a <= lines; a += kFindChunk)
+    if (!log.Visit(a, std::min(a + kFindChunk - 1, lines), 1, each, error)) return;
 }
 
 EventsLogPage PaintEventsLog(Game& g, int rows) {
@@ -236,9 +307,7 @@ bool FindInEventsLog(Game& g, int direction) {
   const std::string& wanted = g.eventsLog.FindText;
   std::int64_t hit = 0;
   if (lines > 0 && !wanted.empty()) {
-    FileHandle log = OpenForReading(g.roll.EventsLogPath);
-    FileHandle index = OpenForReading(g.eventsLog.IndexPath);
-    const std::int64_t logLength = FileLength(g.roll.EventsLogPath);
+    IndexedLog log(g, lines);
     const std::int64_t top = std::clamp<std::int64_t>(g.eventsLog.LogTopLine, 1, lines);
     std::string lower;
     auto visit = [&](std::int64_t n, const std::string& line) {
@@ -250,14 +319,14 @@ bool FindInEventsLog(Game& g, int direction) {
     // Once round: the lines after the top one in the direction, wrapping,
     // and the top line itself last.
     std::int64_t n = top;
-    for (std::int64_t left = lines; left > 0 && hit == 0 && log.IsOpen() && index.IsOpen();) {
+    for (std::int64_t left = lines; left > 0 && hit == 0;) {
       n += direction;
       if (n > lines) n = 1;
       if (n < 1) n = lines;
       const std::int64_t room = direction > 0 ? lines - n + 1 : n;
       const std::int64_t take = std::min({kFindChunk, left, room});
       const std::int64_t a = direction > 0 ? n : n - take + 1, b = a + take - 1;
-      if (!VisitLines(log, index, lines, logLength, a, b, direction, visit)) break;
+      if (!log.Visit(a, b, direction, visit, error)) break;
       n = direction > 0 ? b : a;
       left -= take;
     }
@@ -266,7 +335,8 @@ bool FindInEventsLog(Game& g, int direction) {
     g.eventsLog.LogTopLine = static_cast<std::int32_t>(hit);
     return true;
   }
-  ShowNotice(g, "Text not found.", "Search Results", 0, kMsgOk);
+  // A log that could not be read says so rather than that the text is not in it.
+  ShowNotice(g, error.empty() ? "Text not found." : error, "Search Results", 0, kMsgOk);
   return false;
 }
 

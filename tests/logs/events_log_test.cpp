@@ -173,6 +173,42 @@ TEST_F(EventsLog, AnIndexThatDoesNotFitItsLogIsRebuilt) {
   }
 }
 
+// An index whose first, middle and last records and time stamp are right
+// but one of whose other records is off a line start: a page, the printout's
+// pass and Find each meet it, build the index afresh and show the log as it
+// is.
+TEST_F(EventsLog, AWrongRecordInsideASoundLookingIndexIsRebuiltWhenReadingMeetsIt) {
+  const std::string good = "one\r\ntwo\r\nthree\r\nfour\r\nfive\r\n";
+  WriteWholeFile(LogPath(), good);
+  auto spoil = [&](int record, std::uint32_t at) {
+    std::string index = ModelIndex(good);
+    PutLong32(reinterpret_cast<unsigned char*>(index.data()) + 4 * (record - 1), at);
+    WriteWholeFile(IndexPath(), index);
+    ASSERT_TRUE(CopyModificationTime(LogPath(), IndexPath()));
+    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
+  };
+  spoil(2, 7);  // inside "two"
+  const EventsLogPage page = ReadEventLines(g, 2, 2);
+  EXPECT_TRUE(page.error.empty()) << page.error;
+  EXPECT_EQ(page.lines, (std::vector<std::string>{"two", "three"}));
+  EXPECT_EQ(Index(), ModelIndex(good));
+
+  spoil(4, 13);  // inside "three"
+  std::vector<std::string> printed;
+  std::string error;
+  ForEachEventLine(
+      g, [&](std::string& line) { printed.push_back(line); }, error);
+  EXPECT_TRUE(error.empty()) << error;
+  EXPECT_EQ(printed, ModelLines(good));
+  EXPECT_EQ(Index(), ModelIndex(good));
+
+  spoil(4, 30);  // past the end
+  g.eventsLog.FindText = "four";
+  g.eventsLog.LogTopLine = 1;
+  EXPECT_TRUE(FindInEventsLog(g, +1));
+  EXPECT_EQ(g.eventsLog.LogTopLine, 4);
+}
+
 TEST_F(EventsLog, TheWriterRebuildsAnIndexThatCannotBelongBeforeAppending) {
   WriteWholeFile(LogPath(), "kept\r\nfrom before\r\n");
   RemoveFileIfPresent(IndexPath());
