@@ -40,10 +40,9 @@ inline void ClearLastHandRow(StatTable& t, std::size_t at) {
 }
 
 // Cells from a current-hand row of a statistics table to the same row of
-// frame t.
-constexpr std::ptrdiff_t ToFrame(Frame t) {
-  return static_cast<std::ptrdiff_t>(StatTable::Index(FrameIndex(0, t), 0, 0) -
-                                     StatTable::Index(0, 0, 0));
+// frame t, which lies after it.
+constexpr std::size_t ToFrame(Frame t) {
+  return StatTable::Index(FrameIndex(0, t), 0, 0) - StatTable::Index(0, 0, 0);
 }
 
 // The frames whose totals outlive a hand and so may near their limit.
@@ -54,9 +53,7 @@ constexpr std::array<Frame, 2> kLongerFrames = {kFrameCurrentSession, kFrameAllS
 // hand adds far less than the room left between the limit and 64 bits.
 inline void HoldLongerTotals(StatTable& t, std::size_t at) {
   for (Frame f : kLongerFrames) {
-    Currency& total =
-        t.cells[static_cast<std::size_t>(static_cast<std::ptrdiff_t>(at) + ToFrame(f)) +
-                kStatTotal];
+    Currency& total = t.cells[at + ToFrame(f) + kStatTotal];
     total = HeldWithin(total, kStatTotalLimit);
   }
 }
