@@ -398,6 +398,9 @@ bool RollOnce(Game& g) {
   TallyRollEvents(g);
   AdvanceStateMachine(g);
   DecideRolledBets(g, seated);
+  // Counted over all sessions, so that no new session lengthens the gap.
+  if (g.RollTally(kTableAllSessions, kEventRolls) % kStatHoldRolls == 0) [[unlikely]]
+    HoldStatTotals(g);
 
   // The scripts read the bankroll records and may change the bets; the log
   // and the graph do neither, so in a run without scripts the records are

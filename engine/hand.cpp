@@ -1,7 +1,6 @@
 #include "engine/hand.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +9,6 @@
 #include "core/game.h"
 #include "core/move_cells.h"
 #include "core/seat_set.h"
-#include "core/seats.h"
 #include "engine/players.h"
 #include "engine/resolve.h"
 
@@ -37,25 +35,6 @@ inline void MoveRowToLastHand(StatTable& t, std::size_t at) {
 // Clears the figures of the last-hand row whose current-hand row is at `at`.
 inline void ClearLastHandRow(StatTable& t, std::size_t at) {
   std::fill_n(t.cells.data() + at + kStatCount + kToLastHand, kStatFigures, Currency{});
-}
-
-// Cells from a current-hand row of a statistics table to the same row of
-// frame t, which lies after it.
-constexpr std::size_t ToFrame(Frame t) {
-  return StatTable::Index(FrameIndex(0, t), 0, 0) - StatTable::Index(0, 0, 0);
-}
-
-// The frames whose totals outlive a hand and so may near their limit.
-constexpr std::array<Frame, 2> kLongerFrames = {kFrameCurrentSession, kFrameAllSessions};
-
-// Holds the longer frames' totals of the row whose current-hand row is at
-// `at` within kStatTotalLimit. Held at a hand's end, off the roll's way: a
-// hand adds far less than the room left between the limit and 64 bits.
-inline void HoldLongerTotals(StatTable& t, std::size_t at) {
-  for (Frame f : kLongerFrames) {
-    Currency& total = t.cells[at + ToFrame(f) + kStatTotal];
-    total = HeldWithin(total, kStatTotalLimit);
-  }
 }
 
 // Calls rowStep(table, at) on each of the three statistics tables for each
@@ -118,10 +97,8 @@ void CloseHand(Game& g, unsigned named) {
       auto& thisHand = g.StatRowsThisHand[static_cast<std::size_t>(p)];
       auto& lastHand = g.StatRowsLastHand[static_cast<std::size_t>(p)];
       for (int w = 0; w < 2; ++w) {
-        ForEachStatRow(g, p, w, thisHand[w], [](StatTable& t, std::size_t at) {
-          MoveRowToLastHand(t, at);
-          HoldLongerTotals(t, at);
-        });
+        ForEachStatRow(g, p, w, thisHand[w],
+                       [](StatTable& t, std::size_t at) { MoveRowToLastHand(t, at); });
         // A row outside this hand's set is zero in the current hand: its
         // move only clears the last-hand row.
         ForEachStatRow(g, p, w, lastHand[w] & ~thisHand[w],
@@ -130,9 +107,6 @@ void CloseHand(Game& g, unsigned named) {
       lastHand = thisHand;
       thisHand = {0, 0};
       MoveToLastHand(g.ComeTravelTotal, p);
-      for (Frame f : kLongerFrames)
-        for (Currency& travel : SeatRow(g.ComeTravelTotal, p, f))
-          travel = HeldWithin(travel, kStatTotalLimit);
     }
     MoveToLastHand(g.TotalsTally, p);
     g.RollsAtTable.MoveToLastHand(p);

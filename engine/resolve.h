@@ -21,6 +21,7 @@
 #include <array>
 
 #include "core/currency.h"
+#include "core/frames.h"
 
 struct Game;
 
@@ -50,6 +51,14 @@ void ResolveBet(Game& game, int seat, int sign, int b);
 void FigurePayoff(Game& game, int p, int b, int sign, Currency amount);
 // Counts a decision of bet b in the live frames of player p (nothing for a push).
 void TallyBetResult(Game& game, int p, int b, Currency amount, Currency net);
+// Rolls between two calls of HoldStatTotals: far fewer than the decisions
+// that could carry a total from its limit past 64 bits (a bet of a player
+// has at most two a roll, each of at most kMoneyLimit).
+constexpr Long kStatHoldRolls = 1024;
+// Holds every total of the session and all-sessions frames (wagered, won,
+// lost; a come bet's travel) within kStatTotalLimit, rather than let years
+// of play wrap them.
+void HoldStatTotals(Game& game);
 // Moves a Come or Don't Come bet from its box to its number.
 void MoveBet(Game& game, int p, int fromBet, int toBet);
 // Brings every player's working flags in line with the point that just changed.

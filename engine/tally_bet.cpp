@@ -6,6 +6,7 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/seat_set.h"
 #include "engine/resolve.h"
 
 namespace {
@@ -90,5 +91,24 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
     const Currency flat = g.ComeFlatAtSet(p, b - bet::kComePointFirst);
     for (Frame t : kLiveFrames)
       g.ComeTravelTotal(FrameIndex(p, t), b - bet::kComePointFirst) += flat;
+  }
+}
+
+void HoldStatTotals(Game& g) {
+  using TravelTable = decltype(Game::ComeTravelTotal);
+  // The House never bets, and an empty seat has no decisions to add.
+  for (int p = 1; p < kPlayerSlots; ++p) {
+    if (!SeatNamed(g, p)) continue;
+    for (Frame f : {kFrameCurrentSession, kFrameAllSessions}) {
+      const int i = FrameIndex(p, f);
+      for (StatTable* t : {&g.StatAction, &g.StatWins, &g.StatLosses}) {
+        const std::size_t row = StatTable::Index(i, 0, 0);
+        const std::size_t end = row + static_cast<std::size_t>(kCellsPerFrameIndex);
+        for (std::size_t at = row + kStatTotal; at < end; at += kStatColumnCount)
+          t->cells[at] = HeldWithin(t->cells[at], kStatTotalLimit);
+      }
+      for (int n = TravelTable::kLow2; n <= TravelTable::kHigh2; ++n)
+        g.ComeTravelTotal(i, n) = HeldWithin(g.ComeTravelTotal(i, n), kStatTotalLimit);
+    }
   }
 }

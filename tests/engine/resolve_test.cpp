@@ -294,26 +294,6 @@ TEST_F(Resolve, HandEndMovesDecidedRowsAndClearsOlderOnes) {
             1_usd);  // the session keeps it
 }
 
-// Years at a high table sum the longer frames' totals beyond any single
-// amount; a hand's end holds them within their limit rather than letting
-// them wrap, and leaves the other columns be.
-TEST_F(Resolve, HandEndHoldsTheLongerFramesTotals) {
-  Put({{1, kField, 5}, {1, kComePointFirst + 1, 10}});
-  g.ComeFlatAtSet(1, 1) = 10_usd;
-  const int session = FrameIndex(1, kFrameCurrentSession), all = FrameIndex(1, kFrameAllSessions);
-  g.StatAction(session, kField, kStatTotal) = kStatTotalLimit - 1_usd;
-  g.StatLosses(all, kField, kStatTotal) = kStatTotalLimit;
-  g.ComeTravelTotal(all, 1) = kStatTotalLimit - 5_usd;
-  Decide(3, 4, 6);  // seven-out: the Field and the come point on 5 lose
-  EXPECT_EQ(g.StatAction(session, kField, kStatTotal), kStatTotalLimit);
-  EXPECT_EQ(g.StatLosses(all, kField, kStatTotal), kStatTotalLimit);
-  EXPECT_EQ(g.StatAction(all, kField, kStatTotal), 5_usd);
-  EXPECT_EQ(g.StatAction(session, kField, kStatCount), 1_usd);
-  EXPECT_EQ(g.StatAction(session, kField, kStatLargest), 5_usd);
-  EXPECT_EQ(g.ComeTravelTotal(all, 1), kStatTotalLimit);
-  EXPECT_EQ(g.ComeTravelTotal(FrameIndex(1, kFrameLastHand), 1), 10_usd);
-}
-
 TEST_F(Resolve, DecisionsFollowThePassesAndTheStickOrder) {
   Seat(7, "P7");
   Seat(8, "P8");

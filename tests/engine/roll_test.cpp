@@ -18,6 +18,7 @@
 #include "cycle/startup.h"
 #include "dice/rng.h"
 #include "engine/players.h"
+#include "engine/resolve.h"
 #include "store/game_file.h"
 #include "tests/engine/roll_fixture.h"
 
@@ -446,6 +447,27 @@ TEST_F(RollChecks, BankrollRecordsFollowEveryRoll) {
   EXPECT_EQ(g.BankrollHigh(2), Currency::FromWhole(140));
   EXPECT_EQ(g.BankrollLow(2), Currency::FromWhole(40));
   EXPECT_EQ(g.RailAtRoll(2), Currency::FromWhole(140));
+}
+
+// Years of play at a high table could carry a total of the longer frames
+// past 64 bits; every kStatHoldRolls rolls of all sessions the roll holds
+// each seat's totals within their limit, and leaves the other columns be.
+TEST_F(RollChecks, TheLongerFramesTotalsAreHeldEveryFewRolls) {
+  Seat(2, "Bob");
+  const int session = FrameIndex(2, kFrameCurrentSession), all = FrameIndex(2, kFrameAllSessions);
+  const Currency beyond = kStatTotalLimit + 5_usd;  // grown past since the last hold
+  g.StatAction(all, bet::kField, kStatTotal) = beyond;
+  g.StatLosses(session, bet::kPassLine, kStatTotal) = beyond;
+  g.StatWins(all, bet::kPassLine, kStatLargest) = beyond;
+  g.ComeTravelTotal(session, 5) = beyond;
+  g.RollTally(kTableAllSessions, kEventRolls) = kStatHoldRolls - 2;
+  Roll(1, 2);
+  EXPECT_EQ(g.StatAction(all, bet::kField, kStatTotal), beyond);
+  Roll(1, 2);
+  EXPECT_EQ(g.StatAction(all, bet::kField, kStatTotal), kStatTotalLimit);
+  EXPECT_EQ(g.StatLosses(session, bet::kPassLine, kStatTotal), kStatTotalLimit);
+  EXPECT_EQ(g.ComeTravelTotal(session, 5), kStatTotalLimit);
+  EXPECT_EQ(g.StatWins(all, bet::kPassLine, kStatLargest), beyond);
 }
 
 using RollLog = RollFixture;
