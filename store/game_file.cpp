@@ -1,9 +1,10 @@
 #include "store/game_file.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <bit>
 #include <memory>
-#include <sys/stat.h>
 
 #include "config/payoffs.h"
 #include "config/sound.h"
@@ -17,6 +18,7 @@
 #include "core/seats.h"
 #include "core/text.h"
 #include "dice/probability_file.h"
+#include "engine/resolve.h"
 #include "script/files.h"
 #include "stats/roll_categories.h"
 #include "store/file_stamp.h"
@@ -199,6 +201,9 @@ bool IsDefaultGameFile(std::string_view path) {
 }
 
 std::string GameFileBytes(Game& g) {
+  // A total that passed its limit since the roll last held it is held now,
+  // so that the file opens again.
+  HoldStatTotals(g);
   RecordWriter io;
   std::string header = kGameFileHeader;
   HeaderRecord(io, header);

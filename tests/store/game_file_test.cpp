@@ -420,6 +420,21 @@ TEST_F(GameFile, EverySavedTableComesBackWholeAndSavesToTheSameBytes) {
   }
 }
 
+// The roll holds the totals every so many rolls; one that has passed its
+// limit since is held as the game is saved, so the file opens again.
+TEST_F(GameFile, ATotalPastItsLimitIsHeldAsTheGameIsSaved) {
+  SeatPlayer(*game, 3, "Cy", 100_usd);
+  const int all = FrameIndex(3, kFrameAllSessions);
+  game->StatWins(all, bet::kField, kStatTotal) = kStatTotalLimit + 1_usd;
+  game->ComeTravelTotal(all, 0) = kStatTotalLimit + 1_usd;
+  ASSERT_TRUE(SaveGame(*game, Path("long.rvg"))) << LastMessage();
+  HeadlessPlatform other;
+  auto loaded = NewGame(other);
+  ASSERT_TRUE(OpenGame(*loaded, Path("long.rvg")));
+  EXPECT_EQ(loaded->StatWins(all, bet::kField, kStatTotal), kStatTotalLimit);
+  EXPECT_EQ(loaded->ComeTravelTotal(all, 0), kStatTotalLimit);
+}
+
 TEST_F(GameFile, LengthFollowsPlayersAndCheckImages) {
   // The seated slots, the check images, the records.
   const std::tuple<std::string, int, int> cases[] = {{"", 0, 415},
