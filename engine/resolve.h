@@ -51,9 +51,9 @@ void ResolveBet(Game& game, int seat, int sign, int b);
 void FigurePayoff(Game& game, int p, int b, int sign, Currency amount);
 // Counts a decision of bet b in the live frames of player p (nothing for a push).
 void TallyBetResult(Game& game, int p, int b, Currency amount, Currency net);
-// Rolls between two calls of HoldStatTotals: far fewer than the decisions
-// that could carry a total from its limit past 64 bits (a bet of a player
-// has at most two a roll, each of at most kMoneyLimit).
+// Rolls between two calls of HoldStatTotals: a quarter of the rolls that
+// could carry a total from its limit past 64 bits (some 4,100: a bet of a
+// player has at most two decisions a roll, each of at most kMoneyLimit).
 constexpr Long kStatHoldRolls = 1024;
 // Holds every total of the session and all-sessions frames (wagered, won,
 // lost; a come bet's travel) within kStatTotalLimit, rather than let years

@@ -94,6 +94,11 @@ void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   }
 }
 
+// Between two holds a total grows by at most two decisions a roll of at
+// most kMoneyLimit each; four times that still leaves it inside 64 bits.
+static_assert(std::int64_t{4 * 2 * kStatHoldRolls} * kMoneyLimit.raw <=
+              std::numeric_limits<std::int64_t>::max() - kStatTotalLimit.raw);
+
 void HoldStatTotals(Game& g) {
   using TravelTable = decltype(Game::ComeTravelTotal);
   // The House never bets, and an empty seat has no decisions to add.
