@@ -3,10 +3,12 @@
 // scripts; rolls and hands of the table in each frame; the files the game
 // refers to with their present time stamps; the main table settings.
 #include <CLI/CLI.hpp>
+#include <charconv>
 #include <cmath>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <system_error>
 
 #include "app/cli/commands.h"
 #include "app/cli/game_file_options.h"
@@ -28,6 +30,9 @@ constexpr const char* kFrameCaption[kFrameCount] = {"Current hand", "Last hand",
                                                     "Last session", "All sessions"};
 
 double Money(Currency c) { return c.ToDouble(); }
+// Room for the shortest fixed-point text of any amount of the game (below
+// 10^15 dollars, with the digits a double needs after the point).
+constexpr std::size_t kShortestFixedChars = 64;
 
 nlohmann::json PlayerJson(const Game& g, int p) {
   nlohmann::json onTable = nlohmann::json::object(), stacks = nlohmann::json::object(),
@@ -105,9 +110,18 @@ nlohmann::json InfoJson(const Game& g) {
   return {{"players", players}, {"frames", frames}, {"files", files}, {"settings", settings}};
 }
 
-// An amount of the JSON as the game shows money.
+// An amount of the JSON as the game shows money. The double is read back
+// through its shortest decimal text, which gives the amount exactly where
+// the double holds it: scaled in doubles, an amount past some $900 billion
+// would come out a few ten-thousandths off.
 std::string Dollars(const nlohmann::json& amount) {
-  return "$" + FormatMoney(Currency::FromRaw(std::llround(amount.get<double>() * Currency::kScale)));
+  const double x = amount.get<double>();
+  char text[kShortestFixedChars];
+  const auto [end, error] = std::to_chars(text, text + sizeof text, x, std::chars_format::fixed);
+  const Currency c = error == std::errc{}
+                         ? ParseAmount(std::string_view(text, static_cast<std::size_t>(end - text)))
+                         : CurFromDouble(x);
+  return "$" + FormatMoney(c);
 }
 
 void PrintInfo(std::ostream& out, const nlohmann::json& info) {

@@ -412,6 +412,15 @@ TEST_F(CliFiles, InfoTellsPlayersFramesFilesAndSettings) {
   const auto text = Cli("info --data '" + dir.Path() + "' '" + Path("g.rvg") + "'").out;
   EXPECT_NE(text.find("Seat 3: Ann, bankroll $"), std::string::npos) << text;
   EXPECT_NE(text.find("Current session: 200 rolls"), std::string::npos) << text;
+  // Money past what a double holds in ten-thousandths reads exactly.
+  ASSERT_EQ(Run("--rolls 0 --player Ann --allow-negative Ann --bet Ann:101=99999999999999 "
+                "--bet Ann:102=0.0001 --save '" +
+                Path("s.rvg") + "'")
+                .exitCode,
+            0);
+  const auto stacks = Cli("info --data '" + dir.Path() + "' '" + Path("s.rvg") + "'").out;
+  EXPECT_NE(stacks.find("CheckStack 1 (): $99,999,999,999,999\n"), std::string::npos) << stacks;
+  EXPECT_NE(stacks.find("CheckStack 2 (): $.0001\n"), std::string::npos) << stacks;
 }
 
 // The trace lines of an output and its last line (the JSON summary) apart.
