@@ -71,10 +71,10 @@ screenshots: build
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/auto-play.png --view autoplay:10 \
 	  --player Alice=1000 --player Ben=1500 --player Carmen=800 --take-odds Alice --take-odds Carmen \
 	  --win-rule Alice:6 --win-rule Carmen:3 --lose-rule Alice:2 --lose-rule Carmen:2
-	rm -f $(BUILD)/screenshot.rll
-	$(BUILD)/app/ravelton --screenshot $(SHOTS)/new-session.png --view new --dice-file $(BUILD)/screenshot.rll
+	rm -f $(BUILD)/screenshot.rol
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/new-session.png --view new --dice-file $(BUILD)/screenshot.rol
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/show-path.png --view path --full-table \
-	  --dice-file $(BUILD)/screenshot.rll
+	  --dice-file $(BUILD)/screenshot.rol
 	$(BUILD)/app/ravelton-cli probability --set-face 1:6=20000 --set-total 7=18000 \
 	  --save $(BUILD)/skew.prb > /dev/null
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/configure-probability.png --view configure:8 \
