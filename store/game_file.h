@@ -24,7 +24,8 @@
 
 struct Game;
 
-// The bytes of the game as a game file; what SaveGame writes.
+// The bytes of the game as a game file; what SaveGame writes. Holds the
+// statistics totals first (HoldStatTotals), so that the file opens again.
 std::string GameFileBytes(Game& game);
 // Saves the game to path; sets the title and GameFilePath and clears
 // SessionDirty. False, with a message naming the file, when it could not be written.

@@ -26,8 +26,9 @@ bool AllCounts(const Cells& t) {
     if (!Count(c)) return false;
   return true;
 }
-// Money read from a file stays within kMoneyLimit (core/game.h).
-bool Money(Currency c) { return c >= -kMoneyLimit && c <= kMoneyLimit; }
+bool WithinLimit(Currency c, Currency limit) { return c >= -limit && c <= limit; }
+// Money read from a file stays within kMoneyLimit (core/currency.h).
+bool Money(Currency c) { return WithinLimit(c, kMoneyLimit); }
 bool PointOrNone(Long v) {
   for (Long n : {0, 4, 5, 6, 8, 9, 10})
     if (v == n) return true;
@@ -41,7 +42,7 @@ bool AllMoney(const Table& t) {
   return true;
 }
 
-bool Total(Currency c) { return c >= -kStatTotalLimit && c <= kStatTotalLimit; }
+bool Total(Currency c) { return WithinLimit(c, kStatTotalLimit); }
 
 // A statistics table: its totals hold up to their own, larger limit (long
 // play sums them beyond the money limit), every other figure is money.
@@ -60,9 +61,7 @@ template <class Table>
 bool BetRowsSound(const Table& t) {
   for (int p = 0; p <= 8; ++p)
     for (int b = 0; b <= kLastBetId; ++b) {
-      const Currency c = t(p, b);
-      const Currency limit = IsCheckStack(b) ? kCheckStackLimit : kMoneyLimit;
-      if (c < -limit || c > limit) return false;
+      if (!WithinLimit(t(p, b), IsCheckStack(b) ? kCheckStackLimit : kMoneyLimit)) return false;
     }
   return true;
 }
@@ -125,7 +124,7 @@ bool SeatSound(const Game& g, int p) {
     if (!Money(c)) return false;
   // The sum of the bankroll at every roll outgrows the money limit in play;
   // the roll holds it within a CheckStack's limit.
-  if (g.BankrollSum(p) < -kCheckStackLimit || g.BankrollSum(p) > kCheckStackLimit) return false;
+  if (!WithinLimit(g.BankrollSum(p), kCheckStackLimit)) return false;
   for (int k = 5; k <= 12; ++k)
     if (!Money(a.AdjustAmount(p, k))) return false;
   return true;
