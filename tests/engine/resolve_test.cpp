@@ -410,21 +410,15 @@ class PayoffMath : public ::testing::Test {
 
 TEST_F(PayoffMath, AutoSelectedOddsMaximum) {
   // Odds allowed on 4/10, 5/9 and 6/8 (0: the default), the number, the flat
-  // and the highest odds.
-  const long cases[][6] = {{0, 0, 0, 6, 10, 25},
-                           {0, 0, 0, 8, 5, 12},  // 2.5 x, 12.50 cut to the check
-                           {0, 1, 0, 5, 5, 6},  // single odds: 6 at 3 to 2 pays 9
-                           {0, 3, 0, 5, 5, 18},
-                           {3, 0, 0, 4, 5, 15},  // triple: 3 x RoundUp(5, 2)
-                           // Color push: 25 on a 6 pays 30 in red; a flat 9 leaves red for white;
-                           // a flat 3 is not held under (X + 1) x base; a 4 pays whole already.
-                           {0, 0, 2, 6, 10, 25},
-                           {0, 0, 2, 6, 9, 20},
-                           {0, 0, 2, 6, 3, 10},
-                           {0, 0, 2, 4, 10, 20},
-                           // Green rises to 250 (wins 300); 104 is no multiple of 5, so red: 225.
-                           {0, 0, 2, 6, 100, 250},
-                           {0, 0, 2, 6, 104, 225}};
+  // and the highest odds. 2.5 x 5 = 12.50 is cut to the check; single odds: 6
+  // at 3 to 2 pays 9; triple: 3 x RoundUp(5, 2).
+  // Color push: 25 on a 6 pays 30 in red; a flat 9 leaves red for white; a
+  // flat 3 is not held under (X + 1) x base; a 4 pays whole already. Green
+  // rises to 250 (wins 300); 104 is no multiple of 5, so red: 225.
+  const long cases[][6] = {{0, 0, 0, 6, 10, 25},   {0, 0, 0, 8, 5, 12},   {0, 1, 0, 5, 5, 6},
+                           {0, 3, 0, 5, 5, 18},    {3, 0, 0, 4, 5, 15},   {0, 0, 2, 6, 10, 25},
+                           {0, 0, 2, 6, 9, 20},    {0, 0, 2, 6, 3, 10},   {0, 0, 2, 4, 10, 20},
+                           {0, 0, 2, 6, 100, 250}, {0, 0, 2, 6, 104, 225}};
   for (const auto& c : cases) {
     SetDefaultSettings(g);
     if (c[0]) g.rules.OddsAllowed410 = Currency::FromWhole(c[0]);

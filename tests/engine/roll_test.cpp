@@ -177,13 +177,12 @@ TEST_F(StateMachine, BarNumberDecidesWhichComeOutCrapsIsMissedAtTheBar) {
       if (it->path == "call13" || it->path == "call14" || it->path == "call15") return it->path;
     return std::string();
   };
-  Roll(6, 6);
-  EXPECT_EQ(lastCall(), "call15");
-  Roll(1, 1);
-  EXPECT_EQ(lastCall(), "call14");
-  g.rules.BarNumber = 2;
-  Roll(1, 1);
-  EXPECT_EQ(lastCall(), "call15");
+  // The bar, the come-out craps and the stick's call.
+  for (auto [bar, die, call] : {std::tuple{12, 6, "call15"}, {12, 1, "call14"}, {2, 1, "call15"}}) {
+    g.rules.BarNumber = bar;
+    Roll(die, die);
+    EXPECT_EQ(lastCall(), call) << bar << " " << die;
+  }
   EXPECT_EQ(g.MissesThisHand, 3);
   EXPECT_EQ(g.TotalsTally(kTableHand, 12, kTotalsMiss), 1);
 }
