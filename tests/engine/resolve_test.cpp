@@ -115,11 +115,8 @@ TEST_F(Resolve, PlaceBuyAndLayWithVigUpFrontOrOnWinsOnly) {
   g.autoplay.HandleLosingBets(3) = 1;
   // 5 x 7/6 = 5.8333 is cut to 5; the Buy's vig of 1 is paid up front, the
   // Lay wins 20 less a vig of 1.
-  Put({{1, PlaceId(6), 12},
-       {1, PlaceId(5), 5},
-       {1, PlaceId(8), 5},
-       {2, BuyId(4), 20},
-       {3, LayId(4), 40}});
+  Put({{1, PlaceId(6), 12}, {1, PlaceId(5), 5}, {1, PlaceId(8), 5}});
+  Put({{2, BuyId(4), 20}, {3, LayId(4), 40}});
   EXPECT_EQ(g.TotalBets(2), 21_usd);
   for (auto [d1, d2, won] : {std::tuple{3, 3, 14}, {2, 3, 21}, {4, 4, 26}}) {
     Decide(d1, d2, 4);
@@ -299,15 +296,9 @@ TEST_F(Resolve, DecisionsFollowThePassesAndTheStickOrder) {
   Seat(8, "P8");
   g.roll.LogOn = true;
   PointOn(4);
-  Put({{1, kPassLine, 10},
-       {2, kPassLine, 10},
-       {3, kPassLine, 10},
-       {8, kPassLine, 10},
-       {8, kPassLineOdds, 20},
-       {7, kDontPass, 10},
-       {2, kSeven, 1},
-       {2, kField, 1},
-       {3, LayId(4), 40}});
+  Put({{1, kPassLine, 10}, {2, kPassLine, 10}, {3, kPassLine, 10}, {8, kPassLine, 10}});
+  Put({{8, kPassLineOdds, 20}, {7, kDontPass, 10}, {2, kSeven, 1}, {2, kField, 1}});
+  Put(3, LayId(4), 40);
   Decide(3, 4, 4);
   // Seats from the stick's ends inward: 1, 8, 2, 7, 3 ...
   const std::string want =
@@ -325,10 +316,13 @@ TEST_F(Resolve, DecisionsFollowThePassesAndTheStickOrder) {
 }
 
 // The decisions look only at the seats holding each bet and at the bets a
-// roll can decide. Held against the plain visit of every seat for every bet
-// id over many seeded rolls, with every kind of bet on every seat, working
-// flags called on and off, every settling rule and both bars and vig rules,
-// the game must come out the same to the last figure.
+// roll can decide, and a table whose bets the roll can decide are only the
+// Pass Line and its odds is decided without gathering the holders. Held
+// against the plain visit of every seat for every bet id over many seeded
+// rolls, first with every kind of bet on every seat, working flags called on
+// and off, every settling rule and both bars and vig rules, then with line
+// bets on every seat (now and then another bet beside them) and their odds
+// called on and off, the game must come out the same to the last figure.
 TEST_F(Resolve, ShortcutsDecideAsTheVisitOfEverySeatAndBet) {
   for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
   auto plainOwner = std::make_unique<Game>();
@@ -336,8 +330,21 @@ TEST_F(Resolve, ShortcutsDecideAsTheVisitOfEverySeatAndBet) {
   std::mt19937 rng(20261124);
   auto pick = [&rng](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
   constexpr int kRolls = 3000, kRollsPerRuleSet = 250, kNewBetsPerSeat = 3, kLastRule = 7;
+  constexpr int kLineRolls = 1500, kOtherBetEvery = 6;
   constexpr int kPoints[] = {0, 4, 5, 6, 8, 9, 10};
-  for (int roll = 0; roll < kRolls; ++roll) {
+  constexpr unsigned kSeated = 0x1FEu;  // players 1..8
+  // Rolls seeded dice, then `decide` works them on the game and on its copy.
+  auto rollBoth = [&](int roll, auto&& decide) {
+    const int d1 = 1 + pick(6), d2 = 1 + pick(6), point = kPoints[pick(7)];
+    SCOPED_TRACE(testing::Message() << "roll " << roll << ": " << d1 << "-" << d2 << ", point "
+                                    << point);
+    SetRoll(g, d1, d2, point);
+    plain = g;
+    decide();
+    ASSERT_TRUE(g.Bet == plain.Bet && g.StatAction == plain.StatAction);
+    ASSERT_TRUE(g == plain);
+  };
+  for (int roll = 0; roll < kRolls && !HasFatalFailure(); ++roll) {
     if (roll % kRollsPerRuleSet == 0) {
       g.rules.BarNumber = pick(2) == 0 ? 2 : 12;
       g.rules.LayVigUpFront = pick(2) == 0;
@@ -353,32 +360,12 @@ TEST_F(Resolve, ShortcutsDecideAsTheVisitOfEverySeatAndBet) {
       g.BetWorking(p, 1 + pick(kLastRealBet)) = pick(4) - 1;  // -1 called off .. 2 called on
       g.Bet(p, bet::kBankroll) = kStake;                      // nobody runs out of money
     }
-    const int d1 = 1 + pick(6), d2 = 1 + pick(6), point = kPoints[pick(7)];
-    SCOPED_TRACE(testing::Message() << "roll " << roll << ": " << d1 << "-" << d2 << ", point "
-                                    << point);
-    SetRoll(g, d1, d2, point);
-    plain = g;
-    DecideBets(g);
-    DecideBetsVisitingAll(plain);
-    ASSERT_TRUE(g.Bet == plain.Bet && g.StatAction == plain.StatAction);
-    ASSERT_TRUE(g == plain);
+    rollBoth(roll, [&] {
+      DecideBets(g);
+      DecideBetsVisitingAll(plain);
+    });
   }
-}
-
-// A table whose bets the roll can decide are only the Pass Line and its
-// odds is decided without gathering the holders. Held against the plain
-// visit over seeded rolls of line bets on every seat (now and then with
-// another bet beside them), odds called on and off and every settling rule.
-TEST_F(Resolve, LineBetsAloneDecideAsTheVisitOfEverySeatAndBet) {
-  for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
-  auto plainOwner = std::make_unique<Game>();
-  Game& plain = *plainOwner;
-  std::mt19937 rng(20261125);
-  auto pick = [&rng](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
-  constexpr int kRolls = 1500, kLastRule = 7, kOtherBetEvery = 6;
-  constexpr int kPoints[] = {0, 4, 5, 6, 8, 9, 10};
-  constexpr unsigned kSeated = 0x1FEu;  // players 1..8
-  for (int roll = 0; roll < kRolls; ++roll) {
+  for (int roll = 0; roll < kLineRolls && !HasFatalFailure(); ++roll) {
     for (int p = 1; p <= 8; ++p) {
       for (int b = 1; b <= kLastRealBet; ++b) g.Bet(p, b) = Currency{};
       g.TotalBets(p) = Currency{};
@@ -386,7 +373,7 @@ TEST_F(Resolve, LineBetsAloneDecideAsTheVisitOfEverySeatAndBet) {
       g.autoplay.HandleLosingBets(p) = pick(kLastRule + 1);
       if (pick(3) != 0) Put(p, kPassLine, 1 + pick(30));
       if (pick(2) != 0) Put(p, kPassLineOdds, 1 + pick(60));
-      g.BetWorking(p, kPassLineOdds) = pick(4) - 1;  // -1 called off .. 2 called on
+      g.BetWorking(p, kPassLineOdds) = pick(4) - 1;
       g.Bet(p, bet::kBankroll) = kStake;
       // Every seat read whole as the roll begins.
       g.roll.BetIdsTakenAtRoll[static_cast<std::size_t>(p)] = {};
@@ -394,18 +381,13 @@ TEST_F(Resolve, LineBetsAloneDecideAsTheVisitOfEverySeatAndBet) {
     }
     if (pick(kOtherBetEvery) == 0) Put(1 + pick(8), 1 + pick(kLastRealBet), 1 + pick(30));
     g.roll.HeldBetIdsUnknown = ~0u;
-    const int d1 = 1 + pick(6), d2 = 1 + pick(6), point = kPoints[pick(7)];
-    SCOPED_TRACE(testing::Message() << "roll " << roll << ": " << d1 << "-" << d2 << ", point "
-                                    << point);
-    SetRoll(g, d1, d2, point);
-    plain = g;
-    DecideRolledBets(g, kSeated);
-    DecideBetsVisitingAll(plain);
-    // What the roll learnt of the held bets is its own.
-    plain.roll.HeldBetIds = g.roll.HeldBetIds;
-    plain.roll.HeldBetIdsUnknown = g.roll.HeldBetIdsUnknown;
-    ASSERT_TRUE(g.Bet == plain.Bet && g.StatAction == plain.StatAction);
-    ASSERT_TRUE(g == plain);
+    rollBoth(roll, [&] {
+      DecideRolledBets(g, kSeated);
+      DecideBetsVisitingAll(plain);
+      // What the roll learnt of the held bets is its own.
+      plain.roll.HeldBetIds = g.roll.HeldBetIds;
+      plain.roll.HeldBetIdsUnknown = g.roll.HeldBetIdsUnknown;
+    });
   }
 }
 
@@ -428,21 +410,15 @@ class PayoffMath : public ::testing::Test {
 
 TEST_F(PayoffMath, AutoSelectedOddsMaximum) {
   // Odds allowed on 4/10, 5/9 and 6/8 (0: the default), the number, the flat
-  // and the highest odds.
-  const long cases[][6] = {{0, 0, 0, 6, 10, 25},
-                           {0, 0, 0, 8, 5, 12},  // 2.5 x, 12.50 cut to the check
-                           {0, 1, 0, 5, 5, 6},  // single odds: 6 at 3 to 2 pays 9
-                           {0, 3, 0, 5, 5, 18},
-                           {3, 0, 0, 4, 5, 15},  // triple: 3 x RoundUp(5, 2)
-                           // Color push: 25 on a 6 pays 30 in red; a flat 9 leaves red for white;
-                           // a flat 3 is not held under (X + 1) x base; a 4 pays whole already.
-                           {0, 0, 2, 6, 10, 25},
-                           {0, 0, 2, 6, 9, 20},
-                           {0, 0, 2, 6, 3, 10},
-                           {0, 0, 2, 4, 10, 20},
-                           // Green rises to 250 (wins 300); 104 is no multiple of 5, so red: 225.
-                           {0, 0, 2, 6, 100, 250},
-                           {0, 0, 2, 6, 104, 225}};
+  // and the highest odds. 2.5 x 5 = 12.50 is cut to the check; single odds: 6
+  // at 3 to 2 pays 9; triple: 3 x RoundUp(5, 2).
+  // Color push: 25 on a 6 pays 30 in red; a flat 9 leaves red for white; a
+  // flat 3 is not held under (X + 1) x base; a 4 pays whole already. Green
+  // rises to 250 (wins 300); 104 is no multiple of 5, so red: 225.
+  const long cases[][6] = {{0, 0, 0, 6, 10, 25},   {0, 0, 0, 8, 5, 12},   {0, 1, 0, 5, 5, 6},
+                           {0, 3, 0, 5, 5, 18},    {3, 0, 0, 4, 5, 15},   {0, 0, 2, 6, 10, 25},
+                           {0, 0, 2, 6, 9, 20},    {0, 0, 2, 6, 3, 10},   {0, 0, 2, 4, 10, 20},
+                           {0, 0, 2, 6, 100, 250}, {0, 0, 2, 6, 104, 225}};
   for (const auto& c : cases) {
     SetDefaultSettings(g);
     if (c[0]) g.rules.OddsAllowed410 = Currency::FromWhole(c[0]);

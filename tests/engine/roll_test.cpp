@@ -177,13 +177,12 @@ TEST_F(StateMachine, BarNumberDecidesWhichComeOutCrapsIsMissedAtTheBar) {
       if (it->path == "call13" || it->path == "call14" || it->path == "call15") return it->path;
     return std::string();
   };
-  Roll(6, 6);
-  EXPECT_EQ(lastCall(), "call15");
-  Roll(1, 1);
-  EXPECT_EQ(lastCall(), "call14");
-  g.rules.BarNumber = 2;
-  Roll(1, 1);
-  EXPECT_EQ(lastCall(), "call15");
+  // The bar, the come-out craps and the stick's call.
+  for (auto [bar, die, call] : {std::tuple{12, 6, "call15"}, {12, 1, "call14"}, {2, 1, "call15"}}) {
+    g.rules.BarNumber = bar;
+    Roll(die, die);
+    EXPECT_EQ(lastCall(), call) << bar << " " << die;
+  }
   EXPECT_EQ(g.MissesThisHand, 3);
   EXPECT_EQ(g.TotalsTally(kTableHand, 12, kTotalsMiss), 1);
 }
@@ -353,19 +352,24 @@ class RollChecks : public RollFixture {
     EXPECT_FALSE(platform.messages.empty());
     return platform.messages.back();
   }
+  // A roll that a check stops: the session's rolls stay at `rolls`, and the
+  // last message is `text`.
+  void ExpectStopped(Long rolls, const std::string& text) {
+    RollDice(g);
+    EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), rolls);
+    EXPECT_EQ(LastMessage().text, text);
+  }
   const std::string kReset = "Select \"New\" from the \"Game\" menu to reset the table.";
 };
 
 TEST_F(RollChecks, ABetRequirementWithoutPlayersStopsBeforeTheDice) {
   g.rules.BetRequirement = kLineBetRequired;
   ASSERT_TRUE(QueueDice(g, 5, 5));
-  RollDice(g);
-  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 0);
+  ExpectStopped(0,
+                "No players are available to bet.\r\rPlease enter a player or change the "
+                "requirement to make a bet on the 'Bets tab' of the configuration screen.");
   EXPECT_EQ(g.roll.QueuedCount, 1);
   EXPECT_FALSE(g.RollBusy);
-  EXPECT_EQ(LastMessage().text,
-            "No players are available to bet.\r\rPlease enter a player or change the requirement "
-            "to make a bet on the 'Bets tab' of the configuration screen.");
 }
 
 TEST_F(RollChecks, ALineBetRequirementNamesTheShooter) {
@@ -397,21 +401,17 @@ TEST_F(RollChecks, TheRollAndBankrollLimitsStopTheNextRoll) {
   g.RollTally(kTableSession, kEventRolls) = 99'999'999;
   Roll(2, 3);
   EXPECT_TRUE(platform.messages.empty());
-  RollDice(g);
-  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 100'000'000);
-  EXPECT_EQ(LastMessage().text,
-            "Sorry ... the maximum limit of 100,000,000 rolls has been reached.\r\r" + kReset);
+  ExpectStopped(100'000'000,
+                "Sorry ... the maximum limit of 100,000,000 rolls has been reached.\r\r" + kReset);
 
   // All sessions together stop where their counts still fit a Long.
   g.RollTally(kTableSession, kEventRolls) = 5;
   g.RollTally(kTableAllSessions, kEventRolls) = kAllSessionsRollLimit - 1;
   Roll(2, 3);
   EXPECT_EQ(g.RollTally(kTableAllSessions, kEventRolls), kAllSessionsRollLimit);
-  RollDice(g);
-  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 6);
-  EXPECT_EQ(LastMessage().text,
-            "Sorry ... the maximum limit of 2,047,483,647 rolls in all sessions has been "
-            "reached.\r\r" + kReset);
+  ExpectStopped(6,
+                "Sorry ... the maximum limit of 2,047,483,647 rolls in all sessions has been "
+                "reached.\r\r" + kReset);
 
   g.RollTally(kTableSession, kEventRolls) = g.RollTally(kTableAllSessions, kEventRolls) = 0;
   Seat(1, "Ann");
@@ -419,16 +419,10 @@ TEST_F(RollChecks, TheRollAndBankrollLimitsStopTheNextRoll) {
   Roll(1, 2);  // exactly the limit still rolls
   const auto shown = platform.messages.size();
   g.Bet(1, bet::kBankroll) = Currency::FromWhole(9'999'999) + Currency::FromRaw(1);
-  RollDice(g);
-  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
+  ExpectStopped(1, "Congratulations!\r\rAnn broke the bank limit of $9,999,999\r\r" + kReset);
   EXPECT_EQ(platform.messages.size(), shown + 1);
-  EXPECT_EQ(LastMessage().text,
-            "Congratulations!\r\rAnn broke the bank limit of $9,999,999\r\r" + kReset);
   g.Bet(1, bet::kBankroll) = -(Currency::FromWhole(9'999'999) + Currency::FromRaw(1));
-  RollDice(g);
-  EXPECT_EQ(g.RollTally(kTableSession, kEventRolls), 1);
-  EXPECT_EQ(LastMessage().text,
-            "Sorry ... \r\rAnn has exceeded the max loss limit of $9,999,999\r\r" + kReset);
+  ExpectStopped(1, "Sorry ... \r\rAnn has exceeded the max loss limit of $9,999,999\r\r" + kReset);
 }
 
 TEST_F(RollChecks, BankrollRecordsFollowEveryRoll) {

@@ -70,11 +70,8 @@ TEST_F(Settle, BetsThatMayNotStayComeDownWhateverTheRule) {
   g.autoplay.HandleWinningBets(2) = 5;  // Parlay
   g.autoplay.HandleLosingBets(3) = 2;   // Same Bet
   PointOn(8);
-  Put(1, ComeId(8), 10);
-  Put(1, DontComeId(9), 10);
-  Put(1, DontComeId(9) + 6, 30);
-  Put(3, kPassLine, 10);
-  Put(3, kPassLineOdds, 25);
+  Put({{1, ComeId(8), 10}, {1, DontComeId(9), 10}, {1, DontComeId(9) + 6, 30}});
+  Put({{3, kPassLine, 10}, {3, kPassLineOdds, 25}});
   Decide(4, 4, 8);
   EXPECT_TRUE(g.Bet(1, ComeId(8)).IsZero());  // a Come point without Put bets
   EXPECT_EQ(Won(1), 10_usd);
@@ -91,19 +88,15 @@ TEST_F(Settle, BetsThatMayNotStayComeDownWhateverTheRule) {
 }
 
 TEST_F(Settle, OddsThatWerentWorkingComeBack) {
-  // The flat's remainder of a whole loss is nothing, so the odds come back.
+  // Player 1: the flat's remainder of a whole loss is nothing, so the odds
+  // come back. Player 2: Same Bet keeps the flat, and the odds stay under the
+  // same rule. Player 3: rule 4 presses the flat by a unit and doubles the
+  // idle odds, up to their maximum of twice the flat.
   g.autoplay.HandleLosingBets(1) = 3;
-  Put(1, ComeId(5), 10);
-  Put(1, ComeId(5) + 6, 20);
-  // Same Bet keeps the flat, and the odds stay under the same rule.
   g.autoplay.HandleLosingBets(2) = 2;
-  Put(2, ComeId(6), 10);
-  Put(2, ComeId(6) + 6, 25);
-  // Rule 4 presses the flat by a unit and doubles the idle odds, up to
-  // their maximum of twice the flat.
   g.autoplay.HandleLosingBets(3) = 4;
-  Put(3, ComeId(9), 10);
-  Put(3, ComeId(9) + 6, 20);
+  Put({{1, ComeId(5), 10}, {1, ComeId(5) + 6, 20}, {2, ComeId(6), 10}, {2, ComeId(6) + 6, 25}});
+  Put({{3, ComeId(9), 10}, {3, ComeId(9) + 6, 20}});
   Decide(4, 3, 0);
   EXPECT_EQ(Won(1), -10_usd);
   EXPECT_TRUE(g.TotalBets(1).IsZero());
@@ -121,10 +114,7 @@ TEST_F(Settle, ParlayOfALayAndManualRulesInHyperDrive) {
   g.autoplay.HandleWinningBets(2) = 0;
   g.autoplay.HandleLosingBets(3) = 0;
   PointOn(6);
-  Put(1, LayId(4), 40);
-  Put(2, PlaceId(8), 12);
-  Put(3, PlaceId(8), 12);
-  Put(3, kPassLine, 10);
+  Put({{1, LayId(4), 40}, {2, PlaceId(8), 12}, {3, PlaceId(8), 12}, {3, kPassLine, 10}});
   Decide(4, 4, 6);
   EXPECT_TRUE(g.Bet(2, PlaceId(8)).IsZero());
   Decide(3, 4, 6);
@@ -156,11 +146,8 @@ TEST_F(Settle, ActionNoticesTellWhatBecameOfTheBet) {
 TEST_F(Settle, ComeAndDontComeTravelToTheirNumber) {
   g.autoplay.AutoDownPlaceBets(1) = true;
   PointOn(6);
-  Put(1, kCome, 10);
-  Put(1, PlaceId(5), 10);
-  Put(1, BuyId(5), 20);
-  Put(2, kDontCome, 15);
-  Put(2, PlaceId(5), 10);
+  Put({{1, kCome, 10}, {1, PlaceId(5), 10}, {1, BuyId(5), 20}});
+  Put({{2, kDontCome, 15}, {2, PlaceId(5), 10}});
   Decide(1, 4, 6);
   EXPECT_TRUE(g.Bet(1, kCome).IsZero());
   EXPECT_EQ(g.BetContract(1, ComeId(5)), 10_usd);
@@ -181,10 +168,7 @@ TEST_F(Settle, ComeAndDontComeTravelToTheirNumber) {
 TEST_F(Settle, PointActionsTakeThePlaceBetOnThePointDown) {
   g.rules.BetRequirement = 0;
   g.autoplay.AutoDownPlaceBets(1) = g.autoplay.AutoDownPlaceBets(2) = true;
-  Put(1, kPassLine, 10);
-  Put(1, PlaceId(8), 12);
-  Put(2, kDontPass, 10);
-  Put(2, PlaceId(8), 12);
+  Put({{1, kPassLine, 10}, {1, PlaceId(8), 12}, {2, kDontPass, 10}, {2, PlaceId(8), 12}});
   ASSERT_TRUE(QueueDice(g, 5, 3));
   RollDice(g);
   EXPECT_TRUE(g.Bet(1, PlaceId(8)).IsZero());
@@ -266,8 +250,7 @@ TEST_F(SettleDialogs, LosersPushesAndTheirLines) {
 }
 
 TEST_F(SettleDialogs, OddsThatWerentWorking) {
-  Put(1, ComeId(5), 10);
-  Put(1, ComeId(5) + 6, 20);
+  Put({{1, ComeId(5), 10}, {1, ComeId(5) + 6, 20}});
   // The lost flat and the returned odds both stay up (Same Bet).
   platform.queuedSettleButtons = {1, 1};
   Decide(3, 4, 0);
@@ -280,8 +263,7 @@ TEST_F(SettleDialogs, OddsThatWerentWorking) {
 TEST_F(SettleDialogs, BetsThatMustComeDownOfferOnlyTheFirstButton) {
   PointOn(6);
   g.autoplay.LastWinButton(1) = 4;
-  Put(1, DontComeId(9), 10);
-  Put(1, DontComeId(9) + 6, 15);
+  Put({{1, DontComeId(9), 10}, {1, DontComeId(9) + 6, 15}});
   Decide(3, 4, 6);
   ASSERT_EQ(platform.settleDialogs.size(), 2u);
   for (const SettleDialog& d : platform.settleDialogs) {

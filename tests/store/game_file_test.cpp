@@ -240,34 +240,32 @@ const std::set<std::string_view> kSeatTablesNotStored = {
     "ScriptTopLine", "ScriptLeftColumn", "ScriptSelStartColumn", "ScriptSelEndColumn",
     "ScriptSelStartLine", "ScriptSelEndLine"};
 
-// Copies into `expected` what the file does not keep, from the reopened game.
-void CopyNotStored(Game& expected, const Game& loaded) {
+// Copies slot p's rows of every seat table from `loaded` into `expected`.
+void CopySlot(Game& expected, const Game& loaded, int p) {
   ForEachSeatTable(
-      [](const char* name, auto axis, SeatReset, auto& e, const auto& l) {
-        if (kSeatTablesNotStored.count(name)) {
-          e = l;
-          return;
-        }
-        // Slot 0 (the House) has no player block.
+      [p](const char*, auto axis, SeatReset, auto& e, const auto& l) {
         for (int frame = 0; frame < SeatFrames(axis); ++frame) {
-          auto from = SeatRow(l, 0, frame);
-          std::copy(from.begin(), from.end(), SeatRow(e, 0, frame).begin());
+          auto from = SeatRow(l, p, frame);
+          std::copy(from.begin(), from.end(), SeatRow(e, p, frame).begin());
         }
       },
       expected, loaded);
+}
+
+// Copies into `expected` what the file does not keep, from the reopened game.
+void CopyNotStored(Game& expected, const Game& loaded) {
+  ForEachSeatTable(
+      [](const char* name, auto, SeatReset, auto& e, const auto& l) {
+        if (kSeatTablesNotStored.count(name)) e = l;
+      },
+      expected, loaded);
+  CopySlot(expected, loaded, 0);  // slot 0 (the House) has no player block
   // Partly kept tables: bet 0 and column 0 of the statistics, trend and
   // contract of bet 0, the operators and units of the rows the file skips.
-  for (int i = 0; i <= kLastFrameIndex; ++i)
-    for (int b = 0; b <= 100; ++b) {
-      expected.StatAction(i, b, 0) = loaded.StatAction(i, b, 0);
-      expected.StatWins(i, b, 0) = loaded.StatWins(i, b, 0);
-      expected.StatLosses(i, b, 0) = loaded.StatLosses(i, b, 0);
-      if (b == 0)
-        for (int k = 0; k <= 6; ++k) {
-          expected.StatAction(i, 0, k) = loaded.StatAction(i, 0, k);
-          expected.StatWins(i, 0, k) = loaded.StatWins(i, 0, k);
-          expected.StatLosses(i, 0, k) = loaded.StatLosses(i, 0, k);
-        }
+  for (auto stat : {&Game::StatAction, &Game::StatWins, &Game::StatLosses})
+    for (int i = 0; i <= kLastFrameIndex; ++i) {
+      for (int b = 0; b <= 100; ++b) (expected.*stat)(i, b, 0) = (loaded.*stat)(i, b, 0);
+      for (int k = 0; k <= 6; ++k) (expected.*stat)(i, 0, k) = (loaded.*stat)(i, 0, k);
     }
   for (int p = 0; p <= 8; ++p) {
     expected.BetTrend(p, 0, 0) = loaded.BetTrend(p, 0, 0);
@@ -279,16 +277,15 @@ void CopyNotStored(Game& expected, const Game& loaded) {
   // Whole-table values figured again on reading.
   for (int g = 0; g <= kLongGap; ++g) expected.GapTally(0, g) = loaded.GapTally(0, g);
   expected.RollsSince.Set(0, loaded.RollsSince(0));
-  for (int b = 0; b <= 100; ++b) expected.PayoffTbl(0, b) = loaded.PayoffTbl(0, b);
-  for (int k = 0; k <= 3; ++k) {
-    expected.PayoffTbl(k, 0) = loaded.PayoffTbl(k, 0);
-    expected.FieldPayoff(k, 0) = loaded.FieldPayoff(k, 0);
-    expected.MidwayPayoff(k, 0) = loaded.MidwayPayoff(k, 0);
-    expected.FirePayoff(k, 0) = loaded.FirePayoff(k, 0);
-  }
-  for (int b = 0; b <= 21; ++b) expected.FieldPayoff(0, b) = loaded.FieldPayoff(0, b);
-  for (int b = 0; b <= 5; ++b) expected.MidwayPayoff(0, b) = loaded.MidwayPayoff(0, b);
-  for (int b = 0; b <= 6; ++b) expected.FirePayoff(0, b) = loaded.FirePayoff(0, b);
+  // Row 0 and column 0 of a payoff table of `rows` rows.
+  auto figured = [](auto& e, const auto& l, int rows) {
+    for (int b = 0; b <= rows; ++b) e(0, b) = l(0, b);
+    for (int k = 0; k <= 3; ++k) e(k, 0) = l(k, 0);
+  };
+  figured(expected.PayoffTbl, loaded.PayoffTbl, 100);
+  figured(expected.FieldPayoff, loaded.FieldPayoff, 21);
+  figured(expected.MidwayPayoff, loaded.MidwayPayoff, 5);
+  figured(expected.FirePayoff, loaded.FirePayoff, 6);
   // The exchange amount is kept in the player blocks only.
   if (expected.PlayerCount == 0) expected.betting.AtmAmount = loaded.betting.AtmAmount;
   expected.rules.PrintColors[2] = loaded.rules.PrintColors[2];
@@ -402,16 +399,7 @@ TEST_F(GameFile, EverySavedTableComesBackWholeAndSavesToTheSameBytes) {
     // The empty seats of the file are fresh seats of the reopened game.
     auto expected = std::make_unique<Game>(*original);
     for (int p = 1; p <= 8; ++p)
-      if (expected->PlayerName[p].empty()) {
-        ForEachSeatTable(
-            [p](const char*, auto axis, SeatReset, auto& e, const auto& l) {
-              for (int frame = 0; frame < SeatFrames(axis); ++frame) {
-                auto from = SeatRow(l, p, frame);
-                std::copy(from.begin(), from.end(), SeatRow(e, p, frame).begin());
-              }
-            },
-            *expected, *loaded);
-      }
+      if (expected->PlayerName[p].empty()) CopySlot(*expected, *loaded, p);
     expected->PlayerCount = loaded->PlayerCount;
     CopyNotStored(*expected, *loaded);
     EXPECT_EQ(Differences(*expected, *loaded), std::vector<std::string>{}) << names[2];
@@ -452,10 +440,11 @@ TEST_F(GameFile, LengthFollowsPlayersAndCheckImages) {
 }
 
 // A little-endian field of record n (from 1) at byte `at`.
-std::int64_t Field(const std::string& bytes, int record, int at, int width) {
+std::int64_t Field(const std::string& bytes, std::int64_t record, std::int64_t at,
+                   std::int64_t width) {
   const auto* p = reinterpret_cast<const unsigned char*>(bytes.data()) + (record - 1) * 256 + at;
-  const std::uint64_t v = GetLE(p, width);
-  const int shift = 64 - 8 * width;
+  const std::uint64_t v = GetLE(p, static_cast<int>(width));
+  const int shift = static_cast<int>(64 - 8 * width);
   return static_cast<std::int64_t>(v << shift) >> shift;
 }
 
@@ -470,23 +459,20 @@ TEST_F(GameFile, RecordsSitWhereTheLayoutPutsThem) {
   // Header, padded with blanks to 200.
   EXPECT_EQ(bytes.substr(0, 39), "Ravelton Pro Game File, Data Format 1.0");
   EXPECT_EQ(bytes.substr(39, 161), std::string(161, ' '));
-  EXPECT_EQ(Field(bytes, 5, 0, 4), 2);  // PlayerCount
-  EXPECT_EQ(Field(bytes, 5, 76, 4), 26);  // CheckImageCount
   // RollsSince: 32 a record over records 93-95, 27 in the last, rest zeros.
-  EXPECT_EQ(Field(bytes, 93, 0, 4), 1000);
-  EXPECT_EQ(Field(bytes, 95, 26 * 4, 4), 1090);
   EXPECT_EQ(bytes.substr(94 * 256 + 27 * 4, 256 - 27 * 4), std::string(256 - 27 * 4, '\0'));
-  // Blocks by count: slot 2 first, then 7, each with its slot as Long-as-Currency.
-  EXPECT_EQ(Field(bytes, 416, 0, 8), 2 * 10000);
-  EXPECT_EQ(bytes.substr(416 * 256, 3), "Ann");
-  EXPECT_EQ(Field(bytes, 416 + 458, 0, 8), 7 * 10000);
-  // Bet(7, 32) is the 33rd value: first of the block's second bet record.
-  EXPECT_EQ(Field(bytes, 416 + 458 + 7, 0, 8), 32 * 10000);
-  // The delay of record 414 and the check images behind the last block.
-  EXPECT_EQ(Field(bytes, 414, 24, 8), 12 * 10000);
-  const int images = 415 + 2 * 458 + 1;
-  EXPECT_EQ(Field(bytes, images, 0, 2), 7);
-  EXPECT_EQ(Field(bytes, images, 6, 2), -3);
+  EXPECT_EQ(bytes.substr(416 * 256, 3), "Ann");  // the first block is slot 2's
+  const int images = 415 + 2 * 458 + 1;  // the check images behind the last block
+  // Record, byte, width and value: PlayerCount and CheckImageCount; the first
+  // and last RollsSince; the blocks by count, slot 2 first, then 7, each with
+  // its slot as Long-as-Currency, and Bet(7, 32), the first value of the
+  // block's second bet record; the Hyper-Drive delay; the first check image.
+  const std::int64_t fields[][4] = {
+      {5, 0, 4, 2}, {5, 76, 4, 26}, {93, 0, 4, 1000}, {95, 26 * 4, 4, 1090},
+      {416, 0, 8, 2 * 10000}, {416 + 458, 0, 8, 7 * 10000}, {416 + 458 + 7, 0, 8, 32 * 10000},
+      {414, 24, 8, 12 * 10000}, {images, 0, 2, 7}, {images, 6, 2, -3}};
+  for (const auto& f : fields)
+    EXPECT_EQ(Field(bytes, f[0], f[1], f[2]), f[3]) << "record " << f[0] << " byte " << f[1];
 }
 
 // Writes a game, changes one field of its bytes, opens it into a new game.
