@@ -27,8 +27,7 @@ class CheckStacksTest : public QObject {
 
  private slots:
   void gridShowsStacksByTheDisplayRule();
-  void typingInACellReachesTheGameAtOnce();
-  void clipboardItemsAndDeleteAllWorkOnTheGame();
+  void typingTheClipboardAndDeleteAllWorkOnTheGame();
   void visibleStacksMustDiffer();
   void printGoesToThePrinter();
   void printoutsBreakIntoPagesAndPlacePictures();
@@ -95,7 +94,9 @@ void CheckStacksTest::gridShowsStacksByTheDisplayRule() {
   QCOMPARE(Cell(form, 7, kName), QString());
 }
 
-void CheckStacksTest::typingInACellReachesTheGameAtOnce() {
+// Typing in a cell reaches the game at once; the clipboard items and Delete
+// All work on the game too.
+void CheckStacksTest::typingTheClipboardAndDeleteAllWorkOnTheGame() {
   DesktopTable t(1);
   Game& g = *t.game;
   CheckStacksForm* form = Open(t);
@@ -117,15 +118,10 @@ void CheckStacksTest::typingInACellReachesTheGameAtOnce() {
   QCOMPARE(grid->currentRow(), 6);
   for (int i = 0; i < 12; ++i) QTest::keyClick(Editor(grid), Qt::Key_PageDown);
   QCOMPARE(grid->currentRow(), 99);
-}
 
-void CheckStacksTest::clipboardItemsAndDeleteAllWorkOnTheGame() {
-  DesktopTable t(1);
-  Game& g = *t.game;
   Stack(g, 1, 2) = Currency::FromRaw(255000);  // 25.5
   g.CheckStackName(1, 2) = "Pressed";
-  CheckStacksForm* form = Open(t);
-  QTableWidget* grid = form->Grid();
+  form = Open(t);
   grid->setCurrentCell(2, kValue);
   Trigger(form, "mnuCut");
   QCOMPARE(QApplication::clipboard()->text(), QString("25.5"));

@@ -36,21 +36,17 @@ class ConfigureTest : public QObject {
   TempFolder folder_;
 
  private slots:
-  void opensOnTheGamesValues();
-  void eachKindOfControlReachesTheGame();
+  void opensOnTheGamesValuesAndEachKindOfControlReachesTheGame();
   void aLimitFaultKeepsTheTabAndTheForm();
   void clearingFireWithAFireBetAnsweredNoKeepsIt();
   void generatorBoxSelectsAndSeeds();
-  void fieldRowsAreEditedBesideTheBets();
-  void thePayoffListStandsWhereTheGameLeftIt();
+  void payoffListAndFieldRowsAreEditedBesideTheBets();
   void compListButtonsSetTheBitWords();
   void bankrollTabWithNobodySaysSoAndStays();
   void bankrollTabWorksOnTheChosenPlayer();
-  void colorControlsSetTheTablesColours();
-  void theTableIsDrawnInItsColours();
+  void colorControlsSetTheTablesColoursAndTheTableIsDrawnInThem();
   void advantageAnswersToItsOptionsVigAndDice();
-  void matrixEditsReachTheGameAndBadEntriesAreRefused();
-  void prbSaveNewOpenRoundTrip();
+  void matrixEditsReachTheGameAndItsFile();
   void printAndAltKeysBelongToTheirTabs();
 };
 
@@ -90,7 +86,7 @@ void SetEntry(ConfigureForm* form, ProbEntry e, const QString& percent) {
 
 }  // namespace
 
-void ConfigureTest::opensOnTheGamesValues() {
+void ConfigureTest::opensOnTheGamesValuesAndEachKindOfControlReachesTheGame() {
   DesktopTable t;
   Game& g = *t.game;
   g.rules.MaxOddsBet = Currency::FromWhole(750);
@@ -98,6 +94,7 @@ void ConfigureTest::opensOnTheGamesValues() {
   g.rules.CompBase = kCompAverageAction;
   SetCompBet(g.rules, bet::kField, false);
   g.sound.DiceSoundSets = {"hard.dce", "soft.dce"};
+  g.sound.StickCallSets = {"Blue", "Red"};
   g.rules.DiceSoundSet = 7;  // beyond the list: a random file
   g.rules.ConfigureTab = kTabBets;
   const auto before = std::make_unique<Game>(g);
@@ -113,13 +110,7 @@ void ConfigureTest::opensOnTheGamesValues() {
   // Sound: "< random >" only where there is a choice.
   QCOMPARE(Get<QComboBox>(form, "cmbDiceSound")->currentText(), QString("< random >"));
   QVERIFY(g == *before);  // filling wrote nothing back
-}
 
-void ConfigureTest::eachKindOfControlReachesTheGame() {
-  DesktopTable t;
-  Game& g = *t.game;
-  g.sound.StickCallSets = {"Blue", "Red"};
-  ConfigureForm* form = t.OpenConfigure();
   Type(form, "txtMaxPlacardBet", "2500");
   QCOMPARE(g.rules.MaxPlacardBet, Currency::FromWhole(2500));
   Get<QComboBox>(form, "cmbOddsCalcMethod")->setCurrentIndex(3);
@@ -213,12 +204,21 @@ void ConfigureTest::generatorBoxSelectsAndSeeds() {
   QCOMPARE(t.game->dice.LastSeed, 4242);
 }
 
-// The Field list beside the bet list: the editor works on the row chosen
-// last in either list, a denominator of 0 is refused, and a Field fault
-// brings its row back.
-void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
+// The payoff list's scroll position is the game's (the file keeps it): a
+// form filled again stands where the game says. The Field list beside the
+// bet list: the editor works on the row chosen last in either list, a
+// denominator of 0 is refused, and a Field fault brings its row back.
+void ConfigureTest::payoffListAndFieldRowsAreEditedBesideTheBets() {
   DesktopTable t;
   ConfigureForm* form = t.OpenConfigure(kTabPayoffs);
+  QScrollBar* scroll = Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar();
+  QVERIFY(scroll->maximum() >= 20);
+  scroll->setValue(20);
+  QCOMPARE(t.game->gamefile.PayoffsScroll, 20);
+  t.game->gamefile.PayoffsScroll = 7;  // as a game opened later leaves it
+  form = t.OpenConfigure(kTabPayoffs);
+  QCOMPARE(Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar()->value(), 7);
+
   auto* field = Get<QListWidget>(form, "lstField");
   auto* bets = Get<QListWidget>(form, "lstPayoffs");
   const auto betCell = PayoffCellOf(bets->item(0)->data(Qt::UserRole).toInt());
@@ -248,20 +248,6 @@ void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(field->currentRow(), kSix - 1);
   QVERIFY(Label(form, "lblPayoff").startsWith("Field 6"));
-}
-
-// The payoff list's scroll position is the game's (the file keeps it): a
-// form filled again stands where the game says.
-void ConfigureTest::thePayoffListStandsWhereTheGameLeftIt() {
-  DesktopTable t;
-  ConfigureForm* form = t.OpenConfigure(kTabPayoffs);
-  QScrollBar* scroll = Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar();
-  QVERIFY(scroll->maximum() >= 20);
-  scroll->setValue(20);
-  QCOMPARE(t.game->gamefile.PayoffsScroll, 20);
-  t.game->gamefile.PayoffsScroll = 7;  // as a game opened later leaves it
-  form = t.OpenConfigure(kTabPayoffs);
-  QCOMPARE(Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar()->value(), 7);
 }
 
 void ConfigureTest::compListButtonsSetTheBitWords() {
@@ -350,7 +336,7 @@ void ConfigureTest::bankrollTabWorksOnTheChosenPlayer() {
   QVERIFY(!g.betting.AllowNegBankroll(1));
 }
 
-void ConfigureTest::colorControlsSetTheTablesColours() {
+void ConfigureTest::colorControlsSetTheTablesColoursAndTheTableIsDrawnInThem() {
   DesktopTable t;
   TableState& table = t.game->table;
   ConfigureForm* form = t.OpenConfigure(kTabColors);
@@ -372,11 +358,8 @@ void ConfigureTest::colorControlsSetTheTablesColours() {
   QCOMPARE(table.LayoutColor, kTableSkin[7].colors);
   QCOMPARE(table.Spotlight, kTableSkin[7].spotlight);
   QVERIFY(Get<QAction>(form, "mnuSetTableBlackLight")->isChecked());
-}
 
-void ConfigureTest::theTableIsDrawnInItsColours() {
-  DesktopTable t;
-  TableState& table = t.game->table;
+  // The table is drawn in its colours.
   ApplyTableSkin(table, 6);         // Blue Velvet
   SetTableSpotlight(table, false);  // a flat felt has one colour everywhere
   QRectF come;
@@ -426,7 +409,7 @@ void ConfigureTest::advantageAnswersToItsOptionsVigAndDice() {
   form->close();
 }
 
-void ConfigureTest::matrixEditsReachTheGameAndBadEntriesAreRefused() {
+void ConfigureTest::matrixEditsReachTheGameAndItsFile() {
   DesktopTable t;
   Game& g = *t.game;
   ConfigureForm* form = t.OpenConfigure(kTabProbability);
@@ -477,19 +460,13 @@ void ConfigureTest::matrixEditsReachTheGameAndBadEntriesAreRefused() {
   QCOMPARE(ProbValue(g, die1.a, die1.b), 25000);
   QCOMPARE(ProbValue(g, snake.a, snake.b), 0);
   QCOMPARE(Label(form, "lblPercentageDice"), QString("Percentage Dice"));
-  form->close();
-}
 
-void ConfigureTest::prbSaveNewOpenRoundTrip() {
-  DesktopTable t;
-  Game& g = *t.game;
+  // Save (no file yet: Save As), New and Open round the table through its file.
   const std::string path = folder_ / "sevens.prb";
   t.platform.onChooseFile = [&](const FileChooserRequest&) { return std::optional(path); };
-  ConfigureForm* form = t.OpenConfigure(kTabProbability);
   SetEntry(form, TotalEntry(7), "20");
   const auto edited = g.probability.ProbabilityTable;
-
-  Press(form, "mnuSave");  // no file yet: Save As
+  Press(form, "mnuSave");
   QVERIFY(QFile::exists(QString::fromStdString(path)));
   QVERIFY(!g.probability.ProbDirty);
 

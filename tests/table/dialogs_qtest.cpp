@@ -47,7 +47,6 @@ class DialogsTest : public QObject {
   void helpOpensOnTheContentsOrTheMessagesTopic();
   void showPathListsThePathsInUse();
   void theChoicesReachTheNewSession();
-  void cancelChangesNothing();
   void theDiceOptionsFollowTheFileInUse();
   void theMenuAsksFirstThenShowsTheForm();
 };
@@ -346,20 +345,30 @@ void DialogsTest::showPathListsThePathsInUse() {
   QVERIFY(lines.contains("    Bo: /logs/bo.slg"));
 }
 
+// The form's choices reach the new session; Cancel (a box changed first)
+// changes nothing.
 void DialogsTest::theChoicesReachTheNewSession() {
   struct Case {
-    bool keepStats, keepStacks, keepScripts;
+    bool keepStats, keepStacks, keepScripts, cancel;
   };
-  for (const Case c : {Case{true, true, true}, Case{false, false, false}}) {
+  for (const Case c : {Case{true, true, true, false}, Case{false, false, false, false},
+                       Case{false, true, true, true}}) {
     DesktopTable t(2);
     PlaySome(*t.game);
+    if (c.cancel) t.game->roll.SessionDirty = true;
+    const auto before = std::make_unique<Game>(*t.game);
     NewForm form(*t.game, t.window.get());
     form.show();
     if (!c.keepStats) Press(FormChild<QCheckBox>(form, "chkPreserveGames"));
     if (!c.keepStacks) Press(FormChild<QCheckBox>(form, "chkPreserveCheckstacks"));
     if (!c.keepScripts) Press(FormChild<QCheckBox>(form, "chkRetainAutoBets"));
     QCOMPARE(FormChild<QCheckBox>(form, "chkInitialize")->isEnabled(), c.keepScripts);
-    QTest::mouseClick(FormChild<QPushButton>(form, "cmdOK"), Qt::LeftButton);
+    QTest::mouseClick(FormChild<QPushButton>(form, c.cancel ? "cmdCancel" : "cmdOK"),
+                      Qt::LeftButton);
+    if (c.cancel) {
+      QVERIFY(*t.game == *before);
+      continue;
+    }
 
     const Game& g = *t.game;
     QCOMPARE(g.Bet(1, bet::kBankroll), kStart);  // the start rule's bankroll
@@ -369,18 +378,6 @@ void DialogsTest::theChoicesReachTheNewSession() {
     QCOMPARE(g.Bet(1, 101), c.keepStacks ? Currency::FromWhole(300) : Currency{});
     QCOMPARE(g.roll.ScriptActive[1], c.keepScripts);
   }
-}
-
-void DialogsTest::cancelChangesNothing() {
-  DesktopTable t(2);
-  PlaySome(*t.game);
-  t.game->roll.SessionDirty = true;
-  const auto before = std::make_unique<Game>(*t.game);
-  NewForm form(*t.game, t.window.get());
-  form.show();
-  Press(FormChild<QCheckBox>(form, "chkPreserveGames"));
-  QTest::mouseClick(FormChild<QPushButton>(form, "cmdCancel"), Qt::LeftButton);
-  QVERIFY(*t.game == *before);
 }
 
 void DialogsTest::theDiceOptionsFollowTheFileInUse() {

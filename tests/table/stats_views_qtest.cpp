@@ -28,8 +28,7 @@ class StatsViewsTest : public QObject {
   void summaryFollowsRollsFramesAndTheSelection();
   void rollTotalsKindsListTheirCategories();
   void betResultsFollowTheBetSelection();
-  void handsShowCountsOrPercents();
-  void rollFreqsShowTheGapsOfTheChosenCategory();
+  void handsAndRollFreqsAddUpToTheirTallies();
   void betTrendsShowOnePlayersStreaks();
 };
 
@@ -168,7 +167,9 @@ void StatsViewsTest::betResultsFollowTheBetSelection() {
   QCOMPARE(Text(*form, "lblWagers1"), decided);
 }
 
-void StatsViewsTest::handsShowCountsOrPercents() {
+// Hands show counts or percents; roll frequencies the gaps of the chosen
+// category.
+void StatsViewsTest::handsAndRollFreqsAddUpToTheirTallies() {
   const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuHands", "frmHands");
@@ -186,12 +187,8 @@ void StatsViewsTest::handsShowCountsOrPercents() {
   units->click();
   QVERIFY(g.views.HandsShowPercent);
   QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString("100.00"));
-}
 
-void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
-  const auto t = PlayedTable();
-  Game& g = *t->game;
-  StatsForm* form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
+  form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
   auto* category = FormChild<QComboBox>(*form, "cmbFreqNum");
   category->setCurrentIndex(category->findData(6));
   QCOMPARE(Text(*form, "lblLastRolled"), QString::number(g.RollsSince(6)));

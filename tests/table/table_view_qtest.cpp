@@ -51,7 +51,6 @@ class TableViewTest : public QObject {
   void keysAct_data();
   void keysAct();
   void pendingActionsAndToolsActOnTheNextClick();
-  void keyedAmountsAndTheirArrowKeys();
   void keysMoveTheBettorFlashAndRecallViews();
   void hotSpotsFollowZoomAndRotation_data();
   void hotSpotsFollowZoomAndRotation();
@@ -60,8 +59,7 @@ class TableViewTest : public QObject {
   void moveAndCashOutFromThePlayersMenu();
   void saveWritesTheGameAndTheCaptionNamesIt();
   void stacksStopAtThirteenChecks();
-  void statusBoxesFormatAmounts();
-  void statusBoxesNearPlayersNeverOverlap();
+  void statusBoxesFormatAmountsAndNeverOverlap();
 };
 
 void TableViewTest::everyBaseLiesWellInsideItsBet() {
@@ -131,7 +129,8 @@ void TableViewTest::switchedOffBetsAnswerNoHotSpot() {
 }
 
 // Ctrl takes a check off, Shift the whole bet, and Alt drags a bet to
-// another.
+// another. With key-in amounts a click opens a box for the amount, whose
+// arrow keys carry it to the neighbouring bet.
 void TableViewTest::modifiersChangeWhatAClickDoes() {
   DesktopTable t(1);
   Game& g = Ready(t, 1);
@@ -150,6 +149,26 @@ void TableViewTest::modifiersChangeWhatAClickDoes() {
   QTest::mouseRelease(t.View(), Qt::LeftButton, Qt::AltModifier, to);
   QCOMPARE(g.Bet(1, bet::kField), Currency{});
   QCOMPARE(g.Bet(1, bet::kBig6), 30_usd);
+
+  QTest::keyClick(t.View(), Qt::Key_F9);
+  QVERIFY(g.betting.KeyInBetAmounts);
+  t.Click(field);
+  QLineEdit* box = t.View()->EnterBetBox();
+  box->clear();
+  QTest::keyClicks(box, "25");
+  QTest::keyClick(box, Qt::Key_Return);
+  QCOMPARE(g.Bet(1, bet::kField), 25_usd);
+  // The arrow keys carry the box to the neighbouring bet: Come lies above the Field.
+  t.Click(field);
+  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Up);
+  const QPoint come = t.Pixel(BasePosition(1, bet::kCome));
+  QVERIFY((t.View()->EnterBetBox()->geometry().center() - come).manhattanLength() < 20);
+  QCOMPARE(g.gamefile.EnterBetId, int(bet::kCome));  // the game's, which the file keeps
+  // Turned by 180 degrees, Up on the screen points the other way on the table.
+  g.table.TableRotation = 180;
+  t.View()->AutoSize();
+  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Down);
+  QVERIFY((t.View()->EnterBetBox()->geometry().center() - t.Pixel(field)).manhattanLength() > 20);
 }
 
 void TableViewTest::theRailChoosesTheBettorAndTheCheck() {
@@ -236,31 +255,6 @@ void TableViewTest::pendingActionsAndToolsActOnTheNextClick() {
   t.Click(FeltRect().center(), Qt::RightButton);
   QCOMPARE(g.betting.PendingAction, static_cast<int>(kPendingNone));
   QCOMPARE(g.RollTally(kTableSession, kEventRolls), 2);
-}
-
-void TableViewTest::keyedAmountsAndTheirArrowKeys() {
-  DesktopTable t(1);
-  Game& g = Ready(t, 1);
-  QTest::keyClick(t.View(), Qt::Key_F9);
-  QVERIFY(g.betting.KeyInBetAmounts);
-  t.Click(BasePosition(1, bet::kField));
-  QLineEdit* box = t.View()->EnterBetBox();
-  box->clear();
-  QTest::keyClicks(box, "25");
-  QTest::keyClick(box, Qt::Key_Return);
-  QCOMPARE(g.Bet(1, bet::kField), 25_usd);
-  // The arrow keys carry the box to the neighbouring bet: Come lies above the Field.
-  t.Click(BasePosition(1, bet::kField));
-  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Up);
-  const QPoint come = t.Pixel(BasePosition(1, bet::kCome));
-  QVERIFY((t.View()->EnterBetBox()->geometry().center() - come).manhattanLength() < 20);
-  QCOMPARE(g.gamefile.EnterBetId, int(bet::kCome));  // the game's, which the file keeps
-  // Turned by 180 degrees, Up on the screen points the other way on the table.
-  g.table.TableRotation = 180;
-  t.View()->AutoSize();
-  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Down);
-  const QPoint field = t.Pixel(BasePosition(1, bet::kField));
-  QVERIFY((t.View()->EnterBetBox()->geometry().center() - field).manhattanLength() > 20);
 }
 
 // Tab moves the bettor round the seats taken, Shift+Tab back; Space flashes
@@ -435,8 +429,11 @@ void TableViewTest::stacksStopAtThirteenChecks() {
   }
 }
 
-void TableViewTest::statusBoxesFormatAmounts() {
-  DesktopTable t(2);
+// The boxes show amounts whole until any shows cents. In a narrow window the
+// seats crowd together; the boxes in front of them narrow with them and
+// still hold their lines.
+void TableViewTest::statusBoxesFormatAmountsAndNeverOverlap() {
+  DesktopTable t(8);
   Game& g = *t.game;
   g.rules.NoticeFlags = 0;
   Place(g, 1, bet::kField, 25_usd);
@@ -447,12 +444,7 @@ void TableViewTest::statusBoxesFormatAmounts() {
   QVERIFY(StatusBoxesUseFractions(g));
   QCOMPARE(StatusBoxLines(g, 2, true).lines[3], std::string("Lost:  1.25"));
   QCOMPARE(StatusBoxLines(g, 1, true).lines[1], std::string("1 Bet:  25.00"));
-}
 
-// In a narrow window the seats crowd together; the boxes in front of them
-// narrow with them and still hold their lines.
-void TableViewTest::statusBoxesNearPlayersNeverOverlap() {
-  DesktopTable t(8);
   for (const QSize size : {QSize(1280, 900), QSize(1000, 760)}) {
     t.window->resize(size);
     QApplication::processEvents();
