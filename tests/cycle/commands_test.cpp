@@ -145,16 +145,13 @@ TEST_F(GameCommands, NewKeepsOrClearsScriptsAndStartsAFreshSession) {
   ASSERT_TRUE(NewGameCommand(*game, clear));
   EXPECT_EQ(game->scriptSource.ScriptLines[1], std::vector<std::string>{""});
   EXPECT_FALSE(game->roll.ScriptActive[1]);
-}
 
-TEST_F(GameCommands, AfterTheFormTheNewSessionAsksNothingMore) {
   // The window has asked the prompts before the form; a session still marked
   // unsaved (the user said No) is not asked about again.
-  SeatPlayer(*game, 1, "Ann", Currency::FromWhole(200));
   game->Bet(1, bet::kField) = Currency::FromWhole(5);
   game->roll.SessionDirty = true;
-  NewSessionChoice choice;
-  StartNewGame(*game, choice);
+  platform.messages.clear();
+  StartNewGame(*game, keep);
   EXPECT_TRUE(platform.messages.empty()) << LastMessage();
   EXPECT_EQ(game->Bet(1, bet::kField), Currency{});
   EXPECT_FALSE(game->roll.SessionDirty);
@@ -341,7 +338,7 @@ TEST_F(ProbabilityCommands, FilesThatCannotBeOpenedAreToldAndChangeNothing) {
   }
 }
 
-TEST_F(ProbabilityCommands, SaveUsesTheFileInUseUnlessItIsTheDefaultOne) {
+TEST_F(ProbabilityCommands, SaveUsesTheFileInUseUnlessItIsTheDefaultOneAndFailuresAreTold) {
   Edit();
   ASSERT_TRUE(SaveProbabilityFile(*game, Path("mine.prb")));
   SetProbabilityCell(*game, kTotalRow, 6, 30000, true);
@@ -356,10 +353,10 @@ TEST_F(ProbabilityCommands, SaveUsesTheFileInUseUnlessItIsTheDefaultOne) {
   EXPECT_EQ(platform.fileChoosers.size(), 1u);
   EXPECT_TRUE(game->probability.ProbDirty);
   EXPECT_FALSE(std::filesystem::exists(Path("default.prb")));
-}
 
-TEST_F(ProbabilityCommands, ASaveThatFailsIsToldAndTheTableStaysUnsaved) {
-  Edit();
+  // A save that fails is told and the table stays unsaved.
+  game->probability.ProbFilePath.clear();
+  platform.messages.clear();
   Type(Path("no such folder/x.prb"));
   EXPECT_FALSE(SaveProbabilityAsCommand(*game));
   ASSERT_EQ(platform.messages.size(), 1u);

@@ -281,7 +281,7 @@ std::vector<HotKeyRow> TwoRows() {
   return {{'F', "/data/field.bet", "Field once", false}, {'P', "pass.bet", "", false}};
 }
 
-TEST(HotKeyFile, RecordsHoldTheirFieldsAtTheirOffsetsPaddedWithBlanks) {
+TEST(HotKeyFile, RecordsHoldTheirFieldsAtTheirOffsetsAndBadFilesAreRefused) {
   const std::string bytes = HotKeyFileBytes(TwoRows());
   ASSERT_EQ(bytes.size(), 3 * kHotKeyRecordSize);
   EXPECT_EQ(bytes.substr(0, 23), " Ravelton Hot-Key File ");
@@ -303,24 +303,20 @@ TEST(HotKeyFile, RecordsHoldTheirFieldsAtTheirOffsetsPaddedWithBlanks) {
   // An empty table is the header alone.
   ASSERT_TRUE(ReadHotKeyFileBytes(HotKeyFileBytes({}), rows, error));
   EXPECT_TRUE(rows.empty());
-}
 
-TEST(HotKeyFile, ShortCorruptAndHostileFilesAreRefused) {
-  const std::string good = HotKeyFileBytes(TwoRows());
-  std::vector<HotKeyRow> rows = TwoRows();
-  std::string error;
+  // Short, corrupt and hostile files are refused.
+  const std::string& good = bytes;
+  rows = TwoRows();
   EXPECT_FALSE(ReadHotKeyFileBytes("", rows, error));
   EXPECT_TRUE(rows.empty());
   EXPECT_FALSE(ReadHotKeyFileBytes(good.substr(0, 2 * kHotKeyRecordSize + 200), rows, error));
   EXPECT_NE(error.find("shorter"), std::string::npos);
 
-  std::string hostile = good;
-  hostile.replace(101, 12, "999999999999");  // a count no file holds
-  EXPECT_FALSE(ReadHotKeyFileBytes(hostile, rows, error));
-  hostile.replace(101, 12, "-1          ");
-  EXPECT_FALSE(ReadHotKeyFileBytes(hostile, rows, error));
-  hostile.replace(101, 12, "2x          ");
-  EXPECT_FALSE(ReadHotKeyFileBytes(hostile, rows, error));
+  // A count no file holds, a negative one, one that is not a number.
+  for (const char* count : {"999999999999", "-1          ", "2x          "}) {
+    std::string hostile = good;
+    EXPECT_FALSE(ReadHotKeyFileBytes(hostile.replace(101, 12, count), rows, error)) << count;
+  }
   std::string badKey = good;
   badKey[2 * kHotKeyRecordSize] = 'p';
   EXPECT_FALSE(ReadHotKeyFileBytes(badKey, rows, error));

