@@ -108,15 +108,15 @@ TEST_F(Interpreter, WhatAScriptSetsTheGameStillSavesAndOpens) {
   EXPECT_EQ(Name(1, 1), "a b");
 }
 
-TEST_F(Interpreter, RunawayGoSubEndsTheRunWithTheStandardError) {
+TEST_F(Interpreter, RunawayGoSubsAndLoopsEndTheRun) {
   Script(1, ":\"again\":\nadd 1 to cs1 : GoSub \"again\"");
   ASSERT_TRUE(InitializeScripts(g));
   EXPECT_EQ(g.scriptRun.ErrorText, "Out of stack space, Error #28 occurred, at: Auto-bet run");
   EXPECT_EQ(Stack(1, 1), kGosubDepthLimit + 1);  // the call beyond the bound fails
   EXPECT_FALSE(g.scriptRun.ScriptRunning);
-}
 
-TEST_F(Interpreter, AnEndlessLoopStopsAtTheStatementLimitAsIfInterrupted) {
+  // An endless loop stops at the statement limit as if interrupted.
+  g.Bet(1, 101) = Currency{};
   Script(1, "Do : add 1 to cs1 : Loop");
   g.scriptRun.RunStatementLimit = 1000;
   g.HyperDrive = true;

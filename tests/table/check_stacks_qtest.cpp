@@ -28,8 +28,7 @@ class CheckStacksTest : public QObject {
  private slots:
   void gridShowsStacksByTheDisplayRule();
   void typingTheClipboardAndDeleteAllWorkOnTheGame();
-  void visibleStacksMustDiffer();
-  void printGoesToThePrinter();
+  void visibleStacksMustDifferAndPrint();
   void printoutsBreakIntoPagesAndPlacePictures();
 };
 
@@ -142,8 +141,8 @@ void CheckStacksTest::typingTheClipboardAndDeleteAllWorkOnTheGame() {
 }
 
 // Opened from its menu item on the bettor's stacks; the rail's four stacks
-// are chosen, and must differ.
-void CheckStacksTest::visibleStacksMustDiffer() {
+// are chosen, and must differ; the stacks print.
+void CheckStacksTest::visibleStacksMustDifferAndPrint() {
   DesktopTable t(1);
   Game& g = *t.game;
   t.window->findChild<QAction*>("mnuCheckStacks")->trigger();
@@ -167,14 +166,12 @@ void CheckStacksTest::visibleStacksMustDiffer() {
   QCOMPARE(g.betting.CheckStackSlot(1, 1), 107);
   QCOMPARE(g.betting.CheckStackSlot(1, 3), 199);
   QVERIFY(!form->findChild<QFrame*>("picSetStacks")->isVisible());
-}
 
-void CheckStacksTest::printGoesToThePrinter() {
-  DesktopTable t(1);
-  Stack(*t.game, 1, 4) = Currency::FromWhole(75);
+  // File > Print goes to the printer.
+  Stack(g, 1, 4) = Currency::FromWhole(75);
   const QString pdf = QString::fromStdString(folder_ / "stacks.pdf");
   t.platform.printToFile = pdf;
-  CheckStacksForm* form = Open(t);
+  t.shown.clear();
   t.AnswerMessage(0);  // the range as offered: 0 to 99
   Trigger(form, "mnuPrint");
   QCOMPARE(t.shown.at(0).first, std::string("Print Range"));

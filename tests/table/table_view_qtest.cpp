@@ -55,8 +55,7 @@ class TableViewTest : public QObject {
   void hotSpotsFollowZoomAndRotation_data();
   void hotSpotsFollowZoomAndRotation();
   void hoverRulesAndAmounts();
-  void theRailSeatsAndNamesTheBettor();
-  void moveAndCashOutFromThePlayersMenu();
+  void theRailAndThePlayersMenuSeatMoveAndRemove();
   void saveWritesTheGameAndTheCaptionNamesIt();
   void stacksStopAtThirteenChecks();
   void statusBoxesFormatAmountsAndNeverOverlap();
@@ -348,8 +347,9 @@ void TableViewTest::hoverRulesAndAmounts() {
 }
 
 // A click on a bet with nobody to bet says who is missing; a click on an
-// open seat offers a player, and No keeps the bettor.
-void TableViewTest::theRailSeatsAndNamesTheBettor() {
+// open seat offers a player, and No keeps the bettor. The players' menu
+// moves and removes a player.
+void TableViewTest::theRailAndThePlayersMenuSeatMoveAndRemove() {
   DesktopTable t;
   Game& g = *t.game;
   t.Click(BasePosition(1, bet::kField));
@@ -373,20 +373,17 @@ void TableViewTest::theRailSeatsAndNamesTheBettor() {
   t.Click(RailCheckRect(6, 2).center());
   QCOMPARE(g.PlayerName[6], std::string("Zed"));
   QCOMPARE(g.Bet(6, bet::kBankroll), 750_usd);
-}
 
-void TableViewTest::moveAndCashOutFromThePlayersMenu() {
-  DesktopTable t(2);
-  Game& g = *t.game;
-  g.betting.CurPlayer = 1;
+  // The players' menu moves Bo and cashes him out; Zed alone can't pass the dice.
+  g.betting.CurPlayer = 2;
   t.window->findChild<QAction*>("mnuPlayerMove")->trigger();
-  QCOMPARE(t.View()->StatusLineText(), std::string("Click the rail where you want Ann to move"));
+  QCOMPARE(t.View()->StatusLineText(), std::string("Click the rail where you want Bo to move"));
   t.Click(NamePlateRect(7).center());
-  QCOMPARE(g.PlayerName[7], std::string("Ann"));
+  QCOMPARE(g.PlayerName[7], std::string("Bo"));
   QCOMPARE(g.betting.CurPlayer, 7);
   t.AnswerMessage(1);  // Yes
   t.window->findChild<QAction*>("mnuPlayerDelete")->trigger();
-  QCOMPARE(t.shown.back().second, std::string("Would you like to remove Ann?"));
+  QCOMPARE(t.shown.back().second, std::string("Would you like to remove Bo?"));
   QCOMPARE(g.PlayerCount, 1);
   t.window->findChild<QAction*>("mnuPassDice")->trigger();
   QCOMPARE(t.shown.back().second,
