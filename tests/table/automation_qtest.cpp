@@ -52,7 +52,6 @@ class AutomationTest : public QObject {
   void findAndReplaceWorkOnTheGamesText();
   void opensOnTheSelectedPlayersValues();
   void everyControlWritesToTheSelectionOnly();
-  void aDisagreeingSelectionSetsNoOption();
   void theKeyAndTheMenuOpenTheForm();
   void aRowIsPlacedByAClickAndWrittenOnLeaving();
   void ctrlAndTheLetterRunTheScriptOnTheTable();
@@ -302,10 +301,27 @@ void AutomationTest::opensOnTheSelectedPlayersValues() {
   QCOMPARE(t.game->Bet(1, bet::kPassLineOdds), Currency{});
 }
 
+// A selection that disagrees shows no option in the group; a choice settles
+// it. Then every kind of control writes to each selected player and no other.
 void AutomationTest::everyControlWritesToTheSelectionOnly() {
   DesktopTable t(3);
+  t.game->autoplay.HandleWinningBets(1) = kWinParlay;
+  t.game->autoplay.AdjustOperator(3, kAdjustAutoWinSame) = 2;
+  t.game->autoplay.SelectedPlayers = kAnnAndCy;
   AutoPlayForm& form = *t.window->AutoPlay();
   form.show();
+  auto* winning = FormChild<QGroupBox>(form, "fraHandleWinningBets");
+  for (QRadioButton* opt : winning->findChildren<QRadioButton*>()) QVERIFY(!opt->isChecked());
+  QCOMPARE(winning->palette().color(QPalette::WindowText), kRed);
+  QVERIFY(FormChild<QPushButton>(form, "cmdMathOperator9")->styleSheet().contains("background"));
+  // The groups they agree on show plainly.
+  QVERIFY(FormChild<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
+  QVERIFY(!FormChild<QPushButton>(form, "cmdMathOperator10")->styleSheet().contains("background"));
+  // A choice settles the difference for both.
+  Press(FormChild<QRadioButton>(form, "optHandleWinningBets3"));
+  QCOMPARE(t.game->autoplay.HandleWinningBets(1), int{kWinPressUnit});
+  QVERIFY(winning->palette().color(QPalette::WindowText) != kRed);
+
   SelectPlayers(form, kAnnAndCy);
   QCOMPARE(FormChild<QLabel>(form, "lblSettingsFor")->text(),
            QString("Settings for these 2\nselected players:"));
@@ -351,26 +367,6 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   QTest::mousePress(list->viewport(), Qt::LeftButton, {}, at);
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
   QCOMPARE(t.game->BetWorkingDefault(3, bet::kField), 0);
-}
-
-void AutomationTest::aDisagreeingSelectionSetsNoOption() {
-  DesktopTable t(3);
-  t.game->autoplay.HandleWinningBets(1) = kWinParlay;
-  t.game->autoplay.AdjustOperator(3, kAdjustAutoWinSame) = 2;
-  t.game->autoplay.SelectedPlayers = kAnnAndCy;
-  AutoPlayForm& form = *t.window->AutoPlay();
-  form.show();
-  auto* winning = FormChild<QGroupBox>(form, "fraHandleWinningBets");
-  for (QRadioButton* opt : winning->findChildren<QRadioButton*>()) QVERIFY(!opt->isChecked());
-  QCOMPARE(winning->palette().color(QPalette::WindowText), kRed);
-  QVERIFY(FormChild<QPushButton>(form, "cmdMathOperator9")->styleSheet().contains("background"));
-  // The groups they agree on show plainly.
-  QVERIFY(FormChild<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
-  QVERIFY(!FormChild<QPushButton>(form, "cmdMathOperator10")->styleSheet().contains("background"));
-  // A choice settles the difference for both.
-  Press(FormChild<QRadioButton>(form, "optHandleWinningBets3"));
-  QCOMPARE(t.game->autoplay.HandleWinningBets(1), int{kWinPressUnit});
-  QVERIFY(winning->palette().color(QPalette::WindowText) != kRed);
 }
 
 void AutomationTest::theKeyAndTheMenuOpenTheForm() {

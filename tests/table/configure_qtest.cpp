@@ -37,9 +37,8 @@ class ConfigureTest : public QObject {
 
  private slots:
   void opensOnTheGamesValuesAndEachKindOfControlReachesTheGame();
-  void aLimitFaultKeepsTheTabAndTheForm();
+  void aLimitFaultKeepsTheTabAndTheGeneratorBoxSeeds();
   void clearingFireWithAFireBetAnsweredNoKeepsIt();
-  void generatorBoxSelectsAndSeeds();
   void payoffListAndFieldRowsAreEditedBesideTheBets();
   void compListButtonsSetTheBitWords();
   void bankrollTabWithNobodySaysSoAndStays();
@@ -140,7 +139,7 @@ void ConfigureTest::opensOnTheGamesValuesAndEachKindOfControlReachesTheGame() {
   QCOMPARE(g.rules.ConfigureTab, kTabComps);
 }
 
-void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
+void ConfigureTest::aLimitFaultKeepsTheTabAndTheGeneratorBoxSeeds() {
   DesktopTable t;
   ConfigureForm* form = t.OpenConfigure(kTabBets);
   Type(form, "txtMaxPlacardBet", "0");  // below the minimum bet
@@ -152,25 +151,12 @@ void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
   Type(form, "txtMaxPlacardBet", "500");
   QVERIFY(form->TryClose());
   QVERIFY(!form->isVisible());
-}
 
-void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
-  DesktopTable t(1);
-  t.game->Bet(1, bet::kFire) = Currency::FromWhole(1);
-  ConfigureForm* form = t.OpenConfigure();
-  t.AnswerMessage(2);  // No
-  Get<QCheckBox>(form, "chkUseFireBet")->setChecked(false);
-  QVERIFY(t.game->rules.UseFireBet);
-  QVERIFY(Get<QCheckBox>(form, "chkUseFireBet")->isChecked());
-}
-
-// The Misc. tab's generator box: the list selects the generator (one whose
-// library is missing falls back to RNG #4), the options reach the game, and
-// "Seed RNG now" seeds the selected generator with the typed seed, reports
-// it and shows it; Cancel at the prompt seeds nothing.
-void ConfigureTest::generatorBoxSelectsAndSeeds() {
-  DesktopTable t;
-  ConfigureForm* form = t.OpenConfigure();
+  // The Misc. tab's generator box: the list selects the generator (one whose
+  // library is missing falls back to RNG #4), the options reach the game, and
+  // "Seed RNG now" seeds the selected generator with the typed seed, reports
+  // it and shows it; Cancel at the prompt seeds nothing.
+  form = t.OpenConfigure(kTabMisc);
   auto* list = Get<QComboBox>(form, "cmbRNG");
   t.game->dice.MissingDllMask = kMissingFirstMt;
   list->setCurrentIndex(5);
@@ -202,6 +188,16 @@ void ConfigureTest::generatorBoxSelectsAndSeeds() {
   Press(form, "cmdSeedRNG");
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(t.game->dice.LastSeed, 4242);
+}
+
+void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
+  DesktopTable t(1);
+  t.game->Bet(1, bet::kFire) = Currency::FromWhole(1);
+  ConfigureForm* form = t.OpenConfigure();
+  t.AnswerMessage(2);  // No
+  Get<QCheckBox>(form, "chkUseFireBet")->setChecked(false);
+  QVERIFY(t.game->rules.UseFireBet);
+  QVERIFY(Get<QCheckBox>(form, "chkUseFireBet")->isChecked());
 }
 
 // The payoff list's scroll position is the game's (the file keeps it): a

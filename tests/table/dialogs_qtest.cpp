@@ -43,7 +43,6 @@ class DialogsTest : public QObject {
   void settleDialogPaysByTheButtonPressed_data();
   void settleDialogPaysByTheButtonPressed();
   void bankrollFormScalesAndRunsHyperDrive();
-  void aClickDuringHyperDriveOffersToStopIt();
   void helpOpensOnTheContentsOrTheMessagesTopic();
   void showPathListsThePathsInUse();
   void theChoicesReachTheNewSession();
@@ -243,7 +242,7 @@ void DialogsTest::settleDialogPaysByTheButtonPressed() {
 
 // frmBankroll: the scale buttons climb the ladder, the moving average's
 // span, the auto-print and the throttle reach the game, and Hyper-Drive started from the
-// form stops on Auto-Stop with its message.
+// form stops on Auto-Stop with its message, or on a click at the table.
 void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   DesktopTable t(1);
   Game& g = *t.game;
@@ -310,15 +309,12 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   QCOMPARE(t.shown.back(), std::make_pair(std::string("Hyper-Drive Stopped"),
                                           std::string("Stopped by Auto-Stop.")));
   QCOMPARE(form->HyperDriveButton()->text(), QString("Start Hyper-&Drive"));
-}
 
-void DialogsTest::aClickDuringHyperDriveOffersToStopIt() {
-  DesktopTable t;
-  Game& g = *t.game;
-  g.rules.BetRequirement = kNoBetRequired;
+  // A click on the table during Hyper-Drive offers to stop it.
   g.hyper.HyperThrottle = 1;  // events are pumped after every roll
   g.hyper.RunRollLimit = 50'000'000;
-  SeatPlayer(g, 1, "Ann", 1000_usd);
+  g.hyper.AutoStopRolls = Currency{};
+  t.shown.clear();
   t.AnswerMessage(1);  // Yes, stop
   QTimer::singleShot(30, t.View(), [&t] {
     QTest::mouseClick(t.View(), Qt::LeftButton, Qt::NoModifier, t.Pixel(FeltRect().center()));

@@ -26,8 +26,7 @@ class StatsViewsTest : public QObject {
   Q_OBJECT
  private slots:
   void summaryAndBetResultsFollowRollsFramesAndTheSelection();
-  void rollTotalsKindsListTheirCategories();
-  void handsAndRollFreqsAddUpToTheirTallies();
+  void totalsHandsAndFreqsAddUpToTheirTallies();
   void betTrendsShowOnePlayersStreaks();
 };
 
@@ -128,7 +127,7 @@ void StatsViewsTest::summaryAndBetResultsFollowRollsFramesAndTheSelection() {
   QCOMPARE(Text(*form, "lblWagers1"), decided);
 }
 
-void StatsViewsTest::rollTotalsKindsListTheirCategories() {
+void StatsViewsTest::totalsHandsAndFreqsAddUpToTheirTallies() {
   const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuRollTotals", "frmRollTotals");
@@ -161,14 +160,10 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
   QCOMPARE(g.views.RollTotalsFrame, 1);
   QCOMPARE(grid->item(0, 4)->text(), QString("---"));
-}
 
-// Hands show counts or percents; roll frequencies the gaps of the chosen
-// category.
-void StatsViewsTest::handsAndRollFreqsAddUpToTheirTallies() {
-  const auto t = PlayedTable();
-  Game& g = *t->game;
-  StatsForm* form = OpenByMenu(*t, "mnuHands", "frmHands");
+  // Hands show counts or percents; roll frequencies the gaps of the chosen
+  // category.
+  form = OpenByMenu(*t, "mnuHands", "frmHands");
   // Every come-out roll is one of the eleven totals.
   long comeouts = 0;
   for (int n = 2; n <= 12; ++n)

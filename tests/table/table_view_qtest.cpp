@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <tuple>
 
 #include "core/catalogue.h"
 #include "core/money.h"
@@ -57,8 +58,7 @@ class TableViewTest : public QObject {
   void hoverRulesAndAmounts();
   void theRailAndThePlayersMenuSeatMoveAndRemove();
   void saveWritesTheGameAndTheCaptionNamesIt();
-  void stacksStopAtThirteenChecks();
-  void statusBoxesFormatAmountsAndNeverOverlap();
+  void statusBoxesAndStacksOnTheFelt();
 };
 
 void TableViewTest::everyBaseLiesWellInsideItsBet() {
@@ -406,30 +406,10 @@ void TableViewTest::saveWritesTheGameAndTheCaptionNamesIt() {
   QFile::remove(path);
 }
 
-void TableViewTest::stacksStopAtThirteenChecks() {
-  DesktopTable t(1);
-  Game& g = *t.game;
-  struct Case {
-    long amount;
-    int checks;
-    bool overflow;
-  } cases[] = {{0, 0, false},  {131, 4, false},        {13, 5, false},         {4, 4, false},
-               {13 * 500, 13, false},  {13 * 500 + 1, 13, true},
-               {12 * 500 + 205, 13, true}};  // 12 of 500, one of 100, 105 left over
-  for (const Case& c : cases) {
-    std::vector<DrawnCheck> rows;
-    AppendStack(rows, g, 1, bet::kField, Currency::FromWhole(c.amount));
-    const auto overflow = std::count_if(rows.begin(), rows.end(),
-                                        [](const DrawnCheck& r) { return r.kind == kOverflowKind; });
-    QCOMPARE(int(rows.size() - overflow), c.checks);
-    QCOMPARE(overflow == 1, c.overflow);
-  }
-}
-
 // The boxes show amounts whole until any shows cents. In a narrow window the
 // seats crowd together; the boxes in front of them narrow with them and
 // still hold their lines.
-void TableViewTest::statusBoxesFormatAmountsAndNeverOverlap() {
+void TableViewTest::statusBoxesAndStacksOnTheFelt() {
   DesktopTable t(8);
   Game& g = *t.game;
   g.rules.NoticeFlags = 0;
@@ -453,6 +433,20 @@ void TableViewTest::statusBoxesFormatAmountsAndNeverOverlap() {
         QVERIFY2(!box.intersects(t.View()->StatusBoxRect(b)),
                  qPrintable(QString("seats %1 and %2 at %3 wide").arg(a).arg(b).arg(size.width())));
     }
+  }
+  // A stack stops at thirteen checks; what is left over shows as one more.
+  // {amount, checks, one for what is left over}; 6,205 is 12 of 500, one of
+  // 100, and 105 left over.
+  const std::tuple<long, int, bool> cases[] = {{0, 0, false},   {131, 4, false},   {13, 5, false},
+                                               {4, 4, false},   {6500, 13, false}, {6501, 13, true},
+                                               {6205, 13, true}};
+  for (const auto& [amount, checks, overflowed] : cases) {
+    std::vector<DrawnCheck> rows;
+    AppendStack(rows, g, 1, bet::kField, Currency::FromWhole(amount));
+    const auto overflow = std::count_if(
+        rows.begin(), rows.end(), [](const DrawnCheck& r) { return r.kind == kOverflowKind; });
+    QCOMPARE(int(rows.size() - overflow), checks);
+    QCOMPARE(overflow == 1, overflowed);
   }
 }
 

@@ -41,7 +41,6 @@ class ToolWindowsTest : public QObject {
   Q_OBJECT
  private slots:
   void theWindowsKeepTheirPlaces();
-  void aPlaceOffTheScreenIsPulledBack();
   void anOpenedGameOpensAndClosesItsWindows();
   void aClickOnABoxCellRollsThoseDice();
   void facesWaitForBothDice();
@@ -176,18 +175,6 @@ void ToolWindowsTest::theWindowsKeepTheirPlaces() {
   }
 }
 
-void ToolWindowsTest::aPlaceOffTheScreenIsPulledBack() {
-  DesktopTable t(1);
-  auto& layout = t.game->gamefile.LayoutB;
-  layout[41] = layout[42] = 40000;  // frmCheckStacks: Top, Left, Height, Width
-  layout[43] = 400;
-  layout[44] = 500;
-  CheckStacksForm* form = t.window->CheckStacks();
-  form->show();
-  QApplication::processEvents();
-  QVERIFY(form->screen()->availableGeometry().contains(form->pos()));
-}
-
 void ToolWindowsTest::aClickOnABoxCellRollsThoseDice() {
   DesktopTable t(1);
   const std::int32_t box = 1 << static_cast<int>(PadKind::BoxCombos);
@@ -318,8 +305,15 @@ void ToolWindowsTest::aLogLongerThanTheBarScrollsToItsLastLine() {
 // closed brings them back so when opened, whatever is open at the time.
 void ToolWindowsTest::anOpenedGameOpensAndClosesItsWindows() {
   DesktopTable t(1);
+  // A place off the screen is pulled back.
+  auto& layout = t.game->gamefile.LayoutB;
+  layout[41] = layout[42] = 40000;  // frmCheckStacks: Top, Left, Height, Width
+  layout[43] = 400;
+  layout[44] = 500;
   CheckStacksForm* stacks = t.window->CheckStacks();
   stacks->show();
+  QApplication::processEvents();
+  QVERIFY(stacks->screen()->availableGeometry().contains(stacks->pos()));
   stacks->move(140, 90);
   t.game->betting.KeyInBetAmounts = true, t.game->betting.CurPlayer = 1;
   t.game->gamefile.EnterBetId = bet::kField;
