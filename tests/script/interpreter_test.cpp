@@ -242,7 +242,7 @@ TEST_F(Actions, PermissionsMoveWithThePlayerAndANewPlayerGetsTheDefaults) {
             "See Options - Permissions.");
 }
 
-TEST_F(Actions, ProbabilityFilesComeFromTheDataFolder) {
+TEST_F(Actions, ProbabilityFilesComeFromTheDataFolderAndDiceRollFilesAreRefused) {
   ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
   ASSERT_TRUE(fs::exists(folder / "data/skew.prb"));
   EXPECT_EQ(Run(1, "activate probability file \"none.prb\""),
@@ -256,18 +256,17 @@ TEST_F(Actions, ProbabilityFilesComeFromTheDataFolder) {
   EXPECT_FALSE(g.dice.ProbabilityDiceOn);
   Run(1, "activate probability file");
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+  // Dice roll file actions are refused until the files exist.
+  EXPECT_EQ(Run(1, "playback dice roll file \"x.rol\""),
+            "Unable to take action.\rDice roll files are not available in this version.");
+  EXPECT_EQ(Run(1, "deactivate dice roll file"),
+            "Unable to take action.\rDice roll file is not open.");
+  // Without the permission neither kind of file is touched.
   g.scriptRun.AllowDiceFiles(1) = false;
   EXPECT_EQ(Run(1, "deactivate probability file"),
             "Unable to take action.\rAnn is not allowed to deactivate probability files.\r"
             "See Options - Permissions.");
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);
-}
-
-TEST_F(Actions, DiceRollFileActionsAreRefusedUntilTheFilesExist) {
-  EXPECT_EQ(Run(1, "playback dice roll file \"x.rol\""),
-            "Unable to take action.\rDice roll files are not available in this version.");
-  EXPECT_EQ(Run(1, "deactivate dice roll file"), "Unable to take action.\rDice roll file is not open.");
-  g.scriptRun.AllowDiceFiles(1) = false;
   EXPECT_EQ(Run(1, "playback dice roll file"),
             "Unable to take action.\rAnn is not allowed to activate roll files.\r"
             "See Options - Permissions.");
