@@ -32,7 +32,7 @@ using cli_test::Result;
 
 namespace {
 
-TEST(CliRun, SameOptionsGiveTheSameSummaryButTheTime) {
+TEST(CliRun, SameOptionsGiveTheSameSummaryButTheTimeAndStopsAreTold) {
   EXPECT_NE(Cli("run --rolls 5 --json").out.find("\"seconds\":"), std::string::npos);
   const nlohmann::json a = Json("run --rolls 20000 --rng 3 --seed 4242 --json");
   EXPECT_EQ(a, Json("run --rolls 20000 --rng 3 --seed 4242 --json"));
@@ -46,13 +46,11 @@ TEST(CliRun, SameOptionsGiveTheSameSummaryButTheTime) {
   const nlohmann::json c = Json("run --rolls 3000 --rng 5 --json");
   EXPECT_EQ(c,
             Json("run --rolls 3000 --rng 5 --json --seed " + std::to_string(c.value("seed", 0L))));
-}
-
-TEST(CliRun, AutoStopAndRequirementEndTheRunWithTheirMessage) {
-  nlohmann::json a = Json("run --rolls 5000 --auto-stop 1234 --json");
-  EXPECT_TRUE(a["rolls"] == 1234 && a["stop"] == "Stopped by Auto-Stop.") << a;
-  nlohmann::json b = Json("run --require line --json");
-  EXPECT_TRUE(b["rolls"] == 0 && b["stop"] == "No players are available to bet.") << b;
+  // Auto-Stop and the bet requirement end the run with their message.
+  const nlohmann::json stopped = Json("run --rolls 5000 --auto-stop 1234 --json");
+  EXPECT_TRUE(stopped["rolls"] == 1234 && stopped["stop"] == "Stopped by Auto-Stop.") << stopped;
+  const nlohmann::json idle = Json("run --require line --json");
+  EXPECT_TRUE(idle["rolls"] == 0 && idle["stop"] == "No players are available to bet.") << idle;
 }
 
 TEST(CliRun, TraceListsEveryRollBeforeTheSummary) {
@@ -129,6 +127,10 @@ class CliTest : public ::testing::Test {
   }
   nlohmann::json Json(const std::string& args) {
     return cli_test::Json(args + " --json --data " + dir.Path());
+  }
+  // The exit code of a run that saves its game as `name` in this folder.
+  int Saved(const std::string& args, const std::string& name) const {
+    return Run(args + " --save '" + Path(name) + "'").exitCode;
   }
   // What info says of a game file of this test, as JSON.
   nlohmann::json Info(const std::string& name) const {
@@ -260,7 +262,7 @@ TEST_F(CliTest, BadBatchOptionsExitOneBeforeAnySession) {
 
 // Threads are the batch library's (whose tests hold one against two); here
 // the option reaches it and every session gets its line.
-TEST(CliBatch, OneAndTwoThreadsReportTheSame) {
+TEST(CliBatch, OneAndTwoThreadsReportTheSameAndJsonHasEveryFigure) {
   const std::string args =
       kAnn +
       "--player Bo=200 --bet Bo:field=5 --win-rule Bo:2 --lose-rule Bo:2 "
@@ -269,9 +271,8 @@ TEST(CliBatch, OneAndTwoThreadsReportTheSame) {
   ASSERT_EQ(two.exitCode, 0);
   EXPECT_EQ(two.out, Cli(args + " --threads 1").out);
   EXPECT_EQ(std::count(two.out.begin(), two.out.end(), '\n'), 301);
-}
 
-TEST(CliBatch, JsonHasEveryFigure) {
+  // The JSON form has every figure.
   const auto r = Cli(kAnn + "--sessions 50 --rolls 100 --seed 3 --json");
   ASSERT_EQ(r.exitCode, 0);
   const auto j = nlohmann::json::parse(r.out);
@@ -298,7 +299,7 @@ const std::string kPlayers =
 TEST_F(CliFiles, ARunSplitBySaveAndLoadEndsAsTheStraightRun) {
   const auto straight = Run(kPlayers + "--rolls 1000 --json --save '" + Path("full.rvg") + "'");
   ASSERT_EQ(straight.exitCode, 0);
-  ASSERT_EQ(Run(kPlayers + "--rolls 377 --save '" + Path("half.rvg") + "'").exitCode, 0);
+  ASSERT_EQ(Saved(kPlayers + "--rolls 377", "half.rvg"), 0);
   const auto rest =
       Run("--load '" + Path("half.rvg") + "' --rolls 623 --json --save '" + Path("rest.rvg") + "'");
   ASSERT_EQ(rest.exitCode, 0);
@@ -313,7 +314,7 @@ TEST_F(CliFiles, ARunSplitBySaveAndLoadEndsAsTheStraightRun) {
 // A game a few rolls short of the session's limit: the run stops there with
 // the limit's message, whose line breaks are blanks on one output line.
 TEST_F(CliFiles, TheRollLimitStopsARunWithItsMessageOnOneLine) {
-  ASSERT_EQ(Run("--rolls 0 --save '" + Path("near.rvg") + "'").exitCode, 0);
+  ASSERT_EQ(Saved("--rolls 0", "near.rvg"), 0);
   {
     HeadlessPlatform platform;
     auto g = MakeGame(platform);
@@ -343,16 +344,11 @@ TEST_F(CliFiles, TheRollLimitStopsARunWithItsMessageOnOneLine) {
 }
 
 TEST_F(CliFiles, ALoadedGameKeepsItsSettingsUnlessAnOptionIsGiven) {
-  ASSERT_EQ(
-      Run("--rolls 0 --require any --auto-stop 50 --rng 5 --save '" + Path("g.rvg") + "'").exitCode,
-      0);
+  ASSERT_EQ(Saved("--rolls 0 --require any --auto-stop 50 --rng 5", "g.rvg"), 0);
   auto info = Info("g.rvg");
   EXPECT_EQ(info["settings"]["bet_requirement"], "Any bet required to shoot");
   EXPECT_EQ(info["settings"]["rng"], 5);
-  ASSERT_EQ(
-      Run("--load '" + Path("g.rvg") + "' --rolls 0 --require line --save '" + Path("h.rvg") + "'")
-          .exitCode,
-      0);
+  ASSERT_EQ(Saved("--load '" + Path("g.rvg") + "' --rolls 0 --require line", "h.rvg"), 0);
   info = Info("h.rvg");
   EXPECT_EQ(info["settings"]["bet_requirement"], "Line bet required to shoot");
   EXPECT_EQ(info["settings"]["rng"], 5);
@@ -388,7 +384,7 @@ TEST_F(CliFiles, PlayersSitWhereTheyAskOrInTheLowestOpenSeats) {
        {"--player Ann@9", "--player Ann@0", "--player Ann@5 --player Bo@5", "--player Ann@x"})
     EXPECT_EQ(Run(std::string("--rolls 0 ") + bad).exitCode, 1) << bad;
   // Seats a loaded game holds are taken.
-  ASSERT_EQ(Run("--rolls 0 --player Ann@2 --save '" + Path("a.rvg") + "'").exitCode, 0);
+  ASSERT_EQ(Saved("--rolls 0 --player Ann@2", "a.rvg"), 0);
   EXPECT_EQ(Run("--load '" + Path("a.rvg") + "' --rolls 0 --player Bo@2").exitCode, 1);
   const auto more = Run("--load '" + Path("a.rvg") + "' --rolls 0 --json --player Bo");
   ASSERT_EQ(more.exitCode, 0);
@@ -397,7 +393,7 @@ TEST_F(CliFiles, PlayersSitWhereTheyAskOrInTheLowestOpenSeats) {
 }
 
 TEST_F(CliFiles, InfoTellsPlayersFramesFilesAndSettings) {
-  ASSERT_EQ(Run(kPlayers + "--rolls 200 --save '" + Path("g.rvg") + "'").exitCode, 0);
+  ASSERT_EQ(Saved(kPlayers + "--rolls 200", "g.rvg"), 0);
   const auto info = Info("g.rvg");
   ASSERT_EQ(info["players"].size(), 2u);
   const auto& ann = info["players"][1];
@@ -413,10 +409,9 @@ TEST_F(CliFiles, InfoTellsPlayersFramesFilesAndSettings) {
   EXPECT_NE(text.find("Seat 3: Ann, bankroll $"), std::string::npos) << text;
   EXPECT_NE(text.find("Current session: 200 rolls"), std::string::npos) << text;
   // Money past what a double holds in ten-thousandths reads exactly.
-  ASSERT_EQ(Run("--rolls 0 --player Ann --allow-negative Ann --bet Ann:101=99999999999999 "
-                "--bet Ann:102=0.0001 --save '" +
-                Path("s.rvg") + "'")
-                .exitCode,
+  ASSERT_EQ(Saved("--rolls 0 --player Ann --allow-negative Ann --bet Ann:101=99999999999999 "
+                  "--bet Ann:102=0.0001",
+                  "s.rvg"),
             0);
   const auto stacks = Cli("info --data '" + dir.Path() + "' '" + Path("s.rvg") + "'").out;
   EXPECT_NE(stacks.find("CheckStack 1 (): $99,999,999,999,999\n"), std::string::npos) << stacks;

@@ -145,16 +145,13 @@ TEST_F(GameCommands, NewKeepsOrClearsScriptsAndStartsAFreshSession) {
   ASSERT_TRUE(NewGameCommand(*game, clear));
   EXPECT_EQ(game->scriptSource.ScriptLines[1], std::vector<std::string>{""});
   EXPECT_FALSE(game->roll.ScriptActive[1]);
-}
 
-TEST_F(GameCommands, AfterTheFormTheNewSessionAsksNothingMore) {
   // The window has asked the prompts before the form; a session still marked
   // unsaved (the user said No) is not asked about again.
-  SeatPlayer(*game, 1, "Ann", Currency::FromWhole(200));
   game->Bet(1, bet::kField) = Currency::FromWhole(5);
   game->roll.SessionDirty = true;
-  NewSessionChoice choice;
-  StartNewGame(*game, choice);
+  platform.messages.clear();
+  StartNewGame(*game, keep);
   EXPECT_TRUE(platform.messages.empty()) << LastMessage();
   EXPECT_EQ(game->Bet(1, bet::kField), Currency{});
   EXPECT_FALSE(game->roll.SessionDirty);
@@ -214,7 +211,7 @@ class AutoBetCommands : public Commands {
   ScriptSource& ss;
 };
 
-TEST_F(AutoBetCommands, SaveAsThenSaveWriteTheEditorsTextAndClearTheChange) {
+TEST_F(AutoBetCommands, SaveAsSaveAndNewKeepTrackOfTheChange) {
   SetEditorText(*game, {"bet 5 on field", "' a note"}, true);
   Type("field");  // no folder, no extension: the data folder and ".bet"
   ASSERT_TRUE(SaveAutoBetCommand(*game));
@@ -229,9 +226,8 @@ TEST_F(AutoBetCommands, SaveAsThenSaveWriteTheEditorsTextAndClearTheChange) {
   ASSERT_TRUE(SaveAutoBetCommand(*game));
   EXPECT_EQ(platform.fileChoosers.size(), 1u);  // the file is known now
   EXPECT_EQ(ReadWholeFile(path), "bet 6 on field\r\n");
-}
 
-TEST_F(AutoBetCommands, UnsavedChangesAreAskedAboutAndCancelChangesNothing) {
+  // Unsaved changes are asked about, and Cancel changes nothing.
   SetEditorText(*game, {"bet 5 on field"}, true);
   Answer(kAnswerCancel);
   EXPECT_FALSE(NewAutoBetCommand(*game));
@@ -250,25 +246,7 @@ TEST_F(AutoBetCommands, UnsavedChangesAreAskedAboutAndCancelChangesNothing) {
   EXPECT_FALSE(ss.ScriptDirty[1]);
 }
 
-TEST_F(AutoBetCommands, OpenLoadsTheFileAndAMissingOrUnreadableOneIsTold) {
-  WriteWholeFile(Path("molly.bet"), "bet 10 on passline\r\nbet 10 on come\r\n");
-  Type(Path("molly.bet"));
-  ASSERT_TRUE(OpenAutoBetCommand(*game));
-  EXPECT_EQ(platform.fileChoosers.back().caption, "Open Auto-Bet File");
-  EXPECT_EQ(EditorText(*game), (std::vector<std::string>{"bet 10 on passline", "bet 10 on come"}));
-  EXPECT_EQ(ss.EditorCaption, "Auto-Bet (molly.bet)");
-
-  Type(Path("absent.bet"));
-  EXPECT_FALSE(OpenAutoBetCommand(*game));
-  EXPECT_NE(LastMessage().find("absent.bet"), std::string::npos) << LastMessage();
-  std::filesystem::create_directories(Path("folder.bet"));
-  Type(Path("folder.bet"));
-  EXPECT_FALSE(OpenAutoBetCommand(*game));
-  EXPECT_NE(LastMessage().find("OpenAutoBets"), std::string::npos) << LastMessage();
-  EXPECT_EQ(EditorText(*game), (std::vector<std::string>{"bet 10 on passline", "bet 10 on come"}));
-}
-
-TEST_F(AutoBetCommands, PasteInsertsAtTheCaretAndCopyWritesTheSelection) {
+TEST_F(AutoBetCommands, PasteCopyAndOpenWorkOnTheEditorsText) {
   // The file's first and last lines join the caret's line at the caret.
   WriteWholeFile(Path("part.bet"), "\nbet 1 on big6\n\n");
   SetEditorText(*game, {"If point = 0 Then", "EndIf"}, false);
@@ -284,6 +262,24 @@ TEST_F(AutoBetCommands, PasteInsertsAtTheCaretAndCopyWritesTheSelection) {
   Type(Path("copy.txt"));
   ASSERT_TRUE(CopyToFileCommand(*game));
   EXPECT_EQ(ReadWholeFile(Path("copy.txt")), "1 on big6\r\nEnd\r\n");
+
+  // Open loads the file (the pasted text not saved); a missing or unreadable one is told.
+  Answer(kAnswerNo);
+  WriteWholeFile(Path("molly.bet"), "bet 10 on passline\r\nbet 10 on come\r\n");
+  Type(Path("molly.bet"));
+  ASSERT_TRUE(OpenAutoBetCommand(*game));
+  EXPECT_EQ(platform.fileChoosers.back().caption, "Open Auto-Bet File");
+  EXPECT_EQ(EditorText(*game), (std::vector<std::string>{"bet 10 on passline", "bet 10 on come"}));
+  EXPECT_EQ(ss.EditorCaption, "Auto-Bet (molly.bet)");
+
+  Type(Path("absent.bet"));
+  EXPECT_FALSE(OpenAutoBetCommand(*game));
+  EXPECT_NE(LastMessage().find("absent.bet"), std::string::npos) << LastMessage();
+  std::filesystem::create_directories(Path("folder.bet"));
+  Type(Path("folder.bet"));
+  EXPECT_FALSE(OpenAutoBetCommand(*game));
+  EXPECT_NE(LastMessage().find("OpenAutoBets"), std::string::npos) << LastMessage();
+  EXPECT_EQ(EditorText(*game), (std::vector<std::string>{"bet 10 on passline", "bet 10 on come"}));
 }
 
 class ProbabilityCommands : public Commands {
@@ -341,7 +337,7 @@ TEST_F(ProbabilityCommands, FilesThatCannotBeOpenedAreToldAndChangeNothing) {
   }
 }
 
-TEST_F(ProbabilityCommands, SaveUsesTheFileInUseUnlessItIsTheDefaultOne) {
+TEST_F(ProbabilityCommands, SaveUsesTheFileInUseUnlessItIsTheDefaultOneAndFailuresAreTold) {
   Edit();
   ASSERT_TRUE(SaveProbabilityFile(*game, Path("mine.prb")));
   SetProbabilityCell(*game, kTotalRow, 6, 30000, true);
@@ -356,10 +352,10 @@ TEST_F(ProbabilityCommands, SaveUsesTheFileInUseUnlessItIsTheDefaultOne) {
   EXPECT_EQ(platform.fileChoosers.size(), 1u);
   EXPECT_TRUE(game->probability.ProbDirty);
   EXPECT_FALSE(std::filesystem::exists(Path("default.prb")));
-}
 
-TEST_F(ProbabilityCommands, ASaveThatFailsIsToldAndTheTableStaysUnsaved) {
-  Edit();
+  // A save that fails is told and the table stays unsaved.
+  game->probability.ProbFilePath.clear();
+  platform.messages.clear();
   Type(Path("no such folder/x.prb"));
   EXPECT_FALSE(SaveProbabilityAsCommand(*game));
   ASSERT_EQ(platform.messages.size(), 1u);

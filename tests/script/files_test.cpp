@@ -281,7 +281,7 @@ std::vector<HotKeyRow> TwoRows() {
   return {{'F', "/data/field.bet", "Field once", false}, {'P', "pass.bet", "", false}};
 }
 
-TEST(HotKeyFile, RecordsHoldTheirFieldsAtTheirOffsetsPaddedWithBlanks) {
+TEST(HotKeyFile, RecordsAndClipboardRowsHoldTheirFieldsAndBadFilesAreRefused) {
   const std::string bytes = HotKeyFileBytes(TwoRows());
   ASSERT_EQ(bytes.size(), 3 * kHotKeyRecordSize);
   EXPECT_EQ(bytes.substr(0, 23), " Ravelton Hot-Key File ");
@@ -303,31 +303,26 @@ TEST(HotKeyFile, RecordsHoldTheirFieldsAtTheirOffsetsPaddedWithBlanks) {
   // An empty table is the header alone.
   ASSERT_TRUE(ReadHotKeyFileBytes(HotKeyFileBytes({}), rows, error));
   EXPECT_TRUE(rows.empty());
-}
 
-TEST(HotKeyFile, ShortCorruptAndHostileFilesAreRefused) {
-  const std::string good = HotKeyFileBytes(TwoRows());
-  std::vector<HotKeyRow> rows = TwoRows();
-  std::string error;
+  // Short, corrupt and hostile files are refused.
+  const std::string& good = bytes;
+  rows = TwoRows();
   EXPECT_FALSE(ReadHotKeyFileBytes("", rows, error));
   EXPECT_TRUE(rows.empty());
   EXPECT_FALSE(ReadHotKeyFileBytes(good.substr(0, 2 * kHotKeyRecordSize + 200), rows, error));
   EXPECT_NE(error.find("shorter"), std::string::npos);
 
-  std::string hostile = good;
-  hostile.replace(101, 12, "999999999999");  // a count no file holds
-  EXPECT_FALSE(ReadHotKeyFileBytes(hostile, rows, error));
-  hostile.replace(101, 12, "-1          ");
-  EXPECT_FALSE(ReadHotKeyFileBytes(hostile, rows, error));
-  hostile.replace(101, 12, "2x          ");
-  EXPECT_FALSE(ReadHotKeyFileBytes(hostile, rows, error));
+  // A count no file holds, a negative one, one that is not a number.
+  for (const char* count : {"999999999999", "-1          ", "2x          "}) {
+    std::string hostile = good;
+    EXPECT_FALSE(ReadHotKeyFileBytes(hostile.replace(101, 12, count), rows, error)) << count;
+  }
   std::string badKey = good;
   badKey[2 * kHotKeyRecordSize] = 'p';
   EXPECT_FALSE(ReadHotKeyFileBytes(badKey, rows, error));
   EXPECT_NE(error.find("Hot-Key 2"), std::string::npos);
-}
 
-TEST(HotKeyClipboard, RowsGoOutAndComeBack) {
+  // Clipboard rows go out and come back.
   const HotKeyRow row{'F', "/data/field.bet", "Field once", false};
   EXPECT_EQ(HotKeyClipboardText(row), "Ctrl F   /data/field.bet   Field once");
   const auto back = ParseHotKeyClipboard(HotKeyClipboardText(row) + "\r\nnot a row\r\n" +
@@ -377,7 +372,7 @@ TEST_F(HotKeys, TheFileIsWrittenAtomicallyAndReadBackAtStartUp) {
   EXPECT_TRUE(LoadHotKeys(*game));  // no file: no Hot-Keys, no message
 }
 
-TEST_F(HotKeys, AKeyRunsItsScriptOnceForTheCurrentPlayerAndTouchesNoPlayersScript) {
+TEST_F(HotKeys, AKeyRunsItsScriptOnceForTheCurrentPlayerAndAFailureChangesNothing) {
   // A jump to a named label: the run holds the file's links and strings.
   WriteWholeFile(Path("field.bet"),
                  "If cs1 = 0 Then\r\n  GoTo \"skip\"\r\nEndIf\r\nbet 9 on field\r\n"
@@ -401,9 +396,10 @@ TEST_F(HotKeys, AKeyRunsItsScriptOnceForTheCurrentPlayerAndTouchesNoPlayersScrip
   // While one runs, another key is not taken.
   game->scriptSource.HotKeyRunning = true;
   EXPECT_FALSE(FireHotKey(*game, 'F'));
-}
+  game->scriptSource.HotKeyRunning = false;
 
-TEST_F(HotKeys, AMissingFileOrAScriptWithAnErrorChangesNothingAtTheTable) {
+  // A missing file or a script with an error changes nothing at the table.
+  const Currency field = game->Bet(2, bet::kField);
   WriteWholeFile(Path("broken.bet"), "If dice total = 7\r\nbet 5 on field\r\n");
   game->scriptSource.HotKeyTable = {{'M', Path("missing.bet"), "", false},
                                     {'B', Path("broken.bet"), "", false}};
@@ -412,7 +408,7 @@ TEST_F(HotKeys, AMissingFileOrAScriptWithAnErrorChangesNothingAtTheTable) {
   EXPECT_EQ(platform.messages.back().helpId, 110);
   EXPECT_TRUE(FireHotKey(*game, 'B'));
   EXPECT_EQ(platform.messages.back().title, "Auto-Bet Script Error");
-  EXPECT_EQ(game->Bet(2, bet::kField), Currency());
+  EXPECT_EQ(game->Bet(2, bet::kField), field);
   EXPECT_FALSE(game->roll.ScriptsOK);
   EXPECT_FALSE(game->scriptSource.HotKeyRunning);
 }

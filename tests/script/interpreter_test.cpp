@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <limits>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -26,8 +27,8 @@
 #include "script/activation.h"
 #include "script/script_text.h"
 #include "script/variables.h"
-#include "store/game_file.h"
 #include "script_test_util.h"
+#include "store/game_file.h"
 #include "tests/engine/roll_fixture.h"
 #include "tests/support/count_allocations.h"
 #include "tests/support/file_text.h"
@@ -107,15 +108,15 @@ TEST_F(Interpreter, WhatAScriptSetsTheGameStillSavesAndOpens) {
   EXPECT_EQ(Name(1, 1), "a b");
 }
 
-TEST_F(Interpreter, RunawayGoSubEndsTheRunWithTheStandardError) {
+TEST_F(Interpreter, RunawayGoSubsAndLoopsEndTheRun) {
   Script(1, ":\"again\":\nadd 1 to cs1 : GoSub \"again\"");
   ASSERT_TRUE(InitializeScripts(g));
   EXPECT_EQ(g.scriptRun.ErrorText, "Out of stack space, Error #28 occurred, at: Auto-bet run");
   EXPECT_EQ(Stack(1, 1), kGosubDepthLimit + 1);  // the call beyond the bound fails
   EXPECT_FALSE(g.scriptRun.ScriptRunning);
-}
 
-TEST_F(Interpreter, AnEndlessLoopStopsAtTheStatementLimitAsIfInterrupted) {
+  // An endless loop stops at the statement limit as if interrupted.
+  g.Bet(1, 101) = Currency{};
   Script(1, "Do : add 1 to cs1 : Loop");
   g.scriptRun.RunStatementLimit = 1000;
   g.HyperDrive = true;
@@ -241,7 +242,7 @@ TEST_F(Actions, PermissionsMoveWithThePlayerAndANewPlayerGetsTheDefaults) {
             "See Options - Permissions.");
 }
 
-TEST_F(Actions, ProbabilityFilesComeFromTheDataFolder) {
+TEST_F(Actions, ProbabilityFilesComeFromTheDataFolderAndDiceRollFilesAreRefused) {
   ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
   ASSERT_TRUE(fs::exists(folder / "data/skew.prb"));
   EXPECT_EQ(Run(1, "activate probability file \"none.prb\""),
@@ -255,18 +256,17 @@ TEST_F(Actions, ProbabilityFilesComeFromTheDataFolder) {
   EXPECT_FALSE(g.dice.ProbabilityDiceOn);
   Run(1, "activate probability file");
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);
+  // Dice roll file actions are refused until the files exist.
+  EXPECT_EQ(Run(1, "playback dice roll file \"x.rol\""),
+            "Unable to take action.\rDice roll files are not available in this version.");
+  EXPECT_EQ(Run(1, "deactivate dice roll file"),
+            "Unable to take action.\rDice roll file is not open.");
+  // Without the permission neither kind of file is touched.
   g.scriptRun.AllowDiceFiles(1) = false;
   EXPECT_EQ(Run(1, "deactivate probability file"),
             "Unable to take action.\rAnn is not allowed to deactivate probability files.\r"
             "See Options - Permissions.");
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);
-}
-
-TEST_F(Actions, DiceRollFileActionsAreRefusedUntilTheFilesExist) {
-  EXPECT_EQ(Run(1, "playback dice roll file \"x.rol\""),
-            "Unable to take action.\rDice roll files are not available in this version.");
-  EXPECT_EQ(Run(1, "deactivate dice roll file"), "Unable to take action.\rDice roll file is not open.");
-  g.scriptRun.AllowDiceFiles(1) = false;
   EXPECT_EQ(Run(1, "playback dice roll file"),
             "Unable to take action.\rAnn is not allowed to activate roll files.\r"
             "See Options - Permissions.");
@@ -369,24 +369,15 @@ class StatementPlan : public Interpreter {
   // assigns or bets) holds no comparison, a chain is comparisons joined by
   // And.
   std::string RandomExpression(bool value = false, bool chain = false) {
-    static const std::vector<std::string> operands = {"0",
-                                                      "1",
-                                                      "2",
-                                                      "3",
-                                                      "2.5",
-                                                      "7",
-                                                      "3000000000",
-                                                      "cs1",
-                                                      "cs2",
-                                                      "cs3",
-                                                      "place6",
-                                                      "point",
-                                                      "count(> 0, cs1, cs2, cs3)",
-                                                      "sum(cs1, cs3)",
-                                                      "average(> 5, cs1, cs2)",
-                                                      "highest(cs2, cs3)",
-                                                      "lowest(> 1, cs1, cs2, cs3)",
-                                                      "stddev(cs1, > 4, cs3)"};
+    static const std::vector<std::string> operands = [] {
+      std::vector<std::string> out;
+      std::istringstream in(
+          "0|1|2|3|2.5|7|3000000000|cs1|cs2|cs3|place6|point|count(> 0, cs1, cs2, cs3)|"
+          "sum(cs1, cs3)|average(> 5, cs1, cs2)|highest(cs2, cs3)|lowest(> 1, cs1, cs2, cs3)|"
+          "stddev(cs1, > 4, cs3)");
+      for (std::string w; std::getline(in, w, '|');) out.push_back(w);
+      return out;
+    }();
     static const std::vector<std::string> operators = {
         "^", "*", "/", "\\", "mod", "+", "-", "=", "<>", "<", ">", "<=", ">=", "and", "or", "xor"};
     static const std::vector<std::string> valueOperators = {"^", "*", "/",   "\\", "mod",
@@ -412,51 +403,45 @@ class StatementPlan : public Interpreter {
   }
 };
 
-TEST_F(StatementPlan, RandomConditionsGiveWhatTheSweepsGive) {
-  constexpr int kConditions = 400;
-  int failures = 0, divisions = 0, taken = 0;
-  for (int c = 0; c < kConditions; ++c) {
-    const std::string condition = RandomExpression();
-    const Outcome planned = RunCondition(condition);
-    const Outcome swept = RunCondition("(" + condition + ")");
-    ASSERT_GT(planned.plans, 0) << condition;  // the bare condition has a plan
-    // The bracketed one has none but the assignments' (cs9 = 1, cs9 = 2).
-    ASSERT_EQ(swept.plans, 2) << condition;
-    EXPECT_EQ(planned.branch, swept.branch) << condition;
-    EXPECT_EQ(planned.notes, swept.notes) << condition;
-    EXPECT_EQ(planned.error, swept.error) << condition;
-    failures += !swept.error.empty();
-    taken += swept.branch == 1;
-    for (const std::string& note : swept.notes) divisions += note.find("Division by zero.") != std::string::npos;
-  }
-  // The cases reach both branches, the overflow and division by zero.
-  EXPECT_GT(failures, 0);
-  EXPECT_GT(divisions, 0);
-  EXPECT_GT(taken, 0);
-  EXPECT_LT(taken, kConditions - failures);
-}
-
 // A chain of comparisons joined by And stops at the first that fails; the
 // branch and the notes (an average of nothing in any comparison) must be
 // those of the sweeps, which figure every comparison.
-TEST_F(StatementPlan, RandomComparisonChainsGiveWhatTheSweepsGive) {
+TEST_F(StatementPlan, RandomConditionsAndComparisonChainsGiveWhatTheSweepsGive) {
   constexpr int kConditions = 400;
-  int taken = 0, divisions = 0;
-  for (int c = 0; c < kConditions; ++c) {
-    const std::string condition = RandomExpression(false, true);
-    const Outcome planned = RunCondition(condition);
-    const Outcome swept = RunCondition("(" + condition + ")");
-    ASSERT_EQ(planned.plans, 3) << condition;
-    EXPECT_EQ(planned.branch, swept.branch) << condition;
-    EXPECT_EQ(planned.notes, swept.notes) << condition;
-    EXPECT_EQ(planned.error, swept.error) << condition;
-    taken += swept.branch == 1;
-    for (const std::string& note : swept.notes)
-      divisions += note.find("Division by zero.") != std::string::npos;
+  for (const bool chain : {false, true}) {
+    SCOPED_TRACE(chain ? "comparison chains" : "conditions");
+    int failures = 0, divisions = 0, taken = 0;
+    for (int c = 0; c < kConditions; ++c) {
+      const std::string condition = RandomExpression(false, chain);
+      const Outcome planned = RunCondition(condition);
+      const Outcome swept = RunCondition("(" + condition + ")");
+      if (chain) {
+        ASSERT_EQ(planned.plans, 3) << condition;
+      } else {
+        ASSERT_GT(planned.plans, 0) << condition;  // the bare condition has a plan
+        // The bracketed one has none but the assignments' (cs9 = 1, cs9 = 2).
+        ASSERT_EQ(swept.plans, 2) << condition;
+      }
+      EXPECT_EQ(planned.branch, swept.branch) << condition;
+      EXPECT_EQ(planned.notes, swept.notes) << condition;
+      EXPECT_EQ(planned.error, swept.error) << condition;
+      failures += !swept.error.empty();
+      taken += swept.branch == 1;
+      for (const std::string& note : swept.notes)
+        divisions += note.find("Division by zero.") != std::string::npos;
+    }
+    // The cases reach both branches, division by zero, and (the conditions)
+    // the overflow.
+    EXPECT_GT(divisions, 0);
+    if (chain) {
+      EXPECT_GT(taken, kConditions / 20);
+      EXPECT_LT(taken, kConditions - kConditions / 20);
+    } else {
+      EXPECT_GT(failures, 0);
+      EXPECT_GT(taken, 0);
+      EXPECT_LT(taken, kConditions - failures);
+    }
   }
-  EXPECT_GT(taken, kConditions / 20);
-  EXPECT_LT(taken, kConditions - kConditions / 20);
-  EXPECT_GT(divisions, 0);
 }
 
 // A script reads money by a shortcut for whole amounts: every amount, whole
@@ -465,24 +450,14 @@ TEST(AmountValue, EveryAmountReadsAsToDoubleGivesIt) {
   std::mt19937_64 rng(7);
   constexpr std::int64_t kExact = std::int64_t{1} << 53;
   constexpr std::int64_t kWholeNearExact = kExact / 10'000 * 10'000;
-  const std::int64_t edges[] = {0,
-                                1,
-                                -1,
-                                9'999,
-                                10'000,
-                                -10'000,
-                                123'450'000,
-                                kExact,
-                                -kExact,
-                                kWholeNearExact,
-                                -kWholeNearExact,
-                                kWholeNearExact + 10'000,
-                                -kWholeNearExact - 10'000,
-                                kWholeNearExact + 10'000 * 9'999,
-                                std::numeric_limits<std::int64_t>::max() / 10'000 * 10'000,
-                                std::numeric_limits<std::int64_t>::min() / 10'000 * 10'000};
-  for (const std::int64_t raw : edges)
-    EXPECT_EQ(AmountValue(Currency::FromRaw(raw)), Currency::FromRaw(raw).ToDouble()) << raw;
+  // Each edge and its negative.
+  for (const std::int64_t edge :
+       {std::int64_t{0}, std::int64_t{1}, std::int64_t{9'999}, std::int64_t{10'000},
+        std::int64_t{123'450'000}, kExact, kWholeNearExact, kWholeNearExact + 10'000,
+        kWholeNearExact + 10'000 * 9'999,
+        std::numeric_limits<std::int64_t>::max() / 10'000 * 10'000})
+    for (const std::int64_t raw : {edge, -edge})
+      EXPECT_EQ(AmountValue(Currency::FromRaw(raw)), Currency::FromRaw(raw).ToDouble()) << raw;
   for (int k = 0; k < 100'000; ++k) {
     const int bits = static_cast<int>(rng() % 63);
     std::int64_t raw = static_cast<std::int64_t>(rng() >> (63 - bits));

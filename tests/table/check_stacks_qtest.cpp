@@ -27,10 +27,8 @@ class CheckStacksTest : public QObject {
 
  private slots:
   void gridShowsStacksByTheDisplayRule();
-  void typingInACellReachesTheGameAtOnce();
-  void clipboardItemsAndDeleteAllWorkOnTheGame();
-  void visibleStacksMustDiffer();
-  void printGoesToThePrinter();
+  void typingTheClipboardAndDeleteAllWorkOnTheGame();
+  void visibleStacksMustDifferAndPrint();
   void printoutsBreakIntoPagesAndPlacePictures();
 };
 
@@ -95,7 +93,9 @@ void CheckStacksTest::gridShowsStacksByTheDisplayRule() {
   QCOMPARE(Cell(form, 7, kName), QString());
 }
 
-void CheckStacksTest::typingInACellReachesTheGameAtOnce() {
+// Typing in a cell reaches the game at once; the clipboard items and Delete
+// All work on the game too.
+void CheckStacksTest::typingTheClipboardAndDeleteAllWorkOnTheGame() {
   DesktopTable t(1);
   Game& g = *t.game;
   CheckStacksForm* form = Open(t);
@@ -117,15 +117,10 @@ void CheckStacksTest::typingInACellReachesTheGameAtOnce() {
   QCOMPARE(grid->currentRow(), 6);
   for (int i = 0; i < 12; ++i) QTest::keyClick(Editor(grid), Qt::Key_PageDown);
   QCOMPARE(grid->currentRow(), 99);
-}
 
-void CheckStacksTest::clipboardItemsAndDeleteAllWorkOnTheGame() {
-  DesktopTable t(1);
-  Game& g = *t.game;
   Stack(g, 1, 2) = Currency::FromRaw(255000);  // 25.5
   g.CheckStackName(1, 2) = "Pressed";
-  CheckStacksForm* form = Open(t);
-  QTableWidget* grid = form->Grid();
+  form = Open(t);
   grid->setCurrentCell(2, kValue);
   Trigger(form, "mnuCut");
   QCOMPARE(QApplication::clipboard()->text(), QString("25.5"));
@@ -146,8 +141,8 @@ void CheckStacksTest::clipboardItemsAndDeleteAllWorkOnTheGame() {
 }
 
 // Opened from its menu item on the bettor's stacks; the rail's four stacks
-// are chosen, and must differ.
-void CheckStacksTest::visibleStacksMustDiffer() {
+// are chosen, and must differ; the stacks print.
+void CheckStacksTest::visibleStacksMustDifferAndPrint() {
   DesktopTable t(1);
   Game& g = *t.game;
   t.window->findChild<QAction*>("mnuCheckStacks")->trigger();
@@ -171,14 +166,12 @@ void CheckStacksTest::visibleStacksMustDiffer() {
   QCOMPARE(g.betting.CheckStackSlot(1, 1), 107);
   QCOMPARE(g.betting.CheckStackSlot(1, 3), 199);
   QVERIFY(!form->findChild<QFrame*>("picSetStacks")->isVisible());
-}
 
-void CheckStacksTest::printGoesToThePrinter() {
-  DesktopTable t(1);
-  Stack(*t.game, 1, 4) = Currency::FromWhole(75);
+  // File > Print goes to the printer.
+  Stack(g, 1, 4) = Currency::FromWhole(75);
   const QString pdf = QString::fromStdString(folder_ / "stacks.pdf");
   t.platform.printToFile = pdf;
-  CheckStacksForm* form = Open(t);
+  t.shown.clear();
   t.AnswerMessage(0);  // the range as offered: 0 to 99
   Trigger(form, "mnuPrint");
   QCOMPARE(t.shown.at(0).first, std::string("Print Range"));

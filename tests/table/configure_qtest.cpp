@@ -36,21 +36,16 @@ class ConfigureTest : public QObject {
   TempFolder folder_;
 
  private slots:
-  void opensOnTheGamesValues();
-  void eachKindOfControlReachesTheGame();
-  void aLimitFaultKeepsTheTabAndTheForm();
+  void opensOnTheGamesValuesAndEachKindOfControlReachesTheGame();
+  void aLimitFaultKeepsTheTabAndTheGeneratorBoxSeeds();
   void clearingFireWithAFireBetAnsweredNoKeepsIt();
-  void generatorBoxSelectsAndSeeds();
-  void fieldRowsAreEditedBesideTheBets();
-  void thePayoffListStandsWhereTheGameLeftIt();
+  void payoffListAndFieldRowsAreEditedBesideTheBets();
   void compListButtonsSetTheBitWords();
   void bankrollTabWithNobodySaysSoAndStays();
   void bankrollTabWorksOnTheChosenPlayer();
-  void colorControlsSetTheTablesColours();
-  void theTableIsDrawnInItsColours();
+  void colorControlsSetTheTablesColoursAndTheTableIsDrawnInThem();
   void advantageAnswersToItsOptionsVigAndDice();
-  void matrixEditsReachTheGameAndBadEntriesAreRefused();
-  void prbSaveNewOpenRoundTrip();
+  void matrixEditsReachTheGameAndItsFile();
   void printAndAltKeysBelongToTheirTabs();
 };
 
@@ -90,7 +85,7 @@ void SetEntry(ConfigureForm* form, ProbEntry e, const QString& percent) {
 
 }  // namespace
 
-void ConfigureTest::opensOnTheGamesValues() {
+void ConfigureTest::opensOnTheGamesValuesAndEachKindOfControlReachesTheGame() {
   DesktopTable t;
   Game& g = *t.game;
   g.rules.MaxOddsBet = Currency::FromWhole(750);
@@ -98,6 +93,7 @@ void ConfigureTest::opensOnTheGamesValues() {
   g.rules.CompBase = kCompAverageAction;
   SetCompBet(g.rules, bet::kField, false);
   g.sound.DiceSoundSets = {"hard.dce", "soft.dce"};
+  g.sound.StickCallSets = {"Blue", "Red"};
   g.rules.DiceSoundSet = 7;  // beyond the list: a random file
   g.rules.ConfigureTab = kTabBets;
   const auto before = std::make_unique<Game>(g);
@@ -113,13 +109,7 @@ void ConfigureTest::opensOnTheGamesValues() {
   // Sound: "< random >" only where there is a choice.
   QCOMPARE(Get<QComboBox>(form, "cmbDiceSound")->currentText(), QString("< random >"));
   QVERIFY(g == *before);  // filling wrote nothing back
-}
 
-void ConfigureTest::eachKindOfControlReachesTheGame() {
-  DesktopTable t;
-  Game& g = *t.game;
-  g.sound.StickCallSets = {"Blue", "Red"};
-  ConfigureForm* form = t.OpenConfigure();
   Type(form, "txtMaxPlacardBet", "2500");
   QCOMPARE(g.rules.MaxPlacardBet, Currency::FromWhole(2500));
   Get<QComboBox>(form, "cmbOddsCalcMethod")->setCurrentIndex(3);
@@ -149,7 +139,7 @@ void ConfigureTest::eachKindOfControlReachesTheGame() {
   QCOMPARE(g.rules.ConfigureTab, kTabComps);
 }
 
-void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
+void ConfigureTest::aLimitFaultKeepsTheTabAndTheGeneratorBoxSeeds() {
   DesktopTable t;
   ConfigureForm* form = t.OpenConfigure(kTabBets);
   Type(form, "txtMaxPlacardBet", "0");  // below the minimum bet
@@ -161,25 +151,12 @@ void ConfigureTest::aLimitFaultKeepsTheTabAndTheForm() {
   Type(form, "txtMaxPlacardBet", "500");
   QVERIFY(form->TryClose());
   QVERIFY(!form->isVisible());
-}
 
-void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
-  DesktopTable t(1);
-  t.game->Bet(1, bet::kFire) = Currency::FromWhole(1);
-  ConfigureForm* form = t.OpenConfigure();
-  t.AnswerMessage(2);  // No
-  Get<QCheckBox>(form, "chkUseFireBet")->setChecked(false);
-  QVERIFY(t.game->rules.UseFireBet);
-  QVERIFY(Get<QCheckBox>(form, "chkUseFireBet")->isChecked());
-}
-
-// The Misc. tab's generator box: the list selects the generator (one whose
-// library is missing falls back to RNG #4), the options reach the game, and
-// "Seed RNG now" seeds the selected generator with the typed seed, reports
-// it and shows it; Cancel at the prompt seeds nothing.
-void ConfigureTest::generatorBoxSelectsAndSeeds() {
-  DesktopTable t;
-  ConfigureForm* form = t.OpenConfigure();
+  // The Misc. tab's generator box: the list selects the generator (one whose
+  // library is missing falls back to RNG #4), the options reach the game, and
+  // "Seed RNG now" seeds the selected generator with the typed seed, reports
+  // it and shows it; Cancel at the prompt seeds nothing.
+  form = t.OpenConfigure(kTabMisc);
   auto* list = Get<QComboBox>(form, "cmbRNG");
   t.game->dice.MissingDllMask = kMissingFirstMt;
   list->setCurrentIndex(5);
@@ -213,12 +190,31 @@ void ConfigureTest::generatorBoxSelectsAndSeeds() {
   QCOMPARE(t.game->dice.LastSeed, 4242);
 }
 
-// The Field list beside the bet list: the editor works on the row chosen
-// last in either list, a denominator of 0 is refused, and a Field fault
-// brings its row back.
-void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
+void ConfigureTest::clearingFireWithAFireBetAnsweredNoKeepsIt() {
+  DesktopTable t(1);
+  t.game->Bet(1, bet::kFire) = Currency::FromWhole(1);
+  ConfigureForm* form = t.OpenConfigure();
+  t.AnswerMessage(2);  // No
+  Get<QCheckBox>(form, "chkUseFireBet")->setChecked(false);
+  QVERIFY(t.game->rules.UseFireBet);
+  QVERIFY(Get<QCheckBox>(form, "chkUseFireBet")->isChecked());
+}
+
+// The payoff list's scroll position is the game's (the file keeps it): a
+// form filled again stands where the game says. The Field list beside the
+// bet list: the editor works on the row chosen last in either list, a
+// denominator of 0 is refused, and a Field fault brings its row back.
+void ConfigureTest::payoffListAndFieldRowsAreEditedBesideTheBets() {
   DesktopTable t;
   ConfigureForm* form = t.OpenConfigure(kTabPayoffs);
+  QScrollBar* scroll = Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar();
+  QVERIFY(scroll->maximum() >= 20);
+  scroll->setValue(20);
+  QCOMPARE(t.game->gamefile.PayoffsScroll, 20);
+  t.game->gamefile.PayoffsScroll = 7;  // as a game opened later leaves it
+  form = t.OpenConfigure(kTabPayoffs);
+  QCOMPARE(Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar()->value(), 7);
+
   auto* field = Get<QListWidget>(form, "lstField");
   auto* bets = Get<QListWidget>(form, "lstPayoffs");
   const auto betCell = PayoffCellOf(bets->item(0)->data(Qt::UserRole).toInt());
@@ -248,20 +244,6 @@ void ConfigureTest::fieldRowsAreEditedBesideTheBets() {
   QCOMPARE(t.shown.size(), std::size_t{1});
   QCOMPARE(field->currentRow(), kSix - 1);
   QVERIFY(Label(form, "lblPayoff").startsWith("Field 6"));
-}
-
-// The payoff list's scroll position is the game's (the file keeps it): a
-// form filled again stands where the game says.
-void ConfigureTest::thePayoffListStandsWhereTheGameLeftIt() {
-  DesktopTable t;
-  ConfigureForm* form = t.OpenConfigure(kTabPayoffs);
-  QScrollBar* scroll = Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar();
-  QVERIFY(scroll->maximum() >= 20);
-  scroll->setValue(20);
-  QCOMPARE(t.game->gamefile.PayoffsScroll, 20);
-  t.game->gamefile.PayoffsScroll = 7;  // as a game opened later leaves it
-  form = t.OpenConfigure(kTabPayoffs);
-  QCOMPARE(Get<QListWidget>(form, "lstPayoffs")->verticalScrollBar()->value(), 7);
 }
 
 void ConfigureTest::compListButtonsSetTheBitWords() {
@@ -350,7 +332,7 @@ void ConfigureTest::bankrollTabWorksOnTheChosenPlayer() {
   QVERIFY(!g.betting.AllowNegBankroll(1));
 }
 
-void ConfigureTest::colorControlsSetTheTablesColours() {
+void ConfigureTest::colorControlsSetTheTablesColoursAndTheTableIsDrawnInThem() {
   DesktopTable t;
   TableState& table = t.game->table;
   ConfigureForm* form = t.OpenConfigure(kTabColors);
@@ -372,11 +354,8 @@ void ConfigureTest::colorControlsSetTheTablesColours() {
   QCOMPARE(table.LayoutColor, kTableSkin[7].colors);
   QCOMPARE(table.Spotlight, kTableSkin[7].spotlight);
   QVERIFY(Get<QAction>(form, "mnuSetTableBlackLight")->isChecked());
-}
 
-void ConfigureTest::theTableIsDrawnInItsColours() {
-  DesktopTable t;
-  TableState& table = t.game->table;
+  // The table is drawn in its colours.
   ApplyTableSkin(table, 6);         // Blue Velvet
   SetTableSpotlight(table, false);  // a flat felt has one colour everywhere
   QRectF come;
@@ -426,7 +405,7 @@ void ConfigureTest::advantageAnswersToItsOptionsVigAndDice() {
   form->close();
 }
 
-void ConfigureTest::matrixEditsReachTheGameAndBadEntriesAreRefused() {
+void ConfigureTest::matrixEditsReachTheGameAndItsFile() {
   DesktopTable t;
   Game& g = *t.game;
   ConfigureForm* form = t.OpenConfigure(kTabProbability);
@@ -477,19 +456,13 @@ void ConfigureTest::matrixEditsReachTheGameAndBadEntriesAreRefused() {
   QCOMPARE(ProbValue(g, die1.a, die1.b), 25000);
   QCOMPARE(ProbValue(g, snake.a, snake.b), 0);
   QCOMPARE(Label(form, "lblPercentageDice"), QString("Percentage Dice"));
-  form->close();
-}
 
-void ConfigureTest::prbSaveNewOpenRoundTrip() {
-  DesktopTable t;
-  Game& g = *t.game;
+  // Save (no file yet: Save As), New and Open round the table through its file.
   const std::string path = folder_ / "sevens.prb";
   t.platform.onChooseFile = [&](const FileChooserRequest&) { return std::optional(path); };
-  ConfigureForm* form = t.OpenConfigure(kTabProbability);
   SetEntry(form, TotalEntry(7), "20");
   const auto edited = g.probability.ProbabilityTable;
-
-  Press(form, "mnuSave");  // no file yet: Save As
+  Press(form, "mnuSave");
   QVERIFY(QFile::exists(QString::fromStdString(path)));
   QVERIFY(!g.probability.ProbDirty);
 

@@ -43,11 +43,9 @@ class DialogsTest : public QObject {
   void settleDialogPaysByTheButtonPressed_data();
   void settleDialogPaysByTheButtonPressed();
   void bankrollFormScalesAndRunsHyperDrive();
-  void aClickDuringHyperDriveOffersToStopIt();
   void helpOpensOnTheContentsOrTheMessagesTopic();
   void showPathListsThePathsInUse();
   void theChoicesReachTheNewSession();
-  void cancelChangesNothing();
   void theDiceOptionsFollowTheFileInUse();
   void theMenuAsksFirstThenShowsTheForm();
 };
@@ -244,7 +242,7 @@ void DialogsTest::settleDialogPaysByTheButtonPressed() {
 
 // frmBankroll: the scale buttons climb the ladder, the moving average's
 // span, the auto-print and the throttle reach the game, and Hyper-Drive started from the
-// form stops on Auto-Stop with its message.
+// form stops on Auto-Stop with its message, or on a click at the table.
 void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   DesktopTable t(1);
   Game& g = *t.game;
@@ -311,15 +309,12 @@ void DialogsTest::bankrollFormScalesAndRunsHyperDrive() {
   QCOMPARE(t.shown.back(), std::make_pair(std::string("Hyper-Drive Stopped"),
                                           std::string("Stopped by Auto-Stop.")));
   QCOMPARE(form->HyperDriveButton()->text(), QString("Start Hyper-&Drive"));
-}
 
-void DialogsTest::aClickDuringHyperDriveOffersToStopIt() {
-  DesktopTable t;
-  Game& g = *t.game;
-  g.rules.BetRequirement = kNoBetRequired;
+  // A click on the table during Hyper-Drive offers to stop it.
   g.hyper.HyperThrottle = 1;  // events are pumped after every roll
   g.hyper.RunRollLimit = 50'000'000;
-  SeatPlayer(g, 1, "Ann", 1000_usd);
+  g.hyper.AutoStopRolls = Currency{};
+  t.shown.clear();
   t.AnswerMessage(1);  // Yes, stop
   QTimer::singleShot(30, t.View(), [&t] {
     QTest::mouseClick(t.View(), Qt::LeftButton, Qt::NoModifier, t.Pixel(FeltRect().center()));
@@ -346,20 +341,30 @@ void DialogsTest::showPathListsThePathsInUse() {
   QVERIFY(lines.contains("    Bo: /logs/bo.slg"));
 }
 
+// The form's choices reach the new session; Cancel (a box changed first)
+// changes nothing.
 void DialogsTest::theChoicesReachTheNewSession() {
   struct Case {
-    bool keepStats, keepStacks, keepScripts;
+    bool keepStats, keepStacks, keepScripts, cancel;
   };
-  for (const Case c : {Case{true, true, true}, Case{false, false, false}}) {
+  for (const Case c : {Case{true, true, true, false}, Case{false, false, false, false},
+                       Case{false, true, true, true}}) {
     DesktopTable t(2);
     PlaySome(*t.game);
+    if (c.cancel) t.game->roll.SessionDirty = true;
+    const auto before = std::make_unique<Game>(*t.game);
     NewForm form(*t.game, t.window.get());
     form.show();
     if (!c.keepStats) Press(FormChild<QCheckBox>(form, "chkPreserveGames"));
     if (!c.keepStacks) Press(FormChild<QCheckBox>(form, "chkPreserveCheckstacks"));
     if (!c.keepScripts) Press(FormChild<QCheckBox>(form, "chkRetainAutoBets"));
     QCOMPARE(FormChild<QCheckBox>(form, "chkInitialize")->isEnabled(), c.keepScripts);
-    QTest::mouseClick(FormChild<QPushButton>(form, "cmdOK"), Qt::LeftButton);
+    QTest::mouseClick(FormChild<QPushButton>(form, c.cancel ? "cmdCancel" : "cmdOK"),
+                      Qt::LeftButton);
+    if (c.cancel) {
+      QVERIFY(*t.game == *before);
+      continue;
+    }
 
     const Game& g = *t.game;
     QCOMPARE(g.Bet(1, bet::kBankroll), kStart);  // the start rule's bankroll
@@ -369,18 +374,6 @@ void DialogsTest::theChoicesReachTheNewSession() {
     QCOMPARE(g.Bet(1, 101), c.keepStacks ? Currency::FromWhole(300) : Currency{});
     QCOMPARE(g.roll.ScriptActive[1], c.keepScripts);
   }
-}
-
-void DialogsTest::cancelChangesNothing() {
-  DesktopTable t(2);
-  PlaySome(*t.game);
-  t.game->roll.SessionDirty = true;
-  const auto before = std::make_unique<Game>(*t.game);
-  NewForm form(*t.game, t.window.get());
-  form.show();
-  Press(FormChild<QCheckBox>(form, "chkPreserveGames"));
-  QTest::mouseClick(FormChild<QPushButton>(form, "cmdCancel"), Qt::LeftButton);
-  QVERIFY(*t.game == *before);
 }
 
 void DialogsTest::theDiceOptionsFollowTheFileInUse() {

@@ -25,11 +25,8 @@
 class StatsViewsTest : public QObject {
   Q_OBJECT
  private slots:
-  void summaryFollowsRollsFramesAndTheSelection();
-  void rollTotalsKindsListTheirCategories();
-  void betResultsFollowTheBetSelection();
-  void handsShowCountsOrPercents();
-  void rollFreqsShowTheGapsOfTheChosenCategory();
+  void summaryAndBetResultsFollowRollsFramesAndTheSelection();
+  void totalsHandsAndFreqsAddUpToTheirTallies();
   void betTrendsShowOnePlayersStreaks();
 };
 
@@ -81,7 +78,7 @@ void DoubleClick(QWidget& form, const char* label) {
 
 }  // namespace
 
-void StatsViewsTest::summaryFollowsRollsFramesAndTheSelection() {
+void StatsViewsTest::summaryAndBetResultsFollowRollsFramesAndTheSelection() {
   const auto t = PlayedTable();
   Game& g = *t->game;
   g.Bet(1, bet::kBankroll) = Currency::FromWhole(1234);
@@ -108,9 +105,29 @@ void StatsViewsTest::summaryFollowsRollsFramesAndTheSelection() {
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(4);
   QCOMPARE(g.views.SummaryFrame, 4);
   QCOMPARE(Text(*form, "lblTotalRolls"), QString::number(g.RollsAtTable(kTableAllSessions)));
+
+  // Bet results follow the bet selection.
+  g.views.BetResultsPlayers = 1 << 1;
+  form = OpenByMenu(*t, "mnuBetResults", "frmBetResults");
+  auto* bets = FormChild<QListWidget>(*form, "lstBets");
+  QCOMPARE(bets->selectedItems().size(), 85);
+  // Ann's only bet was the Field, so all bets and the Field alone agree.
+  const QString decided = Text(*form, "lblWagers1");
+  QVERIFY(decided.toInt() > 0);
+  const bool lost = Text(*form, "lblNet2").startsWith('-');
+  QCOMPARE(Ink(*form, "lblNet2"), lost ? QColor(192, 0, 0) : QColor(0, 0, 192));
+
+  DoubleClick(*form, "lblBets");
+  QCOMPARE(g.views.BetResultsSelection, std::string(85, '0'));
+  QCOMPARE(Text(*form, "lblWagers1"), QString("0"));
+
+  QListWidgetItem* field = bets->item(bet::kField - 1);
+  QTest::mouseClick(bets->viewport(), Qt::LeftButton, {}, bets->visualItemRect(field).center());
+  QCOMPARE(Text(*form, "lblBets"), QString("1 bet selected"));
+  QCOMPARE(Text(*form, "lblWagers1"), decided);
 }
 
-void StatsViewsTest::rollTotalsKindsListTheirCategories() {
+void StatsViewsTest::totalsHandsAndFreqsAddUpToTheirTallies() {
   const auto t = PlayedTable();
   Game& g = *t->game;
   StatsForm* form = OpenByMenu(*t, "mnuRollTotals", "frmRollTotals");
@@ -143,35 +160,10 @@ void StatsViewsTest::rollTotalsKindsListTheirCategories() {
   FormChild<QComboBox>(*form, "cmbHand")->setCurrentIndex(1);
   QCOMPARE(g.views.RollTotalsFrame, 1);
   QCOMPARE(grid->item(0, 4)->text(), QString("---"));
-}
 
-void StatsViewsTest::betResultsFollowTheBetSelection() {
-  const auto t = PlayedTable();
-  Game& g = *t->game;
-  g.views.BetResultsPlayers = 1 << 1;
-  StatsForm* form = OpenByMenu(*t, "mnuBetResults", "frmBetResults");
-  auto* bets = FormChild<QListWidget>(*form, "lstBets");
-  QCOMPARE(bets->selectedItems().size(), 85);
-  // Ann's only bet was the Field, so all bets and the Field alone agree.
-  const QString decided = Text(*form, "lblWagers1");
-  QVERIFY(decided.toInt() > 0);
-  const bool lost = Text(*form, "lblNet2").startsWith('-');
-  QCOMPARE(Ink(*form, "lblNet2"), lost ? QColor(192, 0, 0) : QColor(0, 0, 192));
-
-  DoubleClick(*form, "lblBets");
-  QCOMPARE(g.views.BetResultsSelection, std::string(85, '0'));
-  QCOMPARE(Text(*form, "lblWagers1"), QString("0"));
-
-  QListWidgetItem* field = bets->item(bet::kField - 1);
-  QTest::mouseClick(bets->viewport(), Qt::LeftButton, {}, bets->visualItemRect(field).center());
-  QCOMPARE(Text(*form, "lblBets"), QString("1 bet selected"));
-  QCOMPARE(Text(*form, "lblWagers1"), decided);
-}
-
-void StatsViewsTest::handsShowCountsOrPercents() {
-  const auto t = PlayedTable();
-  Game& g = *t->game;
-  StatsForm* form = OpenByMenu(*t, "mnuHands", "frmHands");
+  // Hands show counts or percents; roll frequencies the gaps of the chosen
+  // category.
+  form = OpenByMenu(*t, "mnuHands", "frmHands");
   // Every come-out roll is one of the eleven totals.
   long comeouts = 0;
   for (int n = 2; n <= 12; ++n)
@@ -186,12 +178,8 @@ void StatsViewsTest::handsShowCountsOrPercents() {
   units->click();
   QVERIFY(g.views.HandsShowPercent);
   QCOMPARE(Text(*form, "lblNumComeoutRolls13"), QString("100.00"));
-}
 
-void StatsViewsTest::rollFreqsShowTheGapsOfTheChosenCategory() {
-  const auto t = PlayedTable();
-  Game& g = *t->game;
-  StatsForm* form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
+  form = OpenByMenu(*t, "mnuRollFreqs", "frmRollFreqs");
   auto* category = FormChild<QComboBox>(*form, "cmbFreqNum");
   category->setCurrentIndex(category->findData(6));
   QCOMPARE(Text(*form, "lblLastRolled"), QString::number(g.RollsSince(6)));

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <tuple>
 
 #include "core/catalogue.h"
 #include "core/money.h"
@@ -51,17 +52,13 @@ class TableViewTest : public QObject {
   void keysAct_data();
   void keysAct();
   void pendingActionsAndToolsActOnTheNextClick();
-  void keyedAmountsAndTheirArrowKeys();
   void keysMoveTheBettorFlashAndRecallViews();
   void hotSpotsFollowZoomAndRotation_data();
   void hotSpotsFollowZoomAndRotation();
   void hoverRulesAndAmounts();
-  void theRailSeatsAndNamesTheBettor();
-  void moveAndCashOutFromThePlayersMenu();
+  void theRailAndThePlayersMenuSeatMoveAndRemove();
   void saveWritesTheGameAndTheCaptionNamesIt();
-  void stacksStopAtThirteenChecks();
-  void statusBoxesFormatAmounts();
-  void statusBoxesNearPlayersNeverOverlap();
+  void statusBoxesAndStacksOnTheFelt();
 };
 
 void TableViewTest::everyBaseLiesWellInsideItsBet() {
@@ -131,7 +128,8 @@ void TableViewTest::switchedOffBetsAnswerNoHotSpot() {
 }
 
 // Ctrl takes a check off, Shift the whole bet, and Alt drags a bet to
-// another.
+// another. With key-in amounts a click opens a box for the amount, whose
+// arrow keys carry it to the neighbouring bet.
 void TableViewTest::modifiersChangeWhatAClickDoes() {
   DesktopTable t(1);
   Game& g = Ready(t, 1);
@@ -150,6 +148,26 @@ void TableViewTest::modifiersChangeWhatAClickDoes() {
   QTest::mouseRelease(t.View(), Qt::LeftButton, Qt::AltModifier, to);
   QCOMPARE(g.Bet(1, bet::kField), Currency{});
   QCOMPARE(g.Bet(1, bet::kBig6), 30_usd);
+
+  QTest::keyClick(t.View(), Qt::Key_F9);
+  QVERIFY(g.betting.KeyInBetAmounts);
+  t.Click(field);
+  QLineEdit* box = t.View()->EnterBetBox();
+  box->clear();
+  QTest::keyClicks(box, "25");
+  QTest::keyClick(box, Qt::Key_Return);
+  QCOMPARE(g.Bet(1, bet::kField), 25_usd);
+  // The arrow keys carry the box to the neighbouring bet: Come lies above the Field.
+  t.Click(field);
+  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Up);
+  const QPoint come = t.Pixel(BasePosition(1, bet::kCome));
+  QVERIFY((t.View()->EnterBetBox()->geometry().center() - come).manhattanLength() < 20);
+  QCOMPARE(g.gamefile.EnterBetId, int(bet::kCome));  // the game's, which the file keeps
+  // Turned by 180 degrees, Up on the screen points the other way on the table.
+  g.table.TableRotation = 180;
+  t.View()->AutoSize();
+  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Down);
+  QVERIFY((t.View()->EnterBetBox()->geometry().center() - t.Pixel(field)).manhattanLength() > 20);
 }
 
 void TableViewTest::theRailChoosesTheBettorAndTheCheck() {
@@ -236,31 +254,6 @@ void TableViewTest::pendingActionsAndToolsActOnTheNextClick() {
   t.Click(FeltRect().center(), Qt::RightButton);
   QCOMPARE(g.betting.PendingAction, static_cast<int>(kPendingNone));
   QCOMPARE(g.RollTally(kTableSession, kEventRolls), 2);
-}
-
-void TableViewTest::keyedAmountsAndTheirArrowKeys() {
-  DesktopTable t(1);
-  Game& g = Ready(t, 1);
-  QTest::keyClick(t.View(), Qt::Key_F9);
-  QVERIFY(g.betting.KeyInBetAmounts);
-  t.Click(BasePosition(1, bet::kField));
-  QLineEdit* box = t.View()->EnterBetBox();
-  box->clear();
-  QTest::keyClicks(box, "25");
-  QTest::keyClick(box, Qt::Key_Return);
-  QCOMPARE(g.Bet(1, bet::kField), 25_usd);
-  // The arrow keys carry the box to the neighbouring bet: Come lies above the Field.
-  t.Click(BasePosition(1, bet::kField));
-  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Up);
-  const QPoint come = t.Pixel(BasePosition(1, bet::kCome));
-  QVERIFY((t.View()->EnterBetBox()->geometry().center() - come).manhattanLength() < 20);
-  QCOMPARE(g.gamefile.EnterBetId, int(bet::kCome));  // the game's, which the file keeps
-  // Turned by 180 degrees, Up on the screen points the other way on the table.
-  g.table.TableRotation = 180;
-  t.View()->AutoSize();
-  QTest::keyClick(t.View()->EnterBetBox(), Qt::Key_Down);
-  const QPoint field = t.Pixel(BasePosition(1, bet::kField));
-  QVERIFY((t.View()->EnterBetBox()->geometry().center() - field).manhattanLength() > 20);
 }
 
 // Tab moves the bettor round the seats taken, Shift+Tab back; Space flashes
@@ -354,8 +347,9 @@ void TableViewTest::hoverRulesAndAmounts() {
 }
 
 // A click on a bet with nobody to bet says who is missing; a click on an
-// open seat offers a player, and No keeps the bettor.
-void TableViewTest::theRailSeatsAndNamesTheBettor() {
+// open seat offers a player, and No keeps the bettor. The players' menu
+// moves and removes a player.
+void TableViewTest::theRailAndThePlayersMenuSeatMoveAndRemove() {
   DesktopTable t;
   Game& g = *t.game;
   t.Click(BasePosition(1, bet::kField));
@@ -379,20 +373,17 @@ void TableViewTest::theRailSeatsAndNamesTheBettor() {
   t.Click(RailCheckRect(6, 2).center());
   QCOMPARE(g.PlayerName[6], std::string("Zed"));
   QCOMPARE(g.Bet(6, bet::kBankroll), 750_usd);
-}
 
-void TableViewTest::moveAndCashOutFromThePlayersMenu() {
-  DesktopTable t(2);
-  Game& g = *t.game;
-  g.betting.CurPlayer = 1;
+  // The players' menu moves Bo and cashes him out; Zed alone can't pass the dice.
+  g.betting.CurPlayer = 2;
   t.window->findChild<QAction*>("mnuPlayerMove")->trigger();
-  QCOMPARE(t.View()->StatusLineText(), std::string("Click the rail where you want Ann to move"));
+  QCOMPARE(t.View()->StatusLineText(), std::string("Click the rail where you want Bo to move"));
   t.Click(NamePlateRect(7).center());
-  QCOMPARE(g.PlayerName[7], std::string("Ann"));
+  QCOMPARE(g.PlayerName[7], std::string("Bo"));
   QCOMPARE(g.betting.CurPlayer, 7);
   t.AnswerMessage(1);  // Yes
   t.window->findChild<QAction*>("mnuPlayerDelete")->trigger();
-  QCOMPARE(t.shown.back().second, std::string("Would you like to remove Ann?"));
+  QCOMPARE(t.shown.back().second, std::string("Would you like to remove Bo?"));
   QCOMPARE(g.PlayerCount, 1);
   t.window->findChild<QAction*>("mnuPassDice")->trigger();
   QCOMPARE(t.shown.back().second,
@@ -415,28 +406,11 @@ void TableViewTest::saveWritesTheGameAndTheCaptionNamesIt() {
   QFile::remove(path);
 }
 
-void TableViewTest::stacksStopAtThirteenChecks() {
-  DesktopTable t(1);
-  Game& g = *t.game;
-  struct Case {
-    long amount;
-    int checks;
-    bool overflow;
-  } cases[] = {{0, 0, false},  {131, 4, false},        {13, 5, false},         {4, 4, false},
-               {13 * 500, 13, false},  {13 * 500 + 1, 13, true},
-               {12 * 500 + 205, 13, true}};  // 12 of 500, one of 100, 105 left over
-  for (const Case& c : cases) {
-    std::vector<DrawnCheck> rows;
-    AppendStack(rows, g, 1, bet::kField, Currency::FromWhole(c.amount));
-    const auto overflow = std::count_if(rows.begin(), rows.end(),
-                                        [](const DrawnCheck& r) { return r.kind == kOverflowKind; });
-    QCOMPARE(int(rows.size() - overflow), c.checks);
-    QCOMPARE(overflow == 1, c.overflow);
-  }
-}
-
-void TableViewTest::statusBoxesFormatAmounts() {
-  DesktopTable t(2);
+// The boxes show amounts whole until any shows cents. In a narrow window the
+// seats crowd together; the boxes in front of them narrow with them and
+// still hold their lines.
+void TableViewTest::statusBoxesAndStacksOnTheFelt() {
+  DesktopTable t(8);
   Game& g = *t.game;
   g.rules.NoticeFlags = 0;
   Place(g, 1, bet::kField, 25_usd);
@@ -447,12 +421,7 @@ void TableViewTest::statusBoxesFormatAmounts() {
   QVERIFY(StatusBoxesUseFractions(g));
   QCOMPARE(StatusBoxLines(g, 2, true).lines[3], std::string("Lost:  1.25"));
   QCOMPARE(StatusBoxLines(g, 1, true).lines[1], std::string("1 Bet:  25.00"));
-}
 
-// In a narrow window the seats crowd together; the boxes in front of them
-// narrow with them and still hold their lines.
-void TableViewTest::statusBoxesNearPlayersNeverOverlap() {
-  DesktopTable t(8);
   for (const QSize size : {QSize(1280, 900), QSize(1000, 760)}) {
     t.window->resize(size);
     QApplication::processEvents();
@@ -464,6 +433,20 @@ void TableViewTest::statusBoxesNearPlayersNeverOverlap() {
         QVERIFY2(!box.intersects(t.View()->StatusBoxRect(b)),
                  qPrintable(QString("seats %1 and %2 at %3 wide").arg(a).arg(b).arg(size.width())));
     }
+  }
+  // A stack stops at thirteen checks; what is left over shows as one more.
+  // {amount, checks, one for what is left over}; 6,205 is 12 of 500, one of
+  // 100, and 105 left over.
+  const std::tuple<long, int, bool> cases[] = {{0, 0, false},   {131, 4, false},   {13, 5, false},
+                                               {4, 4, false},   {6500, 13, false}, {6501, 13, true},
+                                               {6205, 13, true}};
+  for (const auto& [amount, checks, overflowed] : cases) {
+    std::vector<DrawnCheck> rows;
+    AppendStack(rows, g, 1, bet::kField, Currency::FromWhole(amount));
+    const auto overflow = std::count_if(
+        rows.begin(), rows.end(), [](const DrawnCheck& r) { return r.kind == kOverflowKind; });
+    QCOMPARE(int(rows.size() - overflow), checks);
+    QCOMPARE(overflow == 1, overflowed);
   }
 }
 

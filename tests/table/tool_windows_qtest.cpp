@@ -41,14 +41,11 @@ class ToolWindowsTest : public QObject {
   Q_OBJECT
  private slots:
   void theWindowsKeepTheirPlaces();
-  void aPlaceOffTheScreenIsPulledBack();
   void anOpenedGameOpensAndClosesItsWindows();
   void aClickOnABoxCellRollsThoseDice();
   void facesWaitForBothDice();
-  void theRightButtonOpensTheMenuWhoseChoicesReachTheGame();
-  void aClickDuringHyperDriveAsksInsteadOfRolling();
+  void hyperDriveAndTheRightButtonRollNothing();
   void anOpenedLogShowsItsLinesAndFindMovesTheTop();
-  void theSwitchesReachTheGameAndARollComesToTheTop();
   void aLogLongerThanTheBarScrollsToItsLastLine();
 };
 
@@ -178,18 +175,6 @@ void ToolWindowsTest::theWindowsKeepTheirPlaces() {
   }
 }
 
-void ToolWindowsTest::aPlaceOffTheScreenIsPulledBack() {
-  DesktopTable t(1);
-  auto& layout = t.game->gamefile.LayoutB;
-  layout[41] = layout[42] = 40000;  // frmCheckStacks: Top, Left, Height, Width
-  layout[43] = 400;
-  layout[44] = 500;
-  CheckStacksForm* form = t.window->CheckStacks();
-  form->show();
-  QApplication::processEvents();
-  QVERIFY(form->screen()->availableGeometry().contains(form->pos()));
-}
-
 void ToolWindowsTest::aClickOnABoxCellRollsThoseDice() {
   DesktopTable t(1);
   const std::int32_t box = 1 << static_cast<int>(PadKind::BoxCombos);
@@ -219,11 +204,22 @@ void ToolWindowsTest::facesWaitForBothDice() {
   QCOMPARE(t.game->Die2, 6);
 }
 
-void ToolWindowsTest::theRightButtonOpensTheMenuWhoseChoicesReachTheGame() {
+// A click during Hyper-Drive asks to stop it instead of rolling; the right
+// button opens the display menu, whose choices reach the game.
+void ToolWindowsTest::hyperDriveAndTheRightButtonRollNothing() {
   DesktopTable t(1);
   RollPadForm& form = OpenPad(t, 1 << static_cast<int>(PadKind::BoxCombos), QSize(330, 330));
-  t.game->roll.SessionDirty = false;
+  t.game->HyperDrive = true;
+  t.game->KeepRolling = true;
   const long before = Rolls(t);
+  t.AnswerMessage(1);  // Yes
+  QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, Centre(form.Pad(), 6, 6, 2, 2, 0));
+  QCOMPARE(t.shown.at(0).second, std::string("Do you want to stop Hyper-Drive?"));
+  QVERIFY(!t.game->KeepRolling);
+  QCOMPARE(Rolls(t), before);
+  t.game->HyperDrive = false;
+
+  t.game->roll.SessionDirty = false;
   QTest::mouseClick(form.Pad(), Qt::RightButton, {}, Centre(form.Pad(), 6, 6, 1, 1, 0));
   QVERIFY(form.DisplayMenu()->isVisible());
   QCOMPARE(Rolls(t), before);
@@ -238,20 +234,6 @@ void ToolWindowsTest::theRightButtonOpensTheMenuWhoseChoicesReachTheGame() {
   // Changed options mark the session unsaved when the pad closes.
   form.close();
   QVERIFY(t.game->roll.SessionDirty);
-}
-
-void ToolWindowsTest::aClickDuringHyperDriveAsksInsteadOfRolling() {
-  DesktopTable t(1);
-  RollPadForm& form = OpenPad(t, 1 << static_cast<int>(PadKind::BoxCombos), QSize(330, 330));
-  t.game->HyperDrive = true;
-  t.game->KeepRolling = true;
-  const long before = Rolls(t);
-  t.AnswerMessage(1);  // Yes
-  QTest::mouseClick(form.Pad(), Qt::LeftButton, {}, Centre(form.Pad(), 6, 6, 2, 2, 0));
-  QCOMPARE(t.shown.at(0).second, std::string("Do you want to stop Hyper-Drive?"));
-  QVERIFY(!t.game->KeepRolling);
-  QCOMPARE(Rolls(t), before);
-  t.game->HyperDrive = false;
 }
 
 void ToolWindowsTest::anOpenedLogShowsItsLinesAndFindMovesTheTop() {
@@ -285,14 +267,9 @@ void ToolWindowsTest::anOpenedLogShowsItsLinesAndFindMovesTheTop() {
   t.Trigger("mnuPrint");
   QCOMPARE(t.platform.documentsPrinted, 1);
   QVERIFY(QFileInfo(t.platform.printToFile).size() > 0);
-}
 
-// The switches reach the game; with "Scroll New Rolls To Top" a roll brings
-// its line to the top of the open view.
-void ToolWindowsTest::theSwitchesReachTheGameAndARollComesToTheTop() {
-  EventsLogTable t;
-  t.WriteLog(5);
-  t.Trigger("mnuOpen");
+  // The switches reach the game; with "Scroll New Rolls To Top" a roll brings
+  // its line to the top of the open view.
   const RollState& r = t.game->roll;
   t.game->roll.SessionDirty = false;
   t.Trigger("mnuDeselectAllEvents");
@@ -304,8 +281,8 @@ void ToolWindowsTest::theSwitchesReachTheGameAndARollComesToTheTop() {
   QVERIFY(r.LogOn && r.LogRolls && r.LogRollOnTop);
   QTest::keyClick(t.View(), Qt::Key_F2);
   QApplication::processEvents();
-  // The new roll line follows the five written: its number is the top line.
-  QVERIFY(t.game->eventsLog.LogTopLine > 5);
+  // The new roll line follows the fifty written: its number is the top line.
+  QVERIFY(t.game->eventsLog.LogTopLine > 50);
   QCOMPARE(t.Bar()->value(), t.game->eventsLog.LogTopLine);
   std::ifstream in(t.path);
   std::string line;
@@ -328,8 +305,15 @@ void ToolWindowsTest::aLogLongerThanTheBarScrollsToItsLastLine() {
 // closed brings them back so when opened, whatever is open at the time.
 void ToolWindowsTest::anOpenedGameOpensAndClosesItsWindows() {
   DesktopTable t(1);
+  // A place off the screen is pulled back.
+  auto& layout = t.game->gamefile.LayoutB;
+  layout[41] = layout[42] = 40000;  // frmCheckStacks: Top, Left, Height, Width
+  layout[43] = 400;
+  layout[44] = 500;
   CheckStacksForm* stacks = t.window->CheckStacks();
   stacks->show();
+  QApplication::processEvents();
+  QVERIFY(stacks->screen()->availableGeometry().contains(stacks->pos()));
   stacks->move(140, 90);
   t.game->betting.KeyInBetAmounts = true, t.game->betting.CurPlayer = 1;
   t.game->gamefile.EnterBetId = bet::kField;
