@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <tuple>
 
 #include "config/payoffs.h"
 #include "core/catalogue.h"
@@ -37,15 +38,13 @@ class Settings : public ::testing::Test {
   Game& g = *owner;
 };
 
-TEST_F(Settings, NoticeFlagsAndVigPercent) {
+// The notice boxes as flags, the vig as a percent, and the roll rate box,
+// which holds the rate in the unit its row chooses; kept in rolls an hour.
+TEST_F(Settings, NoticeFlagsVigPercentAndRollRateRows) {
   const bool boxes[5] = {true, false, true, false, true};
   EXPECT_EQ(NoticeFlagsFromChecks(boxes), 1 + 4 + 16);
   EXPECT_EQ(VigRateFromPercent(Currency::FromRaw(42500)), Currency::FromRaw(425));
   EXPECT_EQ(VigPercentFromRate(Currency::FromRaw(500)), 5_usd);
-}
-
-// The box holds the rate in the unit its row chooses; kept in rolls an hour.
-TEST_F(Settings, RollRateRows) {
   EXPECT_EQ(RollsPerHourFromBox(30_usd, 5), 120_usd);                     // 30 secs / roll
   EXPECT_EQ(RollsPerHourFromBox(36000000_usd, 5), Currency::FromRaw(1));  // 0.0001
   EXPECT_EQ(RollsPerHourFromBox(Currency::FromRaw(1), 0), Currency::FromRaw(1));
@@ -155,22 +154,17 @@ TEST_F(Settings, FieldDenominator) {
 }
 
 TEST_F(Settings, FieldPresets) {
-  struct Case {
-    FieldPreset preset;
-    int d1, d2;
-    long a, d;
-  };
-  const Case cases[] = {
+  // The preset, a row's dice, and its "a to d".
+  const std::tuple<FieldPreset, int, int, long, long> cases[] = {
       {kSFPass, 2, 2, -1, 3},    {kSFPass, 4, 4, -1, 11},    {kSFDontPass, 6, 4, 1, 3},
       {kSFDontPass, 6, 6, 0, 1}, {kSFHard8, 4, 4, 9, 1},     {kSFHard8, 2, 6, -1, 1},
       {kSFHorn, 1, 1, 27, 4},    {kSFHorn, 5, 6, 12, 4},     {kSFWorld, 3, 4, 0, 5},
       {kSFMidway, 3, 3, 2, 1},   {kSFCrapless, 1, 1, -5, 7}, {kSFLay4, 2, 5, 19, 40},
       {kSFField, 6, 6, 2, 1},
   };
-  for (const Case& c : cases) {
-    SetFieldPreset(g, c.preset);
-    EXPECT_EQ(Field(FieldRow(c.d1, c.d2)), P(c.a, c.d))
-        << static_cast<int>(c.preset) << ": " << c.d1 << c.d2;
+  for (const auto& [preset, d1, d2, a, d] : cases) {
+    SetFieldPreset(g, preset);
+    EXPECT_EQ(Field(FieldRow(d1, d2)), P(a, d)) << static_cast<int>(preset) << ": " << d1 << d2;
   }
   SetFieldPreset(g, kSFHorn);
   EXPECT_EQ(g.FieldPayoff(2, FieldRow(1, 1)), 0_usd) << "Horn rows read 'for'";

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "core/file_io.h"
@@ -236,23 +237,20 @@ TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
 
 TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
   Start({DiceRollByte(1, 3)});
-  struct Case {
-    int answer;
-    std::int32_t mode, pos;
-  };
-  for (const Case c :
-       {Case{kAnswerCancel, kDiceFilePlayback, 2}, Case{kAnswerNo, kDiceFileInactive, 2},
-        Case{kAnswerYes, kDiceFilePlayback, 1}}) {
+  // The answer, then the mode and the position it leaves.
+  for (const auto& [answer, mode, pos] :
+       {std::tuple{kAnswerCancel, kDiceFilePlayback, 2}, {kAnswerNo, kDiceFileInactive, 2},
+        {kAnswerYes, kDiceFilePlayback, 1}}) {
     g.diceFile.DiceFileMode = kDiceFilePlayback;
     g.diceFile.DiceFilePos = 2;
-    Reply(c.answer);
+    Reply(answer);
     platform.messages.clear();
     RollDice(g);
     ASSERT_EQ(platform.messages.size(), 1u);
     EXPECT_EQ(LastMessage(), "Playback stopped.\rRewind for playback?");
     EXPECT_EQ(platform.messages[0].title, "Dice Roll File");
-    EXPECT_EQ(g.diceFile.DiceFileMode, c.mode) << c.answer;
-    EXPECT_EQ(g.diceFile.DiceFilePos, c.pos) << c.answer;
+    EXPECT_EQ(g.diceFile.DiceFileMode, mode) << answer;
+    EXPECT_EQ(g.diceFile.DiceFilePos, pos) << answer;
     EXPECT_TRUE(g.StopMessage.empty());
   }
   g.diceFile.DiceFileMode = kDiceFileRecording;
@@ -276,13 +274,9 @@ TEST_F(DiceFile, TheRecorderNeedsAFileAndANewSessionClosesIt) {
 // paste, copy and paste at the end, deletes of the head and the tail.
 TEST_F(DiceFile, CutCopyPasteAndDeleteMatchTheModelAcrossBlockEdges) {
   Start(RandomRolls(3 * kBlock + 17, 1));
-  struct Step {
-    const char* what;
-    std::int64_t pos, selEnd;
-    char op;
-  };
   const std::int64_t b = kBlock;
-  const Step steps[] = {
+  // What the step does, the selection's ends, the operation.
+  const std::tuple<const char*, std::int64_t, std::int64_t, char> steps[] = {
       {"copy two blocks and a bit", 5, 2 * b + 9, 'c'},
       {"paste at a block's edge", b, b, 'v'},
       {"cut reversed across an edge", 2 * b + 3, b - 2, 'x'},
@@ -295,11 +289,11 @@ TEST_F(DiceFile, CutCopyPasteAndDeleteMatchTheModelAcrossBlockEdges) {
       {"delete the tail", 2 * b, 99 * b, 'd'},
       {"delete at the end: nothing", 99 * b, 99 * b, 'd'},
   };
-  for (const Step& s : steps) {
+  for (const auto& [what, pos, selEnd, op] : steps) {
     const auto end = m.Size() + 1;
-    Select(std::min(s.pos, end), std::min(s.selEnd, end));
-    Do(s.op);
-    Check(s.what);
+    Select(std::min(pos, end), std::min(selEnd, end));
+    Do(op);
+    Check(what);
     if (HasFailure()) return;
   }
   ASSERT_TRUE(IsDiceRollFile(Path()));
@@ -411,20 +405,17 @@ TEST_F(DiceFile, CopyingOutRefusesTheOpenFileAndAsksBeforeReplacing) {
 
 TEST_F(DiceFile, TextOutputFollowsTheTemplate) {
   Start({DiceRollByte(3, 4), DiceRollByte(6, 6), DiceRollByte(1, 2)});
-  struct Case {
-    const char* format;
-    std::int64_t number;
-    unsigned char roll;
-    const char* line;
-  };
-  for (const Case c : {Case{"Roll# (Die1.Die2) Total", 1234, DiceRollByte(3, 4), "1,234 (3.4) 7"},
-                       Case{"  ", 5, DiceRollByte(6, 6), "5 (6.6) 12"},
-                       Case{"TOTAL=total, Die2", 1, DiceRollByte(1, 2), "3=3, 2"},
-                       Case{"roll#roll#die1", 1'000'000, DiceRollByte(5, 1), "1,000,0001,000,0005"},
-                       Case{"die", 1, DiceRollByte(5, 1), "die"}}) {
+  // The template, the roll's number and dice, the line.
+  const std::tuple<const char*, std::int64_t, unsigned char, const char*> cases[] = {
+      {"Roll# (Die1.Die2) Total", 1234, DiceRollByte(3, 4), "1,234 (3.4) 7"},
+      {"  ", 5, DiceRollByte(6, 6), "5 (6.6) 12"},
+      {"TOTAL=total, Die2", 1, DiceRollByte(1, 2), "3=3, 2"},
+      {"roll#roll#die1", 1'000'000, DiceRollByte(5, 1), "1,000,0001,000,0005"},
+      {"die", 1, DiceRollByte(5, 1), "die"}};
+  for (const auto& [format, number, roll, line] : cases) {
     std::string out;
-    AppendDiceRollText(out, PrepareDiceOutputFormat(c.format), c.number, c.roll);
-    EXPECT_EQ(out, c.line) << c.format;
+    AppendDiceRollText(out, PrepareDiceOutputFormat(format), number, roll);
+    EXPECT_EQ(out, line) << format;
   }
   EXPECT_FALSE(HasDiceInformation("Roll# only"));
   EXPECT_TRUE(HasDiceInformation(""));  // the default has all three

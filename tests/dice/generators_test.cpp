@@ -1,6 +1,6 @@
 // The generators: the raw ones against their published definitions; dice
-// from each (range, uniformity, the alternating generators, the
-// single-draw generator, the missing-library fallback and the 1.0 edge);
+// from each (range, uniformity, the alternating generators, the twisters'
+// words and the single draw, the missing-library fallback and the 1.0 edge);
 // seeding (given seeds, clock seeds, the user's prompt, limits, the log
 // line and the start-up order).
 #include "dice/generators.h"
@@ -197,28 +197,10 @@ TEST_F(Dice, AlternatingGeneratorsFollowSessionRollCount) {
   }
 }
 
-// The single-draw generator: x = Int(U x 36) gives Die2 = Int(x / 6) + 1,
-// which is the die the same first draw gives generator 0, and Die1 the
-// finer part. Each roll costs one word of the twister.
-TEST_F(Dice, SingleDrawGeneratorSharesFirstDrawWithGeneratorOne) {
-  int differentRolls = 0;
-  for (double seed : {1.0, 77.0, 31337.0, 2147483647.0}) {
-    Select(0, seed);
-    const auto one = Roll();
-    Select(7, seed);
-    MtState oneWordOn = g.dice.mt19937;
-    genrand_int32(oneWordOn);
-    const auto eight = Roll();
-    EXPECT_TRUE(SameTwister(g.dice.mt19937, oneWordOn));
-    EXPECT_EQ(eight[1], one[0]) << seed;
-    differentRolls += eight != one;
-  }
-  EXPECT_GT(differentRolls, 0);
-}
-
 // The twister generators make their dice in integers; each die must be
-// Int(u x 6) + 1 (Int(u x 36) for the single draw) of the same word as a
-// double u in [0, 1), as the draw is defined. The first generator draws
+// Int(u x 6) + 1 of the same word as a double u in [0, 1), as the draw is
+// defined. The single draw takes x = Int(u x 36) of one word a roll: Die2 =
+// Int(x / 6) + 1, the die the same word gives generator 1, Die1 the finer part. The first generator draws
 // its two words together: a run that starts one word on (as after a
 // single-draw roll) meets each regeneration between the two dice.
 TEST_F(Dice, TwisterDiceAreTheDoubleFormulaOfTheirWords) {

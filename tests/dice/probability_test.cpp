@@ -141,16 +141,12 @@ TEST_F(Probability, CellSetsAreHeldByTheirLockedTotalAndFace) {
 }
 
 TEST_F(Probability, UnbalanceableSetsAreUndoneButStayLocked) {
-  struct Case {
-    const char* why;
-    std::vector<ProbEntry> locks;
-    ProbEntry entry;
-  };
   std::vector<ProbEntry> allButDieOne1, dieOne1Others = {FaceEntry(1, 1)};
   for (int d1 = 2; d1 <= 6; ++d1)
     for (int d2 = 1; d2 <= 6; ++d2) allButDieOne1.push_back(CellOfDice(d1, d2));
   for (int d2 = 2; d2 <= 6; ++d2) dieOne1Others.push_back(CellOfDice(1, d2));
-  const Case cases[] = {
+  // Why it can't balance, the entries locked first, the entry set.
+  const std::tuple<const char*, std::vector<ProbEntry>, ProbEntry> cases[] = {
       {"a total whose only cell is locked", {CellOfDice(1, 1)}, TotalEntry(2)},
       {"a face with the five others of its die locked",
        {FaceEntry(2, 1), FaceEntry(2, 2), FaceEntry(2, 3), FaceEntry(2, 4), FaceEntry(2, 5)},
@@ -158,16 +154,16 @@ TEST_F(Probability, UnbalanceableSetsAreUndoneButStayLocked) {
       {"a cell whose locked face has every other cell locked", dieOne1Others, CellOfDice(1, 1)},
       {"a face with something locked and no free cell outside it", allButDieOne1, FaceEntry(1, 1)},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.why);
+  for (const auto& [why, locks, entry] : cases) {
+    SCOPED_TRACE(why);
     NewProbabilities(g);
-    for (const ProbEntry e : c.locks) Lock(e);
+    for (const ProbEntry e : locks) Lock(e);
     const Grid before = Cells();
-    const Long old = Value(c.entry);
-    Set(c.entry, 50000);
+    const Long old = Value(entry);
+    Set(entry, 50000);
     EXPECT_EQ(Cells(), before);
-    EXPECT_EQ(Value(c.entry), old);
-    EXPECT_TRUE(Locked(c.entry));
+    EXPECT_EQ(Value(entry), old);
+    EXPECT_TRUE(Locked(entry));
     EXPECT_FALSE(g.probability.ProbDirty);
     for (int a = 1; a <= 7; ++a)
       for (int b = 1; b <= 13; ++b) EXPECT_TRUE(ProbFlag(g, a, b) == 0 || Locked({a, b})) << a << b;
@@ -546,24 +542,20 @@ TEST_F(ProbabilityFile, UnsavedNumbersAreAskedAboutBeforeNewOrOpen) {
   EXPECT_EQ(AskToSaveProbabilities(g), ProbSaveChoice::Go);  // nothing unsaved: no question
   EXPECT_TRUE(platform.messages.empty());
   Set(TotalEntry(7), 20000);
-  const struct {
-    int answer;
-    const char* path;
-    ProbSaveChoice choice;
-    bool dirtyAfter;
-  } cases[] = {
+  // The answer, the file in use, the choice made and the table left unsaved.
+  const std::tuple<int, const char*, ProbSaveChoice, bool> cases[] = {
       {kAnswerCancel, "", ProbSaveChoice::Cancel, true},
       {kAnswerNo, "", ProbSaveChoice::Go, true},
       {kAnswerYes, "", ProbSaveChoice::SaveAs, true},
       {kAnswerYes, "default.prb", ProbSaveChoice::SaveAs, true},
       {kAnswerYes, "mine.prb", ProbSaveChoice::Go, false},
   };
-  for (const auto& c : cases) {
+  for (const auto& [answer, path, choice, dirtyAfter] : cases) {
     g.probability.ProbDirty = true;
-    g.probability.ProbFilePath = c.path[0] ? folder / c.path : "";
-    platform.queuedReplies.push_back({c.answer, "", "", false});
-    EXPECT_EQ(AskToSaveProbabilities(g), c.choice) << c.answer << c.path;
-    EXPECT_EQ(g.probability.ProbDirty, c.dirtyAfter) << c.answer << c.path;
+    g.probability.ProbFilePath = path[0] ? folder / path : "";
+    platform.queuedReplies.push_back({answer, "", "", false});
+    EXPECT_EQ(AskToSaveProbabilities(g), choice) << answer << path;
+    EXPECT_EQ(g.probability.ProbDirty, dirtyAfter) << answer << path;
   }
   EXPECT_TRUE(fs::exists(folder / "mine.prb"));
   ASSERT_EQ(platform.messages.size(), 5u);
