@@ -238,9 +238,9 @@ TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
 TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
   Start({DiceRollByte(1, 3)});
   // The answer, then the mode and the position it leaves.
-  for (const auto& [answer, mode, pos] :
-       {std::tuple{kAnswerCancel, kDiceFilePlayback, 2}, {kAnswerNo, kDiceFileInactive, 2},
-        {kAnswerYes, kDiceFilePlayback, 1}}) {
+  for (const auto& [answer, mode, pos] : {std::tuple{kAnswerCancel, kDiceFilePlayback, 2},
+                                          {kAnswerNo, kDiceFileInactive, 2},
+                                          {kAnswerYes, kDiceFilePlayback, 1}}) {
     g.diceFile.DiceFileMode = kDiceFilePlayback;
     g.diceFile.DiceFilePos = 2;
     Reply(answer);

@@ -200,9 +200,10 @@ TEST_F(Dice, AlternatingGeneratorsFollowSessionRollCount) {
 // The twister generators make their dice in integers; each die must be
 // Int(u x 6) + 1 of the same word as a double u in [0, 1), as the draw is
 // defined. The single draw takes x = Int(u x 36) of one word a roll: Die2 =
-// Int(x / 6) + 1, the die the same word gives generator 1, Die1 the finer part. The first generator draws
-// its two words together: a run that starts one word on (as after a
-// single-draw roll) meets each regeneration between the two dice.
+// Int(x / 6) + 1, the die the same word gives the first generator, and Die1
+// the finer part. The first generator draws its two words together: a run
+// that starts one word on (as after a single-draw roll) meets each
+// regeneration between the two dice.
 TEST_F(Dice, TwisterDiceAreTheDoubleFormulaOfTheirWords) {
   for (const auto& [index, wordsOn] : {std::pair<Long, int>{0, 0}, {0, 1}, {1, 0}, {7, 0}}) {
     Select(index, 987654);

@@ -615,11 +615,8 @@ TEST_F(RollFixture, PlayersBettingInHyperDriveAllocateNothing) {
     EXPECT_LE(g.TotalBets(p), g.Bet(p, bet::kBankroll)) << p;
   }
   // The run did what it claims: odds were taken and laid, vig was charged.
-  EXPECT_GT(g.StatAction(FrameIndex(1, kFrameCurrentSession), kPassLineOdds, kStatCount),
-            Currency{});
-  EXPECT_GT(g.StatAction(FrameIndex(2, kFrameCurrentSession), kDontPassOdds, kStatCount),
-            Currency{});
-  EXPECT_GT(g.StatAction(FrameIndex(3, kFrameCurrentSession), BuyId(4), kStatCount), Currency{});
+  for (auto [p, b] : {std::pair{1, kPassLineOdds}, {2, kDontPassOdds}, {3, BuyId(4)}})
+    EXPECT_GT(g.StatAction(FrameIndex(p, kFrameCurrentSession), b, kStatCount), Currency{}) << p;
 }
 
 }  // namespace

@@ -90,10 +90,10 @@ TEST_F(RollTotals, GapsOfExactly200AndFirstOccurrences) {
   ASSERT_EQ(two.gaps.size(), 2u);
   EXPECT_EQ(two.gaps[0].gap, 1);  // the first showing: one roll into the session
   EXPECT_EQ(two.gaps[1].gapText, "200+");
-  EXPECT_EQ(two.average.text, "100.50");  // (1 + 200) / 2
-  EXPECT_EQ(two.sessionRolls.text, "201");
-  EXPECT_EQ(two.actualPct.text, "1.00");
-  EXPECT_EQ(two.probableCaption, "True probable %:");
+  // The average (1 + 200) / 2, the session's rolls, the actual percent, the caption.
+  EXPECT_EQ(two.average.text + " " + two.sessionRolls.text + " " + two.actualPct.text + " " +
+                two.probableCaption,
+            "100.50 201 1.00 True probable %:");
 
   // Numbers 2,12: gaps 1, 199 (roll 200) and 1; a gap of 199 stays a gap of 199.
   const RollFreqFigures ends = FigureRollFreqs(g, 69, false);
@@ -212,9 +212,9 @@ TEST_F(Graph, ScaleClimbsTheLadderAndStaysAtItsEnds) {
 TEST_F(Graph, RowsCountDownFromTheTopAndHalfRowsRoundAway) {
   g.roll.GraphTop = 1200_usd;
   g.roll.GraphScale = 2_usd;
-  EXPECT_EQ(GraphRow(g, 1200_usd), 0);
-  EXPECT_EQ(GraphRow(g, 1199_usd), 1);   // 0.5
-  EXPECT_EQ(GraphRow(g, 1201_usd), -1);  // -0.5
+  // 1199 and 1201 are half a row from the top.
+  for (auto [amount, row] : {std::pair{1200_usd, 0}, {1199_usd, 1}, {1201_usd, -1}})
+    EXPECT_EQ(GraphRow(g, amount), row) << amount.ToDouble();
   g.roll.GraphScale = Currency{};
   EXPECT_EQ(GraphRow(g, 600_usd), 0);
 }
@@ -335,9 +335,8 @@ TEST_F(Graph, ReportFiguresBesideTheGraph) {
   g.graph.RefLine2 = 0;
   g.graph.RefLine2OnAverage = true;  // bankroll against the beginning bankroll
   EXPECT_EQ(FigureBankrollGraph(g, 1).refBankroll, "Bankroll:  10");
-  EXPECT_EQ(FormatSimHours(0.00001), "< 0.0001");
-  EXPECT_EQ(FormatSimHours(1234.56), "1,234.6");
-  EXPECT_EQ(FormatSimHours(3), "3");
+  for (auto [hours, text] : {std::pair{0.00001, "< 0.0001"}, {1234.56, "1,234.6"}, {3.0, "3"}})
+    EXPECT_EQ(FormatSimHours(hours), text) << hours;
 }
 
 TEST(FormatNumber, ThePatternsOfTheViews) {
@@ -363,9 +362,7 @@ TEST(FormatNumber, ThePatternsOfTheViews) {
   };
   for (auto [x, pattern, text] : cases)
     EXPECT_EQ(FormatNumber(x, pattern), text) << x << " in " << pattern;
-}
-
-TEST(FormatNumber, WholeValuesTakeTheFirstPattern) {
+  // Whole values take the first pattern.
   EXPECT_EQ(FormatWholeOr(30, "#,#;-#,#;0", "#,0.####;-#,0.####;0"), "30");
   EXPECT_EQ(FormatWholeOr(33.33333, "#,#;-#,#;0", "#,0.####;-#,0.####;0"), "33.3333");
 }

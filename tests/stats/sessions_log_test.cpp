@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "../engine/roll_fixture.h"
 #include "core/message_dialog.h"
@@ -178,13 +179,11 @@ TEST_F(SessionsLog, DeletionsKeepTheFileLength) {
   EXPECT_EQ(Figures(path).sum, 10_usd);
 }
 
-TEST_F(SessionsLog, OneAndTwoSessions) {
+TEST_F(SessionsLog, FiguresOfOneTwoAndManySessions) {
   const SessionsFigures f = Figures(Log({25}));
   EXPECT_EQ(f.range, Currency{});
   EXPECT_EQ(f.columns[262].count, 1);
-  EXPECT_EQ(f.variance, 0);
-  EXPECT_EQ(f.skew, 0);
-  EXPECT_EQ(f.kurtosis, 0);
+  EXPECT_EQ(std::tuple(f.variance, f.skew, f.kurtosis), std::tuple(0.0, 0.0, 0.0));
   EXPECT_EQ(Result(f, "Median"), "25.0");
   EXPECT_EQ(Result(f, "Advantage"), "25.0 %");
   EXPECT_EQ(f.classCounts[0].text, "1");
@@ -198,22 +197,19 @@ TEST_F(SessionsLog, OneAndTwoSessions) {
   const SessionsFigures same = Figures(Log({7, 7}, "same.slg"));
   EXPECT_EQ(same.results[2].first, "Median");
   EXPECT_EQ(same.median, 7_usd);
-}
 
-TEST_F(SessionsLog, ManySessions) {
   // Classes by net against 0: won 3, broke even 1, lost 2.
-  const std::string path = Log({10, 10, 20, 20, 0, -5, -30});
-  const SessionsFigures f = Figures(path);
-  EXPECT_EQ(f.classCounts[0].text, "4");
-  EXPECT_EQ(f.classCounts[1].text, "1");
-  EXPECT_EQ(f.classCounts[2].text, "2");
-  EXPECT_EQ(f.classPercents[0].text, "57.14");
-  EXPECT_EQ(f.sum, 25_usd);
-  EXPECT_EQ(f.median, 10_usd);
+  const std::string path = Log({10, 10, 20, 20, 0, -5, -30}, "many.slg");
+  const SessionsFigures many = Figures(path);
+  EXPECT_EQ(
+      many.classCounts[0].text + " " + many.classCounts[1].text + " " + many.classCounts[2].text,
+      "4 1 2");
+  EXPECT_EQ(many.classPercents[0].text, "57.14");
+  EXPECT_EQ(many.sum, 25_usd);
+  EXPECT_EQ(many.median, 10_usd);
   // Mode ties (10 and 20 twice each) go to the lowest bar.
-  EXPECT_EQ(Result(f, "Mode"), "10.0");
-  EXPECT_EQ(Result(f, "Range"), "50.0");
-  EXPECT_EQ(Result(f, "Mid"), "-5.0");
+  for (auto [label, text] : {std::pair{"Mode", "10.0"}, {"Range", "50.0"}, {"Mid", "-5.0"}})
+    EXPECT_EQ(Result(many, label), text);
   // Won sessions alone: an even count, the median between 10 and 20.
   const SessionsFigures won = Figures(path, kIncludeWon);
   EXPECT_EQ(won.included, 4);
@@ -224,14 +220,12 @@ TEST_F(SessionsLog, ManySessions) {
   EXPECT_EQ(none.included, 0);
   EXPECT_EQ(none.classCounts[3].text, "7");
   EXPECT_EQ(Result(none, "Mean"), "0");
-}
 
-TEST_F(SessionsLog, TheMedianIsExactInsideOneColumn) {
   // 0 to 1,000,000 puts 100..103 into column 0 with 0: the median needs a narrower pass.
-  const SessionsFigures f = Figures(Log({0, 100, 101, 102, 103, 1'000'000}));
-  EXPECT_EQ(f.columns[0].count, 5);
-  EXPECT_EQ(f.median, Currency::FromRaw(1'015'000));
-  EXPECT_TRUE(f.medianBetween);
+  const SessionsFigures narrow = Figures(Log({0, 100, 101, 102, 103, 1'000'000}, "narrow.slg"));
+  EXPECT_EQ(narrow.columns[0].count, 5);
+  EXPECT_EQ(narrow.median, Currency::FromRaw(1'015'000));
+  EXPECT_TRUE(narrow.medianBetween);
   EXPECT_EQ(Figures(Log({0, 100, 101, 102, 103, 104, 1'000'000}, "odd.slg")).median, 102_usd);
 }
 
@@ -355,10 +349,8 @@ TEST_F(SessionsPrintouts, RawDataStreamsTheIncludedSessionsDownColumnsPageByPage
   ASSERT_EQ(one.linesPerPage, 46);
   const PrintLine& row = one.lines[6];
   ASSERT_EQ(row.cells.size(), 6u);
-  EXPECT_EQ(Text(row, 0), "1");
-  EXPECT_EQ(Text(row, 2), "45");
-  EXPECT_EQ(Text(row, 3), "45.0");
-  EXPECT_EQ(Text(row, 4), "89");
+  EXPECT_EQ(Text(row, 0) + " " + Text(row, 2) + " " + Text(row, 3) + " " + Text(row, 4),
+            "1 45 45.0 89");
   EXPECT_EQ(row.cells[1].colour, g.rules.PrintColors[0]);
   for (const PrintLine& line : one.lines)
     for (const PrintCell& cell : line.cells) EXPECT_NE(cell.text, "10") << "a lost session printed";

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "analysis/advantage.h"
 #include "core/money.h"
 #include "printout_fixture.h"
@@ -48,7 +50,7 @@ class Views : public PrintoutFixture {
   }
 };
 
-TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
+TEST_F(Views, ThreeLineDecisionsTheirPrintoutAndTheSelectionsLastRoll) {
   ThreeComeOuts();
   const BetResultsFigures f = FigureBetResults(g, 2, kP1, {kPassLine});
   auto cell = [&](int row, int col) {
@@ -58,12 +60,11 @@ TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
   EXPECT_TRUE(f.onTable[0].text == "1" && f.onTable[1].text == "10");
   // Wagers: 30 in decisions of 10 (high and low 10), the last roll's 1, and
   // per hour; the counts and the expected value are the printout's below.
-  EXPECT_EQ(cell(2, kWagersCol), "30");
-  EXPECT_EQ(cell(4, kWagersCol), "10");
-  EXPECT_EQ(cell(7, kWagersCol), "1");
-  EXPECT_EQ(cell(10, kWagersCol), "1,200");
-  EXPECT_EQ(cell(2, kLossesCol), "10");
-  EXPECT_EQ(cell(2, kNetCol), "10");
+  const std::tuple<int, int, const char*> cells[] = {
+      {2, kWagersCol, "30"},     {4, kWagersCol, "10"}, {7, kWagersCol, "1"},
+      {10, kWagersCol, "1,200"}, {2, kLossesCol, "10"}, {2, kNetCol, "10"}};
+  for (auto [row, col, text] : cells)
+    EXPECT_EQ(cell(row, col), text) << "row " << row << ", column " << col;
 
   // The printout: refused without a bet, then the bets named and the nets coloured.
   g.views.BetResultsPlayers = kP1;
@@ -96,20 +97,17 @@ TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
   EXPECT_TRUE(Has(platform.printed[1], " Data for the following 2 bets:"));
   EXPECT_TRUE(Has(platform.printed[1],
                   std::string(BetName(kPassLine)) + ", " + std::string(BetName(kField))));
-}
 
-TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
-  ThreeComeOuts();
   // Two players: 6 rolls at the table between them, decisions on roll 3.
   const BetResultsFigures both = FigureBetResults(g, 2, kP1 | kP2, {kPassLine});
   EXPECT_EQ(both.rows[7][kWagersCol].text, "0");
   EXPECT_EQ(both.rows[1][kWagersCol].text, "3");
   // Nobody or no bet selected: every figure 0, the percents "0".
-  for (const BetResultsFigures& f :
+  for (const BetResultsFigures& none :
        {FigureBetResults(g, 2, 0, {kPassLine}), FigureBetResults(g, 2, kP1, {})}) {
-    EXPECT_EQ(f.rows[2][kWagersCol].text, "0");
-    EXPECT_EQ(f.rows[1][kNetPctCol].text, "0");
-    EXPECT_EQ(f.rows[11][kNetPctCol].text, "0");
+    EXPECT_EQ(none.rows[2][kWagersCol].text, "0");
+    EXPECT_EQ(none.rows[1][kNetPctCol].text, "0");
+    EXPECT_EQ(none.rows[11][kNetPctCol].text, "0");
   }
   // Each player's rolls fit a Long; the two players' sum does not.
   g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) =
@@ -314,14 +312,12 @@ TEST_F(Views, RollTotalsPrintTheRowsOfTheView) {
   ASSERT_TRUE(PrintRollTotals(g));
   ASSERT_EQ(platform.printed.size(), 1u);
   const PrintDocument& doc = platform.printed[0];
-  EXPECT_EQ(LineText(doc.lines[0]), "Ravelton Roll Totals");
-  EXPECT_EQ(LineText(doc.lines[1]), "23-Nov-26");
-  EXPECT_EQ(LineText(doc.lines[2]), "Game file:  untitled");
-  EXPECT_TRUE(Has(doc, "Data for all players"));
+  const char* heading[] = {"Ravelton Roll Totals", "23-Nov-26", "Game file:  untitled"};
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(LineText(doc.lines[i]), heading[i]);
   // One 7 of three rolls, two rolls ago: 33.33 %; the 2 one roll ago; no 4 yet.
-  EXPECT_TRUE(Has(doc, "Any 7|16.67|33.33|1|2"));
-  EXPECT_TRUE(Has(doc, "Any 4|8.33|0|0|3"));
-  EXPECT_TRUE(Has(doc, "Total rolls|3"));
+  for (const char* row :
+       {"Data for all players", "Any 7|16.67|33.33|1|2", "Any 4|8.33|0|0|3", "Total rolls|3"})
+    EXPECT_TRUE(Has(doc, row)) << row;
 
   g.views.RollTotalsPlayers = 1 << 1;
   ASSERT_TRUE(PrintRollTotals(g));
