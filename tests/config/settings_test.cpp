@@ -40,7 +40,7 @@ class Settings : public ::testing::Test {
 
 // The notice boxes as flags, the vig as a percent, and the roll rate box,
 // which holds the rate in the unit its row chooses; kept in rolls an hour.
-TEST_F(Settings, NoticeFlagsVigPercentAndRollRateRows) {
+TEST_F(Settings, NoticeFlagsVigPercentAndTheRollRateBox) {
   const bool boxes[5] = {true, false, true, false, true};
   EXPECT_EQ(NoticeFlagsFromChecks(boxes), 1 + 4 + 16);
   EXPECT_EQ(VigRateFromPercent(Currency::FromRaw(42500)), Currency::FromRaw(425));
@@ -51,9 +51,8 @@ TEST_F(Settings, NoticeFlagsVigPercentAndRollRateRows) {
   EXPECT_EQ(RollRateBoxText(120_usd, 1), "2");  // as rolls / min
   EXPECT_EQ(RollRateBoxText(Currency::FromRaw(1000), 2), "<.0001");
   EXPECT_EQ(RollRateBoxText(1000_usd, 2), "0.2778");
-}
 
-TEST_F(Settings, CheckRollRateRefusesZeroAndTooFast) {
+  // The box refuses zero and a rate too fast.
   RollRateBox box{"10001", 2, true};
   auto f = CheckRollRate(g, box);
   ASSERT_TRUE(f);
@@ -141,7 +140,7 @@ TEST_F(Settings, LineOddsFollowThePoint) {
 
 // The Field's denominator is the one its rows share, pushes aside; 1 when
 // they differ or every row is a push.
-TEST_F(Settings, FieldDenominator) {
+TEST_F(Settings, FieldDenominatorAndPresets) {
   for (int r = 1; r <= kFieldRows; ++r) g.FieldPayoff(3, r) = 2_usd;
   EXPECT_EQ(FieldDenominator(g), 2_usd);
   g.FieldPayoff(1, 4) = 0_usd;
@@ -151,9 +150,8 @@ TEST_F(Settings, FieldDenominator) {
   EXPECT_EQ(FieldDenominator(g), 1_usd);
   for (int r = 1; r <= kFieldRows; ++r) g.FieldPayoff(1, r) = 0_usd;
   EXPECT_EQ(FieldDenominator(g), 1_usd);
-}
 
-TEST_F(Settings, FieldPresets) {
+  // Each preset's rows as "a to d".
   // The preset, a row's dice, and its "a to d".
   const std::tuple<FieldPreset, int, int, long, long> cases[] = {
       {kSFPass, 2, 2, -1, 3},    {kSFPass, 4, 4, -1, 11},    {kSFDontPass, 6, 4, 1, 3},

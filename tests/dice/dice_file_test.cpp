@@ -140,7 +140,7 @@ class DiceFile : public RollFixture {
   Model m;
 };
 
-TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
+TEST_F(DiceFile, OpeningChecksEveryByteAndTheRecorderNeedsAFile) {
   WriteBytes(Path(), {36, 68, 0, 216});  // 0 has its low bits clear
   EXPECT_TRUE(IsDiceRollFile(Path()));
   WriteBytes(folder / "empty.rol", {});
@@ -163,6 +163,16 @@ TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
   EXPECT_EQ(DiceRollFilesTitle(g), "Dice Roll Files (new.rol)");
   CloseDiceRollFile(g);
   EXPECT_EQ(DiceRollFilesTitle(g), "Dice Roll Files");
+  // The recorder needs an open file.
+  EXPECT_FALSE(SetDiceFileMode(g, kDiceFilePlayback));
+  EXPECT_EQ(platform.messages.back().title, "Playback Dice Rolls During Game Play");
+  EXPECT_EQ(LastMessage(), "You need to open a file first.");
+
+  // A new session that does not keep the file closes it.
+  Start({DiceRollByte(5, 6), DiceRollByte(2, 2)});
+  ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
+  NewSession(g, false, false, true, 0);
+  EXPECT_EQ(g.diceFile.DiceFilePath, "");
 }
 
 TEST_F(DiceFile, RecordingOverwritesAtThePositionAndGrowsTheFile) {
@@ -256,18 +266,6 @@ TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
   g.diceFile.DiceFileMode = kDiceFileRecording;
   AskRewindDiceFile(g);
   EXPECT_EQ(LastMessage(), "Recording stopped.\rRewind for playback?");
-}
-
-TEST_F(DiceFile, TheRecorderNeedsAFileAndANewSessionClosesIt) {
-  EXPECT_FALSE(SetDiceFileMode(g, kDiceFilePlayback));
-  EXPECT_EQ(platform.messages.back().title, "Playback Dice Rolls During Game Play");
-  EXPECT_EQ(LastMessage(), "You need to open a file first.");
-
-  // A new session that does not keep the file closes it.
-  Start({DiceRollByte(5, 6), DiceRollByte(2, 2)});
-  ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
-  NewSession(g, false, false, true, 0);
-  EXPECT_EQ(g.diceFile.DiceFilePath, "");
 }
 
 // Selections across and on the buffer's edges, in both orders; cut and

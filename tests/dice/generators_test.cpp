@@ -302,7 +302,7 @@ TEST_F(Dice, SeedingDrawDropsTheFirstValue) {
 // ties to even; every seeding sets Rng3's state too (which Rng3's own
 // seeding then moves on). Below 1 the clock seeds, even one that has run
 // for weeks.
-TEST_F(Dice, LimitsRefuseAndKeepLastSeed) {
+TEST_F(Dice, LimitsRefuseAndTheUserSeedPromptRepeats) {
   // Generator, seed given, accepted, the last seed after.
   const std::tuple<Long, double, bool, Long> cases[] = {{2, 999999, true, 999999},
                                                         {2, 1000000, false, 999999},
@@ -325,9 +325,8 @@ TEST_F(Dice, LimitsRefuseAndKeepLastSeed) {
   g.dice.RngIndex = 2;
   ASSERT_TRUE(SeedRng(g));
   EXPECT_LE(g.dice.LastSeed, 999999);
-}
 
-TEST_F(Dice, UserSeedPromptRepeatsUntilWithinLimits) {
+  // The user's seed is asked for until it is within the limits.
   g.dice.RngIndex = 2;
   g.dice.UserSeedMode = true;
   g.dice.LastSeed = 42;

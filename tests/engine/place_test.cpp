@@ -464,7 +464,7 @@ TEST_F(Place, ClicksOnTheTableAndTheRail) {
 
 using Players = Place;
 
-TEST_F(Players, NamesMustDifferFromOthersAndHoldNoScriptWord) {
+TEST_F(Players, NamesMustDifferAndJoiningAsksUntilTheAnswersAreGood) {
   EXPECT_NE(PlayerNameProblem(g, "p2", 0), "");
   EXPECT_EQ(PlayerNameProblem(g, "p2", 2), "");  // a player may change the case of the own name
   EXPECT_NE(PlayerNameProblem(g, "Bet Smith", 0).find("contains a word, phrase, or symbol"),
@@ -473,9 +473,8 @@ TEST_F(Players, NamesMustDifferFromOthersAndHoldNoScriptWord) {
   EXPECT_EQ(RenamePlayerTo(g, 2, "p2"), "");
   EXPECT_NE(RenamePlayerTo(g, 2, "P1"), "");
   EXPECT_EQ(g.PlayerName[2], "p2");
-}
 
-TEST_F(Players, JoiningAsksUntilTheAnswersAreGood) {
+  // Joining asks until the answers are good.
   Reply(kAnswerYes);
   Reply(kAnswerOk, " p1 ");
   Reply(kAnswerOk, "Zed");

@@ -190,7 +190,7 @@ class Graph : public RollFixture {
   }
 };
 
-TEST_F(Graph, ScaleClimbsTheLadderAndStaysAtItsEnds) {
+TEST_F(Graph, ScaleClimbsTheLadderAndRowsCountDownFromTheTop) {
   // Scale, direction, next scale.
   const std::tuple<double, int, double> cases[] = {
       {1, 1, 2},     {2, 1, 4},          {4, 1, 10},         {0.4, 1, 1},        {0.1, -1, 0.04},
@@ -207,9 +207,8 @@ TEST_F(Graph, ScaleClimbsTheLadderAndStaysAtItsEnds) {
   }
   EXPECT_EQ(s, 100'000_usd);
   EXPECT_EQ(rungs, 20);
-}
 
-TEST_F(Graph, RowsCountDownFromTheTopAndHalfRowsRoundAway) {
+  // Rows count down from the top; half rows round away.
   g.roll.GraphTop = 1200_usd;
   g.roll.GraphScale = 2_usd;
   // 1199 and 1201 are half a row from the top.
@@ -262,7 +261,7 @@ TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
 }
 
 // The desktop view's scale and top follow the adjust type.
-TEST_F(Graph, AutoShiftMovesOneBlockAtATimeAndManualNever) {
+TEST_F(Graph, AutoShiftExpansionAndSnapBack) {
   g.roll.GraphScale = 1_usd;
   g.roll.GraphTop = 150_usd;
   g.Bet(1, bet::kBankroll) = 1000_usd;
@@ -274,12 +273,10 @@ TEST_F(Graph, AutoShiftMovesOneBlockAtATimeAndManualNever) {
   EXPECT_EQ(g.roll.GraphTop, 200_usd);
   FigureGraphScale(g, true);  // recentred: 50 x (Int(1000 / 50) + 3)
   EXPECT_EQ(g.roll.GraphTop, 1150_usd);
-}
 
-TEST_F(Graph, ExpansionClimbsUntilTheRangeFitsAndSnapBackReturns) {
+  // Expansion climbs until the range fits; snap-back returns.
   g.graph.GraphAdjustType = 2;
   g.roll.GraphScale = 1_usd;
-  g.Bet(1, bet::kBankroll) = 1000_usd;
   History({1000, 1600, 700});
   FigureGraphRange(g, 1);
   FigureGraphScale(g, false);
