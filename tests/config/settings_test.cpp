@@ -45,12 +45,16 @@ TEST_F(Settings, NoticeFlagsVigPercentAndTheRollRateBox) {
   EXPECT_EQ(NoticeFlagsFromChecks(boxes), 1 + 4 + 16);
   EXPECT_EQ(VigRateFromPercent(Currency::FromRaw(42500)), Currency::FromRaw(425));
   EXPECT_EQ(VigPercentFromRate(Currency::FromRaw(500)), 5_usd);
-  EXPECT_EQ(RollsPerHourFromBox(30_usd, 5), 120_usd);                     // 30 secs / roll
-  EXPECT_EQ(RollsPerHourFromBox(36000000_usd, 5), Currency::FromRaw(1));  // 0.0001
-  EXPECT_EQ(RollsPerHourFromBox(Currency::FromRaw(1), 0), Currency::FromRaw(1));
-  EXPECT_EQ(RollRateBoxText(120_usd, 1), "2");  // as rolls / min
-  EXPECT_EQ(RollRateBoxText(Currency::FromRaw(1000), 2), "<.0001");
-  EXPECT_EQ(RollRateBoxText(1000_usd, 2), "0.2778");
+  // The box's value and row, the rolls an hour and the box's text for them: 30
+  // seconds a roll, 0.0001 rolls an hour, as rolls a minute, a second.
+  const std::tuple<Currency, int, Currency> rates[] = {
+      {30_usd, 5, 120_usd},
+      {36000000_usd, 5, Currency::FromRaw(1)},
+      {Currency::FromRaw(1), 0, Currency::FromRaw(1)}};
+  for (auto [value, row, perHour] : rates) EXPECT_EQ(RollsPerHourFromBox(value, row), perHour);
+  const std::tuple<Currency, int, const char*> texts[] = {
+      {120_usd, 1, "2"}, {Currency::FromRaw(1000), 2, "<.0001"}, {1000_usd, 2, "0.2778"}};
+  for (auto [perHour, row, text] : texts) EXPECT_EQ(RollRateBoxText(perHour, row), text) << text;
 
   // The box refuses zero and a rate too fast.
   RollRateBox box{"10001", 2, true};

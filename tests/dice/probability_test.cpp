@@ -376,9 +376,8 @@ TEST_F(Probability, TheSelectionIsAlwaysAnEntryAndAnUnsavedTableIsUntitled) {
 TEST_F(Probability, ATypedValueIsReadInTheDisplayModeAndABadOneChangesNothing) {
   const ProbEntry seven = TotalEntry(7);
   const ProbabilityState before = g.probability;
-  EXPECT_FALSE(EnterProbabilityText(g, seven, "2O"));
-  EXPECT_FALSE(EnterProbabilityText(g, seven, ""));
-  EXPECT_FALSE(EnterProbabilityText(g, {1, 12}, "20"));  // no entry there
+  for (auto [entry, text] : {std::pair{seven, "2O"}, {seven, ""}, {ProbEntry{1, 12}, "20"}})
+    EXPECT_FALSE(EnterProbabilityText(g, entry, text)) << text;  // {1, 12} is no entry
   EXPECT_EQ(g.probability, before);
   // The display mode, the rolls out of, the text typed and total 7 after.
   const std::tuple<Long, double, const char*, Long> cases[] = {
@@ -447,13 +446,13 @@ TEST_F(ProbabilityFile, SavedBytesFollowTheLayoutAndLoadBackWhole) {
   ASSERT_EQ(bytes.size(), kFileBytes);
   EXPECT_EQ(bytes.substr(0, 200), std::string(kProbabilityFileHeader) +
                                       std::string(200 - kProbabilityFileHeader.size(), ' '));
-  EXPECT_EQ(EntryAt(bytes, Offset(0, 0, 0)), kFreeFormDice);
-  EXPECT_EQ(EntryAt(bytes, Offset(0, 0, 1)), 3);
-  EXPECT_EQ(EntryAt(bytes, Offset(0, 1, 6)), kProbLocked);  // total 7
-  EXPECT_EQ(EntryAt(bytes, Offset(1, 1, 6)), 20000);
+  // The kind of dice, the selection, total 7's lock and value, the set cell, the last entry.
   const ProbEntry cell = CellOfDice(2, 5);
-  EXPECT_EQ(EntryAt(bytes, Offset(1, cell.a, cell.b)), 4000);
-  EXPECT_EQ(EntryAt(bytes, Offset(1, 7, 13)), ProbValue(g, 7, 13));  // the last entry
+  const std::pair<std::size_t, Long> entries[] = {
+      {Offset(0, 0, 0), kFreeFormDice},  {Offset(0, 0, 1), 3},
+      {Offset(0, 1, 6), kProbLocked},    {Offset(1, 1, 6), 20000},
+      {Offset(1, cell.a, cell.b), 4000}, {Offset(1, 7, 13), ProbValue(g, 7, 13)}};
+  for (auto [offset, value] : entries) EXPECT_EQ(EntryAt(bytes, offset), value) << offset;
   EXPECT_EQ(Offset(1, 7, 13) + 4, kTableEnd);
   EXPECT_EQ(bytes.substr(kTableEnd), std::string(128, '\0'));
   EXPECT_FALSE(fs::exists(folder / "skew.prb.~prb"));

@@ -388,13 +388,12 @@ TEST_F(SessionsPrintouts, TheRawDataConfirmationCountsTheIncludedSessionsAndPage
 TEST_F(SessionsPrintouts, ADroppedRangeLineGivesTheValueOfItsColumn) {
   Log({-100, 0, 424}, "ann.slg");
   const SessionsFigures f = ViewFigures();
-  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 100), 0);
-  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 524), 424);
-  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 900), 424);  // past the last column
+  // A column and its value; 900 is past the last column.
+  for (auto [column, value] : {std::pair{100, 0.0}, {524, 424.0}, {900, 424.0}})
+    EXPECT_DOUBLE_EQ(ValueAtColumn(f, column), value) << column;
   // The lines stand at columns 0 and 524; a grab reaches three columns.
-  EXPECT_EQ(RangeLineNear(f, 2, 3), 0);
-  EXPECT_EQ(RangeLineNear(f, 521, 3), 1);
-  EXPECT_EQ(RangeLineNear(f, 262, 3), -1);
+  for (auto [column, line] : {std::pair{2, 0}, {521, 1}, {262, -1}})
+    EXPECT_EQ(RangeLineNear(f, column, 3), line) << column;
   EXPECT_EQ(RangeLineNear(SessionsFigures{}, 0, 3), -1);  // nothing included
   // A range of nothing: every column is the one value.
   EXPECT_DOUBLE_EQ(ValueAtColumn(Figures(Log({5, 5}, "flat.slg")), 300), 5);
