@@ -129,7 +129,7 @@ TEST_F(Settings, ClosingTheFormRefiguresFieldAndUnits) {
   EXPECT_TRUE(g.BankrollHigh(1) == 500_usd && g.BankrollLow(1) == 100_usd);
 }
 
-TEST_F(Settings, LineOddsFollowThePoint) {
+TEST_F(Settings, LineOddsFieldDenominatorAndPresets) {
   g.Point = 6;
   SetLineOddsPayoffs(g);
   EXPECT_EQ(Pair(bet::kPassLineOdds), P(6, 5));
@@ -140,11 +140,9 @@ TEST_F(Settings, LineOddsFollowThePoint) {
   SetDefaultPayoffs(g);
   EXPECT_EQ(Pair(bet::kPassLineOdds), P(2, 1));
   EXPECT_EQ(Pair(bet::kDontPassOdds), P(1, 2));
-}
 
-// The Field's denominator is the one its rows share, pushes aside; 1 when
-// they differ or every row is a push.
-TEST_F(Settings, FieldDenominatorAndPresets) {
+  // The Field's denominator is the one its rows share, pushes aside; 1 when
+  // they differ or every row is a push.
   for (int r = 1; r <= kFieldRows; ++r) g.FieldPayoff(3, r) = 2_usd;
   EXPECT_EQ(FieldDenominator(g), 2_usd);
   g.FieldPayoff(1, 4) = 0_usd;

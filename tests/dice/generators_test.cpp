@@ -287,7 +287,7 @@ TEST_F(Dice, SameSeedSameDiceOtherSeedOtherDice) {
 // The first roll after seeding Ran2 with 1234 uses the second and third
 // values of the sequence that starts at -1234: the seeding call's own value
 // is dropped.
-TEST_F(Dice, SeedingDrawDropsTheFirstValue) {
+TEST_F(Dice, SeedingDropsTheFirstValueRefusesSeedsBeyondLimitsAndPromptsAgain) {
   Select(3, 1234);
   DrawDice(g);
   Ran2State reference;
@@ -296,13 +296,11 @@ TEST_F(Dice, SeedingDrawDropsTheFirstValue) {
   idum = 1;  // Ran2 reseeds while idum is negative
   EXPECT_EQ(g.Die1, static_cast<Long>(Ran2(reference, idum, nullptr) * 6) + 1);
   EXPECT_EQ(g.Die2, static_cast<Long>(Ran2(reference, idum, nullptr) * 6) + 1);
-}
 
-// A refused seed keeps the last one; a given seed is rounded to nearest,
-// ties to even; every seeding sets Rng3's state too (which Rng3's own
-// seeding then moves on). Below 1 the clock seeds, even one that has run
-// for weeks.
-TEST_F(Dice, LimitsRefuseAndTheUserSeedPromptRepeats) {
+  // A refused seed keeps the last one; a given seed is rounded to nearest,
+  // ties to even; every seeding sets Rng3's state too (which Rng3's own
+  // seeding then moves on). Below 1 the clock seeds, even one that has run
+  // for weeks.
   // Generator, seed given, accepted, the last seed after.
   const std::tuple<Long, double, bool, Long> cases[] = {{2, 999999, true, 999999},
                                                         {2, 1000000, false, 999999},

@@ -336,7 +336,7 @@ TEST_F(Probability, TheEventsLogNamesTheTableInUse) {
 }
 
 // Editing as the tab does.
-TEST(ProbabilityEditMoves, ArrowsStayOnEntriesAndStopAtTheEdge) {
+TEST(ProbabilityEdit, ArrowsStayOnEntriesAndOnlyPlainNumbersAreRead) {
   const auto move = [](ProbEntry from, int rows, int columns) {
     const ProbEntry to = MoveProbabilityEntry(from, rows, columns);
     return to.a * 100 + to.b;
@@ -347,9 +347,8 @@ TEST(ProbabilityEditMoves, ArrowsStayOnEntriesAndStopAtTheEdge) {
   EXPECT_EQ(move({7, 13}, 0, 1), 713);   // the right edge
   EXPECT_EQ(move({1, 11}, 0, 1), 111);   // no face in the totals row
   EXPECT_EQ(move({2, 12}, -1, 0), 212);  // no total above a face
-}
 
-TEST(ProbabilityEditText, OnlyPlainNumbersAreRead) {
+  // Only plain numbers are read.
   const std::pair<const char*, std::optional<double>> cases[] = {
       {"20", 20.0},          {"12.345", 12.345},    {"-1.5", -1.5},
       {".5", 0.5},           {"7.", 7.0},           {"", std::nullopt},

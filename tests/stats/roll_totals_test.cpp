@@ -84,7 +84,7 @@ TEST(ProbablePercent, TruePercentsByPairsAndSkewedBySums) {
   EXPECT_DOUBLE_EQ(ProbablePercent(69, &dice), 1.0 + 1.035);
 }
 
-TEST_F(RollTotals, GapsOfExactly200AndFirstOccurrences) {
+TEST_F(RollTotals, GapsOfExactly200FirstOccurrencesPercentsAndGraphScale) {
   RollGapRun();
   const RollFreqFigures two = FigureRollFreqs(g, 2, false);
   ASSERT_EQ(two.gaps.size(), 2u);
@@ -110,10 +110,8 @@ TEST_F(RollTotals, GapsOfExactly200AndFirstOccurrences) {
   ASSERT_EQ(seven.gaps.size(), 2u);
   EXPECT_EQ(seven.gaps[0].count, 197);
   EXPECT_EQ(seven.gaps[1].gap, 2);
-}
 
-TEST_F(RollTotals, PercentsGraphScaleAndRollsSinceByFrame) {
-  RollGapRun();
+  // The totals: percents, the graph's scale and the rolls since, by frame.
   const RollTotalsFigures session = FigureRollTotals(g, 0, 2, 0, false);
   EXPECT_EQ(session.totalRolls.text, "201");
   EXPECT_EQ(Row(session, 7).actualPct.text, "98.51");  // 198 of 201

@@ -172,7 +172,7 @@ TEST_F(Views, TotalsAtTheirLimitAddUpOverEveryBetAndPlayer) {
   EXPECT_DOUBLE_EQ(summary.decisions[1][3].value, 8 * kStatTotalLimit.ToDouble());
 }
 
-TEST_F(Views, TrendsListEveryBetWithItsStreakAndPrintTheStreaks) {
+TEST_F(Views, TrendsAndSummaryOfThreeComeOutsAndTheirPrintouts) {
   ThreeComeOuts();
   const std::vector<BetTrendRow> rows = FigureBetTrends(g, 1);
   ASSERT_EQ(rows.size(), 85u);
@@ -197,10 +197,7 @@ TEST_F(Views, TrendsListEveryBetWithItsStreakAndPrintTheStreaks) {
   ASSERT_NE(field, nullptr);
   EXPECT_EQ(field->cells[1].text, "-3");
   EXPECT_EQ(field->cells[1].colour, 12);
-}
 
-TEST_F(Views, SummaryBankrollsDecisionsCompsAndTheirPrintout) {
-  ThreeComeOuts();
   const SummaryFigures f = FigureSummary(g, 2, kP1);
   EXPECT_EQ(f.simHours.text, "0.025");
   EXPECT_EQ(f.bankrollCaption, "Current bankroll");
@@ -225,11 +222,11 @@ TEST_F(Views, SummaryBankrollsDecisionsCompsAndTheirPrintout) {
   g.views.SummaryFrame = 2;
   g.views.SummaryPlayers = kP1;
   ASSERT_TRUE(PrintSummary(g));
-  ASSERT_EQ(platform.printed.size(), 1u);
-  const PrintDocument& doc = platform.printed[0];
-  EXPECT_EQ(doc.lines[0].cells[0].text, "Ravelton Session Summary");
-  EXPECT_TRUE(Has(doc, "Total rolls|3"));
-  const PrintLine* amounts = Row(doc, "Total $");
+  ASSERT_EQ(platform.printed.size(), 2u);
+  const PrintDocument& sheet = platform.printed[1];
+  EXPECT_EQ(sheet.lines[0].cells[0].text, "Ravelton Session Summary");
+  EXPECT_TRUE(Has(sheet, "Total rolls|3"));
+  const PrintLine* amounts = Row(sheet, "Total $");
   ASSERT_NE(amounts, nullptr);
   EXPECT_EQ(LineText(*amounts), "Total $|30|20|10|10|33.3333");
   EXPECT_EQ(amounts->cells[4].colour, 9);
