@@ -73,7 +73,7 @@ TEST_F(Settings, NoticeFlagsVigPercentAndTheRollRateBox) {
   EXPECT_TRUE(CheckRollRate(g, box));
 }
 
-TEST_F(Settings, ConfigChecksInOrderAndTheNotice) {
+TEST_F(Settings, ConfigChecksInOrderTheNoticeAndClosingTheForm) {
   EXPECT_TRUE(CheckConfigValues(g, nullptr));
   EXPECT_TRUE(platform.messages.empty());
 
@@ -109,9 +109,8 @@ TEST_F(Settings, ConfigChecksInOrderAndTheNotice) {
   EXPECT_FALSE(CheckConfigValues(g, &box));
   ASSERT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(platform.messages[0].title, f->title);
-}
 
-TEST_F(Settings, ClosingTheFormRefiguresFieldAndUnits) {
+  // Closing the form refigures the Field and the units.
   for (int r = 1; r <= kFieldRows; ++r) g.FieldPayoff(3, r) = 2_usd;
   g.PayoffTbl(1, PlaceId(6)) = 7_usd;
   g.PayoffTbl(3, PlaceId(6)) = 4_usd;
@@ -171,7 +170,7 @@ TEST_F(Settings, LineOddsFieldDenominatorAndPresets) {
   EXPECT_EQ(g.FieldPayoff(2, FieldRow(3, 4)), -1_usd);
 }
 
-TEST_F(Settings, EditingKeepsWhatTheUserSees) {
+TEST_F(Settings, PayoffsEditedAsShownCheckedForTheFirstFaultAndRestoredOnAsking) {
   const PayoffCell place6{PayoffTable::Bets, PlaceId(6)};
   // 3 "for" 1 is stored as 2 to 1; T then reads 3 "to" 1.
   ASSERT_TRUE(PayoffFlagKey(g, place6, 'f'));
@@ -195,9 +194,8 @@ TEST_F(Settings, EditingKeepsWhatTheUserSees) {
   // The same key twice changes nothing.
   ASSERT_TRUE(PayoffFlagKey(g, place6, 'F'));
   EXPECT_EQ(g.PayoffTbl(1, place6.row), 6_usd);
-}
 
-TEST_F(Settings, ChecksFindTheFirstFault) {
+  // The checks find the first fault.
   EXPECT_FALSE(CheckPayoffs(g));
   g.PayoffTbl(1, PlaceId(6)) = 0_usd;
   auto f = CheckPayoffs(g);
@@ -231,9 +229,8 @@ TEST_F(Settings, ChecksFindTheFirstFault) {
     if (g.FieldPayoff(1, r).raw > 0) g.FieldPayoff(1, r) = 0_usd;
   ASSERT_TRUE(f = CheckPayoffs(g));
   EXPECT_EQ(f->text, "At least one of the Field bet payoffs must be postiive.");
-}
 
-TEST_F(Settings, RestoreAsksFirst) {
+  // Restoring the defaults asks first.
   g.PayoffTbl(1, PlaceId(6)) = 3_usd;
   platform.queuedReplies.push_back({7, "", "", false});
   EXPECT_FALSE(RestoreDefaultPayoffs(g));

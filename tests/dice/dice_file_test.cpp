@@ -384,7 +384,7 @@ TEST_F(DiceFile, RollFilesAndTextFilesPasteIn) {
   EXPECT_FALSE(FileExists(folder / "x.rol"));
 }
 
-TEST_F(DiceFile, CopyingOutRefusesTheOpenFileAndAsksBeforeReplacing) {
+TEST_F(DiceFile, CopyingOutToRollAndTextFiles) {
   Start(RandomRolls(kBlock * 2, 6));
   Select(kBlock + 5, 10);
   EXPECT_FALSE(CopyToRollFile(g, Path()));
@@ -399,9 +399,8 @@ TEST_F(DiceFile, CopyingOutRefusesTheOpenFileAndAsksBeforeReplacing) {
   EXPECT_EQ(ReadBytes(folder / "out.rol"), Bytes{36});
   EXPECT_TRUE(CopyToRollFile(g, folder / "out.rol"));  // Yes by default
   EXPECT_EQ(ReadBytes(folder / "out.rol"), m.Selected());
-}
 
-TEST_F(DiceFile, TextOutputFollowsTheTemplate) {
+  // Text output follows the template.
   Start({DiceRollByte(3, 4), DiceRollByte(6, 6), DiceRollByte(1, 2)});
   // The template, the roll's number and dice, the line.
   const std::tuple<const char*, std::int64_t, unsigned char, const char*> cases[] = {
@@ -479,7 +478,7 @@ TEST_F(DiceFile, AFailedRewriteLeavesTheOldFileWhole) {
 // The printout: as many columns as the template's width allows, rolls down
 // each column, a heading on every page, highlighted pairs marked, and the
 // renumbering question and page count asked before it.
-TEST_F(DiceFile, PrintPagesRunDownTheColumnsUnderTheirHeadings) {
+TEST_F(DiceFile, PrintPagesRunDownTheColumnsAndTheQuestionsComeFirst) {
   // "1,000 (6.6) 12": 14 characters with room for wide digits, the mark
   // and a gap: 3 columns of 50 rolls.
   const DicePrintLayout layout = DicePrintLayoutFor("Roll# (Die1.Die2) Total", 1000);
@@ -510,9 +509,7 @@ TEST_F(DiceFile, PrintPagesRunDownTheColumnsUnderTheirHeadings) {
   EXPECT_EQ(first.cells[2].colour, kPrintBlack);
   EXPECT_EQ(Cells(doc.lines[2 * perPage + kDicePageHeading]), "401 (1.5) 6");
   EXPECT_EQ(Cells(doc.lines.back()), "450 (3.6) 9");
-}
 
-TEST_F(DiceFile, PrintTheRenumberingQuestionAndTheConfirmation) {
   // Rolls 240..201 (the selection's ends in either order), renumbered from 1.
   Start(Cycling(300));
   Select(240, 201);

@@ -216,7 +216,7 @@ TEST_F(Graph, ScaleClimbsTheLadderAndRowsCountDownFromTheTop) {
   EXPECT_EQ(GraphRow(g, 600_usd), 0);
 }
 
-TEST_F(Graph, MovingAverageWrapsIntoThePageBefore) {
+TEST_F(Graph, MovingAverageWrapsIntoThePageBeforeAndTrendColumns) {
   TwoPages(3);
   // Columns 3, 2, 1, then 1050 .. 1044: (3 + 2 + 1 + 1525 + ... + 1519) / 10.
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 10), 1066_usd);
@@ -231,9 +231,8 @@ TEST_F(Graph, MovingAverageWrapsIntoThePageBefore) {
   g.BankrollSum(1) = 400_usd;
   g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) = 3;
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 0), 100_usd);
-}
 
-TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
+  // Trend columns, their label and the view's range.
   History({1010, 990, 1030});
   g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) = 3;
   g.BankrollSum(1) = Currency::FromWhole(1000 + 1010 + 990 + 1030);

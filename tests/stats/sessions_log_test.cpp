@@ -84,9 +84,7 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   NewSession(g, true, false, true, 2);
   Roll(5, 6);
   g.betting.CurPlayer = 1;
-  MessageReply yes;
-  yes.answer = kAnswerYes;
-  platform.queuedReplies.push_back(yes);
+  platform.queuedReplies.push_back({kAnswerYes, "", "", false});
   ASSERT_TRUE(CashOutPlayer(g));
   SessionsLogReader log(Path("ann.slg"));
   ASSERT_TRUE(log.ok()) << log.error();
@@ -179,7 +177,7 @@ TEST_F(SessionsLog, DeletionsKeepTheFileLength) {
   EXPECT_EQ(Figures(path).sum, 10_usd);
 }
 
-TEST_F(SessionsLog, FiguresOfOneTwoAndManySessions) {
+TEST_F(SessionsLog, FiguresOfOneTwoAndManySessionsBreakPointsAndRangeBoxes) {
   const SessionsFigures f = Figures(Log({25}));
   EXPECT_EQ(f.range, Currency{});
   EXPECT_EQ(f.columns[262].count, 1);
@@ -227,28 +225,26 @@ TEST_F(SessionsLog, FiguresOfOneTwoAndManySessions) {
   EXPECT_EQ(narrow.median, Currency::FromRaw(1'015'000));
   EXPECT_TRUE(narrow.medianBetween);
   EXPECT_EQ(Figures(Log({0, 100, 101, 102, 103, 104, 1'000'000}, "odd.slg")).median, 102_usd);
-}
 
-TEST_F(SessionsLog, BreakPointsAndRangeBoxes) {
-  const std::string path = Log({10, 10, 20, 20, 0, -5, -30});
+  // Break points and range boxes on the many sessions.
   SessionsRequest rq;
   rq.path = path;
   rq.breakLow = -5_usd;
   rq.breakHigh = 10_usd;
   rq.rangeValue = {0.0, 20.0};
-  SessionsFigures f = FigureSessionsLog(rq);
-  EXPECT_EQ(f.classLabels[0], "> 10");
-  EXPECT_EQ(f.classLabels[1], "-5 - 10");
-  EXPECT_EQ(f.classLabels[2], "< -5");
-  EXPECT_EQ(f.classCounts[0].text, "2");  // 20, 20
-  EXPECT_EQ(f.classCounts[1].text, "4");  // 10, 10, 0, -5
-  EXPECT_EQ(f.rangeCount.text, "5 sessions");
-  EXPECT_EQ(f.rangeShare.text, "71.43%");
+  SessionsFigures split = FigureSessionsLog(rq);
+  EXPECT_EQ(split.classLabels[0], "> 10");
+  EXPECT_EQ(split.classLabels[1], "-5 - 10");
+  EXPECT_EQ(split.classLabels[2], "< -5");
+  EXPECT_EQ(split.classCounts[0].text, "2");  // 20, 20
+  EXPECT_EQ(split.classCounts[1].text, "4");  // 10, 10, 0, -5
+  EXPECT_EQ(split.rangeCount.text, "5 sessions");
+  EXPECT_EQ(split.rangeShare.text, "71.43%");
   // Boxes beyond the sample are pulled to its ends.
   rq.rangeValue = {std::nullopt, 500.0};
-  f = FigureSessionsLog(rq);
-  EXPECT_EQ(f.rangeValue[0], -30);
-  EXPECT_EQ(f.rangeValue[1], 20);
+  split = FigureSessionsLog(rq);
+  EXPECT_EQ(split.rangeValue[0], -30);
+  EXPECT_EQ(split.rangeValue[1], 20);
 }
 
 // Find, forward and backward from the top session with wrapping: the top
