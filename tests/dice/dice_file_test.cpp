@@ -310,7 +310,7 @@ TEST_F(DiceFile, CutCopyPasteAndDeleteMatchTheModelAcrossBlockEdges) {
   }
 }
 
-TEST_F(DiceFile, KeyedRollsInsertOrTypeOverAndRunPastTheEnd) {
+TEST_F(DiceFile, KeyedRollsAndRollAndTextFilesPasteIn) {
   Start(RandomRolls(kBlock + 2, 2));
   for (const auto& [pos, insert] : {std::pair<std::int64_t, bool>{kBlock, true},
                                     {kBlock, false},
@@ -326,9 +326,7 @@ TEST_F(DiceFile, KeyedRollsInsertOrTypeOverAndRunPastTheEnd) {
   ASSERT_TRUE(KeyRandomDiceRoll(g));
   EXPECT_TRUE(DiceWithinLimits(ReadBytes(Path()).at(6)));
   EXPECT_EQ(g.diceFile.DiceFilePos, 8);
-}
 
-TEST_F(DiceFile, RollFilesAndTextFilesPasteIn) {
   Start(RandomRolls(kBlock + 40, 4));
   const Bytes other = RandomRolls(kBlock + 1, 5);
   WriteBytes(folder / "other.rol", other);

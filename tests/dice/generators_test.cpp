@@ -22,7 +22,7 @@
 
 namespace {
 
-TEST(MersenneTwister, ReferenceOutputs) {
+TEST(RawGenerators, FollowTheirPublishedSequencesAndHandWorkedValues) {
   MtState s;
   const std::uint32_t key[] = {0x123, 0x234, 0x345, 0x456};
   init_by_array(s, key, 4);
@@ -39,13 +39,11 @@ TEST(MersenneTwister, ReferenceOutputs) {
   // Unseeded, it behaves as seeded with 5489.
   MtState fresh;
   EXPECT_EQ(genrand_int32(fresh), std::mt19937(5489)());
-}
 
-// Values of the published reference generators (ran1 and ran2 as published,
-// static state behind a pointer seed) for seeds -1234 and -2147483647, at the
-// given draw. Our constants are decimal approximations of 1/M, so values
-// agree to a few units of single precision.
-TEST(ShuffledGenerators, FollowPublishedSequences) {
+  // Values of the published reference generators (ran1 and ran2 as published,
+  // static state behind a pointer seed) for seeds -1234 and -2147483647, at the
+  // given draw. Our constants are decimal approximations of 1/M, so values
+  // agree to a few units of single precision.
   const int draws[] = {0, 1, 999, 4999};
   const struct {
     std::int32_t seed;
@@ -74,10 +72,8 @@ TEST(ShuffledGenerators, FollowPublishedSequences) {
     EXPECT_EQ(id1, 1);  // Ran1 sets its seed to 1 after initialising
     EXPECT_EQ(error, nullptr);
   }
-}
 
-// The dice and the uniformity are the generators' test below.
-TEST(Rng3, HandWorkedValuesAndABigSeed) {
+  // The dice and the uniformity are the generators' test below.
   Long state = 1;
   // Worked by hand: 1 x 1366 + 150889 = 152255, Int(6 x 152255 / 714025) = 1;
   // 152255 x 1366 + 150889 = 208131219 = 291 x 714025 + 349944, Int(2.94) = 2.

@@ -96,7 +96,7 @@ TEST_F(Probability, TotalSetSharesItsValueInItsColumnAndTheRestOutside) {
   EXPECT_EQ(Value(TotalEntry(12)), 100000);
 }
 
-TEST_F(Probability, FaceSetWithNothingLockedKeepsTheDiceIndependent) {
+TEST_F(Probability, FaceSetsKeepTheDiceIndependentOrSpreadOverTheFreeCells) {
   const ProbEntry six = FaceEntry(1, 6);
   SetProbabilityCell(g, six.a, six.b, 20000, false);
   EXPECT_EQ(FaceValues(1), (Faces{16000, 16000, 16000, 16000, 16000, 20000}));
@@ -106,12 +106,12 @@ TEST_F(Probability, FaceSetWithNothingLockedKeepsTheDiceIndependent) {
   EXPECT_EQ(Cells(), expected);
   EXPECT_FALSE(IsFreeFormDice(g));
   EXPECT_TRUE(Locked(six));
-}
 
-TEST_F(Probability, FaceSetWithALockedCellSpreadsOverTheFaceAndTheFreeCells) {
+  // With a locked cell the set spreads over the face and the free cells.
+  NewProbabilities(g);
   Lock(CellOfDice(1, 1));
   Set(FaceEntry(1, 1), 20000);
-  Grid expected = Uniform(2667);                       // Round(80000 / 30)
+  expected = Uniform(2667);                            // Round(80000 / 30)
   expected[0] = {2778, 3444, 3444, 3444, 3444, 3444};  // Round((20000 - 2778) / 5)
   EXPECT_EQ(Cells(), expected);
   EXPECT_EQ(FaceValues(1), (Faces{20000, 16002, 16002, 16002, 16002, 16002}));
@@ -359,7 +359,7 @@ TEST(ProbabilityEdit, ArrowsStayOnEntriesAndOnlyPlainNumbersAreRead) {
   for (const auto& [text, want] : cases) EXPECT_EQ(ParseProbabilityText(text), want) << text;
 }
 
-TEST_F(Probability, TheSelectionIsAlwaysAnEntryAndAnUnsavedTableIsUntitled) {
+TEST_F(Probability, TheSelectionIsAnEntryAndATypedValueIsReadInTheDisplayMode) {
   EXPECT_EQ(ProbabilityFileCaption(g), "untitled");
   EXPECT_EQ(SelectedProbabilityEntry(g), TotalEntry(2));
   SelectProbabilityEntry(g, FaceEntry(2, 4));
@@ -370,9 +370,8 @@ TEST_F(Probability, TheSelectionIsAlwaysAnEntryAndAnUnsavedTableIsUntitled) {
   ProbFlag(g, 0, 1) = 99;
   ProbFlag(g, 0, 2) = -4;
   EXPECT_EQ(SelectedProbabilityEntry(g), TotalEntry(2));
-}
 
-TEST_F(Probability, ATypedValueIsReadInTheDisplayModeAndABadOneChangesNothing) {
+  // A typed value is read in the display mode; a bad one changes nothing.
   const ProbEntry seven = TotalEntry(7);
   const ProbabilityState before = g.probability;
   for (auto [entry, text] : {std::pair{seven, "2O"}, {seven, ""}, {ProbEntry{1, 12}, "20"}})

@@ -49,7 +49,7 @@ class Place : public TableFixture {
   size_t Shown() const { return platform.messages.size(); }
 };
 
-TEST_F(Place, ChangesAreSteppedInTheSmallestCheckAndNeverGoBelowZero) {
+TEST_F(Place, ChangesAreSteppedInTheSmallestCheckWithinTheTablesMinimumAndMaximum) {
   EXPECT_EQ(Ask(1, kField, Usd(7.5)), 8_usd);
   EXPECT_EQ(Ask(1, kField, Usd(-7.5)), -8_usd);
   Ask(1, kField, 6);
@@ -59,9 +59,8 @@ TEST_F(Place, ChangesAreSteppedInTheSmallestCheckAndNeverGoBelowZero) {
   g.CheckValue(1) = Usd(0.25);
   EXPECT_EQ(Ask(1, kHard4, Usd(1.1)), Usd(1.25));
   EXPECT_EQ(Ask(1, kHard4, Usd(-0.3)), Usd(-0.5));
-}
 
-TEST_F(Place, TableMinimumAndMaximum) {
+  // The table's minimum and maximum.
   g.rules.MinPlacardBet = 5_usd;
   EXPECT_EQ(Ask(1, kPassLine, 2), 5_usd);
   EXPECT_EQ(LastText(), "P1,\r\rThe minimum Pass Line bet is $5\rwhich is being bet.");
@@ -133,7 +132,7 @@ TEST_F(Place, RemovedDontAndFireBetsMayBeRestoredUpToTheirContractOnly) {
   EXPECT_TRUE(Ask(3, kFire, 1).IsZero());
 }
 
-TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
+TEST_F(Place, TheBankrollAndTheVigLimitABetAndCheckStacksTakeAnyAmount) {
   g.Bet(1, bet::kBankroll) = 100_usd;
   EXPECT_EQ(Ask(1, PlaceId(8), 150), 100_usd);
   EXPECT_TRUE(Ask(1, kField, 5).IsZero());
@@ -156,9 +155,8 @@ TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
   EXPECT_EQ(Shown(), shown + 1) << "a bet taken down whole tells of the money too";
   EXPECT_EQ(Ask(1, PlaceId(8), 10), -98_usd);
   EXPECT_TRUE(g.TotalBets(1).IsZero());
-}
 
-TEST_F(Place, UpFrontVigMustFitTooAndIsRefundedWhenTheBetComesDown) {
+  // Up-front vig must fit too and is refunded when the bet comes down.
   g.Bet(1, bet::kBankroll) = 100_usd;
   EXPECT_EQ(Ask(1, BuyId(4), 100), 95_usd);  // 95 with a vig of 5 is all 100 can carry
   EXPECT_EQ(g.TotalBets(1), 100_usd);
@@ -174,9 +172,8 @@ TEST_F(Place, UpFrontVigMustFitTooAndIsRefundedWhenTheBetComesDown) {
   Ask(3, LayId(4), 40);
   EXPECT_EQ(g.LayVig(3, 0), 1_usd);
   EXPECT_EQ(g.TotalBets(3), 40_usd);
-}
 
-TEST_F(Place, CheckStacksTakeAnyAmountWithinTheirLimit) {
+  // Check stacks take any amount within their limit.
   const int stack = kCheckStackFirst + 5;
   EXPECT_EQ(Ask(1, stack, Usd(7.25)), Usd(7.25));
   EXPECT_EQ(Ask(1, stack, -20), -20_usd);

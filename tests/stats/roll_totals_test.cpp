@@ -301,7 +301,7 @@ TEST_F(Graph, AutoShiftExpansionAndSnapBack) {
 }
 
 // The report: the figures beside the graph, from the views' settings.
-TEST_F(Graph, ReportFiguresBesideTheGraph) {
+TEST_F(Graph, ReportFiguresBesideTheGraphAndTheViewsNumberPatterns) {
   g.Bet(1, bet::kBankroll) = g.BankrollHigh(1) = 1010_usd;
   g.BankrollLow(1) = Currency::FromRaw(9'905'000);
   g.InvestedBankroll(1) = 1000_usd;
@@ -331,9 +331,8 @@ TEST_F(Graph, ReportFiguresBesideTheGraph) {
   EXPECT_EQ(FigureBankrollGraph(g, 1).refBankroll, "Bankroll:  10");
   for (auto [hours, text] : {std::pair{0.00001, "< 0.0001"}, {1234.56, "1,234.6"}, {3.0, "3"}})
     EXPECT_EQ(FormatSimHours(hours), text) << hours;
-}
 
-TEST(FormatNumber, ThePatternsOfTheViews) {
+  // The number patterns of the views.
   const std::tuple<double, const char*, const char*> cases[] = {
       {1234567, "#,#;-#,#;0", "1,234,567"},
       {0, "#,#;-#,#;0", "0"},

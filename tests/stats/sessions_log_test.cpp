@@ -53,7 +53,7 @@ class SessionsLog : public RollFixture {
   }
 };
 
-TEST_F(SessionsLog, HeaderAndRecordBytes) {
+TEST_F(SessionsLog, HeaderAndRecordBytesAndTheClosingRecordsWritten) {
   const std::string path = Log({12.5, -3});
   const std::string b = ReadWholeFile(path);
   ASSERT_EQ(b.size(), 3u * 256);
@@ -73,9 +73,8 @@ TEST_F(SessionsLog, HeaderAndRecordBytes) {
   }
   EXPECT_EQ(ReadWholeFile(Path("copy.slg")), b);
   EXPECT_FALSE(fs::exists(path + ".~tmp"));
-}
 
-TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
+  // A new session and a cash-out write the closing record.
   SeatPlayer(g, 1, "Ann", 500_usd);
   NewSession(g, true, false, true, 2);  // no rolls yet: nothing written
   EXPECT_FALSE(fs::exists(Path("ann.slg")));
@@ -89,7 +88,6 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   SessionsLogReader log(Path("ann.slg"));
   ASSERT_TRUE(log.ok()) << log.error();
   ASSERT_EQ(log.count(), 2);
-  SessionRecord r{};
   ASSERT_TRUE(log.Read(1, r));
   EXPECT_EQ(r[0], 2_usd);  // two rolls at the table
   EXPECT_EQ(r[10], 500_usd);
@@ -101,8 +99,8 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   // reads them back.
   SeatPlayer(g, 2, "Bo", 500_usd);
   g.Bet(2, bet::kCheckStackFirst) = -kCheckStackLimit;
-  for (int b : {bet::kPassLine, bet::kField})
-    g.StatAction(FrameIndex(2, kFrameCurrentSession), b, kStatTotal) = kStatTotalLimit;
+  for (int id : {bet::kPassLine, bet::kField})
+    g.StatAction(FrameIndex(2, kFrameCurrentSession), id, kStatTotal) = kStatTotalLimit;
   ASSERT_FALSE(WriteSessionRecord(g, 2).has_value());
   SessionsLogReader bo(g.roll.SessionLogPath[2]);
   ASSERT_TRUE(bo.Read(1, r)) << bo.error();

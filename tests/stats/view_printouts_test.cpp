@@ -120,7 +120,7 @@ TEST_F(Views, ThreeLineDecisionsTheirPrintoutAndTheSelectionsLastRoll) {
   EXPECT_EQ(SelectedBetsLabel(85), "All bets selected");
 }
 
-TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
+TEST_F(Views, ComePointsSplitTheirActionAndTotalsAtTheirLimitAddUp) {
   const int i = FrameIndex(1, kFrameCurrentSession);
   g.StatAction(i, ComeId(4), kStatCount) = 2_usd;
   g.StatAction(i, ComeId(4), kStatTotal) = 30_usd;
@@ -143,11 +143,9 @@ TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
   // Ids outside the bets have no expected value.
   EXPECT_EQ(ExpectedValuePerDecision(g, 0), 0);
   EXPECT_EQ(ExpectedValuePerDecision(g, 93), 0);
-}
 
-// Years of play leave every total of the longer frames near its limit: the
-// views add hundreds of them without wrapping.
-TEST_F(Views, TotalsAtTheirLimitAddUpOverEveryBetAndPlayer) {
+  // Years of play leave every total of the longer frames near its limit: the
+  // views add hundreds of them without wrapping.
   for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
   const Currency nearLimit = Currency::FromWhole(99'999'999'999'999);
   ASSERT_LE(nearLimit, kStatTotalLimit);
@@ -155,9 +153,9 @@ TEST_F(Views, TotalsAtTheirLimitAddUpOverEveryBetAndPlayer) {
   for (int b = 1; b <= kLastRealBet; ++b) every.push_back(b);
   for (int p = 1; p <= 8; ++p)
     for (int b : every) {
-      const int i = FrameIndex(p, kFrameAllSessions);
-      g.StatAction(i, b, kStatCount) = g.StatWins(i, b, kStatCount) = 1_usd;
-      g.StatAction(i, b, kStatTotal) = g.StatWins(i, b, kStatTotal) = nearLimit;
+      const int k = FrameIndex(p, kFrameAllSessions);
+      g.StatAction(k, b, kStatCount) = g.StatWins(k, b, kStatCount) = 1_usd;
+      g.StatAction(k, b, kStatTotal) = g.StatWins(k, b, kStatTotal) = nearLimit;
     }
   constexpr std::int32_t kAll = 0x1fe;
   const double sum = 8.0 * kLastRealBet * nearLimit.ToDouble();
