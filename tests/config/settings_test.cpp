@@ -40,7 +40,7 @@ class Settings : public ::testing::Test {
 
 // The notice boxes as flags, the vig as a percent, and the roll rate box,
 // which holds the rate in the unit its row chooses; kept in rolls an hour.
-TEST_F(Settings, NoticeFlagsVigPercentAndTheRollRateBox) {
+TEST_F(Settings, TheConfigurationFormsBoxesChecksAndClosing) {
   const bool boxes[5] = {true, false, true, false, true};
   EXPECT_EQ(NoticeFlagsFromChecks(boxes), 1 + 4 + 16);
   EXPECT_EQ(VigRateFromPercent(Currency::FromRaw(42500)), Currency::FromRaw(425));
@@ -71,16 +71,13 @@ TEST_F(Settings, NoticeFlagsVigPercentAndTheRollRateBox) {
   EXPECT_EQ(f->text, "The simulated roll rate must be greater than zero.");
   box = {"", 0, true};
   EXPECT_TRUE(CheckRollRate(g, box));
-}
 
-TEST_F(Settings, ConfigChecksInOrderTheNoticeAndClosingTheForm) {
   EXPECT_TRUE(CheckConfigValues(g, nullptr));
   EXPECT_TRUE(platform.messages.empty());
 
   g.CheckValue(3) = 3_usd;  // below 5: out of order before indivisible
   g.CheckValue(2) = Currency::FromRaw(75000);
-  auto f = FindConfigFault(g, nullptr);
-  ASSERT_TRUE(f);
+  ASSERT_TRUE(f = FindConfigFault(g, nullptr));
   EXPECT_EQ(f->text, "All checks must be wholly divisible by the smallest check.");
   EXPECT_EQ(f->row, 2);
   g.CheckValue(2) = 5_usd;
@@ -99,7 +96,7 @@ TEST_F(Settings, ConfigChecksInOrderTheNoticeAndClosingTheForm) {
 
   // The roll rate is checked before the payoffs, and only when marked.
   g.PayoffTbl(1, bet::kHard4) = 0_usd;
-  RollRateBox box{"0", 0, false};
+  box = {"0", 0, false};
   ASSERT_TRUE(f = FindConfigFault(g, &box));
   EXPECT_EQ(f->text, "The payoff on Hard 4 must be a positive amount.");
   box.changed = true;

@@ -428,7 +428,7 @@ TEST_F(DiceFile, CopyingOutToRollAndTextFiles) {
   EXPECT_EQ(g.diceFile.DiceOutputFormat.size(), kMaxDiceOutputFormat);
 }
 
-TEST_F(DiceFile, RowsClicksAndTheSelection) {
+TEST_F(DiceFile, RowsClicksTheSelectionAndAFailedRewrite) {
   Start(RandomRolls(50, 7));
   g.diceFile.DiceSelStart = 41;
   ClickDiceRow(g, 3, false);
@@ -445,11 +445,9 @@ TEST_F(DiceFile, RowsClicksAndTheSelection) {
   SelectAllDiceRolls(g);
   EXPECT_EQ(CountSelectedDiceRolls(g), 50);
   EXPECT_EQ(ReadDiceRolls(g, 49, 10), (Bytes{m.file[48], m.file[49]}));
-}
 
-// A write that fails half-way (here: the process may not write files past
-// a size) leaves the old file whole and no temporary file behind.
-TEST_F(DiceFile, AFailedRewriteLeavesTheOldFileWhole) {
+  // A write that fails half-way (here: the process may not write files past
+  // a size) leaves the old file whole and no temporary file behind.
   Start(RandomRolls(3 * kBlock, 8));
   Select(2, 2 * kBlock);
   Copy();

@@ -172,7 +172,7 @@ TEST_F(Dice, EveryGeneratorGivesUniformDiceInRange) {
 // Generators 5 and 6 take both dice of an even-counted roll from the
 // shuffled generator, of an odd one from the Mersenne Twister, and each
 // source goes on in its own sequence.
-TEST_F(Dice, AlternatingGeneratorsFollowSessionRollCount) {
+TEST_F(Dice, AlternatingAndTwisterGeneratorsDrawTheirDiceFromTheirWords) {
   // By generator: the shuffled generator and the twister it takes turns with.
   for (const auto& [mixed, shuffled, twister] : {std::array<Long, 3>{5, 4, 0}, {6, 3, 1}}) {
     Select(mixed, 4242);
@@ -191,16 +191,14 @@ TEST_F(Dice, AlternatingGeneratorsFollowSessionRollCount) {
       }
     }
   }
-}
 
-// The twister generators make their dice in integers; each die must be
-// Int(u x 6) + 1 of the same word as a double u in [0, 1), as the draw is
-// defined. The single draw takes x = Int(u x 36) of one word a roll: Die2 =
-// Int(x / 6) + 1, the die the same word gives the first generator, and Die1
-// the finer part. The first generator draws its two words together: a run
-// that starts one word on (as after a single-draw roll) meets each
-// regeneration between the two dice.
-TEST_F(Dice, TwisterDiceAreTheDoubleFormulaOfTheirWords) {
+  // The twister generators make their dice in integers; each die must be
+  // Int(u x 6) + 1 of the same word as a double u in [0, 1), as the draw is
+  // defined. The single draw takes x = Int(u x 36) of one word a roll: Die2 =
+  // Int(x / 6) + 1, the die the same word gives the first generator, and Die1
+  // the finer part. The first generator draws its two words together: a run
+  // that starts one word on (as after a single-draw roll) meets each
+  // regeneration between the two dice.
   for (const auto& [index, wordsOn] : {std::pair<Long, int>{0, 0}, {0, 1}, {1, 0}, {7, 0}}) {
     Select(index, 987654);
     for (int k = 0; k < wordsOn; ++k) genrand_int32(g.dice.mt19937);

@@ -119,7 +119,7 @@ TEST_F(Probability, FaceSetsKeepTheDiceIndependentOrSpreadOverTheFreeCells) {
   EXPECT_EQ(LockedCount(), 2);
 }
 
-TEST_F(Probability, CellSetsAreHeldByTheirLockedTotalAndFace) {
+TEST_F(Probability, CellSetsAreHeldByTheirLocksAndUnbalanceableSetsUndone) {
   Lock(TotalEntry(7));
   Set(CellOfDice(1, 6), 5000);
   Grid expected = Uniform(2778);  // Round((100000 - 11665 - 5000) / 30) = Round(2777.83)
@@ -138,9 +138,8 @@ TEST_F(Probability, CellSetsAreHeldByTheirLockedTotalAndFace) {
   EXPECT_EQ(cells[0][0], 5555);  // min(9000, 5555)
   EXPECT_EQ(cells[0][5], 0);     // Round((16667 - 5555 - 11112) / 1)
   EXPECT_EQ(cells[3][3], 2778);  // the 30 others share Round((88888 - 5555) / 30)
-}
 
-TEST_F(Probability, UnbalanceableSetsAreUndoneButStayLocked) {
+  // Sets that can't be balanced are undone but stay locked.
   std::vector<ProbEntry> allButDieOne1, dieOne1Others = {FaceEntry(1, 1)};
   for (int d1 = 2; d1 <= 6; ++d1)
     for (int d2 = 1; d2 <= 6; ++d2) allButDieOne1.push_back(CellOfDice(d1, d2));

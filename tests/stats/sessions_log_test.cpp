@@ -108,7 +108,7 @@ TEST_F(SessionsLog, HeaderAndRecordBytesAndTheClosingRecordsWritten) {
   EXPECT_EQ(r[kFirstStackValue], -kMoneyLimit);
 }
 
-TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
+TEST_F(SessionsLog, DamagedFilesGiveTheirMessageAndDeletionsKeepTheFileLength) {
   const std::string good = ReadWholeFile(Log({1, 2}));
   std::string wrongText = good;
   wrongText.replace(0, 8, "Ravelto_");
@@ -153,26 +153,25 @@ TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
   EXPECT_TRUE(missing.ok());
   EXPECT_EQ(missing.count(), 0);
   EXPECT_EQ(Figures(Path("none.slg")).rangeShare.text, "0%");
-}
 
-TEST_F(SessionsLog, DeletionsKeepTheFileLength) {
-  const std::string path = Log({1, 2, 3, 4});
-  const std::uintmax_t length = fs::file_size(path);
-  EXPECT_EQ(DeleteSessions(path, 3, 2), "");  // read as 2 to 3
-  EXPECT_EQ(fs::file_size(path), length);
-  SessionsLogReader log(path);
+  // Deletions keep the file length.
+  const std::string four = Log({1, 2, 3, 4}, "four.slg");
+  const std::uintmax_t length = fs::file_size(four);
+  EXPECT_EQ(DeleteSessions(four, 3, 2), "");  // read as 2 to 3
+  EXPECT_EQ(fs::file_size(four), length);
+  SessionsLogReader log(four);
   ASSERT_EQ(log.count(), 2);
   SessionRecord r{};
   ASSERT_TRUE(log.Read(2, r));
   EXPECT_EQ(r[kNetValue], 4_usd);
-  EXPECT_EQ(DeleteSessions(path, 1, 3), "No sessions deleted.  Entry out of range.");
-  EXPECT_EQ(DeleteSessions(path, 2, 2), "");
-  EXPECT_EQ(SessionsLogReader(path).count(), 1);
+  EXPECT_EQ(DeleteSessions(four, 1, 3), "No sessions deleted.  Entry out of range.");
+  EXPECT_EQ(DeleteSessions(four, 2, 2), "");
+  EXPECT_EQ(SessionsLogReader(four).count(), 1);
   // The header count rules: a new record goes right after it.
   SessionRecord extra{};
   extra[kNetValue] = 9_usd;
-  ASSERT_FALSE(AppendSessionRecord(path, extra).has_value());
-  EXPECT_EQ(Figures(path).sum, 10_usd);
+  ASSERT_FALSE(AppendSessionRecord(four, extra).has_value());
+  EXPECT_EQ(Figures(four).sum, 10_usd);
 }
 
 TEST_F(SessionsLog, FiguresOfOneTwoAndManySessionsBreakPointsAndRangeBoxes) {
