@@ -190,7 +190,7 @@ TEST_F(Probability, AxisDialogMakesPercentageDiceAboutTheAxis) {
   EXPECT_EQ(FaceValues(2), (Faces{16666, 16667, 16666, 16666, 16667, 16666}));
 }
 
-TEST_F(Probability, CellTextFollowsTheDisplayMode) {
+TEST_F(Probability, CellTextFollowsTheDisplayModeAndThePickScansRowByRow) {
   Set(TotalEntry(7), 20000);
   // The display mode, the rolls out of, the entry, its text and sign.
   const std::tuple<Long, double, ProbEntry, const char*, int> cases[] = {
@@ -216,14 +216,13 @@ TEST_F(Probability, CellTextFollowsTheDisplayMode) {
   EXPECT_EQ(ProbabilityCellText(g, 2, 1), "0.000");
   EXPECT_EQ(ProbabilityCellSign(g, 2, 1), 0);
   EXPECT_EQ(ProbabilityCellText(g, 0, 0), "");
-}
 
-TEST_F(Probability, PickScansTheCellsRowByRowAndAlwaysEnds) {
+  // The pick scans the cells row by row and always ends.
   // Row 2 holds 1-1, 1-2 .. 1-6, 2-6 .. 6-6; row 3 starts with 2-1.
-  const std::pair<Long, DicePair> cases[] = {
+  const std::pair<Long, DicePair> picks[] = {
       {2778, {1, 1}},          {2779, {1, 2}},   {6 * 2778 + 1, {2, 6}}, {11 * 2778, {6, 6}},
       {11 * 2778 + 1, {2, 1}}, {100000, {6, 1}}, {100001, {6, 1}}};
-  for (const auto& [k, dice] : cases) {
+  for (const auto& [k, dice] : picks) {
     PickProbabilityDice(g, k);
     EXPECT_EQ((DicePair{g.Die1, g.Die2}), dice) << k;
   }
@@ -436,7 +435,7 @@ using ProbabilityFile = Probability;
 // The header, then the flags, then the values, in file order; loaded back
 // (a bare name is in the data folder) the whole table returns, and the dice
 // switch stays as it was.
-TEST_F(ProbabilityFile, SavedBytesFollowTheLayoutAndLoadBackWhole) {
+TEST_F(ProbabilityFile, SavedBytesLoadBackWholeAndBadFilesAreRefused) {
   Skew(g);
   ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
   const std::string bytes = ReadWholeFile(folder / "skew.prb");
@@ -468,9 +467,8 @@ TEST_F(ProbabilityFile, SavedBytesFollowTheLayoutAndLoadBackWhole) {
   NewProbabilities(g);
   EXPECT_TRUE(LoadProbabilityFile(g, folder / "short-tail.prb"));
   EXPECT_EQ(g.probability.ProbabilityTable, saved);
-}
 
-TEST_F(ProbabilityFile, BadFilesAreRefusedAndTheTableInUseStays) {
+  // Bad files are refused and the table in use stays.
   Skew(g);
   ASSERT_TRUE(SaveProbabilityFile(g, "good.prb"));
   const std::string good = ReadWholeFile(folder / "good.prb");
