@@ -213,7 +213,7 @@ TEST_F(DiceFile, RecordingOverwritesAndGrowsAndPlaybackRepeatsAHyperDriveRun) {
   EXPECT_EQ(g.diceFile.DiceFileLast, kRolls);
 }
 
-TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
+TEST_F(DiceFile, PlaybackStopsAtAValueOutOfLimitsAndAtTheEndAsksToRewind) {
   for (unsigned char bad : {static_cast<unsigned char>(0), DiceRollByte(7, 1), DiceRollByte(3, 0),
                             DiceRollByte(2, 7)}) {
     Start({DiceRollByte(2, 3), bad, DiceRollByte(4, 4)});
@@ -241,9 +241,9 @@ TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
   RunHyperDrive(g);
   EXPECT_EQ(g.hyper.LastStopMessage, kDiceFileValueStop);
   EXPECT_TRUE(platform.messages.empty());
-}
 
-TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
+  // The end of the file asks to rewind, when not minimized.
+  platform.minimized = false;
   Start({DiceRollByte(1, 3)});
   // The answer, then the mode and the position it leaves.
   for (const auto& [answer, mode, pos] : {std::tuple{kAnswerCancel, kDiceFilePlayback, 2},

@@ -169,7 +169,7 @@ TEST_F(Probability, CellSetsAreHeldByTheirLocksAndUnbalanceableSetsUndone) {
   }
 }
 
-TEST_F(Probability, AxisDialogMakesPercentageDiceAboutTheAxis) {
+TEST_F(Probability, AxisDialogCellTextAndThePick) {
   SetAxisProbabilities(g, 0, 100, 0, 100);
   for (int die = 1; die <= 2; ++die)
     EXPECT_EQ(FaceValues(die), (Faces{0, 25000, 25000, 25000, 25000, 0}));
@@ -188,9 +188,9 @@ TEST_F(Probability, AxisDialogMakesPercentageDiceAboutTheAxis) {
   SetAxisProbabilities(g, 2, 50, 1, 0);
   EXPECT_EQ(FaceValues(1), (Faces{20834, 20834, 8333, 8333, 20834, 20834}));
   EXPECT_EQ(FaceValues(2), (Faces{16666, 16667, 16666, 16666, 16667, 16666}));
-}
 
-TEST_F(Probability, CellTextFollowsTheDisplayModeAndThePickScansRowByRow) {
+  // Cell text follows the display mode.
+  NewProbabilities(g);
   Set(TotalEntry(7), 20000);
   // The display mode, the rolls out of, the entry, its text and sign.
   const std::tuple<Long, double, ProbEntry, const char*, int> cases[] = {
