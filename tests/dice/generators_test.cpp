@@ -237,7 +237,7 @@ TEST_F(Dice, FallbackMovesOnlyGeneratorsOfAMissingLibrary) {
 
 // A shuffle table full of values that rounded to 1.0 must still give sixes,
 // and the one probability number above 100,000.
-TEST_F(Dice, DrawOfExactlyOneMakesASix) {
+TEST_F(Dice, DrawOfExactlyOneMakesASixAndTheSameSeedTheSameDice) {
   for (const Long index : {4, 5}) {
     Select(index, 99);
     g.dice.ran1.r.fill(1.0f);
@@ -247,11 +247,9 @@ TEST_F(Dice, DrawOfExactlyOneMakesASix) {
   Select(4, 3);
   g.dice.ran1.r.fill(1.0f);
   EXPECT_EQ(DrawProbabilityNumber(g), 100001);
-}
 
-// The second twister seeds its own way: its dice differ from the first's
-// under the same seed, though both make dice from a double the same way.
-TEST_F(Dice, SameSeedSameDiceOtherSeedOtherDice) {
+  // The second twister seeds its own way: its dice differ from the first's
+  // under the same seed, though both make dice from a double the same way.
   std::vector<Long> firstTwister;
   for (Long index = 0; index < kRngCount; ++index) {
     Select(index, 8675);

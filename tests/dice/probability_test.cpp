@@ -244,7 +244,7 @@ TEST_F(Probability, AxisDialogCellTextAndThePick) {
   for (int face = 1; face <= 6; ++face) EXPECT_GT(seen[face], 50) << face;
 }
 
-TEST_F(Probability, KindSwitchesRebuildWhatTheKindImplies) {
+TEST_F(Probability, KindSwitchesRebuildWhatTheKindImpliesAndAHyperDriveRunFitsTheTable) {
   Set(CellOfDice(3, 3), 10000);
   EXPECT_TRUE(IsFreeFormDice(g));
   UnlockAllProbabilities(g);
@@ -270,13 +270,11 @@ TEST_F(Probability, KindSwitchesRebuildWhatTheKindImplies) {
   EXPECT_EQ(Cells(), Uniform(2778));
   EXPECT_FALSE(IsFreeFormDice(g));
   EXPECT_FALSE(g.probability.ProbDirty);
-}
 
-// Skewed dice in the large: a long Hyper-Drive run with probability dice on
-// shows each pair as often as its cell says. Pearson's chi-square over the
-// 35 pairs that can come stays below its 0.999 quantile with 34 degrees of
-// freedom (a fit fails by chance once in a thousand seeds).
-TEST_F(Probability, AHyperDriveRunFitsTheTable) {
+  // Skewed dice in the large: a long Hyper-Drive run with probability dice on
+  // shows each pair as often as its cell says. Pearson's chi-square over the
+  // 35 pairs that can come stays below its 0.999 quantile with 34 degrees of
+  // freedom (a fit fails by chance once in a thousand seeds).
 #ifdef NDEBUG
   constexpr std::int64_t kRolls = 10'000'000;
 #else
@@ -316,7 +314,7 @@ TEST_F(Probability, AHyperDriveRunFitsTheTable) {
   EXPECT_LT(chi, 65.247);
 }
 
-TEST_F(Probability, TheEventsLogNamesTheTableInUse) {
+TEST_F(Probability, TheEventsLogNamesTheTableArrowsStayOnEntriesAndOnlyPlainNumbersAreRead) {
   Set(TotalEntry(12), 100000);  // every roll 6-6
   g.dice.RngIndex = 0;
   g.dice.ProbabilityDiceOn = true;
@@ -331,10 +329,8 @@ TEST_F(Probability, TheEventsLogNamesTheTableInUse) {
             "    Miss (craps natural)\n"
             " Roll #2:  12 (6.6) from RNG #1 using probability matrix: /data/boxcars.prb\n"
             "    Miss (craps natural)\n");
-}
 
-// Editing as the tab does.
-TEST(ProbabilityEdit, ArrowsStayOnEntriesAndOnlyPlainNumbersAreRead) {
+  // Editing as the tab does.
   const auto move = [](ProbEntry from, int rows, int columns) {
     const ProbEntry to = MoveProbabilityEntry(from, rows, columns);
     return to.a * 100 + to.b;

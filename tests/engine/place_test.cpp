@@ -107,7 +107,7 @@ TEST_F(Place, LineBetsFollowThePointAndOddsNeedWhatTheyHangOn) {
   EXPECT_TRUE(Ask(2, ComeId(9), 5).IsZero());
 }
 
-TEST_F(Place, RemovedDontAndFireBetsMayBeRestoredUpToTheirContractOnly) {
+TEST_F(Place, RestoredBetsTheBankrollTheVigAndCheckStacks) {
   Ask(1, kDontPass, 10);
   PointOn(4);
   FixContracts();
@@ -130,9 +130,8 @@ TEST_F(Place, RemovedDontAndFireBetsMayBeRestoredUpToTheirContractOnly) {
   EXPECT_EQ(Ask(2, kFire, -5), -5_usd);
   EXPECT_EQ(Ask(2, kFire, 6), 5_usd);
   EXPECT_TRUE(Ask(3, kFire, 1).IsZero());
-}
 
-TEST_F(Place, TheBankrollAndTheVigLimitABetAndCheckStacksTakeAnyAmount) {
+  // The bankroll limits a bet unless negative amounts are allowed.
   g.Bet(1, bet::kBankroll) = 100_usd;
   EXPECT_EQ(Ask(1, PlaceId(8), 150), 100_usd);
   EXPECT_TRUE(Ask(1, kField, 5).IsZero());

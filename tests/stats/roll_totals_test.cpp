@@ -67,7 +67,7 @@ TEST_F(RollTotals, EachPairCountsTheCategoriesTheRollTalliesAndHard4NotTheEasyPa
   EXPECT_EQ(Row(FigureRollTotals(g, 1, 2, 0, false), 26).count.text, "0");
 }
 
-TEST(ProbablePercent, TruePercentsByPairsAndSkewedBySums) {
+TEST_F(RollTotals, ProbablePercentsGapsOfExactly200PercentsAndGraphScale) {
   const std::pair<int, double> expected[] = {
       {2, 2.78},   {3, 5.56},  {7, 16.67},  {13, 2.78},  {26, 5.56},  {22, 2.78},  {17, 66.67},
       {21, 44.44}, {18, 50.0}, {19, 38.89}, {73, 27.78}, {65, 33.33}, {78, 16.67}, {89, 16.67}};
@@ -82,9 +82,8 @@ TEST(ProbablePercent, TruePercentsByPairsAndSkewedBySums) {
   // Number 2 is pair 1-1 (index 0); Numbers 2,12 add pair 6-6 (index 35).
   EXPECT_DOUBLE_EQ(ProbablePercent(2, &dice), 1.0);
   EXPECT_DOUBLE_EQ(ProbablePercent(69, &dice), 1.0 + 1.035);
-}
 
-TEST_F(RollTotals, GapsOfExactly200FirstOccurrencesPercentsAndGraphScale) {
+  // Gaps of exactly 200 and first occurrences.
   RollGapRun();
   const RollFreqFigures two = FigureRollFreqs(g, 2, false);
   ASSERT_EQ(two.gaps.size(), 2u);

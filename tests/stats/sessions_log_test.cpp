@@ -174,7 +174,7 @@ TEST_F(SessionsLog, DamagedFilesGiveTheirMessageAndDeletionsKeepTheFileLength) {
   EXPECT_EQ(Figures(four).sum, 10_usd);
 }
 
-TEST_F(SessionsLog, FiguresOfOneTwoAndManySessionsBreakPointsAndRangeBoxes) {
+TEST_F(SessionsLog, FiguresOfOneTwoAndManySessionsBreakPointsRangeBoxesAndFind) {
   const SessionsFigures f = Figures(Log({25}));
   EXPECT_EQ(f.range, Currency{});
   EXPECT_EQ(f.columns[262].count, 1);
@@ -242,13 +242,11 @@ TEST_F(SessionsLog, FiguresOfOneTwoAndManySessionsBreakPointsAndRangeBoxes) {
   split = FigureSessionsLog(rq);
   EXPECT_EQ(split.rangeValue[0], -30);
   EXPECT_EQ(split.rangeValue[1], 20);
-}
 
-// Find, forward and backward from the top session with wrapping: the top
-// session itself tested last, sessions outside the included classes skipped.
-TEST_F(SessionsLog, FindWalksFromTheTopWrappingAndSkipsClassesLeftOut) {
-  SessionsRequest rq;
-  rq.path = Log({10, -5, 10, 0, 7});
+  // Find, forward and backward from the top session with wrapping: the top
+  // session itself tested last, sessions outside the included classes skipped.
+  rq = {};
+  rq.path = Log({10, -5, 10, 0, 7}, "find.slg");
   rq.value = kNetValue;
   auto find = [&rq](int wanted, int direction, std::int32_t top) {
     rq.rawTop = top;

@@ -231,7 +231,7 @@ TEST_F(Views, TrendsAndSummaryOfThreeComeOutsAndTheirPrintouts) {
   EXPECT_EQ(amounts->cells[1].colour, kPrintBlack);
 }
 
-TEST_F(Views, CompsAddUpOverPlayersAndFollowTheirBase) {
+TEST_F(Views, CompsAddUpOverPlayersAndHandsByNumberPrint) {
   const int i1 = FrameIndex(1, kFrameAllSessions), i2 = FrameIndex(2, kFrameAllSessions);
   g.StatAction(i1, kField, kStatCount) = 4_usd;
   g.StatAction(i1, kField, kStatTotal) = 40_usd;
@@ -260,9 +260,8 @@ TEST_F(Views, CompsAddUpOverPlayersAndFollowTheirBase) {
   FigureComps(g, c, i2);
   EXPECT_EQ(c.decisions, 4'000'000'000);
   EXPECT_EQ(c.rolls, 4'000'000'000);
-}
 
-TEST_F(Views, HandsByNumberAndTheirPrintout) {
+  // Hands by number and their printout.
   for (int p = 1; p <= 3; ++p) g.Bet(p, kPassLine) = {};
   // 7 passes, 2 misses, point 4 made, point 6 missed by a seven-out.
   const int dice[][2] = {{3, 4}, {1, 1}, {2, 2}, {1, 3}, {3, 3}, {3, 4}};
