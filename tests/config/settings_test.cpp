@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <tuple>
 
 #include "config/payoffs.h"
 #include "core/catalogue.h"
@@ -37,24 +38,25 @@ class Settings : public ::testing::Test {
   Game& g = *owner;
 };
 
-TEST_F(Settings, NoticeFlagsAndVigPercent) {
+// The notice boxes as flags, the vig as a percent, and the roll rate box,
+// which holds the rate in the unit its row chooses; kept in rolls an hour.
+TEST_F(Settings, TheConfigurationFormsBoxesChecksAndClosing) {
   const bool boxes[5] = {true, false, true, false, true};
   EXPECT_EQ(NoticeFlagsFromChecks(boxes), 1 + 4 + 16);
   EXPECT_EQ(VigRateFromPercent(Currency::FromRaw(42500)), Currency::FromRaw(425));
   EXPECT_EQ(VigPercentFromRate(Currency::FromRaw(500)), 5_usd);
-}
+  // The box's value and row, the rolls an hour and the box's text for them: 30
+  // seconds a roll, 0.0001 rolls an hour, as rolls a minute, a second.
+  const std::tuple<Currency, int, Currency> rates[] = {
+      {30_usd, 5, 120_usd},
+      {36000000_usd, 5, Currency::FromRaw(1)},
+      {Currency::FromRaw(1), 0, Currency::FromRaw(1)}};
+  for (auto [value, row, perHour] : rates) EXPECT_EQ(RollsPerHourFromBox(value, row), perHour);
+  const std::tuple<Currency, int, const char*> texts[] = {
+      {120_usd, 1, "2"}, {Currency::FromRaw(1000), 2, "<.0001"}, {1000_usd, 2, "0.2778"}};
+  for (auto [perHour, row, text] : texts) EXPECT_EQ(RollRateBoxText(perHour, row), text) << text;
 
-// The box holds the rate in the unit its row chooses; kept in rolls an hour.
-TEST_F(Settings, RollRateRows) {
-  EXPECT_EQ(RollsPerHourFromBox(30_usd, 5), 120_usd);                     // 30 secs / roll
-  EXPECT_EQ(RollsPerHourFromBox(36000000_usd, 5), Currency::FromRaw(1));  // 0.0001
-  EXPECT_EQ(RollsPerHourFromBox(Currency::FromRaw(1), 0), Currency::FromRaw(1));
-  EXPECT_EQ(RollRateBoxText(120_usd, 1), "2");  // as rolls / min
-  EXPECT_EQ(RollRateBoxText(Currency::FromRaw(1000), 2), "<.0001");
-  EXPECT_EQ(RollRateBoxText(1000_usd, 2), "0.2778");
-}
-
-TEST_F(Settings, CheckRollRateRefusesZeroAndTooFast) {
+  // The box refuses zero and a rate too fast.
   RollRateBox box{"10001", 2, true};
   auto f = CheckRollRate(g, box);
   ASSERT_TRUE(f);
@@ -69,16 +71,13 @@ TEST_F(Settings, CheckRollRateRefusesZeroAndTooFast) {
   EXPECT_EQ(f->text, "The simulated roll rate must be greater than zero.");
   box = {"", 0, true};
   EXPECT_TRUE(CheckRollRate(g, box));
-}
 
-TEST_F(Settings, ConfigChecksInOrderAndTheNotice) {
   EXPECT_TRUE(CheckConfigValues(g, nullptr));
   EXPECT_TRUE(platform.messages.empty());
 
   g.CheckValue(3) = 3_usd;  // below 5: out of order before indivisible
   g.CheckValue(2) = Currency::FromRaw(75000);
-  auto f = FindConfigFault(g, nullptr);
-  ASSERT_TRUE(f);
+  ASSERT_TRUE(f = FindConfigFault(g, nullptr));
   EXPECT_EQ(f->text, "All checks must be wholly divisible by the smallest check.");
   EXPECT_EQ(f->row, 2);
   g.CheckValue(2) = 5_usd;
@@ -97,7 +96,7 @@ TEST_F(Settings, ConfigChecksInOrderAndTheNotice) {
 
   // The roll rate is checked before the payoffs, and only when marked.
   g.PayoffTbl(1, bet::kHard4) = 0_usd;
-  RollRateBox box{"0", 0, false};
+  box = {"0", 0, false};
   ASSERT_TRUE(f = FindConfigFault(g, &box));
   EXPECT_EQ(f->text, "The payoff on Hard 4 must be a positive amount.");
   box.changed = true;
@@ -107,9 +106,8 @@ TEST_F(Settings, ConfigChecksInOrderAndTheNotice) {
   EXPECT_FALSE(CheckConfigValues(g, &box));
   ASSERT_EQ(platform.messages.size(), 1u);
   EXPECT_EQ(platform.messages[0].title, f->title);
-}
 
-TEST_F(Settings, ClosingTheFormRefiguresFieldAndUnits) {
+  // Closing the form refigures the Field and the units.
   for (int r = 1; r <= kFieldRows; ++r) g.FieldPayoff(3, r) = 2_usd;
   g.PayoffTbl(1, PlaceId(6)) = 7_usd;
   g.PayoffTbl(3, PlaceId(6)) = 4_usd;
@@ -127,7 +125,7 @@ TEST_F(Settings, ClosingTheFormRefiguresFieldAndUnits) {
   EXPECT_TRUE(g.BankrollHigh(1) == 500_usd && g.BankrollLow(1) == 100_usd);
 }
 
-TEST_F(Settings, LineOddsFollowThePoint) {
+TEST_F(Settings, LineOddsFieldDenominatorAndPresets) {
   g.Point = 6;
   SetLineOddsPayoffs(g);
   EXPECT_EQ(Pair(bet::kPassLineOdds), P(6, 5));
@@ -138,11 +136,9 @@ TEST_F(Settings, LineOddsFollowThePoint) {
   SetDefaultPayoffs(g);
   EXPECT_EQ(Pair(bet::kPassLineOdds), P(2, 1));
   EXPECT_EQ(Pair(bet::kDontPassOdds), P(1, 2));
-}
 
-// The Field's denominator is the one its rows share, pushes aside; 1 when
-// they differ or every row is a push.
-TEST_F(Settings, FieldDenominator) {
+  // The Field's denominator is the one its rows share, pushes aside; 1 when
+  // they differ or every row is a push.
   for (int r = 1; r <= kFieldRows; ++r) g.FieldPayoff(3, r) = 2_usd;
   EXPECT_EQ(FieldDenominator(g), 2_usd);
   g.FieldPayoff(1, 4) = 0_usd;
@@ -152,32 +148,26 @@ TEST_F(Settings, FieldDenominator) {
   EXPECT_EQ(FieldDenominator(g), 1_usd);
   for (int r = 1; r <= kFieldRows; ++r) g.FieldPayoff(1, r) = 0_usd;
   EXPECT_EQ(FieldDenominator(g), 1_usd);
-}
 
-TEST_F(Settings, FieldPresets) {
-  struct Case {
-    FieldPreset preset;
-    int d1, d2;
-    long a, d;
-  };
-  const Case cases[] = {
+  // Each preset's rows as "a to d".
+  // The preset, a row's dice, and its "a to d".
+  const std::tuple<FieldPreset, int, int, long, long> cases[] = {
       {kSFPass, 2, 2, -1, 3},    {kSFPass, 4, 4, -1, 11},    {kSFDontPass, 6, 4, 1, 3},
       {kSFDontPass, 6, 6, 0, 1}, {kSFHard8, 4, 4, 9, 1},     {kSFHard8, 2, 6, -1, 1},
       {kSFHorn, 1, 1, 27, 4},    {kSFHorn, 5, 6, 12, 4},     {kSFWorld, 3, 4, 0, 5},
       {kSFMidway, 3, 3, 2, 1},   {kSFCrapless, 1, 1, -5, 7}, {kSFLay4, 2, 5, 19, 40},
       {kSFField, 6, 6, 2, 1},
   };
-  for (const Case& c : cases) {
-    SetFieldPreset(g, c.preset);
-    EXPECT_EQ(Field(FieldRow(c.d1, c.d2)), P(c.a, c.d))
-        << static_cast<int>(c.preset) << ": " << c.d1 << c.d2;
+  for (const auto& [preset, d1, d2, a, d] : cases) {
+    SetFieldPreset(g, preset);
+    EXPECT_EQ(Field(FieldRow(d1, d2)), P(a, d)) << static_cast<int>(preset) << ": " << d1 << d2;
   }
   SetFieldPreset(g, kSFHorn);
   EXPECT_EQ(g.FieldPayoff(2, FieldRow(1, 1)), 0_usd) << "Horn rows read 'for'";
   EXPECT_EQ(g.FieldPayoff(2, FieldRow(3, 4)), -1_usd);
 }
 
-TEST_F(Settings, EditingKeepsWhatTheUserSees) {
+TEST_F(Settings, PayoffsEditedAsShownCheckedForTheFirstFaultAndRestoredOnAsking) {
   const PayoffCell place6{PayoffTable::Bets, PlaceId(6)};
   // 3 "for" 1 is stored as 2 to 1; T then reads 3 "to" 1.
   ASSERT_TRUE(PayoffFlagKey(g, place6, 'f'));
@@ -201,9 +191,8 @@ TEST_F(Settings, EditingKeepsWhatTheUserSees) {
   // The same key twice changes nothing.
   ASSERT_TRUE(PayoffFlagKey(g, place6, 'F'));
   EXPECT_EQ(g.PayoffTbl(1, place6.row), 6_usd);
-}
 
-TEST_F(Settings, ChecksFindTheFirstFault) {
+  // The checks find the first fault.
   EXPECT_FALSE(CheckPayoffs(g));
   g.PayoffTbl(1, PlaceId(6)) = 0_usd;
   auto f = CheckPayoffs(g);
@@ -237,9 +226,8 @@ TEST_F(Settings, ChecksFindTheFirstFault) {
     if (g.FieldPayoff(1, r).raw > 0) g.FieldPayoff(1, r) = 0_usd;
   ASSERT_TRUE(f = CheckPayoffs(g));
   EXPECT_EQ(f->text, "At least one of the Field bet payoffs must be postiive.");
-}
 
-TEST_F(Settings, RestoreAsksFirst) {
+  // Restoring the defaults asks first.
   g.PayoffTbl(1, PlaceId(6)) = 3_usd;
   platform.queuedReplies.push_back({7, "", "", false});
   EXPECT_FALSE(RestoreDefaultPayoffs(g));

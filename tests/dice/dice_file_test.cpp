@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "core/file_io.h"
@@ -139,7 +140,7 @@ class DiceFile : public RollFixture {
   Model m;
 };
 
-TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
+TEST_F(DiceFile, OpeningChecksEveryByteAndTheRecorderNeedsAFile) {
   WriteBytes(Path(), {36, 68, 0, 216});  // 0 has its low bits clear
   EXPECT_TRUE(IsDiceRollFile(Path()));
   WriteBytes(folder / "empty.rol", {});
@@ -162,9 +163,19 @@ TEST_F(DiceFile, OpeningChecksEveryByteAndANewNameCreatesTheFile) {
   EXPECT_EQ(DiceRollFilesTitle(g), "Dice Roll Files (new.rol)");
   CloseDiceRollFile(g);
   EXPECT_EQ(DiceRollFilesTitle(g), "Dice Roll Files");
+  // The recorder needs an open file.
+  EXPECT_FALSE(SetDiceFileMode(g, kDiceFilePlayback));
+  EXPECT_EQ(platform.messages.back().title, "Playback Dice Rolls During Game Play");
+  EXPECT_EQ(LastMessage(), "You need to open a file first.");
+
+  // A new session that does not keep the file closes it.
+  Start({DiceRollByte(5, 6), DiceRollByte(2, 2)});
+  ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
+  NewSession(g, false, false, true, 0);
+  EXPECT_EQ(g.diceFile.DiceFilePath, "");
 }
 
-TEST_F(DiceFile, RecordingOverwritesAtThePositionAndGrowsTheFile) {
+TEST_F(DiceFile, RecordingOverwritesAndGrowsAndPlaybackRepeatsAHyperDriveRun) {
   Start({36, 36, 36});
   ASSERT_TRUE(SetDiceFileMode(g, kDiceFileRecording));
   g.diceFile.DiceFilePos = 2;
@@ -174,9 +185,7 @@ TEST_F(DiceFile, RecordingOverwritesAtThePositionAndGrowsTheFile) {
   EXPECT_EQ(g.diceFile.DiceFileLast, 4);
   EXPECT_EQ(g.diceFile.DiceFilePos, 5);
   EXPECT_EQ(g.diceFile.DiceSelEnd, 5);
-}
 
-TEST_F(DiceFile, AHyperDriveRunRecordsEveryRollAndPlaybackRepeatsThem) {
   constexpr int kRolls = 100'000;  // several windows of the roll's buffer
   ASSERT_TRUE(OpenDiceRollFile(g, Path()));
   ASSERT_TRUE(SetDiceFileMode(g, kDiceFileRecording));
@@ -204,7 +213,7 @@ TEST_F(DiceFile, AHyperDriveRunRecordsEveryRollAndPlaybackRepeatsThem) {
   EXPECT_EQ(g.diceFile.DiceFileLast, kRolls);
 }
 
-TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
+TEST_F(DiceFile, PlaybackStopsAtAValueOutOfLimitsAndAtTheEndAsksToRewind) {
   for (unsigned char bad : {static_cast<unsigned char>(0), DiceRollByte(7, 1), DiceRollByte(3, 0),
                             DiceRollByte(2, 7)}) {
     Start({DiceRollByte(2, 3), bad, DiceRollByte(4, 4)});
@@ -232,27 +241,24 @@ TEST_F(DiceFile, AValueOutOfLimitsStopsPlaybackWithItsMessage) {
   RunHyperDrive(g);
   EXPECT_EQ(g.hyper.LastStopMessage, kDiceFileValueStop);
   EXPECT_TRUE(platform.messages.empty());
-}
 
-TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
+  // The end of the file asks to rewind, when not minimized.
+  platform.minimized = false;
   Start({DiceRollByte(1, 3)});
-  struct Case {
-    int answer;
-    std::int32_t mode, pos;
-  };
-  for (const Case c :
-       {Case{kAnswerCancel, kDiceFilePlayback, 2}, Case{kAnswerNo, kDiceFileInactive, 2},
-        Case{kAnswerYes, kDiceFilePlayback, 1}}) {
+  // The answer, then the mode and the position it leaves.
+  for (const auto& [answer, mode, pos] : {std::tuple{kAnswerCancel, kDiceFilePlayback, 2},
+                                          {kAnswerNo, kDiceFileInactive, 2},
+                                          {kAnswerYes, kDiceFilePlayback, 1}}) {
     g.diceFile.DiceFileMode = kDiceFilePlayback;
     g.diceFile.DiceFilePos = 2;
-    Reply(c.answer);
+    Reply(answer);
     platform.messages.clear();
     RollDice(g);
     ASSERT_EQ(platform.messages.size(), 1u);
     EXPECT_EQ(LastMessage(), "Playback stopped.\rRewind for playback?");
     EXPECT_EQ(platform.messages[0].title, "Dice Roll File");
-    EXPECT_EQ(g.diceFile.DiceFileMode, c.mode) << c.answer;
-    EXPECT_EQ(g.diceFile.DiceFilePos, c.pos) << c.answer;
+    EXPECT_EQ(g.diceFile.DiceFileMode, mode) << answer;
+    EXPECT_EQ(g.diceFile.DiceFilePos, pos) << answer;
     EXPECT_TRUE(g.StopMessage.empty());
   }
   g.diceFile.DiceFileMode = kDiceFileRecording;
@@ -260,29 +266,13 @@ TEST_F(DiceFile, TheEndOfTheFileAsksToRewind) {
   EXPECT_EQ(LastMessage(), "Recording stopped.\rRewind for playback?");
 }
 
-TEST_F(DiceFile, TheRecorderNeedsAFileAndANewSessionClosesIt) {
-  EXPECT_FALSE(SetDiceFileMode(g, kDiceFilePlayback));
-  EXPECT_EQ(platform.messages.back().title, "Playback Dice Rolls During Game Play");
-  EXPECT_EQ(LastMessage(), "You need to open a file first.");
-
-  // A new session that does not keep the file closes it.
-  Start({DiceRollByte(5, 6), DiceRollByte(2, 2)});
-  ASSERT_TRUE(SetDiceFileMode(g, kDiceFilePlayback));
-  NewSession(g, false, false, true, 0);
-  EXPECT_EQ(g.diceFile.DiceFilePath, "");
-}
-
 // Selections across and on the buffer's edges, in both orders; cut and
 // paste, copy and paste at the end, deletes of the head and the tail.
-TEST_F(DiceFile, CutCopyPasteAndDeleteMatchTheModelAcrossBlockEdges) {
+TEST_F(DiceFile, EditsMatchTheModelAcrossBlockEdges) {
   Start(RandomRolls(3 * kBlock + 17, 1));
-  struct Step {
-    const char* what;
-    std::int64_t pos, selEnd;
-    char op;
-  };
   const std::int64_t b = kBlock;
-  const Step steps[] = {
+  // What the step does, the selection's ends, the operation.
+  const std::tuple<const char*, std::int64_t, std::int64_t, char> steps[] = {
       {"copy two blocks and a bit", 5, 2 * b + 9, 'c'},
       {"paste at a block's edge", b, b, 'v'},
       {"cut reversed across an edge", 2 * b + 3, b - 2, 'x'},
@@ -295,11 +285,11 @@ TEST_F(DiceFile, CutCopyPasteAndDeleteMatchTheModelAcrossBlockEdges) {
       {"delete the tail", 2 * b, 99 * b, 'd'},
       {"delete at the end: nothing", 99 * b, 99 * b, 'd'},
   };
-  for (const Step& s : steps) {
+  for (const auto& [what, pos, selEnd, op] : steps) {
     const auto end = m.Size() + 1;
-    Select(std::min(s.pos, end), std::min(s.selEnd, end));
-    Do(s.op);
-    Check(s.what);
+    Select(std::min(pos, end), std::min(selEnd, end));
+    Do(op);
+    Check(what);
     if (HasFailure()) return;
   }
   ASSERT_TRUE(IsDiceRollFile(Path()));
@@ -316,9 +306,7 @@ TEST_F(DiceFile, CutCopyPasteAndDeleteMatchTheModelAcrossBlockEdges) {
       Do(op);
     Check("step " + std::to_string(i));
   }
-}
 
-TEST_F(DiceFile, KeyedRollsInsertOrTypeOverAndRunPastTheEnd) {
   Start(RandomRolls(kBlock + 2, 2));
   for (const auto& [pos, insert] : {std::pair<std::int64_t, bool>{kBlock, true},
                                     {kBlock, false},
@@ -334,9 +322,7 @@ TEST_F(DiceFile, KeyedRollsInsertOrTypeOverAndRunPastTheEnd) {
   ASSERT_TRUE(KeyRandomDiceRoll(g));
   EXPECT_TRUE(DiceWithinLimits(ReadBytes(Path()).at(6)));
   EXPECT_EQ(g.diceFile.DiceFilePos, 8);
-}
 
-TEST_F(DiceFile, RollFilesAndTextFilesPasteIn) {
   Start(RandomRolls(kBlock + 40, 4));
   const Bytes other = RandomRolls(kBlock + 1, 5);
   WriteBytes(folder / "other.rol", other);
@@ -367,7 +353,7 @@ TEST_F(DiceFile, RollFilesAndTextFilesPasteIn) {
   EXPECT_FALSE(FileExists(DiceConversionPath(g))) << "the temporary conversion is deleted";
 
   // A long text of random bytes, digits and garbage alike, across many blocks.
-  std::mt19937 rng(9);
+  rng.seed(9);
   std::string text(5 * kDiceFileBlock + 3, '\0');
   for (char& c : text) c = static_cast<char>(rng() % 4 == 0 ? '0' + rng() % 10 : rng() % 256);
   Bytes model;
@@ -392,7 +378,7 @@ TEST_F(DiceFile, RollFilesAndTextFilesPasteIn) {
   EXPECT_FALSE(FileExists(folder / "x.rol"));
 }
 
-TEST_F(DiceFile, CopyingOutRefusesTheOpenFileAndAsksBeforeReplacing) {
+TEST_F(DiceFile, CopyingOutToRollAndTextFiles) {
   Start(RandomRolls(kBlock * 2, 6));
   Select(kBlock + 5, 10);
   EXPECT_FALSE(CopyToRollFile(g, Path()));
@@ -407,24 +393,20 @@ TEST_F(DiceFile, CopyingOutRefusesTheOpenFileAndAsksBeforeReplacing) {
   EXPECT_EQ(ReadBytes(folder / "out.rol"), Bytes{36});
   EXPECT_TRUE(CopyToRollFile(g, folder / "out.rol"));  // Yes by default
   EXPECT_EQ(ReadBytes(folder / "out.rol"), m.Selected());
-}
 
-TEST_F(DiceFile, TextOutputFollowsTheTemplate) {
+  // Text output follows the template.
   Start({DiceRollByte(3, 4), DiceRollByte(6, 6), DiceRollByte(1, 2)});
-  struct Case {
-    const char* format;
-    std::int64_t number;
-    unsigned char roll;
-    const char* line;
-  };
-  for (const Case c : {Case{"Roll# (Die1.Die2) Total", 1234, DiceRollByte(3, 4), "1,234 (3.4) 7"},
-                       Case{"  ", 5, DiceRollByte(6, 6), "5 (6.6) 12"},
-                       Case{"TOTAL=total, Die2", 1, DiceRollByte(1, 2), "3=3, 2"},
-                       Case{"roll#roll#die1", 1'000'000, DiceRollByte(5, 1), "1,000,0001,000,0005"},
-                       Case{"die", 1, DiceRollByte(5, 1), "die"}}) {
+  // The template, the roll's number and dice, the line.
+  const std::tuple<const char*, std::int64_t, unsigned char, const char*> cases[] = {
+      {"Roll# (Die1.Die2) Total", 1234, DiceRollByte(3, 4), "1,234 (3.4) 7"},
+      {"  ", 5, DiceRollByte(6, 6), "5 (6.6) 12"},
+      {"TOTAL=total, Die2", 1, DiceRollByte(1, 2), "3=3, 2"},
+      {"roll#roll#die1", 1'000'000, DiceRollByte(5, 1), "1,000,0001,000,0005"},
+      {"die", 1, DiceRollByte(5, 1), "die"}};
+  for (const auto& [format, number, roll, line] : cases) {
     std::string out;
-    AppendDiceRollText(out, PrepareDiceOutputFormat(c.format), c.number, c.roll);
-    EXPECT_EQ(out, c.line) << c.format;
+    AppendDiceRollText(out, PrepareDiceOutputFormat(format), number, roll);
+    EXPECT_EQ(out, line) << format;
   }
   EXPECT_FALSE(HasDiceInformation("Roll# only"));
   EXPECT_TRUE(HasDiceInformation(""));  // the default has all three
@@ -442,7 +424,7 @@ TEST_F(DiceFile, TextOutputFollowsTheTemplate) {
   EXPECT_EQ(g.diceFile.DiceOutputFormat.size(), kMaxDiceOutputFormat);
 }
 
-TEST_F(DiceFile, RowsClicksAndTheSelection) {
+TEST_F(DiceFile, RowsClicksTheSelectionAndAFailedRewrite) {
   Start(RandomRolls(50, 7));
   g.diceFile.DiceSelStart = 41;
   ClickDiceRow(g, 3, false);
@@ -459,11 +441,9 @@ TEST_F(DiceFile, RowsClicksAndTheSelection) {
   SelectAllDiceRolls(g);
   EXPECT_EQ(CountSelectedDiceRolls(g), 50);
   EXPECT_EQ(ReadDiceRolls(g, 49, 10), (Bytes{m.file[48], m.file[49]}));
-}
 
-// A write that fails half-way (here: the process may not write files past
-// a size) leaves the old file whole and no temporary file behind.
-TEST_F(DiceFile, AFailedRewriteLeavesTheOldFileWhole) {
+  // A write that fails half-way (here: the process may not write files past
+  // a size) leaves the old file whole and no temporary file behind.
   Start(RandomRolls(3 * kBlock, 8));
   Select(2, 2 * kBlock);
   Copy();
@@ -490,7 +470,7 @@ TEST_F(DiceFile, AFailedRewriteLeavesTheOldFileWhole) {
 // The printout: as many columns as the template's width allows, rolls down
 // each column, a heading on every page, highlighted pairs marked, and the
 // renumbering question and page count asked before it.
-TEST_F(DiceFile, PrintPagesRunDownTheColumnsUnderTheirHeadings) {
+TEST_F(DiceFile, PrintPagesRunDownTheColumnsAndTheQuestionsComeFirst) {
   // "1,000 (6.6) 12": 14 characters with room for wide digits, the mark
   // and a gap: 3 columns of 50 rolls.
   const DicePrintLayout layout = DicePrintLayoutFor("Roll# (Die1.Die2) Total", 1000);
@@ -521,9 +501,7 @@ TEST_F(DiceFile, PrintPagesRunDownTheColumnsUnderTheirHeadings) {
   EXPECT_EQ(first.cells[2].colour, kPrintBlack);
   EXPECT_EQ(Cells(doc.lines[2 * perPage + kDicePageHeading]), "401 (1.5) 6");
   EXPECT_EQ(Cells(doc.lines.back()), "450 (3.6) 9");
-}
 
-TEST_F(DiceFile, PrintTheRenumberingQuestionAndTheConfirmation) {
   // Rolls 240..201 (the selection's ends in either order), renumbered from 1.
   Start(Cycling(300));
   Select(240, 201);

@@ -1,6 +1,6 @@
 // The generators: the raw ones against their published definitions; dice
-// from each (range, uniformity, the alternating generators, the
-// single-draw generator, the missing-library fallback and the 1.0 edge);
+// from each (range, uniformity, the alternating generators, the twisters'
+// words and the single draw, the missing-library fallback and the 1.0 edge);
 // seeding (given seeds, clock seeds, the user's prompt, limits, the log
 // line and the start-up order).
 #include "dice/generators.h"
@@ -22,7 +22,7 @@
 
 namespace {
 
-TEST(MersenneTwister, ReferenceOutputs) {
+TEST(RawGenerators, FollowTheirPublishedSequencesAndHandWorkedValues) {
   MtState s;
   const std::uint32_t key[] = {0x123, 0x234, 0x345, 0x456};
   init_by_array(s, key, 4);
@@ -39,13 +39,11 @@ TEST(MersenneTwister, ReferenceOutputs) {
   // Unseeded, it behaves as seeded with 5489.
   MtState fresh;
   EXPECT_EQ(genrand_int32(fresh), std::mt19937(5489)());
-}
 
-// Values of the published reference generators (ran1 and ran2 as published,
-// static state behind a pointer seed) for seeds -1234 and -2147483647, at the
-// given draw. Our constants are decimal approximations of 1/M, so values
-// agree to a few units of single precision.
-TEST(ShuffledGenerators, FollowPublishedSequences) {
+  // Values of the published reference generators (ran1 and ran2 as published,
+  // static state behind a pointer seed) for seeds -1234 and -2147483647, at the
+  // given draw. Our constants are decimal approximations of 1/M, so values
+  // agree to a few units of single precision.
   const int draws[] = {0, 1, 999, 4999};
   const struct {
     std::int32_t seed;
@@ -74,10 +72,8 @@ TEST(ShuffledGenerators, FollowPublishedSequences) {
     EXPECT_EQ(id1, 1);  // Ran1 sets its seed to 1 after initialising
     EXPECT_EQ(error, nullptr);
   }
-}
 
-// The dice and the uniformity are the generators' test below.
-TEST(Rng3, HandWorkedValuesAndABigSeed) {
+  // The dice and the uniformity are the generators' test below.
   Long state = 1;
   // Worked by hand: 1 x 1366 + 150889 = 152255, Int(6 x 152255 / 714025) = 1;
   // 152255 x 1366 + 150889 = 208131219 = 291 x 714025 + 349944, Int(2.94) = 2.
@@ -176,7 +172,7 @@ TEST_F(Dice, EveryGeneratorGivesUniformDiceInRange) {
 // Generators 5 and 6 take both dice of an even-counted roll from the
 // shuffled generator, of an odd one from the Mersenne Twister, and each
 // source goes on in its own sequence.
-TEST_F(Dice, AlternatingGeneratorsFollowSessionRollCount) {
+TEST_F(Dice, AlternatingAndTwisterGeneratorsDrawTheirDiceFromTheirWords) {
   // By generator: the shuffled generator and the twister it takes turns with.
   for (const auto& [mixed, shuffled, twister] : {std::array<Long, 3>{5, 4, 0}, {6, 3, 1}}) {
     Select(mixed, 4242);
@@ -195,33 +191,14 @@ TEST_F(Dice, AlternatingGeneratorsFollowSessionRollCount) {
       }
     }
   }
-}
 
-// The single-draw generator: x = Int(U x 36) gives Die2 = Int(x / 6) + 1,
-// which is the die the same first draw gives generator 0, and Die1 the
-// finer part. Each roll costs one word of the twister.
-TEST_F(Dice, SingleDrawGeneratorSharesFirstDrawWithGeneratorOne) {
-  int differentRolls = 0;
-  for (double seed : {1.0, 77.0, 31337.0, 2147483647.0}) {
-    Select(0, seed);
-    const auto one = Roll();
-    Select(7, seed);
-    MtState oneWordOn = g.dice.mt19937;
-    genrand_int32(oneWordOn);
-    const auto eight = Roll();
-    EXPECT_TRUE(SameTwister(g.dice.mt19937, oneWordOn));
-    EXPECT_EQ(eight[1], one[0]) << seed;
-    differentRolls += eight != one;
-  }
-  EXPECT_GT(differentRolls, 0);
-}
-
-// The twister generators make their dice in integers; each die must be
-// Int(u x 6) + 1 (Int(u x 36) for the single draw) of the same word as a
-// double u in [0, 1), as the draw is defined. The first generator draws
-// its two words together: a run that starts one word on (as after a
-// single-draw roll) meets each regeneration between the two dice.
-TEST_F(Dice, TwisterDiceAreTheDoubleFormulaOfTheirWords) {
+  // The twister generators make their dice in integers; each die must be
+  // Int(u x 6) + 1 of the same word as a double u in [0, 1), as the draw is
+  // defined. The single draw takes x = Int(u x 36) of one word a roll: Die2 =
+  // Int(x / 6) + 1, the die the same word gives the first generator, and Die1
+  // the finer part. The first generator draws its two words together: a run
+  // that starts one word on (as after a single-draw roll) meets each
+  // regeneration between the two dice.
   for (const auto& [index, wordsOn] : {std::pair<Long, int>{0, 0}, {0, 1}, {1, 0}, {7, 0}}) {
     Select(index, 987654);
     for (int k = 0; k < wordsOn; ++k) genrand_int32(g.dice.mt19937);
@@ -260,7 +237,7 @@ TEST_F(Dice, FallbackMovesOnlyGeneratorsOfAMissingLibrary) {
 
 // A shuffle table full of values that rounded to 1.0 must still give sixes,
 // and the one probability number above 100,000.
-TEST_F(Dice, DrawOfExactlyOneMakesASix) {
+TEST_F(Dice, DrawOfExactlyOneMakesASixAndTheSameSeedTheSameDice) {
   for (const Long index : {4, 5}) {
     Select(index, 99);
     g.dice.ran1.r.fill(1.0f);
@@ -270,11 +247,9 @@ TEST_F(Dice, DrawOfExactlyOneMakesASix) {
   Select(4, 3);
   g.dice.ran1.r.fill(1.0f);
   EXPECT_EQ(DrawProbabilityNumber(g), 100001);
-}
 
-// The second twister seeds its own way: its dice differ from the first's
-// under the same seed, though both make dice from a double the same way.
-TEST_F(Dice, SameSeedSameDiceOtherSeedOtherDice) {
+  // The second twister seeds its own way: its dice differ from the first's
+  // under the same seed, though both make dice from a double the same way.
   std::vector<Long> firstTwister;
   for (Long index = 0; index < kRngCount; ++index) {
     Select(index, 8675);
@@ -304,7 +279,7 @@ TEST_F(Dice, SameSeedSameDiceOtherSeedOtherDice) {
 // The first roll after seeding Ran2 with 1234 uses the second and third
 // values of the sequence that starts at -1234: the seeding call's own value
 // is dropped.
-TEST_F(Dice, SeedingDrawDropsTheFirstValue) {
+TEST_F(Dice, SeedingDropsTheFirstValueRefusesSeedsBeyondLimitsAndPromptsAgain) {
   Select(3, 1234);
   DrawDice(g);
   Ran2State reference;
@@ -313,13 +288,11 @@ TEST_F(Dice, SeedingDrawDropsTheFirstValue) {
   idum = 1;  // Ran2 reseeds while idum is negative
   EXPECT_EQ(g.Die1, static_cast<Long>(Ran2(reference, idum, nullptr) * 6) + 1);
   EXPECT_EQ(g.Die2, static_cast<Long>(Ran2(reference, idum, nullptr) * 6) + 1);
-}
 
-// A refused seed keeps the last one; a given seed is rounded to nearest,
-// ties to even; every seeding sets Rng3's state too (which Rng3's own
-// seeding then moves on). Below 1 the clock seeds, even one that has run
-// for weeks.
-TEST_F(Dice, LimitsRefuseAndKeepLastSeed) {
+  // A refused seed keeps the last one; a given seed is rounded to nearest,
+  // ties to even; every seeding sets Rng3's state too (which Rng3's own
+  // seeding then moves on). Below 1 the clock seeds, even one that has run
+  // for weeks.
   // Generator, seed given, accepted, the last seed after.
   const std::tuple<Long, double, bool, Long> cases[] = {{2, 999999, true, 999999},
                                                         {2, 1000000, false, 999999},
@@ -342,9 +315,8 @@ TEST_F(Dice, LimitsRefuseAndKeepLastSeed) {
   g.dice.RngIndex = 2;
   ASSERT_TRUE(SeedRng(g));
   EXPECT_LE(g.dice.LastSeed, 999999);
-}
 
-TEST_F(Dice, UserSeedPromptRepeatsUntilWithinLimits) {
+  // The user's seed is asked for until it is within the limits.
   g.dice.RngIndex = 2;
   g.dice.UserSeedMode = true;
   g.dice.LastSeed = 42;

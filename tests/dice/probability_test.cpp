@@ -96,7 +96,7 @@ TEST_F(Probability, TotalSetSharesItsValueInItsColumnAndTheRestOutside) {
   EXPECT_EQ(Value(TotalEntry(12)), 100000);
 }
 
-TEST_F(Probability, FaceSetWithNothingLockedKeepsTheDiceIndependent) {
+TEST_F(Probability, FaceSetsKeepTheDiceIndependentOrSpreadOverTheFreeCells) {
   const ProbEntry six = FaceEntry(1, 6);
   SetProbabilityCell(g, six.a, six.b, 20000, false);
   EXPECT_EQ(FaceValues(1), (Faces{16000, 16000, 16000, 16000, 16000, 20000}));
@@ -106,12 +106,12 @@ TEST_F(Probability, FaceSetWithNothingLockedKeepsTheDiceIndependent) {
   EXPECT_EQ(Cells(), expected);
   EXPECT_FALSE(IsFreeFormDice(g));
   EXPECT_TRUE(Locked(six));
-}
 
-TEST_F(Probability, FaceSetWithALockedCellSpreadsOverTheFaceAndTheFreeCells) {
+  // With a locked cell the set spreads over the face and the free cells.
+  NewProbabilities(g);
   Lock(CellOfDice(1, 1));
   Set(FaceEntry(1, 1), 20000);
-  Grid expected = Uniform(2667);                       // Round(80000 / 30)
+  expected = Uniform(2667);                            // Round(80000 / 30)
   expected[0] = {2778, 3444, 3444, 3444, 3444, 3444};  // Round((20000 - 2778) / 5)
   EXPECT_EQ(Cells(), expected);
   EXPECT_EQ(FaceValues(1), (Faces{20000, 16002, 16002, 16002, 16002, 16002}));
@@ -119,7 +119,7 @@ TEST_F(Probability, FaceSetWithALockedCellSpreadsOverTheFaceAndTheFreeCells) {
   EXPECT_EQ(LockedCount(), 2);
 }
 
-TEST_F(Probability, CellSetsAreHeldByTheirLockedTotalAndFace) {
+TEST_F(Probability, CellSetsAreHeldByTheirLocksAndUnbalanceableSetsUndone) {
   Lock(TotalEntry(7));
   Set(CellOfDice(1, 6), 5000);
   Grid expected = Uniform(2778);  // Round((100000 - 11665 - 5000) / 30) = Round(2777.83)
@@ -138,19 +138,14 @@ TEST_F(Probability, CellSetsAreHeldByTheirLockedTotalAndFace) {
   EXPECT_EQ(cells[0][0], 5555);  // min(9000, 5555)
   EXPECT_EQ(cells[0][5], 0);     // Round((16667 - 5555 - 11112) / 1)
   EXPECT_EQ(cells[3][3], 2778);  // the 30 others share Round((88888 - 5555) / 30)
-}
 
-TEST_F(Probability, UnbalanceableSetsAreUndoneButStayLocked) {
-  struct Case {
-    const char* why;
-    std::vector<ProbEntry> locks;
-    ProbEntry entry;
-  };
+  // Sets that can't be balanced are undone but stay locked.
   std::vector<ProbEntry> allButDieOne1, dieOne1Others = {FaceEntry(1, 1)};
   for (int d1 = 2; d1 <= 6; ++d1)
     for (int d2 = 1; d2 <= 6; ++d2) allButDieOne1.push_back(CellOfDice(d1, d2));
   for (int d2 = 2; d2 <= 6; ++d2) dieOne1Others.push_back(CellOfDice(1, d2));
-  const Case cases[] = {
+  // Why it can't balance, the entries locked first, the entry set.
+  const std::tuple<const char*, std::vector<ProbEntry>, ProbEntry> cases[] = {
       {"a total whose only cell is locked", {CellOfDice(1, 1)}, TotalEntry(2)},
       {"a face with the five others of its die locked",
        {FaceEntry(2, 1), FaceEntry(2, 2), FaceEntry(2, 3), FaceEntry(2, 4), FaceEntry(2, 5)},
@@ -158,23 +153,23 @@ TEST_F(Probability, UnbalanceableSetsAreUndoneButStayLocked) {
       {"a cell whose locked face has every other cell locked", dieOne1Others, CellOfDice(1, 1)},
       {"a face with something locked and no free cell outside it", allButDieOne1, FaceEntry(1, 1)},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.why);
+  for (const auto& [why, locks, entry] : cases) {
+    SCOPED_TRACE(why);
     NewProbabilities(g);
-    for (const ProbEntry e : c.locks) Lock(e);
+    for (const ProbEntry e : locks) Lock(e);
     const Grid before = Cells();
-    const Long old = Value(c.entry);
-    Set(c.entry, 50000);
+    const Long old = Value(entry);
+    Set(entry, 50000);
     EXPECT_EQ(Cells(), before);
-    EXPECT_EQ(Value(c.entry), old);
-    EXPECT_TRUE(Locked(c.entry));
+    EXPECT_EQ(Value(entry), old);
+    EXPECT_TRUE(Locked(entry));
     EXPECT_FALSE(g.probability.ProbDirty);
     for (int a = 1; a <= 7; ++a)
       for (int b = 1; b <= 13; ++b) EXPECT_TRUE(ProbFlag(g, a, b) == 0 || Locked({a, b})) << a << b;
   }
 }
 
-TEST_F(Probability, AxisDialogMakesPercentageDiceAboutTheAxis) {
+TEST_F(Probability, AxisDialogCellTextAndThePick) {
   SetAxisProbabilities(g, 0, 100, 0, 100);
   for (int die = 1; die <= 2; ++die)
     EXPECT_EQ(FaceValues(die), (Faces{0, 25000, 25000, 25000, 25000, 0}));
@@ -193,9 +188,9 @@ TEST_F(Probability, AxisDialogMakesPercentageDiceAboutTheAxis) {
   SetAxisProbabilities(g, 2, 50, 1, 0);
   EXPECT_EQ(FaceValues(1), (Faces{20834, 20834, 8333, 8333, 20834, 20834}));
   EXPECT_EQ(FaceValues(2), (Faces{16666, 16667, 16666, 16666, 16667, 16666}));
-}
 
-TEST_F(Probability, CellTextFollowsTheDisplayMode) {
+  // Cell text follows the display mode.
+  NewProbabilities(g);
   Set(TotalEntry(7), 20000);
   // The display mode, the rolls out of, the entry, its text and sign.
   const std::tuple<Long, double, ProbEntry, const char*, int> cases[] = {
@@ -221,14 +216,13 @@ TEST_F(Probability, CellTextFollowsTheDisplayMode) {
   EXPECT_EQ(ProbabilityCellText(g, 2, 1), "0.000");
   EXPECT_EQ(ProbabilityCellSign(g, 2, 1), 0);
   EXPECT_EQ(ProbabilityCellText(g, 0, 0), "");
-}
 
-TEST_F(Probability, PickScansTheCellsRowByRowAndAlwaysEnds) {
+  // The pick scans the cells row by row and always ends.
   // Row 2 holds 1-1, 1-2 .. 1-6, 2-6 .. 6-6; row 3 starts with 2-1.
-  const std::pair<Long, DicePair> cases[] = {
+  const std::pair<Long, DicePair> picks[] = {
       {2778, {1, 1}},          {2779, {1, 2}},   {6 * 2778 + 1, {2, 6}}, {11 * 2778, {6, 6}},
       {11 * 2778 + 1, {2, 1}}, {100000, {6, 1}}, {100001, {6, 1}}};
-  for (const auto& [k, dice] : cases) {
+  for (const auto& [k, dice] : picks) {
     PickProbabilityDice(g, k);
     EXPECT_EQ((DicePair{g.Die1, g.Die2}), dice) << k;
   }
@@ -250,7 +244,7 @@ TEST_F(Probability, PickScansTheCellsRowByRowAndAlwaysEnds) {
   for (int face = 1; face <= 6; ++face) EXPECT_GT(seen[face], 50) << face;
 }
 
-TEST_F(Probability, KindSwitchesRebuildWhatTheKindImplies) {
+TEST_F(Probability, KindSwitchesRebuildWhatTheKindImpliesAndAHyperDriveRunFitsTheTable) {
   Set(CellOfDice(3, 3), 10000);
   EXPECT_TRUE(IsFreeFormDice(g));
   UnlockAllProbabilities(g);
@@ -276,13 +270,11 @@ TEST_F(Probability, KindSwitchesRebuildWhatTheKindImplies) {
   EXPECT_EQ(Cells(), Uniform(2778));
   EXPECT_FALSE(IsFreeFormDice(g));
   EXPECT_FALSE(g.probability.ProbDirty);
-}
 
-// Skewed dice in the large: a long Hyper-Drive run with probability dice on
-// shows each pair as often as its cell says. Pearson's chi-square over the
-// 35 pairs that can come stays below its 0.999 quantile with 34 degrees of
-// freedom (a fit fails by chance once in a thousand seeds).
-TEST_F(Probability, AHyperDriveRunFitsTheTable) {
+  // Skewed dice in the large: a long Hyper-Drive run with probability dice on
+  // shows each pair as often as its cell says. Pearson's chi-square over the
+  // 35 pairs that can come stays below its 0.999 quantile with 34 degrees of
+  // freedom (a fit fails by chance once in a thousand seeds).
 #ifdef NDEBUG
   constexpr std::int64_t kRolls = 10'000'000;
 #else
@@ -322,7 +314,7 @@ TEST_F(Probability, AHyperDriveRunFitsTheTable) {
   EXPECT_LT(chi, 65.247);
 }
 
-TEST_F(Probability, TheEventsLogNamesTheTableInUse) {
+TEST_F(Probability, TheEventsLogNamesTheTableArrowsStayOnEntriesAndOnlyPlainNumbersAreRead) {
   Set(TotalEntry(12), 100000);  // every roll 6-6
   g.dice.RngIndex = 0;
   g.dice.ProbabilityDiceOn = true;
@@ -337,10 +329,8 @@ TEST_F(Probability, TheEventsLogNamesTheTableInUse) {
             "    Miss (craps natural)\n"
             " Roll #2:  12 (6.6) from RNG #1 using probability matrix: /data/boxcars.prb\n"
             "    Miss (craps natural)\n");
-}
 
-// Editing as the tab does.
-TEST(ProbabilityEditMoves, ArrowsStayOnEntriesAndStopAtTheEdge) {
+  // Editing as the tab does.
   const auto move = [](ProbEntry from, int rows, int columns) {
     const ProbEntry to = MoveProbabilityEntry(from, rows, columns);
     return to.a * 100 + to.b;
@@ -351,9 +341,8 @@ TEST(ProbabilityEditMoves, ArrowsStayOnEntriesAndStopAtTheEdge) {
   EXPECT_EQ(move({7, 13}, 0, 1), 713);   // the right edge
   EXPECT_EQ(move({1, 11}, 0, 1), 111);   // no face in the totals row
   EXPECT_EQ(move({2, 12}, -1, 0), 212);  // no total above a face
-}
 
-TEST(ProbabilityEditText, OnlyPlainNumbersAreRead) {
+  // Only plain numbers are read.
   const std::pair<const char*, std::optional<double>> cases[] = {
       {"20", 20.0},          {"12.345", 12.345},    {"-1.5", -1.5},
       {".5", 0.5},           {"7.", 7.0},           {"", std::nullopt},
@@ -364,7 +353,7 @@ TEST(ProbabilityEditText, OnlyPlainNumbersAreRead) {
   for (const auto& [text, want] : cases) EXPECT_EQ(ParseProbabilityText(text), want) << text;
 }
 
-TEST_F(Probability, TheSelectionIsAlwaysAnEntryAndAnUnsavedTableIsUntitled) {
+TEST_F(Probability, TheSelectionIsAnEntryAndATypedValueIsReadInTheDisplayMode) {
   EXPECT_EQ(ProbabilityFileCaption(g), "untitled");
   EXPECT_EQ(SelectedProbabilityEntry(g), TotalEntry(2));
   SelectProbabilityEntry(g, FaceEntry(2, 4));
@@ -375,14 +364,12 @@ TEST_F(Probability, TheSelectionIsAlwaysAnEntryAndAnUnsavedTableIsUntitled) {
   ProbFlag(g, 0, 1) = 99;
   ProbFlag(g, 0, 2) = -4;
   EXPECT_EQ(SelectedProbabilityEntry(g), TotalEntry(2));
-}
 
-TEST_F(Probability, ATypedValueIsReadInTheDisplayModeAndABadOneChangesNothing) {
+  // A typed value is read in the display mode; a bad one changes nothing.
   const ProbEntry seven = TotalEntry(7);
   const ProbabilityState before = g.probability;
-  EXPECT_FALSE(EnterProbabilityText(g, seven, "2O"));
-  EXPECT_FALSE(EnterProbabilityText(g, seven, ""));
-  EXPECT_FALSE(EnterProbabilityText(g, {1, 12}, "20"));  // no entry there
+  for (auto [entry, text] : {std::pair{seven, "2O"}, {seven, ""}, {ProbEntry{1, 12}, "20"}})
+    EXPECT_FALSE(EnterProbabilityText(g, entry, text)) << text;  // {1, 12} is no entry
   EXPECT_EQ(g.probability, before);
   // The display mode, the rolls out of, the text typed and total 7 after.
   const std::tuple<Long, double, const char*, Long> cases[] = {
@@ -444,20 +431,20 @@ using ProbabilityFile = Probability;
 // The header, then the flags, then the values, in file order; loaded back
 // (a bare name is in the data folder) the whole table returns, and the dice
 // switch stays as it was.
-TEST_F(ProbabilityFile, SavedBytesFollowTheLayoutAndLoadBackWhole) {
+TEST_F(ProbabilityFile, SavedBytesLoadBackWholeAndBadFilesAreRefused) {
   Skew(g);
   ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
   const std::string bytes = ReadWholeFile(folder / "skew.prb");
   ASSERT_EQ(bytes.size(), kFileBytes);
   EXPECT_EQ(bytes.substr(0, 200), std::string(kProbabilityFileHeader) +
                                       std::string(200 - kProbabilityFileHeader.size(), ' '));
-  EXPECT_EQ(EntryAt(bytes, Offset(0, 0, 0)), kFreeFormDice);
-  EXPECT_EQ(EntryAt(bytes, Offset(0, 0, 1)), 3);
-  EXPECT_EQ(EntryAt(bytes, Offset(0, 1, 6)), kProbLocked);  // total 7
-  EXPECT_EQ(EntryAt(bytes, Offset(1, 1, 6)), 20000);
+  // The kind of dice, the selection, total 7's lock and value, the set cell, the last entry.
   const ProbEntry cell = CellOfDice(2, 5);
-  EXPECT_EQ(EntryAt(bytes, Offset(1, cell.a, cell.b)), 4000);
-  EXPECT_EQ(EntryAt(bytes, Offset(1, 7, 13)), ProbValue(g, 7, 13));  // the last entry
+  const std::pair<std::size_t, Long> entries[] = {
+      {Offset(0, 0, 0), kFreeFormDice},  {Offset(0, 0, 1), 3},
+      {Offset(0, 1, 6), kProbLocked},    {Offset(1, 1, 6), 20000},
+      {Offset(1, cell.a, cell.b), 4000}, {Offset(1, 7, 13), ProbValue(g, 7, 13)}};
+  for (auto [offset, value] : entries) EXPECT_EQ(EntryAt(bytes, offset), value) << offset;
   EXPECT_EQ(Offset(1, 7, 13) + 4, kTableEnd);
   EXPECT_EQ(bytes.substr(kTableEnd), std::string(128, '\0'));
   EXPECT_FALSE(fs::exists(folder / "skew.prb.~prb"));
@@ -476,9 +463,8 @@ TEST_F(ProbabilityFile, SavedBytesFollowTheLayoutAndLoadBackWhole) {
   NewProbabilities(g);
   EXPECT_TRUE(LoadProbabilityFile(g, folder / "short-tail.prb"));
   EXPECT_EQ(g.probability.ProbabilityTable, saved);
-}
 
-TEST_F(ProbabilityFile, BadFilesAreRefusedAndTheTableInUseStays) {
+  // Bad files are refused and the table in use stays.
   Skew(g);
   ASSERT_TRUE(SaveProbabilityFile(g, "good.prb"));
   const std::string good = ReadWholeFile(folder / "good.prb");
@@ -546,24 +532,20 @@ TEST_F(ProbabilityFile, UnsavedNumbersAreAskedAboutBeforeNewOrOpen) {
   EXPECT_EQ(AskToSaveProbabilities(g), ProbSaveChoice::Go);  // nothing unsaved: no question
   EXPECT_TRUE(platform.messages.empty());
   Set(TotalEntry(7), 20000);
-  const struct {
-    int answer;
-    const char* path;
-    ProbSaveChoice choice;
-    bool dirtyAfter;
-  } cases[] = {
+  // The answer, the file in use, the choice made and the table left unsaved.
+  const std::tuple<int, const char*, ProbSaveChoice, bool> cases[] = {
       {kAnswerCancel, "", ProbSaveChoice::Cancel, true},
       {kAnswerNo, "", ProbSaveChoice::Go, true},
       {kAnswerYes, "", ProbSaveChoice::SaveAs, true},
       {kAnswerYes, "default.prb", ProbSaveChoice::SaveAs, true},
       {kAnswerYes, "mine.prb", ProbSaveChoice::Go, false},
   };
-  for (const auto& c : cases) {
+  for (const auto& [answer, path, choice, dirtyAfter] : cases) {
     g.probability.ProbDirty = true;
-    g.probability.ProbFilePath = c.path[0] ? folder / c.path : "";
-    platform.queuedReplies.push_back({c.answer, "", "", false});
-    EXPECT_EQ(AskToSaveProbabilities(g), c.choice) << c.answer << c.path;
-    EXPECT_EQ(g.probability.ProbDirty, c.dirtyAfter) << c.answer << c.path;
+    g.probability.ProbFilePath = path[0] ? folder / path : "";
+    platform.queuedReplies.push_back({answer, "", "", false});
+    EXPECT_EQ(AskToSaveProbabilities(g), choice) << answer << path;
+    EXPECT_EQ(g.probability.ProbDirty, dirtyAfter) << answer << path;
   }
   EXPECT_TRUE(fs::exists(folder / "mine.prb"));
   ASSERT_EQ(platform.messages.size(), 5u);

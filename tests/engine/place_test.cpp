@@ -49,7 +49,7 @@ class Place : public TableFixture {
   size_t Shown() const { return platform.messages.size(); }
 };
 
-TEST_F(Place, ChangesAreSteppedInTheSmallestCheckAndNeverGoBelowZero) {
+TEST_F(Place, ChangesAreSteppedInTheSmallestCheckWithinTheTablesMinimumAndMaximum) {
   EXPECT_EQ(Ask(1, kField, Usd(7.5)), 8_usd);
   EXPECT_EQ(Ask(1, kField, Usd(-7.5)), -8_usd);
   Ask(1, kField, 6);
@@ -59,9 +59,8 @@ TEST_F(Place, ChangesAreSteppedInTheSmallestCheckAndNeverGoBelowZero) {
   g.CheckValue(1) = Usd(0.25);
   EXPECT_EQ(Ask(1, kHard4, Usd(1.1)), Usd(1.25));
   EXPECT_EQ(Ask(1, kHard4, Usd(-0.3)), Usd(-0.5));
-}
 
-TEST_F(Place, TableMinimumAndMaximum) {
+  // The table's minimum and maximum.
   g.rules.MinPlacardBet = 5_usd;
   EXPECT_EQ(Ask(1, kPassLine, 2), 5_usd);
   EXPECT_EQ(LastText(), "P1,\r\rThe minimum Pass Line bet is $5\rwhich is being bet.");
@@ -108,7 +107,7 @@ TEST_F(Place, LineBetsFollowThePointAndOddsNeedWhatTheyHangOn) {
   EXPECT_TRUE(Ask(2, ComeId(9), 5).IsZero());
 }
 
-TEST_F(Place, RemovedDontAndFireBetsMayBeRestoredUpToTheirContractOnly) {
+TEST_F(Place, RestoredBetsTheBankrollTheVigAndCheckStacks) {
   Ask(1, kDontPass, 10);
   PointOn(4);
   FixContracts();
@@ -131,9 +130,8 @@ TEST_F(Place, RemovedDontAndFireBetsMayBeRestoredUpToTheirContractOnly) {
   EXPECT_EQ(Ask(2, kFire, -5), -5_usd);
   EXPECT_EQ(Ask(2, kFire, 6), 5_usd);
   EXPECT_TRUE(Ask(3, kFire, 1).IsZero());
-}
 
-TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
+  // The bankroll limits a bet unless negative amounts are allowed.
   g.Bet(1, bet::kBankroll) = 100_usd;
   EXPECT_EQ(Ask(1, PlaceId(8), 150), 100_usd);
   EXPECT_TRUE(Ask(1, kField, 5).IsZero());
@@ -156,9 +154,8 @@ TEST_F(Place, TheBankrollLimitsABetUnlessNegativeAmountsAreAllowed) {
   EXPECT_EQ(Shown(), shown + 1) << "a bet taken down whole tells of the money too";
   EXPECT_EQ(Ask(1, PlaceId(8), 10), -98_usd);
   EXPECT_TRUE(g.TotalBets(1).IsZero());
-}
 
-TEST_F(Place, UpFrontVigMustFitTooAndIsRefundedWhenTheBetComesDown) {
+  // Up-front vig must fit too and is refunded when the bet comes down.
   g.Bet(1, bet::kBankroll) = 100_usd;
   EXPECT_EQ(Ask(1, BuyId(4), 100), 95_usd);  // 95 with a vig of 5 is all 100 can carry
   EXPECT_EQ(g.TotalBets(1), 100_usd);
@@ -174,9 +171,8 @@ TEST_F(Place, UpFrontVigMustFitTooAndIsRefundedWhenTheBetComesDown) {
   Ask(3, LayId(4), 40);
   EXPECT_EQ(g.LayVig(3, 0), 1_usd);
   EXPECT_EQ(g.TotalBets(3), 40_usd);
-}
 
-TEST_F(Place, CheckStacksTakeAnyAmountWithinTheirLimit) {
+  // Check stacks take any amount within their limit.
   const int stack = kCheckStackFirst + 5;
   EXPECT_EQ(Ask(1, stack, Usd(7.25)), Usd(7.25));
   EXPECT_EQ(Ask(1, stack, -20), -20_usd);
@@ -464,7 +460,7 @@ TEST_F(Place, ClicksOnTheTableAndTheRail) {
 
 using Players = Place;
 
-TEST_F(Players, NamesMustDifferFromOthersAndHoldNoScriptWord) {
+TEST_F(Players, NamesMustDifferAndJoiningAsksUntilTheAnswersAreGood) {
   EXPECT_NE(PlayerNameProblem(g, "p2", 0), "");
   EXPECT_EQ(PlayerNameProblem(g, "p2", 2), "");  // a player may change the case of the own name
   EXPECT_NE(PlayerNameProblem(g, "Bet Smith", 0).find("contains a word, phrase, or symbol"),
@@ -473,9 +469,8 @@ TEST_F(Players, NamesMustDifferFromOthersAndHoldNoScriptWord) {
   EXPECT_EQ(RenamePlayerTo(g, 2, "p2"), "");
   EXPECT_NE(RenamePlayerTo(g, 2, "P1"), "");
   EXPECT_EQ(g.PlayerName[2], "p2");
-}
 
-TEST_F(Players, JoiningAsksUntilTheAnswersAreGood) {
+  // Joining asks until the answers are good.
   Reply(kAnswerYes);
   Reply(kAnswerOk, " p1 ");
   Reply(kAnswerOk, "Zed");
@@ -615,11 +610,8 @@ TEST_F(RollFixture, PlayersBettingInHyperDriveAllocateNothing) {
     EXPECT_LE(g.TotalBets(p), g.Bet(p, bet::kBankroll)) << p;
   }
   // The run did what it claims: odds were taken and laid, vig was charged.
-  EXPECT_GT(g.StatAction(FrameIndex(1, kFrameCurrentSession), kPassLineOdds, kStatCount),
-            Currency{});
-  EXPECT_GT(g.StatAction(FrameIndex(2, kFrameCurrentSession), kDontPassOdds, kStatCount),
-            Currency{});
-  EXPECT_GT(g.StatAction(FrameIndex(3, kFrameCurrentSession), BuyId(4), kStatCount), Currency{});
+  for (auto [p, b] : {std::pair{1, kPassLineOdds}, {2, kDontPassOdds}, {3, BuyId(4)}})
+    EXPECT_GT(g.StatAction(FrameIndex(p, kFrameCurrentSession), b, kStatCount), Currency{}) << p;
 }
 
 }  // namespace

@@ -65,11 +65,9 @@ TEST_F(GraphPrint, OneGraphShowsTheWindowsFiguresAndPicture) {
   const PrintDocument& doc = g.GraphSheet;
   ASSERT_GE(doc.lines.size(), 10u);
   EXPECT_EQ(doc.linesPerPage, perSheet * kGraphPrintLines);
-  EXPECT_EQ(LineText(doc.lines[0]), "Bankroll Graph");
-  EXPECT_EQ(LineText(doc.lines[1]), "23-Nov-26");
-  EXPECT_EQ(LineText(doc.lines[2]), "Game file:  untitled");
-  EXPECT_EQ(LineText(doc.lines[3]), "Player:  P1");
-  EXPECT_EQ(LineText(doc.lines[4]), "High:  1,010  Low:  1,000  Current:  1,010");
+  const char* heading[] = {"Bankroll Graph", "23-Nov-26", "Game file:  untitled", "Player:  P1",
+                           "High:  1,010  Low:  1,000  Current:  1,010"};
+  for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(LineText(doc.lines[i]), heading[i]) << i;
   EXPECT_EQ(doc.lines[4].cells[5].colour, 9);  // a gain in the printer's gain colour
   EXPECT_EQ(LineText(doc.lines[5]), "3 rolls @ " + FigureBankrollGraph(g, 1).rollsPerHour.text +
                                          " rolls/hr = " + FigureBankrollGraph(g, 1).simHours.text + " sim hrs");

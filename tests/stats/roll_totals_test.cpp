@@ -38,7 +38,7 @@ class RollTotals : public RollFixture {
   }
 };
 
-TEST_F(RollTotals, EachPairCountsTheCategoriesTheRollTallies) {
+TEST_F(RollTotals, EachPairCountsTheCategoriesTheRollTalliesAndHard4NotTheEasyPair) {
   for (int d1 = 1; d1 <= 6; ++d1)
     for (int d2 = 1; d2 <= 6; ++d2) {
       g.RollTally.Fill(0);
@@ -53,9 +53,9 @@ TEST_F(RollTotals, EachPairCountsTheCategoriesTheRollTallies) {
       listed.insert(cats.begin(), cats.begin() + n);
       EXPECT_EQ(tallied, listed) << d1 << "-" << d2;
     }
-}
 
-TEST_F(RollTotals, Hard4CountsItsNumberAndGroupsButNotTheEasyPair) {
+  // Hard 4 counts its number and groups but not the easy pair.
+  g.RollTally.Fill(0);
   Roll(2, 2);
   std::array<int, 12> cats{};
   const int n = RollCategories(2, 2, cats);
@@ -67,7 +67,7 @@ TEST_F(RollTotals, Hard4CountsItsNumberAndGroupsButNotTheEasyPair) {
   EXPECT_EQ(Row(FigureRollTotals(g, 1, 2, 0, false), 26).count.text, "0");
 }
 
-TEST(ProbablePercent, TruePercentsByPairsAndSkewedBySums) {
+TEST_F(RollTotals, ProbablePercentsGapsOfExactly200PercentsAndGraphScale) {
   const std::pair<int, double> expected[] = {
       {2, 2.78},   {3, 5.56},  {7, 16.67},  {13, 2.78},  {26, 5.56},  {22, 2.78},  {17, 66.67},
       {21, 44.44}, {18, 50.0}, {19, 38.89}, {73, 27.78}, {65, 33.33}, {78, 16.67}, {89, 16.67}};
@@ -82,18 +82,17 @@ TEST(ProbablePercent, TruePercentsByPairsAndSkewedBySums) {
   // Number 2 is pair 1-1 (index 0); Numbers 2,12 add pair 6-6 (index 35).
   EXPECT_DOUBLE_EQ(ProbablePercent(2, &dice), 1.0);
   EXPECT_DOUBLE_EQ(ProbablePercent(69, &dice), 1.0 + 1.035);
-}
 
-TEST_F(RollTotals, GapsOfExactly200AndFirstOccurrences) {
+  // Gaps of exactly 200 and first occurrences.
   RollGapRun();
   const RollFreqFigures two = FigureRollFreqs(g, 2, false);
   ASSERT_EQ(two.gaps.size(), 2u);
   EXPECT_EQ(two.gaps[0].gap, 1);  // the first showing: one roll into the session
   EXPECT_EQ(two.gaps[1].gapText, "200+");
-  EXPECT_EQ(two.average.text, "100.50");  // (1 + 200) / 2
-  EXPECT_EQ(two.sessionRolls.text, "201");
-  EXPECT_EQ(two.actualPct.text, "1.00");
-  EXPECT_EQ(two.probableCaption, "True probable %:");
+  // The average (1 + 200) / 2, the session's rolls, the actual percent, the caption.
+  EXPECT_EQ(two.average.text + " " + two.sessionRolls.text + " " + two.actualPct.text + " " +
+                two.probableCaption,
+            "100.50 201 1.00 True probable %:");
 
   // Numbers 2,12: gaps 1, 199 (roll 200) and 1; a gap of 199 stays a gap of 199.
   const RollFreqFigures ends = FigureRollFreqs(g, 69, false);
@@ -110,10 +109,8 @@ TEST_F(RollTotals, GapsOfExactly200AndFirstOccurrences) {
   ASSERT_EQ(seven.gaps.size(), 2u);
   EXPECT_EQ(seven.gaps[0].count, 197);
   EXPECT_EQ(seven.gaps[1].gap, 2);
-}
 
-TEST_F(RollTotals, PercentsGraphScaleAndRollsSinceByFrame) {
-  RollGapRun();
+  // The totals: percents, the graph's scale and the rolls since, by frame.
   const RollTotalsFigures session = FigureRollTotals(g, 0, 2, 0, false);
   EXPECT_EQ(session.totalRolls.text, "201");
   EXPECT_EQ(Row(session, 7).actualPct.text, "98.51");  // 198 of 201
@@ -190,7 +187,7 @@ class Graph : public RollFixture {
   }
 };
 
-TEST_F(Graph, ScaleClimbsTheLadderAndStaysAtItsEnds) {
+TEST_F(Graph, ScaleClimbsTheLadderAndRowsCountDownFromTheTop) {
   // Scale, direction, next scale.
   const std::tuple<double, int, double> cases[] = {
       {1, 1, 2},     {2, 1, 4},          {4, 1, 10},         {0.4, 1, 1},        {0.1, -1, 0.04},
@@ -207,19 +204,18 @@ TEST_F(Graph, ScaleClimbsTheLadderAndStaysAtItsEnds) {
   }
   EXPECT_EQ(s, 100'000_usd);
   EXPECT_EQ(rungs, 20);
-}
 
-TEST_F(Graph, RowsCountDownFromTheTopAndHalfRowsRoundAway) {
+  // Rows count down from the top; half rows round away.
   g.roll.GraphTop = 1200_usd;
   g.roll.GraphScale = 2_usd;
-  EXPECT_EQ(GraphRow(g, 1200_usd), 0);
-  EXPECT_EQ(GraphRow(g, 1199_usd), 1);   // 0.5
-  EXPECT_EQ(GraphRow(g, 1201_usd), -1);  // -0.5
+  // 1199 and 1201 are half a row from the top.
+  for (auto [amount, row] : {std::pair{1200_usd, 0}, {1199_usd, 1}, {1201_usd, -1}})
+    EXPECT_EQ(GraphRow(g, amount), row) << amount.ToDouble();
   g.roll.GraphScale = Currency{};
   EXPECT_EQ(GraphRow(g, 600_usd), 0);
 }
 
-TEST_F(Graph, MovingAverageWrapsIntoThePageBefore) {
+TEST_F(Graph, MovingAverageWrapsIntoThePageBeforeAndTrendColumns) {
   TwoPages(3);
   // Columns 3, 2, 1, then 1050 .. 1044: (3 + 2 + 1 + 1525 + ... + 1519) / 10.
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 10), 1066_usd);
@@ -234,9 +230,8 @@ TEST_F(Graph, MovingAverageWrapsIntoThePageBefore) {
   g.BankrollSum(1) = 400_usd;
   g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) = 3;
   EXPECT_EQ(MovingBankrollAverage(g, 1, 3, 0), 100_usd);
-}
 
-TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
+  // Trend columns, their label and the view's range.
   History({1010, 990, 1030});
   g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) = 3;
   g.BankrollSum(1) = Currency::FromWhole(1000 + 1010 + 990 + 1030);
@@ -262,7 +257,7 @@ TEST_F(Graph, TrendColumnsTheirLabelAndTheViewsRange) {
 }
 
 // The desktop view's scale and top follow the adjust type.
-TEST_F(Graph, AutoShiftMovesOneBlockAtATimeAndManualNever) {
+TEST_F(Graph, AutoShiftExpansionAndSnapBack) {
   g.roll.GraphScale = 1_usd;
   g.roll.GraphTop = 150_usd;
   g.Bet(1, bet::kBankroll) = 1000_usd;
@@ -274,12 +269,10 @@ TEST_F(Graph, AutoShiftMovesOneBlockAtATimeAndManualNever) {
   EXPECT_EQ(g.roll.GraphTop, 200_usd);
   FigureGraphScale(g, true);  // recentred: 50 x (Int(1000 / 50) + 3)
   EXPECT_EQ(g.roll.GraphTop, 1150_usd);
-}
 
-TEST_F(Graph, ExpansionClimbsUntilTheRangeFitsAndSnapBackReturns) {
+  // Expansion climbs until the range fits; snap-back returns.
   g.graph.GraphAdjustType = 2;
   g.roll.GraphScale = 1_usd;
-  g.Bet(1, bet::kBankroll) = 1000_usd;
   History({1000, 1600, 700});
   FigureGraphRange(g, 1);
   FigureGraphScale(g, false);
@@ -307,7 +300,7 @@ TEST_F(Graph, ExpansionClimbsUntilTheRangeFitsAndSnapBackReturns) {
 }
 
 // The report: the figures beside the graph, from the views' settings.
-TEST_F(Graph, ReportFiguresBesideTheGraph) {
+TEST_F(Graph, ReportFiguresBesideTheGraphAndTheViewsNumberPatterns) {
   g.Bet(1, bet::kBankroll) = g.BankrollHigh(1) = 1010_usd;
   g.BankrollLow(1) = Currency::FromRaw(9'905'000);
   g.InvestedBankroll(1) = 1000_usd;
@@ -335,12 +328,10 @@ TEST_F(Graph, ReportFiguresBesideTheGraph) {
   g.graph.RefLine2 = 0;
   g.graph.RefLine2OnAverage = true;  // bankroll against the beginning bankroll
   EXPECT_EQ(FigureBankrollGraph(g, 1).refBankroll, "Bankroll:  10");
-  EXPECT_EQ(FormatSimHours(0.00001), "< 0.0001");
-  EXPECT_EQ(FormatSimHours(1234.56), "1,234.6");
-  EXPECT_EQ(FormatSimHours(3), "3");
-}
+  for (auto [hours, text] : {std::pair{0.00001, "< 0.0001"}, {1234.56, "1,234.6"}, {3.0, "3"}})
+    EXPECT_EQ(FormatSimHours(hours), text) << hours;
 
-TEST(FormatNumber, ThePatternsOfTheViews) {
+  // The number patterns of the views.
   const std::tuple<double, const char*, const char*> cases[] = {
       {1234567, "#,#;-#,#;0", "1,234,567"},
       {0, "#,#;-#,#;0", "0"},
@@ -363,9 +354,7 @@ TEST(FormatNumber, ThePatternsOfTheViews) {
   };
   for (auto [x, pattern, text] : cases)
     EXPECT_EQ(FormatNumber(x, pattern), text) << x << " in " << pattern;
-}
-
-TEST(FormatNumber, WholeValuesTakeTheFirstPattern) {
+  // Whole values take the first pattern.
   EXPECT_EQ(FormatWholeOr(30, "#,#;-#,#;0", "#,0.####;-#,0.####;0"), "30");
   EXPECT_EQ(FormatWholeOr(33.33333, "#,#;-#,#;0", "#,0.####;-#,0.####;0"), "33.3333");
 }

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "../engine/roll_fixture.h"
 #include "core/message_dialog.h"
@@ -52,7 +53,7 @@ class SessionsLog : public RollFixture {
   }
 };
 
-TEST_F(SessionsLog, HeaderAndRecordBytes) {
+TEST_F(SessionsLog, HeaderAndRecordBytesAndTheClosingRecordsWritten) {
   const std::string path = Log({12.5, -3});
   const std::string b = ReadWholeFile(path);
   ASSERT_EQ(b.size(), 3u * 256);
@@ -72,9 +73,8 @@ TEST_F(SessionsLog, HeaderAndRecordBytes) {
   }
   EXPECT_EQ(ReadWholeFile(Path("copy.slg")), b);
   EXPECT_FALSE(fs::exists(path + ".~tmp"));
-}
 
-TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
+  // A new session and a cash-out write the closing record.
   SeatPlayer(g, 1, "Ann", 500_usd);
   NewSession(g, true, false, true, 2);  // no rolls yet: nothing written
   EXPECT_FALSE(fs::exists(Path("ann.slg")));
@@ -83,14 +83,11 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   NewSession(g, true, false, true, 2);
   Roll(5, 6);
   g.betting.CurPlayer = 1;
-  MessageReply yes;
-  yes.answer = kAnswerYes;
-  platform.queuedReplies.push_back(yes);
+  platform.queuedReplies.push_back({kAnswerYes, "", "", false});
   ASSERT_TRUE(CashOutPlayer(g));
   SessionsLogReader log(Path("ann.slg"));
   ASSERT_TRUE(log.ok()) << log.error();
   ASSERT_EQ(log.count(), 2);
-  SessionRecord r{};
   ASSERT_TRUE(log.Read(1, r));
   EXPECT_EQ(r[0], 2_usd);  // two rolls at the table
   EXPECT_EQ(r[10], 500_usd);
@@ -102,8 +99,8 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   // reads them back.
   SeatPlayer(g, 2, "Bo", 500_usd);
   g.Bet(2, bet::kCheckStackFirst) = -kCheckStackLimit;
-  for (int b : {bet::kPassLine, bet::kField})
-    g.StatAction(FrameIndex(2, kFrameCurrentSession), b, kStatTotal) = kStatTotalLimit;
+  for (int id : {bet::kPassLine, bet::kField})
+    g.StatAction(FrameIndex(2, kFrameCurrentSession), id, kStatTotal) = kStatTotalLimit;
   ASSERT_FALSE(WriteSessionRecord(g, 2).has_value());
   SessionsLogReader bo(g.roll.SessionLogPath[2]);
   ASSERT_TRUE(bo.Read(1, r)) << bo.error();
@@ -111,7 +108,7 @@ TEST_F(SessionsLog, NewSessionAndCashOutWriteTheClosingRecord) {
   EXPECT_EQ(r[kFirstStackValue], -kMoneyLimit);
 }
 
-TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
+TEST_F(SessionsLog, DamagedFilesGiveTheirMessageAndDeletionsKeepTheFileLength) {
   const std::string good = ReadWholeFile(Log({1, 2}));
   std::string wrongText = good;
   wrongText.replace(0, 8, "Ravelto_");
@@ -156,35 +153,32 @@ TEST_F(SessionsLog, DamagedFilesGiveTheirMessage) {
   EXPECT_TRUE(missing.ok());
   EXPECT_EQ(missing.count(), 0);
   EXPECT_EQ(Figures(Path("none.slg")).rangeShare.text, "0%");
-}
 
-TEST_F(SessionsLog, DeletionsKeepTheFileLength) {
-  const std::string path = Log({1, 2, 3, 4});
-  const std::uintmax_t length = fs::file_size(path);
-  EXPECT_EQ(DeleteSessions(path, 3, 2), "");  // read as 2 to 3
-  EXPECT_EQ(fs::file_size(path), length);
-  SessionsLogReader log(path);
+  // Deletions keep the file length.
+  const std::string four = Log({1, 2, 3, 4}, "four.slg");
+  const std::uintmax_t length = fs::file_size(four);
+  EXPECT_EQ(DeleteSessions(four, 3, 2), "");  // read as 2 to 3
+  EXPECT_EQ(fs::file_size(four), length);
+  SessionsLogReader log(four);
   ASSERT_EQ(log.count(), 2);
   SessionRecord r{};
   ASSERT_TRUE(log.Read(2, r));
   EXPECT_EQ(r[kNetValue], 4_usd);
-  EXPECT_EQ(DeleteSessions(path, 1, 3), "No sessions deleted.  Entry out of range.");
-  EXPECT_EQ(DeleteSessions(path, 2, 2), "");
-  EXPECT_EQ(SessionsLogReader(path).count(), 1);
+  EXPECT_EQ(DeleteSessions(four, 1, 3), "No sessions deleted.  Entry out of range.");
+  EXPECT_EQ(DeleteSessions(four, 2, 2), "");
+  EXPECT_EQ(SessionsLogReader(four).count(), 1);
   // The header count rules: a new record goes right after it.
   SessionRecord extra{};
   extra[kNetValue] = 9_usd;
-  ASSERT_FALSE(AppendSessionRecord(path, extra).has_value());
-  EXPECT_EQ(Figures(path).sum, 10_usd);
+  ASSERT_FALSE(AppendSessionRecord(four, extra).has_value());
+  EXPECT_EQ(Figures(four).sum, 10_usd);
 }
 
-TEST_F(SessionsLog, OneAndTwoSessions) {
+TEST_F(SessionsLog, FiguresOfOneTwoAndManySessionsBreakPointsRangeBoxesAndFind) {
   const SessionsFigures f = Figures(Log({25}));
   EXPECT_EQ(f.range, Currency{});
   EXPECT_EQ(f.columns[262].count, 1);
-  EXPECT_EQ(f.variance, 0);
-  EXPECT_EQ(f.skew, 0);
-  EXPECT_EQ(f.kurtosis, 0);
+  EXPECT_EQ(std::tuple(f.variance, f.skew, f.kurtosis), std::tuple(0.0, 0.0, 0.0));
   EXPECT_EQ(Result(f, "Median"), "25.0");
   EXPECT_EQ(Result(f, "Advantage"), "25.0 %");
   EXPECT_EQ(f.classCounts[0].text, "1");
@@ -198,22 +192,19 @@ TEST_F(SessionsLog, OneAndTwoSessions) {
   const SessionsFigures same = Figures(Log({7, 7}, "same.slg"));
   EXPECT_EQ(same.results[2].first, "Median");
   EXPECT_EQ(same.median, 7_usd);
-}
 
-TEST_F(SessionsLog, ManySessions) {
   // Classes by net against 0: won 3, broke even 1, lost 2.
-  const std::string path = Log({10, 10, 20, 20, 0, -5, -30});
-  const SessionsFigures f = Figures(path);
-  EXPECT_EQ(f.classCounts[0].text, "4");
-  EXPECT_EQ(f.classCounts[1].text, "1");
-  EXPECT_EQ(f.classCounts[2].text, "2");
-  EXPECT_EQ(f.classPercents[0].text, "57.14");
-  EXPECT_EQ(f.sum, 25_usd);
-  EXPECT_EQ(f.median, 10_usd);
+  const std::string path = Log({10, 10, 20, 20, 0, -5, -30}, "many.slg");
+  const SessionsFigures many = Figures(path);
+  EXPECT_EQ(
+      many.classCounts[0].text + " " + many.classCounts[1].text + " " + many.classCounts[2].text,
+      "4 1 2");
+  EXPECT_EQ(many.classPercents[0].text, "57.14");
+  EXPECT_EQ(many.sum, 25_usd);
+  EXPECT_EQ(many.median, 10_usd);
   // Mode ties (10 and 20 twice each) go to the lowest bar.
-  EXPECT_EQ(Result(f, "Mode"), "10.0");
-  EXPECT_EQ(Result(f, "Range"), "50.0");
-  EXPECT_EQ(Result(f, "Mid"), "-5.0");
+  for (auto [label, text] : {std::pair{"Mode", "10.0"}, {"Range", "50.0"}, {"Mid", "-5.0"}})
+    EXPECT_EQ(Result(many, label), text);
   // Won sessions alone: an even count, the median between 10 and 20.
   const SessionsFigures won = Figures(path, kIncludeWon);
   EXPECT_EQ(won.included, 4);
@@ -224,44 +215,38 @@ TEST_F(SessionsLog, ManySessions) {
   EXPECT_EQ(none.included, 0);
   EXPECT_EQ(none.classCounts[3].text, "7");
   EXPECT_EQ(Result(none, "Mean"), "0");
-}
 
-TEST_F(SessionsLog, TheMedianIsExactInsideOneColumn) {
   // 0 to 1,000,000 puts 100..103 into column 0 with 0: the median needs a narrower pass.
-  const SessionsFigures f = Figures(Log({0, 100, 101, 102, 103, 1'000'000}));
-  EXPECT_EQ(f.columns[0].count, 5);
-  EXPECT_EQ(f.median, Currency::FromRaw(1'015'000));
-  EXPECT_TRUE(f.medianBetween);
+  const SessionsFigures narrow = Figures(Log({0, 100, 101, 102, 103, 1'000'000}, "narrow.slg"));
+  EXPECT_EQ(narrow.columns[0].count, 5);
+  EXPECT_EQ(narrow.median, Currency::FromRaw(1'015'000));
+  EXPECT_TRUE(narrow.medianBetween);
   EXPECT_EQ(Figures(Log({0, 100, 101, 102, 103, 104, 1'000'000}, "odd.slg")).median, 102_usd);
-}
 
-TEST_F(SessionsLog, BreakPointsAndRangeBoxes) {
-  const std::string path = Log({10, 10, 20, 20, 0, -5, -30});
+  // Break points and range boxes on the many sessions.
   SessionsRequest rq;
   rq.path = path;
   rq.breakLow = -5_usd;
   rq.breakHigh = 10_usd;
   rq.rangeValue = {0.0, 20.0};
-  SessionsFigures f = FigureSessionsLog(rq);
-  EXPECT_EQ(f.classLabels[0], "> 10");
-  EXPECT_EQ(f.classLabels[1], "-5 - 10");
-  EXPECT_EQ(f.classLabels[2], "< -5");
-  EXPECT_EQ(f.classCounts[0].text, "2");  // 20, 20
-  EXPECT_EQ(f.classCounts[1].text, "4");  // 10, 10, 0, -5
-  EXPECT_EQ(f.rangeCount.text, "5 sessions");
-  EXPECT_EQ(f.rangeShare.text, "71.43%");
+  SessionsFigures split = FigureSessionsLog(rq);
+  EXPECT_EQ(split.classLabels[0], "> 10");
+  EXPECT_EQ(split.classLabels[1], "-5 - 10");
+  EXPECT_EQ(split.classLabels[2], "< -5");
+  EXPECT_EQ(split.classCounts[0].text, "2");  // 20, 20
+  EXPECT_EQ(split.classCounts[1].text, "4");  // 10, 10, 0, -5
+  EXPECT_EQ(split.rangeCount.text, "5 sessions");
+  EXPECT_EQ(split.rangeShare.text, "71.43%");
   // Boxes beyond the sample are pulled to its ends.
   rq.rangeValue = {std::nullopt, 500.0};
-  f = FigureSessionsLog(rq);
-  EXPECT_EQ(f.rangeValue[0], -30);
-  EXPECT_EQ(f.rangeValue[1], 20);
-}
+  split = FigureSessionsLog(rq);
+  EXPECT_EQ(split.rangeValue[0], -30);
+  EXPECT_EQ(split.rangeValue[1], 20);
 
-// Find, forward and backward from the top session with wrapping: the top
-// session itself tested last, sessions outside the included classes skipped.
-TEST_F(SessionsLog, FindWalksFromTheTopWrappingAndSkipsClassesLeftOut) {
-  SessionsRequest rq;
-  rq.path = Log({10, -5, 10, 0, 7});
+  // Find, forward and backward from the top session with wrapping: the top
+  // session itself tested last, sessions outside the included classes skipped.
+  rq = {};
+  rq.path = Log({10, -5, 10, 0, 7}, "find.slg");
   rq.value = kNetValue;
   auto find = [&rq](int wanted, int direction, std::int32_t top) {
     rq.rawTop = top;
@@ -355,10 +340,8 @@ TEST_F(SessionsPrintouts, RawDataStreamsTheIncludedSessionsDownColumnsPageByPage
   ASSERT_EQ(one.linesPerPage, 46);
   const PrintLine& row = one.lines[6];
   ASSERT_EQ(row.cells.size(), 6u);
-  EXPECT_EQ(Text(row, 0), "1");
-  EXPECT_EQ(Text(row, 2), "45");
-  EXPECT_EQ(Text(row, 3), "45.0");
-  EXPECT_EQ(Text(row, 4), "89");
+  EXPECT_EQ(Text(row, 0) + " " + Text(row, 2) + " " + Text(row, 3) + " " + Text(row, 4),
+            "1 45 45.0 89");
   EXPECT_EQ(row.cells[1].colour, g.rules.PrintColors[0]);
   for (const PrintLine& line : one.lines)
     for (const PrintCell& cell : line.cells) EXPECT_NE(cell.text, "10") << "a lost session printed";
@@ -396,13 +379,12 @@ TEST_F(SessionsPrintouts, TheRawDataConfirmationCountsTheIncludedSessionsAndPage
 TEST_F(SessionsPrintouts, ADroppedRangeLineGivesTheValueOfItsColumn) {
   Log({-100, 0, 424}, "ann.slg");
   const SessionsFigures f = ViewFigures();
-  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 100), 0);
-  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 524), 424);
-  EXPECT_DOUBLE_EQ(ValueAtColumn(f, 900), 424);  // past the last column
+  // A column and its value; 900 is past the last column.
+  for (auto [column, value] : {std::pair{100, 0.0}, {524, 424.0}, {900, 424.0}})
+    EXPECT_DOUBLE_EQ(ValueAtColumn(f, column), value) << column;
   // The lines stand at columns 0 and 524; a grab reaches three columns.
-  EXPECT_EQ(RangeLineNear(f, 2, 3), 0);
-  EXPECT_EQ(RangeLineNear(f, 521, 3), 1);
-  EXPECT_EQ(RangeLineNear(f, 262, 3), -1);
+  for (auto [column, line] : {std::pair{2, 0}, {521, 1}, {262, -1}})
+    EXPECT_EQ(RangeLineNear(f, column, 3), line) << column;
   EXPECT_EQ(RangeLineNear(SessionsFigures{}, 0, 3), -1);  // nothing included
   // A range of nothing: every column is the one value.
   EXPECT_DOUBLE_EQ(ValueAtColumn(Figures(Log({5, 5}, "flat.slg")), 300), 5);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "analysis/advantage.h"
 #include "core/money.h"
 #include "printout_fixture.h"
@@ -48,7 +50,7 @@ class Views : public PrintoutFixture {
   }
 };
 
-TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
+TEST_F(Views, ThreeLineDecisionsTheirPrintoutAndTheSelectionsLastRoll) {
   ThreeComeOuts();
   const BetResultsFigures f = FigureBetResults(g, 2, kP1, {kPassLine});
   auto cell = [&](int row, int col) {
@@ -58,12 +60,11 @@ TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
   EXPECT_TRUE(f.onTable[0].text == "1" && f.onTable[1].text == "10");
   // Wagers: 30 in decisions of 10 (high and low 10), the last roll's 1, and
   // per hour; the counts and the expected value are the printout's below.
-  EXPECT_EQ(cell(2, kWagersCol), "30");
-  EXPECT_EQ(cell(4, kWagersCol), "10");
-  EXPECT_EQ(cell(7, kWagersCol), "1");
-  EXPECT_EQ(cell(10, kWagersCol), "1,200");
-  EXPECT_EQ(cell(2, kLossesCol), "10");
-  EXPECT_EQ(cell(2, kNetCol), "10");
+  const std::tuple<int, int, const char*> cells[] = {
+      {2, kWagersCol, "30"},     {4, kWagersCol, "10"}, {7, kWagersCol, "1"},
+      {10, kWagersCol, "1,200"}, {2, kLossesCol, "10"}, {2, kNetCol, "10"}};
+  for (auto [row, col, text] : cells)
+    EXPECT_EQ(cell(row, col), text) << "row " << row << ", column " << col;
 
   // The printout: refused without a bet, then the bets named and the nets coloured.
   g.views.BetResultsPlayers = kP1;
@@ -96,20 +97,17 @@ TEST_F(Views, ThreeLineDecisionsAndTheirPrintout) {
   EXPECT_TRUE(Has(platform.printed[1], " Data for the following 2 bets:"));
   EXPECT_TRUE(Has(platform.printed[1],
                   std::string(BetName(kPassLine)) + ", " + std::string(BetName(kField))));
-}
 
-TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
-  ThreeComeOuts();
   // Two players: 6 rolls at the table between them, decisions on roll 3.
   const BetResultsFigures both = FigureBetResults(g, 2, kP1 | kP2, {kPassLine});
   EXPECT_EQ(both.rows[7][kWagersCol].text, "0");
   EXPECT_EQ(both.rows[1][kWagersCol].text, "3");
   // Nobody or no bet selected: every figure 0, the percents "0".
-  for (const BetResultsFigures& f :
+  for (const BetResultsFigures& none :
        {FigureBetResults(g, 2, 0, {kPassLine}), FigureBetResults(g, 2, kP1, {})}) {
-    EXPECT_EQ(f.rows[2][kWagersCol].text, "0");
-    EXPECT_EQ(f.rows[1][kNetPctCol].text, "0");
-    EXPECT_EQ(f.rows[11][kNetPctCol].text, "0");
+    EXPECT_EQ(none.rows[2][kWagersCol].text, "0");
+    EXPECT_EQ(none.rows[1][kNetPctCol].text, "0");
+    EXPECT_EQ(none.rows[11][kNetPctCol].text, "0");
   }
   // Each player's rolls fit a Long; the two players' sum does not.
   g.RollsAtTable(FrameIndex(1, kFrameCurrentSession)) =
@@ -122,7 +120,7 @@ TEST_F(Views, LastRollCountsOnlyWhenTheSelectionsRollsMatch) {
   EXPECT_EQ(SelectedBetsLabel(85), "All bets selected");
 }
 
-TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
+TEST_F(Views, ComePointsSplitTheirActionAndTotalsAtTheirLimitAddUp) {
   const int i = FrameIndex(1, kFrameCurrentSession);
   g.StatAction(i, ComeId(4), kStatCount) = 2_usd;
   g.StatAction(i, ComeId(4), kStatTotal) = 30_usd;
@@ -145,11 +143,9 @@ TEST_F(Views, ComePointSplitsItsActionBetweenTheComeAndItsOwnEdge) {
   // Ids outside the bets have no expected value.
   EXPECT_EQ(ExpectedValuePerDecision(g, 0), 0);
   EXPECT_EQ(ExpectedValuePerDecision(g, 93), 0);
-}
 
-// Years of play leave every total of the longer frames near its limit: the
-// views add hundreds of them without wrapping.
-TEST_F(Views, TotalsAtTheirLimitAddUpOverEveryBetAndPlayer) {
+  // Years of play leave every total of the longer frames near its limit: the
+  // views add hundreds of them without wrapping.
   for (int p = 4; p <= 8; ++p) Seat(p, "P" + std::to_string(p));
   const Currency nearLimit = Currency::FromWhole(99'999'999'999'999);
   ASSERT_LE(nearLimit, kStatTotalLimit);
@@ -157,9 +153,9 @@ TEST_F(Views, TotalsAtTheirLimitAddUpOverEveryBetAndPlayer) {
   for (int b = 1; b <= kLastRealBet; ++b) every.push_back(b);
   for (int p = 1; p <= 8; ++p)
     for (int b : every) {
-      const int i = FrameIndex(p, kFrameAllSessions);
-      g.StatAction(i, b, kStatCount) = g.StatWins(i, b, kStatCount) = 1_usd;
-      g.StatAction(i, b, kStatTotal) = g.StatWins(i, b, kStatTotal) = nearLimit;
+      const int k = FrameIndex(p, kFrameAllSessions);
+      g.StatAction(k, b, kStatCount) = g.StatWins(k, b, kStatCount) = 1_usd;
+      g.StatAction(k, b, kStatTotal) = g.StatWins(k, b, kStatTotal) = nearLimit;
     }
   constexpr std::int32_t kAll = 0x1fe;
   const double sum = 8.0 * kLastRealBet * nearLimit.ToDouble();
@@ -174,7 +170,7 @@ TEST_F(Views, TotalsAtTheirLimitAddUpOverEveryBetAndPlayer) {
   EXPECT_DOUBLE_EQ(summary.decisions[1][3].value, 8 * kStatTotalLimit.ToDouble());
 }
 
-TEST_F(Views, TrendsListEveryBetWithItsStreakAndPrintTheStreaks) {
+TEST_F(Views, TrendsAndSummaryOfThreeComeOutsAndTheirPrintouts) {
   ThreeComeOuts();
   const std::vector<BetTrendRow> rows = FigureBetTrends(g, 1);
   ASSERT_EQ(rows.size(), 85u);
@@ -199,10 +195,7 @@ TEST_F(Views, TrendsListEveryBetWithItsStreakAndPrintTheStreaks) {
   ASSERT_NE(field, nullptr);
   EXPECT_EQ(field->cells[1].text, "-3");
   EXPECT_EQ(field->cells[1].colour, 12);
-}
 
-TEST_F(Views, SummaryBankrollsDecisionsCompsAndTheirPrintout) {
-  ThreeComeOuts();
   const SummaryFigures f = FigureSummary(g, 2, kP1);
   EXPECT_EQ(f.simHours.text, "0.025");
   EXPECT_EQ(f.bankrollCaption, "Current bankroll");
@@ -227,18 +220,18 @@ TEST_F(Views, SummaryBankrollsDecisionsCompsAndTheirPrintout) {
   g.views.SummaryFrame = 2;
   g.views.SummaryPlayers = kP1;
   ASSERT_TRUE(PrintSummary(g));
-  ASSERT_EQ(platform.printed.size(), 1u);
-  const PrintDocument& doc = platform.printed[0];
-  EXPECT_EQ(doc.lines[0].cells[0].text, "Ravelton Session Summary");
-  EXPECT_TRUE(Has(doc, "Total rolls|3"));
-  const PrintLine* amounts = Row(doc, "Total $");
+  ASSERT_EQ(platform.printed.size(), 2u);
+  const PrintDocument& sheet = platform.printed[1];
+  EXPECT_EQ(sheet.lines[0].cells[0].text, "Ravelton Session Summary");
+  EXPECT_TRUE(Has(sheet, "Total rolls|3"));
+  const PrintLine* amounts = Row(sheet, "Total $");
   ASSERT_NE(amounts, nullptr);
   EXPECT_EQ(LineText(*amounts), "Total $|30|20|10|10|33.3333");
   EXPECT_EQ(amounts->cells[4].colour, 9);
   EXPECT_EQ(amounts->cells[1].colour, kPrintBlack);
 }
 
-TEST_F(Views, CompsAddUpOverPlayersAndFollowTheirBase) {
+TEST_F(Views, CompsAddUpOverPlayersAndHandsByNumberPrint) {
   const int i1 = FrameIndex(1, kFrameAllSessions), i2 = FrameIndex(2, kFrameAllSessions);
   g.StatAction(i1, kField, kStatCount) = 4_usd;
   g.StatAction(i1, kField, kStatTotal) = 40_usd;
@@ -267,9 +260,8 @@ TEST_F(Views, CompsAddUpOverPlayersAndFollowTheirBase) {
   FigureComps(g, c, i2);
   EXPECT_EQ(c.decisions, 4'000'000'000);
   EXPECT_EQ(c.rolls, 4'000'000'000);
-}
 
-TEST_F(Views, HandsByNumberAndTheirPrintout) {
+  // Hands by number and their printout.
   for (int p = 1; p <= 3; ++p) g.Bet(p, kPassLine) = {};
   // 7 passes, 2 misses, point 4 made, point 6 missed by a seven-out.
   const int dice[][2] = {{3, 4}, {1, 1}, {2, 2}, {1, 3}, {3, 3}, {3, 4}};
@@ -314,14 +306,12 @@ TEST_F(Views, RollTotalsPrintTheRowsOfTheView) {
   ASSERT_TRUE(PrintRollTotals(g));
   ASSERT_EQ(platform.printed.size(), 1u);
   const PrintDocument& doc = platform.printed[0];
-  EXPECT_EQ(LineText(doc.lines[0]), "Ravelton Roll Totals");
-  EXPECT_EQ(LineText(doc.lines[1]), "23-Nov-26");
-  EXPECT_EQ(LineText(doc.lines[2]), "Game file:  untitled");
-  EXPECT_TRUE(Has(doc, "Data for all players"));
+  const char* heading[] = {"Ravelton Roll Totals", "23-Nov-26", "Game file:  untitled"};
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(LineText(doc.lines[i]), heading[i]);
   // One 7 of three rolls, two rolls ago: 33.33 %; the 2 one roll ago; no 4 yet.
-  EXPECT_TRUE(Has(doc, "Any 7|16.67|33.33|1|2"));
-  EXPECT_TRUE(Has(doc, "Any 4|8.33|0|0|3"));
-  EXPECT_TRUE(Has(doc, "Total rolls|3"));
+  for (const char* row :
+       {"Data for all players", "Any 7|16.67|33.33|1|2", "Any 4|8.33|0|0|3", "Total rolls|3"})
+    EXPECT_TRUE(Has(doc, row)) << row;
 
   g.views.RollTotalsPlayers = 1 << 1;
   ASSERT_TRUE(PrintRollTotals(g));
