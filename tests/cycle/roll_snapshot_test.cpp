@@ -30,6 +30,13 @@ namespace {
 
 using BetRows = decltype(Game::Bet);
 
+// Empties seat p as a player leaving does.
+void Unseat(Game& g, int p) {
+  ResetPlayer(g, p);
+  g.PlayerName[static_cast<std::size_t>(p)].clear();
+  --g.PlayerCount;
+}
+
 // A window that changes a CheckStack whenever it gets the events.
 class StackingPlatform : public HeadlessPlatform {
  public:
@@ -153,9 +160,7 @@ TEST_F(RollSnapshots, ChangesBetweenCallsReachTheNextSnapshots) {
 // a player seated in the events bets, is decided and has snapshots from the
 // next roll on; a seat left in the events is not visited again.
 TEST_F(RollSnapshots, SeatsTakenOrLeftInTheEventsCountFromTheNextRoll) {
-  ResetPlayer(g, 8);
-  g.PlayerName[8].clear();
-  --g.PlayerCount;
+  Unseat(g, 8);
   g.hyper.RollObserver = nullptr;
   PumpEveryRoll();
   platform.onEvents = [this] {
@@ -166,11 +171,7 @@ TEST_F(RollSnapshots, SeatsTakenOrLeftInTheEventsCountFromTheNextRoll) {
       g.BetRequest = Currency::FromWhole(5);
       PlaceBet(g, 8, bet::kField);
     }
-    if (roll == 120) {
-      ResetPlayer(g, 3);
-      g.PlayerName[3].clear();
-      --g.PlayerCount;
-    }
+    if (roll == 120) Unseat(g, 3);
     expectedAtRoll = g.Bet;
   };
   Run(200);
@@ -206,14 +207,9 @@ void RecordSnapshots(void* self, const Game&) {
   auto& r = *static_cast<SnapshotRecorder*>(self);
   Game& g = *r.game;
   std::uint64_t h = 14695981039346656037u;
-  Digest(h, g.BetAtRoll);
-  Digest(h, g.BetAfterRoll);
-  Digest(h, g.BetContract);
-  Digest(h, g.BetWorkingAfterRoll);
-  Digest(h, g.BetTrend);
-  Digest(h, g.GraphBankroll);
-  Digest(h, g.GraphHigh);
-  Digest(h, g.GraphLow);
+  const auto digest = [&h](const auto&... tables) { (Digest(h, tables), ...); };
+  digest(g.BetAtRoll, g.BetAfterRoll, g.BetContract, g.BetWorkingAfterRoll, g.BetTrend,
+         g.GraphBankroll, g.GraphHigh, g.GraphLow);
   r.digests.push_back(h);
   // A player calls a Place bet on or off now and then, between rolls.
   const long roll = g.RollTally(kTableSession, kEventRolls);
@@ -235,9 +231,7 @@ std::vector<std::uint64_t> SnapshotDigests(BenchWorkload workload, bool markEver
     SeatPlayer(g, 3, "Zed", Currency::FromWhole(500));
     g.hyper.RunRollLimit = 300;
     RunHyperDrive(g);
-    ResetPlayer(g, 3);
-    g.PlayerName[3].clear();
-    --g.PlayerCount;
+    Unseat(g, 3);
   }
   SnapshotRecorder recorder{&g, g.hyper.RollObserver != nullptr, markEverything, {}};
   g.hyper.RollObserver = &RecordSnapshots;

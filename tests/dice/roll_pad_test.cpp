@@ -85,7 +85,9 @@ TEST(RollPad, APickedTotalComesUpAsAnyOfItsPairs) {
   }
 }
 
-TEST(RollPad, OptionsWithoutAKindShowTheTriangle) {
+// Options without a kind show the triangle; choosing a kind keeps the other
+// options and drops a picked face.
+TEST(RollPad, TheKindBitsOfTheOptions) {
   RollPadState pad;
   pad.PadOptions = kPadRollCounter | kPadRandomButton;
   pad.PadColor = 7;
@@ -94,10 +96,7 @@ TEST(RollPad, OptionsWithoutAKindShowTheTriangle) {
   EXPECT_EQ(pad.PadOptions, 2);
   EXPECT_EQ(pad.PadColor, 0);
   EXPECT_EQ(PadKindOf(4 | 8), PadKind::BoxCombos);
-}
 
-TEST(RollPad, ChoosingAKindKeepsTheOtherOptionsAndDropsAPickedFace) {
-  RollPadState pad;
   pad.PadOptions = 4 | 8 | kPadRollCounter | kPadHyperDriveButton;
   pad.PadFacePick1 = 3;
   SetPadKind(pad, PadKind::DiceFaces);

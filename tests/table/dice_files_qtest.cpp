@@ -61,6 +61,11 @@ struct DiceFilesTable : DesktopTable {
     QTest::mouseClick(FormChild<QPushButton>(*form, qPrintable(QString("cmdRollNumbers%1").arg((die1 - 1) * 6 + die2 - 1))),
                       Qt::LeftButton);
   }
+  // A new file opened through the chooser, with these rolls keyed into it.
+  void NewFile(std::initializer_list<std::pair<int, int>> rolls) {
+    Trigger("mnuNewOpen");
+    for (auto [die1, die2] : rolls) Key(die1, die2);
+  }
   QString Label(const char* name) { return FormChild<QLabel>(*form, name)->text(); }
   void ClickRow(int row, Qt::KeyboardModifiers mods = {}) {
     DiceRollList* list = form->List();
@@ -72,9 +77,7 @@ struct DiceFilesTable : DesktopTable {
 
 void DiceFilesTest::keyedRollsReachTheFileTypedOverOrInserted() {
   DiceFilesTable t;
-  t.Trigger("mnuNewOpen");
-  t.Key(1, 3);
-  t.Key(6, 6);
+  t.NewFile({{1, 3}, {6, 6}});
   QCOMPARE(Bytes(t.path), (std::vector<unsigned char>{DiceRollByte(1, 3), DiceRollByte(6, 6)}));
   QCOMPARE(FormChild<QLineEdit>(*t.form, "txtNextRollNum")->text(), QString("3"));
 
@@ -114,10 +117,7 @@ void DiceFilesTest::keyedRollsReachTheFileTypedOverOrInserted() {
 
 void DiceFilesTest::aSelectionIsCopiedAndPastedAtTheCaret() {
   DiceFilesTable t;
-  t.Trigger("mnuNewOpen");
-  t.Key(1, 1);
-  t.Key(2, 2);
-  t.Key(3, 3);
+  t.NewFile({{1, 1}, {2, 2}, {3, 3}});
   // Rows 0 and 1 of the list, the second with Shift: rolls 1 and 2.
   t.ClickRow(0);
   t.ClickRow(1, Qt::ShiftModifier);
@@ -136,9 +136,7 @@ void DiceFilesTest::aSelectionIsCopiedAndPastedAtTheCaret() {
 
 void DiceFilesTest::playbackFeedsTheNextRollAndTheFormFollows() {
   DiceFilesTable t;
-  t.Trigger("mnuNewOpen");
-  t.Key(5, 2);
-  t.Key(1, 6);
+  t.NewFile({{5, 2}, {1, 6}});
   QTest::mouseClick(FormChild<QPushButton>(*t.form, "cmdRecorder2"), Qt::LeftButton);
   QCOMPARE(t.game->diceFile.DiceFileMode, kDiceFilePlayback);
   // Playback starts where the caret stands: put it on roll 1.
@@ -182,10 +180,7 @@ void DiceFilesTest::printingRefusesConfirmsAndPrints() {
   t.platform.printToFile = t.dir.filePath("rolls.pdf");
   t.Trigger("mnuPrint");
   QCOMPARE(t.shown.back(), std::make_pair(std::string("Print Dice Rolls"), std::string("There are no dice rolls to print.")));
-  t.Trigger("mnuNewOpen");
-  t.Key(2, 5);
-  t.Key(6, 1);
-  t.Key(3, 3);
+  t.NewFile({{2, 5}, {6, 1}, {3, 3}});
   t.Trigger("mnuPrint");  // the caret stands after the last roll
   QCOMPARE(t.shown.back().second, std::string("You haven't selected any dice rolls to print."));
 
