@@ -110,9 +110,7 @@ TEST(RollPad, TheKindBitsOfTheOptions) {
 class PadRolls : public RollFixture {};
 
 TEST_F(PadRolls, AClickRollsThroughTheCycleAheadOfAPlayingFile) {
-  {
-    std::ofstream(folder / "f.rol", std::ios::binary) << '\x24' << '\xd8';  // 1-1, 6-6
-  }
+  std::ofstream(folder / "f.rol", std::ios::binary) << '\x24' << '\xd8';  // 1-1, 6-6
   ASSERT_TRUE(OpenDiceRollFile(g, folder / "f.rol"));
   g.diceFile.DiceFileMode = kDiceFilePlayback;
   g.pad.PadOptions = 1 << static_cast<int>(PadKind::BoxCombos);

@@ -18,16 +18,14 @@ namespace {
 
 Currency Raw(std::int64_t r) { return Currency::FromRaw(r); }
 
-TEST(Money, ConversionFromDoubleRoundsTiesToEven) {
+TEST(Money, ConversionsAndProductsRoundTiesToEvenAndSaturate) {
   EXPECT_EQ(CurFromDouble(0.00125), Raw(12));  // 12.5 ten-thousandths -> 12
   EXPECT_EQ(CurFromDouble(0.00135), Raw(14));  // 13.5 -> 14
   EXPECT_EQ(CurFromDouble(-2.71828), Raw(-27183));
   EXPECT_EQ(CurFromDouble(1e300), kCurrencyMax);
   EXPECT_EQ(CurFromDouble(-1e300), kCurrencyMin);
   EXPECT_EQ(CurFromDouble(std::nan("")), Currency{});
-}
-
-TEST(Money, ProductsRoundToNearestTiesToEven) {
+  // Products round the same way.
   EXPECT_EQ(CurMul(10_usd, Raw(500)), Raw(5000));  // 10 x 0.05 = 0.50
   EXPECT_EQ(CurMul(Raw(1), Raw(5000)), Raw(0));    // 0.00005 -> 0
   EXPECT_EQ(CurMul(Raw(3), Raw(5000)), Raw(2));    // 0.00015 -> 0.0002
@@ -68,19 +66,16 @@ TEST(Money, FormatMoneyFollowsTheTwoFormats) {
   AppendMoney(s, Raw(15000));
   EXPECT_EQ(s, "Vig $1.50");
   // Counts group the same way and reach the ends of the 64-bit range.
-  EXPECT_EQ(FormatCount(0), "0");
-  EXPECT_EQ(FormatCount(999), "999");
-  EXPECT_EQ(FormatCount(-1000), "-1,000");
-  EXPECT_EQ(FormatCount(INT64_MIN), "-9,223,372,036,854,775,808");
+  const std::pair<std::int64_t, const char*> counts[] = {
+      {0, "0"}, {999, "999"}, {-1000, "-1,000"}, {INT64_MIN, "-9,223,372,036,854,775,808"}};
+  for (const auto& [count, text] : counts) EXPECT_EQ(FormatCount(count), text) << count;
 }
 
 TEST(Money, LeadingValueReadsLikeVal) {
-  EXPECT_DOUBLE_EQ(LeadingValue("  -12.5e1xyz"), -125.0);
-  EXPECT_DOUBLE_EQ(LeadingValue("1 000"), 1000.0);
-  EXPECT_DOUBLE_EQ(LeadingValue("1,000"), 1.0);
-  EXPECT_DOUBLE_EQ(LeadingValue("$5"), 0.0);
-  EXPECT_DOUBLE_EQ(LeadingValue("3.2.1"), 3.2);
-  EXPECT_DOUBLE_EQ(LeadingValue("-"), 0.0);
+  const std::pair<const char*, double> cases[] = {{"  -12.5e1xyz", -125.0}, {"1 000", 1000.0},
+                                                  {"1,000", 1.0},           {"$5", 0.0},
+                                                  {"3.2.1", 3.2},           {"-", 0.0}};
+  for (const auto& [text, value] : cases) EXPECT_DOUBLE_EQ(LeadingValue(text), value) << text;
   EXPECT_GT(LeadingValue(std::string(500, '9')), 1e300);
 }
 

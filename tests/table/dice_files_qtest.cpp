@@ -157,10 +157,7 @@ void DiceFilesTest::refusalsComeWithTheirMessages() {
   QCOMPARE(t.shown[1].first, std::string("Record Dice Rolls During Game Play"));
 
   // A file whose bytes are not rolls is not opened.
-  {
-    std::ofstream bad(t.path, std::ios::binary);
-    bad.put(static_cast<char>(3));
-  }
+  std::ofstream(t.path, std::ios::binary) << '\x03';
   t.Trigger("mnuNewOpen");
   QCOMPARE(t.shown.back().first, std::string("Unable to Open Dice Roll File"));
   QVERIFY(t.game->diceFile.DiceFilePath.empty());
