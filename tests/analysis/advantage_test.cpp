@@ -111,7 +111,7 @@ TEST_F(AdvantageTest, EveryBetUnderSkewedDice) {
   ExpectEveryBetAsTheModel<Skewed>("free form dice", barTwo, UseTable(cells));
 }
 
-TEST_F(AdvantageTest, FiguresAsTheTabShowsThem) {
+TEST_F(AdvantageTest, FiguresAsTheTabShowsThemInBothViews) {
   auto shown = [&](int b) { return FigureAdvantage(g, b, AdvantagePrecision::AsShown); };
   // Six decimals read back as the nearest double: exactly the literal.
   const Advantage pass = shown(bet::kPassLine);
@@ -123,6 +123,20 @@ TEST_F(AdvantageTest, FiguresAsTheTabShowsThem) {
   // A line bet's rolls per decision is not rounded.
   EXPECT_NEAR(pass.rollsPerDec, 557.0 / 165, 1e-12);
   EXPECT_DOUBLE_EQ(ExpectedValuePerDecision(g, bet::kPassLine), -0.014141);
+  // The tab's table as data, in both views.
+  const AdvantageRow row = FigureAdvantageRow(g, bet::kPassLine);
+  // EV/roll -0.004189, x 120 rolls an hour; rolls per decision 557 / 165; the
+  // deviation per roll sqrt((1 - 2 x 0.004189 x 0.014141 + 0.004189^2) / R).
+  const char* normal[] = {"-0.42", "54.42", "-1.41", "99.99", "-50.27"};
+  const char* misc[] = {"3.38", "0.30", "35.55", "0.59", "0:01:41.3"};
+  for (int c = 0; c < kAdvantageColumns; ++c) {
+    EXPECT_EQ(row.normal[c].text, normal[c]) << kAdvantageTitles[c];
+    EXPECT_EQ(row.misc[c].text, misc[c]) << kAdvantageMiscTitles[c];
+  }
+  EXPECT_EQ(row.normal[0].colour, FigureColour::Red);
+  EXPECT_EQ(row.normal[1].colour, FigureColour::Blue);  // a deviation is never red
+  EXPECT_EQ(FigureAdvantageRow(g, bet::kPassLineOdds).normal[2].colour, FigureColour::Black);
+  EXPECT_EQ(FigureAdvantageRow(g, PlaceId(6)).misc[0].text, "3.27");
 
   g.advantage.CountZeroOutcomes = true;
   EXPECT_EQ(shown(bet::kDontPass).evPerDec, -0.013636);
@@ -164,23 +178,6 @@ TEST_F(AdvantageTest, DiceThatDecideNothingGiveZerosNotFaults) {
   EXPECT_NEAR(FigureAdvantage(g, PlaceId(6)).evPerDec, 7.0 / 6, kExact);  // it can only win
   EXPECT_EQ(FigureAdvantage(g, 0).evPerDec, 0);
   EXPECT_EQ(FigureAdvantage(g, 86).evPerDec, 0);
-}
-
-// The tab's table as data.
-TEST_F(AdvantageTest, BothViewsOfThePassLine) {
-  const AdvantageRow row = FigureAdvantageRow(g, bet::kPassLine);
-  // EV/roll -0.004189, x 120 rolls an hour; rolls per decision 557 / 165; the
-  // deviation per roll sqrt((1 - 2 x 0.004189 x 0.014141 + 0.004189^2) / R).
-  const char* normal[] = {"-0.42", "54.42", "-1.41", "99.99", "-50.27"};
-  const char* misc[] = {"3.38", "0.30", "35.55", "0.59", "0:01:41.3"};
-  for (int c = 0; c < kAdvantageColumns; ++c) {
-    EXPECT_EQ(row.normal[c].text, normal[c]) << kAdvantageTitles[c];
-    EXPECT_EQ(row.misc[c].text, misc[c]) << kAdvantageMiscTitles[c];
-  }
-  EXPECT_EQ(row.normal[0].colour, FigureColour::Red);
-  EXPECT_EQ(row.normal[1].colour, FigureColour::Blue);  // a deviation is never red
-  EXPECT_EQ(FigureAdvantageRow(g, bet::kPassLineOdds).normal[2].colour, FigureColour::Black);
-  EXPECT_EQ(FigureAdvantageRow(g, PlaceId(6)).misc[0].text, "3.27");
 }
 
 }  // namespace
