@@ -12,6 +12,7 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "automation/autoplay_state.h"
@@ -249,17 +250,16 @@ TEST_F(EventsLog, AHostileLineIsCutAndAMissingLogIsEmpty) {
 
 TEST_F(EventsLog, FindWrapsBothWaysAndSaysWhenNothingIsThere) {
   WriteInRoll(10'000, "Entry ");  // more lines than one chunk of the search
-  g.eventsLog.FindText = "entry 5000";
-  g.eventsLog.LogTopLine = 9000;
-  EXPECT_TRUE(FindInEventsLog(g, +1));  // wraps past the end
-  EXPECT_EQ(g.eventsLog.LogTopLine, 5000);
-  g.eventsLog.FindText = "entry 4";
-  g.eventsLog.LogTopLine = 2;
-  EXPECT_TRUE(FindInEventsLog(g, -1));
-  EXPECT_EQ(g.eventsLog.LogTopLine, 4999);  // the last "Entry 4..." going back round
-  g.eventsLog.FindText = "absent";
-  EXPECT_FALSE(FindInEventsLog(g, +1));
-  EXPECT_EQ(g.eventsLog.LogTopLine, 4999);
+  // Forward past the end, back round to the last "Entry 4...", and a text
+  // that is not there leaving the top line where it was.
+  for (auto [text, from, direction, found, top] : {std::tuple{"entry 5000", 9000, +1, true, 5000},
+                                                   {"entry 4", 2, -1, true, 4999},
+                                                   {"absent", 4999, +1, false, 4999}}) {
+    g.eventsLog.FindText = text;
+    g.eventsLog.LogTopLine = from;
+    EXPECT_EQ(FindInEventsLog(g, direction), found) << text;
+    EXPECT_EQ(g.eventsLog.LogTopLine, top) << text;
+  }
   ASSERT_FALSE(platform.messages.empty());
   EXPECT_EQ(platform.messages.back().text, "Text not found.");
   EXPECT_EQ(platform.messages.back().title, "Search Results");
