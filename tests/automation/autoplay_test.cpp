@@ -53,14 +53,6 @@ TEST_F(AutoPlay, TheComeOutListLeavesOutTheLineAndPointBets) {
   EXPECT_EQ(g.BetWorking(3, PlaceId(8)), 0);
 }
 
-TEST_F(AutoPlay, TheHeadingNamesTheSelection) {
-  EXPECT_EQ(AutoPlayHeading(g, 1 << 2), "Settings for\rP2");
-  EXPECT_EQ(AutoPlayHeading(g, 0b1110), "Settings for these 3\rselected players:");
-  EXPECT_EQ(AutoPlayHeading(g, 1 << 6), "No players selected");  // an empty position
-  g.PlayerCount = 0;
-  EXPECT_EQ(AutoPlayHeading(g, 0b10), "No players present");
-}
-
 TEST_F(AutoPlay, FullOddsOnTheRollThatSetsThePoint) {
   g.rules.BetRequirement = 0;
   g.autoplay.AutoTakeFullOdds(1) = true;
@@ -137,7 +129,11 @@ TEST_F(AutoPlaySelection, EveryOptionReachesTheSelectedPlayersOnly) {
   EXPECT_EQ(g.autoplay.HandleWinningBets(2), 0);
 }
 
+// Empty seats are left out of the selection and of the heading that names it.
 TEST_F(AutoPlaySelection, EmptySeatsAreLeftOutAndALonePlayerIsAlwaysSelected) {
+  EXPECT_EQ(AutoPlayHeading(g, 1 << 2), "Settings for\rP2");
+  EXPECT_EQ(AutoPlayHeading(g, 0b1110), "Settings for these 3\rselected players:");
+  EXPECT_EQ(AutoPlayHeading(g, 1 << 6), "No players selected");  // an empty position
   SetAutoPlayOption(g, (1 << 2) | (1 << 6), AutoPlayOption::kPassDice, 1);
   EXPECT_TRUE(g.autoplay.AutoPassDice(2));
   EXPECT_FALSE(g.autoplay.AutoPassDice(6));
@@ -151,6 +147,8 @@ TEST_F(AutoPlaySelection, EmptySeatsAreLeftOutAndALonePlayerIsAlwaysSelected) {
   g.PlayerName[2].clear();
   g.PlayerCount = 1;
   EXPECT_EQ(EffectiveAutoPlaySelection(g), 1 << 3);
+  g.PlayerCount = 0;
+  EXPECT_EQ(AutoPlayHeading(g, 1 << 3), "No players present");
 }
 
 TEST_F(AutoPlaySelection, TheSameBetRowsStepAndStoreForTheSelection) {
