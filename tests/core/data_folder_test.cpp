@@ -159,9 +159,10 @@ TEST_F(AtomicFile, AProcessKilledInTheMiddleOfAWriteLeavesTheOldFile) {
   EXPECT_EQ(WEXITSTATUS(status), 9);
   EXPECT_EQ(ReadWholeFile(target), oldBytes);
   // The dead writer's temporary is recognisable for cleaning up.
-  for (const auto& e : fs::directory_iterator(dir.Path()))
+  for (const auto& e : fs::directory_iterator(dir.Path())) {
     if (e.path().filename() != "Game.rvg")
       EXPECT_TRUE(IsAtomicTemporaryName(e.path().filename().string())) << e.path();
+  }
 }
 
 }  // namespace
