@@ -160,8 +160,8 @@ TEST_F(AtomicFile, AProcessKilledInTheMiddleOfAWriteLeavesTheOldFile) {
   EXPECT_EQ(ReadWholeFile(target), oldBytes);
   // The dead writer's temporary is recognisable for cleaning up.
   for (const auto& e : fs::directory_iterator(dir.Path())) {
-    if (e.path().filename() != "Game.rvg")
-      EXPECT_TRUE(IsAtomicTemporaryName(e.path().filename().string())) << e.path();
+    if (e.path().filename() == "Game.rvg") continue;
+    EXPECT_TRUE(IsAtomicTemporaryName(e.path().filename().string())) << e.path();
   }
 }
 
