@@ -363,7 +363,9 @@ std::vector<std::string> Differences(const Game& a, const Game& b) {
   SAME(diceFile.DiceFilePos); SAME(diceFile.DiceSelEnd); SAME(diceFile.DiceFileLast);
   SAME(diceFile.DiceOutputFormat); SAME(diceFile.HighlightCombo); SAME(diceFile.DiceFilePath);
   SAME(probability.ProbDisplayMode); SAME(probability.RollsOutOf);
-  SAME(scriptRun.AllowReset); SAME(scriptRun.AllowActForOthers);
+  SAME(scriptRun.AllowReset); SAME(scriptRun.AllowActForOthers); SAME(scriptRun.AllowDiceFiles);
+  SAME(scriptRun.AllowAnyFolder); SAME(views.RollTotalsVsSkewed); SAME(views.HandsShowPercent);
+  SAME(views.RollFreqCategory);
 #undef SAME
   return out;
 }
