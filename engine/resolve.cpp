@@ -450,7 +450,12 @@ constexpr auto kAfterDecision = [] {
 
   if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
 
-  g.Bet(p, bet::kBankroll) += g.NetPayoff;
+  // The one place a roll changes a bankroll. A roll of wins at million-to-one
+  // payoffs can carry it past the money limit (and the roll then stops at
+  // the bank limit); it is held there, so that the game still saves to a
+  // file that opens.
+  Currency& bank = g.Bet(p, bet::kBankroll);
+  bank = HeldWithin(bank + g.NetPayoff, kMoneyLimit);
   g.BetContract(p, b) = Currency{};
   g.roll.MarkBetChanged(p, b);  // the contract and, below, the streak
 

@@ -425,6 +425,30 @@ TEST_F(GameFile, ATotalPastItsLimitIsHeldAsTheGameIsSaved) {
   EXPECT_EQ(loaded->ComeTravelTotal(all, 0), kStatTotalLimit);
 }
 
+// Two wins at a million to one over a ten-thousandth pay twice the money
+// limit on one roll; the bankroll stops at the limit, and the game saved
+// after the roll (which breaks the bank limit) opens with it.
+TEST_F(GameFile, ABankrollPastTheMoneyLimitIsHeldSoTheGameOpens) {
+  SeatPlayer(*game, 1, "Ann", 100_usd);
+  game->rules.BetRequirement = kNoBetRequired;
+  for (int b : {bet::kCraps, bet::kTwelve}) {
+    game->PayoffTbl(1, b) = 1'000'000_usd;
+    game->PayoffTbl(3, b) = Currency::FromRaw(1);
+    game->Bet(1, b) = 1'000'000_usd;
+    game->TotalBets(1) += 1'000'000_usd;
+  }
+  MarkSeatRowsChanged(*game);
+  ASSERT_TRUE(QueueDice(*game, 6, 6));
+  RollDice(*game);
+  EXPECT_EQ(game->Bet(1, bet::kBankroll), kMoneyLimit) << LastMessage();
+  EXPECT_EQ(game->BankrollHigh(1), kMoneyLimit);
+  ASSERT_TRUE(SaveGame(*game, Path("rich.rvg"))) << LastMessage();
+  HeadlessPlatform other;
+  auto loaded = NewGame(other);
+  ASSERT_TRUE(OpenGame(*loaded, Path("rich.rvg"))) << other.messages.back().text;
+  EXPECT_EQ(loaded->Bet(1, bet::kBankroll), kMoneyLimit);
+}
+
 TEST_F(GameFile, LengthFollowsPlayersAndCheckImages) {
   // The seated slots, the check images, the records.
   const std::tuple<std::string, int, int> cases[] = {{"", 0, 415},
