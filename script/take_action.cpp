@@ -1,15 +1,17 @@
 // TakeAction: the script commands that are no assignment (actions 100 to 399).
 #include <string>
 
-#include "core/message_dialog.h"
 #include "config/settings.h"
-#include "engine/bankroll.h"
+#include "core/file_io.h"
 #include "core/game.h"
 #include "core/help_topics.h"
-#include "dice/probability_file.h"
-#include "core/text.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/platform.h"
+#include "core/text.h"
+#include "dice/dice_file.h"
+#include "dice/probability_file.h"
+#include "engine/bankroll.h"
 #include "engine/players.h"
 #include "script/actions.h"
 #include "script/compile_common.h"
@@ -71,6 +73,7 @@ struct Action {
 
   void NewSession(bool preserveStacks, int diceMode);
   void ProbabilityFile();
+  void PlaybackDiceRollFile();
   void OutputFile(int action);
   void Swap();
 };
@@ -112,6 +115,44 @@ void Action::ProbabilityFile() {
       return Refuse("File not found or file is not a valid probability file.");
   }
   g.dice.ProbabilityDiceOn = true;
+}
+
+// The four forms: no argument, a name, "from roll" n, a name and "from
+// roll" n. A name other than the open file's replaces it; the roll to start
+// from is the first when n lies outside the file.
+void Action::PlaybackDiceRollFile() {
+  DiceFileState& f = g.diceFile;
+  const bool named = Args() == 1 || Args() == 3;
+  const bool fromRoll = Args() >= 2;
+  std::filesystem::path path;
+  if (named) {
+    const std::string name = TrimmedText(1);
+    if (!name.empty()) {
+      if (!ScriptFilePath(g, r.ScriptBettor, name, path))
+        return Refuse(std::string(kOutsideDataFolder));
+      if (path.string() == f.DiceFilePath) path.clear();
+    }
+  }
+  if (!path.empty()) {
+    if (!FileExists(path.string())) return Refuse("File not found.");
+    CloseDiceRollFile(g);
+    if (!IsDiceRollFile(path.string())) return Refuse("File is not a valid dice roll file.");
+    f.DiceFilePath = path.string();
+    f.DiceFilePos = f.DiceSelEnd = f.DiceSelStart = 1;
+    f.DiceFileLast = 0;
+    f.Error.clear();
+  } else if (f.DiceFilePath.empty()) {
+    return Refuse("Dice roll file not open.");
+  } else if (named) {
+    f.DiceSelEnd = f.DiceFilePos;
+  }
+  if (fromRoll) {
+    const double n = Arg(Args()).Value;
+    const double length = static_cast<double>(DiceRollTotal(g));
+    f.DiceFilePos = n >= 1 && n <= length ? static_cast<std::int32_t>(n) : 1;
+    f.DiceSelEnd = f.DiceFilePos;
+  }
+  SetDiceFileMode(g, kDiceFilePlayback);
 }
 
 void Action::Swap() {
@@ -163,11 +204,12 @@ void TakeAction(Game& g, int action) {
         PassDice(g, !hyper);
       break;
     case 119:
-      // No dice roll file is ever open in this build.
       if (!a.Allowed(r.AllowDiceFiles))
         a.RefusePermission(" is not allowed to deactivate roll files.");
-      else
+      else if (g.diceFile.DiceFilePath.empty())
         a.Refuse("Dice roll file is not open.");
+      else if (g.diceFile.DiceFileMode > kDiceFileInactive)
+        SetDiceFileMode(g, kDiceFileInactive);
       break;
     case 210: {
       const Long wanted = hyper ? kNoticeScriptHyper : kNoticeScriptNormal;
@@ -218,7 +260,7 @@ void TakeAction(Game& g, int action) {
       if (!a.Allowed(r.AllowDiceFiles))
         a.RefusePermission(" is not allowed to activate roll files.");
       else
-        a.Refuse("Dice roll files are not available in this version.");
+        a.PlaybackDiceRollFile();
       break;
     default:
       break;

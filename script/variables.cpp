@@ -2,14 +2,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "analysis/advantage.h"
 #include "core/game.h"
-#include "stats/summary.h"
 #include "core/money.h"
 #include "core/platform.h"
+#include "dice/dice_file.h"
 #include "script/compile_common.h"
 #include "script/script_text.h"
+#include "stats/summary.h"
 
 namespace {
 
@@ -239,10 +241,15 @@ double TableVariable(Game& g, int v) {
       return Truth(g.RollTally(kTableHand, kEventRolls) == 0);
     case 3005:
     case 3006:
-    case 3007:
-      // No dice roll file is ever open in this build.
-      AddStepNote(g, "Dice roll file not open.");
-      return 0;
+    case 3007: {
+      if (g.diceFile.DiceFilePath.empty()) {
+        AddStepNote(g, "Dice roll file not open.");
+        return 0;
+      }
+      const std::int64_t length = DiceRollTotal(g);
+      if (v == 3005) return Truth(g.diceFile.DiceFilePos > length);
+      return v == 3006 ? g.diceFile.DiceFilePos : static_cast<double>(length);
+    }
     case 3200:
       return g.Shooter;
     case 3201:

@@ -15,12 +15,14 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "config/settings.h"
 #include "core/catalogue.h"
 #include "core/message_dialog.h"
 #include "cycle/hyperdrive.h"
+#include "dice/dice_file.h"
 #include "dice/probability_file.h"
 #include "dice/rng.h"
 #include "engine/players.h"
@@ -242,7 +244,7 @@ TEST_F(Actions, PermissionsMoveWithThePlayerAndANewPlayerGetsTheDefaults) {
             "See Options - Permissions.");
 }
 
-TEST_F(Actions, ProbabilityFilesComeFromTheDataFolderAndDiceRollFilesAreRefused) {
+TEST_F(Actions, ProbabilityFilesComeFromTheDataFolderAndNeedThePermission) {
   ASSERT_TRUE(SaveProbabilityFile(g, "skew.prb"));
   ASSERT_TRUE(fs::exists(folder / "data/skew.prb"));
   EXPECT_EQ(Run(1, "activate probability file \"none.prb\""),
@@ -256,11 +258,6 @@ TEST_F(Actions, ProbabilityFilesComeFromTheDataFolderAndDiceRollFilesAreRefused)
   EXPECT_FALSE(g.dice.ProbabilityDiceOn);
   Run(1, "activate probability file");
   EXPECT_TRUE(g.dice.ProbabilityDiceOn);
-  // Dice roll file actions are refused until the files exist.
-  EXPECT_EQ(Run(1, "playback dice roll file \"x.rol\""),
-            "Unable to take action.\rDice roll files are not available in this version.");
-  EXPECT_EQ(Run(1, "deactivate dice roll file"),
-            "Unable to take action.\rDice roll file is not open.");
   // Without the permission neither kind of file is touched.
   g.scriptRun.AllowDiceFiles(1) = false;
   EXPECT_EQ(Run(1, "deactivate probability file"),
@@ -270,6 +267,68 @@ TEST_F(Actions, ProbabilityFilesComeFromTheDataFolderAndDiceRollFilesAreRefused)
   EXPECT_EQ(Run(1, "playback dice roll file"),
             "Unable to take action.\rAnn is not allowed to activate roll files.\r"
             "See Options - Permissions.");
+}
+
+// A script plays back a dice roll file of the data folder from the roll it
+// names, reads where the file stands, and stops and restarts it.
+TEST_F(Actions, DiceRollFilesPlayBackFromTheDataFolder) {
+  const std::pair<int, int> dice[] = {{1, 2}, {3, 3}, {6, 5}, {2, 2}, {4, 3}};
+  std::string rolls;
+  for (auto [d1, d2] : dice) rolls += static_cast<char>(DiceRollByte(d1, d2));
+  WriteWholeFile(folder / "data/rolls.rol", rolls);
+  WriteWholeFile(folder / "data/bad.rol", "\x01");
+  const std::string rolled =
+      "cs1 = dice roll file next roll : cs2 = dice roll file length : "
+      "cs3 = dice roll file end reached";
+  // Run leaves the script on; the rolls here are the file's alone.
+  const auto roll = [this] {
+    SetScriptActive(g, 1, false);
+    RollDice(g);
+  };
+  EXPECT_EQ(Run(1, rolled), "Dice roll file not open.\rAction taken.");
+  EXPECT_EQ(Stack(1, 2), 0);
+  EXPECT_EQ(Run(1, "deactivate dice roll file"),
+            "Unable to take action.\rDice roll file is not open.");
+  for (const char* refused : {"playback dice roll file", "playback dice roll file from roll 2"})
+    EXPECT_EQ(Run(1, refused), "Unable to take action.\rDice roll file not open.") << refused;
+  EXPECT_EQ(Run(1, "playback dice roll file \"none.rol\""),
+            "Unable to take action.\rFile not found.");
+  EXPECT_EQ(Run(1, "playback dice roll file \"../rolls.rol\""),
+            "Unable to take action.\rFile must be in the data folder.");
+  EXPECT_EQ(g.diceFile.DiceFileMode, kDiceFileInactive);
+
+  Run(1, "playback dice roll file \"rolls.rol\" from roll 3");
+  EXPECT_EQ(g.diceFile.DiceFilePath, folder / "data/rolls.rol");
+  EXPECT_EQ(g.diceFile.DiceFileMode, kDiceFilePlayback);
+  roll();
+  EXPECT_EQ(std::pair(g.Die1, g.Die2), dice[2]);
+  Run(1, rolled);
+  EXPECT_EQ(Stack(1, 1), 4);
+  EXPECT_EQ(Stack(1, 2), 5);
+  EXPECT_EQ(Stack(1, 3), 0);
+  // The last roll of the file leaves the next one beyond it.
+  Run(1, "playback dice roll file from roll 5");
+  roll();
+  EXPECT_EQ(std::pair(g.Die1, g.Die2), dice[4]);
+  Run(1, rolled);
+  EXPECT_EQ(Stack(1, 3), -1);
+  // A roll outside the file starts it over; the open file's own name keeps
+  // its place.
+  Run(1, "playback dice roll file from roll 9");
+  EXPECT_EQ(g.diceFile.DiceFilePos, 1);
+  Run(1, "playback dice roll file from roll 2 : playback dice roll file \"rolls.rol\"");
+  EXPECT_EQ(g.diceFile.DiceFilePos, 2);
+
+  Run(1, "deactivate dice roll file");
+  EXPECT_EQ(g.diceFile.DiceFileMode, kDiceFileInactive);
+  EXPECT_EQ(Run(1, "deactivate dice roll file"), "Action taken.");  // open but already off
+  Run(1, "playback dice roll file");
+  EXPECT_EQ(g.diceFile.DiceFileMode, kDiceFilePlayback);
+  // A file that is no dice roll file closes the one that was open.
+  EXPECT_EQ(Run(1, "playback dice roll file \"bad.rol\""),
+            "Unable to take action.\rFile is not a valid dice roll file.");
+  EXPECT_EQ(g.diceFile.DiceFilePath, "");
+  EXPECT_EQ(g.diceFile.DiceFileMode, kDiceFileInactive);
 }
 
 TEST_F(Actions, CheckScriptSelectsTheSpanWithoutBlanksAndColons) {
