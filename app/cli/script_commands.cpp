@@ -51,7 +51,7 @@ void AddOptions(CLI::App* cmd, CheckOptions& opt) {
 
 void AddScriptCommands(CLI::App& app) {
   auto check = std::make_shared<CheckOptions>();
-  CLI::App* checkCmd = app.add_subcommand("check", "compile a script and report its first error");
+  CLI::App* checkCmd = app.add_subcommand("check", "Compile a script and report its first error");
   AddOptions(checkCmd, *check);
   checkCmd->callback([check] {
     auto game = std::make_unique<Game>();
@@ -60,7 +60,7 @@ void AddScriptCommands(CLI::App& app) {
   });
 
   auto dump = std::make_shared<CheckOptions>();
-  CLI::App* dumpCmd = app.add_subcommand("dump", "print a script's compiled element stream");
+  CLI::App* dumpCmd = app.add_subcommand("dump", "Print a script's compiled element stream");
   AddOptions(dumpCmd, *dump);
   dumpCmd->callback([dump] {
     auto game = std::make_unique<Game>();

@@ -14,7 +14,7 @@
 void AddTranslateCommand(CLI::App& app) {
   auto file = std::make_shared<std::string>();
   CLI::App* cmd =
-      app.add_subcommand("translate", "print a script file as it loads, translated if old");
+      app.add_subcommand("translate", "Print a script file as it loads, translated if old");
   cmd->add_option("file", *file, "Auto-Bet script (.bet)")->required();
   cmd->callback([file] {
     auto game = std::make_unique<Game>();
