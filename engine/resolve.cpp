@@ -450,9 +450,9 @@ constexpr auto kAfterDecision = [] {
 
   if (g.PayoffTbl(1, 0).IsZero() && g.NetPayoff.IsZero()) return;  // stands untouched
 
-  // The one place a roll changes a bankroll. A roll of wins at million-to-one
-  // payoffs can carry it past the money limit (and the roll then stops at
-  // the bank limit); it is held there, so that the game still saves to a
+  // The one place a roll changes a bankroll. Wins at million-to-one payoffs
+  // can carry it past the money limit on one roll (the bank limit then
+  // refuses the next); it is held there, so that the game still saves to a
   // file that opens.
   Currency& bank = g.Bet(p, bet::kBankroll);
   bank = HeldWithin(bank + g.NetPayoff, kMoneyLimit);
