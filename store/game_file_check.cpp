@@ -44,6 +44,13 @@ bool AllMoney(const Table& t) {
 
 bool Total(Currency c) { return WithinLimit(c, kStatTotalLimit); }
 
+// TotalBets adds a seat's real bets and the vig paid up front on its six
+// Lay and six Buy bets, each within the money limit: at a table whose
+// maximum is near that limit, a seat that may bet below zero holds more.
+constexpr int kVigEntries = 12;
+constexpr Currency kTotalBetsLimit =
+    Currency::FromRaw((kLastRealBet + kVigEntries) * kMoneyLimit.raw);
+
 // A statistics table: its totals hold up to their own, larger limit (long
 // play sums them beyond the money limit), every other figure is money.
 template <class Table>
@@ -119,8 +126,9 @@ bool SeatSound(const Game& g, int p) {
   for (int bet = 1; bet <= 100; ++bet)
     for (int k = 0; k <= 1; ++k)
       if (!Within(g.BetTrend(p, bet, k), -kCountLimit, kCountLimit)) return false;
-  for (Currency c : {g.TotalBets(p), g.BankrollHigh(p), g.BankrollLow(p), g.InvestedBankroll(p),
-                     b.StartBankroll(p)})
+  if (!WithinLimit(g.TotalBets(p), kTotalBetsLimit)) return false;
+  for (Currency c :
+       {g.BankrollHigh(p), g.BankrollLow(p), g.InvestedBankroll(p), b.StartBankroll(p)})
     if (!Money(c)) return false;
   // The sum of the bankroll at every roll outgrows the money limit in play;
   // the roll holds it within a CheckStack's limit.

@@ -10,8 +10,8 @@
 // for byte and makes the copy the player's log.
 #include "store/game_file.h"
 
-#include <gtest/gtest.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <array>
@@ -30,6 +30,7 @@
 #include "core/message_dialog.h"
 #include "core/seats.h"
 #include "core/text.h"
+#include "engine/place.h"
 #include "stats/sessions_log.h"
 #include "store/game_file_records.h"
 #include "store/paths_in_use.h"
@@ -425,12 +426,22 @@ TEST_F(GameFile, ATotalPastItsLimitIsHeldAsTheGameIsSaved) {
   EXPECT_EQ(loaded->ComeTravelTotal(all, 0), kStatTotalLimit);
 }
 
-// Two wins at a million to one over a ten-thousandth pay twice the money
-// limit on one roll; the bankroll stops at the limit, and the game saved
-// after the roll (which breaks the bank limit) opens with it.
-TEST_F(GameFile, ABankrollPastTheMoneyLimitIsHeldSoTheGameOpens) {
+// Money a seat may hold past the money limit: bets at a table maximum of
+// that limit, which a seat allowed below zero adds past it, and two wins at
+// a million to one over a ten-thousandth, which pay twice the limit on one
+// roll and leave the bankroll held at it. The game saved after that roll
+// (which breaks the bank limit) opens with them.
+TEST_F(GameFile, AGameAtTheMoneyLimitOpensAgain) {
   SeatPlayer(*game, 1, "Ann", 100_usd);
   game->rules.BetRequirement = kNoBetRequired;
+  game->rules.MaxPlacardBet = kMoneyLimit;
+  game->betting.AllowNegBankroll(1) = true;
+  for (int number : {4, 5, 6, 8}) {
+    game->BetRequest = kMoneyLimit;
+    PlaceBet(*game, 1, PlaceId(number));
+  }
+  // Proper units may cut a Place bet a little below the limit.
+  ASSERT_GT(game->TotalBets(1), Currency::FromRaw(3 * kMoneyLimit.raw));
   for (int b : {bet::kCraps, bet::kTwelve}) {
     game->PayoffTbl(1, b) = 1'000'000_usd;
     game->PayoffTbl(3, b) = Currency::FromRaw(1);
@@ -447,6 +458,7 @@ TEST_F(GameFile, ABankrollPastTheMoneyLimitIsHeldSoTheGameOpens) {
   auto loaded = NewGame(other);
   ASSERT_TRUE(OpenGame(*loaded, Path("rich.rvg"))) << other.messages.back().text;
   EXPECT_EQ(loaded->Bet(1, bet::kBankroll), kMoneyLimit);
+  EXPECT_EQ(loaded->TotalBets(1), game->TotalBets(1));
 }
 
 TEST_F(GameFile, LengthFollowsPlayersAndCheckImages) {
@@ -625,41 +637,44 @@ TEST_F(OpenFailures, EachKindOfBadFileHasItsMessage) {
 
   // Counts, slots and texts out of their ranges: record, byte, width, value.
   constexpr std::int64_t kPastTotal = kStatTotalLimit.raw + 1, kPastMoney = kMoneyLimit.raw + 1;
+  // Past what every bet and vig entry at the money limit add up to.
+  constexpr std::int64_t kPastBets = (kLastRealBet + 13) * kMoneyLimit.raw;
   const std::tuple<int, int, int, std::int64_t> patches[] = {
-      {2, 4, 4, 0x7fc00000},            // a window's top that is not a number
-      {3, 8, 4, 0x7149f2ca},            // a window's left of 1e30 pixels
-      {5, 0, 4, 9},                     // nine players
-      {5, 0, 4, -1},                    //
-      {5, 76, 4, 2001},                 // check images above 2,000
-      {5, 76, 4, 51},                   // more images than the file holds
-      {5, 32, 4, 7},                    // a die of 7
-      {5, 20, 4, 7},                    // a point of 7
-      {5, 8, 4, 9},                     // shooter in no seat
-      {5, 104, 4, 9},                   // the bankroll graph's player in no seat
-      {5, 112, 4, -1},                  // the sessions log's player in no seat
-      {409, 36, 4, 9},                  // the bet results view on a frame past the last
-      {409, 60, 4, -1},                 // the summary view on a frame before the first
-      {411, 108, 4, 10},                // a graph colour scheme past the last
-      {411, 132, 4, 526},               // a moving average longer than the page
-      {29, 0, 4, -1},                   // a negative tally
-      {96, 0, 4, 0x7fffffff},           // a gap tally the next roll would carry past a Long
-      {10, 200, 8, 8 * 10000},          // generator 9
-      {10, 200, 8, 0x7fffffffffffLL},   // a whole number beyond a Long
-      {416, 0, 8, 0},                   // a block for slot 0
-      {416 + 458, 0, 8, 1 * 10000},     // slot 1 given twice
-      {416 + 5, 88, 8, 8 * 10000},      // winning-bet rule 8
-      {416 + 39, 0, 2, 3},              // a working state of 3
-      {416 + 31, 0, 4, INT32_MIN},      // a losing streak the next loss would carry past a Long
-      {416 + 173, 8, 8, INT64_MAX},     // a bet's total wagered beyond 64 bits' reach
-      {416 + 173, 8, 8, kPastTotal},    // and just beyond a total's limit
-      {416 + 173, 16, 8, kPastMoney},   // a largest amount beyond the money limit
-      {416 + 455, 8, 8, -kPastTotal},   // a come bet's travel beyond a total's limit
-      {416 + 457, 32, 8, INT64_MIN},    // an auto-adjust amount of the lowest 64-bit value
-      {416 + 457, 40, 8, INT64_MAX},    // and of the highest
-      {416 + 1, 0, 4, 0x20202020},      // a player without a name
-      {416 + 41, 10, 1, 0},             // a NUL inside a CheckStack name
-      {18, 64, 8, 0},                   // a payoff "for" 0
-      {12, 0, 8, INT64_MIN},            // a payoff of the lowest 64-bit amount
+      {2, 4, 4, 0x7fc00000},           // a window's top that is not a number
+      {3, 8, 4, 0x7149f2ca},           // a window's left of 1e30 pixels
+      {5, 0, 4, 9},                    // nine players
+      {5, 0, 4, -1},                   //
+      {5, 76, 4, 2001},                // check images above 2,000
+      {5, 76, 4, 51},                  // more images than the file holds
+      {5, 32, 4, 7},                   // a die of 7
+      {5, 20, 4, 7},                   // a point of 7
+      {5, 8, 4, 9},                    // shooter in no seat
+      {5, 104, 4, 9},                  // the bankroll graph's player in no seat
+      {5, 112, 4, -1},                 // the sessions log's player in no seat
+      {409, 36, 4, 9},                 // the bet results view on a frame past the last
+      {409, 60, 4, -1},                // the summary view on a frame before the first
+      {411, 108, 4, 10},               // a graph colour scheme past the last
+      {411, 132, 4, 526},              // a moving average longer than the page
+      {29, 0, 4, -1},                  // a negative tally
+      {96, 0, 4, 0x7fffffff},          // a gap tally the next roll would carry past a Long
+      {10, 200, 8, 8 * 10000},         // generator 9
+      {10, 200, 8, 0x7fffffffffffLL},  // a whole number beyond a Long
+      {416, 0, 8, 0},                  // a block for slot 0
+      {416, 8, 8, kPastBets},          // more on the table than every bet can hold
+      {416 + 458, 0, 8, 1 * 10000},    // slot 1 given twice
+      {416 + 5, 88, 8, 8 * 10000},     // winning-bet rule 8
+      {416 + 39, 0, 2, 3},             // a working state of 3
+      {416 + 31, 0, 4, INT32_MIN},     // a losing streak the next loss would carry past a Long
+      {416 + 173, 8, 8, INT64_MAX},    // a bet's total wagered beyond 64 bits' reach
+      {416 + 173, 8, 8, kPastTotal},   // and just beyond a total's limit
+      {416 + 173, 16, 8, kPastMoney},  // a largest amount beyond the money limit
+      {416 + 455, 8, 8, -kPastTotal},  // a come bet's travel beyond a total's limit
+      {416 + 457, 32, 8, INT64_MIN},   // an auto-adjust amount of the lowest 64-bit value
+      {416 + 457, 40, 8, INT64_MAX},   // and of the highest
+      {416 + 1, 0, 4, 0x20202020},     // a player without a name
+      {416 + 41, 10, 1, 0},            // a NUL inside a CheckStack name
+      {18, 64, 8, 0},                  // a payoff "for" 0
+      {12, 0, 8, INT64_MIN},           // a payoff of the lowest 64-bit amount
   };
   for (auto [record, at, width, value] : patches) {
     std::string bytes = good;
