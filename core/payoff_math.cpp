@@ -316,7 +316,9 @@ Currency RoundVig(Currency figure, Currency amount, int rounding, Currency unit)
   }
   Currency vig = CurMulInt(unit, q);
   if (amount.raw > 0 && vig < unit) vig = unit;
-  return vig;
+  // A vig rate of many times the bet can figure a vig past the money limit,
+  // within which every amount of the game stays.
+  return HeldWithin(vig, kMoneyLimit);
 }
 
 // A bet of 0 has no vig: every step of either figure gives 0 for it (a

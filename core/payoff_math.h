@@ -175,8 +175,9 @@ void AdjustForProperOdds(Game& game, int player, int bet);
 // above 0 and ProperAsAsked false), without asking again.
 void AdjustWhereNeeded(Game& game, int player, int bet);
 
-// Rounds a raw vig figure to the smallest check by rule (VigRounding) and
-// applies the floor of one smallest check for a bet above 0.
+// Rounds a raw vig figure to the smallest check by rule (VigRounding),
+// applies the floor of one smallest check for a bet above 0, and holds it
+// within the money limit.
 Currency RoundVig(Currency figure, Currency amount, int rounding, Currency unit);
 // Vig of a Buy bet total (bets 37..42); 0 for any other bet or a rate of 0.
 Currency FigureBuyVig(const Game& game, int bet, Currency amount);

@@ -82,6 +82,10 @@ Currency SpecialMaximum(const Game& g, int p, int b) {
     m = g.rules.MaxFireBet;
   }
   if (m < Currency{}) m = Currency{};
+  // A table maximum near the money limit figures a lay's maximum (and, at
+  // odd payoffs, an odds or proposition maximum) beyond it; no bet goes
+  // past the limit, which every amount of the game and its file keep.
+  if (m > kMoneyLimit) m = kMoneyLimit;
   // The table maximum is a multiple of the unit already (most bets end here).
   return unit.raw > 0 && m != tableMax ? RoundDownToMultiple(m, unit) : m;
 }

@@ -74,8 +74,12 @@ constexpr std::ptrdiff_t FrameOffset(Frame t) {
 
 void TallyBetResult(Game& g, int p, int b, Currency amount, Currency net) {
   if (net.IsZero()) return;  // a push is no decision
-  if (IsLay(b) && g.rules.LayVigUpFront) amount += g.LayVig(p, b - bet::kLayFirst);
-  if (IsBuy(b) && g.rules.BuyVigUpFront) amount += g.BuyVig(p, b - bet::kBuyFirst);
+  // With its vig a bet near the money limit wagers past it: held there, as
+  // every amount of the statistics is.
+  if (IsLay(b) && g.rules.LayVigUpFront)
+    amount = HeldWithin(amount + g.LayVig(p, b - bet::kLayFirst), kMoneyLimit);
+  if (IsBuy(b) && g.rules.BuyVigUpFront)
+    amount = HeldWithin(amount + g.BuyVig(p, b - bet::kBuyFirst), kMoneyLimit);
   const Currency rollNumber = Currency::FromWhole(g.RollTally(kTableSession, kEventRolls));
   g.StatRowsThisHand[static_cast<std::size_t>(p)][b >> 6] |= std::uint64_t{1} << (b & 63);
   // The amount wagered goes to the action rows, the net won or lost to the

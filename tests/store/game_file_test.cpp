@@ -426,39 +426,58 @@ TEST_F(GameFile, ATotalPastItsLimitIsHeldAsTheGameIsSaved) {
   EXPECT_EQ(loaded->ComeTravelTotal(all, 0), kStatTotalLimit);
 }
 
-// Money a seat may hold past the money limit: bets at a table maximum of
-// that limit, which a seat allowed below zero adds past it, and two wins at
-// a million to one over a ten-thousandth, which pay twice the limit on one
-// roll and leave the bankroll held at it. The game saved after that roll
-// (which breaks the bank limit) opens with them.
-TEST_F(GameFile, AGameAtTheMoneyLimitOpensAgain) {
-  SeatPlayer(*game, 1, "Ann", 100_usd);
-  game->rules.BetRequirement = kNoBetRequired;
-  game->rules.MaxPlacardBet = kMoneyLimit;
-  game->betting.AllowNegBankroll(1) = true;
-  for (int number : {4, 5, 6, 8}) {
-    game->BetRequest = kMoneyLimit;
-    PlaceBet(*game, 1, PlaceId(number));
-  }
-  // Proper units may cut a Place bet a little below the limit.
-  ASSERT_GT(game->TotalBets(1), Currency::FromRaw(3 * kMoneyLimit.raw));
-  for (int b : {bet::kCraps, bet::kTwelve}) {
+// A table at the extremes: limits at the money limit, the propositions
+// paying a million to one over a few ten-thousandths, vig of many times the
+// bet, and
+// players allowed below zero who keep every bet at its maximum. Lays and
+// odds figure maxima past the limit, bets with their vig add past it, and
+// a roll of wins pays a bankroll many times over it; whatever the dice do,
+// each saved game opens again. A bankroll that breaks the bank limit stops
+// the game, so it starts over at $100 and the play goes on.
+TEST_F(GameFile, AGameAtTheExtremesAlwaysOpensAgain) {
+  TableSettings& t = game->rules;
+  t.BetRequirement = kNoBetRequired;
+  t.MaxPlacardBet = t.MaxOddsBet = t.MaxPropBetPayoff = t.MaxFireBet = kMoneyLimit;
+  t.LayVigRate = 1000_usd;
+  t.BuyVigRate = 500_usd;
+  t.LayVigUpFront = t.BuyVigUpFront = true;
+  for (int b = bet::kHard4; b <= bet::kHopLast; ++b) {
+    if (game->PayoffTbl(1, b).IsZero()) continue;
     game->PayoffTbl(1, b) = 1'000'000_usd;
-    game->PayoffTbl(3, b) = Currency::FromRaw(1);
-    game->Bet(1, b) = 1'000'000_usd;
-    game->TotalBets(1) += 1'000'000_usd;
+    game->PayoffTbl(3, b) = Currency::FromRaw(1 + b % 3);
   }
-  MarkSeatRowsChanged(*game);
-  ASSERT_TRUE(QueueDice(*game, 6, 6));
-  RollDice(*game);
-  EXPECT_EQ(game->Bet(1, bet::kBankroll), kMoneyLimit) << LastMessage();
-  EXPECT_EQ(game->BankrollHigh(1), kMoneyLimit);
-  ASSERT_TRUE(SaveGame(*game, Path("rich.rvg"))) << LastMessage();
-  HeadlessPlatform other;
-  auto loaded = NewGame(other);
-  ASSERT_TRUE(OpenGame(*loaded, Path("rich.rvg"))) << other.messages.back().text;
-  EXPECT_EQ(loaded->Bet(1, bet::kBankroll), kMoneyLimit);
-  EXPECT_EQ(loaded->TotalBets(1), game->TotalBets(1));
+  constexpr int kPlayers = 3;
+  for (int p = 1; p <= kPlayers; ++p) {
+    SeatPlayer(*game, p, std::string(1, static_cast<char>('A' + p)), 100_usd);
+    game->betting.AllowNegBankroll(p) = true;
+    game->autoplay.HandleWinningBets(p) = p;  // take down, same bet, press a unit
+    game->autoplay.HandleLosingBets(p) = kLoseSameBet;
+    game->autoplay.AutoTakeFullOdds(p) = game->autoplay.AutoLayFullOdds(p) = true;
+  }
+  std::mt19937 rng(5);
+  auto die = [&rng] { return static_cast<int>(rng() % 6) + 1; };
+  for (int roll = 1; roll <= 300; ++roll) {
+    for (int p = 1; p <= kPlayers; ++p)
+      for (int b = 1; b <= kLastRealBet; ++b) {
+        if (!game->Bet(p, b).IsZero()) continue;
+        game->BetRequest = kMoneyLimit;
+        PlaceBet(*game, p, b);
+      }
+    MarkSeatRowsChanged(*game);
+    ASSERT_TRUE(QueueDice(*game, die(), die()));
+    RollDice(*game);
+    game->roll.QueuedCount = 0;  // a roll refused at the bank limit leaves its dice
+    for (int p = 1; p <= kPlayers; ++p) {
+      ASSERT_LE(game->Bet(p, bet::kBankroll), kMoneyLimit) << roll;
+      if (BankrollBeyondLimit(*game, p)) game->Bet(p, bet::kBankroll) = 100_usd;
+    }
+    if (roll % 10 != 0) continue;
+    ASSERT_TRUE(SaveGame(*game, Path("extremes.rvg"))) << LastMessage();
+    HeadlessPlatform other;
+    auto loaded = NewGame(other);
+    ASSERT_TRUE(OpenGame(*loaded, Path("extremes.rvg"))) << roll;
+    for (int p = 1; p <= kPlayers; ++p) EXPECT_EQ(loaded->TotalBets(p), game->TotalBets(p));
+  }
 }
 
 TEST_F(GameFile, LengthFollowsPlayersAndCheckImages) {
