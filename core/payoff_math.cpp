@@ -300,6 +300,13 @@ void AdjustWhereNeeded(Game& game, int player, int bet) {
   in.bias = ProperOddsBias(game, player, bet);
   for (int i = 1; i <= 5; ++i) in.checks[i] = game.CheckValue(i);
   s.BetChange = AdjustProperOdds(in, game.HyperDrive ? nullptr : &s.LimitText);
+  // A proper unit above a maximum near the money limit, taken when the one
+  // below falls short of the minimum, would carry the bet past that limit:
+  // it stops at the limit's last smallest check instead.
+  if (current + s.BetChange > kMoneyLimit) [[unlikely]] {
+    const Currency check = game.CheckValue(1);
+    s.BetChange = (check.raw > 0 ? RoundDownToMultiple(kMoneyLimit, check) : kMoneyLimit) - current;
+  }
 }
 
 Currency RoundVig(Currency figure, Currency amount, int rounding, Currency unit) {

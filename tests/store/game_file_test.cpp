@@ -426,57 +426,83 @@ TEST_F(GameFile, ATotalPastItsLimitIsHeldAsTheGameIsSaved) {
   EXPECT_EQ(loaded->ComeTravelTotal(all, 0), kStatTotalLimit);
 }
 
-// A table at the extremes: limits at the money limit, the propositions
-// paying a million to one over a few ten-thousandths, vig of many times the
-// bet, and
-// players allowed below zero who keep every bet at its maximum. Lays and
-// odds figure maxima past the limit, bets with their vig add past it, and
-// a roll of wins pays a bankroll many times over it; whatever the dice do,
-// each saved game opens again. A bankroll that breaks the bank limit stops
+// Tables drawn at random up to the extremes: limits up to the money limit,
+// payoffs up to a million to one over a ten-thousandth and the other way,
+// vig rates of many times the bet, checks of odd sizes, every odds method
+// and adjustment, and players allowed below zero who bet up to the limit.
+// Maxima, vig, proper units and wins would carry amounts past the money
+// limit; whatever the dice do, no bankroll passes it and the game saved
+// after the rolls opens again. A bankroll that breaks the bank limit stops
 // the game, so it starts over at $100 and the play goes on.
-TEST_F(GameFile, AGameAtTheExtremesAlwaysOpensAgain) {
-  TableSettings& t = game->rules;
-  t.BetRequirement = kNoBetRequired;
-  t.MaxPlacardBet = t.MaxOddsBet = t.MaxPropBetPayoff = t.MaxFireBet = kMoneyLimit;
-  t.LayVigRate = 1000_usd;
-  t.BuyVigRate = 500_usd;
-  t.LayVigUpFront = t.BuyVigUpFront = true;
-  for (int b = bet::kHard4; b <= bet::kHopLast; ++b) {
-    if (game->PayoffTbl(1, b).IsZero()) continue;
-    game->PayoffTbl(1, b) = 1'000'000_usd;
-    game->PayoffTbl(3, b) = Currency::FromRaw(1 + b % 3);
-  }
-  constexpr int kPlayers = 3;
-  for (int p = 1; p <= kPlayers; ++p) {
-    SeatPlayer(*game, p, std::string(1, static_cast<char>('A' + p)), 100_usd);
-    game->betting.AllowNegBankroll(p) = true;
-    game->autoplay.HandleWinningBets(p) = p;  // take down, same bet, press a unit
-    game->autoplay.HandleLosingBets(p) = kLoseSameBet;
-    game->autoplay.AutoTakeFullOdds(p) = game->autoplay.AutoLayFullOdds(p) = true;
-  }
-  std::mt19937 rng(5);
-  auto die = [&rng] { return static_cast<int>(rng() % 6) + 1; };
-  for (int roll = 1; roll <= 300; ++roll) {
-    for (int p = 1; p <= kPlayers; ++p)
-      for (int b = 1; b <= kLastRealBet; ++b) {
-        if (!game->Bet(p, b).IsZero()) continue;
-        game->BetRequest = kMoneyLimit;
-        PlaceBet(*game, p, b);
-      }
-    MarkSeatRowsChanged(*game);
-    ASSERT_TRUE(QueueDice(*game, die(), die()));
-    RollDice(*game);
-    game->roll.QueuedCount = 0;  // a roll refused at the bank limit leaves its dice
-    for (int p = 1; p <= kPlayers; ++p) {
-      ASSERT_LE(game->Bet(p, bet::kBankroll), kMoneyLimit) << roll;
-      if (BankrollBeyondLimit(*game, p)) game->Bet(p, bet::kBankroll) = 100_usd;
+TEST_F(GameFile, TablesAtTheExtremesSaveToFilesThatOpen) {
+  std::mt19937_64 rng(11);
+  auto pick = [&rng](std::int64_t lo, std::int64_t hi) {
+    return lo + static_cast<std::int64_t>(rng() % static_cast<std::uint64_t>(hi - lo + 1));
+  };
+  auto amount = [&pick] {  // from a ten-thousandth to the money limit, spread over the digits
+    std::int64_t top = 1;
+    for (auto digits = pick(2, 15); digits > 0; --digits) top *= 10;
+    return Currency::FromRaw(pick(1, top));
+  };
+  auto limitOrAmount = [&] { return pick(1, 3) == 1 ? kMoneyLimit : amount(); };
+  constexpr std::int64_t kMillion = Currency::FromWhole(1'000'000).raw;
+  for (int round = 0; round < 150; ++round) {
+    SCOPED_TRACE(round);
+    HeadlessPlatform table;
+    auto g = NewGame(table);
+    TableSettings& t = g->rules;
+    t.BetRequirement = kNoBetRequired;
+    std::int64_t check = pick(1, 4) == 1 ? pick(1, 10000) : Currency::kScale * pick(1, 5);
+    for (int i = 1; i <= 5; ++i, check *= pick(1, 5)) g->CheckValue(i) = Currency::FromRaw(check);
+    t.MinPlacardBet = g->CheckValue(1);
+    t.MaxPlacardBet = std::max(t.MinPlacardBet, limitOrAmount());
+    t.MaxOddsBet = limitOrAmount();
+    t.MaxPropBetPayoff = limitOrAmount();
+    t.MaxFireBet = amount();
+    t.OddsCalcMethod = pick(0, kOddsMethodCount - 1);
+    for (Currency* odds : {&t.OddsAllowed410, &t.OddsAllowed59, &t.OddsAllowed68})
+      *odds = Currency::FromWhole(pick(0, 1000));
+    for (Currency* rate : {&t.LayVigRate, &t.BuyVigRate})
+      *rate = Currency::FromRaw(pick(0, 3) == 0 ? pick(0, 100'000'000) : pick(0, 1000));
+    t.LayVigUpFront = pick(0, 1);
+    t.BuyVigUpFront = pick(0, 1);
+    t.LayVigRound = pick(0, 2);
+    t.BuyVigRound = pick(0, 2);
+    t.AllowPutBets = pick(0, 1);
+    t.UseBig68 = t.UseMidwayBet = t.UseFireBet = true;
+    for (int b = 1; b <= kLastRealBet; ++b) {
+      if (pick(0, 3) != 0 || g->PayoffTbl(1, b).IsZero()) continue;
+      g->PayoffTbl(1, b) = Currency::FromRaw(pick(1, kMillion));
+      g->PayoffTbl(3, b) = Currency::FromRaw(pick(1, kMillion));
     }
-    if (roll % 10 != 0) continue;
-    ASSERT_TRUE(SaveGame(*game, Path("extremes.rvg"))) << LastMessage();
+    const int players = static_cast<int>(pick(1, 8));
+    for (int p = 1; p <= players; ++p) {
+      SeatPlayer(*g, p, std::string(1, static_cast<char>('A' + p)), amount());
+      g->betting.AllowNegBankroll(p) = pick(0, 1);
+      g->autoplay.HandleWinningBets(p) = pick(1, 7);
+      g->autoplay.HandleLosingBets(p) = pick(1, 7);
+      g->autoplay.AutoTakeFullOdds(p) = pick(0, 1);
+      g->autoplay.AutoLayFullOdds(p) = pick(0, 1);
+      g->autoplay.AutoAdjustMode(p) = pick(0, 2);
+    }
+    for (int roll = 0; roll < 100; ++roll) {
+      for (int k = 0; k < 10; ++k) {
+        g->BetRequest = pick(0, 2) == 0 ? kMoneyLimit : amount();
+        PlaceBet(*g, static_cast<int>(pick(1, players)), static_cast<int>(pick(1, kLastRealBet)));
+      }
+      MarkSeatRowsChanged(*g);
+      ASSERT_TRUE(QueueDice(*g, static_cast<int>(pick(1, 6)), static_cast<int>(pick(1, 6))));
+      RollDice(*g);
+      g->roll.QueuedCount = 0;  // a roll refused at the bank limit leaves its dice
+      for (int p = 1; p <= players; ++p) {
+        ASSERT_LE(g->Bet(p, bet::kBankroll), kMoneyLimit);
+        if (BankrollBeyondLimit(*g, p)) g->Bet(p, bet::kBankroll) = 100_usd;
+      }
+    }
+    ASSERT_TRUE(SaveGame(*g, Path("extremes.rvg")));
     HeadlessPlatform other;
     auto loaded = NewGame(other);
-    ASSERT_TRUE(OpenGame(*loaded, Path("extremes.rvg"))) << roll;
-    for (int p = 1; p <= kPlayers; ++p) EXPECT_EQ(loaded->TotalBets(p), game->TotalBets(p));
+    EXPECT_TRUE(OpenGame(*loaded, Path("extremes.rvg")));
   }
 }
 
