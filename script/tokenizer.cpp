@@ -1,13 +1,19 @@
 #include "script/tokenizer.h"
 
 #include <cctype>
+#include <charconv>
 #include <cstring>
+#include <optional>
 
 #include "core/game.h"
 #include "script/compile_common.h"
 #include "script/vocabulary.h"
 
 namespace {
+
+// Room for any finite double in plain digits: 309 before the point and the
+// shortest fraction that reads back as the same number.
+constexpr std::size_t kPlainNumberChars = 1100;
 std::string Padded(std::string_view text) {
   std::string out;
   out.reserve(text.size() + 2);
@@ -410,6 +416,34 @@ void PushMark(std::vector<ScriptElement>& s, int line, int col) {
   s.push_back({kMark + line, static_cast<double>(col < 0 ? 0 : col)});
 }
 
+// The format of a double writes a number of 15 digits or more, or a small
+// fraction, with an exponent ("1e+20"), whose sign the vocabulary would take
+// for an operator. The compile's copy of the line spells such numbers out in
+// plain digits, so that they read as the numbers they are; the line the
+// editor shows keeps its exponents.
+void SpellOutExponents(std::string& work) {
+  std::string out;
+  out.reserve(work.size());
+  std::size_t i = 0;
+  while (i < work.size()) {
+    const std::size_t end = std::min(work.find(' ', i), work.size());
+    const std::string_view word(work.data() + i, end - i);
+    const auto value =
+        word.find_first_of("eE") == std::string_view::npos ? std::nullopt : ParseNumberWord(word);
+    if (value) {
+      char digits[kPlainNumberChars];
+      const auto written =
+          std::to_chars(digits, digits + sizeof digits, *value, std::chars_format::fixed);
+      out.append(digits, written.ptr);
+    } else {
+      out.append(word);
+    }
+    if (end < work.size()) out += ' ';
+    i = end + 1;
+  }
+  work = std::move(out);
+}
+
 }  // namespace
 
 void TidyScriptLine(std::string& line) { line = JoinLine(FormatNumbers(SpreadLine(line))); }
@@ -467,6 +501,7 @@ std::optional<CompileError> TokenizeScript(Game& game, int p, const std::vector<
     std::string shadow = ShadowOf(lines[curLine]);
     work = Padded(work);
     SqueezeBlanks(work);
+    SpellOutExponents(work);
     ApplyVocabulary(work, shadow, playerRows);
     CutWords(work, " the ");
     CutWords(work, " a ");

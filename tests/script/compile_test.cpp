@@ -82,6 +82,9 @@ TEST_F(TokenizerTest, LongerPhrasesWinOverTheirParts) {
       {"csn1 = cs99 & csn0", "Var:801 Eq:0 Var:199 Concat:0 Var:800"},
       {"playback dice roll file \"a.rol\" from roll 5", "Action:310 Str:1 Str:-15 Num:5"},
       {"cs1 = date$ & time$", "Var:101 Eq:0 Str:-1 Concat:0 Str:-2"},
+      // A number in exponent form is one number, its sign no operator.
+      {"cs1 = 1e+15 - 2.5E-7 * 1e3",
+       "Var:101 Eq:0 Num:1000000000000000 Sub:0 Num:0~ Mul:0 Num:1000"},
   };
   for (const auto& [text, tokens] : cases) EXPECT_EQ(Tokens(text), tokens) << text;
 }
