@@ -11,7 +11,8 @@ void AddTableOptions(CLI::App& cmd, TableOptions& o, bool withSeed) {
       "--rng", [&o](const int& n) { o.rng = n; }, "Random number generator 1..8 (default 1)");
   if (withSeed)
     cmd.add_option_function<double>(
-        "--seed", [&o](const double& s) { o.seed = s; }, "Seed the generator with S");
+        "--seed", [&o](const double& s) { o.seed = s; },
+        "Seed the generator with S, 1 or more (default: from the clock)");
   cmd.add_option_function<std::string>(
       "--require", [&o](const std::string& r) { o.require = r; },
       "Bet required to shoot: none, line or any");
@@ -44,6 +45,12 @@ bool ApplyTableOptions(Game& game, const TableOptions& o, bool loaded, std::stri
   }
   game.dice.RngIndex = rng - 1;
   if (!UseProbabilityFileOption(game, o.prb, error)) return false;
+  // The generators take a seed below 1 (or no number) as a call for the
+  // clock's; a seed given on the command line is meant to repeat a run.
+  if (o.seed && !(*o.seed >= 1)) {
+    error = "--seed must be 1 or more (without --seed the clock seeds the generator)";
+    return false;
+  }
   if (o.seed && !SeedRngWith(game, *o.seed)) {
     error = "--seed is out of range for RNG #" + std::to_string(rng);
     return false;

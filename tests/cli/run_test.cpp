@@ -144,8 +144,9 @@ TEST_F(CliTest, BadUsageExitsWithOne) {
   std::string nine = "run --rolls 10";
   for (char c = 'a'; c <= 'i'; ++c) nine += std::string(" --player P") + c;
   for (const std::string& args :
-       {std::string("run --rng 9"), std::string("run --rolls -1"), std::string("run --require some"),
-        std::string("run --seed 5000000000"), std::string("run --rolls x"),
+       {std::string("run --rng 9"), std::string("run --rolls -1"),
+        std::string("run --require some"), std::string("run --seed 5000000000"),
+        std::string("run --seed 0"), std::string("run --seed nan"), std::string("run --rolls x"),
         std::string("run --nope"), std::string("nosuchcommand"), nine})
     EXPECT_EQ(Cli(args).exitCode, 1) << args;
   const std::string ok = Write("ok.bet", "cs1 = 1");
