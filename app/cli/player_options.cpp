@@ -190,6 +190,12 @@ bool PlaceAll(Game& game, const std::vector<std::string>& args, std::string& err
       error = "--bet " + arg + ": the amount is not a number";
       return false;
     }
+    // Nothing stands on the table before the first roll, so a request of 0
+    // or less (or of less than a ten-thousandth) would place nothing.
+    if (*amount <= Currency{}) {
+      error = "--bet " + arg + ": the amount must be $0.0001 or more";
+      return false;
+    }
     game.msg.MsgText.clear();
     game.BetRequest = *amount;
     PlaceBet(game, p, b);

@@ -153,11 +153,12 @@ TEST_F(CliTest, BadUsageExitsWithOne) {
   for (const std::string& players : std::vector<std::string>{
            "--player Ann --player ANN", "--player Ann=lots", "--player Ann=10000000",
            "--player Ann --bet Bob:field=5", "--player Ann --bet Ann:nowhere=5",
+           "--player Ann --bet Ann:field=-5", "--player Ann --bet Ann:field=0.00001",
            "--player Ann --win-rule Ann:8", "--player 'Bet Smith'",
            "--player Ann --script Bob=" + ok, "--player Ann --script Ann=" + (dir / "no.bet"),
            "--player Ann --script Ann", "--player Ann --dice 34,70", "--player Ann --dice 34,",
-           "--player Ann --allow Ann:everything",
-           "--player Ann --allow Bob:files", "--player Ann --data " + ok + "/below-a-file"})
+           "--player Ann --allow Ann:everything", "--player Ann --allow Bob:files",
+           "--player Ann --data " + ok + "/below-a-file"})
     EXPECT_EQ(Cli("run --rolls 10 " + players).exitCode, 1) << players;
   EXPECT_EQ(Cli("run --rolls 10 --player Ann --take-odds Ann").exitCode, 0);
 }
