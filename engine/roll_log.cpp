@@ -71,7 +71,7 @@ void LogBankrollChanges(Game& g, const Table2<Currency, 0, 8, 0, 200>& before,
                         const BankrollWords& w) {
   Section s{g, "    Bankroll:"};
   for (int p = 1; p <= 8; ++p) {
-    const Currency now = g.Bet(p, bet::kBankroll), was = before(p, 0);
+    const Currency now = g.Bet(p, bet::kBankroll), was = before(p, bet::kBankroll);
     if (now == was) continue;
     std::string& l = s.Begin(p);
     l += now > was ? w.increased : w.decreased;
