@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <system_error>
@@ -16,48 +17,17 @@
 
 namespace {
 
-constexpr std::size_t kBlock = 64 * 1024;
 constexpr std::int64_t kRecord = 4;
 // Lines visited per chunk by Find, and the largest span of the log read at once.
 constexpr std::int64_t kFindChunk = 4096;
 constexpr std::int64_t kFindSpan = 4 << 20;
 
-// Reads lines forward from a position in blocks of kBlock bytes.
-class LineReader {
- public:
-  LineReader(const FileHandle& f, std::int64_t offset) : f_(f), offset_(offset), block_(kBlock) {}
-  // The next line without its CR LF, cut at kEventsLogShownLine; false at the end.
-  bool Next(std::string& line) {
-    line.clear();
-    bool any = false;
-    for (;;) {
-      if (at_ == size_) {
-        const std::int64_t got = ReadAt(f_, offset_, block_.data(), block_.size());
-        if (got <= 0) return any;
-        offset_ += got;
-        size_ = static_cast<std::size_t>(got);
-        at_ = 0;
-      }
-      any = true;
-      const char c = block_[at_++];
-      if (c == '\n') break;
-      if (line.size() < kEventsLogShownLine + 1) line.push_back(c);
-    }
-    Finish(line);
-    return true;
-  }
-  // A line ends in CR LF; the CR is not part of the text.
-  static void Finish(std::string& line) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (line.size() > kEventsLogShownLine) line.resize(kEventsLogShownLine);
-  }
-
- private:
-  const FileHandle& f_;
-  std::int64_t offset_;
-  std::vector<char> block_;
-  std::size_t at_ = 0, size_ = 0;
-};
+// A line as shown: without its CR (a line ends in CR LF), cut at
+// kEventsLogShownLine.
+void CutShownLine(std::string& line) {
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  if (line.size() > kEventsLogShownLine) line.resize(kEventsLogShownLine);
+}
 
 // True when the 1-based position `at` is where a line of the log starts:
 // its first byte, or a byte just after a line's end.
@@ -94,13 +64,18 @@ bool VisitLines(const FileHandle& log, const FileHandle& index, std::int64_t lin
   }
   // Every record on a line's start: the first at the log's start or after a
   // line end, and each line at least a byte long and closed by a line end
-  // just before the next record (the log's last line may have none).
+  // just before the next record (the log's last line may have none), with
+  // no line end before that: a record over two lines means the index skips
+  // a line, and every later record then shows the line after its own.
   if (!AtLineStart(log, from, logLength)) return false;
   for (std::int64_t n = a; n <= b; ++n) {
     const std::int64_t s = start(n), e = start(n + 1);
     if (s < from || e <= s || e > to) return false;
-    if (whole && e <= logLength && span[static_cast<std::size_t>(e - from - 1)] != '\n')
-      return false;
+    if (!whole) continue;
+    const char* line = span.data() + (s - from);
+    const std::size_t body = static_cast<std::size_t>(e - s - 1);
+    if (e <= logLength && line[body] != '\n') return false;
+    if (std::memchr(line, '\n', body) != nullptr) return false;
   }
   std::string line;
   for (std::int64_t k = 0; k <= b - a; ++k) {
@@ -116,7 +91,7 @@ bool VisitLines(const FileHandle& log, const FileHandle& index, std::int64_t lin
           std::max<std::int64_t>(ReadAt(log, s - 1, line.data(), len), 0)));
     }
     if (!line.empty() && line.back() == '\n') line.pop_back();
-    LineReader::Finish(line);
+    CutShownLine(line);
     if (visit(n, line)) return true;
   }
   return true;
@@ -125,6 +100,10 @@ bool VisitLines(const FileHandle& log, const FileHandle& index, std::int64_t lin
 // The log and its index for a pass over many lines: VisitLines through
 // the index, which is built afresh once when a chunk shows it does not fit
 // the log (its few checked records can look right while others are wrong).
+// The new index may have another number of lines. The chunks a pass has
+// visited from the first line on were checked record by record, so they
+// are the log's first lines under either index and a forward pass from the
+// first line goes on; any other pass starts again over Lines().
 class IndexedLog {
  public:
   IndexedLog(Game& g, std::int64_t lines)
@@ -134,8 +113,11 @@ class IndexedLog {
         lines_(lines),
         logLength_(FileLength(g.roll.EventsLogPath)) {}
 
-  // Lines a..b as VisitLines visits them; false with `error` set when they
-  // cannot be read.
+  // The lines of the index in use.
+  std::int64_t Lines() const { return lines_; }
+
+  // Lines a..b as VisitLines visits them, b held to Lines() after an index
+  // built afresh; false with `error` set when they cannot be read.
   template <class Visitor>
   bool Visit(std::int64_t a, std::int64_t b, int direction, Visitor&& visit, std::string& error) {
     if (!log_.IsOpen() || !index_.IsOpen()) {
@@ -143,12 +125,13 @@ class IndexedLog {
       return false;
     }
     if (VisitLines(log_, index_, lines_, logLength_, a, b, direction, visit)) return true;
-    // A rebuilt index of another length would renumber the lines of the pass.
     if (!rebuilt_ && BuildEventsLogRef(g_.roll.EventsLogPath, g_.eventsLog.IndexPath, error)) {
       rebuilt_ = true;
       index_ = OpenForReading(g_.eventsLog.IndexPath);
-      if (index_.IsOpen() && FileLength(g_.eventsLog.IndexPath) == lines_ * kRecord &&
-          VisitLines(log_, index_, lines_, logLength_, a, b, direction, visit))
+      lines_ = std::max<std::int64_t>(FileLength(g_.eventsLog.IndexPath), 0) / kRecord;
+      if (index_.IsOpen() && a > lines_) return true;  // the lines asked for are gone
+      if (index_.IsOpen() &&
+          VisitLines(log_, index_, lines_, logLength_, a, std::min(b, lines_), direction, visit))
         return true;
     }
     if (error.empty()) error = "The index of " + g_.roll.EventsLogPath + " does not fit the log.";
@@ -178,42 +161,30 @@ EventsLogPage ReadEventLines(Game& g, std::int64_t first, int count) {
   EventsLogPage page;
   page.lineCount = PrepareEventsLogIndex(g, page.error);
   if (page.lineCount == 0 || count <= 0) return page;
-  first = std::clamp<std::int64_t>(first, 1, page.lineCount);
-  page.first = first;
   const std::string& logPath = g.roll.EventsLogPath;
-  FileHandle log = OpenForReading(logPath);
-  const std::int64_t logLength = FileLength(logPath);
-  // The record of line `first`: 0 when it cannot be read, -1 when it is
-  // not where a line of the log starts.
-  auto startOf = [&]() -> std::int64_t {
-    FileHandle index = OpenForReading(g.eventsLog.IndexPath);
-    unsigned char record[kRecord];
-    if (!log.IsOpen() || !index.IsOpen() ||
-        ReadAt(index, (first - 1) * kRecord, record, kRecord) != kRecord)
-      return 0;
-    const std::int64_t at = GetLong32(record);
-    return AtLineStart(log, at, logLength) ? at : -1;
-  };
-  std::int64_t at = startOf();
-  // The index passed a check of a few of its records; the one a page starts
-  // from is checked too, and an index it shows wrong is built afresh.
-  if (at < 0 && BuildEventsLogRef(logPath, g.eventsLog.IndexPath, page.error)) {
-    page.lineCount = std::max<std::int64_t>(FileLength(g.eventsLog.IndexPath), 0) / kRecord;
+  const std::string& indexPath = g.eventsLog.IndexPath;
+  // The index passed a check of a few of its records; every record of the
+  // page is checked as it is read, and an index a record shows wrong is
+  // built afresh once. The page then counts the lines of the new index.
+  for (bool rebuilt = false;; rebuilt = true) {
+    page.first = std::clamp<std::int64_t>(first, 1, page.lineCount);
+    const std::int64_t last = std::min<std::int64_t>(page.first + count - 1, page.lineCount);
+    const FileHandle log = OpenForReading(logPath), index = OpenForReading(indexPath);
+    if (!log.IsOpen() || !index.IsOpen()) {
+      page.error = "Cannot read " + logPath + ": " + SystemErrorText();
+      return page;
+    }
+    auto keep = [&page](std::int64_t, const std::string& line) {
+      page.lines.push_back(line);
+      return false;
+    };
+    if (VisitLines(log, index, page.lineCount, FileLength(logPath), page.first, last, 1, keep))
+      return page;
+    if (rebuilt || !BuildEventsLogRef(logPath, indexPath, page.error)) break;
+    page.lineCount = std::max<std::int64_t>(FileLength(indexPath), 0) / kRecord;
     if (page.lineCount == 0) return page;
-    page.first = first = std::min(first, page.lineCount);
-    at = startOf();
   }
-  if (at <= 0) {
-    if (page.error.empty())
-      page.error = at == 0 ? "Cannot read " + logPath + ": " + SystemErrorText()
-                           : "The index of " + logPath + " does not fit the log.";
-    return page;
-  }
-  const std::int64_t wanted = std::min<std::int64_t>(count, page.lineCount - first + 1);
-  LineReader reader(log, at - 1);
-  std::string line;
-  while (static_cast<std::int64_t>(page.lines.size()) < wanted && reader.Next(line))
-    page.lines.push_back(line);
+  if (page.error.empty()) page.error = "The index of " + logPath + " does not fit the log.";
   return page;
 }
 
@@ -227,8 +198,10 @@ void ForEachEventLine(Game& g, const std::function<void(std::string&)>& visit, s
     visit(text);
     return false;
   };
-  for (std::int64_t a = 1; a <= lines; a += kFindChunk)
-    if (!log.Visit(a, std::min(a + kFindChunk - 1, lines), 1, each, error)) return;
+  for (std::int64_t a = 1, b = 0; a <= log.Lines(); a = b + 1) {
+    b = std::min(a + kFindChunk - 1, log.Lines());
+    if (!log.Visit(a, b, 1, each, error)) return;
+  }
 }
 
 EventsLogPage PaintEventsLog(Game& g, int rows) {
@@ -308,7 +281,6 @@ bool FindInEventsLog(Game& g, int direction) {
   std::int64_t hit = 0;
   if (lines > 0 && !wanted.empty()) {
     IndexedLog log(g, lines);
-    const std::int64_t top = std::clamp<std::int64_t>(g.eventsLog.LogTopLine, 1, lines);
     std::string lower;
     auto visit = [&](std::int64_t n, const std::string& line) {
       lower = LowerCase(line);
@@ -317,18 +289,27 @@ bool FindInEventsLog(Game& g, int direction) {
       return true;
     };
     // Once round: the lines after the top one in the direction, wrapping,
-    // and the top line itself last.
-    std::int64_t n = top;
-    for (std::int64_t left = lines; left > 0 && hit == 0;) {
-      n += direction;
-      if (n > lines) n = 1;
-      if (n < 1) n = lines;
-      const std::int64_t room = direction > 0 ? lines - n + 1 : n;
-      const std::int64_t take = std::min({kFindChunk, left, room});
-      const std::int64_t a = direction > 0 ? n : n - take + 1, b = a + take - 1;
-      if (!log.Visit(a, b, direction, visit, error)) break;
-      n = direction > 0 ? b : a;
-      left -= take;
+    // and the top line itself last. An index built afresh with another
+    // number of lines renumbers them, and the search starts again.
+    auto search = [&](std::int64_t count) {
+      std::int64_t n = std::clamp<std::int64_t>(g.eventsLog.LogTopLine, 1, count);
+      for (std::int64_t left = count; left > 0 && hit == 0;) {
+        n += direction;
+        if (n > count) n = 1;
+        if (n < 1) n = count;
+        const std::int64_t room = direction > 0 ? count - n + 1 : n;
+        const std::int64_t take = std::min({kFindChunk, left, room});
+        const std::int64_t a = direction > 0 ? n : n - take + 1, b = a + take - 1;
+        if (!log.Visit(a, b, direction, visit, error)) return;
+        if (log.Lines() != count) return;
+        n = direction > 0 ? b : a;
+        left -= take;
+      }
+    };
+    search(lines);
+    if (error.empty() && log.Lines() != lines && log.Lines() > 0) {
+      hit = 0;
+      search(log.Lines());
     }
   }
   if (hit > 0) {

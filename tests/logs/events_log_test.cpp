@@ -210,6 +210,43 @@ TEST_F(EventsLog, AWrongRecordInsideASoundLookingIndexIsRebuiltWhenReadingMeetsI
   EXPECT_EQ(g.eventsLog.LogTopLine, 4);
 }
 
+// An index that skips a whole line has every record on a line start, so
+// only the record over two lines shows it: a page, the printout's pass and
+// Find each build the index afresh on meeting it, and show the skipped line.
+TEST_F(EventsLog, AnIndexSkippingAWholeLineIsRebuiltByAPageOrAPassOverIt) {
+  const std::string good = "one\r\ntwo\r\nthree\r\nfour\r\nfive\r\nsix\r\n";
+  WriteWholeFile(LogPath(), good);
+  const std::string whole = ModelIndex(good);
+  auto skipTwo = [&] {
+    WriteWholeFile(IndexPath(), whole.substr(0, 4) + whole.substr(8));
+    ASSERT_TRUE(CopyModificationTime(LogPath(), IndexPath()));
+    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
+  };
+  skipTwo();
+  const EventsLogPage page = ReadEventLines(g, 1, 3);
+  EXPECT_TRUE(page.error.empty()) << page.error;
+  EXPECT_EQ(page.lineCount, 6);
+  EXPECT_EQ(page.lines, (std::vector<std::string>{"one", "two", "three"}));
+  EXPECT_EQ(Index(), whole);
+
+  skipTwo();
+  std::vector<std::string> printed;
+  std::string error;
+  ForEachEventLine(
+      g, [&](std::string& line) { printed.push_back(line); }, error);
+  EXPECT_TRUE(error.empty()) << error;
+  EXPECT_EQ(printed, ModelLines(good));
+  EXPECT_EQ(Index(), whole);
+
+  // Find meets the record over two lines last, from the top line, and
+  // searches again by the new index.
+  skipTwo();
+  g.eventsLog.FindText = "two";
+  g.eventsLog.LogTopLine = 1;
+  EXPECT_TRUE(FindInEventsLog(g, +1));
+  EXPECT_EQ(g.eventsLog.LogTopLine, 2);
+}
+
 TEST_F(EventsLog, TheWriterRebuildsAnIndexThatCannotBelongBeforeAppending) {
   WriteWholeFile(LogPath(), "kept\r\nfrom before\r\n");
   RemoveFileIfPresent(IndexPath());
