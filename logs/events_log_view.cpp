@@ -161,31 +161,24 @@ EventsLogPage ReadEventLines(Game& g, std::int64_t first, int count) {
   EventsLogPage page;
   page.lineCount = PrepareEventsLogIndex(g, page.error);
   if (page.lineCount == 0 || count <= 0) return page;
-  const std::string& logPath = g.roll.EventsLogPath;
-  const std::string& indexPath = g.eventsLog.IndexPath;
   // The index passed a check of a few of its records; every record of the
-  // page is checked as it is read, and an index a record shows wrong is
-  // built afresh once. The page then counts the lines of the new index.
-  for (bool rebuilt = false;; rebuilt = true) {
+  // page is checked as it is read. An index built afresh on the way may
+  // have another number of lines, and the page is then read again by it.
+  IndexedLog log(g, page.lineCount);
+  auto keep = [&page](std::int64_t, const std::string& line) {
+    page.lines.push_back(line);
+    return false;
+  };
+  for (;;) {
     page.first = std::clamp<std::int64_t>(first, 1, page.lineCount);
     const std::int64_t last = std::min<std::int64_t>(page.first + count - 1, page.lineCount);
-    const FileHandle log = OpenForReading(logPath), index = OpenForReading(indexPath);
-    if (!log.IsOpen() || !index.IsOpen()) {
-      page.error = "Cannot read " + logPath + ": " + SystemErrorText();
-      return page;
-    }
-    auto keep = [&page](std::int64_t, const std::string& line) {
-      page.lines.push_back(line);
-      return false;
-    };
-    if (VisitLines(log, index, page.lineCount, FileLength(logPath), page.first, last, 1, keep))
-      return page;
-    if (rebuilt || !BuildEventsLogRef(logPath, indexPath, page.error)) break;
-    page.lineCount = std::max<std::int64_t>(FileLength(indexPath), 0) / kRecord;
+    page.lines.clear();
+    // A failed visit has visited nothing.
+    if (!log.Visit(page.first, last, 1, keep, page.error)) return page;
+    if (log.Lines() == page.lineCount) return page;
+    page.lineCount = log.Lines();
     if (page.lineCount == 0) return page;
   }
-  if (page.error.empty()) page.error = "The index of " + logPath + " does not fit the log.";
-  return page;
 }
 
 void ForEachEventLine(Game& g, const std::function<void(std::string&)>& visit, std::string& error) {
