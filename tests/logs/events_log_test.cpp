@@ -80,6 +80,22 @@ class EventsLog : public RollFixture {
     g.RollBusy = false;
     ASSERT_TRUE(FlushEventsLog(g));
   }
+  // Puts `index` beside the log with the log's time stamp, where the check
+  // of a few records takes it.
+  void PlantSoundLookingIndex(const std::string& index) {
+    WriteWholeFile(IndexPath(), index);
+    ASSERT_TRUE(CopyModificationTime(LogPath(), IndexPath()));
+    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
+  }
+  // Every line as the printout's pass visits it; no error.
+  std::vector<std::string> PrintedLines() {
+    std::vector<std::string> printed;
+    std::string error;
+    ForEachEventLine(
+        g, [&](std::string& line) { printed.push_back(line); }, error);
+    EXPECT_TRUE(error.empty()) << error;
+    return printed;
+  }
 };
 
 TEST_F(EventsLog, LinesEndInCrLfAndTheIndexKeepsInStep) {
@@ -184,9 +200,7 @@ TEST_F(EventsLog, AWrongRecordInsideASoundLookingIndexIsRebuiltWhenReadingMeetsI
   auto spoil = [&](int record, std::uint32_t at) {
     std::string index = ModelIndex(good);
     PutLong32(reinterpret_cast<unsigned char*>(index.data()) + 4 * (record - 1), at);
-    WriteWholeFile(IndexPath(), index);
-    ASSERT_TRUE(CopyModificationTime(LogPath(), IndexPath()));
-    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
+    PlantSoundLookingIndex(index);
   };
   spoil(2, 7);  // inside "two"
   const EventsLogPage page = ReadEventLines(g, 2, 2);
@@ -195,12 +209,7 @@ TEST_F(EventsLog, AWrongRecordInsideASoundLookingIndexIsRebuiltWhenReadingMeetsI
   EXPECT_EQ(Index(), ModelIndex(good));
 
   spoil(4, 13);  // inside "three"
-  std::vector<std::string> printed;
-  std::string error;
-  ForEachEventLine(
-      g, [&](std::string& line) { printed.push_back(line); }, error);
-  EXPECT_TRUE(error.empty()) << error;
-  EXPECT_EQ(printed, ModelLines(good));
+  EXPECT_EQ(PrintedLines(), ModelLines(good));
   EXPECT_EQ(Index(), ModelIndex(good));
 
   spoil(4, 30);  // past the end
@@ -217,11 +226,7 @@ TEST_F(EventsLog, AnIndexSkippingAWholeLineIsRebuiltByAPageOrAPassOverIt) {
   const std::string good = "one\r\ntwo\r\nthree\r\nfour\r\nfive\r\nsix\r\n";
   WriteWholeFile(LogPath(), good);
   const std::string whole = ModelIndex(good);
-  auto skipTwo = [&] {
-    WriteWholeFile(IndexPath(), whole.substr(0, 4) + whole.substr(8));
-    ASSERT_TRUE(CopyModificationTime(LogPath(), IndexPath()));
-    ASSERT_TRUE(EventsLogIndexMatches(LogPath(), IndexPath()));
-  };
+  auto skipTwo = [&] { PlantSoundLookingIndex(whole.substr(0, 4) + whole.substr(8)); };
   skipTwo();
   const EventsLogPage page = ReadEventLines(g, 1, 3);
   EXPECT_TRUE(page.error.empty()) << page.error;
@@ -230,12 +235,7 @@ TEST_F(EventsLog, AnIndexSkippingAWholeLineIsRebuiltByAPageOrAPassOverIt) {
   EXPECT_EQ(Index(), whole);
 
   skipTwo();
-  std::vector<std::string> printed;
-  std::string error;
-  ForEachEventLine(
-      g, [&](std::string& line) { printed.push_back(line); }, error);
-  EXPECT_TRUE(error.empty()) << error;
-  EXPECT_EQ(printed, ModelLines(good));
+  EXPECT_EQ(PrintedLines(), ModelLines(good));
   EXPECT_EQ(Index(), whole);
 
   // Find meets the record over two lines last, from the top line, and
