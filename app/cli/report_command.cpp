@@ -46,7 +46,9 @@ void AddReportOptions(CLI::App& cmd, ReportOptions& o, bool inRun) {
     cmd.add_option("--load", o.load, "Report on a saved game file");
     cmd.add_flag("--json", o.json, "Print the report as one JSON object");
   }
-  cmd.add_option("--players", o.players, "Selected players: comma-separated names, or none");
+  cmd.add_option("--players", o.players,
+                 "Selected players: comma-separated names, or none (default: the view's selection, "
+                 "else every seated player)");
   cmd.add_option("--frame", o.frame,
                  "current-hand, last-hand, current-session, last-session or all-sessions");
   cmd.add_option("--kind", o.kind, "totals: basic, distinguishable, unique or faces");

@@ -7,6 +7,7 @@
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/money.h"
+#include "core/seat_set.h"
 #include "core/text.h"
 #include "engine/players.h"
 #include "stats/bankroll_graph.h"
@@ -47,9 +48,13 @@ struct Context {
   }
 };
 
+// The players of --players, else the view's stored selection. A fresh
+// table has selected nobody, and whoever asks for a report of a run means
+// the players of the run: an empty stored selection takes every seated one
+// ("none" asks for nobody).
 bool Selection(Context& c, std::int32_t stored, std::int32_t& bits) {
   if (c.o.players.empty()) {
-    bits = stored;
+    bits = stored != 0 ? stored : static_cast<std::int32_t>(SeatedPlayers(c.game));
     return true;
   }
   bits = 0;

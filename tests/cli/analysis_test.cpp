@@ -206,6 +206,11 @@ TEST(ReportCli, FreqsResultsAndBankrollOfARun) {
   EXPECT_EQ(seven["session_rolls"], 400);
 
   const json results = Json(run + "--report results --players Ann --json");
+  // A run's table has selected nobody: the report takes its seated players
+  // unless asked for nobody.
+  EXPECT_EQ(Json(run + "--report results --json")["report"], results["report"]);
+  EXPECT_EQ(Json(run + "--report results --players none --json")["report"]["selection_label"],
+            "No players selected");
   const json& rows = results["report"]["rows"];
   EXPECT_EQ(rows[0]["label"], "Total #");
   EXPECT_EQ(results["report"]["bets"], json::array({43}));
