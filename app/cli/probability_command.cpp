@@ -78,7 +78,8 @@ std::optional<ProbEntry> NamedEntry(const std::string& text) {
   return std::nullopt;
 }
 
-// "ENTRY=V" with V a number of table units.
+// "ENTRY=V" with V a number of table units, from none to certainty (the
+// table would hold a value outside as its nearest end without a word).
 bool ParseSet(const std::string& text, std::optional<ProbEntry> (*entryOf)(const std::string&),
               ProbEntry& entry, double& value) {
   const std::size_t eq = text.find('=');
@@ -87,7 +88,7 @@ bool ParseSet(const std::string& text, std::optional<ProbEntry> (*entryOf)(const
   const std::string v = text.substr(eq + 1);
   char* end = nullptr;
   value = std::strtod(v.c_str(), &end);
-  if (!e || v.empty() || *end != '\0' || !std::isfinite(value)) return false;
+  if (!e || v.empty() || *end != '\0' || !(value >= 0 && value <= kProbCertain)) return false;
   entry = *e;
   return true;
 }
@@ -123,9 +124,10 @@ bool ApplyOperation(Game& game, const std::string& name, const std::string& valu
   }
   if (!ok) {
     error = name + " " + value + ": expected " +
-            (name == "--set-pair"    ? "D1D2=V (dice 1 to 6)"
-             : name == "--set-total" ? "T=V (a total 2 to 12)"
-                                     : "DIE:FACE=V (die 1 or 2, face 1 to 6)");
+            (name == "--set-pair"    ? "D1D2=V (dice 1 to 6"
+             : name == "--set-total" ? "T=V (a total 2 to 12"
+                                     : "DIE:FACE=V (die 1 or 2, face 1 to 6") +
+            ", V from 0 to 100000 units)";
     return false;
   }
   SetProbabilityCell(game, e.a, e.b, units, true);

@@ -107,12 +107,17 @@ TEST_F(CliProbability, SavedFilesReadBackAndBadOnesAreRefused) {
       {"run --rolls 5 --prb " + File("missing.prb"),
        "ravelton-cli run: " + File("missing.prb") + ": no such file\n"},
       {"probability --set-pair 70=100",
-       "ravelton-cli probability: --set-pair 70=100: expected D1D2=V (dice 1 to 6)\n"},
+       "ravelton-cli probability: --set-pair 70=100: expected D1D2=V (dice 1 to 6, V from 0 to "
+       "100000 units)\n"},
+      {"probability --set-pair 16=-5",
+       "ravelton-cli probability: --set-pair 16=-5: expected D1D2=V (dice 1 to 6, V from 0 to "
+       "100000 units)\n"},
       {"probability --set-total 13=100",
-       "ravelton-cli probability: --set-total 13=100: expected T=V (a total 2 to 12)\n"},
-      {"probability --set-face 3:1=100",
-       "ravelton-cli probability: --set-face 3:1=100: expected DIE:FACE=V (die 1 or 2, face 1 "
-       "to 6)\n"},
+       "ravelton-cli probability: --set-total 13=100: expected T=V (a total 2 to 12, V from 0 to "
+       "100000 units)\n"},
+      {"probability --set-face 1:1=100000.5",
+       "ravelton-cli probability: --set-face 1:1=100000.5: expected DIE:FACE=V (die 1 or 2, face "
+       "1 to 6, V from 0 to 100000 units)\n"},
       {"probability --lock face:1",
        "ravelton-cli probability: --lock face:1: expected pair:D1D2, total:T or face:DIE:FACE\n"},
       {"probability --save " + File("no/such/folder.prb"),
