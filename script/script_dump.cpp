@@ -1,5 +1,6 @@
 #include "script/script_dump.h"
 
+#include "core/text.h"
 #include "script/code_state.h"
 #include "script/compile_common.h"
 
@@ -28,13 +29,7 @@ std::string DumpScriptCode(const ScriptCode& code) {
 }
 
 std::string FormatCompileFailure(const std::string& file, const CompileError& error) {
-  const int line = error.line, col = error.column, endLine = error.endLine,
-            endCol = error.endColumn;
-  std::string text = error.message;
-  while (!text.empty() && text.back() == '\r') text.pop_back();
-  for (char& c : text)
-    if (c == '\r') c = '\n';
-  return file + ':' + std::to_string(line) + ':' + std::to_string(col) + ": " + text + "\n(lines " +
-         std::to_string(line) + ':' + std::to_string(col) + " to " + std::to_string(endLine) + ':' +
-         std::to_string(endCol) + ")\n";
+  const std::string at = std::to_string(error.line) + ':' + std::to_string(error.column);
+  return file + ':' + at + ": " + MessageLine(error.message) + " (lines " + at + " to " +
+         std::to_string(error.endLine) + ':' + std::to_string(error.endColumn) + ")\n";
 }

@@ -3,9 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <sstream>
 
-#include "app/cli/message_line.h"
 #include "core/file_io.h"
 #include "core/game.h"
+#include "core/text.h"
 #include "cycle/session.h"
 #include "dice/dice_file.h"
 

@@ -5,10 +5,10 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
-#include "app/cli/message_line.h"
 #include "core/data_folder.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
+#include "core/text.h"
 #include "store/game_file.h"
 
 void PrintMessages(const HeadlessPlatform& platform, std::size_t from) {

@@ -7,7 +7,6 @@
 #include <iostream>
 #include <optional>
 
-#include "app/cli/message_line.h"
 #include "core/catalogue.h"
 #include "core/game.h"
 #include "core/money.h"

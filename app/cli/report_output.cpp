@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iomanip>
 
-#include "app/cli/message_line.h"
 #include "app/cli/report.h"
+#include "core/text.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <string>
 
 #include "app/cli/commands.h"
-#include "app/cli/message_line.h"
 #include "core/file_io.h"
+#include "core/text.h"
 #include "dice/dice_file.h"
 #include "dice/dice_file_text.h"
 

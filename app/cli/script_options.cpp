@@ -1,18 +1,16 @@
 #include "app/cli/script_options.h"
 
-#include "core/data_folder.h"
-
 #include <CLI/CLI.hpp>
 #include <cctype>
 #include <filesystem>
 #include <iostream>
 
-#include "app/cli/message_line.h"
-#include "cycle/hyperdrive.h"
 #include "core/catalogue.h"
-#include "core/message_dialog.h"
+#include "core/data_folder.h"
 #include "core/game.h"
+#include "core/message_dialog.h"
 #include "core/text.h"
+#include "cycle/hyperdrive.h"
 #include "cycle/roll.h"
 #include "script/activation.h"
 #include "script/files.h"

@@ -363,7 +363,7 @@ TEST_F(CliFiles, AGameThatDoesNotOpenOrSaveStopsTheProgram) {
   const auto r = Run("--load '" + Path("junk.rvg") + "' --rolls 10", true);
   EXPECT_EQ(r.exitCode, 1);
   EXPECT_EQ(r.out, "Unable to Open Ravelton Game File: " + Path("junk.rvg") +
-                       " This is not a Ravelton game file.\n");
+                       ": This is not a Ravelton game file.\n");
   EXPECT_EQ(Run("--load '" + Path("junk.rvg") + "' --rolls 10").out, "");
   const auto missing = Cli("info '" + Path("none.rvg") + "'", true);
   EXPECT_EQ(missing.exitCode, 1);

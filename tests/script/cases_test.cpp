@@ -76,8 +76,8 @@ TEST(CliScript, CheckAndDumpExitCodesPlayersAndSlots) {
   r = Cli("check " + kCases + "rolls_limit.bet");
   EXPECT_EQ(r.exitCode, 1);
   EXPECT_EQ(r.out, kCases +
-                       "rolls_limit.bet:1:2: Ambiguous variable references\nReference to rolls out "
-                       "of limits.\n(lines 1:2 to 1:21)\n");
+                       "rolls_limit.bet:1:2: Ambiguous variable references: Reference to rolls out "
+                       "of limits. (lines 1:2 to 1:21)\n");
   const std::string file = kCases + "links_and_names.bet";
   EXPECT_EQ(Cli("check " + file).exitCode, 1);  // "lee" is nobody without the seats
   r = Cli("dump " + file + " --slot 4 --player Pat --player Lee");
