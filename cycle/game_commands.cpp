@@ -8,6 +8,7 @@
 #include "core/message_dialog.h"
 #include "core/text.h"
 #include "cycle/probability_commands.h"
+#include "cycle/recent_games.h"
 #include "cycle/session.h"
 #include "engine/roll_internal.h"
 #include "script/activation.h"
@@ -83,7 +84,10 @@ bool OpenStartupGame(Game& g, const std::string& commandLine) {
   if (!line.empty()) {
     const std::string lower = LowerCase(line);
     if (LowerCase(FileNameOf(line)).find(".rvg") != std::string::npos && EndsWith(lower, ".rvg")) {
-      if (OpenGame(g, line)) return true;
+      if (OpenGame(g, line)) {
+        NoteRecentGame(g, line);
+        return true;
+      }
     } else {
       std::string text = line + "\r\rThis is not recognized as a Ravelton game filename.";
       if (FileExists(fallback)) text += "\rThe last default game file will be opened instead.";
@@ -138,19 +142,25 @@ void StartScriptsAfterNewSession(Game& g) {
 bool OpenGameCommand(Game& g) {
   if (!PromptUnsavedWork(g)) return false;
   const auto path = ChooseFilePath(g, SessionFileChoice("Open Session File", false));
-  return path && OpenGame(g, *path);
+  if (!path || !OpenGame(g, *path)) return false;
+  NoteRecentGame(g, *path);
+  return true;
 }
 
 bool SaveGameCommand(Game& g) {
   if (g.gamefile.GameFilePath.empty()) return SaveGameAsCommand(g);
   if (!PromptUnsavedScripts(g) || !PromptUnsavedProbabilities(g)) return false;
-  return SaveGame(g, g.gamefile.GameFilePath);
+  if (!SaveGame(g, g.gamefile.GameFilePath)) return false;
+  NoteRecentGame(g, g.gamefile.GameFilePath);
+  return true;
 }
 
 bool SaveGameAsCommand(Game& g) {
   if (!PromptUnsavedScripts(g) || !PromptUnsavedProbabilities(g)) return false;
   const auto path = ChooseFilePath(g, SessionFileChoice("Save Session File As", true));
-  return path && SaveGame(g, *path);
+  if (!path || !SaveGame(g, *path)) return false;
+  NoteRecentGame(g, *path);
+  return true;
 }
 
 bool CloseProgram(Game& g, bool windowMoved) {

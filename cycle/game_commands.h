@@ -9,6 +9,8 @@
 // - SessionDirty is cleared by SaveGame, OpenGame and New only.
 // - The program's own default game (default.rvg in the data folder) is
 //   written at every close and read at every start.
+// - Every other game file opened or saved by these commands goes first in
+//   the Recent Games list.
 #pragma once
 
 #include <string>

@@ -32,6 +32,7 @@
 #include "cycle/game_commands.h"
 #include "cycle/hyperdrive.h"
 #include "cycle/player_names.h"
+#include "cycle/recent_games.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
 #include "script/hot_keys.h"
@@ -153,6 +154,23 @@ void CrapTableWindow::BuildMenus() {
           fileCommand(SaveGameCommand));
   connect(MenuItem(gameMenu, "mnuSaveAs", "Sa&ve As ..."), &QAction::triggered, this,
           fileCommand(SaveGameAsCommand));
+  // The games opened or saved last, read afresh each time the menu opens.
+  QMenu* recent = gameMenu->addMenu("Recent &Games");
+  recent->setObjectName("mnuRecentGames");
+  connect(gameMenu, &QMenu::aboutToShow, this, [this, recent, guarded] {
+    recent->clear();
+    const std::vector<std::string> paths = ReadRecentGames(game_);
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+      QAction* item = recent->addAction(QString::fromStdString(RecentGameCaption(i, paths[i])));
+      item->setObjectName("mnuRecentGame");
+      item->setToolTip(QString::fromStdString(paths[i]));
+      connect(item, &QAction::triggered, this, guarded([this, path = paths[i]] {
+                if (OpenRecentGameCommand(game_, path)) RestoreWindows();
+                if (bankroll_) bankroll_->Refresh();
+              }));
+    }
+    recent->setEnabled(!paths.empty());
+  });
   connect(MenuItem(gameMenu, "mnuShowPath", "Show &Path"), &QAction::triggered, this, [this] {
     PathForm form(game_, this);
     form.exec();

@@ -4,6 +4,7 @@
 // with the state in use left as it was.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "core/catalogue.h"
@@ -11,6 +12,7 @@
 #include "cycle/auto_bet_commands.h"
 #include "cycle/game_commands.h"
 #include "cycle/probability_commands.h"
+#include "cycle/recent_games.h"
 #include "dice/probability.h"
 #include "dice/probability_file.h"
 #include "script/auto_bet_editor.h"
@@ -121,6 +123,56 @@ TEST_F(GameCommands, TheChooserRefusesEmptyNamesAndAsksBeforeOverwriting) {
   EXPECT_EQ(ReadWholeFile(Path("Taken.rvg")).size(), GameFileLength(0, 0));
   // Cancel in the chooser saves nothing.
   EXPECT_FALSE(SaveGameAsCommand(*game));
+}
+
+TEST_F(GameCommands, RecentGamesListTheFilesOpenedAndSavedNewestFirst) {
+  Type("A", "B", "A");
+  ASSERT_TRUE(SaveGameAsCommand(*game));
+  ASSERT_TRUE(SaveGameAsCommand(*game));
+  EXPECT_EQ(ReadRecentGames(*game), (std::vector<std::string>{Path("B.rvg"), Path("A.rvg")}));
+  ASSERT_TRUE(OpenGameCommand(*game));
+  EXPECT_EQ(ReadRecentGames(*game), (std::vector<std::string>{Path("A.rvg"), Path("B.rvg")}));
+  // The default game, saved at every close, is never listed.
+  ASSERT_TRUE(CloseProgram(*game, false));
+  EXPECT_EQ(ReadRecentGames(*game).size(), 2u);
+
+  // Ten more saves keep the newest eight.
+  for (int n = 1; n <= 10; ++n) {
+    const std::string name = "G" + std::to_string(n) + ".rvg";
+    Type(name);
+    ASSERT_TRUE(SaveGameAsCommand(*game));
+  }
+  std::vector<std::string> paths = ReadRecentGames(*game);
+  ASSERT_EQ(paths.size(), kRecentGamesKept);
+  EXPECT_EQ(paths.front(), Path("G10.rvg"));
+  EXPECT_EQ(paths.back(), Path("G3.rvg"));
+
+  // An entry whose file has gone is told and dropped; one that is there
+  // opens and goes first.
+  std::filesystem::remove(Path("G9.rvg"));
+  EXPECT_FALSE(OpenRecentGameCommand(*game, Path("G9.rvg")));
+  EXPECT_EQ(platform.messages.back().title, "Game File Not Found");
+  paths = ReadRecentGames(*game);
+  EXPECT_EQ(std::count(paths.begin(), paths.end(), Path("G9.rvg")), 0);
+  EXPECT_TRUE(OpenRecentGameCommand(*game, Path("G5.rvg")));
+  EXPECT_EQ(game->gamefile.GameFilePath, Path("G5.rvg"));
+  EXPECT_EQ(ReadRecentGames(*game).front(), Path("G5.rvg"));
+  EXPECT_EQ(ReadRecentGames(*game).size(), kRecentGamesKept - 1);
+}
+
+TEST_F(GameCommands, ARecentGamesFileOfAnyShapeGivesAtMostItsFirstUsablePaths) {
+  std::string list = "/a.rvg\r\n\n/b.rvg\n/a.rvg\n" + std::string(5000, 'x') + "\n" +
+                     std::string("/nul\0.rvg\n", 10);
+  for (int n = 0; n < 20; ++n) list += "/" + std::to_string(n) + ".rvg\n";
+  WriteWholeFile(RecentGamesPath(*game), list);
+  EXPECT_EQ(ReadRecentGames(*game),
+            (std::vector<std::string>{"/a.rvg", "/b.rvg", "/0.rvg", "/1.rvg", "/2.rvg", "/3.rvg",
+                                      "/4.rvg", "/5.rvg"}));
+  WriteWholeFile(RecentGamesPath(*game), std::string(1 << 20, '\n'));
+  EXPECT_TRUE(ReadRecentGames(*game).empty());
+  // A menu shows an ampersand doubled.
+  EXPECT_EQ(RecentGameCaption(0, "/games/R&D.rvg"), "&1 R&&D.rvg  (/games)");
+  EXPECT_EQ(RecentGameCaption(7, "plain.rvg"), "&8 plain.rvg");
 }
 
 TEST_F(GameCommands, NewKeepsOrClearsScriptsAndStartsAFreshSession) {

@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -22,20 +23,21 @@
 
 #include "config/settings_state.h"
 #include "core/catalogue.h"
+#include "core/data_folder.h"
 #include "core/frames.h"
 #include "desktop_fixture.h"
 #include "dice/roll_pad.h"
+#include "store/game_file.h"
 #include "table/auto_bet_form.h"
 #include "table/check_stacks_form.h"
 #include "table/dice_files_form.h"
 #include "table/events_log_form.h"
 #include "table/roll_pad_form.h"
 #include "table/sessions_log_form.h"
-#include "table/summary_form.h"
-#include "table/table_view.h"
-#include "store/game_file.h"
 #include "table/stats_form.h"
 #include "table/stats_views.h"
+#include "table/summary_form.h"
+#include "table/table_view.h"
 
 class ToolWindowsTest : public QObject {
   Q_OBJECT
@@ -343,6 +345,22 @@ void ToolWindowsTest::anOpenedGameOpensAndClosesItsWindows() {
   // With key-in amounts on, the amount box stands again over its bet.
   QVERIFY(t.window->View()->EnterBetBox() && !t.window->View()->EnterBetBox()->isHidden());
   QCOMPARE(t.game->gamefile.EnterBetId, int(bet::kField));
+
+  // The opened game heads Game > Recent Games; its file gone, the entry is
+  // told and leaves the menu.
+  QMenu* gameMenu = t.window->menuBar()->actions().at(0)->menu();
+  auto recentGames = [&] {
+    emit gameMenu->aboutToShow();
+    return t.window->findChild<QMenu*>("mnuRecentGames")->actions();
+  };
+  const QString name = QString::fromStdString(std::string(FileNameOf(path)));
+  QList<QAction*> entries = recentGames();
+  QVERIFY(!entries.empty());
+  QCOMPARE(entries.front()->text(), "&1 " + name + "  (" + QDir::tempPath() + ")");
+  entries.front()->trigger();
+  QApplication::processEvents();
+  QCOMPARE(t.shown.back().first, std::string("Game File Not Found"));
+  for (QAction* entry : recentGames()) QVERIFY(!entry->text().contains(name));
 }
 
 QTEST_MAIN(ToolWindowsTest)
