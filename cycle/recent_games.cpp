@@ -1,6 +1,8 @@
 #include "cycle/recent_games.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "core/atomic_file.h"
 #include "core/data_folder.h"
@@ -46,7 +48,12 @@ std::vector<std::string> ReadRecentGames(const Game& g) {
   return paths;
 }
 
-void NoteRecentGame(const Game& g, const std::string& path) {
+void NoteRecentGame(const Game& g, const std::string& named) {
+  // A name relative to the folder the program started in is kept whole, so
+  // that it still finds the game from anywhere.
+  std::error_code ec;
+  const std::filesystem::path whole = std::filesystem::absolute(named, ec).lexically_normal();
+  const std::string path = ec ? named : whole.string();
   if (path.empty() || path.size() > kRecentGamePathLimit || path.find('\n') != std::string::npos ||
       IsDefaultGameFile(path))
     return;

@@ -25,7 +25,8 @@ constexpr std::size_t kRecentGamePathLimit = 4096;
 std::string RecentGamesPath(const Game& game);
 // The listed paths, newest first; empty when there is no list.
 std::vector<std::string> ReadRecentGames(const Game& game);
-// Puts `path` first in the list (moving it up if it is there).
+// Puts `path` first in the list (moving it up if it is there), a relative
+// one made whole from the current folder.
 void NoteRecentGame(const Game& game, const std::string& path);
 // Takes `path` off the list.
 void ForgetRecentGame(const Game& game, const std::string& path);

@@ -170,6 +170,10 @@ TEST_F(GameCommands, ARecentGamesFileOfAnyShapeGivesAtMostItsFirstUsablePaths) {
                                       "/4.rvg", "/5.rvg"}));
   WriteWholeFile(RecentGamesPath(*game), std::string(1 << 20, '\n'));
   EXPECT_TRUE(ReadRecentGames(*game).empty());
+  // A name given relative to the current folder is listed whole.
+  NoteRecentGame(*game, "games/../rel.rvg");
+  EXPECT_EQ(ReadRecentGames(*game),
+            std::vector<std::string>{(std::filesystem::current_path() / "rel.rvg").string()});
   // A menu shows an ampersand doubled.
   EXPECT_EQ(RecentGameCaption(0, "/games/R&D.rvg"), "&1 R&&D.rvg  (/games)");
   EXPECT_EQ(RecentGameCaption(7, "plain.rvg"), "&8 plain.rvg");
