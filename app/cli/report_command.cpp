@@ -37,12 +37,16 @@ int RunReport(const ReportOptions& o) {
 void AddReportOptions(CLI::App& cmd, ReportOptions& o, bool inRun) {
   if (inRun) {
     cmd.add_option("--report", o.view, "At the end, report a statistics view (see `report`)");
-    cmd.add_option("--report-player", o.player, "The player of the trends, bankroll and sessions reports");
+    cmd.add_option(
+        "--report-player", o.player,
+        "The player of the trends, bankroll and sessions reports (default: the one player seated)");
   } else {
     cmd.add_option("view", o.view,
                    "totals, freqs, results, trends, summary, hands, comps, bankroll or sessions")
         ->required();
-    cmd.add_option("--player", o.player, "The player of the trends, bankroll and sessions reports");
+    cmd.add_option(
+        "--player", o.player,
+        "The player of the trends, bankroll and sessions reports (default: the one player seated)");
     cmd.add_option("--load", o.load, "Report on a saved game file");
     cmd.add_flag("--json", o.json, "Print the report as one JSON object");
   }

@@ -1,6 +1,7 @@
 // Each view's figures as report rows: the stats library figures them, this
 // file only names the columns.
 #include <algorithm>
+#include <bit>
 #include <sstream>
 
 #include "app/cli/report.h"
@@ -76,10 +77,20 @@ bool ChosenFrame(Context& c, std::int32_t stored, int& frame) {
   return true;
 }
 
+// The player of a one-player report: --player, else the one player at a
+// table of one; empty when neither names one.
+std::string ReportPlayerName(const Context& c) {
+  if (!c.o.player.empty()) return c.o.player;
+  const unsigned seated = SeatedPlayers(c.game);
+  if (std::popcount(seated) != 1) return {};
+  return c.game.PlayerName[static_cast<std::size_t>(std::countr_zero(seated))];
+}
+
 bool Player(Context& c, int& p) {
-  if (c.o.player.empty()) return c.Fail("the " + c.o.view + " report needs --player NAME");
-  p = SeatNamed(c.game, c.o.player, 0);
-  if (p == 0) return c.Fail("nobody named " + c.o.player + " is at the table");
+  const std::string name = ReportPlayerName(c);
+  if (name.empty()) return c.Fail("the " + c.o.view + " report needs --player NAME");
+  p = SeatNamed(c.game, name, 0);
+  if (p == 0) return c.Fail("nobody named " + name + " is at the table");
   return true;
 }
 
@@ -232,9 +243,9 @@ bool Sessions(Context& c, Report& r) {
   std::string path;
   if (!c.o.file.empty()) {
     path = c.o.file;
-  } else if (!c.o.player.empty()) {
-    const int p = SeatNamed(c.game, c.o.player, 0);
-    path = p ? SessionLogPathOf(c.game, p) : c.game.roll.DataFolder + LowerCase(c.o.player) + ".slg";
+  } else if (const std::string name = ReportPlayerName(c); !name.empty()) {
+    const int p = SeatNamed(c.game, name, 0);
+    path = p ? SessionLogPathOf(c.game, p) : c.game.roll.DataFolder + LowerCase(name) + ".slg";
   } else {
     return c.Fail("the sessions report needs --player NAME or --file PATH");
   }
@@ -251,7 +262,7 @@ bool Sessions(Context& c, Report& r) {
   }
   const SessionsFigures f = FigureSessionsLog(rq);
   if (!f.error.empty() && f.sessions == 0) return c.Fail(f.error);
-  r.selectionLabel = c.o.player;
+  r.selectionLabel = ReportPlayerName(c);
   for (const auto& [label, s] : f.results) r.rows.push_back({label, {Field("value", "", s)}});
   nlohmann::json classes = nlohmann::json::array();
   for (int k = 0; k < 4; ++k)
@@ -293,7 +304,7 @@ bool BuildReport(Game& game, const ReportOptions& o, Report& r, std::string& err
     int p = 0;
     ok = Player(c, p);
     if (ok) Trends(c, r, p);
-    r.selectionLabel = o.player;
+    r.selectionLabel = ReportPlayerName(c);
   } else if (view == "summary" || view == "comps") {
     ok = ChosenFrame(c, v.SummaryFrame, frame) && Selection(c, v.SummaryPlayers, players);
     if (ok) Summary(c, r, frame, players, view == "comps");

@@ -227,6 +227,10 @@ TEST(ReportCli, FreqsResultsAndBankrollOfARun) {
   const json graph = Json(run + "--report bankroll --report-player Ann --json")["report"];
   EXPECT_EQ(graph["rows"].size(), 400u);  // one column per roll of the first page
   EXPECT_GE(graph["high"].get<double>(), graph["low"].get<double>());
+  // At a table of one, the one player is the report's.
+  EXPECT_EQ(Json(run + "--report bankroll --json")["report"], graph);
+  EXPECT_EQ(Json(run + "--report trends --json")["report"],
+            Json(run + "--report trends --report-player Ann --json")["report"]);
 }
 
 TEST(ReportCli, CsvAndTextCarryTheViewsColumns) {
