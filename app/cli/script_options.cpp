@@ -7,6 +7,7 @@
 
 #include "core/catalogue.h"
 #include "core/data_folder.h"
+#include "core/file_io.h"
 #include "core/game.h"
 #include "core/message_dialog.h"
 #include "core/text.h"
@@ -56,7 +57,12 @@ bool SetScripts(Game& game, ScriptOptions& o, std::string& error) {
       error = "--script: no player named '" + arg.substr(0, eq) + "' (seat players with --player)";
       return false;
     }
-    const std::string file = arg.substr(eq + 1);
+    std::string file = arg.substr(eq + 1);
+    // Scripts are shared through the data folder: a relative name that is
+    // not in the current folder is looked for there.
+    if (const std::filesystem::path named(file);
+        named.is_relative() && !FileExists(file) && FileExists(game.roll.DataFolder + file))
+      file = game.roll.DataFolder + file;
     if (!OpenAutoBets(game, p, file)) {
       error = "--script: cannot read the script file " + file + ScriptReadReason(game);
       return false;

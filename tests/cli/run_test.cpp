@@ -209,8 +209,9 @@ TEST_F(CliTest, NewSessionsAndStopsAScriptMakesWithinTheCountedRolls) {
   const nlohmann::json j = Json("run --rolls 100 --seed 1 --player Ann --script Ann=" + bet);
   EXPECT_EQ(j["rolls"], 0);  // the session just begun
   EXPECT_EQ(j["players"][0]["checkstacks"], nlohmann::json({{"1", 5.0}}));
-  const std::string stop = Write("t.bet", "If # rolls = 4 Then stop autoroll/hyperdrive EndIf");
-  const nlohmann::json k = Json("run --rolls 100 --seed 1 --player Ann --script Ann=" + stop);
+  // A script named without a folder is found in the data folder too.
+  Write("t.bet", "If # rolls = 4 Then stop autoroll/hyperdrive EndIf");
+  const nlohmann::json k = Json("run --rolls 100 --seed 1 --player Ann --script Ann=t.bet");
   EXPECT_EQ(k["rolls"], 4);
   EXPECT_EQ(k["stop"], "Stopped by Auto-Bet command.");
   EXPECT_EQ(k["messages"],
