@@ -89,6 +89,9 @@ std::string RecentGameCaption(std::size_t index, const std::string& path) {
   const std::string shown = std::string(name) + (folder.empty() ? "" : "  (" + folder + ")");
   std::string caption = "&" + std::to_string(index + 1) + " ";
   // A menu takes '&' as the mark of a shortcut letter: doubled, it shows.
-  for (char c : shown) caption += c == '&' ? std::string("&&") : std::string(1, c);
+  for (char c : shown) {
+    caption += c;
+    if (c == '&') caption += '&';
+  }
   return caption;
 }

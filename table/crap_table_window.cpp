@@ -140,12 +140,16 @@ void CrapTableWindow::BuildMenus() {
           }));
   // The game file commands ask their own questions; the caption then names
   // the file (RefreshMenus).
-  auto fileCommand = [this, guarded](bool (*command)(Game&)) {
-    return guarded([this, command] {
+  // After a file command: an opened game brings its windows with it, open
+  // or closed, and the bankroll view shows the game now in play.
+  auto afterFileCommand = [this](bool opened) {
+    if (opened) RestoreWindows();
+    if (bankroll_) bankroll_->Refresh();
+  };
+  auto fileCommand = [this, guarded, afterFileCommand](bool (*command)(Game&)) {
+    return guarded([this, command, afterFileCommand] {
       const bool done = command(game_);
-      // An opened game brings its windows with it, open or closed.
-      if (done && command == OpenGameCommand) RestoreWindows();
-      if (bankroll_) bankroll_->Refresh();
+      afterFileCommand(done && command == OpenGameCommand);
     });
   };
   connect(MenuItem(gameMenu, "mnuOpen", "&Open ..."), &QAction::triggered, this,
@@ -157,16 +161,15 @@ void CrapTableWindow::BuildMenus() {
   // The games opened or saved last, read afresh each time the menu opens.
   QMenu* recent = gameMenu->addMenu("Recent &Games");
   recent->setObjectName("mnuRecentGames");
-  connect(gameMenu, &QMenu::aboutToShow, this, [this, recent, guarded] {
+  connect(gameMenu, &QMenu::aboutToShow, this, [this, recent, guarded, afterFileCommand] {
     recent->clear();
     const std::vector<std::string> paths = ReadRecentGames(game_);
     for (std::size_t i = 0; i < paths.size(); ++i) {
       QAction* item = recent->addAction(QString::fromStdString(RecentGameCaption(i, paths[i])));
       item->setObjectName("mnuRecentGame");
       item->setToolTip(QString::fromStdString(paths[i]));
-      connect(item, &QAction::triggered, this, guarded([this, path = paths[i]] {
-                if (OpenRecentGameCommand(game_, path)) RestoreWindows();
-                if (bankroll_) bankroll_->Refresh();
+      connect(item, &QAction::triggered, this, guarded([this, afterFileCommand, path = paths[i]] {
+                afterFileCommand(OpenRecentGameCommand(game_, path));
               }));
     }
     recent->setEnabled(!paths.empty());
