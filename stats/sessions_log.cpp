@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
+#include <limits>
 #include <vector>
 
 #include "core/catalogue.h"
@@ -235,6 +236,32 @@ std::optional<std::string> CopySessionsLog(const std::string& from, const std::s
   }
   if (!out.Commit(error)) return failure;
   return std::nullopt;
+}
+
+std::optional<std::string> MergeSessionsLogs(const std::string& into, const std::string& from) {
+  std::string error;
+  const std::optional<LogShape> shape = ReadShape(into, error);
+  if (!shape) return error;
+  SessionsLogReader source(from);
+  if (!source.ok()) return source.error();
+  if (source.count() > std::numeric_limits<std::int32_t>::max() - shape->count)
+    return "The sessions of\r\r" + from + "\r\rare more than one sessions log can count.";
+  // Each record is checked as it is read, so a damaged one stops the merge
+  // before the new file is renamed into place.
+  const std::optional<std::string> failed =
+      Rewrite(into, *shape, HeaderRecord(shape->count + source.count()),
+              [&](std::ofstream& out, std::ifstream&) {
+                SessionRecord record{};
+                for (std::int32_t s = 1; s <= source.count(); ++s) {
+                  if (!source.Read(s, record)) {
+                    out.setstate(std::ios::failbit);
+                    return;
+                  }
+                  WriteAt(out, shape->count + s, EncodeRecord(record));
+                }
+              });
+  if (failed && !source.ok()) return source.error();
+  return failed;
 }
 
 std::string DeleteSessions(const std::string& path, long a, long b) {

@@ -78,6 +78,10 @@ std::optional<std::string> CreateSessionsLog(const std::string& path);
 // file beside it); a log not yet written gives a log of no sessions. A
 // damaged `from` is refused with its message.
 std::optional<std::string> CopySessionsLog(const std::string& from, const std::string& to);
+// mnuMerge: the sessions of the log at `from` appended, in their order,
+// after the sessions of the log at `into` (created when missing). A damaged
+// `from` or `into` is refused with its message and `into` stays as it was.
+std::optional<std::string> MergeSessionsLogs(const std::string& into, const std::string& from);
 // mnuDelete: sessions a..b (in either order). Returns the message: empty on
 // success, "No sessions deleted.  Entry out of range." or the damaged text.
 std::string DeleteSessions(const std::string& path, long a, long b);

@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "core/data_folder.h"
 #include "core/file_io.h"
 #include "core/frames.h"
 #include "core/game.h"
@@ -15,6 +17,7 @@
 namespace {
 
 constexpr const char* kSaveAsTitle = "Save Sessions Log As";
+constexpr const char* kMergeTitle = "Merge Sessions Log";
 
 bool SamePath(const std::string& a, const std::string& b) {
   std::error_code ec;
@@ -77,6 +80,33 @@ bool SaveSessionsLogAs(Game& g, int p) {
   }
   g.roll.SessionLogPath[static_cast<std::size_t>(p)] = *to;
   g.roll.SessionDirty = true;
+  return true;
+}
+
+bool MergeSessionsLog(Game& g, int p) {
+  if (!SeatTaken(g, p)) return false;
+  const std::string into = SessionLogPathOf(g, p);
+  const std::optional<std::string> from =
+      ChooseFilePath(g, {kMergeTitle, {"Sessions logs (*.slg)", "All files (*.*)"}, ".slg", false});
+  if (!from) return false;
+  const auto refuse = [&](const std::string& text, std::string_view title) {
+    ShowNotice(g, text, title, 0, kMsgOk | kMsgPicStop);
+    return false;
+  };
+  if (SamePath(into, *from))
+    return refuse("A sessions log can't be merged into itself.", kMergeTitle);
+  const SessionsLogReader source(*from);
+  if (!source.exists()) return refuse(*from + "\r\rFile not found.", kMergeTitle);
+  if (!source.ok()) return refuse(source.error(), kSessionsLogTitle);
+  if (source.count() == 0) return refuse(*from + "\r\rholds no sessions to merge.", kMergeTitle);
+  const std::string name = g.PlayerName[static_cast<std::size_t>(p)];
+  const std::string count = std::to_string(source.count());
+  const std::string text = "Add the " + count + (source.count() == 1 ? " session" : " sessions") +
+                           " in the file\r\"" + std::string(FileNameOf(*from)) +
+                           "\"\rto the end of " + name + "'s Sessions Log?";
+  if (ShowNotice(g, text, kMergeTitle, 0, kMsgYes | kMsgNo | kMsgPicQmark) != kAnswerYes)
+    return false;
+  if (const auto error = MergeSessionsLogs(into, *from)) return refuse(*error, kMergeTitle);
   return true;
 }
 

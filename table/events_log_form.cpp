@@ -1,7 +1,6 @@
 #include "table/events_log_form.h"
 
 #include <QHBoxLayout>
-#include <QHash>
 #include <QMenuBar>
 #include <QPainter>
 #include <QScrollBar>
@@ -148,14 +147,13 @@ void EventsLogForm::BuildMenus() {
   MenuItem(this, file, "mnuHide", "&Hide", [this] { close(); });
 
   QMenu* edit = bar->addMenu("&Edit");
-  // The log is read-only: these commands are there and do nothing.
-  for (const char* name : {"mnuCut", "mnuCopy", "mnuPaste", "mnuDelete"}) {
-    static const QHash<QString, QString> kText{
-        {"mnuCut", "Cu&t"}, {"mnuCopy", "&Copy"}, {"mnuPaste", "&Paste"}, {"mnuDelete", "&Delete"}};
-    QAction* a = edit->addAction(kText.value(name));
-    a->setObjectName(name);
-    a->setEnabled(false);
-  }
+  edit->setToolTipsVisible(true);
+  // The log is written only by the game: these commands are there and do nothing.
+  const QString readOnly = "The events log is written by the game and cannot be edited here.";
+  UnbuiltItem(edit, "mnuCut", "Cu&t", readOnly);
+  UnbuiltItem(edit, "mnuCopy", "&Copy", readOnly);
+  UnbuiltItem(edit, "mnuPaste", "&Paste", readOnly);
+  UnbuiltItem(edit, "mnuDelete", "&Delete", readOnly);
   edit->addSeparator();
   QAction* find = MenuItem(this, edit, "mnuFind", "&Find ...", [this] {
     if (AskFindText(game_) && FindInEventsLog(game_, 1)) Refresh();

@@ -325,7 +325,9 @@ void SessionsLogForm::BuildMenus(QLayout* layout) {
   MenuItem(this, file, "mnuSaveAs", "Save &As ...", [this] {
     FileCommand([this] { return SaveSessionsLogAs(game_, game_.views.SessionsPlayer); });
   });
-  UnbuiltItem(file, "mnuMerge", "&Merge ...", "This command has no action.");
+  MenuItem(this, file, "mnuMerge", "&Merge ...", [this] {
+    FileCommand([this] { return MergeSessionsLog(game_, game_.views.SessionsPlayer); });
+  });
   file->addSeparator();
   MenuItem(this, file, "mnuDelete", "&Delete Sessions ...", [this] { DeleteSomeSessions(); });
   MenuItem(this, file, "mnuDeleteAll", "Delete All Sessi&ons ...", [this] { DeleteAllSessions(); });

@@ -1,5 +1,5 @@
 // Sessions logs: the file's bytes, records written by a new session and a
-// cash-out, damaged files refused with their message, deletions, the view's
+// cash-out, damaged files refused with their message, deletions, merges, the view's
 // statistics over logs of one, two and many sessions, Find in the data list;
 // then the printouts: the histogram with its picture, the raw data streamed
 // down three columns a page, and the range lines' values.
@@ -172,6 +172,41 @@ TEST_F(SessionsLog, DamagedFilesGiveTheirMessageAndDeletionsKeepTheFileLength) {
   extra[kNetValue] = 9_usd;
   ASSERT_FALSE(AppendSessionRecord(four, extra).has_value());
   EXPECT_EQ(Figures(four).sum, 10_usd);
+}
+
+TEST_F(SessionsLog, AMergeAddsTheOtherLogsSessionsAfterItsCountOrLeavesBothAsTheyWere) {
+  const std::string into = Log({1, 2, 3}, "into.slg");
+  ASSERT_EQ(DeleteSessions(into, 3, 3), "");  // a record left past the count
+  const std::string from = Log({7, -8}, "from.slg");
+  const std::string fromBytes = ReadWholeFile(from);
+  ASSERT_FALSE(MergeSessionsLogs(into, from).has_value());
+  SessionsLogReader merged(into);
+  ASSERT_EQ(merged.count(), 4);
+  std::vector<Currency> nets;
+  SessionRecord r{};
+  for (std::int32_t s = 1; s <= merged.count(); ++s) {
+    ASSERT_TRUE(merged.Read(s, r));
+    nets.push_back(r[kNetValue]);
+  }
+  EXPECT_EQ(nets, (std::vector<Currency>{1_usd, 2_usd, 7_usd, -8_usd}));
+  EXPECT_EQ(ReadWholeFile(from), fromBytes);
+  // A log not yet written becomes a copy of the other.
+  ASSERT_FALSE(MergeSessionsLogs(Path("new.slg"), from).has_value());
+  EXPECT_EQ(ReadWholeFile(Path("new.slg")), fromBytes);
+
+  // A damaged record in the other log, or a damaged log, stops the merge
+  // before anything is written.
+  const std::string before = ReadWholeFile(into);
+  std::string damaged = fromBytes;
+  damaged.replace(2 * 256 + 8 * kNetValue, 8, "\xff\xff\xff\xff\xff\xff\xff\x7f");
+  WriteWholeFile(from, damaged);
+  EXPECT_EQ(MergeSessionsLogs(into, from), DamagedLogMessage(from));
+  EXPECT_EQ(ReadWholeFile(into), before);
+  WriteWholeFile(from, fromBytes);
+  WriteWholeFile(into, before.substr(0, 100));
+  EXPECT_EQ(MergeSessionsLogs(into, from), DamagedLogMessage(into));
+  EXPECT_EQ(ReadWholeFile(into), before.substr(0, 100));
+  EXPECT_FALSE(fs::exists(into + ".~tmp"));
 }
 
 TEST_F(SessionsLog, FiguresOfOneTwoAndManySessionsBreakPointsRangeBoxesAndFind) {

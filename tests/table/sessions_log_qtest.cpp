@@ -2,8 +2,8 @@
 // with its classes and results, the include boxes and the break-point
 // re-class the sessions, the data list shows the values, deletions reach
 // the file or are refused with their message, the file commands save and
-// start logs, printing asks and prints, and a dragged range line rewrites
-// its box.
+// start logs, a merge asks before it adds another log, printing asks and prints, and a dragged
+// range line rewrites its box.
 #include <QCheckBox>
 #include <QFileInfo>
 #include <QLabel>
@@ -26,6 +26,7 @@ class SessionsLogTest : public QObject {
   void deletionsReachTheFileOrAreRefused();
   void theOpenLogReloadsWhenASessionEnds();
   void theLogIsSavedAsAndStartedAnew();
+  void anotherLogIsMergedOnlyAfterAYes();
   void printingAsksAndPrints();
   void draggingARangeLineRewritesItsBox();
 };
@@ -160,6 +161,36 @@ void SessionsLogTest::theLogIsSavedAsAndStartedAnew() {
   QCOMPARE(t.shown.back().first, std::string("Save Sessions Log"));
   QCOMPARE(SessionsLogReader(t.path).count(), 0);
   QCOMPARE(t.Text("lblGames3"), QString("0"));
+}
+
+void SessionsLogTest::anotherLogIsMergedOnlyAfterAYes() {
+  SessionsLogTable t;
+  const std::string other = t.dir.filePath("bo.slg").toStdString();
+  SessionRecord r{};
+  r[kHandleValue] = Currency::FromWhole(100);
+  r[kNetValue] = Currency::FromWhole(90);
+  if (AppendSessionRecord(other, r)) qFatal("cannot write the other log");
+  std::string chosen = other;
+  t.platform.onChooseFile = [&](const FileChooserRequest& rq) -> std::optional<std::string> {
+    if (rq.caption != "Merge Sessions Log") qFatal("asked %s", rq.caption.c_str());
+    return chosen;
+  };
+  t.AnswerMessage(2);  // No
+  t.Trigger("mnuMerge");
+  QCOMPARE(t.shown.back(), std::make_pair(std::string("Merge Sessions Log"),
+                                          std::string("Add the 1 session in the file\r\"bo.slg\"\r"
+                                                      "to the end of Ann's Sessions Log?")));
+  QCOMPARE(SessionsLogReader(t.path).count(), 3);
+  t.AnswerMessage(1);  // Yes
+  t.Trigger("mnuMerge");
+  QCOMPARE(t.Text("lblGames3"), QString("4"));
+  QCOMPARE(t.Text("lblGames0"), QString("2"));
+  QCOMPARE(SessionsLogReader(other).count(), 1);
+
+  chosen = t.path;
+  t.Trigger("mnuMerge");
+  QCOMPARE(t.shown.back().second, std::string("A sessions log can't be merged into itself."));
+  QCOMPARE(SessionsLogReader(t.path).count(), 4);
 }
 
 void SessionsLogTest::printingAsksAndPrints() {
