@@ -71,7 +71,7 @@ void StartUp(Game& game, const std::string& appFolder, const std::string& dataFo
   // The program's folder is read-only once installed: the user's files go
   // to the data folder, which is made when first written to.
   r.DataFolder = WithTrailingSlash(dataFolder.empty() ? r.AppPath : dataFolder);
-  r.EventsLogPath = r.DataFolder + "Events Log.txt";
+  r.EventsLogPath = DefaultEventsLogPath(game);
   InitEventsLog(game);
 
   r.LoopsPerTick = MeasureLoopsPerTick(game);

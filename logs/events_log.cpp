@@ -77,10 +77,12 @@ bool AppendToFile(const std::string& path, const std::string& bytes, std::string
 
 }  // namespace
 
+std::string DefaultEventsLogPath(const Game& g) { return g.roll.DataFolder + "Events Log.txt"; }
+
 void InitEventsLog(Game& g) {
   EventsLogState& s = g.eventsLog;
   s.IndexPath = g.roll.DataFolder + "Events Log.ref";
-  if (g.roll.EventsLogPath.empty()) g.roll.EventsLogPath = g.roll.DataFolder + "Events Log.txt";
+  if (g.roll.EventsLogPath.empty()) g.roll.EventsLogPath = DefaultEventsLogPath(g);
   s.LogLine.reserve(kLineReserve);
   DropBatch(s);
 }

@@ -29,6 +29,9 @@ struct Game;
 // A batch is written out when it holds this many bytes of text.
 constexpr std::size_t kEventsLogBatch = 64 * 1024;
 
+// The log a game keeps when none other is chosen: the data folder's
+// "Events Log.txt".
+std::string DefaultEventsLogPath(const Game& game);
 // Sets the index path and the default log path from the data folder and
 // reserves the writer's buffers (start-up).
 void InitEventsLog(Game& game);

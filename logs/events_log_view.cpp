@@ -330,7 +330,7 @@ int AskSaveEventsLog(Game& g) {
 
 void StartNewEventsLog(Game& g) {
   FlushEventsLog(g);
-  g.roll.EventsLogPath = g.roll.DataFolder + "Events Log.txt";
+  g.roll.EventsLogPath = DefaultEventsLogPath(g);
   ClearEventsLog(g);
   g.roll.SessionDirty = true;
 }

@@ -19,8 +19,10 @@
 #include "core/text.h"
 #include "dice/probability_file.h"
 #include "engine/resolve.h"
+#include "logs/events_log.h"
 #include "script/files.h"
 #include "stats/roll_categories.h"
+#include "stats/sessions_log.h"
 #include "store/file_stamp.h"
 #include "store/game_file_check.h"
 #include "store/game_file_records.h"
@@ -219,7 +221,11 @@ std::string GameFileBytes(Game& g) {
   paths.dice = {dice, dice.empty() ? std::string() : FileStamp(dice)};
   // Unsaved probabilities are referenced only once saved (see SaveGame).
   if (!g.probability.ProbDirty) paths.probability = Reference(g.probability.ProbFilePath);
-  paths.eventsLog = Reference(g.roll.EventsLogPath);
+  // A log in its default place is stored without a path, so the game opens
+  // quietly in another data folder (shared, or moved to another machine)
+  // onto the logs of whoever opens it; in the same folder that is the same file.
+  if (g.roll.EventsLogPath != DefaultEventsLogPath(g))
+    paths.eventsLog = Reference(g.roll.EventsLogPath);
   PathRecords(io, paths);
   SettingsRecords(io, g);
   PayoffAndColourRecords(io, g);
@@ -232,7 +238,8 @@ std::string GameFileBytes(Game& g) {
     const std::string script = UndoubleAmpersands(g.scriptSource.ScriptFile[s]);
     block.script = {script, script.empty() ? std::string() : FileStamp(script)};
     block.output.path = g.scriptSource.ScriptOutputFile[s];
-    block.sessionLog.path = g.roll.SessionLogPath[s];
+    if (g.roll.SessionLogPath[s] != DefaultSessionLogPath(g, p))
+      block.sessionLog.path = g.roll.SessionLogPath[s];
     Long slot = p;
     PlayerBlock(io, g, slot, block);
   }

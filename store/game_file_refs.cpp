@@ -6,7 +6,9 @@
 #include "core/message_dialog.h"
 #include "core/text.h"
 #include "dice/probability_file.h"
+#include "logs/events_log.h"
 #include "script/files.h"
+#include "stats/sessions_log.h"
 #include "store/file_stamp.h"
 
 namespace {
@@ -50,7 +52,7 @@ void FollowProbabilityFile(Game& g, const PathField& ref) {
 }
 
 void FollowEventsLog(Game& g, const PathField& ref) {
-  const std::string fallback = g.roll.DataFolder + "Events Log.txt";
+  const std::string fallback = DefaultEventsLogPath(g);
   g.roll.EventsLogPath = ref.path.empty() ? fallback : ref.path;
   if (!ref.path.empty() && !FileExists(ref.path)) {
     Tell(g,
@@ -84,7 +86,7 @@ void FollowScript(Game& g, int p, const BlockPaths& ref) {
 void FollowSessionsLog(Game& g, int p, const BlockPaths& ref) {
   const auto s = static_cast<std::size_t>(p);
   const std::string& name = g.PlayerName[s];
-  const std::string ownPath = g.roll.DataFolder + LowerCase(name) + ".slg";
+  const std::string ownPath = DefaultSessionLogPath(g, p);
   std::string& path = g.roll.SessionLogPath[s];
   path = ref.sessionLog.path;
   // A player who never had a sessions log takes the default one quietly.

@@ -843,6 +843,24 @@ TEST_F(StoreFixture, ReferencesThatAreMissingOrChangedAreTold) {
   EXPECT_EQ(g->diceFile.DiceFilePath, "");
 }
 
+// Logs in their default places are stored without a path: a game shared
+// into another data folder opens quietly onto that folder's own logs.
+TEST_F(StoreFixture, LogsInTheirDefaultPlacesFollowTheDataFolderOfWhoeverOpens) {
+  SeatPlayer(*game, 1, "Ann", Currency::FromWhole(100));
+  WriteWholeFile(game->roll.EventsLogPath, "New session started\r\n");
+  ASSERT_FALSE(AppendSessionRecord(SessionLogPathOf(*game, 1), SessionRecord{}).has_value());
+  ASSERT_TRUE(SaveGame(*game, Path("shared.rvg")));
+
+  HeadlessPlatform other;
+  other.fixedTime = 0;
+  other.clockStep = 1000;
+  auto g = MakeGame(other);
+  StartUp(*g, Path("theirs"));
+  ASSERT_TRUE(OpenGame(*g, Path("shared.rvg")));
+  EXPECT_TRUE(other.messages.empty()) << other.messages.front().title;
+  EXPECT_EQ(g->roll.EventsLogPath, Path("theirs/Events Log.txt"));
+  EXPECT_EQ(g->roll.SessionLogPath[1], Path("theirs/ann.slg"));
+}
 
 // Game > Show Path: every group under its caption, the per-player files of
 // the seated players only, and a script path as the user typed it.
