@@ -6,6 +6,7 @@
 #                  two-rank MPI run of ravelton-cli batch)
 #   make sanitize  the same tests in a Debug build with ASan and UBSan
 #   make bench     the Google Benchmark programs (Release)
+#   make examples  the sample games of examples/ made afresh by ravelton-cli
 
 BUILD    ?= build
 SANBUILD ?= build-san
@@ -16,7 +17,7 @@ PACKAGES := g++ cmake make libgtest-dev libgmock-dev libbenchmark-dev \
             libcli11-dev libfmt-dev nlohmann-json3-dev \
             qt6-base-dev qt6-multimedia-dev fonts-dejavu-core espeak-ng libopenmpi-dev openmpi-bin
 
-.PHONY: deps configure build run demo screenshots test sanitize bench clean
+.PHONY: deps configure build run demo screenshots examples test sanitize bench clean
 
 deps:
 	@missing=$$(for p in $(PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || echo $$p; done); \
@@ -120,6 +121,26 @@ screenshots: build
 	  --sessions-log $(BUILD)/screenshot-print.slg $(DEMO_PLAYER)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/print-dice-file.png --view print:dicefile \
 	  --dice-file $(BUILD)/screenshot-print.rol --rolls 260 $(DEMO_PLAYER)
+
+# The sample games, saved from an empty data folder so that they carry no
+# paths of this machine: whoever opens one plays onto their own logs.
+EXAMPLE_DATA := $(BUILD)/example-data
+THREE_PLAYERS := --player Alice=5000 --bet 'Alice:Pass Line=10' --bet 'Alice:Place 6=12' \
+  --bet 'Alice:Place 8=12' --take-odds Alice --win-rule Alice:2 --lose-rule Alice:2 \
+  --player Bob=5000 --bet "Bob:Don't Pass=10" --bet 'Bob:Lay 4=40' --lay-odds Bob \
+  --win-rule Bob:2 --lose-rule Bob:2 \
+  --player Cleo=5000 --bet 'Cleo:Field=5' --bet 'Cleo:Hard 6=2' --bet 'Cleo:Hard 8=2' \
+  --bet 'Cleo:Craps=2' --win-rule Cleo:2 --lose-rule Cleo:2 --players Alice,Bob,Cleo
+
+examples: build
+	rm -rf $(EXAMPLE_DATA)
+	$(BUILD)/app/ravelton-cli run --data $(EXAMPLE_DATA) --rolls 0 --seed 1 \
+	  --player Alice=1000 --bet 'Alice:Pass Line=10' --take-odds Alice \
+	  --win-rule Alice:2 --lose-rule Alice:2 --players Alice --save examples/pass_line_full_odds.rvg
+	$(BUILD)/app/ravelton-cli run --data $(EXAMPLE_DATA) --rolls 0 --seed 1 $(THREE_PLAYERS) \
+	  --save examples/three_players.rvg
+	$(BUILD)/app/ravelton-cli run --data $(EXAMPLE_DATA) --rolls 2000 --seed 20261125 $(THREE_PLAYERS) \
+	  --save examples/three_players_2000_rolls.rvg
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

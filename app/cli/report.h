@@ -7,6 +7,7 @@
 // formatting (null where the view shows "---") with the text the view shows.
 #pragma once
 
+#include <cstdint>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
@@ -52,6 +53,10 @@ struct Report {
 // Adds the view options to a command; in `run` the view comes from --report
 // and the view's player from --report-player (--player seats players there).
 void AddReportOptions(CLI::App& cmd, ReportOptions& options, bool inRun);
+// The bits of the players named in --players ("none": nobody); false with
+// `error` naming one who is not at the table.
+bool NamedPlayerBits(const Game& game, const std::string& players, std::int32_t& bits,
+                     std::string& error);
 // Figures the report of a started game; false with `error` on bad usage.
 bool BuildReport(Game& game, const ReportOptions& options, Report& report, std::string& error);
 nlohmann::json ReportJson(const Report& report);

@@ -49,6 +49,25 @@ struct Context {
   }
 };
 
+}  // namespace
+
+bool NamedPlayerBits(const Game& game, const std::string& players, std::int32_t& bits,
+                     std::string& error) {
+  bits = 0;
+  if (players == "none") return true;
+  for (const std::string& name : SplitCommas(players)) {
+    const int p = SeatNamed(game, name, 0);
+    if (p == 0) {
+      error = "--players: nobody named " + name + " is at the table";
+      return false;
+    }
+    bits |= 1 << p;
+  }
+  return true;
+}
+
+namespace {
+
 // The players of --players, else the view's stored selection. A fresh
 // table has selected nobody, and whoever asks for a report of a run means
 // the players of the run: an empty stored selection takes every seated one
@@ -58,14 +77,7 @@ bool Selection(Context& c, std::int32_t stored, std::int32_t& bits) {
     bits = stored != 0 ? stored : static_cast<std::int32_t>(SeatedPlayers(c.game));
     return true;
   }
-  bits = 0;
-  if (c.o.players == "none") return true;
-  for (const std::string& name : SplitCommas(c.o.players)) {
-    const int p = SeatNamed(c.game, name, 0);
-    if (p == 0) return c.Fail("--players: nobody named " + name + " is at the table");
-    bits |= 1 << p;
-  }
-  return true;
+  return NamedPlayerBits(c.game, c.o.players, bits, c.error);
 }
 
 bool ChosenFrame(Context& c, std::int32_t stored, int& frame) {

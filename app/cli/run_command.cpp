@@ -148,6 +148,18 @@ int PrintRunReport(Game& game, const RunResult& result, const RunOptions& option
   return 0;
 }
 
+// --players becomes the selection of the statistics views, kept by the game
+// through the run and saved with it: the desktop opens the views on the
+// players the report showed.
+bool StoreSelection(Game& game, const std::string& players, std::string& error) {
+  if (players.empty()) return true;
+  std::int32_t bits = 0;
+  if (!NamedPlayerBits(game, players, bits, error)) return false;
+  ViewsState& v = game.views;
+  v.RollTotalsPlayers = v.BetResultsPlayers = v.SummaryPlayers = v.HandsPlayers = bits;
+  return true;
+}
+
 int Run(RunOptions& options) {
   // The window is not minimised, so the stop message of the run is shown
   // (and recorded) at its end.
@@ -161,6 +173,7 @@ int Run(RunOptions& options) {
     return 1;
   }
   if (!SetUpPlayers(*game, options, error) ||
+      !StoreSelection(*game, options.report.players, error) ||
       !ApplyDiceFileOptions(*game, options.diceFiles, error) ||
       !ApplyLogOptions(*game, options.diceFiles, error)) {
     std::cerr << "ravelton-cli run: " << error << '\n';

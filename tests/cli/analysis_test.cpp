@@ -263,16 +263,19 @@ TEST(ReportCli, SessionsOfALogFileAndASavedGame) {
   EXPECT_EQ(bad.exitCode, 1);
   EXPECT_NE(bad.out.find("is not a true Ravelton Sessions Log."), std::string::npos);
 
-  // A saved game reports what the run that made it reported.
+  // A saved game reports what the run that made it reported, on the
+  // players the run selected.
   const std::string game = dir / "report.rvg";
   const std::string run =
       "run --rolls 250 --seed 8 --player Ann=1000 --bet Ann:\"Pass Line\"=10 "
-      "--win-rule Ann:2 --lose-rule Ann:2 ";
+      "--win-rule Ann:2 --lose-rule Ann:2 --player Bo --bet Bo:Field=5 ";
   const json ran = Json(run + "--report results --players Ann --json --save " + game)["report"];
   EXPECT_GT(ran["rows"][0]["wagers"].get<double>(), 50);
   EXPECT_EQ(Json("report results --players Ann --json --load " + game), ran);
-  EXPECT_EQ(Json("report totals --frame all-sessions --json --load " + game)["rows"],
-            Json(run + "--report totals --frame all-sessions --json")["report"]["rows"]);
+  EXPECT_EQ(Json("report results --json --load " + game), ran);
+  EXPECT_EQ(
+      Json("report totals --frame all-sessions --json --load " + game)["rows"],
+      Json(run + "--report totals --frame all-sessions --players Ann --json")["report"]["rows"]);
 }
 
 TEST(ReportCli, Refusals) {
@@ -284,6 +287,7 @@ TEST(ReportCli, Refusals) {
       {"report freqs --category 91", "--category must be 1 to 90"},
       {"report trends", "needs --player NAME"},
       {"report totals --players Zed", "nobody named Zed"},
+      {"run --rolls 5 --players Zed", "nobody named Zed"},
       {"run --rolls 5 --report results --bets 86", "--bets takes bet ids 1 to 85"},
   };
   for (auto [args, message] : cases) {

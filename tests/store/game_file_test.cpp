@@ -862,6 +862,29 @@ TEST_F(StoreFixture, LogsInTheirDefaultPlacesFollowTheDataFolderOfWhoeverOpens) 
   EXPECT_EQ(g->roll.SessionLogPath[1], Path("theirs/ann.slg"));
 }
 
+// The sample games of examples/ open quietly in any data folder and play on
+// with the players and bets they hold.
+TEST_F(StoreFixture, TheSampleGamesOpenInAnyDataFolderAndPlayOn) {
+  int samples = 0;
+  for (const auto& entry :
+       std::filesystem::directory_iterator(std::string(RAVELTON_SOURCE_DIR) + "/examples")) {
+    if (entry.path().extension() != ".rvg") continue;
+    ++samples;
+    SCOPED_TRACE(entry.path().string());
+    HeadlessPlatform on;
+    auto g = NewGame(on);
+    ASSERT_TRUE(OpenGame(*g, entry.path().string()));
+    EXPECT_TRUE(on.messages.empty()) << on.messages.front().title;
+    ASSERT_FALSE(g->PlayerName[1].empty());
+    const Long rolls = g->RollTally(kTableSession, kEventRolls);
+    const Currency before = g->Bet(1, bet::kBankroll);
+    for (int roll = 0; roll < 200; ++roll) RollDice(*g);
+    EXPECT_EQ(g->RollTally(kTableSession, kEventRolls), rolls + 200);
+    EXPECT_NE(g->Bet(1, bet::kBankroll), before);  // the seat's bets were decided
+  }
+  EXPECT_GE(samples, 3);
+}
+
 // Game > Show Path: every group under its caption, the per-player files of
 // the seated players only, and a script path as the user typed it.
 TEST_F(StoreFixture, PathsInUseListsEveryFileUnderItsCaption) {
