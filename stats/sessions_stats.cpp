@@ -202,7 +202,7 @@ SessionsFigures FigureSessionsLog(const SessionsRequest& rq) {
   });
   if (m > 0) {
     f.skew = third / static_cast<double>(m);
-    f.kurtosis = deviation > 0 ? fourth / static_cast<double>(m) - 3 : 0;
+    f.kurtosis = fourth / static_cast<double>(m) - 3;
   }
 
   // The mode: the fullest bar of BarWidth columns, ties to the lowest.
