@@ -14,7 +14,7 @@ struct TopicPage {
 
 // Several topics may share a page: a message about an empty script is
 // answered by the page on the language, whose checking it explains.
-constexpr std::array<TopicPage, 22> kTopicPages{{
+constexpr std::array<TopicPage, 28> kTopicPages{{
     {kHelpBetting, "betting.html"},
     {kHelpHotKeys, "hot-keys.html"},
     {kHelpLimits, "limits.html"},
@@ -37,6 +37,12 @@ constexpr std::array<TopicPage, 22> kTopicPages{{
     {kHelpScriptActivation, "script-activation.html"},
     {kHelpProbabilities, "probabilities.html"},
     {kHelpSaveFiles, "saving.html"},
+    {kHelpAutoPlay, "auto-play.html"},
+    {kHelpStatistics, "statistics.html"},
+    {kHelpSessionsLog, "sessions-log.html"},
+    {kHelpEventsLog, "events-log.html"},
+    {kHelpDiceRollFiles, "dice-roll-files.html"},
+    {kHelpAdvantage, "advantage.html"},
 }};
 
 }  // namespace

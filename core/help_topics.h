@@ -26,3 +26,12 @@ constexpr int kHelpScriptActivation = 640;  // switching scripts on, interruptin
 constexpr int kHelpHotKeys = 110;           // Hot-Keys
 constexpr int kHelpProbabilities = 105;     // probability files (loaded dice)
 constexpr int kHelpSaveFiles = 600;         // saving scripts and probabilities
+
+// The pages of the tool windows, opened by F1 in the window: numbered apart
+// from the topics that messages name.
+constexpr int kHelpAutoPlay = 9001;       // Auto-Play's standing rules
+constexpr int kHelpStatistics = 9002;     // the statistics views and the bankroll graph
+constexpr int kHelpSessionsLog = 9003;    // the Sessions Log
+constexpr int kHelpEventsLog = 9004;      // the Events Log
+constexpr int kHelpDiceRollFiles = 9005;  // dice roll files
+constexpr int kHelpAdvantage = 9006;      // the Advantage analysis

@@ -15,8 +15,10 @@
 
 #include "automation/autoplay.h"
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/money.h"
 #include "engine/settle_text.h"
+#include "table/menu_items.h"
 #include "table/numeric_box.h"
 
 namespace {
@@ -48,6 +50,7 @@ void PaintCaption(QWidget* w, bool agree) {
 
 AutoPlayForm::AutoPlayForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
   setObjectName("frmAutoPlay");
+  HelpKey(this, game_, kHelpAutoPlay);
   setWindowTitle("Auto-Play");
   setWindowFlag(Qt::Tool);
   players_ = new QListWidget;

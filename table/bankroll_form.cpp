@@ -12,12 +12,13 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "core/message_dialog.h"
-#include "cycle/hyperdrive.h"
-#include "script/activation.h"
 #include "core/game.h"
 #include "core/graph_rows.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
 #include "core/money.h"
+#include "cycle/hyperdrive.h"
+#include "script/activation.h"
 #include "stats/bankroll_graph.h"
 #include "stats/bankroll_printout.h"
 #include "stats/graph_view.h"
@@ -113,6 +114,7 @@ void GraphWidget::mousePressEvent(QMouseEvent* event) {
 
 BankrollForm::BankrollForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
   setObjectName("frmBankroll");
+  HelpKey(this, game_, kHelpStatistics);
   setWindowTitle("Bankroll / Hyper-Drive");
   auto* menu = new QMenuBar(this);
   QMenu* options = menu->addMenu("&Options");

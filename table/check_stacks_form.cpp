@@ -20,12 +20,12 @@
 
 #include "core/catalogue.h"
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/money.h"
 #include "engine/bankroll.h"
 #include "engine/check_stacks_print.h"
 #include "engine/players.h"
 #include "engine/settle_text.h"
-#include "table/menu_items.h"
 #include "table/menu_items.h"
 #include "table/numeric_box.h"
 #include "table/player_list.h"
@@ -77,6 +77,7 @@ class StackDelegate : public QStyledItemDelegate {
 
 CheckStacksForm::CheckStacksForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
   setObjectName("frmCheckStacks");
+  HelpKey(this, game_, kHelpCheckStacks);
   setWindowTitle("CheckStacks");
   auto* menus = new QMenuBar(this);
   QMenu* file = menus->addMenu("&File");

@@ -17,12 +17,13 @@
 #include "core/game.h"
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
-#include "core/platform.h"
 #include "core/money.h"
+#include "core/platform.h"
 #include "engine/bankroll.h"
 #include "table/configure_advantage_tab.h"
 #include "table/configure_probability_tab.h"
 #include "table/configure_tabs.h"
+#include "table/menu_items.h"
 #include "table/numeric_box.h"
 
 namespace {
@@ -39,6 +40,25 @@ void ColourByValue(QLineEdit* box) {
   const Currency v = ParseAmount(box->text().toStdString());
   const char* colour = v > Currency{} ? "blue" : v < Currency{} ? "red" : "black";
   box->setStyleSheet(QString("color: %1").arg(colour));
+}
+
+// The help page of a tab: the settings of limits and bankrolls, the
+// payoffs, the dice's probabilities and the advantage have pages of their
+// own; the other tabs open the contents.
+int TabHelpTopic(int tab) {
+  switch (tab) {
+    case kTabBankroll:
+    case kTabBets:
+      return kHelpLimits;
+    case kTabPayoffs:
+      return kHelpPayoffs;
+    case kTabProbability:
+      return kHelpProbabilities;
+    case kTabAdvantage:
+      return kHelpAdvantage;
+    default:
+      return kHelpNone;
+  }
 }
 
 }  // namespace
@@ -61,6 +81,7 @@ ConfigureForm::ConfigureForm(Game& game, QWidget* parent) : QDialog(parent), gam
                         new AdvantageTab(game_)};
   for (int i = 0; i < 10; ++i) tabs_->addTab(pages[i], kTabCaption[i]);
   connect(tabs_, &QTabWidget::currentChanged, this, &ConfigureForm::TabClicked);
+  HelpKey(this, game_, [this] { return TabHelpTopic(tabs_->currentIndex()); });
   auto* ok = new QPushButton("OK", this);
   ok->setObjectName("cmdOK");
   connect(ok, &QPushButton::clicked, this, [this] { TryClose(); });

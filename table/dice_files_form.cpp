@@ -19,6 +19,7 @@
 #include <algorithm>
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/money.h"
 #include "dice/dice_file.h"
 #include "dice/dice_file_edit.h"
@@ -113,6 +114,7 @@ void DiceRollList::wheelEvent(QWheelEvent* event) {
 
 DiceFilesForm::DiceFilesForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
   setObjectName("frmDiceRollFiles");
+  HelpKey(this, game_, kHelpDiceRollFiles);
   auto* menu = new QMenuBar(this);
   BuildFileMenu(menu->addMenu("&File"));
   BuildEditMenu(menu->addMenu("&Edit"));

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "logs/events_log_print.h"
 #include "logs/events_log_view.h"
@@ -102,6 +103,7 @@ void EventsLogView::wheelEvent(QWheelEvent* event) {
 
 EventsLogForm::EventsLogForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
   setObjectName("frmEventsLog");
+  HelpKey(this, game_, kHelpEventsLog);
   view_ = new EventsLogView(game, this);
   connect(view_, &EventsLogView::scrolled, this, &EventsLogForm::ScrollBy);
   scroll_ = new QScrollBar(Qt::Vertical);

@@ -18,11 +18,12 @@
 #include "core/game.h"
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
-#include "cycle/auto_bet_commands.h"
 #include "core/platform.h"
+#include "cycle/auto_bet_commands.h"
 #include "script/hot_keys.h"
 #include "script/script_printouts.h"
 #include "table/auto_bet_form.h"
+#include "table/menu_items.h"
 
 namespace {
 
@@ -36,6 +37,7 @@ QString KeyText(char key) { return QString("Ctrl ") + QChar(key); }
 
 HotKeysForm::HotKeysForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
   setObjectName("frmHotKeys");
+  HelpKey(this, game_, kHelpHotKeys);
   setWindowTitle("Hot-Keys");
   auto* bar = new QMenuBar(this);
   QMenu* file = bar->addMenu("&File");

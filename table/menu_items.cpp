@@ -1,7 +1,12 @@
 #include "table/menu_items.h"
 
 #include <QKeySequence>
+#include <QShortcut>
+#include <QWidget>
 #include <algorithm>
+
+#include "core/game.h"
+#include "core/platform.h"
 
 QAction* MenuItem(QMenu* menu, const char* name, const QString& caption) {
   QAction* a = menu->addAction(caption);
@@ -21,6 +26,17 @@ QAction* UnbuiltItem(QMenu* menu, const char* name, const QString& caption, cons
   a->setToolTip(why);
   a->setStatusTip(why);
   return a;
+}
+
+void HelpKey(QWidget* form, Game& game, std::function<int()> topic) {
+  auto* key = new QShortcut(QKeySequence(Qt::Key_F1), form);
+  key->setContext(Qt::WindowShortcut);
+  QObject::connect(key, &QShortcut::activated, form,
+                   [&game, topic = std::move(topic)] { game.platform->ShowHelp(topic()); });
+}
+
+void HelpKey(QWidget* form, Game& game, int topic) {
+  HelpKey(form, game, [topic] { return topic; });
 }
 
 std::array<QAction*, 3> FontSizeItems(QObject* owner, QMenu* menu, const char* name,

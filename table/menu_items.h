@@ -1,6 +1,7 @@
-// Menu entries shared by the main window and the forms: a named entry, a named
-// entry joined to a handler, an entry not built yet (disabled, saying why),
-// exclusive entries, and the font size entries of the text windows.
+// Menu entries and keys shared by the main window and the forms: a named
+// entry, a named entry joined to a handler, an entry that does nothing
+// (disabled, saying why), exclusive entries, a form's help key, and the font
+// size entries of the text windows.
 #pragma once
 
 #include <QAction>
@@ -11,6 +12,9 @@
 #include <QStringList>
 #include <array>
 #include <functional>
+
+class QWidget;
+struct Game;
 
 // An entry of `menu` showing `caption`, named `name` so tests and settings find it.
 QAction* MenuItem(QMenu* menu, const char* name, const QString& caption);
@@ -40,6 +44,12 @@ void RadioItems(QObject* owner, QMenu* menu, const char* name, const QStringList
     QObject::connect(a, &QAction::triggered, owner, [chosen, i] { chosen(i); });
   }
 }
+
+// F1 anywhere in `form` opens the help page of `topic()`, asked when the
+// key is pressed so that a form of several tabs answers for the tab shown.
+void HelpKey(QWidget* form, Game& game, std::function<int()> topic);
+// The same for a form with one page.
+void HelpKey(QWidget* form, Game& game, int topic);
 
 // The font size entries "&Smaller" (Ctrl -), "&Normal" (Ctrl 0) and "&Larger"
 // (Ctrl +, or Ctrl = where + needs Shift), each named `name`: choosing one

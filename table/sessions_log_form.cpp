@@ -19,10 +19,11 @@
 #include <cmath>
 #include <filesystem>
 
+#include "core/data_folder.h"
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "core/money.h"
-#include "core/data_folder.h"
 #include "stats/number_format.h"
 #include "stats/sessions_find.h"
 #include "stats/sessions_log.h"
@@ -148,6 +149,7 @@ void SessionsHistogram::mouseMoveEvent(QMouseEvent* event) {
 
 SessionsLogForm::SessionsLogForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
   setObjectName("frmGames");
+  HelpKey(this, game_, kHelpSessionsLog);
   player_ = new QComboBox;
   player_->setObjectName("cmbPlayer");
   connect(player_, &QComboBox::currentIndexChanged, this, [this] {

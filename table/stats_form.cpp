@@ -9,8 +9,10 @@
 #include <algorithm>
 
 #include "core/game.h"
+#include "core/help_topics.h"
 #include "engine/players.h"
 #include "stats/selection.h"
+#include "table/menu_items.h"
 
 namespace {
 constexpr int kMinPlayerRows = 2;  // an empty table still shows a list
@@ -21,6 +23,7 @@ constexpr int kSelectionGap = 8;   // between the time period and the players
 StatsForm::StatsForm(Game& game, const char* name, const QString& caption, QWidget* parent)
     : QDialog(parent), game_(game) {
   setObjectName(name);
+  HelpKey(this, game_, kHelpStatistics);
   setWindowTitle(caption);
   setModal(false);
 }

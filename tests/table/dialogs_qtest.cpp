@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "config/settings.h"
 #include "core/catalogue.h"
 #include "core/frames.h"
 #include "core/help_topics.h"
@@ -24,6 +25,8 @@
 #include "stats/bankroll_printout.h"
 #include "stats/graph_view.h"
 #include "table/bankroll_form.h"
+#include "table/configure_form.h"
+#include "table/events_log_form.h"
 #include "table/help_window.h"
 #include "table/new_form.h"
 #include "table/path_form.h"
@@ -43,7 +46,7 @@ class DialogsTest : public QObject {
   void settleDialogPaysByTheButtonPressed_data();
   void settleDialogPaysByTheButtonPressed();
   void bankrollFormScalesAndRunsHyperDrive();
-  void helpOpensOnTheContentsOrTheMessagesTopic();
+  void helpOpensOnTheContentsTheMessagesOrTheWindowsTopic();
   void showPathListsThePathsInUse();
   void theChoicesReachTheNewSession();
   void theDiceOptionsFollowTheFileInUse();
@@ -75,7 +78,7 @@ void UseSourcePages(DesktopTable& t) { t.game->roll.AppPath = RAVELTON_SOURCE_DI
 
 }  // namespace
 
-void DialogsTest::helpOpensOnTheContentsOrTheMessagesTopic() {
+void DialogsTest::helpOpensOnTheContentsTheMessagesOrTheWindowsTopic() {
   DesktopTable t;
   UseSourcePages(t);
   QTest::keyClick(t.View(), Qt::Key_F1);
@@ -107,6 +110,20 @@ void DialogsTest::helpOpensOnTheContentsOrTheMessagesTopic() {
   request.style = kMsgOk | kMsgHelp;
   t.platform.ShowMessage(request);
   QCOMPARE(page, QString("buy-bets.html"));
+
+  // F1 in a tool window opens its own page; in Configure, the page of the tab shown.
+  const auto pressF1 = [&](QWidget* form) {
+    form->activateWindow();
+    if (!QTest::qWaitForWindowActive(form)) qFatal("the window did not become active");
+    QTest::keyClick(form, Qt::Key_F1);
+    return help->CurrentPage();
+  };
+  t.window->findChild<QAction*>("mnuEventsLog")->trigger();
+  QCOMPARE(pressF1(t.window->EventsLog()), QString("events-log.html"));
+  ConfigureForm* configure = t.OpenConfigure(kTabAdvantage);
+  QCOMPARE(pressF1(configure), QString("advantage.html"));
+  configure->Tabs()->setCurrentIndex(kTabColors);
+  QCOMPARE(pressF1(configure), QString("index.html"));
 }
 
 void DialogsTest::messageStylesShowTheirControls_data() {
