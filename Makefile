@@ -6,7 +6,7 @@
 #                  two-rank MPI run of ravelton-cli batch)
 #   make sanitize  the same tests in a Debug build with ASan and UBSan
 #   make bench     the Google Benchmark programs (Release)
-#   make examples  the sample games of examples/ made afresh by ravelton-cli
+#   make examples  the sample games and dice of examples/ made afresh by ravelton-cli
 
 BUILD    ?= build
 SANBUILD ?= build-san
@@ -141,6 +141,7 @@ examples: build
 	  --save examples/three_players.rvg
 	$(BUILD)/app/ravelton-cli run --data $(EXAMPLE_DATA) --rolls 2000 --seed 20261125 $(THREE_PLAYERS) \
 	  --save examples/three_players_2000_rolls.rvg
+	$(BUILD)/app/ravelton-cli probability --set-total 7=15000 --save examples/fewer_sevens.prb
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

@@ -30,6 +30,7 @@
 #include "core/message_dialog.h"
 #include "core/seats.h"
 #include "core/text.h"
+#include "dice/probability_file.h"
 #include "engine/place.h"
 #include "stats/sessions_log.h"
 #include "store/game_file_records.h"
@@ -863,11 +864,14 @@ TEST_F(StoreFixture, LogsInTheirDefaultPlacesFollowTheDataFolderOfWhoeverOpens) 
 }
 
 // The sample games of examples/ open quietly in any data folder and play on
-// with the players and bets they hold.
+// with the players and bets they hold; the sample dice read as what they say.
 TEST_F(StoreFixture, TheSampleGamesOpenInAnyDataFolderAndPlayOn) {
+  const std::string examples = std::string(RAVELTON_SOURCE_DIR) + "/examples";
+  constexpr int kValueRow = 1, kTotalsRow = 1, kSevenColumn = 6;
+  ASSERT_EQ(ReadProbabilityFile(*game, examples + "/fewer_sevens.prb"), ProbFileStatus::Ok);
+  EXPECT_EQ(game->probability.ProbabilityTable(kValueRow, kTotalsRow, kSevenColumn), 15'000);
   int samples = 0;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(std::string(RAVELTON_SOURCE_DIR) + "/examples")) {
+  for (const auto& entry : std::filesystem::directory_iterator(examples)) {
     if (entry.path().extension() != ".rvg") continue;
     ++samples;
     SCOPED_TRACE(entry.path().string());
