@@ -130,6 +130,12 @@ SessionResult PlayCopy(Game& copy, const Game& start, const BatchConfig& config,
   platform.minimized = true;  // no stop message shown at the end
   Game* game = &copy;
   game->platform = &platform;
+  // Sessions played at once from one game would all share its files: none
+  // of them records into the sessions logs or the events log, or records or
+  // plays back the dice roll file (each draws its own dice).
+  game->roll.SessionLogsOn = false;
+  game->roll.LogOn = false;
+  game->diceFile.DiceFileMode = kDiceFileInactive;
   SessionResult r;
   r.index = k;
   r.seed = SessionSeed(config.seed, k, SeedLimit(game->dice.RngIndex));

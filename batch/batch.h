@@ -10,7 +10,8 @@
 //   the same bit for bit whatever the threads or processes that play it.
 // - Threads share nothing mutable but the index of the next session to
 //   take; each writes only its own result slots.
-// - The starting game is never changed.
+// - The starting game is never changed, and a session touches no file:
+//   no sessions-log record, no events log, no dice roll file.
 #pragma once
 
 #include <array>

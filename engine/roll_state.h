@@ -42,6 +42,8 @@ struct RollState {
 
   // Each player's sessions log file.
   std::array<std::string, 9> SessionLogPath{};
+  // Off in a batch's sessions: they are not the user's sessions to record.
+  bool SessionLogsOn = true;
 
   // The game has unsaved changes.
   bool SessionDirty = false;

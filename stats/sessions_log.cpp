@@ -188,7 +188,8 @@ SessionRecord SessionRecordOf(Game& g, int p) {
 }
 
 std::optional<std::string> WriteSessionRecord(Game& g, int p) {
-  if (g.RollTally(kTableSession, kEventRolls) == 0 || p < 1 || p > 8 || g.PlayerName[static_cast<std::size_t>(p)].empty())
+  if (!g.roll.SessionLogsOn || g.RollTally(kTableSession, kEventRolls) == 0 || p < 1 || p > 8 ||
+      g.PlayerName[static_cast<std::size_t>(p)].empty())
     return std::nullopt;
   std::string& stored = g.roll.SessionLogPath[static_cast<std::size_t>(p)];
   if (stored.empty()) stored = SessionLogPathOf(g, p);

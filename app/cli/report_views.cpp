@@ -273,7 +273,7 @@ bool Sessions(Context& c, Report& r) {
     rq.breakHigh = std::max(a, b);
   }
   const SessionsFigures f = FigureSessionsLog(rq);
-  if (!f.error.empty() && f.sessions == 0) return c.Fail(f.error);
+  if (!f.error.empty() && f.sessions == 0) return c.Fail(MessageLine(f.error));
   r.selectionLabel = ReportPlayerName(c);
   for (const auto& [label, s] : f.results) r.rows.push_back({label, {Field("value", "", s)}});
   nlohmann::json classes = nlohmann::json::array();

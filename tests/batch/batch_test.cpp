@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <memory>
 #include <numeric>
 #include <vector>
@@ -21,6 +22,7 @@
 #include "dice/rng.h"
 #include "engine/place.h"
 #include "engine/players.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -153,6 +155,28 @@ TEST_F(BatchTest, SessionsCountFromTheStartingGame) {
         << r.net[1].raw;
     EXPECT_LE(r.wagered[1], 10_usd);
   }
+}
+
+// Sessions played at once keep none of the user's files: a player cashed
+// out at a stop leaves no sessions-log record, and the events log and the
+// dice roll file that the starting game records into are not written.
+TEST_F(BatchTest, SessionsTouchNoneOfTheUsersFiles) {
+  const TempFolder folder;
+  SeatFlatPassLine(1, "Ann", 1000_usd);
+  game->roll.SessionLogPath[1] = folder / "ann.slg";
+  game->roll.LogOn = true;
+  game->roll.EventsLogPath = folder / "events.txt";
+  game->diceFile.DiceFilePath = folder / "dice.rol";
+  game->diceFile.DiceFileMode = kDiceFileRecording;
+  BatchConfig config;
+  config.rolls = 100;
+  config.stopWin[1] = config.stopLoss[1] = 20_usd;
+  const auto results = PlaySessions(*game, config, Indices(40), 2);
+  EXPECT_TRUE(std::any_of(results.begin(), results.end(), [](const SessionResult& r) {
+    return r.outcome[1] == PlayerOutcome::kStopWin;
+  }));
+  for (const char* name : {"ann.slg", "events.txt", "dice.rol"})
+    EXPECT_FALSE(std::filesystem::exists(folder / name)) << name;
 }
 
 // Percentiles by the nearest ranks around q/100 * (n - 1), computed here
