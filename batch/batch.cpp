@@ -131,10 +131,11 @@ SessionResult PlayCopy(Game& copy, const Game& start, const BatchConfig& config,
   Game* game = &copy;
   game->platform = &platform;
   // Sessions played at once from one game would all share its files: none
-  // of them records into the sessions logs or the events log, or records or
-  // plays back the dice roll file (each draws its own dice).
+  // of them records into the sessions logs or the events log (nor clears
+  // it at a script's new session), or records or plays back the dice roll
+  // file (each draws its own dice).
   game->roll.SessionLogsOn = false;
-  game->roll.LogOn = false;
+  game->roll.LogOn = game->roll.LogClearOnNew = false;
   game->diceFile.DiceFileMode = kDiceFileInactive;
   SessionResult r;
   r.index = k;

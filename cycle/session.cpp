@@ -123,8 +123,7 @@ void NewSession(Game& g, bool preserveGames, bool preserveCheckstacks, bool pres
   if (!preserveSessionsLogs) {
     for (int p = 1; p <= 8; ++p) {
       if (!SeatNamed(g, p)) continue;
-      r.SessionLogPath[static_cast<std::size_t>(p)] =
-          r.DataFolder + LowerCase(g.PlayerName[static_cast<std::size_t>(p)]) + ".slg";
+      r.SessionLogPath[static_cast<std::size_t>(p)] = DefaultSessionLogPath(g, p);
       RemoveFile(r.SessionLogPath[static_cast<std::size_t>(p)]);
     }
   }

@@ -22,6 +22,9 @@
 #include "dice/rng.h"
 #include "engine/place.h"
 #include "engine/players.h"
+#include "script/activation.h"
+#include "script/files.h"
+#include "tests/support/file_text.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -158,14 +161,19 @@ TEST_F(BatchTest, SessionsCountFromTheStartingGame) {
 }
 
 // Sessions played at once keep none of the user's files: a player cashed
-// out at a stop leaves no sessions-log record, and the events log and the
-// dice roll file that the starting game records into are not written.
+// out at a stop leaves no sessions-log record, the dice roll file that the
+// starting game records into is not written, and the events log is neither
+// written nor cleared by a script's new session.
 TEST_F(BatchTest, SessionsTouchNoneOfTheUsersFiles) {
   const TempFolder folder;
   SeatFlatPassLine(1, "Ann", 1000_usd);
+  WriteWholeFile(folder / "new.bet", "If # rolls = 20 Then\r\n  start new session\r\nEndIf\r\n");
+  ASSERT_TRUE(OpenAutoBets(*game, 1, folder / "new.bet"));
+  SetScriptActive(*game, 1, true);
   game->roll.SessionLogPath[1] = folder / "ann.slg";
-  game->roll.LogOn = true;
+  game->roll.LogOn = game->roll.LogClearOnNew = true;
   game->roll.EventsLogPath = folder / "events.txt";
+  WriteWholeFile(game->roll.EventsLogPath, "kept\r\n");
   game->diceFile.DiceFilePath = folder / "dice.rol";
   game->diceFile.DiceFileMode = kDiceFileRecording;
   BatchConfig config;
@@ -175,8 +183,9 @@ TEST_F(BatchTest, SessionsTouchNoneOfTheUsersFiles) {
   EXPECT_TRUE(std::any_of(results.begin(), results.end(), [](const SessionResult& r) {
     return r.outcome[1] == PlayerOutcome::kStopWin;
   }));
-  for (const char* name : {"ann.slg", "events.txt", "dice.rol"})
+  for (const char* name : {"ann.slg", "dice.rol"})
     EXPECT_FALSE(std::filesystem::exists(folder / name)) << name;
+  EXPECT_EQ(ReadWholeFile(folder / "events.txt"), "kept\r\n");
 }
 
 // Percentiles by the nearest ranks around q/100 * (n - 1), computed here
