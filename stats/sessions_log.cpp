@@ -85,54 +85,45 @@ std::optional<LogShape> ReadShape(const std::string& path, std::string& error) {
   return shape;
 }
 
-// Writes a new log to a temporary file beside `path`: a copy of the old
-// file's bytes, then `edit` (which may read the old file), then `header`;
-// renames it into place. On any failure the old file stays and the
-// temporary one goes.
+// Writes a new log to a temporary file of its own beside `path`: a copy of
+// the old file's bytes, then `edit` (which may read the old file and returns
+// false on a failure), then `header`; renames it into place. On any failure
+// the old file stays and the temporary one goes. The temporary file's name
+// is unique, so two programs writing the same log never share it.
 template <class Edit>
 std::optional<std::string> Rewrite(const std::string& path, const LogShape& shape,
                                    const Buffer& header, Edit&& edit) {
   const std::filesystem::path target(path);
   std::error_code ec;
   if (target.has_parent_path()) std::filesystem::create_directories(target.parent_path(), ec);
-  const std::string temp = path + ".~tmp";
   const std::string failure = "The sessions log could not be written:\r\r" + path;
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    std::ifstream in;
-    if (shape.exists) {
-      in.open(path, std::ios::binary);
-      std::vector<char> chunk(kCopyChunk);
-      std::uintmax_t left = shape.bytes;
-      while (in && out && left > 0) {
-        in.read(chunk.data(), static_cast<std::streamsize>(std::min<std::uintmax_t>(left, kCopyChunk)));
-        out.write(chunk.data(), in.gcount());
-        left -= static_cast<std::uintmax_t>(in.gcount());
-      }
-      if (left != 0) out.setstate(std::ios::failbit);
-      in.clear();
-    }
-    edit(out, in);
-    out.seekp(0);
-    out.write(reinterpret_cast<const char*>(header.data()), kSessionRecordBytes);
-    out.flush();
-    if (!out) {
-      out.close();
-      std::filesystem::remove(temp, ec);
-      return failure;
+  TempFileBeside out(path);
+  if (!out.IsOpen()) return failure;
+  FileHandle in;
+  if (shape.exists) {
+    in = OpenForReading(path);
+    if (!in.IsOpen()) return failure;
+    std::vector<char> chunk(kCopyChunk);
+    for (std::uintmax_t at = 0; at < shape.bytes;) {
+      const std::size_t want =
+          static_cast<std::size_t>(std::min<std::uintmax_t>(shape.bytes - at, kCopyChunk));
+      const std::int64_t got = ReadAt(in, static_cast<std::int64_t>(at), chunk.data(), want);
+      if (got <= 0 || !WriteAll(out.File(), chunk.data(), static_cast<std::size_t>(got)))
+        return failure;
+      at += static_cast<std::uintmax_t>(got);
     }
   }
-  std::filesystem::rename(temp, target, ec);
-  if (ec) {
-    std::filesystem::remove(temp, ec);
+  if (!edit(out.File(), in) || !WriteAt(out.File(), 0, header.data(), kSessionRecordBytes))
     return failure;
-  }
+  std::string error;
+  if (!out.Commit(error)) return failure;
   return std::nullopt;
 }
 
-void WriteAt(std::ofstream& out, std::int32_t session, const Buffer& record) {
-  out.seekp(static_cast<std::streamoff>(session) * kSessionRecordBytes);
-  out.write(reinterpret_cast<const char*>(record.data()), kSessionRecordBytes);
+// Session s's record (from 1) at its place in the file.
+bool WriteRecord(const FileHandle& out, std::int32_t session, const Buffer& record) {
+  return WriteAt(out, static_cast<std::int64_t>(session) * kSessionRecordBytes, record.data(),
+                 kSessionRecordBytes);
 }
 
 }  // namespace
@@ -202,7 +193,9 @@ std::optional<std::string> AppendSessionRecord(const std::string& path, const Se
   if (!shape) return error;
   const Buffer record = EncodeRecord(r);
   return Rewrite(path, *shape, HeaderRecord(shape->count + 1),
-                 [&](std::ofstream& out, std::ifstream&) { WriteAt(out, shape->count + 1, record); });
+                 [&](const FileHandle& out, const FileHandle&) {
+                   return WriteRecord(out, shape->count + 1, record);
+                 });
 }
 
 void WriteSessionRecordShown(Game& g, int p) {
@@ -215,7 +208,8 @@ void WriteSessionRecords(Game& g) {
 }
 
 std::optional<std::string> CreateSessionsLog(const std::string& path) {
-  return Rewrite(path, LogShape{}, HeaderRecord(0), [](std::ofstream&, std::ifstream&) {});
+  return Rewrite(path, LogShape{}, HeaderRecord(0),
+                 [](const FileHandle&, const FileHandle&) { return true; });
 }
 
 std::optional<std::string> CopySessionsLog(const std::string& from, const std::string& to) {
@@ -249,18 +243,15 @@ std::optional<std::string> MergeSessionsLogs(const std::string& into, const std:
     return "The sessions of\r\r" + from + "\r\rare more than one sessions log can count.";
   // Each record is checked as it is read, so a damaged one stops the merge
   // before the new file is renamed into place.
-  const std::optional<std::string> failed =
-      Rewrite(into, *shape, HeaderRecord(shape->count + source.count()),
-              [&](std::ofstream& out, std::ifstream&) {
-                SessionRecord record{};
-                for (std::int32_t s = 1; s <= source.count(); ++s) {
-                  if (!source.Read(s, record)) {
-                    out.setstate(std::ios::failbit);
-                    return;
-                  }
-                  WriteAt(out, shape->count + s, EncodeRecord(record));
-                }
-              });
+  const std::optional<std::string> failed = Rewrite(
+      into, *shape, HeaderRecord(shape->count + source.count()),
+      [&](const FileHandle& out, const FileHandle&) {
+        SessionRecord record{};
+        for (std::int32_t s = 1; s <= source.count(); ++s)
+          if (!source.Read(s, record) || !WriteRecord(out, shape->count + s, EncodeRecord(record)))
+            return false;
+        return true;
+      });
   if (failed && !source.ok()) return source.error();
   return failed;
 }
@@ -276,16 +267,16 @@ std::string DeleteSessions(const std::string& path, long a, long b) {
   // Later sessions move down one by one; the records past the new count
   // keep their old bytes, and the file its length.
   const std::optional<std::string> failed = Rewrite(
-      path, *shape, HeaderRecord(shape->count - gap), [&](std::ofstream& out, std::ifstream& in) {
+      path, *shape, HeaderRecord(shape->count - gap),
+      [&](const FileHandle& out, const FileHandle& in) {
         Buffer record{};
         for (std::int32_t s = first; s + gap <= shape->count; ++s) {
-          in.seekg(static_cast<std::streamoff>(s + gap) * kSessionRecordBytes);
-          if (!in.read(reinterpret_cast<char*>(record.data()), kSessionRecordBytes)) {
-            out.setstate(std::ios::failbit);
-            return;
-          }
-          WriteAt(out, s, record);
+          const std::int64_t from = static_cast<std::int64_t>(s + gap) * kSessionRecordBytes;
+          if (ReadAt(in, from, record.data(), kSessionRecordBytes) != kSessionRecordBytes ||
+              !WriteRecord(out, s, record))
+            return false;
         }
+        return true;
       });
   return failed ? *failed : std::string();
 }
