@@ -4,6 +4,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "core/file_io.h"
 #include "core/game.h"
 
 namespace fs = std::filesystem;
@@ -43,18 +44,9 @@ bool OpenOutputFile(const fs::path& path, bool clear, std::string& error) {
   std::error_code ec;
   if (clear && fs::exists(path, ec)) {
     // An empty file replaces the old one in one rename, never half-written.
-    fs::path temporary = path;
-    temporary += ".tmp";
-    {
-      std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-      if (!out) {
-        error = "Path/File access error";
-        return false;
-      }
-    }
-    fs::rename(temporary, path, ec);
-    if (ec) {
-      fs::remove(temporary, ec);
+    TempFileBeside empty(path.string());
+    std::string why;
+    if (!empty.Commit(why)) {
       error = "Path/File access error";
       return false;
     }
