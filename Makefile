@@ -106,6 +106,7 @@ screenshots: build
 	  --bet 'Ben:Lay 9=20' --bet 'Ben:Lay 10=20' --win-rule Ben:2 --lose-rule Ben:2
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/auto-bet.png --player Alice=1000 \
 	  --view autobet:examples/three_point_molly.bet
+	$(BUILD)/app/ravelton --screenshot $(SHOTS)/batch.png --view batch $(STATS_GAME)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/hot-keys.png --view hotkeys
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/help.png --view help
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/help-payoffs.png --view help:138

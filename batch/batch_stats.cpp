@@ -81,3 +81,28 @@ PlayerSummary SummarizePlayer(const Game& start, int seat,
   if (onlyBet > 0) s.exactEdge = FigureAdvantage(start, onlyBet).evPerDec;
   return s;
 }
+
+std::vector<int> OnlyBets(const std::vector<SessionResult>& results) {
+  std::vector<int> only(kBatchSeats + 1, -1);
+  for (const SessionResult& r : results)
+    for (int p = 1; p <= kBatchSeats; ++p) {
+      const int b = r.onlyBet[p];
+      if (r.wagered[p] <= Currency{}) continue;  // no bet this session
+      if (only[p] == -1)
+        only[p] = b;
+      else if (only[p] != b)
+        only[p] = 0;
+    }
+  for (int& b : only) b = std::max(b, 0);
+  return only;
+}
+
+std::vector<PlayerSummary> SummarizePlayers(const Game& start,
+                                            const std::vector<SessionResult>& results) {
+  const std::vector<int> onlyBets = OnlyBets(results);
+  std::vector<PlayerSummary> out;
+  for (int p = 1; p <= kBatchSeats; ++p)
+    if (!start.PlayerName[static_cast<std::size_t>(p)].empty())
+      out.push_back(SummarizePlayer(start, p, results, onlyBets[static_cast<std::size_t>(p)]));
+  return out;
+}

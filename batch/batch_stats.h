@@ -47,3 +47,9 @@ std::array<double, 2> EdgeInterval(const std::vector<double>& nets,
 // its exact edge then comes from the advantage analysis of `start`.
 PlayerSummary SummarizePlayer(const Game& start, int seat,
                               const std::vector<SessionResult>& results, int onlyBet);
+// The one bet id each seat made in every session that saw a bet (index
+// 1..8); 0 where it made none or several.
+std::vector<int> OnlyBets(const std::vector<SessionResult>& results);
+// The summary of every seated player of the starting game, in seat order.
+std::vector<PlayerSummary> SummarizePlayers(const Game& start,
+                                            const std::vector<SessionResult>& results);

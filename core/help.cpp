@@ -14,7 +14,7 @@ struct TopicPage {
 
 // Several topics may share a page: a message about an empty script is
 // answered by the page on the language, whose checking it explains.
-constexpr std::array<TopicPage, 28> kTopicPages{{
+constexpr std::array<TopicPage, 29> kTopicPages{{
     {kHelpBetting, "betting.html"},
     {kHelpHotKeys, "hot-keys.html"},
     {kHelpLimits, "limits.html"},
@@ -43,6 +43,7 @@ constexpr std::array<TopicPage, 28> kTopicPages{{
     {kHelpEventsLog, "events-log.html"},
     {kHelpDiceRollFiles, "dice-roll-files.html"},
     {kHelpAdvantage, "advantage.html"},
+    {kHelpBatch, "batch.html"},
 }};
 
 }  // namespace

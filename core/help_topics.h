@@ -35,3 +35,4 @@ constexpr int kHelpSessionsLog = 9003;    // the Sessions Log
 constexpr int kHelpEventsLog = 9004;      // the Events Log
 constexpr int kHelpDiceRollFiles = 9005;  // dice roll files
 constexpr int kHelpAdvantage = 9006;      // the Advantage analysis
+constexpr int kHelpBatch = 9007;          // batch runs of many sessions

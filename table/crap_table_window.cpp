@@ -39,6 +39,7 @@
 #include "table/auto_bet_form.h"
 #include "table/auto_play_form.h"
 #include "table/bankroll_form.h"
+#include "table/batch_form.h"
 #include "table/check_stacks_form.h"
 #include "table/configure_form.h"
 #include "table/dice_files_form.h"
@@ -322,6 +323,11 @@ void CrapTableWindow::BuildMenus() {
             CheckStacks()->Refresh();
             CheckStacks()->show();
           }));
+  stats->addSeparator();
+  connect(MenuItem(stats, "mnuBatch", "Batch R&un ..."), &QAction::triggered, this, guarded([this] {
+            Batch()->Refresh();
+            Batch()->show();
+          }));
 
   QMenu* help = menuBar()->addMenu("&Help");
   help->setToolTipsVisible(true);
@@ -441,6 +447,11 @@ DiceFilesForm* CrapTableWindow::DiceFiles() {
     });
   }
   return diceFiles_;
+}
+
+BatchForm* CrapTableWindow::Batch() {
+  if (!batch_) batch_ = new BatchForm(game_, this);
+  return batch_;
 }
 
 SessionsLogForm* CrapTableWindow::SessionsLog() {

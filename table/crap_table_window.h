@@ -17,6 +17,7 @@ class RollPadForm;
 class DiceFilesForm;
 class EventsLogForm;
 class SessionsLogForm;
+class BatchForm;
 class AutoBetForm;
 class WindowKeeper;
 class StatsViews;
@@ -45,6 +46,7 @@ class CrapTableWindow : public QMainWindow {
   EventsLogForm* EventsLog();
   // frmGames, the sessions log, made on first use (mnuSessionsLog).
   SessionsLogForm* SessionsLog();
+  BatchForm* Batch();
   // The statistics views (Summary, Hands, Roll Totals, ...).
   StatsViews& Views() { return *statsViews_; }
   // frmAutoBet, the script editor, made on first use (F4, mnuAutoBet).
@@ -85,6 +87,7 @@ class CrapTableWindow : public QMainWindow {
   QPointer<DiceFilesForm> diceFiles_;
   QPointer<EventsLogForm> eventsLog_;
   QPointer<SessionsLogForm> sessionsLog_;
+  QPointer<BatchForm> batch_;
   StatsViews* statsViews_ = nullptr;
   QPointer<AutoBetForm> autoBet_;
 };

@@ -146,15 +146,6 @@ const char* OutcomeName(PlayerOutcome o) {
   return "";
 }
 
-std::vector<PlayerSummary> Summaries(const Game& start, const std::vector<SessionResult>& results,
-                                     const std::vector<int>& onlyBets) {
-  std::vector<PlayerSummary> out;
-  for (int p = 1; p <= kBatchSeats; ++p)
-    if (!start.PlayerName[p].empty())
-      out.push_back(SummarizePlayer(start, p, results, onlyBets[p]));
-  return out;
-}
-
 nlohmann::json SummaryJson(const PlayerSummary& s) {
   nlohmann::json pct = nlohmann::json::object();
   for (std::size_t i = 0; i < kBatchPercentiles.size(); ++i)
@@ -242,23 +233,6 @@ void PrintCsv(std::ostream& out, const Game& start, const std::vector<SessionRes
   }
 }
 
-// The one bet id each seat made in every session that saw a bet; 0 where
-// it made none or several (the exact edge applies only to one kind of bet).
-std::vector<int> OnlyBets(const std::vector<SessionResult>& results) {
-  std::vector<int> only(kBatchSeats + 1, -1);
-  for (const SessionResult& r : results)
-    for (int p = 1; p <= kBatchSeats; ++p) {
-      const int b = r.onlyBet[p];
-      if (r.wagered[p] <= Currency{}) continue;  // no bet this session
-      if (only[p] == -1)
-        only[p] = b;
-      else if (only[p] != b)
-        only[p] = 0;
-    }
-  for (int& b : only) b = std::max(b, 0);
-  return only;
-}
-
 class ProgressLine {
  public:
   ProgressLine(std::int64_t total, bool on) : total_(total), on_(on), start_(Clock::now()) {}
@@ -305,7 +279,7 @@ int Batch(BatchOptions& o) {
       std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
   EndRanks(ranks);
   if (!lead) return 0;
-  const std::vector<PlayerSummary> all = Summaries(*start, results, OnlyBets(results));
+  const std::vector<PlayerSummary> all = SummarizePlayers(*start, results);
   if (o.json) {
     nlohmann::json players = nlohmann::json::array();
     for (const PlayerSummary& s : all) players.push_back(SummaryJson(s));

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
+#include <QSpinBox>
+#include <QTableWidget>
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -13,49 +15,50 @@
 #include <optional>
 #include <string>
 
+#include "analysis/advantage_print.h"
 #include "app/cli/player_options.h"
 #include "app/cli/probability_options.h"
-#include "analysis/advantage_print.h"
 #include "app/desktop/scene.h"
 #include "automation/autoplay_selection.h"
+#include "core/game.h"
+#include "core/help.h"
 #include "cycle/hyperdrive.h"
 #include "cycle/session.h"
+#include "cycle/startup.h"
 #include "dice/dice_file.h"
 #include "dice/dice_file_edit.h"
 #include "dice/dice_file_print.h"
 #include "dice/rng.h"
-#include "logs/events_log_view.h"
 #include "engine/check_stacks_print.h"
+#include "logs/events_log_view.h"
+#include "script/files.h"
+#include "script/hot_keys.h"
 #include "stats/bankroll_printout.h"
 #include "stats/graph_view.h"
 #include "stats/sessions_log.h"
 #include "stats/sessions_printouts.h"
 #include "stats/summary_printouts.h"
-#include "core/game.h"
-#include "cycle/startup.h"
-#include "script/files.h"
-#include "script/hot_keys.h"
 #include "store/game_file.h"
-#include "table/bankroll_form.h"
-#include "table/check_stacks_form.h"
 #include "table/auto_bet_form.h"
 #include "table/auto_play_form.h"
-#include "table/hot_keys_form.h"
-#include "table/help_window.h"
-#include "core/help.h"
+#include "table/bankroll_form.h"
+#include "table/batch_form.h"
+#include "table/check_stacks_form.h"
 #include "table/configure_form.h"
+#include "table/crap_table_window.h"
 #include "table/dice_files_form.h"
 #include "table/events_log_form.h"
-#include "table/sessions_log_form.h"
-#include "table/table_colors.h"
-#include "table/crap_table_window.h"
+#include "table/help_window.h"
+#include "table/hot_keys_form.h"
 #include "table/new_form.h"
 #include "table/path_form.h"
 #include "table/print_pages.h"
 #include "table/qt_platform.h"
 #include "table/roll_pad_form.h"
+#include "table/sessions_log_form.h"
 #include "table/stats_form.h"
 #include "table/stats_views.h"
+#include "table/table_colors.h"
 #include "table/table_view.h"
 
 namespace {
@@ -219,7 +222,13 @@ int main(int argc, char** argv) {
   cli.add_option("--screenshot", o.screenshot, "Render the window to this PNG file and exit");
   cli.add_option("--size", o.size, "Window size WxH for the screenshot");
   cli.add_option("--load", o.load, "Game file to open");
-  cli.add_option("--view", o.view, "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, configure[:TAB], dicefiles, eventslog, sessionslog, pad[:OPTIONS:WxH], summary, hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or print:checkstacks|advantage|payoffs|summary|hands|freqs|sessions|sessionsraw|dicefile|bankroll (page 1 of the printout)");
+  cli.add_option(
+      "--view", o.view,
+      "What the screenshot shows: table, bankroll, checkstacks, autoplay[:PLAYER_BITS], new, path, "
+      "configure[:TAB], dicefiles, eventslog, sessionslog, batch, pad[:OPTIONS:WxH], summary, "
+      "hands, totals, freqs, results, trends, autobet[:SCRIPT], hotkeys, help[:TOPIC], or "
+      "print:checkstacks|advantage|payoffs|summary|hands|freqs|sessions|sessionsraw|dicefile|"
+      "bankroll (page 1 of the printout)");
   cli.add_option("--rotate", o.rotate, "Table rotation in degrees");
   cli.add_flag("--hops", o.hops, "Show the Hop bets");
   cli.add_flag("--amounts", o.amounts, "Show bets as numbers");
@@ -416,6 +425,18 @@ int main(int argc, char** argv) {
     form->show();
     form->resize(form->sizeHint().width(), 560);
     form->Refresh();
+    target = form;
+  } else if (o.view == "batch") {
+    // 2,000 sessions of at most 100 rolls from the seeded table, each player
+    // stopping at +$100.
+    BatchForm* form = window.Batch();
+    form->show();
+    form->findChild<QSpinBox*>("txtSessions")->setValue(2000);
+    form->findChild<QSpinBox*>("txtRolls")->setValue(100);
+    auto* stops = form->findChild<QTableWidget*>("grdStops");
+    for (int row = 0; row < stops->rowCount(); ++row) stops->item(row, 1)->setText("100");
+    form->Run();
+    form->resize(form->sizeHint().width(), 420);
     target = form;
   } else if (o.view == "sessionslog") {
     SessionsLogForm* form = window.SessionsLog();

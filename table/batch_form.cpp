@@ -1,0 +1,289 @@
+#include "table/batch_form.h"
+
+#include <QCoreApplication>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <map>
+#include <memory>
+#include <numeric>
+#include <thread>
+
+#include "batch/batch.h"
+#include "core/game.h"
+#include "core/help_topics.h"
+#include "core/message_dialog.h"
+#include "core/money.h"
+#include "core/number_text.h"
+#include "core/seat_set.h"
+#include "table/menu_items.h"
+
+namespace {
+
+constexpr const char* kTitle = "Batch Run";
+constexpr int kMostSessions = 10'000'000;
+constexpr int kMostRollsOrHands = 1'000'000'000;
+// A slice gives each thread this many sessions, or a hundredth of the batch.
+constexpr std::int64_t kSliceSessionsPerThread = 256;
+constexpr std::int64_t kSlicesPerBatch = 100;
+constexpr int kStopColumns = 3;  // player, stop-win, stop-loss
+constexpr int kResultsWidth = 1060;
+
+enum ResultColumn {
+  kColPlayer,
+  kColMean,
+  kColDeviation,
+  kColLow,
+  kColMedian,
+  kColHigh,
+  kColMin,
+  kColMax,
+  kColBroke,
+  kColStopWin,
+  kColStopLoss,
+  kColRolls,
+  kColEdge,
+  kColInterval,
+  kColExact,
+  kResultColumns
+};
+constexpr const char* kResultHeadings[kResultColumns] = {
+    "Player", "Mean net", "Std dev",   "5%",         "Median", "95%",          "Min",       "Max",
+    "Broke",  "Stop-win", "Stop-loss", "Mean rolls", "Edge",   "95% interval", "Exact edge"};
+constexpr int kLowPercentile = 1, kMedianPercentile = 3,
+              kHighPercentile = 5;  // of kBatchPercentiles
+static_assert(kBatchPercentiles[kLowPercentile] == 5 &&
+              kBatchPercentiles[kMedianPercentile] == 50 &&
+              kBatchPercentiles[kHighPercentile] == 95);
+
+QString Money(double x) { return QString::fromStdString(FormatNumber(x, {2, true, false})); }
+QString Percent(double share, int decimals) {
+  return QString::fromStdString(FormatNumber(100 * share, {decimals, false, false})) + " %";
+}
+
+QSpinBox* CountBox(const char* name, int low, int high, int value, const QString& zeroText = {}) {
+  auto* box = new QSpinBox;
+  box->setObjectName(name);
+  box->setRange(low, high);
+  box->setValue(value);
+  box->setGroupSeparatorShown(true);
+  if (!zeroText.isEmpty()) box->setSpecialValueText(zeroText);
+  return box;
+}
+
+QTableWidgetItem* Cell(const QString& text, bool number = true) {
+  auto* item = new QTableWidgetItem(text);
+  item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+  if (number) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  return item;
+}
+
+}  // namespace
+
+BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game) {
+  setObjectName("frmBatch");
+  setWindowTitle(kTitle);
+  HelpKey(this, game_, kHelpBatch);
+
+  const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+  sessions_ = CountBox("txtSessions", 1, kMostSessions, 1000);
+  rolls_ = CountBox("txtRolls", 0, kMostRollsOrHands, 0, "no limit");
+  hands_ = CountBox("txtHands", 0, kMostRollsOrHands, 0, "no limit");
+  seed_ = CountBox("txtSeed", 1, std::numeric_limits<int>::max(), 1);
+  threads_ = CountBox("txtThreads", 1, std::max(cores, 64), cores);
+  auto* settings = new QFormLayout;
+  settings->addRow("Sessions:", sessions_);
+  settings->addRow("End a session after rolls:", rolls_);
+  settings->addRow("or after hands:", hands_);
+  settings->addRow("Seed:", seed_);
+  settings->addRow("Threads:", threads_);
+
+  stops_ = new QTableWidget(0, kStopColumns);
+  stops_->setObjectName("grdStops");
+  stops_->setHorizontalHeaderLabels({"Player", "Stop-win $", "Stop-loss $"});
+  stops_->verticalHeader()->hide();
+  stops_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  stops_->setToolTip(
+      "A player stops at a session net of at least the stop-win, or a loss of "
+      "the stop-loss or more; blank for none.");
+
+  auto* top = new QHBoxLayout;
+  top->addLayout(settings);
+  top->addWidget(stops_, 1);
+
+  results_ = new QTableWidget(0, kResultColumns);
+  results_->setObjectName("grdResults");
+  QStringList headings;
+  for (const char* h : kResultHeadings) headings << h;
+  results_->setHorizontalHeaderLabels(headings);
+  results_->verticalHeader()->hide();
+  results_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  results_->setMinimumWidth(kResultsWidth);  // every column in sight at first
+
+  status_ =
+      new QLabel("Sessions play on a copy of the table as it stands; the table is not changed.");
+  status_->setObjectName("lblBatchStatus");
+  status_->setWordWrap(true);
+  auto* note = new QLabel(
+      "Nets are in dollars per session. The edge is the net over the amount "
+      "wagered; the exact edge, where a player made one kind of bet, comes "
+      "from the advantage analysis.");
+  note->setWordWrap(true);
+
+  run_ = new QPushButton("&Run");
+  run_->setObjectName("cmdRun");
+  run_->setDefault(true);
+  connect(run_, &QPushButton::clicked, this, [this] { Run(); });
+  auto* close = new QPushButton("&Close");
+  close->setObjectName("cmdClose");
+  connect(close, &QPushButton::clicked, this, &QWidget::close);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(status_, 1);
+  buttons->addWidget(run_);
+  buttons->addWidget(close);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(top);
+  layout->addWidget(results_, 1);
+  layout->addWidget(note);
+  layout->addLayout(buttons);
+  Refresh();
+}
+
+void BatchForm::Refresh() {
+  std::map<int, std::pair<QString, QString>> typed;  // by seat
+  for (int row = 0; row < stops_->rowCount(); ++row)
+    typed[stops_->item(row, 0)->data(Qt::UserRole).toInt()] = {stops_->item(row, 1)->text(),
+                                                               stops_->item(row, 2)->text()};
+  stops_->setRowCount(0);
+  for (int p = 1; p <= kBatchSeats; ++p) {
+    if (!SeatNamed(game_, p)) continue;
+    const int row = stops_->rowCount();
+    stops_->insertRow(row);
+    QTableWidgetItem* name =
+        Cell(QString::fromStdString(game_.PlayerName[static_cast<std::size_t>(p)]), false);
+    name->setData(Qt::UserRole, p);
+    stops_->setItem(row, 0, name);
+    const auto kept = typed.find(p);
+    stops_->setItem(row, 1,
+                    new QTableWidgetItem(kept == typed.end() ? QString() : kept->second.first));
+    stops_->setItem(row, 2,
+                    new QTableWidgetItem(kept == typed.end() ? QString() : kept->second.second));
+  }
+}
+
+bool BatchForm::ReadConfig(BatchConfig& config) {
+  const auto refuse = [this](const std::string& text) {
+    ShowNotice(game_, text, kTitle, 0, kMsgOk | kMsgPicStop);
+    return false;
+  };
+  if (stops_->rowCount() == 0) return refuse("Click an open position on the rail to add a player.");
+  bool anyStop = false;
+  for (int row = 0; row < stops_->rowCount(); ++row) {
+    const int p = stops_->item(row, 0)->data(Qt::UserRole).toInt();
+    const std::string name = stops_->item(row, 0)->text().toStdString();
+    for (int column : {1, 2}) {
+      const std::string text = stops_->item(row, column)->text().trimmed().toStdString();
+      if (text.empty()) continue;
+      const Currency amount = ParseAmount(text);
+      if (amount <= Currency{})
+        return refuse(name + "'s " + (column == 1 ? "stop-win" : "stop-loss") +
+                      " must be an amount above 0, or blank for none.");
+      (column == 1 ? config.stopWin : config.stopLoss)[static_cast<std::size_t>(p)] = amount;
+      anyStop = true;
+    }
+  }
+  config.sessions = sessions_->value();
+  config.rolls = rolls_->value();
+  config.hands = hands_->value();
+  config.seed = static_cast<std::uint64_t>(seed_->value());
+  if (config.rolls == 0 && config.hands == 0 && !anyStop)
+    return refuse("A session needs an end: a roll or hand limit, or a stop-win or stop-loss.");
+  return true;
+}
+
+bool BatchForm::Run() {
+  Refresh();
+  BatchConfig config;
+  if (!ReadConfig(config)) return false;
+  // The sessions play on a copy of the table as it stands. Auto-Stop would
+  // end every session as a stop of the game, so the copy has none.
+  const auto start = std::make_unique<Game>(game_);
+  start->hyper.AutoStopRolls = Currency{};
+  start->HyperDrive = start->KeepRolling = false;
+
+  const int threads = threads_->value();
+  const std::int64_t total = config.sessions;
+  const std::int64_t slice = std::max(kSliceSessionsPerThread * threads, total / kSlicesPerBatch);
+  QProgressDialog progress("Playing sessions ...", "&Stop", 0, static_cast<int>(total), this);
+  progress.setObjectName("frmBatchProgress");
+  progress.setWindowTitle(kTitle);
+  progress.setWindowModality(Qt::ApplicationModal);
+  progress.setMinimumDuration(0);
+  progress.setValue(0);
+
+  const auto began = std::chrono::steady_clock::now();
+  std::vector<SessionResult> results;
+  results.reserve(static_cast<std::size_t>(total));
+  for (std::int64_t next = 0; next < total && !progress.wasCanceled();) {
+    const std::int64_t end = std::min(total, next + slice);
+    std::vector<std::int64_t> indices(static_cast<std::size_t>(end - next));
+    std::iota(indices.begin(), indices.end(), next);
+    std::vector<SessionResult> part =
+        PlaySessions(*start, config, indices, threads, [&](std::int64_t done) {
+          progress.setValue(static_cast<int>(next + done));
+          QCoreApplication::processEvents();
+        });
+    results.insert(results.end(), std::make_move_iterator(part.begin()),
+                   std::make_move_iterator(part.end()));
+    next = end;
+    progress.setValue(static_cast<int>(next));
+  }
+  const bool stopped = static_cast<std::int64_t>(results.size()) < total;
+  progress.reset();
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
+  summaries_ = SummarizePlayers(*start, results);
+  ShowResults(static_cast<std::int64_t>(results.size()), seconds, stopped);
+  return true;
+}
+
+void BatchForm::ShowResults(std::int64_t played, double seconds, bool stopped) {
+  const QString count =
+      QString::fromStdString(FormatNumber(static_cast<double>(played), {0, true, false}));
+  const QString time = QString::number(seconds, 'f', 2);
+  status_->setText(stopped ? QString("Stopped after %1 sessions (%2 s).").arg(count, time)
+                           : QString("%1 sessions in %2 s.").arg(count, time));
+  results_->setRowCount(0);
+  for (const PlayerSummary& s : summaries_) {
+    const int row = results_->rowCount();
+    results_->insertRow(row);
+    const QString cells[kResultColumns] = {
+        QString::fromStdString(s.name),
+        Money(s.meanNet),
+        Money(s.sdNet),
+        Money(s.percentiles[kLowPercentile]),
+        Money(s.percentiles[kMedianPercentile]),
+        Money(s.percentiles[kHighPercentile]),
+        Money(s.min),
+        Money(s.max),
+        Percent(s.brokeShare, 1),
+        Percent(s.stopWinShare, 1),
+        Percent(s.stopLossShare, 1),
+        QString::number(s.meanRolls, 'f', 1),
+        Percent(s.edge, 3),
+        Percent(s.edgeCi95[0], 3) + " to " + Percent(s.edgeCi95[1], 3),
+        s.exactEdge ? Percent(*s.exactEdge, 3) : QString("---")};
+    for (int c = 0; c < kResultColumns; ++c)
+      results_->setItem(row, c, Cell(cells[c], c != kColPlayer));
+  }
+}

@@ -1,0 +1,57 @@
+// frmBatch, Statistics > Batch Run: many independent sessions played from a
+// copy of the game as it stands, on every core, and the spread of each
+// player's session results: mean and deviation of the net, percentiles,
+// how often each player went broke or reached a stop, and the measured edge
+// beside the exact one. The sessions and their figures come from batch/
+// (the same engine as ravelton-cli batch, so the same seed gives the same
+// figures); the form holds only its boxes and the last results.
+//
+// What must stay true:
+// - The game on the table is never changed by a batch: the sessions play
+//   on a copy taken when Run is pressed, and write no file.
+// - A batch runs in slices under a modal progress window: Stop ends it
+//   after the slice in play, and the figures then cover the sessions played.
+#pragma once
+
+#include <QDialog>
+#include <cstdint>
+#include <vector>
+
+#include "batch/batch_stats.h"
+
+class QLabel;
+class QPushButton;
+class QSpinBox;
+class QTableWidget;
+struct Game;
+
+class BatchForm : public QDialog {
+  Q_OBJECT
+ public:
+  explicit BatchForm(Game& game, QWidget* parent = nullptr);
+
+  // Lists the seated players for their stops, keeping the stops typed.
+  void Refresh();
+  // cmdRun: checks the boxes, then plays the batch; false when a box was
+  // refused (with its message) or nobody is seated.
+  bool Run();
+  // The figures of the last batch, one per seated player.
+  const std::vector<PlayerSummary>& Summaries() const { return summaries_; }
+
+ private:
+  // The batch's settings from the boxes; false after the message of a bad one.
+  bool ReadConfig(BatchConfig& config);
+  void ShowResults(std::int64_t played, double seconds, bool stopped);
+
+  Game& game_;
+  QSpinBox* sessions_ = nullptr;
+  QSpinBox* rolls_ = nullptr;
+  QSpinBox* hands_ = nullptr;
+  QSpinBox* seed_ = nullptr;
+  QSpinBox* threads_ = nullptr;
+  QTableWidget* stops_ = nullptr;
+  QTableWidget* results_ = nullptr;
+  QLabel* status_ = nullptr;
+  QPushButton* run_ = nullptr;
+  std::vector<PlayerSummary> summaries_;
+};

@@ -1,0 +1,86 @@
+// frmBatch under the offscreen platform: the menu opens it on the seated
+// players' stops, Run refuses a batch without an end or with a bad stop,
+// and otherwise shows the figures the batch engine gives for the same seed
+// while the table stays as it was.
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QTest>
+#include <numeric>
+
+#include "automation/autoplay_state.h"
+#include "batch/batch.h"
+#include "core/catalogue.h"
+#include "desktop_fixture.h"
+#include "engine/place.h"
+#include "table/batch_form.h"
+
+class BatchFormTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void aRunShowsTheEnginesFiguresAndLeavesTheTable();
+};
+
+void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
+  DesktopTable t(2);
+  for (int p = 1; p <= 2; ++p) {
+    t.game->autoplay.HandleWinningBets(p) = kWinSameBet;
+    t.game->autoplay.HandleLosingBets(p) = kLoseSameBet;
+    t.game->BetRequest = 10_usd;
+    PlaceBet(*t.game, p, p == 1 ? bet::kPassLine : bet::kDontPass);
+  }
+  t.window->findChild<QAction*>("mnuBatch")->trigger();
+  BatchForm* form = t.window->Batch();
+  QVERIFY(form->isVisible());
+  auto* stops = FormChild<QTableWidget>(*form, "grdStops");
+  QCOMPARE(stops->rowCount(), 2);
+  QCOMPARE(stops->item(1, 0)->text(), QString("Bo"));
+  auto* run = FormChild<QPushButton>(*form, "cmdRun");
+
+  run->click();
+  QCOMPARE(
+      t.shown.back().second,
+      std::string("A session needs an end: a roll or hand limit, or a stop-win or stop-loss."));
+  stops->item(0, 1)->setText("-5");
+  run->click();
+  QCOMPARE(t.shown.back().second,
+           std::string("Ann's stop-win must be an amount above 0, or blank for none."));
+  QVERIFY(form->Summaries().empty());
+
+  stops->item(0, 1)->setText("50");
+  FormChild<QSpinBox>(*form, "txtSessions")->setValue(300);
+  FormChild<QSpinBox>(*form, "txtRolls")->setValue(60);
+  FormChild<QSpinBox>(*form, "txtSeed")->setValue(9);
+  FormChild<QSpinBox>(*form, "txtThreads")->setValue(2);
+  const auto before = std::make_unique<Game>(*t.game);
+  run->click();
+  QVERIFY(*before == *t.game);
+
+  // The engine, one thread, the same seed: the same figures.
+  BatchConfig config;
+  config.sessions = 300;
+  config.rolls = 60;
+  config.seed = 9;
+  config.stopWin[1] = 50_usd;
+  std::vector<std::int64_t> indices(300);
+  std::iota(indices.begin(), indices.end(), 0);
+  const std::vector<PlayerSummary> expected =
+      SummarizePlayers(*t.game, PlaySessions(*t.game, config, indices, 1));
+  const std::vector<PlayerSummary>& shown = form->Summaries();
+  QCOMPARE(shown.size(), std::size_t{2});
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    QCOMPARE(shown[i].meanNet, expected[i].meanNet);
+    QCOMPARE(shown[i].percentiles, expected[i].percentiles);
+    QCOMPARE(shown[i].stopWinShare, expected[i].stopWinShare);
+  }
+  QVERIFY(shown[0].stopWinShare > 0);
+  QVERIFY(shown[1].exactEdge.has_value());  // Bo made one kind of bet
+  auto* results = FormChild<QTableWidget>(*form, "grdResults");
+  QCOMPARE(results->rowCount(), 2);
+  QCOMPARE(results->item(1, 0)->text(), QString("Bo"));
+  QVERIFY(FormChild<QLabel>(*form, "lblBatchStatus")->text().startsWith("300 sessions in "));
+}
+
+QTEST_MAIN(BatchFormTest)
+#include "batch_qtest.moc"
