@@ -187,6 +187,11 @@ bool BatchForm::ReadConfig(BatchConfig& config) {
     return false;
   };
   if (stops_->rowCount() == 0) return refuse("Click an open position on the rail to add a player.");
+  // A copy taken in the middle of a roll would start every session there.
+  if (game_.HyperDrive || game_.scriptRun.ScriptRunning)
+    return refuse(
+        "A batch starts from the table between two rolls: stop the Hyper-Drive or the "
+        "running script first.");
   bool anyStop = false;
   for (int row = 0; row < stops_->rowCount(); ++row) {
     const int p = stops_->item(row, 0)->data(Qt::UserRole).toInt();

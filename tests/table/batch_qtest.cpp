@@ -1,5 +1,6 @@
 // frmBatch under the offscreen platform: the menu opens it on the seated
-// players' stops, Run refuses a batch without an end or with a bad stop,
+// players' stops, Run refuses a batch without an end, with a bad stop or in
+// the middle of a roll,
 // and otherwise shows the figures the batch engine gives for the same seed
 // while the table stays as it was.
 #include <QLabel>
@@ -49,6 +50,11 @@ void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
   QVERIFY(form->Summaries().empty());
 
   stops->item(0, 1)->setText("50");
+  t.game->scriptRun.ScriptRunning = true;  // as while a script waits in a dialog
+  run->click();
+  QVERIFY(t.shown.back().second.find("stop the Hyper-Drive or the running script first") !=
+          std::string::npos);
+  t.game->scriptRun.ScriptRunning = false;
   FormChild<QSpinBox>(*form, "txtSessions")->setValue(300);
   FormChild<QSpinBox>(*form, "txtRolls")->setValue(60);
   FormChild<QSpinBox>(*form, "txtSeed")->setValue(9);
