@@ -1,7 +1,9 @@
 #include "table/batch_form.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QFormLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -143,12 +145,18 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   run_->setObjectName("cmdRun");
   run_->setDefault(true);
   connect(run_, &QPushButton::clicked, this, [this] { Run(); });
+  auto* copy = new QPushButton("C&opy");
+  copy->setObjectName("cmdCopy");
+  copy->setToolTip("Copies the results for a spreadsheet, one line a player.");
+  connect(copy, &QPushButton::clicked, this,
+          [this] { QGuiApplication::clipboard()->setText(ResultsText()); });
   auto* close = new QPushButton("&Close");
   close->setObjectName("cmdClose");
   connect(close, &QPushButton::clicked, this, &QWidget::close);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(status_, 1);
   buttons->addWidget(run_);
+  buttons->addWidget(copy);
   buttons->addWidget(close);
 
   auto* layout = new QVBoxLayout(this);
@@ -291,4 +299,18 @@ void BatchForm::ShowResults(std::int64_t played, double seconds, bool stopped) {
     for (int c = 0; c < kResultColumns; ++c)
       results_->setItem(row, c, Cell(cells[c], c != kColPlayer));
   }
+}
+
+QString BatchForm::ResultsText() const {
+  QStringList lines;
+  QStringList cells;
+  for (int c = 0; c < results_->columnCount(); ++c)
+    cells << results_->horizontalHeaderItem(c)->text();
+  lines << cells.join('\t');
+  for (int row = 0; row < results_->rowCount(); ++row) {
+    cells.clear();
+    for (int c = 0; c < results_->columnCount(); ++c) cells << results_->item(row, c)->text();
+    lines << cells.join('\t');
+  }
+  return lines.join('\n') + '\n';
 }

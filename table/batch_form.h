@@ -37,6 +37,9 @@ class BatchForm : public QDialog {
   bool Run();
   // The figures of the last batch, one per seated player.
   const std::vector<PlayerSummary>& Summaries() const { return summaries_; }
+  // The results as shown, a line of tab-separated cells for the headings and
+  // for each player, as cmdCopy puts them on the clipboard for a spreadsheet.
+  QString ResultsText() const;
 
  private:
   // The batch's settings from the boxes; false after the message of a bad one.

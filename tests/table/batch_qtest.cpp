@@ -3,6 +3,8 @@
 // the middle of a roll,
 // and otherwise shows the figures the batch engine gives for the same seed
 // while the table stays as it was.
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
@@ -86,6 +88,12 @@ void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
   QCOMPARE(results->rowCount(), 2);
   QCOMPARE(results->item(1, 0)->text(), QString("Bo"));
   QVERIFY(FormChild<QLabel>(*form, "lblBatchStatus")->text().startsWith("300 sessions in "));
+  // Copy puts the table on the clipboard as tab-separated lines.
+  FormChild<QPushButton>(*form, "cmdCopy")->click();
+  const QStringList lines = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+  QCOMPARE(lines.size(), 3);
+  QVERIFY(lines[0].startsWith("Player\tMean net\tStd dev\t"));
+  QCOMPARE(lines[2].split('\t').value(1), results->item(1, 1)->text());
 }
 
 QTEST_MAIN(BatchFormTest)
