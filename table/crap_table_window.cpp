@@ -33,6 +33,7 @@
 #include "cycle/hyperdrive.h"
 #include "cycle/player_names.h"
 #include "cycle/recent_games.h"
+#include "cycle/sample_games.h"
 #include "engine/bankroll.h"
 #include "engine/players.h"
 #include "script/hot_keys.h"
@@ -162,7 +163,10 @@ void CrapTableWindow::BuildMenus() {
   // The games opened or saved last, read afresh each time the menu opens.
   QMenu* recent = gameMenu->addMenu("Recent &Games");
   recent->setObjectName("mnuRecentGames");
-  connect(gameMenu, &QMenu::aboutToShow, this, [this, recent, guarded, afterFileCommand] {
+  // The games that ship with the program, opened as new untitled games.
+  QMenu* samples = gameMenu->addMenu("Sa&mple Games");
+  samples->setObjectName("mnuSampleGames");
+  connect(gameMenu, &QMenu::aboutToShow, this, [this, recent, samples, guarded, afterFileCommand] {
     recent->clear();
     const std::vector<std::string> paths = ReadRecentGames(game_);
     for (std::size_t i = 0; i < paths.size(); ++i) {
@@ -174,6 +178,15 @@ void CrapTableWindow::BuildMenus() {
               }));
     }
     recent->setEnabled(!paths.empty());
+    samples->clear();
+    for (const std::string& path : SampleGames(game_)) {
+      QAction* item = samples->addAction(QString::fromStdString(SampleGameCaption(path)));
+      item->setObjectName("mnuSampleGame");
+      connect(item, &QAction::triggered, this, guarded([this, afterFileCommand, path] {
+                afterFileCommand(OpenSampleGameCommand(game_, path));
+              }));
+    }
+    samples->setEnabled(!samples->isEmpty());
   });
   connect(MenuItem(gameMenu, "mnuShowPath", "Show &Path"), &QAction::triggered, this, [this] {
     PathForm form(game_, this);

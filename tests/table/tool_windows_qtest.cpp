@@ -361,6 +361,20 @@ void ToolWindowsTest::anOpenedGameOpensAndClosesItsWindows() {
   QApplication::processEvents();
   QCOMPARE(t.shown.back().first, std::string("Game File Not Found"));
   for (QAction* entry : recentGames()) QVERIFY(!entry->text().contains(name));
+
+  // Game > Sample Games lists the games of the share folder's examples/ and
+  // opens one as a new untitled game, which Save will ask a name for.
+  t.game->roll.AppPath = RAVELTON_SOURCE_DIR "/";
+  t.game->roll.SessionDirty = false;
+  emit gameMenu->aboutToShow();
+  const QList<QAction*> samples = t.window->findChild<QMenu*>("mnuSampleGames")->actions();
+  QVERIFY(samples.size() >= 3);
+  QCOMPARE(samples.front()->text(), QString("Pass line full odds"));
+  samples.front()->trigger();
+  QCOMPARE(t.game->PlayerName[1], std::string("Alice"));
+  QVERIFY(t.game->gamefile.GameFilePath.empty());
+  QCOMPARE(t.window->windowTitle(), QString("Ravelton"));
+  for (QAction* entry : recentGames()) QVERIFY(!entry->text().contains("pass_line_full_odds"));
 }
 
 QTEST_MAIN(ToolWindowsTest)
