@@ -356,6 +356,12 @@ void SessionsLogForm::BuildMenus(QLayout* layout) {
     group->addAction(a);
   }
   MenuItem(this, options, "mnuFind", "&Find ...", [this] { Find(); });
+  MenuItem(this, options, "mnuFindNext", "Find &Next", [this] {
+    FindAgain(1);
+  })->setShortcut(QKeySequence::FindNext);
+  MenuItem(this, options, "mnuFindPrevious", "Find Pre&vious", [this] {
+    FindAgain(-1);
+  })->setShortcut(QKeySequence::FindPrevious);
 }
 
 std::string SessionsLogForm::LogPath() const {
@@ -518,7 +524,14 @@ void SessionsLogForm::Find() {
                  "Enter the value you'd like to find for:" + SessionValueName(v.SessionsView),
                  "Find", 0, kMsgOk | kMsgCancel | kMsgInput1 | kMsgSignedInput | kMsgPicQmark) != kAnswerOk)
     return;
-  const std::int32_t hit = FindSessionValue(Request(), CurFromDouble(LeadingValue(msg.MsgInput1)), 1);
+  findValue_ = CurFromDouble(LeadingValue(msg.MsgInput1));
+  FindAgain(1);
+}
+
+void SessionsLogForm::FindAgain(int direction) {
+  if (!findValue_) return Find();
+  if (LogPath().empty()) return;
+  const std::int32_t hit = FindSessionValue(Request(), *findValue_, direction);
   if (hit == 0) {
     ShowNotice(game_, "Value not found.", "Search Results", 0, kMsgOk);
     return;

@@ -80,6 +80,9 @@ class SessionsLogForm : public QDialog {
   SessionsRequest Request() const;
   // mnuFind: the data list's top moves to the next session with the typed value.
   void Find();
+  // Find Next (+1) and Find Previous (-1): the last value found for, again,
+  // from the top of the list; asks for one first when there is none.
+  void FindAgain(int direction);
   // The range boxes: a typed value clears its deviation box and the reverse.
   void RangeEdited(int box, bool deviation);
 
@@ -98,6 +101,7 @@ class SessionsLogForm : public QDialog {
   std::array<QLabel*, kDataListRows> rows_{};
   QScrollBar* raw_;
   std::array<QLineEdit*, 2> valueBox_{}, sdBox_{};
+  std::optional<Currency> findValue_;  // the value of the last Find
   QLabel* rangeCount_;
   QLabel* rangeShare_;
   std::array<std::optional<double>, 2> rangeValue_, rangeSd_;

@@ -99,6 +99,18 @@ void SessionsLogTest::theLogShowsItsClassesAndResults() {
   t.AnswerMessage(0, "-20");  // the lost session is left out
   t.Trigger("mnuFind");
   QCOMPARE(t.shown.back(), std::make_pair(std::string("Search Results"), std::string("Value not found.")));
+  // Find Next and Find Previous go on with the last value, round the log.
+  SessionRecord again{};
+  again[kNetValue] = Currency::FromWhole(50);
+  if (AppendSessionRecord(t.path, again)) qFatal("cannot write the log");
+  t.form->Refresh();
+  t.AnswerMessage(0, "50");
+  t.Trigger("mnuFind");
+  QCOMPARE(t.Text("lblRaw0").simplified(), QString("4 50.0"));
+  t.Trigger("mnuFindNext");
+  QCOMPARE(t.Text("lblRaw0").simplified(), QString("1 50.0"));
+  t.Trigger("mnuFindPrevious");
+  QCOMPARE(t.Text("lblRaw0").simplified(), QString("4 50.0"));
 
   // A new break-point re-classes the sessions.
   t.AnswerTwo("10", "-30");
