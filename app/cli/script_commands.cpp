@@ -2,17 +2,21 @@
 //
 // Both seat the named players in order (so that a script may refer to them
 // by name) and compile the file as the script of one slot. check reports
-// success or the first error with its span; dump prints the compiled
-// element stream and string pool.
+// success or the first error with its span (as text, or with --json as one
+// object for an editor); dump prints the compiled element stream and string
+// pool.
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/cli/commands.h"
 #include "app/cli/script_options.h"
 #include "core/game.h"
+#include "core/text.h"
 #include "script/compile_script.h"
 #include "script/files.h"
 #include "script/script_dump.h"
@@ -24,9 +28,24 @@ struct CheckOptions {
   std::string file;
   int slot = 1;
   std::vector<std::string> players;
+  bool json = false;  // check only
 };
 
-// Compiles the file; on failure prints FILE:LINE:COL: message and the span.
+// check --json: {"file", "ok"} and, for an error, its span and message.
+nlohmann::json CheckJson(const std::string& file, const std::optional<CompileError>& error) {
+  nlohmann::json j{{"file", file}, {"ok", !error}};
+  if (error) {
+    j["line"] = error->line;
+    j["column"] = error->column;
+    j["end_line"] = error->endLine;
+    j["end_column"] = error->endColumn;
+    j["message"] = MessageLine(error->message);
+  }
+  return j;
+}
+
+// Compiles the file; on failure prints FILE:LINE:COL: message and the span,
+// or the JSON object of check --json.
 bool CompileFile(const CheckOptions& opt, Game& game) {
   // The file loads as the table loads it: older record formats are translated.
   if (!OpenAutoBets(game, opt.slot, opt.file)) {
@@ -36,9 +55,11 @@ bool CompileFile(const CheckOptions& opt, Game& game) {
   for (std::size_t i = 0; i < opt.players.size() && i < 8; ++i)
     game.PlayerName[i + 1] = opt.players[i];
   const auto error = CompileScript(game, opt.slot);
-  if (!error) return true;
-  std::cout << FormatCompileFailure(opt.file, *error);
-  return false;
+  if (opt.json)
+    std::cout << CheckJson(opt.file, error).dump() << '\n';
+  else if (error)
+    std::cout << FormatCompileFailure(opt.file, *error);
+  return !error;
 }
 
 void AddOptions(CLI::App* cmd, CheckOptions& opt) {
@@ -53,10 +74,11 @@ void AddScriptCommands(CLI::App& app) {
   auto check = std::make_shared<CheckOptions>();
   CLI::App* checkCmd = app.add_subcommand("check", "Compile a script and report its first error");
   AddOptions(checkCmd, *check);
+  checkCmd->add_flag("--json", check->json, "Print the result as one JSON object");
   checkCmd->callback([check] {
     auto game = std::make_unique<Game>();
     if (!CompileFile(*check, *game)) throw CLI::RuntimeError(1);
-    std::cout << "Your script is properly structured.\n";
+    if (!check->json) std::cout << "Your script is properly structured.\n";
   });
 
   auto dump = std::make_shared<CheckOptions>();

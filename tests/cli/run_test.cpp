@@ -75,6 +75,10 @@ TEST(CliBench, ChecksumIsPinned) {
   EXPECT_EQ(r.out.find("stopped:"), std::string::npos) << r.out;
   EXPECT_NE(r.out.find("\nchecksum: 44127676a462e79e\n"), std::string::npos) << r.out;
   EXPECT_NE(r.out.find("\nempty table checksum: 10c502c9d418797d\n"), std::string::npos) << r.out;
+  const nlohmann::json j = Json("bench --rolls 50000 --json");
+  EXPECT_EQ(j["eight_players"]["rolls"], 50000);
+  EXPECT_EQ(j["eight_players"]["checksum"], "44127676a462e79e");
+  EXPECT_EQ(j["empty_table"]["checksum"], "10c502c9d418797d");
 }
 
 const std::string kTable =

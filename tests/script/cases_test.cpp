@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <nlohmann/json.hpp>
 
 #include "../cli/cli_util.h"
 #include "script/script_dump.h"
@@ -78,6 +79,19 @@ TEST(CliScript, CheckAndDumpExitCodesPlayersAndSlots) {
   EXPECT_EQ(r.out, kCases +
                        "rolls_limit.bet:1:2: Ambiguous variable references: Reference to rolls out "
                        "of limits. (lines 1:2 to 1:21)\n");
+  // --json: the same result as one object, for an editor.
+  r = Cli("check --json " + kCases + "rolls_limit.bet");
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_EQ(nlohmann::json::parse(r.out),
+            (nlohmann::json{
+                {"file", kCases + "rolls_limit.bet"},
+                {"ok", false},
+                {"line", 1},
+                {"column", 2},
+                {"end_line", 1},
+                {"end_column", 21},
+                {"message", "Ambiguous variable references: Reference to rolls out of limits."}}));
+  EXPECT_EQ(nlohmann::json::parse(Cli("check --json " + example).out)["ok"], true);
   const std::string file = kCases + "links_and_names.bet";
   EXPECT_EQ(Cli("check " + file).exitCode, 1);  // "lee" is nobody without the seats
   r = Cli("dump " + file + " --slot 4 --player Pat --player Lee");
