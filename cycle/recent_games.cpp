@@ -9,6 +9,7 @@
 #include "core/file_io.h"
 #include "core/game.h"
 #include "cycle/game_commands.h"
+#include "script/files.h"
 #include "store/game_file.h"
 
 namespace {
@@ -87,11 +88,6 @@ std::string RecentGameCaption(std::size_t index, const std::string& path) {
   std::string folder = path.substr(0, path.size() - name.size());
   if (folder.size() > 1 && folder.back() == '/') folder.pop_back();
   const std::string shown = std::string(name) + (folder.empty() ? "" : "  (" + folder + ")");
-  std::string caption = "&" + std::to_string(index + 1) + " ";
   // A menu takes '&' as the mark of a shortcut letter: doubled, it shows.
-  for (char c : shown) {
-    caption += c;
-    if (c == '&') caption += '&';
-  }
-  return caption;
+  return "&" + std::to_string(index + 1) + " " + DoubleAmpersands(shown);
 }

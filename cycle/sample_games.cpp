@@ -7,6 +7,7 @@
 #include "core/data_folder.h"
 #include "core/game.h"
 #include "cycle/game_commands.h"
+#include "script/files.h"
 #include "store/game_file.h"
 
 namespace {
@@ -39,12 +40,8 @@ std::string SampleGameCaption(const std::string& path) {
   std::string name(FileNameOf(path));
   if (name.size() > 4 && name.compare(name.size() - 4, 4, kGameExtension) == 0)
     name.resize(name.size() - 4);
-  std::string caption;
   if (!name.empty() && name[0] >= 'a' && name[0] <= 'z')
     name[0] = static_cast<char>(name[0] - 'a' + 'A');
-  for (char c : name) {
-    caption += c == '_' ? ' ' : c;
-    if (c == '&') caption += '&';  // a menu reads '&' as a shortcut mark: doubled, it shows
-  }
-  return caption;
+  std::replace(name.begin(), name.end(), '_', ' ');
+  return DoubleAmpersands(name);  // a menu reads '&' as a shortcut mark: doubled, it shows
 }

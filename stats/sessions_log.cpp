@@ -85,6 +85,19 @@ std::optional<LogShape> ReadShape(const std::string& path, std::string& error) {
   return shape;
 }
 
+// The first `bytes` of `in` written to `out` a chunk at a time; false on a
+// failure or a file shorter than that.
+bool CopyBytes(const FileHandle& in, const FileHandle& out, std::uintmax_t bytes) {
+  std::vector<char> chunk(kCopyChunk);
+  for (std::uintmax_t at = 0; at < bytes;) {
+    const auto want = static_cast<std::size_t>(std::min<std::uintmax_t>(bytes - at, kCopyChunk));
+    const std::int64_t got = ReadAt(in, static_cast<std::int64_t>(at), chunk.data(), want);
+    if (got <= 0 || !WriteAll(out, chunk.data(), static_cast<std::size_t>(got))) return false;
+    at += static_cast<std::uintmax_t>(got);
+  }
+  return true;
+}
+
 // Writes a new log to a temporary file of its own beside `path`: a copy of
 // the old file's bytes, then `edit` (which may read the old file and returns
 // false on a failure), then `header`; renames it into place. On any failure
@@ -102,16 +115,7 @@ std::optional<std::string> Rewrite(const std::string& path, const LogShape& shap
   FileHandle in;
   if (shape.exists) {
     in = OpenForReading(path);
-    if (!in.IsOpen()) return failure;
-    std::vector<char> chunk(kCopyChunk);
-    for (std::uintmax_t at = 0; at < shape.bytes;) {
-      const std::size_t want =
-          static_cast<std::size_t>(std::min<std::uintmax_t>(shape.bytes - at, kCopyChunk));
-      const std::int64_t got = ReadAt(in, static_cast<std::int64_t>(at), chunk.data(), want);
-      if (got <= 0 || !WriteAll(out.File(), chunk.data(), static_cast<std::size_t>(got)))
-        return failure;
-      at += static_cast<std::uintmax_t>(got);
-    }
+    if (!in.IsOpen() || !CopyBytes(in, out.File(), shape.bytes)) return failure;
   }
   if (!edit(out.File(), in) || !WriteAt(out.File(), 0, header.data(), kSessionRecordBytes))
     return failure;
@@ -220,16 +224,9 @@ std::optional<std::string> CopySessionsLog(const std::string& from, const std::s
   const std::string failure = "The sessions log could not be written:\r\r" + to;
   FileHandle in = OpenForReading(from);
   TempFileBeside out(to);
-  if (!in.IsOpen() || !out.IsOpen()) return failure;
-  std::vector<char> chunk(kCopyChunk);
-  for (std::int64_t at = 0;;) {
-    const std::int64_t got = ReadAt(in, at, chunk.data(), chunk.size());
-    if (got < 0) return failure;
-    if (got == 0) break;
-    if (!WriteAll(out.File(), chunk.data(), static_cast<std::size_t>(got))) return failure;
-    at += got;
-  }
-  if (!out.Commit(error)) return failure;
+  if (!in.IsOpen() || !out.IsOpen() || !CopyBytes(in, out.File(), shape->bytes) ||
+      !out.Commit(error))
+    return failure;
   return std::nullopt;
 }
 
