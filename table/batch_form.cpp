@@ -14,26 +14,26 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
-#include <limits>
 #include <map>
 #include <memory>
 #include <numeric>
+#include <optional>
 #include <thread>
 
 #include "batch/batch.h"
+#include "batch/batch_settings.h"
 #include "core/game.h"
 #include "core/help_topics.h"
 #include "core/message_dialog.h"
 #include "core/money.h"
 #include "core/number_text.h"
 #include "core/seat_set.h"
+#include "engine/players.h"
 #include "table/menu_items.h"
 
 namespace {
 
 constexpr const char* kTitle = "Batch Run";
-constexpr int kMostSessions = 10'000'000;
-constexpr int kMostRollsOrHands = 1'000'000'000;
 // A slice gives each thread this many sessions, or a hundredth of the batch.
 constexpr std::int64_t kSliceSessionsPerThread = 256;
 constexpr std::int64_t kSlicesPerBatch = 100;
@@ -72,14 +72,19 @@ QString Percent(double share, int decimals) {
   return QString::fromStdString(FormatNumber(100 * share, {decimals, false, false})) + " %";
 }
 
-QSpinBox* CountBox(const char* name, int low, int high, int value, const QString& zeroText = {}) {
+QSpinBox* CountBox(const char* name, std::int64_t low, std::int64_t high, std::int64_t value,
+                   const QString& zeroText = {}) {
   auto* box = new QSpinBox;
   box->setObjectName(name);
-  box->setRange(low, high);
-  box->setValue(value);
+  box->setRange(static_cast<int>(low), static_cast<int>(high));
+  box->setValue(static_cast<int>(std::clamp(value, low, high)));
   box->setGroupSeparatorShown(true);
   if (!zeroText.isEmpty()) box->setSpecialValueText(zeroText);
   return box;
+}
+
+QString StopText(const std::optional<Currency>& stop) {
+  return stop ? QString::fromStdString(FormatMoney(*stop)) : QString();
 }
 
 QTableWidgetItem* Cell(const QString& text, bool number = true) {
@@ -96,12 +101,15 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   setWindowTitle(kTitle);
   HelpKey(this, game_, kHelpBatch);
 
+  // The boxes start as the last batch was set (Run keeps its settings).
   const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
-  sessions_ = CountBox("txtSessions", 1, kMostSessions, 1000);
-  rolls_ = CountBox("txtRolls", 0, kMostRollsOrHands, 0, "no limit");
-  hands_ = CountBox("txtHands", 0, kMostRollsOrHands, 0, "no limit");
-  seed_ = CountBox("txtSeed", 1, std::numeric_limits<int>::max(), 1);
-  threads_ = CountBox("txtThreads", 1, std::max(cores, 64), cores);
+  saved_ = ReadBatchSettings(game_);
+  sessions_ = CountBox("txtSessions", 1, kMostBatchSessions, saved_.sessions);
+  rolls_ = CountBox("txtRolls", 0, kMostBatchRollsOrHands, saved_.rolls, "no limit");
+  hands_ = CountBox("txtHands", 0, kMostBatchRollsOrHands, saved_.hands, "no limit");
+  seed_ = CountBox("txtSeed", 1, kMostBatchSeed, saved_.seed);
+  threads_ = CountBox("txtThreads", 1, std::max(cores, kMostBatchThreads),
+                      saved_.threads > 0 ? saved_.threads : cores);
   auto* settings = new QFormLayout;
   settings->addRow("Sessions:", sessions_);
   settings->addRow("End a session after rolls:", rolls_);
@@ -181,11 +189,17 @@ void BatchForm::Refresh() {
         Cell(QString::fromStdString(game_.PlayerName[static_cast<std::size_t>(p)]), false);
     name->setData(Qt::UserRole, p);
     stops_->setItem(row, 0, name);
-    const auto kept = typed.find(p);
-    stops_->setItem(row, 1,
-                    new QTableWidgetItem(kept == typed.end() ? QString() : kept->second.first));
-    stops_->setItem(row, 2,
-                    new QTableWidgetItem(kept == typed.end() ? QString() : kept->second.second));
+    // What was typed for the seat stays; a newly listed player finds the
+    // stops last run under the name.
+    std::pair<QString, QString> texts;
+    if (const auto kept = typed.find(p); kept != typed.end()) {
+      texts = kept->second;
+    } else if (const auto last = saved_.stops.find(game_.PlayerName[static_cast<std::size_t>(p)]);
+               last != saved_.stops.end()) {
+      texts = {StopText(last->second.win), StopText(last->second.loss)};
+    }
+    stops_->setItem(row, 1, new QTableWidgetItem(texts.first));
+    stops_->setItem(row, 2, new QTableWidgetItem(texts.second));
   }
 }
 
@@ -201,9 +215,11 @@ bool BatchForm::ReadConfig(BatchConfig& config) {
         "A batch starts from the table between two rolls: stop the Hyper-Drive or the "
         "running script first.");
   bool anyStop = false;
+  BatchSettings kept = saved_;
   for (int row = 0; row < stops_->rowCount(); ++row) {
     const int p = stops_->item(row, 0)->data(Qt::UserRole).toInt();
     const std::string name = stops_->item(row, 0)->text().toStdString();
+    kept.stops.erase(name);
     for (int column : {1, 2}) {
       const std::string text = stops_->item(row, column)->text().trimmed().toStdString();
       if (text.empty()) continue;
@@ -212,6 +228,7 @@ bool BatchForm::ReadConfig(BatchConfig& config) {
         return refuse(name + "'s " + (column == 1 ? "stop-win" : "stop-loss") +
                       " must be an amount above 0, or blank for none.");
       (column == 1 ? config.stopWin : config.stopLoss)[static_cast<std::size_t>(p)] = amount;
+      (column == 1 ? kept.stops[name].win : kept.stops[name].loss) = amount;
       anyStop = true;
     }
   }
@@ -221,6 +238,17 @@ bool BatchForm::ReadConfig(BatchConfig& config) {
   config.seed = static_cast<std::uint64_t>(seed_->value());
   if (config.rolls == 0 && config.hands == 0 && !anyStop)
     return refuse("A session needs an end: a roll or hand limit, or a stop-win or stop-loss.");
+  kept.sessions = config.sessions;
+  kept.rolls = config.rolls;
+  kept.hands = config.hands;
+  kept.seed = seed_->value();
+  kept.threads = threads_->value();
+  // A full list makes room by forgetting players who are not seated.
+  for (auto it = kept.stops.begin(); kept.stops.size() > kBatchStopsKept && it != kept.stops.end();)
+    it = SeatNamed(game_, it->first) != 0 ? std::next(it) : kept.stops.erase(it);
+  // Settings that cannot be kept still run: the file is a convenience.
+  std::string error;
+  if (kept != saved_ && WriteBatchSettings(game_, kept, error)) saved_ = std::move(kept);
   return true;
 }
 

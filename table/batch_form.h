@@ -4,7 +4,8 @@
 // how often each player went broke or reached a stop, and the measured edge
 // beside the exact one. The sessions and their figures come from batch/
 // (the same engine as ravelton-cli batch, so the same seed gives the same
-// figures); the form holds only its boxes and the last results.
+// figures); the form holds only its boxes, the last results and the
+// settings of the last batch (kept in the data folder for the next one).
 //
 // What must stay true:
 // - The game on the table is never changed by a batch: the sessions play
@@ -17,6 +18,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "batch/batch_settings.h"
 #include "batch/batch_stats.h"
 
 class QLabel;
@@ -42,7 +44,8 @@ class BatchForm : public QDialog {
   QString ResultsText() const;
 
  private:
-  // The batch's settings from the boxes; false after the message of a bad one.
+  // The batch's settings from the boxes, kept in the data folder for the
+  // next batch; false after the message of a bad one.
   bool ReadConfig(BatchConfig& config);
   void ShowResults(std::int64_t played, double seconds, bool stopped);
 
@@ -57,4 +60,5 @@ class BatchForm : public QDialog {
   QLabel* status_ = nullptr;
   QPushButton* run_ = nullptr;
   std::vector<PlayerSummary> summaries_;
+  BatchSettings saved_;  // as last read or written
 };

@@ -13,6 +13,7 @@
 
 #include "analysis/advantage.h"
 #include "automation/autoplay_state.h"
+#include "batch/batch_settings.h"
 #include "batch/batch_stats.h"
 #include "core/catalogue.h"
 #include "core/game.h"
@@ -26,6 +27,8 @@
 #include "script/files.h"
 #include "tests/support/file_text.h"
 #include "tests/support/temp_folder.h"
+
+using namespace std::string_literals;
 
 namespace {
 
@@ -186,6 +189,43 @@ TEST_F(BatchTest, SessionsTouchNoneOfTheUsersFiles) {
   for (const char* name : {"ann.slg", "dice.rol"})
     EXPECT_FALSE(std::filesystem::exists(folder / name)) << name;
   EXPECT_EQ(ReadWholeFile(folder / "events.txt"), "kept\r\n");
+}
+
+// The Batch Run window's settings come back as written, stops by name;
+// a damaged or hostile file gives each line it cannot read its default.
+TEST_F(BatchTest, SettingsComeBackAndABadFileGivesDefaults) {
+  const TempFolder folder;
+  game->roll.DataFolder = folder.Path() + "data/";  // made by the first write
+  EXPECT_EQ(ReadBatchSettings(*game), BatchSettings{});
+  BatchSettings s;
+  s.sessions = 5000;
+  s.hands = 40;
+  s.seed = kMostBatchSeed;
+  s.threads = 3;
+  s.stops["Ann Lee"] = {Currency{12'345'678}, std::nullopt};  // 1,234.5678
+  s.stops["B=o"] = {std::nullopt, 75_usd};
+  s.stops["Nobody"] = {};  // no stop: not kept
+  std::string error;
+  ASSERT_TRUE(WriteBatchSettings(*game, s, error)) << error;
+  s.stops.erase("Nobody");
+  EXPECT_EQ(ReadBatchSettings(*game), s);
+
+  const std::string path = BatchSettingsPath(*game);
+  WriteWholeFile(path,
+                 "Sessions=0\nRolls=-1\nHands=1000000001\nSeed=12x\nThreads=\nSessions\n"
+                 "Stop=Ann\t0\t\nStop=\t5\t5\nStop=Cy\t\t\nStop=D\x01i\t5\t\n"
+                 "Stop=Ed\t99999999999999999999\t\n\x00\xff=\xfe\r\n"s);
+  EXPECT_EQ(ReadBatchSettings(*game), BatchSettings{});
+  // Past the read limit the rest is not read; stops are kept for so many names.
+  std::string many = "Rolls=7\r\n";
+  for (std::size_t i = 0; many.size() < 2 * kBatchSettingsReadLimit; ++i)
+    many += "Stop=P" + std::to_string(i) + "\t10000\t\r\n";
+  many += "Rolls=9\n";
+  WriteWholeFile(path, many);
+  const BatchSettings read = ReadBatchSettings(*game);
+  EXPECT_EQ(read.rolls, 7);
+  EXPECT_EQ(read.stops.size(), kBatchStopsKept);
+  EXPECT_EQ(read.stops.at("P0").win, 1_usd);
 }
 
 // Percentiles by the nearest ranks around q/100 * (n - 1), computed here

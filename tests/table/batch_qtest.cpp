@@ -2,7 +2,7 @@
 // players' stops, Run refuses a batch without an end, with a bad stop or in
 // the middle of a roll,
 // and otherwise shows the figures the batch engine gives for the same seed
-// while the table stays as it was.
+// while the table stays as it was; the next window starts as that batch was set.
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -10,10 +10,12 @@
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTest>
+#include <filesystem>
 #include <numeric>
 
 #include "automation/autoplay_state.h"
 #include "batch/batch.h"
+#include "batch/batch_settings.h"
 #include "core/catalogue.h"
 #include "desktop_fixture.h"
 #include "engine/place.h"
@@ -27,6 +29,7 @@ class BatchFormTest : public QObject {
 
 void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
   DesktopTable t(2);
+  std::filesystem::remove(BatchSettingsPath(*t.game));  // the last run of this test kept its own
   for (int p = 1; p <= 2; ++p) {
     t.game->autoplay.HandleWinningBets(p) = kWinSameBet;
     t.game->autoplay.HandleLosingBets(p) = kLoseSameBet;
@@ -94,6 +97,19 @@ void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
   QCOMPARE(lines.size(), 3);
   QVERIFY(lines[0].startsWith("Player\tMean net\tStd dev\t"));
   QCOMPARE(lines[2].split('\t').value(1), results->item(1, 1)->text());
+
+  // The next window, after Ann and Bo have changed seats, starts as this
+  // batch was set, her stop under her name.
+  MovePlayer(*t.game, 1, 5);
+  BatchForm next(*t.game);
+  QCOMPARE(FormChild<QSpinBox>(next, "txtSessions")->value(), 300);
+  QCOMPARE(FormChild<QSpinBox>(next, "txtRolls")->value(), 60);
+  QCOMPARE(FormChild<QSpinBox>(next, "txtSeed")->value(), 9);
+  QCOMPARE(FormChild<QSpinBox>(next, "txtThreads")->value(), 2);
+  auto* nextStops = FormChild<QTableWidget>(next, "grdStops");
+  QCOMPARE(nextStops->item(1, 0)->text(), QString("Ann"));
+  QCOMPARE(nextStops->item(1, 1)->text(), QString("50"));
+  QCOMPARE(nextStops->item(0, 1)->text(), QString());
 }
 
 QTEST_MAIN(BatchFormTest)
