@@ -51,7 +51,11 @@ DEMO_PLAYER := --player Alice=1000 --bet 'Alice:Pass Line=10' --take-odds Alice 
 STATS_GAME := $(DEMO_PLAYER) --player Ben=2000 --bet 'Ben:Pass Line=5' --bet 'Ben:Field=5' \
               --win-rule Ben:2 --lose-rule Ben:2
 
+# The pictures start from an empty data folder of their own: they look the
+# same on any machine and leave the user's files alone.
+screenshots: export RAVELTON_DATA := $(abspath $(BUILD))/screenshot-data/
 screenshots: build
+	rm -rf $(BUILD)/screenshot-data
 	mkdir -p $(SHOTS)
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/empty-table.png
 	$(BUILD)/app/ravelton --screenshot $(SHOTS)/eight-players.png --full-table

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "analysis/advantage.h"
 #include "core/game.h"
@@ -105,4 +106,30 @@ std::vector<PlayerSummary> SummarizePlayers(const Game& start,
     if (!start.PlayerName[static_cast<std::size_t>(p)].empty())
       out.push_back(SummarizePlayer(start, p, results, onlyBets[static_cast<std::size_t>(p)]));
   return out;
+}
+
+NetHistogram BinNets(const std::vector<SessionResult>& results, int seat, int mostBins) {
+  NetHistogram h;
+  if (results.empty()) return h;
+  mostBins = std::max(mostBins, 1);
+  const auto seatNet = [seat](const SessionResult& r) {
+    return r.net[static_cast<std::size_t>(seat)];
+  };
+  Currency low = seatNet(results.front()), high = low;
+  for (const SessionResult& r : results) {
+    low = std::min(low, seatNet(r));
+    high = std::max(high, seatNet(r));
+  }
+  std::int64_t step = 0;
+  for (const SessionResult& r : results) step = std::gcd(step, (seatNet(r) - low).raw);
+  // Nets all the same: one bin of a dollar.
+  if (step == 0) step = Currency::kScale;
+  const std::int64_t amounts = (high - low).raw / step + 1;  // the nets the bins must cover
+  const std::int64_t perBin = (amounts + mostBins - 1) / mostBins;
+  h.low = low;
+  h.width = Currency{perBin * step};
+  h.counts.assign(static_cast<std::size_t>((amounts + perBin - 1) / perBin), 0);
+  for (const SessionResult& r : results)
+    ++h.counts[static_cast<std::size_t>((seatNet(r) - low).raw / h.width.raw)];
+  return h;
 }

@@ -53,3 +53,19 @@ std::vector<int> OnlyBets(const std::vector<SessionResult>& results);
 // The summary of every seated player of the starting game, in seat order.
 std::vector<PlayerSummary> SummarizePlayers(const Game& start,
                                             const std::vector<SessionResult>& results);
+
+constexpr int kMostHistogramBins = 40;
+
+// A player's session nets in bins of equal width from the smallest net:
+// bin i holds the nets from low + i x width up to, not including, the next
+// edge. The width is a whole multiple of the step the nets move by (their
+// greatest common divisor above the smallest), so every bin spans as many
+// of the nets the bets allow and none looks fuller for holding more of them.
+struct NetHistogram {
+  Currency low;
+  Currency width;
+  std::vector<std::int64_t> counts;  // empty when there are no sessions
+};
+// The histogram of the nets of `seat`, in at most `mostBins` bins (at least 1).
+NetHistogram BinNets(const std::vector<SessionResult>& results, int seat,
+                     int mostBins = kMostHistogramBins);

@@ -29,6 +29,7 @@
 #include "core/number_text.h"
 #include "core/seat_set.h"
 #include "engine/players.h"
+#include "table/batch_histogram.h"
 #include "table/menu_items.h"
 
 namespace {
@@ -138,6 +139,12 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   results_->verticalHeader()->hide();
   results_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   results_->setMinimumWidth(kResultsWidth);  // every column in sight at first
+  results_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  results_->setSelectionMode(QAbstractItemView::SingleSelection);
+  results_->setToolTip("Choose a player's line to see the spread of that player's nets below.");
+  histogram_ = new BatchHistogram;
+  connect(results_, &QTableWidget::currentCellChanged, this,
+          [this](int row, int, int, int) { ShowHistogram(row); });
 
   status_ =
       new QLabel("Sessions play on a copy of the table as it stands; the table is not changed.");
@@ -170,6 +177,7 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(top);
   layout->addWidget(results_, 1);
+  layout->addWidget(histogram_);
   layout->addWidget(note);
   layout->addLayout(buttons);
   Refresh();
@@ -294,6 +302,8 @@ bool BatchForm::Run() {
   const double seconds =
       std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
   summaries_ = SummarizePlayers(*start, results);
+  histograms_.clear();
+  for (const PlayerSummary& s : summaries_) histograms_.push_back(BinNets(results, s.seat));
   ShowResults(static_cast<std::int64_t>(results.size()), seconds, stopped);
   return true;
 }
@@ -327,6 +337,14 @@ void BatchForm::ShowResults(std::int64_t played, double seconds, bool stopped) {
     for (int c = 0; c < kResultColumns; ++c)
       results_->setItem(row, c, Cell(cells[c], c != kColPlayer));
   }
+  results_->setCurrentCell(0, 0);
+  ShowHistogram(0);
+}
+
+void BatchForm::ShowHistogram(int row) {
+  if (row < 0 || row >= static_cast<int>(histograms_.size())) return;
+  const auto at = static_cast<std::size_t>(row);
+  histogram_->Show(histograms_[at], QString::fromStdString(summaries_[at].name));
 }
 
 QString BatchForm::ResultsText() const {

@@ -21,6 +21,7 @@
 #include "batch/batch_settings.h"
 #include "batch/batch_stats.h"
 
+class BatchHistogram;
 class QLabel;
 class QPushButton;
 class QSpinBox;
@@ -39,6 +40,8 @@ class BatchForm : public QDialog {
   bool Run();
   // The figures of the last batch, one per seated player.
   const std::vector<PlayerSummary>& Summaries() const { return summaries_; }
+  // The histogram shown: the nets of the player whose row is current.
+  const BatchHistogram& Histogram() const { return *histogram_; }
   // The results as shown, a line of tab-separated cells for the headings and
   // for each player, as cmdCopy puts them on the clipboard for a spreadsheet.
   QString ResultsText() const;
@@ -48,6 +51,8 @@ class BatchForm : public QDialog {
   // next batch; false after the message of a bad one.
   bool ReadConfig(BatchConfig& config);
   void ShowResults(std::int64_t played, double seconds, bool stopped);
+  // The histogram of the player of results row `row`.
+  void ShowHistogram(int row);
 
   Game& game_;
   QSpinBox* sessions_ = nullptr;
@@ -57,8 +62,10 @@ class BatchForm : public QDialog {
   QSpinBox* threads_ = nullptr;
   QTableWidget* stops_ = nullptr;
   QTableWidget* results_ = nullptr;
+  BatchHistogram* histogram_ = nullptr;
   QLabel* status_ = nullptr;
   QPushButton* run_ = nullptr;
   std::vector<PlayerSummary> summaries_;
+  std::vector<NetHistogram> histograms_;  // one per summary
   BatchSettings saved_;  // as last read or written
 };

@@ -437,7 +437,7 @@ int main(int argc, char** argv) {
     auto* stops = form->findChild<QTableWidget*>("grdStops");
     for (int row = 0; row < stops->rowCount(); ++row) stops->item(row, 1)->setText("100");
     form->Run();
-    form->resize(form->sizeHint().width(), 420);
+    form->resize(form->sizeHint().width(), 560);
     target = form;
   } else if (o.view == "sessionslog") {
     SessionsLogForm* form = window.SessionsLog();

@@ -287,6 +287,27 @@ TEST(BatchStatsTest, FiguresAgreeWithADirectComputation) {
   EXPECT_FALSE(s.exactEdge.has_value());
 }
 
+// Bins span whole steps of the nets: nets -10, 0, 10 and 25 move by $5.
+TEST(BatchStatsTest, NetBinsSpanWholeStepsOfTheNets) {
+  std::vector<SessionResult> results;
+  for (int dollars : {25, -10, 0, 10}) {
+    results.emplace_back();
+    results.back().net[3] = Currency::FromWhole(dollars);
+  }
+  NetHistogram h = BinNets(results, 3);
+  EXPECT_EQ(h.low, -10_usd);
+  EXPECT_EQ(h.width, 5_usd);
+  EXPECT_EQ(h.counts, (std::vector<std::int64_t>{1, 0, 1, 0, 1, 0, 0, 1}));
+  h = BinNets(results, 3, 3);  // eight amounts in three bins of three: $15
+  EXPECT_EQ(h.width, 15_usd);
+  EXPECT_EQ(h.counts, (std::vector<std::int64_t>{2, 1, 1}));
+  for (SessionResult& r : results) r.net[3] = -7_usd;
+  h = BinNets(results, 3);
+  EXPECT_EQ(h.low, -7_usd);
+  EXPECT_EQ(h.counts, std::vector<std::int64_t>{4});
+  EXPECT_TRUE(BinNets({}, 3).counts.empty());
+}
+
 TEST(BatchStatsTest, PercentileEnds) {
   EXPECT_EQ(Percentile({}, 50), 0);
   EXPECT_EQ(Percentile({4}, 99), 4);

@@ -20,6 +20,7 @@
 #include "desktop_fixture.h"
 #include "engine/place.h"
 #include "table/batch_form.h"
+#include "table/batch_histogram.h"
 
 class BatchFormTest : public QObject {
   Q_OBJECT
@@ -76,8 +77,8 @@ void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
   config.stopWin[1] = 50_usd;
   std::vector<std::int64_t> indices(300);
   std::iota(indices.begin(), indices.end(), 0);
-  const std::vector<PlayerSummary> expected =
-      SummarizePlayers(*t.game, PlaySessions(*t.game, config, indices, 1));
+  const std::vector<SessionResult> played = PlaySessions(*t.game, config, indices, 1);
+  const std::vector<PlayerSummary> expected = SummarizePlayers(*t.game, played);
   const std::vector<PlayerSummary>& shown = form->Summaries();
   QCOMPARE(shown.size(), std::size_t{2});
   for (std::size_t i = 0; i < shown.size(); ++i) {
@@ -97,6 +98,13 @@ void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
   QCOMPARE(lines.size(), 3);
   QVERIFY(lines[0].startsWith("Player\tMean net\tStd dev\t"));
   QCOMPARE(lines[2].split('\t').value(1), results->item(1, 1)->text());
+  // The histogram shows the current line's player: Ann, then Bo.
+  const BatchHistogram& histogram = form->Histogram();
+  QCOMPARE(histogram.Shown().counts, BinNets(played, 1).counts);
+  results->setCurrentCell(1, 0);
+  QCOMPARE(histogram.Shown().counts, BinNets(played, 2).counts);
+  QCOMPARE(histogram.Shown().width, BinNets(played, 2).width);
+  QVERIFY(histogram.BarTip(histogram.width() / 2).contains(" sessions ("));
 
   // The next window, after Ann and Bo have changed seats, starts as this
   // batch was set, her stop under her name.
