@@ -168,6 +168,11 @@ nlohmann::json SummaryJson(const PlayerSummary& s) {
           {"exact_edge", s.exactEdge ? nlohmann::json(*s.exactEdge) : nlohmann::json(nullptr)}};
 }
 
+// The player's nets binned as the window's histogram bins them.
+nlohmann::json HistogramJson(const NetHistogram& h) {
+  return {{"low", h.low.ToDouble()}, {"width", h.width.ToDouble()}, {"counts", h.counts}};
+}
+
 void PrintText(std::ostream& out, const std::vector<PlayerSummary>& all, std::int64_t sessions,
                double seconds) {
   out << sessions << " sessions in " << std::fixed << std::setprecision(2) << seconds << " s\n";
@@ -282,7 +287,10 @@ int Batch(BatchOptions& o) {
   const std::vector<PlayerSummary> all = SummarizePlayers(*start, results);
   if (o.json) {
     nlohmann::json players = nlohmann::json::array();
-    for (const PlayerSummary& s : all) players.push_back(SummaryJson(s));
+    for (const PlayerSummary& s : all) {
+      players.push_back(SummaryJson(s));
+      players.back()["histogram"] = HistogramJson(BinNets(results, s.seat));
+    }
     std::cout << nlohmann::json{{"sessions", o.sessions},
                                 {"seconds", seconds},
                                 {"players", players}}

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <numeric>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -295,6 +296,11 @@ TEST(CliBatch, OneAndTwoThreadsReportTheSameAndJsonHasEveryFigure) {
   EXPECT_EQ(p["mean_rolls"], 100);
   EXPECT_EQ(p["edge_ci95"].size(), 2u);
   EXPECT_NEAR(p["exact_edge"].get<double>(), -7.0 / 495.0, 1e-12);
+  // The histogram's bins hold every session, from the smallest net on.
+  const auto& h = p["histogram"];
+  EXPECT_EQ(h["low"], p["min"]);
+  const auto counts = h["counts"].get<std::vector<int>>();
+  EXPECT_EQ(std::accumulate(counts.begin(), counts.end(), 0), 50);
 }
 
 const std::string kPlayers =
