@@ -27,6 +27,9 @@
 struct Game;
 
 constexpr int kBatchSeats = 8;
+// The most sessions one batch plays: every session's result is held until
+// the figures are made, a few hundred bytes each.
+constexpr std::int64_t kMostBatchSessions = 10'000'000;
 
 // How a player's session ended: still in play at the end, broke, or
 // stopped by a stop-win or stop-loss.

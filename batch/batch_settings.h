@@ -21,12 +21,13 @@
 #include <optional>
 #include <string>
 
+#include "batch/batch.h"
 #include "core/currency.h"
 
 struct Game;
 
-// The boxes' ranges, shared by the window and the reader.
-constexpr std::int64_t kMostBatchSessions = 10'000'000;
+// The boxes' ranges, shared by the window and the reader (the sessions'
+// is kMostBatchSessions of batch.h).
 constexpr std::int64_t kMostBatchRollsOrHands = 1'000'000'000;
 constexpr std::int64_t kMostBatchSeed = 2'147'483'647;
 constexpr int kMostBatchThreads = 256;

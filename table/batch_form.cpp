@@ -16,6 +16,7 @@
 #include <chrono>
 #include <map>
 #include <memory>
+#include <new>
 #include <numeric>
 #include <optional>
 #include <thread>
@@ -282,7 +283,16 @@ bool BatchForm::Run() {
 
   const auto began = std::chrono::steady_clock::now();
   std::vector<SessionResult> results;
-  results.reserve(static_cast<std::size_t>(total));
+  try {
+    results.reserve(static_cast<std::size_t>(total));
+  } catch (const std::bad_alloc&) {
+    progress.reset();
+    ShowNotice(game_,
+               "There is not enough memory to hold the results of " + FormatCount(total) +
+                   " sessions. Run fewer sessions.",
+               kTitle, 0, kMsgOk | kMsgPicStop);
+    return false;
+  }
   for (std::int64_t next = 0; next < total && !progress.wasCanceled();) {
     const std::int64_t end = std::min(total, next + slice);
     std::vector<std::int64_t> indices(static_cast<std::size_t>(end - next));

@@ -25,6 +25,7 @@
 #include "batch/batch.h"
 #include "batch/batch_stats.h"
 #include "core/game.h"
+#include "core/money.h"
 #include "cycle/startup.h"
 
 namespace {
@@ -70,6 +71,9 @@ bool ParseStops(const Game& game, const std::vector<std::string>& args, const ch
 bool CheckCounts(const BatchOptions& o, std::string& error) {
   if (o.sessions < 1)
     error = "--sessions must be at least 1";
+  else if (o.sessions > kMostBatchSessions)
+    error = "--sessions must be at most " + FormatCount(kMostBatchSessions) +
+            ": every session's result is held in memory";
   else if (o.rolls < 0)
     error = "--rolls must not be negative";
   else if (o.hands < 0)

@@ -251,6 +251,7 @@ TEST_F(CliTest, BadBatchOptionsExitOneBeforeAnySession) {
       {kAnn + "--rolls 10 --stop-win Ann:-5",
        "--stop-win Ann:-5: the amount must be a number above 0"},
       {kAnn + "--sessions -3 --rolls 10", "--sessions must be at least 1"},
+      {kAnn + "--sessions 100000000000 --rolls 1", "--sessions must be at most 10,000,000"},
       {kAnn + "--rolls -1", "--rolls must not be negative"},
       {kAnn + "--hands -2", "--hands must not be negative"},
       {kAnn, "a session needs an end"},
