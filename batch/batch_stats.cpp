@@ -128,6 +128,7 @@ NetHistogram BinNets(const std::vector<SessionResult>& results, int seat, int mo
   const std::int64_t perBin = (amounts + mostBins - 1) / mostBins;
   h.low = low;
   h.width = Currency{perBin * step};
+  h.step = Currency{step};
   h.counts.assign(static_cast<std::size_t>((amounts + perBin - 1) / perBin), 0);
   for (const SessionResult& r : results)
     ++h.counts[static_cast<std::size_t>((seatNet(r) - low).raw / h.width.raw)];

@@ -64,6 +64,7 @@ constexpr int kMostHistogramBins = 40;
 struct NetHistogram {
   Currency low;
   Currency width;
+  Currency step;  // the nets move by: a bin's last net is its edge + width - step
   std::vector<std::int64_t> counts;  // empty when there are no sessions
 };
 // The histogram of the nets of `seat`, in at most `mostBins` bins (at least 1).

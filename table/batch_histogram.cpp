@@ -58,10 +58,12 @@ QString BatchHistogram::BarTip(int x) const {
   const auto at = static_cast<std::size_t>(bin);
   std::int64_t sessions = 0;
   for (std::int64_t c : nets_.counts) sessions += c;
-  const Currency last = Edge(nets_, at + 1) - Currency{1};
+  const Currency first = Edge(nets_, at), last = Edge(nets_, at + 1) - nets_.step;
   const std::int64_t count = nets_.counts[at];
-  return QString("%1 to %2: %3 sessions (%4 %)")
-      .arg(Dollars(Edge(nets_, at)), Dollars(last), QString::number(count),
+  const QString range =
+      last == first ? Dollars(first) : QString("%1 to %2").arg(Dollars(first), Dollars(last));
+  return QString("%1: %2 sessions (%3 %)")
+      .arg(range, QString::number(count),
            QString::number(100.0 * static_cast<double>(count) / static_cast<double>(sessions), 'f',
                            1));
 }

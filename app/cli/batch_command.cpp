@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -41,6 +42,7 @@ struct BatchOptions {
   bool json = false;
   bool csv = false;
   bool perSession = false;
+  bool histogram = false;
   TableOptions table;
   PlayerOptions players;
   GameFileOptions files;
@@ -86,6 +88,8 @@ bool CheckCounts(const BatchOptions& o, std::string& error) {
     error = "--per-session goes with --csv";
   else if (o.json && o.csv)
     error = "--json and --csv exclude each other";
+  else if (o.histogram && (o.json || o.csv))
+    error = "--histogram goes with the text report (--json has the bins)";
   else if (!o.scripts.dice.empty())
     error = "--dice is refused by batch: each session draws its own dice";
   return error.empty();
@@ -174,11 +178,34 @@ nlohmann::json SummaryJson(const PlayerSummary& s) {
 
 // The player's nets binned as the window's histogram bins them.
 nlohmann::json HistogramJson(const NetHistogram& h) {
-  return {{"low", h.low.ToDouble()}, {"width", h.width.ToDouble()}, {"counts", h.counts}};
+  return {{"low", h.low.ToDouble()},
+          {"width", h.width.ToDouble()},
+          {"step", h.step.ToDouble()},
+          {"counts", h.counts}};
+}
+
+constexpr int kHistogramBarWidth = 50;  // characters of the fullest bin's bar
+
+// A player's nets as lines of a text histogram: each bin's range, its
+// sessions and a bar of '#' scaled to the fullest bin.
+void PrintHistogram(std::ostream& out, const NetHistogram& h) {
+  if (h.counts.empty()) return;
+  const std::int64_t fullest = *std::max_element(h.counts.begin(), h.counts.end());
+  Currency from = h.low;
+  for (const std::int64_t count : h.counts) {
+    const Currency last = from + h.width - h.step;  // the last net the bin can hold
+    const auto bar = static_cast<std::size_t>((count * kHistogramBarWidth + fullest - 1) / fullest);
+    const std::string range =
+        last == from ? FormatMoney(from) : FormatMoney(from) + " to " + FormatMoney(last);
+    out << "  " << std::setw(24) << range << std::setw(9) << count;
+    if (bar > 0) out << ' ' << std::string(bar, '#');
+    out << '\n';
+    from = from + h.width;
+  }
 }
 
 void PrintText(std::ostream& out, const std::vector<PlayerSummary>& all, std::int64_t sessions,
-               double seconds) {
+               double seconds, const std::vector<NetHistogram>& histograms) {
   out << sessions << " sessions in " << std::fixed << std::setprecision(2) << seconds << " s\n";
   for (const PlayerSummary& s : all) {
     out << s.name << " (seat " << s.seat << "): mean net " << s.meanNet << ", sd " << s.sdNet
@@ -195,6 +222,10 @@ void PrintText(std::ostream& out, const std::vector<PlayerSummary>& all, std::in
         << "%)";
     if (s.exactEdge) out << ", exact " << 100 * *s.exactEdge << '%';
     out << '\n' << std::setprecision(2);
+    if (!histograms.empty()) {
+      out << "  session nets:\n";
+      PrintHistogram(out, histograms[static_cast<std::size_t>(&s - all.data())]);
+    }
   }
   out << std::defaultfloat;
 }
@@ -303,7 +334,10 @@ int Batch(BatchOptions& o) {
   } else if (o.csv) {
     PrintCsv(std::cout, *start, results, all, o.perSession);
   } else {
-    PrintText(std::cout, all, o.sessions, seconds);
+    std::vector<NetHistogram> histograms;
+    if (o.histogram)
+      for (const PlayerSummary& s : all) histograms.push_back(BinNets(results, s.seat));
+    PrintText(std::cout, all, o.sessions, seconds, histograms);
   }
   return 0;
 }
@@ -326,6 +360,8 @@ void AddBatchCommand(CLI::App& app) {
   cmd->add_flag("--json", o->json, "Print the report as one JSON object");
   cmd->add_flag("--csv", o->csv, "Print the report as CSV");
   cmd->add_flag("--per-session", o->perSession, "With --csv: one line per session");
+  cmd->add_flag("--histogram", o->histogram,
+                "With the text report: each player's session nets as a histogram");
   AddTableOptions(*cmd, o->table, false);
   AddPlayerOptions(*cmd, o->players);
   cmd->add_option("--load", o->files.load, "Start from this saved game");

@@ -297,6 +297,7 @@ TEST(BatchStatsTest, NetBinsSpanWholeStepsOfTheNets) {
   NetHistogram h = BinNets(results, 3);
   EXPECT_EQ(h.low, -10_usd);
   EXPECT_EQ(h.width, 5_usd);
+  EXPECT_EQ(h.step, 5_usd);
   EXPECT_EQ(h.counts, (std::vector<std::int64_t>{1, 0, 1, 0, 1, 0, 0, 1}));
   h = BinNets(results, 3, 3);  // eight amounts in three bins of three: $15
   EXPECT_EQ(h.width, 15_usd);

@@ -258,6 +258,7 @@ TEST_F(CliTest, BadBatchOptionsExitOneBeforeAnySession) {
       {"batch --rolls 10", "no player is seated"},
       {kAnn + "--rolls 10 --rng 9", "--rng must be 1 to 8"},
       {kAnn + "--rolls 10 --per-session", "--per-session goes with --csv"},
+      {kAnn + "--rolls 10 --histogram --json", "--histogram goes with the text report"},
       {kAnn + "--rolls 10 --script Ann=/nonexistent/x.bet", "x.bet"},
       {kAnn + "--rolls 10 --script Ann=" + bad, "must be corrected"},
   };
@@ -302,6 +303,19 @@ TEST(CliBatch, OneAndTwoThreadsReportTheSameAndJsonHasEveryFigure) {
   EXPECT_EQ(h["low"], p["min"]);
   const auto counts = h["counts"].get<std::vector<int>>();
   EXPECT_EQ(std::accumulate(counts.begin(), counts.end(), 0), 50);
+  // The text report's histogram has a line for each bin, with its count.
+  const auto text = Cli(kAnn + "--sessions 50 --rolls 100 --seed 3 --histogram");
+  const std::size_t at = text.out.find("  session nets:\n");
+  ASSERT_NE(at, std::string::npos) << text.out;
+  std::istringstream lines(text.out.substr(at + 17));
+  int sum = 0;
+  std::size_t bins = 0;
+  for (std::string line; std::getline(lines, line); ++bins) {
+    const std::size_t bar = line.find_last_of("0123456789");
+    sum += std::stoi(line.substr(line.find_last_of(' ', bar) + 1));
+  }
+  EXPECT_EQ(bins, counts.size());
+  EXPECT_EQ(sum, 50);
 }
 
 const std::string kPlayers =
