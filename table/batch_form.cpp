@@ -22,6 +22,7 @@
 #include <thread>
 
 #include "batch/batch.h"
+#include "batch/batch_csv.h"
 #include "batch/batch_settings.h"
 #include "core/game.h"
 #include "core/help_topics.h"
@@ -30,6 +31,7 @@
 #include "core/number_text.h"
 #include "core/seat_set.h"
 #include "engine/players.h"
+#include "store/file_chooser.h"
 #include "table/batch_histogram.h"
 #include "table/menu_items.h"
 
@@ -166,6 +168,17 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   copy->setToolTip("Copies the results for a spreadsheet, one line a player.");
   connect(copy, &QPushButton::clicked, this,
           [this] { QGuiApplication::clipboard()->setText(ResultsText()); });
+  saveSessions_ = new QPushButton("&Save Sessions ...");
+  saveSessions_->setObjectName("cmdSaveSessions");
+  saveSessions_->setToolTip(
+      "Saves every session of the last batch as CSV: its seed, length, how it ended and each "
+      "player's net.");
+  saveSessions_->setEnabled(false);
+  connect(saveSessions_, &QPushButton::clicked, this, [this] {
+    const FileChoice choice{
+        "Save Batch Sessions As", {"CSV files (*.csv)", "All files (*.*)"}, ".csv", true};
+    if (const auto path = ChooseFilePath(game_, choice)) SaveSessionsTo(*path);
+  });
   auto* close = new QPushButton("&Close");
   close->setObjectName("cmdClose");
   connect(close, &QPushButton::clicked, this, &QWidget::close);
@@ -173,6 +186,7 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   buttons->addWidget(status_, 1);
   buttons->addWidget(run_);
   buttons->addWidget(copy);
+  buttons->addWidget(saveSessions_);
   buttons->addWidget(close);
 
   auto* layout = new QVBoxLayout(this);
@@ -314,8 +328,17 @@ bool BatchForm::Run() {
   summaries_ = SummarizePlayers(*start, results);
   histograms_.clear();
   for (const PlayerSummary& s : summaries_) histograms_.push_back(BinNets(results, s.seat));
-  ShowResults(static_cast<std::int64_t>(results.size()), seconds, stopped);
+  played_ = std::move(results);
+  saveSessions_->setEnabled(!played_.empty());
+  ShowResults(static_cast<std::int64_t>(played_.size()), seconds, stopped);
   return true;
+}
+
+bool BatchForm::SaveSessionsTo(const std::string& path) {
+  std::string error;
+  if (WriteSessionsCsv(path, played_, summaries_, error)) return true;
+  ShowNotice(game_, error, kTitle, 0, kMsgOk | kMsgPicStop);
+  return false;
 }
 
 void BatchForm::ShowResults(std::int64_t played, double seconds, bool stopped) {

@@ -16,6 +16,7 @@
 
 #include <QDialog>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "batch/batch_settings.h"
@@ -42,6 +43,9 @@ class BatchForm : public QDialog {
   const std::vector<PlayerSummary>& Summaries() const { return summaries_; }
   // The histogram shown: the nets of the player whose row is current.
   const BatchHistogram& Histogram() const { return *histogram_; }
+  // cmdSaveSessions: every session of the last batch as CSV, to `path`;
+  // false after the message when it cannot be written.
+  bool SaveSessionsTo(const std::string& path);
   // The results as shown, a line of tab-separated cells for the headings and
   // for each player, as cmdCopy puts them on the clipboard for a spreadsheet.
   QString ResultsText() const;
@@ -65,7 +69,9 @@ class BatchForm : public QDialog {
   BatchHistogram* histogram_ = nullptr;
   QLabel* status_ = nullptr;
   QPushButton* run_ = nullptr;
+  QPushButton* saveSessions_ = nullptr;
   std::vector<PlayerSummary> summaries_;
   std::vector<NetHistogram> histograms_;  // one per summary
+  std::vector<SessionResult> played_;     // of the last batch, for cmdSaveSessions
   BatchSettings saved_;  // as last read or written
 };

@@ -24,12 +24,19 @@
 #include "app/cli/script_options.h"
 #include "app/cli/table_options.h"
 #include "batch/batch.h"
+#include "batch/batch_csv.h"
 #include "batch/batch_stats.h"
 #include "core/game.h"
 #include "core/money.h"
 #include "cycle/startup.h"
 
 namespace {
+
+PlayerOptions BatchPlayerOptions() {
+  PlayerOptions o;
+  o.command = "batch";
+  return o;
+}
 
 struct BatchOptions {
   std::int64_t sessions = 1000;
@@ -44,7 +51,7 @@ struct BatchOptions {
   bool perSession = false;
   bool histogram = false;
   TableOptions table;
-  PlayerOptions players;
+  PlayerOptions players = BatchPlayerOptions();
   GameFileOptions files;
   ScriptOptions scripts;
 };
@@ -126,34 +133,6 @@ std::unique_ptr<Game> StartingGame(BatchOptions& o, RunPlatform& platform, Batch
   return game;
 }
 
-const char* EndName(SessionEnd end) {
-  switch (end) {
-    case SessionEnd::kRolls:
-      return "rolls";
-    case SessionEnd::kHands:
-      return "hands";
-    case SessionEnd::kNoPlayerLeft:
-      return "no player left";
-    case SessionEnd::kGameStop:
-      return "game stop";
-  }
-  return "";
-}
-
-const char* OutcomeName(PlayerOutcome o) {
-  switch (o) {
-    case PlayerOutcome::kInPlay:
-      return "in play";
-    case PlayerOutcome::kBroke:
-      return "broke";
-    case PlayerOutcome::kStopWin:
-      return "stop-win";
-    case PlayerOutcome::kStopLoss:
-      return "stop-loss";
-  }
-  return "";
-}
-
 nlohmann::json SummaryJson(const PlayerSummary& s) {
   nlohmann::json pct = nlohmann::json::object();
   for (std::size_t i = 0; i < kBatchPercentiles.size(); ++i)
@@ -230,30 +209,15 @@ void PrintText(std::ostream& out, const std::vector<PlayerSummary>& all, std::in
   out << std::defaultfloat;
 }
 
-// A CSV field: quoted when it holds a comma, a quote or a line break, with
-// quotes doubled and line breaks turned into blanks.
-std::string CsvField(std::string_view text) {
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
-  std::string field = "\"";
-  for (char c : text) {
-    if (c == '"') field += "\"\"";
-    else field += (c == '\r' || c == '\n') ? ' ' : c;
-  }
-  return field + '"';
-}
-
 void PrintCsv(std::ostream& out, const Game& start, const std::vector<SessionResult>& results,
               const std::vector<PlayerSummary>& all, bool perSession) {
   if (perSession) {
-    out << "session,seed,rolls,hands,end";
-    for (const PlayerSummary& s : all)
-      out << ',' << CsvField(s.name + " net") << ',' << CsvField(s.name + " end");
-    out << ",stop\n";
+    out << SessionsCsvHeading(all);
+    std::string line;
     for (const SessionResult& r : results) {
-      out << r.index << ',' << r.seed << ',' << r.rolls << ',' << r.hands << ',' << EndName(r.end);
-      for (const PlayerSummary& s : all)
-        out << ',' << r.net[s.seat].ToDouble() << ',' << OutcomeName(r.outcome[s.seat]);
-      out << ',' << CsvField(r.stop) << '\n';
+      line.clear();
+      AppendSessionCsvLine(line, r, all);
+      out << line;
     }
     return;
   }
@@ -262,13 +226,16 @@ void PrintCsv(std::ostream& out, const Game& start, const std::vector<SessionRes
   for (int q : kBatchPercentiles) out << ",p" << q;
   out << ",min,max,broke_share,stop_win_share,stop_loss_share,mean_rolls,mean_hands,wagered,edge,"
          "edge_ci95_low,edge_ci95_high,exact_edge\n";
+  // Figures in their shortest exact text: a spreadsheet reads back the doubles.
   for (const PlayerSummary& s : all) {
-    out << s.name << ',' << s.sessions << ',' << s.meanNet << ',' << s.sdNet;
-    for (double v : s.percentiles) out << ',' << v;
-    out << ',' << s.min << ',' << s.max << ',' << s.brokeShare << ',' << s.stopWinShare << ','
-        << s.stopLossShare << ',' << s.meanRolls << ',' << s.meanHands << ',' << s.wagered << ','
-        << s.edge << ',' << s.edgeCi95[0] << ',' << s.edgeCi95[1] << ',';
-    if (s.exactEdge) out << *s.exactEdge;
+    out << CsvField(s.name) << ',' << s.sessions;
+    for (double v : {s.meanNet, s.sdNet}) out << ',' << ShortestText(v);
+    for (double v : s.percentiles) out << ',' << ShortestText(v);
+    for (double v : {s.min, s.max, s.brokeShare, s.stopWinShare, s.stopLossShare, s.meanRolls,
+                     s.meanHands, s.wagered, s.edge, s.edgeCi95[0], s.edgeCi95[1]})
+      out << ',' << ShortestText(v);
+    out << ',';
+    if (s.exactEdge) out << ShortestText(*s.exactEdge);
     out << '\n';
   }
 }

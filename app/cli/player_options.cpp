@@ -173,8 +173,8 @@ bool SetRules(Game& game, const std::vector<std::string>& args, const char* opti
   return true;
 }
 
-bool PlaceAll(Game& game, const std::vector<std::string>& args, std::string& error) {
-  for (const std::string& arg : args) {
+bool PlaceAll(Game& game, const PlayerOptions& o, std::string& error) {
+  for (const std::string& arg : o.bets) {
     int p = 0;
     std::string rest;
     if (!PlayerAndRest(game, arg, "--bet", p, rest, error)) return false;
@@ -199,8 +199,8 @@ bool PlaceAll(Game& game, const std::vector<std::string>& args, std::string& err
     game.BetRequest = *amount;
     PlaceBet(game, p, b);
     if (game.betting.BetChange != *amount) {
-      std::cerr << "ravelton-cli run: --bet " << arg << ": " << FormatMoney(game.betting.BetChange)
-                << " placed";
+      std::cerr << "ravelton-cli " << o.command << ": --bet " << arg << ": "
+                << FormatMoney(game.betting.BetChange) << " placed";
       if (!game.msg.MsgText.empty()) std::cerr << ": " << MessageLine(game.msg.MsgText);
       std::cerr << '\n';
     }
@@ -213,7 +213,7 @@ double Money(Currency a) { return a.ToDouble(); }
 }  // namespace
 
 bool PlacePlayerBets(Game& game, const PlayerOptions& o, std::string& error) {
-  return PlaceAll(game, o.bets, error);
+  return PlaceAll(game, o, error);
 }
 
 void AddPlayerOptions(CLI::App& cmd, PlayerOptions& o) {
@@ -237,7 +237,7 @@ bool SetUpPlayerOptions(Game& game, const PlayerOptions& o, std::string& error) 
       !SetRules(game, o.winRules, "--win-rule", game.autoplay.HandleWinningBets, error) ||
       !SetRules(game, o.loseRules, "--lose-rule", game.autoplay.HandleLosingBets, error))
     return false;
-  return PlaceAll(game, o.bets, error);
+  return PlaceAll(game, o, error);
 }
 
 nlohmann::json PlayersJson(const Game& game) {

@@ -26,6 +26,7 @@ struct PlayerOptions {
   std::vector<std::string> takeOdds;  // NAME
   std::vector<std::string> layOdds;
   std::vector<std::string> allowNegative;
+  std::string command = "run";  // named in the reports of cut bets on stderr
 };
 
 // Adds --player, --bet, --win-rule, --lose-rule, --take-odds, --lay-odds and

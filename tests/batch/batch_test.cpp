@@ -7,12 +7,14 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <numeric>
 #include <vector>
 
 #include "analysis/advantage.h"
 #include "automation/autoplay_state.h"
+#include "batch/batch_csv.h"
 #include "batch/batch_settings.h"
 #include "batch/batch_stats.h"
 #include "core/catalogue.h"
@@ -226,6 +228,36 @@ TEST_F(BatchTest, SettingsComeBackAndABadFileGivesDefaults) {
   EXPECT_EQ(read.rolls, 7);
   EXPECT_EQ(read.stops.size(), kBatchStopsKept);
   EXPECT_EQ(read.stops.at("P0").win, 1_usd);
+}
+
+// The sessions' CSV: exact amounts, quoted fields, a line a session, and a
+// file written whole or not at all.
+TEST_F(BatchTest, SessionsCsvIsExactAndQuoted) {
+  EXPECT_EQ(PlainAmount(Currency{-12'345'678}), "-1234.5678");
+  EXPECT_EQ(PlainAmount(Currency{-5'000}), "-0.5");
+  EXPECT_EQ(PlainAmount(Currency{1}), "0.0001");
+  EXPECT_EQ(PlainAmount(1'234'567_usd), "1234567");
+  EXPECT_EQ(PlainAmount(Currency{std::numeric_limits<std::int64_t>::min()}),
+            "-922337203685477.5808");
+  EXPECT_EQ(ShortestText(1234567.89), "1234567.89");  // six digits would give 1.23457e+06
+  EXPECT_EQ(CsvField("Stopped, \"at\" 7\r\n"), "\"Stopped, \"\"at\"\" 7  \"");
+
+  SeatFlatPassLine(1, "Ann", 1000_usd);
+  BatchConfig config;
+  config.rolls = 30;
+  const auto sessions = PlaySessions(*game, config, Indices(5), 1);
+  const auto players = SummarizePlayers(*game, sessions);
+  const TempFolder folder;
+  std::string error;
+  ASSERT_TRUE(WriteSessionsCsv(folder / "s.csv", sessions, players, error)) << error;
+  std::string expected = "session,seed,rolls,hands,end,Ann net,Ann end,stop\n";
+  for (const SessionResult& r : sessions)
+    expected += std::to_string(r.index) + "," + std::to_string(r.seed) + "," +
+                std::to_string(r.rolls) + "," + std::to_string(r.hands) + ",rolls," +
+                PlainAmount(r.net[1]) + ",in play,\n";
+  EXPECT_EQ(ReadWholeFile(folder / "s.csv"), expected);
+  EXPECT_FALSE(WriteSessionsCsv(folder / "none/s.csv", sessions, players, error));
+  EXPECT_NE(error.find(folder / "none/s.csv"), std::string::npos) << error;
 }
 
 // Percentiles by the nearest ranks around q/100 * (n - 1), computed here

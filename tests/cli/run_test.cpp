@@ -316,6 +316,18 @@ TEST(CliBatch, OneAndTwoThreadsReportTheSameAndJsonHasEveryFigure) {
   }
   EXPECT_EQ(bins, counts.size());
   EXPECT_EQ(sum, 50);
+  // The summary CSV gives the figures whole: the JSON's mean, not six digits of it.
+  const std::string big =
+      "batch --player Jo=9000000 --bet 'Jo:Pass Line=1000' --take-odds Jo "
+      "--win-rule Jo:2 --lose-rule Jo:2 --sessions 7 --rolls 33 ";
+  const auto csv = Cli(big + "--csv");
+  std::vector<std::string> fields;  // name, sessions, mean_net, ...
+  std::istringstream row(csv.out.substr(csv.out.find('\n') + 1));
+  for (std::string field; std::getline(row, field, ',');) fields.push_back(field);
+  ASSERT_GT(fields.size(), 2u) << csv.out;
+  const double mean =
+      nlohmann::json::parse(Cli(big + "--json").out)["players"][0]["mean_net"].get<double>();
+  EXPECT_EQ(std::stod(fields[2]), mean) << fields[2];
 }
 
 const std::string kPlayers =

@@ -4,6 +4,7 @@
 // and otherwise shows the figures the batch engine gives for the same seed
 // while the table stays as it was; the next window starts as that batch was set.
 #include <QClipboard>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -15,6 +16,7 @@
 
 #include "automation/autoplay_state.h"
 #include "batch/batch.h"
+#include "batch/batch_csv.h"
 #include "batch/batch_settings.h"
 #include "core/catalogue.h"
 #include "desktop_fixture.h"
@@ -105,6 +107,19 @@ void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
   QCOMPARE(histogram.Shown().counts, BinNets(played, 2).counts);
   QCOMPARE(histogram.Shown().width, BinNets(played, 2).width);
   QVERIFY(histogram.BarTip(histogram.width() / 2).contains(" sessions ("));
+  // Save Sessions writes the sessions the figures came from, a line each.
+  QVERIFY(FormChild<QPushButton>(*form, "cmdSaveSessions")->isEnabled());
+  const std::string csv = t.game->roll.DataFolder + "batch.csv";
+  QVERIFY(form->SaveSessionsTo(csv));
+  QFile file(QString::fromStdString(csv));
+  QVERIFY(file.open(QIODevice::ReadOnly));
+  const QStringList csvLines = QString(file.readAll()).split('\n', Qt::SkipEmptyParts);
+  QCOMPARE(csvLines.size(), 301);
+  QCOMPARE(csvLines[0], QString("session,seed,rolls,hands,end,Ann net,Ann end,Bo net,Bo end,stop"));
+  QCOMPARE(csvLines[300].split(',').value(7),
+           QString::fromStdString(PlainAmount(played[299].net[2])));
+  QVERIFY(!form->SaveSessionsTo(t.game->roll.DataFolder + "missing/batch.csv"));
+  QVERIFY(t.shown.back().second.find("missing/batch.csv") != std::string::npos);
 
   // The next window, after Ann and Bo have changed seats, starts as this
   // batch was set, her stop under her name.
