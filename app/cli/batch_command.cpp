@@ -209,7 +209,7 @@ void PrintText(std::ostream& out, const std::vector<PlayerSummary>& all, std::in
   out << std::defaultfloat;
 }
 
-void PrintCsv(std::ostream& out, const Game& start, const std::vector<SessionResult>& results,
+void PrintCsv(std::ostream& out, const std::vector<SessionResult>& results,
               const std::vector<PlayerSummary>& all, bool perSession) {
   if (perSession) {
     out << SessionsCsvHeading(all);
@@ -221,7 +221,6 @@ void PrintCsv(std::ostream& out, const Game& start, const std::vector<SessionRes
     }
     return;
   }
-  (void)start;
   out << "name,sessions,mean_net,sd_net";
   for (int q : kBatchPercentiles) out << ",p" << q;
   out << ",min,max,broke_share,stop_win_share,stop_loss_share,mean_rolls,mean_hands,wagered,edge,"
@@ -299,7 +298,7 @@ int Batch(BatchOptions& o) {
                      .dump()
               << '\n';
   } else if (o.csv) {
-    PrintCsv(std::cout, *start, results, all, o.perSession);
+    PrintCsv(std::cout, results, all, o.perSession);
   } else {
     std::vector<NetHistogram> histograms;
     if (o.histogram)
