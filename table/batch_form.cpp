@@ -87,6 +87,23 @@ QSpinBox* CountBox(const char* name, std::int64_t low, std::int64_t high, std::i
   return box;
 }
 
+// The progress window at `done` of `total` sessions: the bar, the pace and
+// the time left at that pace.
+void ShowProgress(QProgressDialog& progress, std::int64_t done, std::int64_t total,
+                  std::chrono::steady_clock::time_point began) {
+  progress.setValue(static_cast<int>(done));
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
+  if (done <= 0 || seconds <= 0) return;
+  const double pace = static_cast<double>(done) / seconds;
+  progress.setLabelText(
+      QString("Playing sessions ...\n%1 of %2, %3 a second, about %4 s left")
+          .arg(QString::fromStdString(FormatCount(done)),
+               QString::fromStdString(FormatCount(total)),
+               QString::fromStdString(FormatCount(static_cast<std::int64_t>(pace))),
+               QString::number(static_cast<double>(total - done) / pace, 'f', 0)));
+}
+
 QString StopText(const std::optional<Currency>& stop) {
   return stop ? QString::fromStdString(FormatMoney(*stop)) : QString();
 }
@@ -313,13 +330,13 @@ bool BatchForm::Run() {
     std::iota(indices.begin(), indices.end(), next);
     std::vector<SessionResult> part =
         PlaySessions(*start, config, indices, threads, [&](std::int64_t done) {
-          progress.setValue(static_cast<int>(next + done));
+          ShowProgress(progress, next + done, total, began);
           QCoreApplication::processEvents();
         });
     results.insert(results.end(), std::make_move_iterator(part.begin()),
                    std::make_move_iterator(part.end()));
     next = end;
-    progress.setValue(static_cast<int>(next));
+    ShowProgress(progress, next, total, began);
   }
   const bool stopped = static_cast<std::int64_t>(results.size()) < total;
   progress.reset();
