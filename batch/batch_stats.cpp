@@ -108,29 +108,53 @@ std::vector<PlayerSummary> SummarizePlayers(const Game& start,
   return out;
 }
 
+namespace {
+
+// The least of 1, 2 and 5 times a power of ten that is at least `atLeast`:
+// a bin of so many steps has edges that read well.
+std::int64_t RoundCount(std::int64_t atLeast) {
+  for (std::int64_t power = 1;; power *= 10)
+    for (std::int64_t factor : {1, 2, 5})
+      if (factor * power >= atLeast) return factor * power;
+}
+
+// a / b rounded down, for b above 0.
+std::int64_t FloorDivide(std::int64_t a, std::int64_t b) { return a / b - (a % b < 0 ? 1 : 0); }
+
+}  // namespace
+
 NetHistogram BinNets(const std::vector<SessionResult>& results, int seat, int mostBins) {
   NetHistogram h;
   if (results.empty()) return h;
   mostBins = std::max(mostBins, 1);
   const auto seatNet = [seat](const SessionResult& r) {
-    return r.net[static_cast<std::size_t>(seat)];
+    return r.net[static_cast<std::size_t>(seat)].raw;
   };
-  Currency low = seatNet(results.front()), high = low;
+  std::int64_t low = seatNet(results.front()), high = low;
   for (const SessionResult& r : results) {
     low = std::min(low, seatNet(r));
     high = std::max(high, seatNet(r));
   }
   std::int64_t step = 0;
-  for (const SessionResult& r : results) step = std::gcd(step, (seatNet(r) - low).raw);
+  for (const SessionResult& r : results) step = std::gcd(step, seatNet(r) - low);
   // Nets all the same: one bin of a dollar.
   if (step == 0) step = Currency::kScale;
-  const std::int64_t amounts = (high - low).raw / step + 1;  // the nets the bins must cover
-  const std::int64_t perBin = (amounts + mostBins - 1) / mostBins;
-  h.low = low;
-  h.width = Currency{perBin * step};
-  h.step = Currency{step};
-  h.counts.assign(static_cast<std::size_t>((amounts + perBin - 1) / perBin), 0);
-  for (const SessionResult& r : results)
-    ++h.counts[static_cast<std::size_t>((seatNet(r) - low).raw / h.width.raw)];
-  return h;
+  const std::int64_t amounts = (high - low) / step + 1;  // the nets the bins must cover
+  std::int64_t steps = RoundCount((amounts + mostBins - 1) / mostBins);
+  for (;; steps = RoundCount(steps + 1)) {
+    const std::int64_t width = steps * step;
+    // The first edge at or below the smallest net on a multiple of the
+    // width, as near as the step allows.
+    const std::int64_t below = low - FloorDivide(low, width) * width;
+    const std::int64_t start = low - below / step * step;
+    const std::int64_t bins = (high - start) / width + 1;
+    if (bins > mostBins) continue;
+    h.low = Currency{start};
+    h.width = Currency{width};
+    h.step = Currency{step};
+    h.counts.assign(static_cast<std::size_t>(bins), 0);
+    for (const SessionResult& r : results)
+      ++h.counts[static_cast<std::size_t>((seatNet(r) - start) / width)];
+    return h;
+  }
 }

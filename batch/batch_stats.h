@@ -56,11 +56,13 @@ std::vector<PlayerSummary> SummarizePlayers(const Game& start,
 
 constexpr int kMostHistogramBins = 40;
 
-// A player's session nets in bins of equal width from the smallest net:
-// bin i holds the nets from low + i x width up to, not including, the next
-// edge. The width is a whole multiple of the step the nets move by (their
-// greatest common divisor above the smallest), so every bin spans as many
-// of the nets the bets allow and none looks fuller for holding more of them.
+// A player's session nets in bins of equal width: bin i holds the nets from
+// low + i x width up to, not including, the next edge. The width is 1, 2 or
+// 5 times a power of ten of the step the nets move by (their greatest
+// common divisor above the smallest), so every bin spans as many of the
+// nets the bets allow and none looks fuller for holding more of them; the
+// first edge is at or below the smallest net, on a multiple of the width
+// where the step allows, so that the edges read well.
 struct NetHistogram {
   Currency low;
   Currency width;

@@ -43,6 +43,7 @@ constexpr std::int64_t kSliceSessionsPerThread = 256;
 constexpr std::int64_t kSlicesPerBatch = 100;
 constexpr int kStopColumns = 3;  // player, stop-win, stop-loss
 constexpr int kResultsWidth = 1060;
+constexpr int kResultsRowsInSight = 4;  // at least, before the table scrolls
 
 enum ResultColumn {
   kColPlayer,
@@ -159,6 +160,10 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   results_->verticalHeader()->hide();
   results_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   results_->setMinimumWidth(kResultsWidth);  // every column in sight at first
+  results_->setMinimumHeight(results_->horizontalHeader()->sizeHint().height() +
+                             kResultsRowsInSight *
+                                 results_->verticalHeader()->defaultSectionSize() +
+                             2 * results_->frameWidth());
   results_->setSelectionBehavior(QAbstractItemView::SelectRows);
   results_->setSelectionMode(QAbstractItemView::SingleSelection);
   results_->setToolTip("Choose a player's line to see the spread of that player's nets below.");

@@ -319,25 +319,39 @@ TEST(BatchStatsTest, FiguresAgreeWithADirectComputation) {
   EXPECT_FALSE(s.exactEdge.has_value());
 }
 
-// Bins span whole steps of the nets: nets -10, 0, 10 and 25 move by $5.
+// Bins span whole steps of the nets, rounded to edges that read well: nets
+// -10, 0, 10 and 25 move by $5; nets 3, 8 and 13 by $5 off the round edges.
 TEST(BatchStatsTest, NetBinsSpanWholeStepsOfTheNets) {
   std::vector<SessionResult> results;
-  for (int dollars : {25, -10, 0, 10}) {
-    results.emplace_back();
-    results.back().net[3] = Currency::FromWhole(dollars);
-  }
+  const auto nets = [&results](std::initializer_list<int> dollars) {
+    results.clear();
+    for (int d : dollars) {
+      results.emplace_back();
+      results.back().net[3] = Currency::FromWhole(d);
+    }
+  };
+  nets({25, -10, 0, 10});
   NetHistogram h = BinNets(results, 3);
   EXPECT_EQ(h.low, -10_usd);
   EXPECT_EQ(h.width, 5_usd);
   EXPECT_EQ(h.step, 5_usd);
   EXPECT_EQ(h.counts, (std::vector<std::int64_t>{1, 0, 1, 0, 1, 0, 0, 1}));
-  h = BinNets(results, 3, 3);  // eight amounts in three bins of three: $15
-  EXPECT_EQ(h.width, 15_usd);
-  EXPECT_EQ(h.counts, (std::vector<std::int64_t>{2, 1, 1}));
-  for (SessionResult& r : results) r.net[3] = -7_usd;
+  h = BinNets(results, 3, 3);  // eight nets in three bins: 5 steps of $5
+  EXPECT_EQ(h.low, -25_usd);
+  EXPECT_EQ(h.width, 25_usd);
+  EXPECT_EQ(h.counts, (std::vector<std::int64_t>{1, 2, 1}));
+  h = BinNets(results, 3, 2);  // two bins: 10 steps, from -$50
+  EXPECT_EQ(h.low, -50_usd);
+  EXPECT_EQ(h.counts, (std::vector<std::int64_t>{1, 3}));
+  nets({13, 3, 8});
+  h = BinNets(results, 3, 2);  // bins of $10 from $3, the nearest a net can be to $0
+  EXPECT_EQ(h.low, 3_usd);
+  EXPECT_EQ(h.width, 10_usd);
+  EXPECT_EQ(h.counts, (std::vector<std::int64_t>{2, 1}));
+  nets({-7, -7});
   h = BinNets(results, 3);
   EXPECT_EQ(h.low, -7_usd);
-  EXPECT_EQ(h.counts, std::vector<std::int64_t>{4});
+  EXPECT_EQ(h.counts, std::vector<std::int64_t>{2});
   EXPECT_TRUE(BinNets({}, 3).counts.empty());
 }
 
