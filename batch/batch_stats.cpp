@@ -74,6 +74,9 @@ PlayerSummary SummarizePlayer(const Game& start, int seat,
     s.percentiles[i] = Percentile(sorted, kBatchPercentiles[i]);
   s.min = sorted.front();
   s.max = sorted.back();
+  s.wonShare = static_cast<double>(
+                   std::count_if(nets.begin(), nets.end(), [](double net) { return net > 0; })) /
+               n;
   s.brokeShare = static_cast<double>(broke) / n;
   s.stopWinShare = static_cast<double>(win) / n;
   s.stopLossShare = static_cast<double>(loss) / n;

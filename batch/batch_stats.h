@@ -26,6 +26,7 @@ struct PlayerSummary {
   double meanNet = 0, sdNet = 0;
   std::array<double, kBatchPercentiles.size()> percentiles{};
   double min = 0, max = 0;
+  double wonShare = 0;  // sessions that ended with the player ahead (a net above 0)
   double brokeShare = 0, stopWinShare = 0, stopLossShare = 0;
   double meanRolls = 0, meanHands = 0;
   double wagered = 0;

@@ -54,6 +54,7 @@ enum ResultColumn {
   kColHigh,
   kColMin,
   kColMax,
+  kColWon,
   kColBroke,
   kColStopWin,
   kColStopLoss,
@@ -64,8 +65,9 @@ enum ResultColumn {
   kResultColumns
 };
 constexpr const char* kResultHeadings[kResultColumns] = {
-    "Player", "Mean net", "Std dev",   "5%",         "Median", "95%",          "Min",       "Max",
-    "Broke",  "Stop-win", "Stop-loss", "Mean rolls", "Edge",   "95% interval", "Exact edge"};
+    "Player",     "Mean net", "Std dev",      "5%",        "Median",   "95%",
+    "Min",        "Max",      "Won",          "Broke",     "Stop-win", "Stop-loss",
+    "Mean rolls", "Edge",     "95% interval", "Exact edge"};
 constexpr int kLowPercentile = 1, kMedianPercentile = 3,
               kHighPercentile = 5;  // of kBatchPercentiles
 static_assert(kBatchPercentiles[kLowPercentile] == 5 &&
@@ -157,6 +159,8 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   QStringList headings;
   for (const char* h : kResultHeadings) headings << h;
   results_->setHorizontalHeaderLabels(headings);
+  results_->horizontalHeaderItem(kColWon)->setToolTip(
+      "The share of sessions the player ended ahead: a net above 0.");
   results_->verticalHeader()->hide();
   results_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   results_->setMinimumWidth(kResultsWidth);  // every column in sight at first
@@ -382,6 +386,7 @@ void BatchForm::ShowResults(std::int64_t played, double seconds, bool stopped) {
         Money(s.percentiles[kHighPercentile]),
         Money(s.min),
         Money(s.max),
+        Percent(s.wonShare, 1),
         Percent(s.brokeShare, 1),
         Percent(s.stopWinShare, 1),
         Percent(s.stopLossShare, 1),

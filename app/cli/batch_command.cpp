@@ -144,6 +144,7 @@ nlohmann::json SummaryJson(const PlayerSummary& s) {
           {"percentiles", pct},
           {"min", s.min},
           {"max", s.max},
+          {"won_share", s.wonShare},
           {"broke_share", s.brokeShare},
           {"stop_win_share", s.stopWinShare},
           {"stop_loss_share", s.stopLossShare},
@@ -193,9 +194,9 @@ void PrintText(std::ostream& out, const std::vector<PlayerSummary>& all, std::in
     for (std::size_t i = 0; i < kBatchPercentiles.size(); ++i)
       out << ' ' << kBatchPercentiles[i] << "%=" << s.percentiles[i];
     out << '\n' << std::setprecision(4);
-    out << "  broke " << s.brokeShare << ", stop-win " << s.stopWinShare << ", stop-loss "
-        << s.stopLossShare << "; mean rolls " << std::setprecision(1) << s.meanRolls << ", hands "
-        << s.meanHands << '\n';
+    out << "  won " << s.wonShare << ", broke " << s.brokeShare << ", stop-win " << s.stopWinShare
+        << ", stop-loss " << s.stopLossShare << "; mean rolls " << std::setprecision(1)
+        << s.meanRolls << ", hands " << s.meanHands << '\n';
     out << std::setprecision(2) << "  wagered " << s.wagered << ", edge " << std::setprecision(3)
         << 100 * s.edge << "% (95% CI " << 100 * s.edgeCi95[0] << "% to " << 100 * s.edgeCi95[1]
         << "%)";
@@ -223,15 +224,16 @@ void PrintCsv(std::ostream& out, const std::vector<SessionResult>& results,
   }
   out << "name,sessions,mean_net,sd_net";
   for (int q : kBatchPercentiles) out << ",p" << q;
-  out << ",min,max,broke_share,stop_win_share,stop_loss_share,mean_rolls,mean_hands,wagered,edge,"
+  out << ",min,max,won_share,broke_share,stop_win_share,stop_loss_share,mean_rolls,mean_hands,"
+         "wagered,edge,"
          "edge_ci95_low,edge_ci95_high,exact_edge\n";
   // Figures in their shortest exact text: a spreadsheet reads back the doubles.
   for (const PlayerSummary& s : all) {
     out << CsvField(s.name) << ',' << s.sessions;
     for (double v : {s.meanNet, s.sdNet}) out << ',' << ShortestText(v);
     for (double v : s.percentiles) out << ',' << ShortestText(v);
-    for (double v : {s.min, s.max, s.brokeShare, s.stopWinShare, s.stopLossShare, s.meanRolls,
-                     s.meanHands, s.wagered, s.edge, s.edgeCi95[0], s.edgeCi95[1]})
+    for (double v : {s.min, s.max, s.wonShare, s.brokeShare, s.stopWinShare, s.stopLossShare,
+                     s.meanRolls, s.meanHands, s.wagered, s.edge, s.edgeCi95[0], s.edgeCi95[1]})
       out << ',' << ShortestText(v);
     out << ',';
     if (s.exactEdge) out << ShortestText(*s.exactEdge);

@@ -302,6 +302,10 @@ TEST(BatchStatsTest, FiguresAgreeWithADirectComputation) {
         << kBatchPercentiles[i];
   EXPECT_EQ(s.min, *std::min_element(nets.begin(), nets.end()));
   EXPECT_EQ(s.brokeShare, 126.0 / 501.0);
+  const auto ahead = std::count_if(results.begin(), results.end(),
+                                   [](const SessionResult& r) { return r.net[2] > Currency{}; });
+  EXPECT_EQ(s.wonShare, static_cast<double>(ahead) / 501.0);
+  EXPECT_GT(ahead, 0);
   EXPECT_DOUBLE_EQ(s.meanRolls, (71 * 21 + 6) / 501.0);  // 0..6 repeating: 71 cycles, then 0..3
   // The ratio's interval by the delta method from the moments of the pairs.
   const double mw = std::accumulate(wagers.begin(), wagers.end(), 0.0) / n;

@@ -290,8 +290,8 @@ TEST(CliBatch, OneAndTwoThreadsReportTheSameAndJsonHasEveryFigure) {
   const auto& p = j["players"][0];
   EXPECT_EQ(p["name"], "Ann");
   for (const char* key :
-       {"sessions", "mean_net", "sd_net", "min", "max", "broke_share", "stop_win_share",
-        "stop_loss_share", "mean_rolls", "mean_hands", "wagered", "edge"})
+       {"sessions", "mean_net", "sd_net", "min", "max", "won_share", "broke_share",
+        "stop_win_share", "stop_loss_share", "mean_rolls", "mean_hands", "wagered", "edge"})
     EXPECT_TRUE(p[key].is_number()) << key;
   for (const char* q : {"1", "5", "25", "50", "75", "95", "99"})
     EXPECT_TRUE(p["percentiles"][q].is_number());
