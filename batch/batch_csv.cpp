@@ -2,9 +2,11 @@
 
 #include <charconv>
 #include <cstdint>
+#include <initializer_list>
 #include <system_error>
 
 #include "core/file_io.h"
+#include "logs/events_log.h"
 
 namespace {
 
@@ -23,21 +25,6 @@ std::string CsvField(std::string_view text) {
       field += (c == '\r' || c == '\n') ? ' ' : c;
   }
   return field + '"';
-}
-
-std::string PlainAmount(Currency amount) {
-  // On the magnitude as unsigned, so that the most negative amount has one.
-  const bool negative = amount.raw < 0;
-  const std::uint64_t magnitude = negative ? 0 - static_cast<std::uint64_t>(amount.raw)
-                                           : static_cast<std::uint64_t>(amount.raw);
-  constexpr auto kScale = static_cast<std::uint64_t>(Currency::kScale);
-  std::string text = (negative ? "-" : "") + std::to_string(magnitude / kScale);
-  if (std::uint64_t fraction = magnitude % kScale; fraction != 0) {
-    std::string digits = std::to_string(fraction + kScale).substr(1);  // leading zeros kept
-    while (digits.back() == '0') digits.pop_back();
-    text += '.' + digits;
-  }
-  return text;
 }
 
 std::string ShortestText(double value) {
@@ -83,13 +70,23 @@ std::string SessionsCsvHeading(const std::vector<PlayerSummary>& players) {
 
 void AppendSessionCsvLine(std::string& out, const SessionResult& r,
                           const std::vector<PlayerSummary>& players) {
-  out += std::to_string(r.index) + ',' + std::to_string(r.seed) + ',' + std::to_string(r.rolls) +
-         ',' + std::to_string(r.hands) + ',' + SessionEndName(r.end);
+  for (const std::int64_t n :
+       std::initializer_list<std::int64_t>{r.index, r.seed, r.rolls, r.hands}) {
+    AppendWhole(out, n);
+    out += ',';
+  }
+  out += SessionEndName(r.end);
+  // Nets exactly, as plain numbers: every ten-thousandth, no separators.
   for (const PlayerSummary& s : players) {
     const auto seat = static_cast<std::size_t>(s.seat);
-    out += ',' + PlainAmount(r.net[seat]) + ',' + PlayerOutcomeName(r.outcome[seat]);
+    out += ',';
+    AppendPlainAmount(out, r.net[seat]);
+    out += ',';
+    out += PlayerOutcomeName(r.outcome[seat]);
   }
-  out += ',' + CsvField(r.stop) + '\n';
+  out += ',';
+  out += CsvField(r.stop);
+  out += '\n';
 }
 
 bool WriteSessionsCsv(const std::string& path, const std::vector<SessionResult>& sessions,

@@ -15,13 +15,10 @@
 
 #include "batch/batch.h"
 #include "batch/batch_stats.h"
-#include "core/currency.h"
 
 // A CSV field: quoted when it holds a comma, a quote or a line break, with
 // quotes doubled and line breaks turned into blanks.
 std::string CsvField(std::string_view text);
-// An amount as exact plain decimal text: "-1234.5", "100", "0.0001".
-std::string PlainAmount(Currency amount);
 // A figure as the shortest text that reads back as the same double.
 std::string ShortestText(double value);
 // Why a session ended, and how a player's session ended, as the CSV says.

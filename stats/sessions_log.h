@@ -63,8 +63,9 @@ SessionRecord SessionRecordOf(Game& game, int p);
 std::string DamagedLogMessage(const std::string& path);
 
 // WriteSessionRecord(p): appends the record of the ending session; nothing
-// when the session had no rolls or the game keeps no sessions logs. Returns the message when the
-// log could not be written (a damaged file is left as it was).
+// when the session had no rolls or the game keeps no sessions logs.
+// Returns the message when the log could not be written (a damaged file is
+// left as it was).
 std::optional<std::string> WriteSessionRecord(Game& game, int p);
 // Writes every named player's record, showing any failure as a notice.
 void WriteSessionRecords(Game& game);

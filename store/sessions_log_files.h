@@ -1,7 +1,8 @@
 // The Sessions Log's file commands that start a player's log afresh, keep
 // a copy of it or add another log's sessions to it: mnuNew for the player
-// shown, mnuNewAll for every seated player, mnuSaveAs, mnuMerge. They live above the statistics
-// because they ask for file names through the game's file chooser.
+// shown, mnuNewAll for every seated player, mnuSaveAs, mnuMerge. They live
+// above the statistics because they ask for file names through the game's
+// file chooser.
 //
 // What must stay true:
 // - A session in progress is not in any log yet: starting new logs while

@@ -352,8 +352,6 @@ bool BatchForm::Run() {
   const double seconds =
       std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
   summaries_ = SummarizePlayers(*start, results);
-  histograms_.clear();
-  for (const PlayerSummary& s : summaries_) histograms_.push_back(BinNets(results, s.seat));
   played_ = std::move(results);
   saveSessions_->setEnabled(!played_.empty());
   ShowResults(static_cast<std::int64_t>(played_.size()), seconds, stopped);
@@ -402,9 +400,9 @@ void BatchForm::ShowResults(std::int64_t played, double seconds, bool stopped) {
 }
 
 void BatchForm::ShowHistogram(int row) {
-  if (row < 0 || row >= static_cast<int>(histograms_.size())) return;
-  const auto at = static_cast<std::size_t>(row);
-  histogram_->Show(histograms_[at], QString::fromStdString(summaries_[at].name));
+  if (row < 0 || row >= static_cast<int>(summaries_.size())) return;
+  const PlayerSummary& s = summaries_[static_cast<std::size_t>(row)];
+  histogram_->Show(BinNets(played_, s.seat), QString::fromStdString(s.name));
 }
 
 QString BatchForm::ResultsText() const {

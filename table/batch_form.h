@@ -71,7 +71,6 @@ class BatchForm : public QDialog {
   QPushButton* run_ = nullptr;
   QPushButton* saveSessions_ = nullptr;
   std::vector<PlayerSummary> summaries_;
-  std::vector<NetHistogram> histograms_;  // one per summary
-  std::vector<SessionResult> played_;     // of the last batch, for cmdSaveSessions
+  std::vector<SessionResult> played_;  // of the last batch: the histogram, cmdSaveSessions
   BatchSettings saved_;  // as last read or written
 };

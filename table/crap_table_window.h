@@ -46,6 +46,7 @@ class CrapTableWindow : public QMainWindow {
   EventsLogForm* EventsLog();
   // frmGames, the sessions log, made on first use (mnuSessionsLog).
   SessionsLogForm* SessionsLog();
+  // frmBatch, Statistics > Batch Run, made on first use (mnuBatch).
   BatchForm* Batch();
   // The statistics views (Summary, Hands, Roll Totals, ...).
   StatsViews& Views() { return *statsViews_; }

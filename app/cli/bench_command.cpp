@@ -88,8 +88,8 @@ int Bench(std::int64_t rolls, bool json) {
   if (!players.stop.empty()) std::printf("stopped: %s\n", players.stop.c_str());
   PrintSpeed("eight players", players);
   PrintSpeed("empty table", empty);
-  std::printf("checksum: %016" PRIx64 "\n", players.checksum);
-  std::printf("empty table checksum: %016" PRIx64 "\n", empty.checksum);
+  std::printf("checksum: %s\n", ChecksumText(players.checksum).c_str());
+  std::printf("empty table checksum: %s\n", ChecksumText(empty.checksum).c_str());
   return 0;
 }
 

@@ -25,6 +25,7 @@
 #include "dice/rng.h"
 #include "engine/place.h"
 #include "engine/players.h"
+#include "engine/settle_text.h"
 #include "script/activation.h"
 #include "script/files.h"
 #include "tests/support/file_text.h"

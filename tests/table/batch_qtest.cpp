@@ -21,6 +21,7 @@
 #include "core/catalogue.h"
 #include "desktop_fixture.h"
 #include "engine/place.h"
+#include "engine/settle_text.h"
 #include "table/batch_form.h"
 #include "table/batch_histogram.h"
 
