@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <exception>
 #include <memory>
+#include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "core/frames.h"
@@ -192,20 +195,49 @@ std::vector<SessionResult> PlaySessions(const Game& start, const BatchConfig& co
   (void)start.RollTally.Settled();
   std::atomic<std::size_t> next{0};
   std::atomic<std::int64_t> done{0};
-  auto work = [&] {
-    auto game = std::make_unique<Game>(start);
-    for (std::size_t i = next++; i < indices.size(); i = next++) {
-      results[i] = PlaySessionIn(*game, start, config, indices[i]);
-      ++done;
+  std::atomic<bool> failed{false};
+  std::mutex failureLock;
+  std::exception_ptr failure;  // the first thing that went wrong in any thread
+  // An exception must not leave a thread: it would end the program. The
+  // first is kept for the caller, and no thread takes a new session after it.
+  auto work = [&]() noexcept {
+    try {
+      auto game = std::make_unique<Game>(start);
+      for (std::size_t i = next++; i < indices.size(); i = next++) {
+        results[i] = PlaySessionIn(*game, start, config, indices[i]);
+        ++done;
+      }
+    } catch (...) {
+      const std::lock_guard hold(failureLock);
+      if (!failure) failure = std::current_exception();
+      next = indices.size();
+      failed = true;
     }
   };
-  const int n = std::max(1, threads);
   std::vector<std::thread> pool;
-  for (int t = 1; t < n; ++t) pool.emplace_back(work);
-  if (progress) {
-    // The calling thread reports while the others play.
-    pool.emplace_back(work);
-    while (done.load() < static_cast<std::int64_t>(indices.size())) {
+  // However this ends, even by a throwing progress call, the sessions still
+  // to come are given up and every thread is joined before the results go.
+  struct Joiner {
+    std::vector<std::thread>& pool;
+    std::atomic<std::size_t>& next;
+    std::size_t end;
+    ~Joiner() {
+      if (std::uncaught_exceptions() > 0) next = end;
+      for (auto& t : pool) t.join();
+    }
+  } joiner{pool, next, indices.size()};
+  // With a progress report the calling thread reports and the others play.
+  const int n = std::max(1, threads);
+  const int helpers = progress ? n : n - 1;
+  for (int t = 0; t < helpers; ++t) {
+    try {
+      pool.emplace_back(work);
+    } catch (const std::system_error&) {
+      break;  // the system has no more threads to give: play on with those there are
+    }
+  }
+  if (progress && !pool.empty()) {
+    while (!failed && done.load() < static_cast<std::int64_t>(indices.size())) {
       std::this_thread::sleep_for(kProgressEvery);
       progress(done.load());
     }
@@ -213,5 +245,7 @@ std::vector<SessionResult> PlaySessions(const Game& start, const BatchConfig& co
     work();
   }
   for (auto& t : pool) t.join();
+  pool.clear();
+  if (failure) std::rethrow_exception(failure);
   return results;
 }

@@ -87,6 +87,9 @@ SessionResult PlaySessionIn(Game& game, const Game& start, const BatchConfig& co
 // Plays the sessions named by `indices` on `threads` threads (at least 1);
 // results in the order of `indices`. `progress`, when set, is called from
 // the calling thread about every tenth of a second with the sessions done.
+// An exception in any thread (memory for a game's copy) stops the rest and
+// is thrown again here once every thread has ended; where the system gives
+// fewer threads than asked, the sessions play on those it gives.
 std::vector<SessionResult> PlaySessions(const Game& start, const BatchConfig& config,
                                         const std::vector<std::int64_t>& indices, int threads,
                                         const std::function<void(std::int64_t)>& progress = {});

@@ -322,30 +322,39 @@ bool BatchForm::Run() {
   progress.setValue(0);
 
   const auto began = std::chrono::steady_clock::now();
+  // The last batch's sessions give way to this one's before its memory is
+  // asked for, so that the two are never held at once.
+  played_ = {};
+  summaries_.clear();
+  saveSessions_->setEnabled(false);
   std::vector<SessionResult> results;
   try {
     results.reserve(static_cast<std::size_t>(total));
+    for (std::int64_t next = 0; next < total && !progress.wasCanceled();) {
+      const std::int64_t end = std::min(total, next + slice);
+      std::vector<std::int64_t> indices(static_cast<std::size_t>(end - next));
+      std::iota(indices.begin(), indices.end(), next);
+      std::vector<SessionResult> part =
+          PlaySessions(*start, config, indices, threads, [&](std::int64_t done) {
+            ShowProgress(progress, next + done, total, began);
+            QCoreApplication::processEvents();
+          });
+      results.insert(results.end(), std::make_move_iterator(part.begin()),
+                     std::make_move_iterator(part.end()));
+      next = end;
+      ShowProgress(progress, next, total, began);
+    }
   } catch (const std::bad_alloc&) {
     progress.reset();
+    results = {};
+    status_->setText("Not played: not enough memory.");
+    results_->setRowCount(0);
+    histogram_->Show({}, {});
     ShowNotice(game_,
-               "There is not enough memory to hold the results of " + FormatCount(total) +
+               "There is not enough memory to play " + FormatCount(total) +
                    " sessions. Run fewer sessions.",
                kTitle, 0, kMsgOk | kMsgPicStop);
     return false;
-  }
-  for (std::int64_t next = 0; next < total && !progress.wasCanceled();) {
-    const std::int64_t end = std::min(total, next + slice);
-    std::vector<std::int64_t> indices(static_cast<std::size_t>(end - next));
-    std::iota(indices.begin(), indices.end(), next);
-    std::vector<SessionResult> part =
-        PlaySessions(*start, config, indices, threads, [&](std::int64_t done) {
-          ShowProgress(progress, next + done, total, began);
-          QCoreApplication::processEvents();
-        });
-    results.insert(results.end(), std::make_move_iterator(part.begin()),
-                   std::make_move_iterator(part.end()));
-    next = end;
-    ShowProgress(progress, next, total, began);
   }
   const bool stopped = static_cast<std::int64_t>(results.size()) < total;
   progress.reset();

@@ -3,13 +3,19 @@
 #include "batch/batch.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 #include <memory>
+#include <new>
 #include <numeric>
+#include <stdexcept>
 #include <vector>
 
 #include "analysis/advantage.h"
@@ -41,6 +47,19 @@ constexpr std::int64_t kRuinSessions = 2'000;
 #else
 constexpr std::int64_t kRuinSessions = 20'000;
 #endif
+
+// Room to grow that holds no copy of a game (nor a thread's stack).
+constexpr std::size_t kLessThanAGame = sizeof(Game) / 2;
+
+// Lets this process's address space grow by at most `bytes` from here.
+void LimitAddressSpaceToGrowth(std::size_t bytes) {
+  std::ifstream statm("/proc/self/statm");
+  std::size_t pages = 0;
+  statm >> pages;
+  const auto size = pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+  const rlimit limit{size + bytes, size + bytes};
+  if (pages == 0 || setrlimit(RLIMIT_AS, &limit) != 0) std::_Exit(1);
+}
 
 // A fresh table with Ann at seat 1 holding `bankroll`, a flat Pass Line bet
 // of 10 that stays up whether it wins or loses.
@@ -165,6 +184,49 @@ TEST_F(BatchTest, SessionsCountFromTheStartingGame) {
     EXPECT_LE(r.wagered[1], 10_usd);
   }
 }
+
+// Whatever goes wrong while sessions play reaches the caller as an
+// exception, with every thread ended, rather than ending the program: a
+// progress report that throws, and a system out of memory for the threads'
+// copies of the game (and out of threads, which the batch plays without).
+TEST_F(BatchTest, AThrowingProgressReportReachesTheCaller) {
+  SeatFlatPassLine(1, "Ann", 1000_usd);
+  game->betting.AllowNegBankroll(1) = true;
+  BatchConfig config;
+  config.rolls = 100'000;  // sessions long enough that a report comes before they end
+  int reports = 0;
+  EXPECT_THROW(PlaySessions(*game, config, Indices(1'000), 2,
+                            [&](std::int64_t) {
+                              ++reports;
+                              throw std::runtime_error("stopped");
+                            }),
+               std::runtime_error);
+  EXPECT_EQ(reports, 1);
+}
+
+// The sanitizer reserves address space of its own; the memory that sessions
+// freed would hold a new copy, so this stands in a test of its own.
+#if !defined(__SANITIZE_ADDRESS__)
+TEST_F(BatchTest, NoMemoryForTheGamesReachesTheCaller) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  constexpr int kThrownToTheCaller = 3;
+  SeatFlatPassLine(1, "Ann", 1000_usd);
+  BatchConfig config;
+  config.rolls = 10;
+  const auto indices = Indices(4);
+  EXPECT_EXIT(
+      {
+        LimitAddressSpaceToGrowth(kLessThanAGame);
+        try {
+          PlaySessions(*game, config, indices, 4, [](std::int64_t) {});
+        } catch (const std::bad_alloc&) {
+          std::_Exit(kThrownToTheCaller);
+        }
+        std::_Exit(0);
+      },
+      ::testing::ExitedWithCode(kThrownToTheCaller), "");
+}
+#endif
 
 // Sessions played at once keep none of the user's files: a player cashed
 // out at a stop leaves no sessions-log record, the dice roll file that the
