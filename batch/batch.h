@@ -9,7 +9,8 @@
 // - Session k is seeded from the batch seed and k alone, so its result is
 //   the same bit for bit whatever the threads or processes that play it.
 // - Threads share nothing mutable but the index of the next session to
-//   take; each writes only its own result slots.
+//   take, the count of sessions done and the first failure; each writes
+//   only its own result slots.
 // - The starting game is never changed, and a session touches no file:
 //   no sessions-log record, no events log, no dice roll file.
 #pragma once
