@@ -13,6 +13,7 @@
 #include "analysis/advantage_table.h"
 #include "app/cli/commands.h"
 #include "app/cli/game_file_options.h"
+#include "app/cli/json_text.h"
 #include "app/cli/probability_options.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
@@ -101,7 +102,7 @@ int RunAdvantage(const AdvantageOptions& options) {
   }
   game->advantage.CountZeroOutcomes = options.zeroOutcomes;
   if (options.json)
-    std::cout << AdvantageJson(*game).dump() << '\n';
+    std::cout << JsonText(AdvantageJson(*game)) << '\n';
   else
     PrintAdvantage(std::cout, *game);
   return 0;

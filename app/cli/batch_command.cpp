@@ -20,6 +20,7 @@
 #include "app/cli/batch_ranks.h"
 #include "app/cli/commands.h"
 #include "app/cli/game_file_options.h"
+#include "app/cli/json_text.h"
 #include "app/cli/player_options.h"
 #include "app/cli/script_options.h"
 #include "app/cli/table_options.h"
@@ -294,10 +295,8 @@ int Batch(BatchOptions& o) {
       players.push_back(SummaryJson(s));
       players.back()["histogram"] = HistogramJson(BinNets(results, s.seat));
     }
-    std::cout << nlohmann::json{{"sessions", o.sessions},
-                                {"seconds", seconds},
-                                {"players", players}}
-                     .dump()
+    std::cout << JsonText(nlohmann::json{
+                     {"sessions", o.sessions}, {"seconds", seconds}, {"players", players}})
               << '\n';
   } else if (o.csv) {
     PrintCsv(std::cout, results, all, o.perSession);

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "app/cli/commands.h"
+#include "app/cli/json_text.h"
 #include "core/checksum.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
@@ -78,9 +79,8 @@ int Bench(std::int64_t rolls, bool json) {
   const BenchRun players = RunWorkload(BenchWorkload::EightPlayers, rolls);
   const BenchRun empty = RunWorkload(BenchWorkload::EmptyTable, rolls);
   if (json) {
-    std::cout << nlohmann::json{{"eight_players", RunJson(players)},
-                                {"empty_table", RunJson(empty)}}
-                     .dump()
+    std::cout << JsonText(nlohmann::json{{"eight_players", RunJson(players)},
+                                         {"empty_table", RunJson(empty)}})
               << '\n';
     return 0;
   }

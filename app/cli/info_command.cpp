@@ -12,6 +12,7 @@
 
 #include "app/cli/commands.h"
 #include "app/cli/game_file_options.h"
+#include "app/cli/json_text.h"
 #include "config/payoffs.h"
 #include "config/settings.h"
 #include "core/catalogue.h"
@@ -169,7 +170,7 @@ int Info(const InfoOptions& o) {
   if (!opened) return 1;
   const nlohmann::json info = InfoJson(*game);
   if (o.json)
-    std::cout << info.dump() << '\n';
+    std::cout << JsonText(info) << '\n';
   else
     PrintInfo(std::cout, info);
   return 0;

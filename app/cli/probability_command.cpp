@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "app/cli/commands.h"
+#include "app/cli/json_text.h"
 #include "app/cli/probability_options.h"
 #include "core/game.h"
 #include "core/headless_platform.h"
@@ -228,7 +229,7 @@ int RunProbability(const ProbabilityOptions& options, const CLI::App& cmd) {
     }
   }
   if (options.json)
-    std::cout << TableJson(*game).dump() << '\n';
+    std::cout << JsonText(TableJson(*game)) << '\n';
   else
     PrintTable(std::cout, *game);
   return 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iomanip>
 
+#include "app/cli/json_text.h"
 #include "app/cli/report.h"
 #include "core/text.h"
 
@@ -22,7 +23,7 @@ std::string CsvCell(const nlohmann::json& v) {
     for (char c : s) q += c == '"' ? std::string("\"\"") : std::string(1, c);
     return q + "\"";
   }
-  return v.dump();
+  return JsonText(v);
 }
 
 }  // namespace
@@ -79,7 +80,7 @@ void PrintReportText(std::ostream& out, const Report& r) {
 
 void PrintReport(std::ostream& out, const Report& r, const ReportOptions& o) {
   if (o.json)
-    out << ReportJson(r).dump() << '\n';
+    out << JsonText(ReportJson(r)) << '\n';
   else if (o.csv)
     PrintReportCsv(out, r);
   else

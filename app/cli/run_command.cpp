@@ -14,6 +14,7 @@
 #include "app/cli/commands.h"
 #include "app/cli/dice_file_options.h"
 #include "app/cli/game_file_options.h"
+#include "app/cli/json_text.h"
 #include "app/cli/player_options.h"
 #include "app/cli/report.h"
 #include "app/cli/script_options.h"
@@ -134,9 +135,8 @@ int PrintRunReport(Game& game, const RunResult& result, const RunOptions& option
     return 1;
   }
   if (options.json) {
-    std::cout << nlohmann::json{{"run", RunSummaryJson(game, result, platform)},
-                                {"report", ReportJson(report)}}
-                     .dump()
+    std::cout << JsonText(nlohmann::json{{"run", RunSummaryJson(game, result, platform)},
+                                         {"report", ReportJson(report)}})
               << '\n';
   } else if (options.report.csv) {
     PrintReportCsv(std::cout, report);
@@ -201,7 +201,7 @@ int Run(RunOptions& options) {
   if (!options.report.view.empty()) {
     if (const int rc = PrintRunReport(*game, result, options, platform); rc != 0) return rc;
   } else if (options.json) {
-    std::cout << RunSummaryJson(*game, result, platform).dump() << '\n';
+    std::cout << JsonText(RunSummaryJson(*game, result, platform)) << '\n';
   } else {
     PrintSummary(std::cout, *game, result);
   }

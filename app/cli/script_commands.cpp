@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "app/cli/commands.h"
+#include "app/cli/json_text.h"
 #include "app/cli/script_options.h"
 #include "core/game.h"
 #include "core/text.h"
@@ -56,7 +57,7 @@ bool CompileFile(const CheckOptions& opt, Game& game) {
     game.PlayerName[i + 1] = opt.players[i];
   const auto error = CompileScript(game, opt.slot);
   if (opt.json)
-    std::cout << CheckJson(opt.file, error).dump() << '\n';
+    std::cout << JsonText(CheckJson(opt.file, error)) << '\n';
   else if (error)
     std::cout << FormatCompileFailure(opt.file, *error);
   return !error;

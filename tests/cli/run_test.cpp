@@ -458,6 +458,12 @@ TEST_F(CliFiles, InfoTellsPlayersFramesFilesAndSettings) {
   const auto stacks = Cli("info --data '" + dir.Path() + "' '" + Path("s.rvg") + "'").out;
   EXPECT_NE(stacks.find("CheckStack 1 (): $99,999,999,999,999\n"), std::string::npos) << stacks;
   EXPECT_NE(stacks.find("CheckStack 2 (): $.0001\n"), std::string::npos) << stacks;
+  // A name whose bytes are not UTF-8 (a damaged file can hold one) comes out
+  // of the JSON with U+FFFD in their place.
+  ASSERT_EQ(Saved("--rolls 5 --player 'Ann\xff'", "u.rvg"), 0);
+  const std::string replaced = "Ann\xEF\xBF\xBD";
+  EXPECT_EQ(Info("u.rvg")["players"][0]["name"], replaced);
+  EXPECT_EQ(Json("run --load '" + Path("u.rvg") + "' --rolls 1")["players"][0]["name"], replaced);
 }
 
 // The trace lines of an output and its last line (the JSON summary) apart.
