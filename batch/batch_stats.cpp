@@ -86,6 +86,33 @@ PlayerSummary SummarizePlayer(const Game& start, int seat,
   return s;
 }
 
+PairedNets ComparePlayers(const std::vector<SessionResult>& results, int seat, int other) {
+  PairedNets c;
+  c.sessions = static_cast<std::int64_t>(results.size());
+  if (results.empty()) return c;
+  // Two nets within the money limit differ by an amount a Currency holds.
+  auto difference = [&](const SessionResult& r) { return (r.net[seat] - r.net[other]).ToDouble(); };
+  double sum = 0;
+  std::int64_t ahead = 0, level = 0;
+  for (const SessionResult& r : results) {
+    sum += difference(r);
+    ahead += r.net[seat] > r.net[other];
+    level += r.net[seat] == r.net[other];
+  }
+  const auto n = static_cast<double>(results.size());
+  c.meanDifference = sum / n;
+  double ss = 0;
+  for (const SessionResult& r : results) {
+    const double d = difference(r) - c.meanDifference;
+    ss += d * d;
+  }
+  const double se = results.size() > 1 ? std::sqrt(ss / (n - 1) / n) : 0;
+  c.ci95 = {c.meanDifference - kZ95 * se, c.meanDifference + kZ95 * se};
+  c.aheadShare = static_cast<double>(ahead) / n;
+  c.levelShare = static_cast<double>(level) / n;
+  return c;
+}
+
 std::vector<int> OnlyBets(const std::vector<SessionResult>& results) {
   std::vector<int> only(kBatchSeats + 1, -1);
   for (const SessionResult& r : results)

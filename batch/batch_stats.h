@@ -55,6 +55,20 @@ std::vector<int> OnlyBets(const std::vector<SessionResult>& results);
 std::vector<PlayerSummary> SummarizePlayers(const Game& start,
                                             const std::vector<SessionResult>& results);
 
+// Two players of one batch side by side. They faced the same dice in every
+// session, so the difference of their nets spreads far less than either net
+// where their bets share the rolls: a real difference between two
+// strategies shows after fewer sessions than their own intervals suggest.
+struct PairedNets {
+  std::int64_t sessions = 0;
+  double meanDifference = 0;     // the player's net less the other's, a session
+  std::array<double, 2> ci95{};  // of the mean difference
+  double aheadShare = 0;         // sessions the player ended above the other
+  double levelShare = 0;         // sessions the two ended level
+};
+// The session nets of the player at `seat` against those at `other`.
+PairedNets ComparePlayers(const std::vector<SessionResult>& results, int seat, int other);
+
 constexpr int kMostHistogramBins = 40;
 
 // A player's session nets in bins of equal width: bin i holds the nets from

@@ -47,6 +47,7 @@ struct BatchOptions {
   int threads = 0;                      // 0: every core
   std::vector<std::string> stopWins;    // NAME:X
   std::vector<std::string> stopLosses;  // NAME:X
+  std::vector<std::string> compares;    // NAME:NAME
   bool json = false;
   bool csv = false;
   bool perSession = false;
@@ -78,6 +79,37 @@ bool ParseStops(const Game& game, const std::vector<std::string>& args, const ch
   return true;
 }
 
+// A player compared with another, by seats.
+struct Comparison {
+  int seat = 0, other = 0;
+};
+
+// The seats of each NAME:NAME; false with `error` for a name not seated or a
+// player compared with themselves.
+bool ParseComparisons(const Game& game, const std::vector<std::string>& args,
+                      std::vector<Comparison>& comparisons, std::string& error) {
+  for (const std::string& arg : args) {
+    const auto colon = arg.find(':');
+    if (colon == std::string::npos || colon == 0 || colon + 1 == arg.size()) {
+      error = "--compare " + arg + ": name two seated players, NAME:OTHER";
+      return false;
+    }
+    const std::string first = arg.substr(0, colon), second = arg.substr(colon + 1);
+    const Comparison c{SeatOfPlayer(game, first), SeatOfPlayer(game, second)};
+    for (const auto& [seat, name] : {std::pair{c.seat, first}, std::pair{c.other, second}}) {
+      if (seat != 0) continue;
+      error = "--compare " + arg + ": no player named '" + name + "' is seated";
+      return false;
+    }
+    if (c.seat == c.other) {
+      error = "--compare " + arg + ": a player can only be compared with another player";
+      return false;
+    }
+    comparisons.push_back(c);
+  }
+  return true;
+}
+
 bool CheckCounts(const BatchOptions& o, std::string& error) {
   if (o.sessions < 1)
     error = "--sessions must be at least 1";
@@ -98,6 +130,8 @@ bool CheckCounts(const BatchOptions& o, std::string& error) {
     error = "--json and --csv exclude each other";
   else if (o.histogram && (o.json || o.csv))
     error = "--histogram goes with the text report (--json has the bins)";
+  else if (!o.compares.empty() && o.csv)
+    error = "--compare goes with the text report or --json";
   else if (!o.scripts.dice.empty())
     error = "--dice is refused by batch: each session draws its own dice";
   return error.empty();
@@ -106,7 +140,7 @@ bool CheckCounts(const BatchOptions& o, std::string& error) {
 // The starting game, set up exactly as run sets up its game; null after a
 // message (on rank 0) when an option is bad or a script does not compile.
 std::unique_ptr<Game> StartingGame(BatchOptions& o, RunPlatform& platform, BatchConfig& config,
-                                   bool speak) {
+                                   std::vector<Comparison>& comparisons, bool speak) {
   std::string error;
   auto fail = [&](const std::string& message) {
     if (speak && !message.empty()) std::cerr << "ravelton-cli batch: " << message << '\n';
@@ -122,7 +156,8 @@ std::unique_ptr<Game> StartingGame(BatchOptions& o, RunPlatform& platform, Batch
     return fail(error);
   if (game->PlayerCount == 0) return fail("no player is seated: add --player NAME[=BANKROLL]");
   if (!ParseStops(*game, o.stopWins, "--stop-win", config.stopWin, error) ||
-      !ParseStops(*game, o.stopLosses, "--stop-loss", config.stopLoss, error))
+      !ParseStops(*game, o.stopLosses, "--stop-loss", config.stopLoss, error) ||
+      !ParseComparisons(*game, o.compares, comparisons, error))
     return fail(error);
   if (StartScripts(*game, o.scripts) != 0) return fail("");
   game->HyperDrive = game->KeepRolling = false;
@@ -163,6 +198,26 @@ nlohmann::json HistogramJson(const NetHistogram& h) {
           {"width", h.width.ToDouble()},
           {"step", h.step.ToDouble()},
           {"counts", h.counts}};
+}
+
+nlohmann::json ComparisonJson(const Game& start, const Comparison& c, const PairedNets& n) {
+  return {{"player", start.PlayerName[c.seat]},
+          {"against", start.PlayerName[c.other]},
+          {"sessions", n.sessions},
+          {"mean_difference", n.meanDifference},
+          {"ci95", {n.ci95[0], n.ci95[1]}},
+          {"ahead_share", n.aheadShare},
+          {"level_share", n.levelShare}};
+}
+
+void PrintComparison(std::ostream& out, const Game& start, const Comparison& c,
+                     const PairedNets& n) {
+  const std::string& name = start.PlayerName[c.seat];
+  out << std::fixed << std::setprecision(2) << name << " against " << start.PlayerName[c.other]
+      << ": mean difference " << n.meanDifference << " (95% CI " << n.ci95[0] << " to " << n.ci95[1]
+      << ")" << std::setprecision(4) << ", " << name << " ahead " << n.aheadShare << ", level "
+      << n.levelShare << '\n'
+      << std::defaultfloat;
 }
 
 constexpr int kHistogramBarWidth = 50;  // characters of the fullest bin's bar
@@ -267,7 +322,8 @@ int Batch(BatchOptions& o) {
   const bool lead = ranks.rank == 0;
   RunPlatform platform;
   BatchConfig config;
-  std::unique_ptr<Game> start = StartingGame(o, platform, config, lead);
+  std::vector<Comparison> comparisons;
+  std::unique_ptr<Game> start = StartingGame(o, platform, config, comparisons, lead);
   if (AnyRank(ranks, start == nullptr)) {
     EndRanks(ranks);
     return 1;
@@ -295,9 +351,13 @@ int Batch(BatchOptions& o) {
       players.push_back(SummaryJson(s));
       players.back()["histogram"] = HistogramJson(BinNets(results, s.seat));
     }
-    std::cout << JsonText(nlohmann::json{
-                     {"sessions", o.sessions}, {"seconds", seconds}, {"players", players}})
-              << '\n';
+    nlohmann::json report{{"sessions", o.sessions}, {"seconds", seconds}, {"players", players}};
+    if (!comparisons.empty()) {
+      nlohmann::json& list = report["comparisons"] = nlohmann::json::array();
+      for (const Comparison& c : comparisons)
+        list.push_back(ComparisonJson(*start, c, ComparePlayers(results, c.seat, c.other)));
+    }
+    std::cout << JsonText(report) << '\n';
   } else if (o.csv) {
     PrintCsv(std::cout, results, all, o.perSession);
   } else {
@@ -305,6 +365,8 @@ int Batch(BatchOptions& o) {
     if (o.histogram)
       for (const PlayerSummary& s : all) histograms.push_back(BinNets(results, s.seat));
     PrintText(std::cout, all, o.sessions, seconds, histograms);
+    for (const Comparison& c : comparisons)
+      PrintComparison(std::cout, *start, c, ComparePlayers(results, c.seat, c.other));
   }
   return 0;
 }
@@ -327,6 +389,8 @@ void AddBatchCommand(CLI::App& app) {
   cmd->add_flag("--json", o->json, "Print the report as one JSON object");
   cmd->add_flag("--csv", o->csv, "Print the report as CSV");
   cmd->add_flag("--per-session", o->perSession, "With --csv: one line per session");
+  cmd->add_option("--compare", o->compares,
+                  "Compare two players' session nets, which met the same dice: NAME:OTHER");
   cmd->add_flag("--histogram", o->histogram,
                 "With the text report: each player's session nets as a histogram");
   AddTableOptions(*cmd, o->table, false);

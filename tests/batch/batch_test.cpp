@@ -323,6 +323,43 @@ TEST_F(BatchTest, SessionsCsvIsExactAndQuoted) {
   EXPECT_NE(error.find(folder / "none/s.csv"), std::string::npos) << error;
 }
 
+// Players at one table roll the same dice: Bob, with Ann's Pass Line and a
+// Field bet beside it, differs from Ann by Cy's Field bet alone, session by
+// session. So the comparison's mean and interval are those of Cy's net
+// turned round, and Ann ends ahead of Bob just where Cy lost.
+TEST_F(BatchTest, APlayerComparedWithAnotherDiffersByTheirDifferentBets) {
+  SeatFlatPassLine(1, "Ann", 1000_usd);
+  SeatFlatPassLine(2, "Bob", 1000_usd);
+  SeatPlayer(*game, 3, "Cy", 1000_usd);
+  for (int p : {2, 3}) {
+    game->autoplay.HandleWinningBets(p) = kWinSameBet;
+    game->autoplay.HandleLosingBets(p) = kLoseSameBet;
+    game->BetRequest = 5_usd;
+    PlaceBet(*game, p, bet::kField);
+  }
+  BatchConfig config;
+  config.rolls = 40;
+  const auto results = PlaySessions(*game, config, Indices(3'000), 2);
+  const PlayerSummary cy = SummarizePlayer(*game, 3, results, 0);
+  const PairedNets annBob = ComparePlayers(results, 1, 2);
+  EXPECT_EQ(annBob.sessions, 3'000);
+  EXPECT_NEAR(annBob.meanDifference, -cy.meanNet, 1e-9);
+  const double halfWidth = kZ95 * cy.sdNet / std::sqrt(3'000.0);
+  EXPECT_NEAR(annBob.ci95[0], -cy.meanNet - halfWidth, 1e-9);
+  EXPECT_NEAR(annBob.ci95[1], -cy.meanNet + halfWidth, 1e-9);
+  const auto cyLost = std::count_if(results.begin(), results.end(),
+                                    [](const SessionResult& r) { return r.net[3] < Currency{}; });
+  EXPECT_DOUBLE_EQ(annBob.aheadShare, static_cast<double>(cyLost) / 3'000);
+  EXPECT_DOUBLE_EQ(annBob.levelShare + annBob.aheadShare + cy.wonShare, 1.0);
+  // Turned round, the same comparison; with itself, level in every session.
+  const PairedNets bobAnn = ComparePlayers(results, 2, 1);
+  EXPECT_NEAR(bobAnn.meanDifference, -annBob.meanDifference, 1e-9);
+  EXPECT_DOUBLE_EQ(bobAnn.aheadShare, cy.wonShare);
+  const PairedNets annAnn = ComparePlayers(results, 1, 1);
+  EXPECT_TRUE(annAnn.meanDifference == 0 && annAnn.ci95[0] == 0 && annAnn.ci95[1] == 0);
+  EXPECT_EQ(annAnn.levelShare, 1.0);
+}
+
 // Percentiles by the nearest ranks around q/100 * (n - 1), computed here
 // from scratch with a different walk over the data.
 double DirectPercentile(std::vector<double> v, double q) {

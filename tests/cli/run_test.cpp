@@ -259,6 +259,10 @@ TEST_F(CliTest, BadBatchOptionsExitOneBeforeAnySession) {
       {kAnn + "--rolls 10 --rng 9", "--rng must be 1 to 8"},
       {kAnn + "--rolls 10 --per-session", "--per-session goes with --csv"},
       {kAnn + "--rolls 10 --histogram --json", "--histogram goes with the text report"},
+      {kAnn + "--rolls 10 --compare Ann:Bo", "--compare Ann:Bo: no player named 'Bo' is seated"},
+      {kAnn + "--rolls 10 --compare Ann", "--compare Ann: name two seated players"},
+      {kAnn + "--rolls 10 --compare Ann:Ann", "compared with another player"},
+      {kAnn + "--player Bo --rolls 10 --compare Ann:Bo --csv", "--compare goes with the text"},
       {kAnn + "--rolls 10 --script Ann=/nonexistent/x.bet", "x.bet"},
       {kAnn + "--rolls 10 --script Ann=" + bad, "must be corrected"},
   };
@@ -318,6 +322,23 @@ TEST(CliBatch, OneAndTwoThreadsReportTheSameAndJsonHasEveryFigure) {
   }
   EXPECT_EQ(bins, counts.size());
   EXPECT_EQ(sum, 50);
+  // Ann against Bo, as asked both ways: the mean difference is that of their
+  // means, and every session has Ann ahead, Bo ahead or the two level.
+  const std::string pair = kAnn + "--player Bo=200 --bet Bo:field=5 --sessions 80 --rolls 50 ";
+  const auto both =
+      nlohmann::json::parse(Cli(pair + "--json --compare Ann:Bo --compare Bo:Ann").out);
+  ASSERT_EQ(both["comparisons"].size(), 2u) << both;
+  const auto& annBo = both["comparisons"][0];
+  EXPECT_TRUE(annBo["player"] == "Ann" && annBo["against"] == "Bo" && annBo["sessions"] == 80);
+  EXPECT_NEAR(
+      annBo["mean_difference"].get<double>(),
+      both["players"][0]["mean_net"].get<double>() - both["players"][1]["mean_net"].get<double>(),
+      1e-9);
+  EXPECT_NEAR(annBo["ahead_share"].get<double>() + annBo["level_share"].get<double>() +
+                  both["comparisons"][1]["ahead_share"].get<double>(),
+              1.0, 1e-12);
+  EXPECT_NE(Cli(pair + "--compare Ann:Bo").out.find("Ann against Bo: mean difference "),
+            std::string::npos);
   // The summary CSV gives the figures whole: the JSON's mean, not six digits of it.
   const std::string big =
       "batch --player Jo=9000000 --bet 'Jo:Pass Line=1000' --take-odds Jo "
