@@ -1,6 +1,7 @@
 #include "table/batch_form.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QFormLayout>
 #include <QGuiApplication>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -174,6 +176,22 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   histogram_ = new BatchHistogram;
   connect(results_, &QTableWidget::currentCellChanged, this,
           [this](int row, int, int, int) { ShowHistogram(row); });
+  against_ = new QComboBox;
+  against_->setObjectName("cboAgainst");
+  against_->setToolTip(
+      "Another player of the batch: both met the same dice, so the difference of their nets "
+      "shows a better strategy after fewer sessions than their own intervals.");
+  against_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  against_->setEnabled(false);
+  connect(against_, &QComboBox::currentIndexChanged, this, [this] { ShowComparison(); });
+  comparison_ = new QLabel;
+  comparison_->setObjectName("lblAgainst");
+  auto* compare = new QHBoxLayout;
+  auto* compareCaption = new QLabel("Compared &with:");
+  compareCaption->setBuddy(against_);
+  compare->addWidget(compareCaption);
+  compare->addWidget(against_);
+  compare->addWidget(comparison_, 1);
 
   status_ =
       new QLabel("Sessions play on a copy of the table as it stands; the table is not changed.");
@@ -219,6 +237,7 @@ BatchForm::BatchForm(Game& game, QWidget* parent) : QDialog(parent), game_(game)
   layout->addLayout(top);
   layout->addWidget(results_, 1);
   layout->addWidget(histogram_);
+  layout->addLayout(compare);
   layout->addWidget(note);
   layout->addLayout(buttons);
   Refresh();
@@ -349,7 +368,7 @@ bool BatchForm::Run() {
     results = {};
     status_->setText("Not played: not enough memory.");
     results_->setRowCount(0);
-    histogram_->Show({}, {});
+    ShowHistogram(-1);
     ShowNotice(game_,
                "There is not enough memory to play " + FormatCount(total) +
                    " sessions. Run fewer sessions.",
@@ -409,9 +428,44 @@ void BatchForm::ShowResults(std::int64_t played, double seconds, bool stopped) {
 }
 
 void BatchForm::ShowHistogram(int row) {
-  if (row < 0 || row >= static_cast<int>(summaries_.size())) return;
+  if (row < 0 || row >= static_cast<int>(summaries_.size())) {
+    histogram_->Show({}, {});
+    const QSignalBlocker quiet(against_);
+    against_->clear();
+    against_->setEnabled(false);
+    comparison_->clear();
+    return;
+  }
   const PlayerSummary& s = summaries_[static_cast<std::size_t>(row)];
   histogram_->Show(BinNets(played_, s.seat), QString::fromStdString(s.name));
+  // The other player stays chosen when there is one; else the next in seat order.
+  const int chosen = against_->currentData().toInt();
+  const QSignalBlocker quiet(against_);
+  against_->clear();
+  for (const PlayerSummary& other : summaries_)
+    if (other.seat != s.seat) against_->addItem(QString::fromStdString(other.name), other.seat);
+  const int keep = against_->findData(chosen);
+  against_->setCurrentIndex(keep >= 0 ? keep : std::min(row, against_->count() - 1));
+  against_->setEnabled(against_->count() > 0);
+  ShowComparison();
+}
+
+void BatchForm::ShowComparison() {
+  const int row = results_->currentRow();
+  const int other = against_->currentData().toInt();
+  if (row < 0 || row >= static_cast<int>(summaries_.size()) || other == 0) {
+    comparison_->setText(summaries_.size() == 1 ? "One player: no other to compare with."
+                                                : QString());
+    return;
+  }
+  const PlayerSummary& s = summaries_[static_cast<std::size_t>(row)];
+  const PairedNets n = ComparePlayers(played_, s.seat, other);
+  const QString name = QString::fromStdString(s.name);
+  comparison_->setText(
+      QString("%1 less %2: %3 a session (95% interval %4 to %5); %1 ahead in %6, level in %7 "
+              "of sessions.")
+          .arg(name, against_->currentText(), Money(n.meanDifference), Money(n.ci95[0]),
+               Money(n.ci95[1]), Percent(n.aheadShare, 1), Percent(n.levelShare, 1)));
 }
 
 QString BatchForm::ResultsText() const {

@@ -23,6 +23,7 @@
 #include "batch/batch_stats.h"
 
 class BatchHistogram;
+class QComboBox;
 class QLabel;
 class QPushButton;
 class QSpinBox;
@@ -55,8 +56,11 @@ class BatchForm : public QDialog {
   // next batch; false after the message of a bad one.
   bool ReadConfig(BatchConfig& config);
   void ShowResults(std::int64_t played, double seconds, bool stopped);
-  // The histogram of the player of results row `row`.
+  // The histogram of the player of results row `row`, and the other
+  // players that player can be compared with.
   void ShowHistogram(int row);
+  // The chosen player's nets against those of the player chosen in cboAgainst.
+  void ShowComparison();
 
   Game& game_;
   QSpinBox* sessions_ = nullptr;
@@ -67,6 +71,8 @@ class BatchForm : public QDialog {
   QTableWidget* stops_ = nullptr;
   QTableWidget* results_ = nullptr;
   BatchHistogram* histogram_ = nullptr;
+  QComboBox* against_ = nullptr;
+  QLabel* comparison_ = nullptr;
   QLabel* status_ = nullptr;
   QPushButton* run_ = nullptr;
   QPushButton* saveSessions_ = nullptr;

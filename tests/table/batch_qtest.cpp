@@ -4,6 +4,7 @@
 // and otherwise shows the figures the batch engine gives for the same seed
 // while the table stays as it was; the next window starts as that batch was set.
 #include <QClipboard>
+#include <QComboBox>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
@@ -19,6 +20,7 @@
 #include "batch/batch_csv.h"
 #include "batch/batch_settings.h"
 #include "core/catalogue.h"
+#include "core/number_text.h"
 #include "desktop_fixture.h"
 #include "engine/place.h"
 #include "engine/settle_text.h"
@@ -108,6 +110,20 @@ void BatchFormTest::aRunShowsTheEnginesFiguresAndLeavesTheTable() {
   QCOMPARE(histogram.Shown().counts, BinNets(played, 2).counts);
   QCOMPARE(histogram.Shown().width, BinNets(played, 2).width);
   QVERIFY(histogram.BarTip(histogram.width() / 2).contains(" sessions ("));
+  // Bo, the current line, against Ann: the other player, with the engine's
+  // mean difference; Ann against Bo when her line is chosen again.
+  auto* against = FormChild<QComboBox>(*form, "cboAgainst");
+  QCOMPARE(against->count(), 1);
+  QCOMPARE(against->currentText(), QString("Ann"));
+  const QString boAnn = FormChild<QLabel>(*form, "lblAgainst")->text();
+  const PairedNets expectedBoAnn = ComparePlayers(played, 2, 1);
+  QVERIFY2(boAnn.startsWith(QString("Bo less Ann: %1 a session")
+                                .arg(QString::fromStdString(
+                                    FormatNumber(expectedBoAnn.meanDifference, {2, true, false})))),
+           qPrintable(boAnn));
+  results->setCurrentCell(0, 0);
+  QCOMPARE(against->currentText(), QString("Bo"));
+  QVERIFY(FormChild<QLabel>(*form, "lblAgainst")->text().startsWith("Ann less Bo: "));
   // Save Sessions writes the sessions the figures came from, a line each.
   QVERIFY(FormChild<QPushButton>(*form, "cmdSaveSessions")->isEnabled());
   const std::string csv = t.game->roll.DataFolder + "batch.csv";
