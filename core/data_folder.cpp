@@ -36,7 +36,8 @@ bool MakeFolder(const std::string& folder, std::string& error) {
   std::error_code ec;
   if (std::filesystem::is_directory(folder, ec)) return true;
   std::filesystem::create_directories(folder, ec);
-  if (ec && !std::filesystem::is_directory(folder)) {
+  std::error_code unseen;  // the error to report is the creation's
+  if (ec && !std::filesystem::is_directory(folder, unseen)) {
     error = "Unable to create the folder " + folder + ": " + ec.message();
     return false;
   }

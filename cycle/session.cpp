@@ -75,7 +75,10 @@ void StartStatistics(Game& g, bool preserveGames) {
 // The session's first lines: a rule after an earlier log, the date, the players.
 void LogSessionOpening(Game& g) {
   FlushEventsLog(g);
-  if (std::filesystem::exists(g.roll.EventsLogPath))
+  // A path the system cannot look at (too long, in a folder not ours to
+  // read) is no earlier log; its write then fails as a log write does.
+  std::error_code unseen;
+  if (std::filesystem::exists(g.roll.EventsLogPath, unseen))
     WriteEventLine(g, "============================================");
   const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   std::tm local{};

@@ -590,6 +590,12 @@ TEST_F(CliFiles, TheLogHoldsTheKindsAskedAndItsIndexStaysInTheDataFolder) {
   EXPECT_NE(ReadWholeFile(own).find(" Roll #3:  "), std::string::npos);
   EXPECT_EQ(FileLength(Path("Events Log.ref")), 4 * lineCount(ReadWholeFile(own)))
       << "the one index belongs to the log just written";
+  // A log in a folder whose name the system refuses (too long) ends the run
+  // with the reason, not with an abort.
+  const std::string refused = Path(std::string(300, 'a') + "/log.txt");
+  const auto far = Run("--rolls 3 --log --log-file '" + refused + "'", true);
+  EXPECT_EQ(far.exitCode, 1);
+  EXPECT_NE(far.out.find("Unable to create the folder"), std::string::npos) << far.out;
 }
 
 TEST_F(CliFiles, RollsPrintAsTextAndTextBecomesRolls) {
