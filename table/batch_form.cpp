@@ -438,7 +438,8 @@ void BatchForm::ShowHistogram(int row) {
   }
   const PlayerSummary& s = summaries_[static_cast<std::size_t>(row)];
   histogram_->Show(BinNets(played_, s.seat), QString::fromStdString(s.name));
-  // The other player stays chosen when there is one; else the next in seat order.
+  // The other player stays chosen; else the next in seat order (the last
+  // player's, the one before).
   const int chosen = against_->currentData().toInt();
   const QSignalBlocker quiet(against_);
   against_->clear();

@@ -1,8 +1,9 @@
 // frmBatch, Statistics > Batch Run: many independent sessions played from a
 // copy of the game as it stands, on every core, and the spread of each
 // player's session results: mean and deviation of the net, percentiles,
-// how often each player went broke or reached a stop, and the measured edge
-// beside the exact one. The sessions and their figures come from batch/
+// how often each player went broke or reached a stop, the measured edge
+// beside the exact one, and one player's nets against another's. The
+// sessions and their figures come from batch/
 // (the same engine as ravelton-cli batch, so the same seed gives the same
 // figures); the form holds only its boxes, the last results and the
 // settings of the last batch (kept in the data folder for the next one).
