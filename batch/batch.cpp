@@ -214,38 +214,38 @@ std::vector<SessionResult> PlaySessions(const Game& start, const BatchConfig& co
       failed = true;
     }
   };
-  std::vector<std::thread> pool;
-  // However this ends, even by a throwing progress call, the sessions still
-  // to come are given up and every thread is joined before the results go.
-  struct Joiner {
-    std::vector<std::thread>& pool;
-    std::atomic<std::size_t>& next;
-    std::size_t end;
-    ~Joiner() {
-      if (std::uncaught_exceptions() > 0) next = end;
-      for (auto& t : pool) t.join();
+  {
+    std::vector<std::thread> pool;
+    // Leaving this block, even by a throwing progress call, gives up the
+    // sessions still to come and joins every thread.
+    struct Joiner {
+      std::vector<std::thread>& pool;
+      std::atomic<std::size_t>& next;
+      std::size_t end;
+      ~Joiner() {
+        next = end;
+        for (auto& t : pool) t.join();
+      }
+    } joiner{pool, next, indices.size()};
+    // With a progress report the calling thread reports and the others play.
+    const int n = std::max(1, threads);
+    const int helpers = progress ? n : n - 1;
+    for (int t = 0; t < helpers; ++t) {
+      try {
+        pool.emplace_back(work);
+      } catch (const std::system_error&) {
+        break;  // the system has no more threads to give: play on with those there are
+      }
     }
-  } joiner{pool, next, indices.size()};
-  // With a progress report the calling thread reports and the others play.
-  const int n = std::max(1, threads);
-  const int helpers = progress ? n : n - 1;
-  for (int t = 0; t < helpers; ++t) {
-    try {
-      pool.emplace_back(work);
-    } catch (const std::system_error&) {
-      break;  // the system has no more threads to give: play on with those there are
+    if (progress && !pool.empty()) {
+      while (!failed && done.load() < static_cast<std::int64_t>(indices.size())) {
+        std::this_thread::sleep_for(kProgressEvery);
+        progress(done.load());
+      }
+    } else {
+      work();
     }
   }
-  if (progress && !pool.empty()) {
-    while (!failed && done.load() < static_cast<std::int64_t>(indices.size())) {
-      std::this_thread::sleep_for(kProgressEvery);
-      progress(done.load());
-    }
-  } else {
-    work();
-  }
-  for (auto& t : pool) t.join();
-  pool.clear();
   if (failure) std::rethrow_exception(failure);
   return results;
 }
